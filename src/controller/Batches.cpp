@@ -1,0 +1,29 @@
+// The three batches: straight sequences, each test followed by one step of the progress bar.
+
+#include "controller/WiFiProfileViewController.h"
+#include "tests/Catalogue.h"
+
+namespace wifi_profile {
+
+void WiFiProfileViewController::runDeviceConfigurationDiagnosticsTests() {
+  for (const DiagnosticsTestID test : kDeviceConfigurationBatch) {
+    runDeviceConfigurationTest(test);
+    updateProgress();
+  }
+}
+
+void WiFiProfileViewController::runCurrentNetworkDiagnosticsTests() {
+  for (const DiagnosticsTestID test : kCurrentNetworkBatch) {
+    runCurrentNetworkTest(test, currentNetworkConfiguration(), currentNetworkData());
+    updateProgress();
+  }
+}
+
+void WiFiProfileViewController::runSelectedNetworkDiagnosticsTests() {
+  for (const DiagnosticsTestID test : kSelectedNetworkBatch) {
+    runCurrentNetworkTest(test, configuration(), selectedNetworkData());
+    updateProgress();
+  }
+}
+
+}  // namespace wifi_profile

@@ -1,0 +1,21 @@
+// The end of a run: the status code and the three sections. State: `result`, of the base class.
+
+#include "controller/WiFiProfileViewController.h"
+
+namespace wifi_profile {
+
+void WiFiProfileViewController::endTestWithStatusCode(const NumberRef& status) {
+  cleanUp();
+  result().setStatusCode(status);
+  // The sections are handed over as they stand: live, and with their null placeholders.
+  result().setData(makeDictionary({
+      {"device", deviceData()},
+      {"currentNetwork", currentNetworkData()},
+      {"selectedNetwork", selectedNetworkData()},
+  }));
+  finishTest();
+}
+
+void WiFiProfileViewController::finishTest() { setFinished(true); }
+
+}  // namespace wifi_profile

@@ -1,0 +1,33 @@
+#include "controller/RunPlan.h"
+
+#include "controller/StatusCodes.h"
+#include "tests/Catalogue.h"
+
+namespace wifi_profile {
+namespace {
+
+constexpr std::string_view kExcludedSuffix = "_nomap";
+
+constexpr std::int32_t kDeviceTests = kDeviceConfigurationBatch.size();
+constexpr std::int32_t kCurrentNetworkTests = kCurrentNetworkBatch.size();
+constexpr std::int32_t kSelectedNetworkTests = kSelectedNetworkBatch.size();
+
+}  // namespace
+
+RunPlan planRun(const TextRef& currentName, const TextRef& selectedName) {
+  const bool currentNoMap = endsWithIgnoringCase(currentName, kExcludedSuffix);
+  const bool selectedNoMap = endsWithIgnoringCase(selectedName, kExcludedSuffix);
+  const bool runCurrent = currentName && !currentNoMap;
+  const bool runSelected = selectedName && !selectedNoMap && !equalNames(selectedName, currentName);
+  return {
+      .runCurrentNetwork = runCurrent,
+      .runSelectedNetwork = runSelected,
+      .totalTests = kDeviceTests + (runCurrent ? kCurrentNetworkTests : 0) +
+                    (runSelected ? kSelectedNetworkTests : 0),
+      .statusCode = selectedNoMap  ? kStatusSelectedNetworkExcluded
+                    : currentNoMap ? kStatusCurrentNetworkExcluded
+                                   : kStatusCompleted,
+  };
+}
+
+}  // namespace wifi_profile

@@ -1,0 +1,23 @@
+// Which batches a run consists of, and why one is missing.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/Text.h"
+
+namespace wifi_profile {
+
+struct RunPlan {
+  bool runCurrentNetwork;
+  bool runSelectedNetwork;
+  std::int32_t totalTests;  // 11, 27, 40 or 56
+  std::int64_t statusCode;  // with which the run will end: 0, -6 or -7
+};
+
+// Plans a run on a device joined to `currentName` (nil: not joined) with `selectedName` (nil: none)
+// selected. A name that ends with "_nomap", in any letter case, asks not to be surveyed: its batch
+// is left out. The joined network's batch is not run a second time when it is the selected one;
+// names are compared exactly, so a name that differs in case only is another network.
+RunPlan planRun(const TextRef& currentName, const TextRef& selectedName);
+
+}  // namespace wifi_profile

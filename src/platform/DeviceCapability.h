@@ -1,0 +1,22 @@
+// What this kind of device can do and how it words things.
+#pragma once
+
+#include <string_view>
+
+#include "platform/Installed.h"
+#include "platform/Interface.h"
+
+namespace wifi_profile {
+
+class DeviceCapability : public Interface {
+ public:
+  virtual int boolAnswer(std::string_view key) = 0;
+};
+
+// Answers a yes-or-no question about the device; only the lowest bit of the answer counts. The
+// question "wapi" asks whether the device says WLAN where others say Wi-Fi.
+inline int QdGetBoolAnswer(std::string_view key) {
+  return Installed<DeviceCapability>::get()->boolAnswer(key);
+}
+
+}  // namespace wifi_profile

@@ -1,0 +1,100 @@
+// The Wi-Fi manager service: opaque handles, reference-counted by hand.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "platform/Installed.h"
+#include "platform/Interface.h"
+
+namespace wifi_profile {
+
+// Handles. What they point to belongs to the service; a null handle is none.
+struct WiFiManagerClient;
+struct WiFiDeviceClient;
+struct WiFiDeviceList;
+using WiFiManagerClientRef = WiFiManagerClient*;
+using WiFiDeviceClientRef = WiFiDeviceClient*;
+using WiFiDeviceListRef = WiFiDeviceList*;
+
+// Called on the run loop that the manager is scheduled on, at every power change of the device.
+using WiFiDevicePowerCallback = void (*)(WiFiDeviceClientRef device, void* context);
+
+// The service behind the operations below. Any thread.
+class WiFiManagerService : public Interface {
+ public:
+  virtual int containsRadio() = 0;
+  virtual WiFiManagerClientRef createClient(std::int32_t type) = 0;
+  virtual void setType(WiFiManagerClientRef manager, std::int32_t type) = 0;
+  virtual void scheduleWithRunLoop(WiFiManagerClientRef manager) = 0;
+  virtual WiFiDeviceListRef copyDevices(WiFiManagerClientRef manager) = 0;
+  virtual std::size_t deviceCount(WiFiDeviceListRef devices) = 0;
+  virtual WiFiDeviceClientRef deviceAt(WiFiDeviceListRef devices, std::size_t index) = 0;
+  virtual int getPower(WiFiManagerClientRef manager) = 0;
+  virtual void setPower(WiFiManagerClientRef manager, int power) = 0;
+  virtual void registerPowerCallback(WiFiDeviceClientRef device, WiFiDevicePowerCallback callback,
+                                     void* context) = 0;
+  virtual void retain(WiFiDeviceClientRef device) = 0;
+  virtual void release(WiFiManagerClientRef manager) = 0;
+  virtual void release(WiFiDeviceClientRef device) = 0;
+  virtual void release(WiFiDeviceListRef devices) = 0;
+};
+
+// The operations, each forwarding to the installed service. No handle passed may be null.
+
+// Non-zero when the device has a Wi-Fi radio.
+inline int DorvexContainsRadio() { return Installed<WiFiManagerService>::get()->containsRadio(); }
+
+// A new client with one reference that the caller owns, or null.
+inline WiFiManagerClientRef WiFiManagerClientCreate(std::int32_t type) {
+  return Installed<WiFiManagerService>::get()->createClient(type);
+}
+inline void WiFiManagerClientSetType(WiFiManagerClientRef manager, std::int32_t type) {
+  Installed<WiFiManagerService>::get()->setType(manager, type);
+}
+
+// Delivers the client's events on the calling thread's run loop, in its default mode.
+inline void WiFiManagerClientScheduleWithRunLoop(WiFiManagerClientRef manager) {
+  Installed<WiFiManagerService>::get()->scheduleWithRunLoop(manager);
+}
+
+// The device list, which the caller releases; null or empty when there is no device.
+inline WiFiDeviceListRef WiFiManagerClientCopyDevices(WiFiManagerClientRef manager) {
+  return Installed<WiFiManagerService>::get()->copyDevices(manager);
+}
+inline std::size_t WiFiDeviceListGetCount(WiFiDeviceListRef devices) {
+  return Installed<WiFiManagerService>::get()->deviceCount(devices);
+}
+
+// Owned by the list. `index` must be below the count.
+inline WiFiDeviceClientRef WiFiDeviceListGetDevice(WiFiDeviceListRef devices, std::size_t index) {
+  return Installed<WiFiManagerService>::get()->deviceAt(devices, index);
+}
+
+// Non-zero when the radio is on.
+inline int WiFiManagerClientGetPower(WiFiManagerClientRef manager) {
+  return Installed<WiFiManagerService>::get()->getPower(manager);
+}
+
+// Asks for the radio to be switched; the power callback tells when it was.
+inline void WiFiManagerClientSetPower(WiFiManagerClientRef manager, int power) {
+  Installed<WiFiManagerService>::get()->setPower(manager, power);
+}
+
+// `context` is handed back to the callback and not kept alive.
+inline void WiFiDeviceClientRegisterPowerCallback(WiFiDeviceClientRef device,
+                                                  WiFiDevicePowerCallback callback, void* context) {
+  Installed<WiFiManagerService>::get()->registerPowerCallback(device, callback, context);
+}
+
+inline void retainWiFiHandle(WiFiDeviceClientRef device) {
+  Installed<WiFiManagerService>::get()->retain(device);
+}
+
+// Gives up one reference to what the handle points to.
+template <class Handle>
+void releaseWiFiHandle(Handle handle) {
+  Installed<WiFiManagerService>::get()->release(handle);
+}
+
+}  // namespace wifi_profile

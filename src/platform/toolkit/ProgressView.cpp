@@ -1,0 +1,12 @@
+#include "platform/toolkit/ProgressView.h"
+
+#include "platform/toolkit/Screen.h"
+
+namespace wifi_profile::toolkit {
+
+void ProgressView::setProgress(float progress) {
+  progress_ = progress;
+  Screen::shared()->progressWasSet(*this);
+}
+
+}  // namespace wifi_profile::toolkit

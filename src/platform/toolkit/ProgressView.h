@@ -1,0 +1,27 @@
+// A progress bar.
+#pragma once
+
+#include "platform/toolkit/View.h"
+
+namespace wifi_profile::toolkit {
+
+enum class ProgressViewStyle { standard = 0 };
+
+// Main thread only. Shows the empty bar until told otherwise.
+class ProgressView final : public View {
+ public:
+  explicit ProgressView(ProgressViewStyle style) : style_(style) {}
+
+  ProgressViewStyle style() const { return style_; }
+
+  // The fraction as it was set: from 0 on; a value above 1 shows as the full bar.
+  float progress() const { return progress_; }
+  // Told to the screen.
+  void setProgress(float progress);
+
+ private:
+  ProgressViewStyle style_;
+  float progress_ = 0;
+};
+
+}  // namespace wifi_profile::toolkit

@@ -1,0 +1,21 @@
+// The record's dates.
+#pragma once
+
+#include "platform/DiagnosticsSupport.h"
+
+namespace wifi_profile {
+
+// Knows one style, ISO 8601 in UTC to the second; whatever type is asked for, it is that one.
+class Iso8601Formatter final : public HsDateFormatter,
+                               public std::enable_shared_from_this<Iso8601Formatter> {
+ public:
+  std::shared_ptr<const HsDateFormatter> formatterWithType(int /*type*/) override {
+    return shared_from_this();
+  }
+  TextRef stringFromDate(const std::optional<Date>& date) const override {
+    const auto text = date ? iso8601FromDate(*date) : std::nullopt;
+    return text ? makeText(*text) : nullptr;
+  }
+};
+
+}  // namespace wifi_profile

@@ -1,0 +1,184 @@
+#include "runtime/VirtualTimeRunLoop.h"
+
+#include <condition_variable>
+#include <deque>
+#include <map>
+#include <mutex>
+#include <random>
+#include <thread>
+#include <vector>
+
+namespace wifi_profile {
+namespace {
+
+using std::chrono::nanoseconds;
+
+// A thread that takes part: the main one, or one of a piece of global work.
+struct Participant {
+  std::condition_variable turnCame;
+  const std::atomic<bool>* cut = nullptr;  // of the pause under way
+  std::thread thread;                      // none for the main one
+};
+
+}  // namespace
+
+struct VirtualTimeRunLoop::State {
+  using Lock = std::unique_lock<std::mutex>;
+
+  // What is due at a point of time: a participant to go on, or work to begin.
+  struct Due {
+    Participant* participant;
+    Work work;
+  };
+
+  explicit State(std::uint64_t seed) : seeded(seed != 0), random(seed) {}
+
+  Participant& current() { return *turn; }
+
+  // Hands the turn to `next` and, unless the caller's work has ended, waits for its own.
+  void handOver(Lock& lock, Participant* next, Participant* waitsAgain) {
+    turn = next;
+    if (next) next->turnCame.notify_one();
+    if (waitsAgain) waitsAgain->turnCame.wait(lock, [&] { return turn == waitsAgain; });
+  }
+
+  // The participant to run next; null when there is nothing to do at all.
+  Participant* choose() {
+    while (true) {
+      const bool mainHasWork = mainIsWaiting && !mainQueue.empty();
+      const std::size_t choices = ready.size() + (mainHasWork ? 1 : 0);
+      if (choices > 0) {
+        std::size_t choice = seeded ? random() % choices : 0;
+        if (mainHasWork && choice-- == 0) return &main;
+        Participant* chosen = ready[choice];
+        ready.erase(ready.begin() + static_cast<std::ptrdiff_t>(choice));
+        return chosen;
+      }
+      if (due.empty()) return mainIsWaiting ? &main : nullptr;
+      clock = std::max(clock, due.begin()->first);
+      Due next = std::move(due.begin()->second);
+      due.erase(due.begin());
+      if (next.participant) {
+        ready.push_back(next.participant);
+      } else {
+        begin(std::move(next.work));
+      }
+    }
+  }
+
+  // Makes global work ready to run, on a thread of its own that waits for its turn.
+  void begin(Work work) {
+    participants.push_back(std::make_unique<Participant>());
+    Participant* self = participants.back().get();
+    ready.push_back(self);
+    self->thread = std::thread([this, self, work = std::move(work)]() mutable {
+      Lock lock(mutex);
+      self->turnCame.wait(lock, [&] { return turn == self; });
+      lock.unlock();
+      work();
+      work = nullptr;
+      lock.lock();
+      handOver(lock, choose(), nullptr);
+    });
+  }
+
+  mutable std::mutex mutex;  // guards everything below; only the participant in turn runs work
+  Participant main;
+  Participant* turn = &main;
+  bool mainIsWaiting = false;  // in runUntilIdle, for work
+  std::deque<Work> mainQueue;
+  std::vector<Participant*> ready;
+  std::multimap<nanoseconds, Due> due;  // equal times: in the order in which they were added
+  std::vector<std::unique_ptr<Participant>> participants;
+  nanoseconds clock{0};
+  bool seeded;
+  std::mt19937_64 random;
+  const std::thread::id mainThread = std::this_thread::get_id();
+};
+
+VirtualTimeRunLoop::VirtualTimeRunLoop(std::uint64_t seed)
+    : state_(std::make_unique<State>(seed)) {}
+
+VirtualTimeRunLoop::~VirtualTimeRunLoop() {
+  runUntilIdle();
+  for (const auto& participant : state_->participants) participant->thread.join();
+}
+
+void VirtualTimeRunLoop::postToMain(Work work) {
+  const State::Lock lock(state_->mutex);
+  state_->mainQueue.push_back(std::move(work));
+}
+
+void VirtualTimeRunLoop::postToGlobal(Work work) {
+  const State::Lock lock(state_->mutex);
+  state_->begin(std::move(work));
+}
+
+void VirtualTimeRunLoop::postToGlobalAfter(nanoseconds delay, Work work) {
+  const State::Lock lock(state_->mutex);
+  state_->due.emplace(state_->clock + delay, State::Due{nullptr, std::move(work)});
+}
+
+void VirtualTimeRunLoop::runOnGlobalAndWait(const Work& work) { work(); }
+
+bool VirtualTimeRunLoop::onMainThread() const {
+  return std::this_thread::get_id() == state_->mainThread;
+}
+
+void VirtualTimeRunLoop::waitForMain() {
+  if (onMainThread()) return;
+  State::Lock lock(state_->mutex);
+  Participant* self = state_->turn;
+  state_->mainQueue.push_back([state = state_.get(), self] {
+    const State::Lock relock(state->mutex);
+    state->ready.push_back(self);
+  });
+  state_->handOver(lock, state_->choose(), self);
+}
+
+void VirtualTimeRunLoop::pause(nanoseconds time, const std::atomic<bool>& cut) {
+  State::Lock lock(state_->mutex);
+  if (cut) return;
+  Participant* self = state_->turn;
+  self->cut = &cut;
+  state_->due.emplace(state_->clock + time, State::Due{self, {}});
+  state_->handOver(lock, state_->choose(), self);
+  self->cut = nullptr;
+}
+
+void VirtualTimeRunLoop::cutPauses() {
+  const State::Lock lock(state_->mutex);
+  for (auto entry = state_->due.begin(); entry != state_->due.end();) {
+    Participant* const sleeper = entry->second.participant;
+    if (sleeper && *sleeper->cut) {
+      state_->ready.push_back(sleeper);
+      entry = state_->due.erase(entry);
+    } else {
+      ++entry;
+    }
+  }
+}
+
+void VirtualTimeRunLoop::runUntilIdle() {
+  State::Lock lock(state_->mutex);
+  while (true) {
+    state_->mainIsWaiting = true;
+    Participant* next = state_->choose();
+    if (next != &state_->main) state_->handOver(lock, next, &state_->main);
+    state_->mainIsWaiting = false;
+    if (state_->mainQueue.empty()) return;  // the turn came although there is no work: idle
+    Work work = std::move(state_->mainQueue.front());
+    state_->mainQueue.pop_front();
+    lock.unlock();
+    work();
+    work = nullptr;
+    lock.lock();
+  }
+}
+
+nanoseconds VirtualTimeRunLoop::now() const {
+  const State::Lock lock(state_->mutex);
+  return state_->clock;
+}
+
+}  // namespace wifi_profile

@@ -1,0 +1,17 @@
+#include "screens/none/NoScreen.h"
+
+#include "platform/WorkQueues.h"
+#include "platform/toolkit/ViewController.h"
+
+namespace wifi_profile {
+
+void NoScreen::needsLayout(const std::shared_ptr<toolkit::ViewController>& controller) {
+  if (passIsPosted_) return;
+  passIsPosted_ = true;
+  WorkQueues::shared()->postToMain([self = shared_from_this(), controller] {
+    self->passIsPosted_ = false;
+    controller->updateViewConstraints();
+  });
+}
+
+}  // namespace wifi_profile

@@ -1,0 +1,60 @@
+// A diagnostic among fakes, in virtual time.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <memory>
+
+#include "controller/WiFiProfileViewController.h"
+#include "platform/StringTable.h"
+#include "platform/WorkQueues.h"
+#include "runtime/VirtualTimeRunLoop.h"
+#include "support/Events.h"
+#include "support/FakeService.h"
+#include "support/FakeSurroundings.h"
+#include "support/FakeWiFiManager.h"
+
+namespace wifi_profile {
+
+// Parameters {"maxScanCacheAge": 30, "reprofileWithUI": `list`, "networkName": `name`}, validated.
+// A nil name is left out.
+std::shared_ptr<WiFiProfileInputs> makeInputs(const TextRef& name, bool list = false);
+
+class DiagnosticFixture : public ::testing::Test {
+ protected:
+  DiagnosticFixture();
+  ~DiagnosticFixture() override;
+
+  // Replaces `controller` by a new one, observed by `host` and set up with `inputs`.
+  void setUpController(const std::shared_ptr<WiFiProfileInputs>& inputs);
+
+  // A whole run on a device joined to `joined` with `selected` asked for; nil for none.
+  void run(const TextRef& joined, const TextRef& selected);
+
+  // Makes every request of the service take `time`, in which the main thread comes to its turn.
+  void letRequestsTake(std::chrono::nanoseconds time);
+
+  const EventsRef events;
+  const std::shared_ptr<VirtualTimeRunLoop> queues;
+  const std::shared_ptr<FakeService> service;
+  const std::shared_ptr<RecordingLog> log;
+  const std::shared_ptr<FakeAutomation> automation;
+  const std::shared_ptr<FakeCapability> capability;
+  const std::shared_ptr<RecordingScreen> screen;
+  const std::shared_ptr<FakeWiFiManager> wifiManager;
+  const std::shared_ptr<RecordingHost> host;
+  std::shared_ptr<WiFiProfileViewController> controller;
+
+ private:
+  // Texts are their own keys.
+  ScopedInstall<StringTable> installedTexts_;
+  ScopedInstall<HsDateFormatter> installedFormatter_;
+  ScopedInstall<VqClient> installedService_;
+  ScopedInstall<DiagnosticLog> installedLog_;
+  ScopedInstall<HsTestAutomation> installedAutomation_;
+  ScopedInstall<DeviceCapability> installedCapability_;
+  ScopedInstall<toolkit::Screen> installedScreen_;
+  ScopedInstall<WiFiManagerService> installedWiFiManager_;
+  ScopedInstall<WorkQueues> installedQueues_;
+};
+
+}  // namespace wifi_profile
