@@ -1,0 +1,181 @@
+#include "runtime/JsonReader.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <vector>
+
+#include "platform/Array.h"
+#include "platform/Dictionary.h"
+#include "platform/Number.h"
+#include "platform/Text.h"
+
+namespace wifi_profile {
+namespace {
+
+// An array or object whose end has not been read yet.
+struct Open {
+  bool isArray;
+  std::vector<ObjectRef> elements;
+  Dictionary::Entries entries;
+  std::string key;
+};
+
+// An iterator over the text that tells how far the parser has come.
+class Position {
+ public:
+  using iterator_category = std::input_iterator_tag;
+  using value_type = char;
+  using difference_type = std::ptrdiff_t;
+  using pointer = const char*;
+  using reference = const char&;
+
+  Position(const char* at, std::size_t* read) : at_(at), read_(read) {}
+  reference operator*() const { return *at_; }
+  Position& operator++() {
+    ++at_;
+    ++*read_;
+    return *this;
+  }
+  bool operator==(const Position& other) const { return at_ == other.at_; }
+  bool operator!=(const Position& other) const { return at_ != other.at_; }
+
+ private:
+  const char* at_;
+  std::size_t* read_;
+};
+
+// Builds the value from the parser's events. An event returns false to stop at a fault.
+class Builder : public nlohmann::json_sax<nlohmann::json> {
+ public:
+  ObjectRef value;
+  std::string found;
+  std::string expected;
+  std::optional<std::size_t> syntaxErrorAt;  // bytes read
+
+  bool null() override { return add(nullPlaceholder()); }
+  bool boolean(bool read) override { return add(Number::withBool(read)); }
+  bool number_integer(number_integer_t read) override { return add(Number::withInteger(read)); }
+  bool number_unsigned(number_unsigned_t read) override {
+    if (read <= static_cast<std::uint64_t>(INT64_MAX)) {
+      return add(Number::withInteger(static_cast<std::int64_t>(read)));
+    }
+    return add(Number::withUnsigned(read));
+  }
+  bool number_float(number_float_t read, const string_t& written) override {
+    // The parser falls back to a double for an integer that it cannot hold.
+    if (written.find_first_of(".eE") == string_t::npos) {
+      return stop("the number " + written, "an integer of at most 64 bits");
+    }
+    return add(Number::withDouble(read));
+  }
+  bool string(string_t& read) override { return add(makeText(read)); }
+  bool binary(binary_t& /*read*/) override { return false; }
+  bool start_object(std::size_t /*count*/) override { return open(false); }
+  bool start_array(std::size_t /*count*/) override { return open(true); }
+  bool key(string_t& read) override {
+    if (open_.back().entries.contains(read)) {
+      return stop("the key \"" + read + "\" a second time", "each key once");
+    }
+    open_.back().key = read;
+    return true;
+  }
+  bool end_object() override {
+    Open closed = close();
+    return add(makeDictionary(std::move(closed.entries)));
+  }
+  bool end_array() override {
+    Open closed = close();
+    return add(std::make_shared<const Array>(std::move(closed.elements)));
+  }
+  bool parse_error(std::size_t position, const std::string& lastToken,
+                   const nlohmann::json::exception& error) override {
+    syntaxErrorAt = position;
+    constexpr int kOutOfRange = 406;
+    if (error.id == kOutOfRange) {
+      return stop("the number " + lastToken, "a number that a double can hold");
+    }
+    return stop("", expectedIn(error.what()));
+  }
+
+ private:
+  // The parser says "...; expected THIS" where it knows, and " - WHY; last read" where it does not.
+  static std::string expectedIn(std::string_view message) {
+    constexpr std::string_view kExpected = "; expected ";
+    constexpr std::string_view kReason = " - ";
+    if (const auto at = message.find(kExpected); at != std::string_view::npos) {
+      return std::string(message.substr(at + kExpected.size()));
+    }
+    const auto at = message.find(kReason);
+    if (at == std::string_view::npos) return "JSON";
+    const std::string_view reason = message.substr(at + kReason.size());
+    return "JSON (" + std::string(reason.substr(0, reason.find("; last read"))) + ")";
+  }
+  bool stop(std::string what, std::string insteadOf) {
+    found = std::move(what);
+    expected = std::move(insteadOf);
+    return false;
+  }
+  bool open(bool isArray) {
+    if (open_.size() >= kDeepestJson) {
+      return stop("deeper nesting", "at most " + std::to_string(kDeepestJson) + " levels");
+    }
+    open_.push_back({isArray, {}, {}, {}});
+    return true;
+  }
+  Open close() {
+    Open closed = std::move(open_.back());
+    open_.pop_back();
+    return closed;
+  }
+  bool add(ObjectRef object) {
+    if (open_.empty()) {
+      value = std::move(object);
+    } else if (open_.back().isArray) {
+      open_.back().elements.push_back(std::move(object));
+    } else {
+      open_.back().entries.insert_or_assign(std::move(open_.back().key), std::move(object));
+    }
+    return true;
+  }
+
+  std::vector<Open> open_;
+};
+
+std::string whatStandsAt(std::string_view rest) {
+  if (rest.empty()) return "the end of the text";
+  return "\"" + std::string(rest.substr(0, firstCodePoint(rest).length)) + "\"";
+}
+
+// A fault at the byte `at`, counted from 0, or at the end of the text. What was found there is told
+// by `found`, or, when that is empty, by the text.
+JsonFault faultAt(std::string_view text, std::size_t at, std::string found, std::string expected) {
+  const std::string_view before = text.substr(0, at);
+  const auto lineStart = before.rfind('\n') + 1;  // npos + 1 is 0
+  return {
+      .line = 1 + static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n')),
+      .column = 1 + before.size() - lineStart,
+      .found = found.empty() ? whatStandsAt(text.substr(before.size())) : std::move(found),
+      .expected = std::move(expected),
+  };
+}
+
+}  // namespace
+
+std::variant<ObjectRef, JsonFault> readJson(std::string_view text) {
+  // The parser would take a NUL for the end of the text, and not look at what stands behind it.
+  if (const auto nul = text.find('\0'); nul != std::string_view::npos) {
+    return faultAt(text, nul, "a NUL byte", "JSON");
+  }
+  std::size_t read = 0;
+  Builder builder;
+  const bool whole = nlohmann::json::sax_parse(
+      Position(text.data(), &read), Position(text.data() + text.size(), &read), &builder);
+  if (whole) return builder.value;
+  // Of the bytes read, the last one is where it went wrong; the end of the text counts as one more.
+  const std::size_t bytesRead = builder.syntaxErrorAt.value_or(read);
+  return faultAt(text, std::min(bytesRead > 0 ? bytesRead - 1 : 0, text.size()),
+                 std::move(builder.found), std::move(builder.expected));
+}
+
+}  // namespace wifi_profile

@@ -1,0 +1,153 @@
+#include "runtime/ThreadRunLoop.h"
+
+#include <asio/io_context.hpp>
+#include <asio/post.hpp>
+#include <asio/signal_set.hpp>
+#include <asio/steady_timer.hpp>
+#include <asio/thread_pool.hpp>
+#include <condition_variable>
+#include <csignal>
+#include <future>
+#include <mutex>
+#include <set>
+#include <thread>
+
+namespace wifi_profile {
+
+struct ThreadRunLoop::State {
+  explicit State(std::size_t workers) : pool(workers) {}
+
+  void runOnPool(Work work) {
+    asio::post(pool, [this, work = std::move(work)]() mutable {
+      work();
+      work = nullptr;  // what it kept alive goes before it stops counting as work
+      finishedGlobal();
+    });
+  }
+
+  // The main thread may be waiting for its next work: the empty work makes it look again.
+  void finishedGlobal() {
+    --outstanding;
+    asio::post(main, [] {});
+  }
+
+  void waitForInterrupt() {
+    const std::lock_guard lock(mutex);
+    if (isEnding) return;
+    signals.async_wait([this](const asio::error_code& error, int) {
+      if (error) return;
+      interruptHandler();
+      waitForInterrupt();
+    });
+  }
+
+  void stopWaitingForInterrupts() {
+    const std::lock_guard lock(mutex);
+    isEnding = true;
+    signals.cancel();
+  }
+
+  const std::thread::id mainThread = std::this_thread::get_id();
+  asio::io_context main;
+  asio::executor_work_guard<asio::io_context::executor_type> keepMain = asio::make_work_guard(main);
+
+  std::atomic<std::size_t> outstanding = 0;  // main work posted, global work posted or running
+
+  std::mutex mutex;  // guards what follows
+  std::condition_variable pauseEnds;
+  bool hurried = false;
+  bool isEnding = false;
+  std::set<std::shared_ptr<asio::steady_timer>> timers;
+  // The pool's signals are touched under the mutex, too.
+
+  Work interruptHandler;
+  asio::thread_pool pool;  // its threads end before the rest goes
+  asio::signal_set signals{pool};
+};
+
+ThreadRunLoop::ThreadRunLoop(std::size_t workers)
+    : state_(std::make_unique<State>(workers > 0 ? workers : 1)) {}
+
+ThreadRunLoop::~ThreadRunLoop() {
+  hurry();
+  runUntilIdle();
+  state_->stopWaitingForInterrupts();
+  state_->pool.join();
+}
+
+void ThreadRunLoop::postToMain(Work work) {
+  ++state_->outstanding;
+  asio::post(state_->main, [state = state_.get(), work = std::move(work)]() mutable {
+    work();
+    work = nullptr;
+    --state->outstanding;
+  });
+}
+
+void ThreadRunLoop::postToGlobal(Work work) {
+  ++state_->outstanding;
+  state_->runOnPool(std::move(work));
+}
+
+void ThreadRunLoop::postToGlobalAfter(std::chrono::nanoseconds delay, Work work) {
+  ++state_->outstanding;
+  const std::lock_guard lock(state_->mutex);
+  if (state_->hurried) {
+    state_->runOnPool(std::move(work));
+    return;
+  }
+  auto timer = std::make_shared<asio::steady_timer>(state_->pool, delay);
+  state_->timers.insert(timer);
+  timer->async_wait(
+      [state = state_.get(), timer, work = std::move(work)](asio::error_code) mutable {
+        {
+          const std::lock_guard relock(state->mutex);
+          state->timers.erase(timer);
+        }
+        state->runOnPool(std::move(work));
+      });
+}
+
+void ThreadRunLoop::runOnGlobalAndWait(const Work& work) { work(); }
+
+bool ThreadRunLoop::onMainThread() const {
+  return std::this_thread::get_id() == state_->mainThread;
+}
+
+void ThreadRunLoop::waitForMain() {
+  if (onMainThread()) return;
+  std::promise<void> handled;
+  postToMain([&handled] { handled.set_value(); });
+  handled.get_future().wait();
+}
+
+void ThreadRunLoop::pause(std::chrono::nanoseconds time, const std::atomic<bool>& cut) {
+  std::unique_lock lock(state_->mutex);
+  state_->pauseEnds.wait_for(lock, time, [&] { return cut || state_->hurried; });
+}
+
+void ThreadRunLoop::cutPauses() {
+  const std::lock_guard lock(state_->mutex);
+  state_->pauseEnds.notify_all();
+}
+
+void ThreadRunLoop::runUntilIdle() {
+  while (state_->outstanding > 0) state_->main.run_one();
+}
+
+void ThreadRunLoop::hurry() {
+  const std::lock_guard lock(state_->mutex);
+  state_->hurried = true;
+  state_->pauseEnds.notify_all();
+  for (const auto& timer : state_->timers) timer->cancel();
+}
+
+void ThreadRunLoop::onInterrupt(Work handler) {
+  state_->interruptHandler = std::move(handler);
+  state_->signals.add(SIGINT);
+  state_->signals.add(SIGTERM);
+  state_->signals.add(SIGHUP);
+  state_->waitForInterrupt();
+}
+
+}  // namespace wifi_profile

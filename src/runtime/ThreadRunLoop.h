@@ -1,0 +1,43 @@
+// Queues on real threads, in real time.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+
+#include "runtime/RunLoop.h"
+
+namespace wifi_profile {
+
+// The main queue on the thread that makes the run loop, the global queue on a pool of `workers`
+// threads (at least one). A delayed post waits on a timer, not on a worker. If work throws, the
+// process ends.
+class ThreadRunLoop final : public RunLoop {
+ public:
+  static constexpr std::size_t kUsualWorkers = 4;
+
+  explicit ThreadRunLoop(std::size_t workers = kUsualWorkers);
+  ~ThreadRunLoop() override;
+
+  void postToMain(Work work) override;
+  void postToGlobal(Work work) override;
+  void postToGlobalAfter(std::chrono::nanoseconds delay, Work work) override;
+  void runOnGlobalAndWait(const Work& work) override;
+
+  bool onMainThread() const override;
+  void waitForMain() override;
+  void pause(std::chrono::nanoseconds time, const std::atomic<bool>& cut) override;
+  void cutPauses() override;
+
+  void runUntilIdle() override;
+  void hurry() override;
+
+  // Calls `handler` on a background thread at every interrupt of the process (SIGINT, SIGTERM,
+  // SIGHUP) from now on. Waiting for one does not count as work to do. To be called once.
+  void onInterrupt(Work handler);
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+}  // namespace wifi_profile
