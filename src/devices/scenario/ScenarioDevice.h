@@ -1,0 +1,24 @@
+// A device on paper as a whole: every back end that a scenario can stand behind.
+#pragma once
+
+#include <memory>
+
+#include "devices/scenario/Scenario.h"
+#include "devices/scenario/ScenarioRadio.h"
+#include "devices/scenario/ScenarioService.h"
+#include "platform/DeviceCapability.h"
+#include "platform/DiagnosticsSupport.h"
+
+namespace wifi_profile::scenario {
+
+struct ScenarioDevice {
+  // `pace` and `trace` must outlive the device.
+  ScenarioDevice(const Scenario& scenario, Pace& pace, Trace& trace);
+
+  std::shared_ptr<ScenarioService> service;
+  std::shared_ptr<ScenarioRadio> radio;
+  std::shared_ptr<DeviceCapability> capability;
+  std::shared_ptr<HsTestAutomation> automation;
+};
+
+}  // namespace wifi_profile::scenario

@@ -1,0 +1,15 @@
+// Scenario files: from values to a scenario.
+#pragma once
+
+#include <variant>
+
+#include "devices/scenario/Scenario.h"
+#include "devices/scenario/ValueReader.h"
+
+namespace wifi_profile::scenario {
+
+// Reads a whole scenario. Unknown fields, missing ones, values of the wrong kind and numbers out of
+// range are faults; the first one found is returned.
+std::variant<Scenario, Fault> readScenario(const ObjectRef& document);
+
+}  // namespace wifi_profile::scenario

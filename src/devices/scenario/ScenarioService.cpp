@@ -1,0 +1,107 @@
+#include "devices/scenario/ScenarioService.h"
+
+#include <algorithm>
+
+#include "platform/Number.h"
+
+namespace wifi_profile::scenario {
+namespace {
+
+bool matches(const Answer& answer, const TextRef& networkName) {
+  if (answer.times && *answer.times == 0) return false;
+  if (!answer.when) return true;
+  return answer.when->networkName ? equalNames(answer.when->networkName, networkName)
+                                  : !networkName;
+}
+
+Answer failure(std::int64_t code, std::string description) {
+  Answer answer;
+  answer.error = std::make_shared<const VqError>(code, std::move(description));
+  return answer;
+}
+
+}  // namespace
+
+ScenarioService::ScenarioService(const Scenario& scenario, Pace& pace, Trace& trace)
+    : pace_(pace), trace_(trace), answers_(scenario.answers), status_(scenario.status) {}
+
+DiagnosticsTestResults ScenarioService::runDiagnosticsTests(
+    const VqDiagnosticsTestRequests& requests, const VqPeer* /*peer*/,
+    const VqTestUpdate& /*update*/, VqErrorRef& error) {
+  DiagnosticsTestResults all;
+  for (const auto& request : requests) {
+    Answer answer = serve(*request);
+    if (!error) error = answer.error;
+    if (!answer.results) continue;
+    if (!all) all.emplace();
+    all->insert(all->end(), answer.results->begin(), answer.results->end());
+  }
+  return all;
+}
+
+Answer ScenarioService::serve(const VqDiagnosticsTestRequest& request) {
+  pace_.waitForMain();
+  trace_.event("service.request", {{"test", makeText(nameOf(request.testID()))},
+                                   {"id", Number::withInteger(static_cast<int>(request.testID()))},
+                                   {"configuration", request.configuration()}});
+  Answer answer = takeAnswer(request);
+  const auto cancelled = std::make_shared<std::atomic<bool>>(false);
+  const bool waits = answer.delay.count() > 0;
+  if (waits) {
+    const std::lock_guard lock(mutex_);
+    inFlight_.insert(cancelled);
+  }
+  if (whileServing_) whileServing_(request.testID());
+  if (waits) {
+    pace_.pause(answer.delay, *cancelled);
+    const std::lock_guard lock(mutex_);
+    inFlight_.erase(cancelled);
+    if (*cancelled) return failure(kCancelled, "cancelled");
+  }
+  return answer;
+}
+
+Answer ScenarioService::takeAnswer(const VqDiagnosticsTestRequest& request) {
+  const DictionaryRef& configuration = request.configuration();
+  const TextRef networkName =
+      configuration ? as<Text>(configuration->objectForKey("NetworkName")) : nullptr;
+  const std::lock_guard lock(mutex_);
+  auto& answers = answers_[request.testID()];
+  const auto found = std::find_if(answers.begin(), answers.end(), [&](const Answer& answer) {
+    return matches(answer, networkName);
+  });
+  if (found == answers.end()) {
+    return failure(kNoAnswer, "no answer for " + std::string(nameOf(request.testID())));
+  }
+  if (found->times) --*found->times;
+  return *found;
+}
+
+std::shared_ptr<const VqStatus> ScenarioService::queryStatusForPeer(const VqPeer* /*peer*/,
+                                                                    VqErrorRef& error) {
+  pace_.waitForMain();
+  StatusAnswer answer;
+  {
+    const std::lock_guard lock(mutex_);
+    answer = status_[nextStatus_];
+    if (nextStatus_ + 1 < status_.size()) ++nextStatus_;
+  }
+  trace_.event("service.status",
+               {{"error", answer.error ? Number::withInteger(answer.error->code()) : nullptr},
+                {"ssid", answer.ssid},
+                {"bssid", answer.bssid}});
+  error = answer.error;
+  return std::make_shared<const VqStatus>(
+      VqStatus{std::make_shared<const VqWiFiStatus>(VqWiFiStatus{answer.ssid, answer.bssid})});
+}
+
+void ScenarioService::cancelAllRequests() {
+  trace_.event("service.cancel", {});
+  {
+    const std::lock_guard lock(mutex_);
+    for (const auto& cancelled : inFlight_) *cancelled = true;
+  }
+  pace_.cutPauses();
+}
+
+}  // namespace wifi_profile::scenario

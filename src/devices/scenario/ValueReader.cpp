@@ -1,0 +1,163 @@
+#include "devices/scenario/ValueReader.h"
+
+#include <array>
+#include <charconv>
+
+#include "platform/Array.h"
+#include "platform/Number.h"
+
+namespace wifi_profile::scenario {
+namespace {
+
+constexpr std::size_t kLongestQuote = 40;  // bytes
+
+std::string shown(std::string_view text) {
+  if (text.size() <= kLongestQuote) return std::string(text);
+  std::size_t end = kLongestQuote;  // not in the middle of a character
+  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) --end;
+  return std::string(text.substr(0, end)) + "…";
+}
+
+template <class T>
+std::string numberText(T value) {
+  std::array<char, 32> text{};
+  return {text.data(), std::to_chars(text.data(), text.data() + text.size(), value).ptr};
+}
+
+std::string describe(const Number& number) {
+  return std::visit(
+      [](auto value) -> std::string {
+        if constexpr (std::is_same_v<decltype(value), bool>) {
+          return value ? "true" : "false";
+        } else {
+          std::string text = numberText(value);
+          const bool looksWhole = text.find_first_of(".en") == std::string::npos;  // n: inf, nan
+          if (std::is_same_v<decltype(value), double> && looksWhole) text += ".0";
+          return "the number " + text;
+        }
+      },
+      number.value());
+}
+
+std::string escaped(std::string_view key) {
+  std::string text;
+  for (const char c : key) text += c == '~' ? "~0" : c == '/' ? "~1" : std::string(1, c);
+  return text;
+}
+
+}  // namespace
+
+std::string describe(const ObjectRef& value) {
+  if (const auto text = as<Text>(value)) return "the text \"" + shown(text->string()) + "\"";
+  if (const auto number = as<Number>(value)) return describe(*number);
+  if (as<Array>(value)) return "a list";
+  if (as<Dictionary>(value)) return "an object";
+  return "null";
+}
+
+bool ValueReader::boolean() const {
+  const auto number = as<Number>(value_);
+  if (number && number->isBoolean()) return std::get<bool>(number->value());
+  fail("true or false");
+  return false;
+}
+
+std::int64_t ValueReader::integer(std::int64_t least, std::int64_t most) const {
+  const auto number = as<Number>(value_);
+  const auto* integer = number ? std::get_if<std::int64_t>(&number->value()) : nullptr;
+  if (integer && *integer >= least && *integer <= most) return *integer;
+  fail("an integer from " + numberText(least) + " to " + numberText(most));
+  return 0;
+}
+
+double ValueReader::number(double least, double most) const {
+  const auto number = as<Number>(value_);
+  if (number && !number->isBoolean() && number->toDouble() >= least && number->toDouble() <= most) {
+    return number->toDouble();
+  }
+  fail("a number from " + numberText(static_cast<std::int64_t>(least)) + " to " +
+       numberText(static_cast<std::int64_t>(most)));
+  return 0;
+}
+
+std::string ValueReader::text() const {
+  if (const auto text = as<Text>(value_)) return text->string();
+  fail("a text");
+  return {};
+}
+
+TextRef ValueReader::textOrNull() const {
+  auto text = as<Text>(value_);
+  if (!text && !isNullPlaceholder(value_)) fail("a text or null");
+  return text;
+}
+
+void ValueReader::mustBeTrue() const {
+  const auto number = as<Number>(value_);
+  if (!number || !(*number == *Number::withBool(true))) fail("true");
+}
+
+void ValueReader::list(const std::function<void(const ValueReader&)>& read) const {
+  const auto array = as<Array>(value_);
+  if (!array) {
+    fail("a list");
+    return;
+  }
+  for (std::size_t i = 0; i < array->elements().size(); ++i) {
+    read(element(i, array->elements()[i]));
+  }
+}
+
+void ValueReader::object(const std::function<void(FieldsReader&)>& read) const {
+  const auto dictionary = as<Dictionary>(value_);
+  if (!dictionary) {
+    fail("an object");
+    return;
+  }
+  FieldsReader fields(*this, dictionary->entries());
+  read(fields);
+  fields.refuseOthers();
+}
+
+ValueReader ValueReader::element(std::size_t index, ObjectRef value) const {
+  return {std::move(value), pointer_ + "/" + std::to_string(index), *fault_};
+}
+
+ValueReader ValueReader::member(std::string_view key, ObjectRef value) const {
+  return {std::move(value), pointer_ + "/" + escaped(key), *fault_};
+}
+
+void ValueReader::fail(std::string expected) const { fail(describe(value_), std::move(expected)); }
+
+void ValueReader::fail(std::string found, std::string expected) const {
+  if (!*fault_) *fault_ = Fault{pointer_, std::move(found), std::move(expected)};
+}
+
+bool FieldsReader::take(std::string_view key, const std::function<void(const ValueReader&)>& read) {
+  known_.emplace(key);
+  const auto field = fields_.find(key);
+  if (field == fields_.end()) return false;
+  read(object_.member(key, field->second));
+  return true;
+}
+
+void FieldsReader::require(std::string_view key,
+                           const std::function<void(const ValueReader&)>& read) {
+  if (!take(key, read)) {
+    object_.fail("an object without \"" + std::string(key) + "\"",
+                 "an object with \"" + std::string(key) + "\"");
+  }
+}
+
+void FieldsReader::refuseOthers() const {
+  for (const auto& [key, value] : fields_) {
+    if (known_.contains(key)) continue;
+    std::string expected;
+    for (const std::string& known : known_) {
+      expected += (expected.empty() ? "one of \"" : ", \"") + known + "\"";
+    }
+    object_.member(key, value).fail("an unknown field", std::move(expected));
+  }
+}
+
+}  // namespace wifi_profile::scenario

@@ -1,0 +1,126 @@
+#include <gtest/gtest.h>
+
+#include "devices/scenario/ScenarioReader.h"
+#include "devices/scenario/ScenarioService.h"
+#include "platform/Number.h"
+#include "runtime/JsonReader.h"
+#include "runtime/JsonWriter.h"
+#include "runtime/VirtualTimeRunLoop.h"
+
+namespace wifi_profile::scenario {
+namespace {
+
+using namespace std::chrono_literals;
+
+// Notes events as "name field=value ...".
+class Events final : public Trace {
+ public:
+  void event(std::string_view name, const Fields& fields) override {
+    std::string line(name);
+    for (const auto& [key, value] : fields) line += " " + std::string(key) + "=" + jsonText(value);
+    all.push_back(line);
+  }
+  std::vector<std::string> all;
+};
+
+class ScenarioServiceTest : public ::testing::Test {
+ protected:
+  void answerWith(const std::string& answers) {
+    const auto document = readJson(R"({"scenario":1,"answers":)" + answers + "}");
+    make(std::get<ObjectRef>(document));
+  }
+  void make(const ObjectRef& document) {
+    const auto read = readScenario(document);
+    ASSERT_TRUE(std::holds_alternative<Scenario>(read));
+    service = std::make_shared<ScenarioService>(std::get<Scenario>(read), loop, events);
+  }
+  // The verdict as text, or the error.
+  std::string ask(DiagnosticsTestID test, const DictionaryRef& configuration = nullptr) {
+    VqErrorRef error;
+    const auto results = service->runDiagnosticsTests(
+        {VqDiagnosticsTestRequest::requestWithTestID(test, configuration)}, nullptr, nullptr,
+        error);
+    if (error) return std::to_string(error->code()) + " " + error->description();
+    return results && !results->empty() && results->front()->result ? "yes" : "no";
+  }
+  static DictionaryRef named(const char* name) {
+    return makeDictionary({{"NetworkName", makeText(name)}});
+  }
+
+  VirtualTimeRunLoop loop;
+  Events events;
+  std::shared_ptr<ScenarioService> service;
+};
+
+TEST_F(ScenarioServiceTest, ServesTheFirstAnswerThatMatchesAndIsNotUsedUp) {
+  answerWith(R"({"PingLAN":[{"times":2,"result":true},{"times":1,"error":{"code":9}}]})");
+  EXPECT_EQ(ask(DiagnosticsTestID::PingLAN), "yes");
+  EXPECT_EQ(ask(DiagnosticsTestID::PingLAN), "yes");
+  EXPECT_EQ(ask(DiagnosticsTestID::PingLAN), "9 error 9");
+  EXPECT_EQ(ask(DiagnosticsTestID::PingLAN), "1 no answer for PingLAN");
+}
+
+TEST_F(ScenarioServiceTest, MatchesTheNetworkNameOfTheConfiguration) {
+  answerWith(R"({"PoorSignal":[{"when":{"networkName":"Lab"},"result":true},
+      {"when":{"networkName":null},"error":{"code":3}},{"error":{"code":4}}]})");
+  EXPECT_EQ(ask(DiagnosticsTestID::PoorSignal, named("Lab")), "yes");
+  EXPECT_EQ(ask(DiagnosticsTestID::PoorSignal, named("lab")), "4 error 4");
+  EXPECT_EQ(ask(DiagnosticsTestID::PoorSignal, makeDictionary({})), "3 error 3");
+  EXPECT_EQ(ask(DiagnosticsTestID::PoorSignal), "3 error 3");
+}
+
+TEST_F(ScenarioServiceTest, TakesADelaysTime) {
+  answerWith(R"({"PingLAN":[{"delay":1.5,"result":true}]})");
+  std::string answer;
+  loop.postToGlobal([&] { answer = ask(DiagnosticsTestID::PingLAN); });
+  loop.runUntilIdle();
+  EXPECT_EQ(answer, "yes");
+  EXPECT_EQ(loop.now(), 1500ms);
+}
+
+TEST_F(ScenarioServiceTest, ACancelFailsWhatWaitsAndNothingLater) {
+  answerWith(R"({"PingLAN":[{"delay":60,"result":true}],"PingWAN":[{"result":true}]})");
+  std::string waiting;
+  std::string later;
+  loop.postToGlobal([&] {
+    waiting = ask(DiagnosticsTestID::PingLAN);
+    later = ask(DiagnosticsTestID::PingWAN);
+  });
+  loop.postToGlobalAfter(2s, [&] { service->cancelAllRequests(); });
+  loop.runUntilIdle();
+  EXPECT_EQ(waiting, "2 cancelled");
+  EXPECT_EQ(later, "yes");
+  EXPECT_EQ(loop.now(), 2s);
+}
+
+TEST_F(ScenarioServiceTest, TakesABackgroundRequestUpAfterTheMainQueueWasHandled) {
+  answerWith(R"({"PingLAN":[{"result":true}]})");
+  loop.postToGlobal([&] {
+    loop.postToMain([&] { events.event("main", {}); });
+    ask(DiagnosticsTestID::PingLAN);
+  });
+  loop.runUntilIdle();
+  ASSERT_EQ(events.all.size(), 2U);
+  EXPECT_EQ(events.all[0], "main");
+  EXPECT_EQ(events.all[1], R"(service.request test="PingLAN" id=3 configuration=null)");
+}
+
+TEST_F(ScenarioServiceTest, TheLastStatusRepeats) {
+  make(std::get<ObjectRef>(
+      readJson(R"({"scenario":1,"status":[{"error":{"code":5}},{"ssid":"Home","bssid":"b"}]})")));
+  VqErrorRef error;
+  service->queryStatusForPeer(nullptr, error);
+  EXPECT_EQ(codeOf(error), 5);
+  for (int i = 0; i < 2; ++i) {
+    error = nullptr;
+    const auto status = service->queryStatusForPeer(nullptr, error);
+    EXPECT_EQ(codeOf(error), 0);
+    EXPECT_EQ(status->wifi->ssidString->string(), "Home");
+    EXPECT_EQ(status->wifi->bssid->string(), "b");
+  }
+  EXPECT_EQ(events.all[0], "service.status error=5 ssid=null bssid=null");
+  EXPECT_EQ(events.all[2], R"(service.status error=null ssid="Home" bssid="b")");
+}
+
+}  // namespace
+}  // namespace wifi_profile::scenario
