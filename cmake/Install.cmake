@@ -1,0 +1,25 @@
+# `find_package(WiFiProfile)`: the program, and the libraries with which a host embeds it.
+include(CMakePackageConfigHelpers)
+
+set(installed_targets wifi_profile wifi_profile_runtime wifi_profile_screens wifi_profile_scenario)
+if(NOT WIFI_PROFILE_CORE_ONLY)
+  list(APPEND installed_targets wifi-profile)
+endif()
+install(TARGETS ${installed_targets} EXPORT WiFiProfileTargets
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+foreach(room platform controller tests runtime screens devices)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/${room}
+          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/wifi_profile FILES_MATCHING PATTERN "*.h")
+endforeach()
+install(EXPORT WiFiProfileTargets NAMESPACE WiFiProfile::
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/WiFiProfile)
+configure_package_config_file(
+  ${PROJECT_SOURCE_DIR}/cmake/WiFiProfileConfig.cmake.in WiFiProfileConfig.cmake
+  INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/WiFiProfile)
+write_basic_package_version_file(WiFiProfileConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/WiFiProfileConfig.cmake
+              ${CMAKE_CURRENT_BINARY_DIR}/WiFiProfileConfigVersion.cmake
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/WiFiProfile)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/scenario.schema.json DESTINATION ${CMAKE_INSTALL_DATADIR}/wifi-profile)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/wifi-profile.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

@@ -1,0 +1,155 @@
+#include "host/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <fmt/format.h>
+
+#include "host/ExitStatus.h"
+#include "runtime/BuiltInStringTable.h"
+#include "runtime/SafeText.h"
+
+namespace wifi_profile {
+namespace {
+
+constexpr const char* kRunExamples = R"(Examples:
+  wifi-profile run --device demo
+      the built-in demonstration, in real time
+  wifi-profile run --device demo --network-name "Café Linde" --output text
+      the same, with a second network to look at
+  wifi-profile run --device scenarios/captive-cafe.json --time virtual --trace trace.ndjson
+      a device on paper, without waiting, with everything that happened in a file
+  echo '{"maxScanCacheAge":60,"reprofileWithUI":false}' | wifi-profile run --device demo --parameters -
+      the parameters as a host passes them
+
+Exit status: 0 done; 2 to 7 for the status codes -2 to -7; 64 wrong command line or parameters;
+65 unusable scenario; 69 no such device; 74 output that cannot be written; 75 torn down before the
+end; 130 interrupted.
+)";
+
+constexpr const char* kTestsExamples = R"(Examples:
+  wifi-profile tests
+  wifi-profile tests --json
+)";
+
+constexpr const char* kExplainExamples = R"(Examples:
+  wifi-profile explain
+      lists every key of the record
+  wifi-profile explain isUsingCustomDNS
+      says what a finding means, and what to do about it
+)";
+
+// Leaves an option a few possible values, and refuses others in the program's own words.
+void allowOnly(CLI::Option* option, const std::vector<std::string>& values) {
+  option->type_name(fmt::format("{}", fmt::join(values, "|")));
+  option->check([values](const std::string& given) {
+    if (std::find(values.begin(), values.end(), given) != values.end()) return std::string();
+    return fmt::format("found \"{}\", expected {}", given, fmt::join(values, " or "));
+  });
+}
+
+std::vector<std::string> languageNames() {
+  const auto& known = BuiltInStringTable::languages();
+  return {known.begin(), known.end()};
+}
+
+// The texts that options are parsed into before they have a meaning.
+struct RunTexts {
+  std::string ui = "none";
+  std::string output;
+  std::string time = "real";
+};
+
+CLI::App* addRun(CLI::App& app, RunOptions& run, RunTexts& texts) {
+  CLI::App* command = app.add_subcommand("run", "Run the diagnostic once and print its record");
+  command->footer(kRunExamples);
+  command
+      ->add_option("--device", run.device,
+                   "demo, linux, linux:IFNAME, or the path of a scenario file")
+      ->type_name("DEVICE");
+  CLI::Option* const parameters =
+      command
+          ->add_option("--parameters", run.parametersFile,
+                       "Parameters as a host passes them, as JSON (-: standard input)")
+          ->type_name("FILE");
+  parameters->excludes(command
+                           ->add_option("--network-name", run.networkName,
+                                        "Network to profile besides the joined one (SSID)")
+                           ->type_name("NAME"));
+  parameters->excludes(command
+                           ->add_option("--max-scan-cache-age", run.maxScanCacheAge,
+                                        "Oldest scan to accept, in seconds (0 to 600) [60]")
+                           ->type_name("SECONDS"));
+  parameters->excludes(
+      command->add_flag("--pick", run.pick, "Choose the network from a list (not in this build)"));
+  allowOnly(command->add_option("--ui", texts.ui, "Screen to show; this build draws none"),
+            {"none"});
+  allowOnly(command->add_option("--output", texts.output,
+                                "Form of the record [text on a terminal, else json]"),
+            {"text", "json"});
+  command->add_option("--trace", run.traceFile, "Write what happens to this file, as JSON lines")
+      ->type_name("FILE");
+  allowOnly(command->add_option("--time", texts.time,
+                                "virtual: waits take no time (scenarios only) [real]"),
+            {"real", "virtual"});
+  allowOnly(command->add_option("--language", run.language,
+                                "Language of the screen's texts; keys: their keys [environment's]"),
+            languageNames());
+  return command;
+}
+
+EarlyExit failed(const CLI::App& app, const std::string& message) {
+  const auto commands = app.get_subcommands();
+  const std::string command = commands.empty() ? "" : " " + commands.front()->get_name();
+  return {kExitUsage, fmt::format("wifi-profile: {}\nTry 'wifi-profile{} --help'.\n",
+                                  safeText(message), command)};
+}
+
+}  // namespace
+
+Command parseCommandLine(std::vector<std::string> arguments) {
+  CLI::App app("Finds out what is wrong with a device's Wi-Fi: 41 tests, one record.",
+               "wifi-profile");
+  app.set_version_flag("--version", std::string("wifi-profile ") + WIFI_PROFILE_VERSION);
+  app.require_subcommand(0, 1);
+  app.footer("To begin with: wifi-profile run --device demo\n");
+  RunOptions run;
+  RunTexts texts;
+  TestsOptions tests;
+  ExplainOptions explain;
+  CLI::App* const runCommand = addRun(app, run, texts);
+  CLI::App* const testsCommand = app.add_subcommand("tests", "List the catalogue of tests");
+  testsCommand->add_flag("--json", tests.json, "As JSON, for programs");
+  testsCommand->footer(kTestsExamples);
+  CLI::App* const explainCommand =
+      app.add_subcommand("explain", "Say what a key of the record means");
+  explainCommand->add_option("KEY", explain.key, "Key to explain; without one, all are listed");
+  explainCommand->footer(kExplainExamples);
+
+  // The parser takes the argument behind "--name=" for the value; an empty one has to stand alone.
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    if (!arguments[i].starts_with("--") || !arguments[i].ends_with("=")) continue;
+    arguments[i].pop_back();
+    arguments.emplace(arguments.begin() + static_cast<std::ptrdiff_t>(i) + 1);
+  }
+  std::reverse(arguments.begin(), arguments.end());  // as the parser wants them
+  try {
+    app.parse(std::move(arguments));
+  } catch (const CLI::CallForHelp&) {
+    const auto commands = app.get_subcommands();
+    return EarlyExit{kExitDone,
+                     commands.empty() ? app.help() : commands.front()->help(app.get_name())};
+  } catch (const CLI::CallForVersion& version) {
+    return EarlyExit{kExitDone, std::string(version.what()) + "\n"};
+  } catch (const CLI::ParseError& error) {
+    return failed(app, error.what());
+  }
+  if (testsCommand->parsed()) return tests;
+  if (explainCommand->parsed()) return explain;
+  if (!runCommand->parsed()) return failed(app, "found no command, expected run, tests or explain");
+  if (!texts.output.empty())
+    run.output = texts.output == "json" ? OutputForm::json : OutputForm::text;
+  run.virtualTime = texts.time == "virtual";
+  return run;
+}
+
+}  // namespace wifi_profile

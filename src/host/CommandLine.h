@@ -1,0 +1,46 @@
+// The command line, taken apart.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace wifi_profile {
+
+enum class OutputForm { text, json };
+
+// Options of `run`; nothing where one was not given.
+struct RunOptions {
+  std::optional<std::string> device;
+  std::optional<std::string> parametersFile;
+  std::optional<std::string> networkName;
+  std::optional<std::string> maxScanCacheAge;
+  bool pick = false;
+  std::optional<OutputForm> output;
+  std::optional<std::string> traceFile;
+  bool virtualTime = false;
+  std::optional<std::string> language;
+};
+
+struct TestsOptions {
+  bool json = false;
+};
+
+struct ExplainOptions {
+  std::optional<std::string> key;  // nothing: all of them
+};
+
+// Nothing to run: a text to print, and the status to exit with. The text goes to standard output
+// when the status is 0, else to standard error.
+struct EarlyExit {
+  int status;
+  std::string text;
+};
+
+using Command = std::variant<RunOptions, TestsOptions, ExplainOptions, EarlyExit>;
+
+// `arguments` without the program's name.
+Command parseCommandLine(std::vector<std::string> arguments);
+
+}  // namespace wifi_profile

@@ -1,0 +1,191 @@
+#include "host/DiagnosticRun.h"
+
+#include "host/LogLines.h"
+#include "host/ScreenState.h"
+#include "host/TracingScreen.h"
+#include "runtime/Iso8601Formatter.h"
+#include "screens/none/NoScreen.h"
+
+namespace wifi_profile {
+namespace {
+
+// The queues belong to the host; what is installed only points at them.
+std::shared_ptr<WorkQueues> unowned(RunLoop& loop) { return {std::shared_ptr<void>(), &loop}; }
+
+// A section as it stands now.
+ObjectRef copyOf(const ObjectRef& section) {
+  const auto dictionary = as<Dictionary>(section);
+  return dictionary ? makeDictionary(dictionary->entries()) : nullPlaceholder();
+}
+
+DictionaryRef copyOfSections(const DictionaryRef& data) {
+  Dictionary::Entries sections = data->entries();
+  for (auto& [key, section] : sections) section = copyOf(section);
+  return makeDictionary(std::move(sections));
+}
+
+}  // namespace
+
+struct DiagnosticRun::Installations {
+  Installations(const scenario::ScenarioDevice& device, const Surroundings& surroundings)
+      : queues(unowned(surroundings.loop)),
+        service(device.service),
+        radio(device.radio),
+        capability(device.capability),
+        automation(device.automation),
+        dates(std::make_shared<Iso8601Formatter>()),
+        log(std::make_shared<LogLines>(surroundings.line, surroundings.trace)),
+        texts(surroundings.texts),
+        screen(std::make_shared<TracingScreen>(std::make_shared<NoScreen>(), surroundings.trace)) {}
+  ScopedInstall<WorkQueues> queues;
+  ScopedInstall<VqClient> service;
+  ScopedInstall<WiFiManagerService> radio;
+  ScopedInstall<DeviceCapability> capability;
+  ScopedInstall<HsTestAutomation> automation;
+  ScopedInstall<HsDateFormatter> dates;
+  ScopedInstall<DiagnosticLog> log;
+  ScopedInstall<StringTable> texts;
+  ScopedInstall<toolkit::Screen> screen;
+};
+
+DiagnosticRun::DiagnosticRun(const scenario::Scenario& scenario,
+                             std::shared_ptr<WiFiProfileInputs> inputs, Surroundings surroundings)
+    : surroundings_(std::move(surroundings)),
+      device_(scenario, surroundings_.loop, surroundings_.trace),
+      installations_(std::make_unique<Installations>(device_, surroundings_)),
+      inputs_(std::move(inputs)),
+      controller_(std::make_shared<WiFiProfileViewController>()),
+      script_(scenario.user.value_or(std::vector<scenario::Step>()),
+              [this](const scenario::Step& step) { return perform(step); }) {
+  device_.service->setWhileServing([this](DiagnosticsTestID test) { whileServing(test); });
+}
+
+DiagnosticRun::~DiagnosticRun() = default;
+
+Ending DiagnosticRun::run() {
+  RunLoop& loop = surroundings_.loop;
+  controller_->setObserver(shared_from_this());
+  loop.postToMain([this] { start(); });
+  loop.runUntilIdle();
+  while (!isOver() && script_.hasIdleStep()) {
+    surroundings_.trace.event("screen", screenState(*controller_));
+    loop.postToMain([this] { script_.performNextStep(); });
+    loop.runUntilIdle();
+  }
+  if (!isOver()) {
+    {
+      const std::lock_guard lock(mutex_);
+      stuck_ = true;
+    }
+    loop.postToMain([this] { tearDown(); });
+    loop.runUntilIdle();
+  }
+  surroundings_.trace.event("screen", screenState(*controller_));
+  controller_->setObserver(nullptr);
+  const std::lock_guard lock(mutex_);
+  if (stuck_ || script_.failure()) return Ending::stuck;
+  if (outcome_) return Ending::finished;
+  return interrupted_ ? Ending::interrupted : Ending::tornDown;
+}
+
+void DiagnosticRun::start() {
+  surroundings_.trace.event("host.setup", {});
+  controller_->setupWithInputs(inputs_, nullptr);
+  surroundings_.trace.event("host.start", {});
+  controller_->start();
+}
+
+void DiagnosticRun::tearDown() {
+  {
+    const std::lock_guard lock(mutex_);
+    tornDown_ = true;
+  }
+  script_.end();
+  surroundings_.trace.event("host.teardown", {});
+  controller_->teardown();
+}
+
+bool DiagnosticRun::isOver() const {
+  const std::lock_guard lock(mutex_);
+  return tornDown_ || outcome_;
+}
+
+void DiagnosticRun::interrupt() {
+  // A script's wait would keep the main thread from the teardown.
+  interrupted_ = true;
+  surroundings_.loop.cutPauses();
+  surroundings_.loop.postToMain([self = shared_from_this()] {
+    if (!self->isOver()) self->tearDown();
+    self->surroundings_.loop.hurry();  // only now: the teardown cancels what is waiting
+  });
+}
+
+std::string DiagnosticRun::reason() const {
+  return script_.failure().value_or(script_.reasonForBeingStuck());
+}
+
+void DiagnosticRun::whileServing(DiagnosticsTestID test) {
+  if (!script_.hasStepDuring(test)) return;
+  surroundings_.loop.postToMain([this, test] {
+    if (!script_.hasStepDuring(test)) return;
+    script_.performNextStep();
+    if (!script_.failure()) return;
+    surroundings_.loop.hurry();
+    tearDown();
+  });
+  surroundings_.loop.waitForMain();
+}
+
+std::optional<std::string> DiagnosticRun::perform(const scenario::Step& step) {
+  using scenario::Action;
+  switch (step.action) {
+    case Action::setPower:
+      device_.radio->switchFromOutside(step.on);
+      return std::nullopt;
+    case Action::wait: {
+      surroundings_.loop.pause(step.time, interrupted_);
+      return std::nullopt;
+    }
+    case Action::teardown:
+      tearDown();
+      return std::nullopt;
+    case Action::tapNetwork:
+    case Action::tapRow:
+    case Action::tapOther:
+    case Action::pullToRefresh:
+    case Action::scrollAway:
+      return "found no table on the screen, expected the list of networks";
+    case Action::tapNext:
+      return "found no button in the navigation bar, expected the right-hand one";
+    case Action::type:
+    case Action::tapAction:
+      return "found no alert on the screen, expected one";
+  }
+  return std::nullopt;
+}
+
+void DiagnosticRun::statusCodeWasSet(const NumberRef& statusCode) {
+  surroundings_.trace.event("host.statusCode", {{"value", statusCode}});
+}
+
+void DiagnosticRun::dataWasSet(const DictionaryRef& data) {
+  surroundings_.trace.event("host.data", {{"value", data}});
+}
+
+void DiagnosticRun::finishedWasSet(bool finished) {
+  surroundings_.trace.event("host.finished", {{"value", Number::withBool(finished)}});
+  if (!finished) return;
+  script_.end();
+  {
+    const std::lock_guard lock(mutex_);
+    if (outcome_ || tornDown_) return;
+    outcome_ = Outcome{
+        .statusCode = std::get<std::int64_t>(controller_->result().statusCode()->value()),
+        .data = copyOfSections(controller_->result().data()),
+        .selectedNetworkName = inputs_->selectedNetworkName(),
+    };
+  }
+  surroundings_.loop.postToMain([this] { tearDown(); });
+}
+
+}  // namespace wifi_profile

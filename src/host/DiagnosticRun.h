@@ -1,0 +1,83 @@
+// One run of the diagnostic on a device on paper, from set-up to the last drained work.
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+
+#include "controller/WiFiProfileViewController.h"
+#include "devices/scenario/ScenarioDevice.h"
+#include "host/ProgressLine.h"
+#include "host/Report.h"
+#include "host/Script.h"
+#include "host/TraceFile.h"
+#include "platform/StringTable.h"
+#include "runtime/RunLoop.h"
+
+namespace wifi_profile {
+
+enum class Ending {
+  finished,     // the diagnostic said so; there is an outcome
+  tornDown,     // by the script, before it finished
+  interrupted,  // by the person, before it finished
+  stuck,        // the script cannot go on
+};
+
+// What a run needs of its host.
+struct Surroundings {
+  RunLoop& loop;
+  TraceFile& trace;
+  ProgressLine& line;
+  std::shared_ptr<StringTable> texts;
+};
+
+// Installs the back ends for as long as it lives, drives the run, and keeps its outcome as it stood
+// when the diagnostic first finished. One at a time in a process.
+class DiagnosticRun final : public HxDiagnosticObserver,
+                            public std::enable_shared_from_this<DiagnosticRun> {
+ public:
+  DiagnosticRun(const scenario::Scenario& scenario, std::shared_ptr<WiFiProfileInputs> inputs,
+                Surroundings surroundings);
+  ~DiagnosticRun() override;
+
+  // Main thread, once. Returns when everything has been drained.
+  Ending run();
+
+  // Any thread: ends the run early, through the host's `teardown`, unless it has finished; what is
+  // left to do then waits for nothing.
+  void interrupt();
+
+  // After `run`: the outcome of a finished one, the reason of a stuck one.
+  const Outcome& outcome() const { return *outcome_; }
+  std::string reason() const;
+
+  void statusCodeWasSet(const NumberRef& statusCode) override;
+  void dataWasSet(const DictionaryRef& data) override;
+  void finishedWasSet(bool finished) override;
+
+ private:
+  struct Installations;
+
+  void start();
+  void tearDown();
+  bool isOver() const;
+  void whileServing(DiagnosticsTestID test);
+  std::optional<std::string> perform(const scenario::Step& step);
+
+  Surroundings surroundings_;
+  scenario::ScenarioDevice device_;
+  std::unique_ptr<Installations> installations_;
+  std::shared_ptr<WiFiProfileInputs> inputs_;
+  std::shared_ptr<WiFiProfileViewController> controller_;
+  Script script_;
+
+  std::atomic<bool> interrupted_ = false;
+  mutable std::mutex mutex_;  // guards what follows
+  std::optional<Outcome> outcome_;
+  bool tornDown_ = false;
+  bool stuck_ = false;
+};
+
+}  // namespace wifi_profile

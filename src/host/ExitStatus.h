@@ -1,0 +1,15 @@
+// The program's exit statuses. A finished run exits with the absolute value of its status code.
+#pragma once
+
+namespace wifi_profile {
+
+// Figures from 64 on are those of sysexits.h, where it has one for the case.
+inline constexpr int kExitDone = 0;
+inline constexpr int kExitUsage = 64;         // wrong command line, unacceptable parameters
+inline constexpr int kExitScenario = 65;      // unusable scenario, or a step that cannot be done
+inline constexpr int kExitNoDevice = 69;      // a device that is not there
+inline constexpr int kExitOutput = 74;        // output that cannot be written
+inline constexpr int kExitTornDown = 75;      // torn down before the run finished
+inline constexpr int kExitInterrupted = 130;  // SIGINT, SIGTERM or SIGHUP
+
+}  // namespace wifi_profile

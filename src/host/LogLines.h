@@ -1,0 +1,25 @@
+// The diagnostics log of the command line: errors, to standard error and into the trace.
+#pragma once
+
+#include "host/ProgressLine.h"
+#include "platform/DiagnosticLog.h"
+#include "platform/Trace.h"
+
+namespace wifi_profile {
+
+// Any thread. What it writes to must outlive it.
+class LogLines final : public DiagnosticLog {
+ public:
+  LogLines(ProgressLine& line, Trace& trace) : line_(line), trace_(trace) {}
+
+  bool isEnabled(int /*category*/, LogLevel level) const override {
+    return level == LogLevel::error;
+  }
+  void write(int category, LogLevel level, const std::string& text) override;
+
+ private:
+  ProgressLine& line_;
+  Trace& trace_;
+};
+
+}  // namespace wifi_profile

@@ -1,0 +1,199 @@
+#include "host/RunCommand.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fmt/format.h>
+#include <system_error>
+#include <unistd.h>
+
+#include "devices/scenario/ScenarioReader.h"
+#include "host/DemoScenario.h"
+#include "host/DiagnosticRun.h"
+#include "host/ExitStatus.h"
+#include "host/Files.h"
+#include "host/Inputs.h"
+#include "runtime/BuiltInStringTable.h"
+#include "runtime/JsonReader.h"
+#include "runtime/JsonWriter.h"
+#include "runtime/SafeText.h"
+#include "runtime/ThreadRunLoop.h"
+#include "runtime/VirtualTimeRunLoop.h"
+#include "tests/Catalogue.h"
+
+namespace wifi_profile {
+namespace {
+
+// A problem that ends the program, and the status it ends with.
+struct Failure {
+  int status;
+  std::string message;
+};
+
+int complain(const Failure& failure) {
+  fmt::print(stderr, "wifi-profile: {}\n", safeText(failure.message));
+  return failure.status;
+}
+
+// A place that could not be written to, and the `errno` of that.
+std::string unwritable(std::string_view place, int error) {
+  return unexpected(place, std::generic_category().message(error), "an output that can be written")
+      .message;
+}
+
+bool environmentHas(const char* name) {
+  const char* const value = std::getenv(name);
+  return value && *value != '\0';
+}
+
+bool isTerminal(int descriptor) {
+  const char* const kind = std::getenv("TERM");
+  return isatty(descriptor) != 0 && !(kind && std::strcmp(kind, "dumb") == 0);
+}
+
+std::string_view languageFor(const RunOptions& options) {
+  if (options.language) return *options.language;
+  for (const char* const name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    if (!environmentHas(name)) continue;
+    return BuiltInStringTable::languageOfLocale(std::getenv(name)).value_or("en");
+  }
+  return "en";
+}
+
+std::variant<scenario::Scenario, Failure> readDevice(const RunOptions& options) {
+  const std::string device = options.device.value_or("linux");
+  if (device == "linux" || device.starts_with("linux:")) {
+    return Failure{kExitNoDevice, fmt::format("{}found no Wi-Fi device of this machine: this build "
+                                              "reads scenarios only; try --device demo",
+                                              options.device ? device + ": " : "")};
+  }
+  const bool demo = device == "demo";
+  auto content = demo ? std::string(kDemoScenario) : readFile(device);
+  if (const auto* problem = std::get_if<Problem>(&content)) {
+    return Failure{kExitScenario, problem->message};
+  }
+  const auto document = readJson(std::get<std::string>(content));
+  if (const auto* fault = std::get_if<JsonFault>(&document)) {
+    return Failure{kExitScenario,
+                   unexpected(fmt::format("{}:{}:{}", device, fault->line, fault->column),
+                              fault->found, fault->expected)
+                       .message};
+  }
+  auto read = scenario::readScenario(std::get<ObjectRef>(document));
+  if (const auto* fault = std::get_if<scenario::Fault>(&read)) {
+    const std::string place = fault->pointer.empty() ? "at the top" : "at " + fault->pointer;
+    return Failure{
+        kExitScenario,
+        unexpected(fmt::format("{}: {}", device, place), fault->found, fault->expected).message};
+  }
+  return std::get<scenario::Scenario>(std::move(read));
+}
+
+std::string recordText(const RunOptions& options, const Outcome& outcome, const Journal& journal) {
+  const bool onTerminal = isatty(STDOUT_FILENO) != 0;
+  const auto form = options.output.value_or(onTerminal ? OutputForm::text : OutputForm::json);
+  if (form == OutputForm::text) {
+    return reportText(outcome, journal,
+                      {.color = isTerminal(STDOUT_FILENO) && !environmentHas("NO_COLOR")});
+  }
+  return jsonText(makeDictionary(
+             {{"data", outcome.data}, {"statusCode", Number::withInteger(outcome.statusCode)}})) +
+         "\n";
+}
+
+// Follows the run on standard error.
+class Activity final : public Trace {
+ public:
+  explicit Activity(ProgressLine& line) : line_(line) {}
+  void event(std::string_view name, const Fields& fields) override {
+    if (name == "service.request") {
+      const auto test = testNamed(as<Text>(fields.front().second)->string());
+      if (test) line_.showActivity(catalogueTest(*test).label);
+    }
+    if (name == "ui.progress") line_.showProgress(as<Number>(fields.front().second)->toDouble());
+  }
+
+ private:
+  ProgressLine& line_;
+};
+
+// Prints what the run came to, and returns the exit status.
+int conclude(const DiagnosticRun& run, Ending ending, const RunOptions& options,
+             const Journal& journal) {
+  switch (ending) {
+    case Ending::finished:
+      if (writeAll(stdout, recordText(options, run.outcome(), journal))) break;
+      return complain({kExitOutput, unwritable("standard output", errno)});
+    case Ending::tornDown:
+      return complain({kExitTornDown, "torn down before the run finished; there is no record"});
+    case Ending::interrupted:
+      return complain({kExitInterrupted, "interrupted; there is no record"});
+    case Ending::stuck:
+      return complain({kExitScenario, options.device.value_or("") + ": at " + run.reason()});
+  }
+  return static_cast<int>(std::abs(run.outcome().statusCode));
+}
+
+int runOn(RunLoop& loop, const RunOptions& options, const scenario::Scenario& scenario,
+          std::shared_ptr<WiFiProfileInputs> inputs, TraceFile::File traceFile) {
+  TraceFile trace(loop, std::move(traceFile));
+  Journal journal;
+  ProgressLine line(stderr, isTerminal(STDERR_FILENO));
+  Activity activity(line);
+  trace.addListener(journal);
+  trace.addListener(activity);
+  const auto run = std::make_shared<DiagnosticRun>(
+      scenario, std::move(inputs),
+      Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>(languageFor(options))});
+  if (auto* const threads = dynamic_cast<ThreadRunLoop*>(&loop)) {
+    threads->onInterrupt([weak = std::weak_ptr(run), again = false]() mutable {
+      if (again) std::_Exit(kExitInterrupted);  // asked twice: at once
+      again = true;
+      if (const auto running = weak.lock()) running->interrupt();
+    });
+  }
+  const Ending ending = run->run();
+  line.clear();
+  const int status = conclude(*run, ending, options, journal);
+  if (const int error = trace.firstError(); error != 0) {
+    return complain({kExitOutput, unwritable(*options.traceFile, error)});
+  }
+  return status;
+}
+
+}  // namespace
+
+int runCommand(const RunOptions& options) {
+  auto inputs = inputsOf(options);
+  if (const auto* problem = std::get_if<Problem>(&inputs)) {
+    return complain({kExitUsage, problem->message});
+  }
+  auto scenario = readDevice(options);
+  if (const auto* failure = std::get_if<Failure>(&scenario)) return complain(*failure);
+  TraceFile::File traceFile;
+  if (options.traceFile) {
+    for (const auto& input : {options.device, options.parametersFile}) {
+      std::error_code missing;  // of a file that is not there: then it is not the same, either
+      if (input && std::filesystem::equivalent(*input, *options.traceFile, missing)) {
+        return complain({kExitUsage, unexpected("--trace", "a file that is read, too",
+                                                "a file that may be overwritten")
+                                         .message});
+      }
+    }
+    traceFile.reset(std::fopen(options.traceFile->c_str(), "wb"));
+    if (!traceFile) return complain({kExitOutput, unwritable(*options.traceFile, errno)});
+  }
+  std::signal(SIGPIPE, SIG_IGN);  // a reader that has gone shows as a failed write
+  std::unique_ptr<RunLoop> loop;
+  if (options.virtualTime) {
+    loop = std::make_unique<VirtualTimeRunLoop>();
+  } else {
+    loop = std::make_unique<ThreadRunLoop>();
+  }
+  return runOn(*loop, options, std::get<scenario::Scenario>(scenario),
+               std::get<std::shared_ptr<WiFiProfileInputs>>(inputs), std::move(traceFile));
+}
+
+}  // namespace wifi_profile

@@ -1,0 +1,49 @@
+#include "host/Script.h"
+
+namespace wifi_profile {
+
+void Script::end() {
+  const std::lock_guard lock(mutex_);
+  ended_ = true;
+}
+
+bool Script::hasIdleStep() const {
+  const std::lock_guard lock(mutex_);
+  return !ended_ && next_ < steps_.size() && !steps_[next_].duringTest;
+}
+
+bool Script::hasStepDuring(DiagnosticsTestID test) const {
+  const std::lock_guard lock(mutex_);
+  return !ended_ && next_ < steps_.size() && steps_[next_].duringTest == test;
+}
+
+void Script::performNextStep() {
+  std::size_t index = 0;
+  {
+    const std::lock_guard lock(mutex_);
+    index = next_++;
+  }
+  const auto obstacle = perform_(steps_[index]);
+  if (!obstacle) return;
+  const std::lock_guard lock(mutex_);
+  ended_ = true;
+  failure_ = "/user/" + std::to_string(index) + ": " + *obstacle;
+}
+
+std::optional<std::string> Script::failure() const {
+  const std::lock_guard lock(mutex_);
+  return failure_;
+}
+
+std::string Script::reasonForBeingStuck() const {
+  const std::lock_guard lock(mutex_);
+  const std::string after =
+      next_ == 0 ? "before its first step" : "after step " + std::to_string(next_ - 1);
+  if (next_ < steps_.size() && steps_[next_].duringTest) {
+    return "/user/" + std::to_string(next_) + ": the run waits " + after + ", and the test " +
+           std::string(nameOf(*steps_[next_].duringTest)) + " never comes";
+  }
+  return "/user: the run waits " + after + ", and there is no further step";
+}
+
+}  // namespace wifi_profile

@@ -1,0 +1,50 @@
+// The user of a device on paper: does what the scenario's script says, one step after another.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "devices/scenario/Scenario.h"
+
+namespace wifi_profile {
+
+// Keeps the place in a script. Steps are performed on the main thread by `perform`, which returns
+// what is in the way of a step that cannot be done. Any thread.
+class Script {
+ public:
+  using Perform = std::function<std::optional<std::string>(const scenario::Step&)>;
+
+  Script(std::vector<scenario::Step> steps, Perform perform)
+      : steps_(std::move(steps)), perform_(std::move(perform)) {}
+
+  // The script is over: left-over steps are ignored.
+  void end();
+
+  // Whether there is a step to be done at this idle moment.
+  bool hasIdleStep() const;
+  // Whether the next step is, or is not yet, one to be done while `test` is served.
+  bool hasStepDuring(DiagnosticsTestID test) const;
+
+  // Performs the next step and goes on to the one after it. Main thread; there must be one.
+  void performNextStep();
+
+  // Why the script could not go on, with the place of the step; nothing so far otherwise.
+  std::optional<std::string> failure() const;
+
+  // Why a run that is idle and unfinished cannot go on: out of steps, or waiting for a test.
+  std::string reasonForBeingStuck() const;
+
+ private:
+  const std::vector<scenario::Step> steps_;
+  const Perform perform_;
+  mutable std::mutex mutex_;  // guards what follows
+  std::size_t next_ = 0;
+  bool ended_ = false;
+  std::optional<std::string> failure_;
+};
+
+}  // namespace wifi_profile

@@ -1,0 +1,133 @@
+#include "host/ValueText.h"
+
+#include <array>
+#include <cmath>
+#include <fmt/format.h>
+#include <span>
+
+#include "platform/Array.h"
+#include "platform/Dictionary.h"
+#include "platform/Number.h"
+#include "platform/Text.h"
+#include "runtime/JsonWriter.h"
+#include "runtime/SafeText.h"
+#include "tests/Findings.h"
+
+namespace wifi_profile {
+namespace {
+
+constexpr std::size_t kLongestText = 160;  // characters that are shown of one text
+constexpr std::size_t kMostEntries = 12;   // entries that are shown of one dictionary
+
+// A summary's entry and what it is called; the rows' order is the order in which they are shown.
+struct EntryName {
+  std::string_view key;
+  std::string_view name;
+};
+constexpr std::array kPingEntries{
+    EntryName{"count", "count"},    EntryName{"packetLoss", "loss"},
+    EntryName{"avg", "mean"},       EntryName{"min", "least"},
+    EntryName{"max", "most"},       EntryName{"stddev", "deviation"},
+    EntryName{"SSID", "interface"},  // of all names, the interface's
+    EntryName{"timestamp", "at"},
+};
+constexpr std::array kRememberedEntries{
+    EntryName{"SSID", "name"},
+    EntryName{"security", "security"},
+    EntryName{"isEnabled", "enabled"},
+    EntryName{"isPasspoint", "Passpoint"},
+    EntryName{"isCaptive", "sign-in page"},
+    EntryName{"isHidden", "hidden"},
+    EntryName{"isMultiAP", "several access points"},
+    EntryName{"lastJoined", "last joined"},
+};
+
+std::span<const EntryName> entryNames(std::string_view outputKey) {
+  if (outputKey == "preferredNetwork") return kRememberedEntries;
+  if (outputKey == "pingLANResult" || outputKey == "pingWANResult") return kPingEntries;
+  return {};
+}
+
+std::string shortened(std::string text) {
+  if (characterCount(text) <= kLongestText) return text;
+  std::string_view rest = text;
+  for (std::size_t i = 0; i < kLongestText; ++i) rest.remove_prefix(firstCodePoint(rest).length);
+  return text.substr(0, text.size() - rest.size()) + "…";
+}
+
+// In quotes where the text could be taken for more than one value, or for none.
+std::string textOf(const std::string& text) {
+  const std::string safe = shownText(text);
+  const bool plain = !safe.empty() && safe.front() != ' ' && safe.back() != ' ' &&
+                     safe.find_first_of(",;()\"") == std::string::npos;
+  return plain ? safe : '"' + safe + '"';
+}
+
+std::string textOf(bool boolean) { return boolean ? "yes" : "no"; }
+std::string textOf(std::int64_t integer) { return fmt::format("{}", integer); }
+std::string textOf(std::uint64_t integer) { return fmt::format("{}", integer); }
+std::string textOf(double number) {
+  if (std::isnan(number)) return "not a number";
+  if (std::isinf(number)) return number < 0 ? "minus infinity" : "infinity";
+  return fmt::format("{:.6g}", number);
+}
+
+// A value without parts; any other as JSON.
+std::string textOf(const ObjectRef& value) {
+  if (isNullPlaceholder(value)) return "unknown";
+  if (const auto text = as<Text>(value)) return textOf(text->string());
+  if (const auto number = as<Number>(value)) {
+    return std::visit([](auto held) { return textOf(held); }, number->value());
+  }
+  return shownText(jsonText(value));
+}
+
+std::string textOf(const Array& array) {
+  std::string list;
+  for (const ObjectRef& element : array.elements()) {
+    list += (list.empty() ? "" : "/") + textOf(element);
+  }
+  return list.empty() ? "none" : shortened(std::move(list));
+}
+
+std::vector<std::string> entryPieces(std::span<const EntryName> names, Dictionary::Entries rest) {
+  std::vector<std::string> pieces;
+  for (const EntryName& entry : names) {
+    const auto found = rest.find(entry.key);
+    if (found == rest.end()) continue;
+    pieces.push_back(fmt::format("{} {}", entry.name, textOf(found->second)));
+    rest.erase(found);
+  }
+  for (const auto& [key, value] : rest) {
+    if (pieces.size() == kMostEntries) {
+      pieces.emplace_back("…");
+      break;
+    }
+    pieces.push_back(fmt::format("{} {}", textOf(key), textOf(value)));
+  }
+  return pieces;
+}
+
+}  // namespace
+
+std::string shownText(std::string_view text) { return shortened(safeText(text)); }
+
+std::vector<std::string> valuePieces(std::string_view outputKey, const ObjectRef& value) {
+  const ValueFinding* finding = valueFinding(outputKey);
+  const std::string name = finding ? std::string(finding->name) : textOf(std::string(outputKey));
+  if (const auto dictionary = as<Dictionary>(value)) {
+    auto pieces = entryPieces(entryNames(outputKey), dictionary->entries());
+    if (pieces.empty()) pieces.emplace_back("nothing");
+    pieces.front() = name + ": " + pieces.front();
+    return pieces;
+  }
+  const auto array = as<Array>(value);
+  std::string piece = name + ' ' + (array ? textOf(*array) : textOf(value));
+  const auto number = as<Number>(value);
+  if (number && !number->isBoolean() && finding && !finding->unit.empty()) {
+    piece += fmt::format(" {}", finding->unit);
+  }
+  return {piece};
+}
+
+}  // namespace wifi_profile

@@ -1,0 +1,48 @@
+#include <cstdio>
+#include <fmt/format.h>
+
+#include "host/CommandLine.h"
+#include "host/ExitStatus.h"
+#include "host/ExplainCommand.h"
+#include "host/Files.h"
+#include "host/RunCommand.h"
+#include "host/TestsCommand.h"
+#include "runtime/SafeText.h"
+
+namespace wifi_profile {
+namespace {
+
+int print(const std::string& text) {
+  if (writeAll(stdout, text)) return kExitDone;
+  std::fputs("wifi-profile: standard output cannot be written\n", stderr);
+  return kExitOutput;
+}
+
+int execute(const RunOptions& options) { return runCommand(options); }
+
+int execute(const TestsOptions& options) { return print(options.json ? testsJson() : testsText()); }
+
+int execute(const ExplainOptions& options) {
+  if (!options.key) return print(allKeysText());
+  if (const auto text = explainText(*options.key)) return print(*text);
+  const auto similar = similarKeys(*options.key);
+  fmt::print(stderr, "wifi-profile: explain: found \"{}\", expected a key of the record{}{}\n",
+             safeText(*options.key), similar.empty() ? "; try 'wifi-profile explain'" : " such as ",
+             fmt::join(similar, ", "));
+  return kExitUsage;
+}
+
+int execute(const EarlyExit& exit) {
+  if (exit.status == kExitDone) return print(exit.text);
+  std::fputs(exit.text.c_str(), stderr);
+  return exit.status;
+}
+
+}  // namespace
+}  // namespace wifi_profile
+
+int main(int argc, char** argv) {
+  using namespace wifi_profile;
+  return std::visit([](const auto& command) { return execute(command); },
+                    parseCommandLine({argv + 1, argv + argc}));
+}

@@ -1,0 +1,74 @@
+// docs/CHECKS.md lists every test and every value from the same tables as the program. After a
+// change of a table, write it anew: WIFI_PROFILE_WRITE_GOLDEN=1 wifi_profile_tests
+// --gtest_filter='ChecksDocument.*'
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+
+#include "tests/Catalogue.h"
+#include "tests/Findings.h"
+
+namespace wifi_profile {
+namespace {
+
+constexpr const char* kDocument = WIFI_PROFILE_SOURCE_DIR "/docs/CHECKS.md";
+
+constexpr const char* kIntroduction = R"(# What is checked
+
+Every test asks the device's diagnostics service one question and stores the answer, yes or no, under its
+first key; some store values besides. `wifi-profile explain KEY` says more of each key, with advice.
+D: a test of the device, C: of the current network, S: of the selected network.
+
+| Test | Name | In | Question | Yes is | No is | Keys |
+|---|---|---|---|---|---|---|
+)";
+
+const char* wordFor(Mark mark) {
+  return mark == Mark::good      ? "good"
+         : mark == Mark::look    ? "worth a look"
+         : mark == Mark::problem ? "a problem"
+                                 : "a fact";
+}
+
+template <class Batch>
+const char* letterIf(const Batch& batch, DiagnosticsTestID id, const char* letter) {
+  return std::find(batch.begin(), batch.end(), id) == batch.end() ? "" : letter;
+}
+
+std::string document() {
+  std::ostringstream out;
+  out << kIntroduction;
+  for (const CatalogueTest& test : kCatalogue) {
+    const VerdictFinding& finding = *verdictFinding(test.resultKey);
+    out << "| " << static_cast<int>(test.id) << " | " << test.member() << " | "
+        << letterIf(kDeviceConfigurationBatch, test.id, "D")
+        << letterIf(kCurrentNetworkBatch, test.id, "C")
+        << letterIf(kSelectedNetworkBatch, test.id, "S") << " | " << finding.question << " | "
+        << wordFor(finding.yes.mark) << " | " << wordFor(finding.no.mark) << " | `"
+        << test.resultKey << "`";
+    for (const InformationCopy& copy : test.information()) {
+      if (!copy.outputKey.empty()) out << ", `" << copy.outputKey << "`";
+    }
+    out << " |\n";
+  }
+  out << "\n`NoScanResults` belongs to no run of tests: the list of networks asks it.\n"
+         "\n| Value | Is | Unit | |\n|---|---|---|---|\n";
+  for (const ValueFinding& finding : valueFindings()) {
+    out << "| `" << finding.key << "` | " << finding.name << " | " << finding.unit << " | "
+        << finding.explanation << " |\n";
+  }
+  return out.str();
+}
+
+TEST(ChecksDocument, SaysWhatTheTablesSay) {
+  if (std::getenv("WIFI_PROFILE_WRITE_GOLDEN")) std::ofstream(kDocument) << document();
+  std::ostringstream kept;
+  kept << std::ifstream(kDocument).rdbuf();
+  EXPECT_EQ(kept.str(), document());
+}
+
+}  // namespace
+}  // namespace wifi_profile

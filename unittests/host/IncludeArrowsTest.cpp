@@ -1,0 +1,87 @@
+// Holds the tree to the arrows between its rooms.
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Rooms = std::set<std::string>;
+
+// Which rooms a room may include, besides itself.
+const std::map<std::string, Rooms> kArrows{
+    {"platform", {}},
+    {"controller", {"platform", "tests", "wifi", "ui"}},
+    {"tests", {"platform", "controller", "wifi", "ui"}},
+    {"wifi", {"platform", "controller", "tests", "ui"}},
+    {"ui", {"platform", "controller", "tests", "wifi"}},
+    {"runtime", {"platform"}},
+    {"devices", {"platform"}},
+    {"screens", {"platform"}},
+    {"host", {"platform", "controller", "tests", "wifi", "ui", "runtime", "devices", "screens"}},
+};
+
+// Files outside the host that may include a package's headers, by the first part of the path.
+const std::map<std::string, Rooms> kPackages{
+    {"runtime/JsonReader.cpp", {"nlohmann"}},
+    {"runtime/ThreadRunLoop.cpp", {"asio"}},
+};
+
+struct Include {
+  std::string file;  // below src/
+  std::string header;
+  bool quoted;
+};
+
+std::vector<Include> allIncludes() {
+  static const std::regex kDirective(R"(\s*#\s*include\s*([<"])([^>"]+)[>"].*)");
+  const fs::path root = fs::path(WIFI_PROFILE_SOURCE_DIR) / "src";
+  std::vector<Include> includes;
+  for (const auto& entry : fs::recursive_directory_iterator(root)) {
+    const std::string ending = entry.path().extension();
+    if (ending != ".h" && ending != ".cpp" && ending != ".in") continue;
+    std::ifstream file(entry.path());
+    for (std::string line; std::getline(file, line);) {
+      std::smatch match;
+      if (!std::regex_match(line, match, kDirective)) continue;
+      includes.push_back(
+          {fs::relative(entry.path(), root).generic_string(), match[2], match[1] == "\""});
+    }
+  }
+  return includes;
+}
+
+std::string firstPart(const std::string& path) { return path.substr(0, path.find('/')); }
+
+TEST(IncludeArrows, OfTheProjectGoOneWay) {
+  const auto includes = allIncludes();
+  ASSERT_GT(includes.size(), 100U);
+  for (const Include& include : includes) {
+    if (!include.quoted) continue;
+    const std::string from = firstPart(include.file);
+    const std::string to = firstPart(include.header);
+    ASSERT_TRUE(kArrows.contains(from)) << include.file;
+    EXPECT_TRUE(from == to || kArrows.at(from).contains(to))
+        << include.file << " includes " << include.header;
+  }
+}
+
+TEST(IncludeArrows, OfPackagesStayInTheFilesThatAreMeantForThem) {
+  for (const Include& include : allIncludes()) {
+    if (include.quoted || firstPart(include.file) == "host") continue;
+    // Standard headers have neither a folder nor an ending.
+    const bool standard = include.header.find_first_of("/.") == std::string::npos;
+    const auto allowed = kPackages.find(include.file);
+    EXPECT_TRUE(standard ||
+                (allowed != kPackages.end() && allowed->second.contains(firstPart(include.header))))
+        << include.file << " includes <" << include.header << ">";
+  }
+}
+
+}  // namespace

@@ -1,0 +1,352 @@
+// The report that a person reads.
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <sstream>
+#include <vector>
+
+#include "host/Report.h"
+#include "platform/Array.h"
+#include "platform/Number.h"
+#include "runtime/SafeText.h"
+#include "tests/Catalogue.h"
+
+namespace wifi_profile {
+namespace {
+
+ObjectRef yes() { return Number::withBool(true); }
+ObjectRef no() { return Number::withBool(false); }
+ObjectRef integer(std::int64_t value) { return Number::withInteger(value); }
+ObjectRef decimal(double value) { return Number::withDouble(value); }
+ObjectRef text(std::string_view value) { return makeText(value); }
+ObjectRef list(std::vector<ObjectRef> elements) {
+  return std::make_shared<const Array>(std::move(elements));
+}
+
+class Report : public testing::Test {
+ protected:
+  void joinTo(std::string_view name) {
+    journal_.event("service.status",
+                   {{"error", nullptr}, {"ssid", text(name)}, {"bssid", nullptr}});
+  }
+
+  // `selectedName`: the "NetworkName" of the request's configuration, empty for none.
+  void request(DiagnosticsTestID test, std::string_view selectedName = {}) {
+    const DictionaryRef configuration = selectedName.empty()
+                                            ? makeDictionary({})
+                                            : makeDictionary({{"NetworkName", text(selectedName)}});
+    journal_.event("service.request", {{"test", text(nameOf(test))},
+                                       {"id", integer(static_cast<std::int32_t>(test))},
+                                       {"configuration", configuration}});
+  }
+
+  void log(const std::string& line) {
+    journal_.event("log", {{"category", integer(3)},
+                           {"level", text("error")},
+                           {"text", text("[ERROR] - Wi-Fi Profile: " + line)}});
+  }
+
+  std::string report(bool color = false) const {
+    const DictionaryRef data = makeDictionary({{"device", makeDictionary(device_)},
+                                               {"currentNetwork", makeDictionary(current_)},
+                                               {"selectedNetwork", makeDictionary(selected_)}});
+    return reportText({statusCode_, data, selectedName_}, journal_, {color});
+  }
+
+  Journal journal_;
+  Dictionary::Entries device_;
+  Dictionary::Entries current_;
+  Dictionary::Entries selected_;
+  TextRef selectedName_;
+  std::int64_t statusCode_ = 0;
+};
+
+bool contains(const std::string& whole, std::string_view part) {
+  return whole.find(part) != std::string::npos;
+}
+
+std::size_t timesIn(const std::string& whole, std::string_view part) {
+  std::size_t times = 0;
+  for (std::size_t at = 0; (at = whole.find(part, at)) != std::string::npos; at += part.size()) {
+    ++times;
+  }
+  return times;
+}
+
+std::string headline(const std::string& report) { return report.substr(0, report.find('\n')); }
+
+TEST_F(Report, SumsUpInItsFirstLine) {
+  current_ = {{"pingedLAN", yes()},
+              {"pingedWAN", no()},
+              {"hasPoorSignal", yes()},
+              {"isCaptive", yes()},
+              {"isPasspointNetwork", no()}};
+  EXPECT_EQ(headline(report()), "Wi-Fi profile: 2 problems, 1 thing worth a look, 2 fine");
+}
+
+TEST_F(Report, SaysThatThereAreNoProblems) {
+  device_ = {{"isUsingCustomDNS", no()}};
+  EXPECT_EQ(headline(report()), "Wi-Fi profile: no problems, 1 fine");
+}
+
+TEST_F(Report, SaysSoWhenNothingWasTested) {
+  EXPECT_EQ(headline(report()), "Wi-Fi profile: nothing was tested");
+  EXPECT_EQ(headline(reportText({}, journal_, {})), "Wi-Fi profile: nothing was tested");
+}
+
+TEST_F(Report, PutsTheMoreUrgentFirst) {
+  current_ = {{"pingedLAN", yes()},
+              {"isPasspointNetwork", no()},
+              {"isCaptive", yes()},
+              {"hasPoorSignal", yes()}};
+  const std::string shown = report();
+  EXPECT_LT(shown.find("✗ The signal"), shown.find("! The network has a sign-in page"));
+  EXPECT_LT(shown.find("! The network has a sign-in page"), shown.find("· The network is not"));
+  EXPECT_LT(shown.find("· The network is not"), shown.find("✓ The router answers."));
+}
+
+TEST_F(Report, GivesAdviceBeneathAProblem) {
+  current_ = {{"pingedLAN", no()}};
+  EXPECT_TRUE(contains(report(), "  ✗ The router does not answer.\n    → Go nearer"));
+}
+
+TEST_F(Report, ShowsAValueWithItsUnitInTheSentenceOfItsVerdict) {
+  current_ = {{"hasPoorSignal", yes()}, {"RSSI", integer(-78)}, {"noise", decimal(-92.5)}};
+  EXPECT_TRUE(contains(report(), "✗ The signal is weak (RSSI -78 dBm, noise -92.5 dBm).\n"));
+}
+
+TEST_F(Report, ShowsASharedValueOnceWithTheMostUrgentFinding) {
+  current_ = {{"isUsingOpenSecurity", no()},
+              {"isUsingWEPSecurity", yes()},
+              {"isUsingWPASecurity", no()},
+              {"security", text("WEP")}};
+  const std::string shown = report();
+  EXPECT_EQ(timesIn(shown, "security WEP"), 1U);
+  EXPECT_TRUE(contains(shown, "✗ The network uses WEP, which was broken long ago (security WEP)."));
+}
+
+TEST_F(Report, ShowsASharedValueInEverySectionThatHoldsIt) {
+  current_ = {{"isUsingOpenSecurity", no()}, {"security", text("WPA3")}};
+  selected_ = {{"isUsingOpenSecurity", no()}, {"security", text("WPA2")}};
+  EXPECT_TRUE(contains(report(), "(security WPA3)"));
+  EXPECT_TRUE(contains(report(), "(security WPA2)"));
+}
+
+TEST_F(Report, ShowsAListWithStrokesBetween) {
+  current_ = {{"hasConflictingPHYMode11AC", no()},
+              {"supportedPHYModes", list({text("11n"), text("11ac")})}};
+  EXPECT_TRUE(contains(report(), "(radio modes 11n/11ac)."));
+}
+
+TEST_F(Report, ShowsPingsWithoutAUnitAndTheMissingAsUnknown) {
+  current_ = {{"pingedLAN", yes()},
+              {"pingLANResult", makeDictionary({{"SSID", nullPlaceholder()},
+                                                {"count", integer(10)},
+                                                {"packetLoss", decimal(0)},
+                                                {"min", decimal(1.25)},
+                                                {"max", decimal(std::nan(""))},
+                                                {"avg", nullPlaceholder()},
+                                                {"stddev", decimal(0.5)},
+                                                {"timestamp", text("2024-05-01T10:00:00Z")}})}};
+  const std::string shown = report();
+  EXPECT_TRUE(contains(shown, "pings: count 10, loss 0, mean unknown, least 1.25, "));
+  EXPECT_TRUE(contains(shown, "most not a number, deviation 0.5,"));
+  EXPECT_TRUE(contains(shown, "interface unknown, at 2024-05-01T10:00:00Z"));
+}
+
+TEST_F(Report, TakesTheScansIntegerForAVerdict) {
+  current_ = {{"foundScanResults", integer(0)}};
+  EXPECT_TRUE(contains(report(), "! The scan found no network."));
+  current_ = {{"foundScanResults", integer(1)}};
+  EXPECT_TRUE(contains(report(), "✓ The scan found networks."));
+}
+
+TEST_F(Report, NamesTheNetworksInTheHeadings) {
+  joinTo("Home");
+  selectedName_ = makeText("Cafe");
+  EXPECT_TRUE(contains(report(), "\nCurrent network: Home\n"));
+  EXPECT_TRUE(contains(report(), "\nSelected network: Cafe\n"));
+}
+
+TEST_F(Report, SaysWhyTheNetworkSectionsAreEmpty) {
+  const std::string shown = report();
+  EXPECT_TRUE(contains(shown, "Current network\n  The device is not joined to a network.\n"));
+  EXPECT_TRUE(contains(shown, "Selected network\n  No other network was selected.\n"));
+}
+
+TEST_F(Report, SaysThatTheSelectedNetworkIsTheCurrentOne) {
+  joinTo("Home");
+  selectedName_ = makeText("Home");
+  EXPECT_TRUE(contains(report(), "Selected network: Home\n  It is the current network"));
+}
+
+TEST_F(Report, SaysThatANameAsksNotToBeSurveyed) {
+  joinTo("Home_NoMap");
+  selectedName_ = makeText("Cafe_nomap");
+  statusCode_ = -7;
+  EXPECT_EQ(timesIn(report(), "  Left alone: a name that ends with _nomap"), 2U);
+}
+
+TEST_F(Report, SaysThatTheStatusCouldNotBeAsked) {
+  journal_.event("service.status", {{"error", integer(9)}, {"ssid", nullptr}, {"bssid", nullptr}});
+  log("Status failed with error: no bus");
+  EXPECT_TRUE(contains(report(), "could not be asked which network it is joined to"));
+  EXPECT_TRUE(contains(report(), "no bus"));
+}
+
+TEST_F(Report, SaysWhyARunWasCutShort) {
+  for (const std::int64_t code : {-2, -3, -4, -5}) {
+    statusCode_ = code;
+    const std::string shown = report();
+    EXPECT_EQ(headline(shown), "Wi-Fi profile: cut short before the tests");
+    EXPECT_EQ(timesIn(shown, "  ✗ Wi-Fi "), 1U) << code;
+    EXPECT_FALSE(contains(shown, "\nDevice\n")) << code;
+  }
+}
+
+TEST_F(Report, KeepsTheScanOfARunThatWasCutShort) {
+  statusCode_ = -5;
+  current_ = {{"foundScanResults", integer(1)}};
+  EXPECT_TRUE(contains(report(), "\nCurrent network\n  ✓ The scan found networks.\n"));
+}
+
+TEST_F(Report, ListsWhatCouldNotBeFoundOutWithTheReason) {
+  request(DiagnosticsTestID::ResolveDNS);
+  log("Resolve DNS failed with error: timed out");
+  request(DiagnosticsTestID::PingLAN);
+  const std::string shown = report();
+  EXPECT_TRUE(contains(shown,
+                       "? Can names of sites be looked up (DNS)? "
+                       "(Resolve DNS failed with error: timed out)\n"));
+  EXPECT_TRUE(contains(shown, "? Does the router answer? (no reason was given)\n"));
+  EXPECT_TRUE(contains(headline(shown), "2 not found out"));
+}
+
+TEST_F(Report, ListsAMissingDetailOfAnAnsweredTest) {
+  request(DiagnosticsTestID::PoorSignal);
+  log("RSSI not found.");
+  current_ = {{"hasPoorSignal", no()}};
+  const std::string shown = report();
+  EXPECT_TRUE(contains(shown, "✓ The signal is strong enough.\n"));
+  EXPECT_TRUE(contains(shown, "? Is the signal weak? Answered, but not in full (RSSI not found)."));
+  EXPECT_FALSE(contains(headline(shown), "not found out"));
+}
+
+TEST_F(Report, KeepsTheUnansweredOfTheSelectedNetworkInItsOwnSection) {
+  selectedName_ = makeText("Cafe");
+  request(DiagnosticsTestID::PoorSignal, "Cafe");
+  const std::string shown = report();
+  EXPECT_LT(shown.find("Selected network: Cafe"), shown.find("? Is the signal weak?"));
+  EXPECT_EQ(timesIn(shown, "? Is the signal weak?"), 1U);
+}
+
+TEST_F(Report, ShowsEveryAnsweredTestOfAFullRun) {
+  const auto fill = [](const auto& batch, Dictionary::Entries& section) {
+    for (const DiagnosticsTestID id : batch) {
+      section.emplace(std::string(catalogueTest(id).resultKey), yes());
+    }
+  };
+  fill(kDeviceConfigurationBatch, device_);
+  fill(kCurrentNetworkBatch, current_);
+  fill(kSelectedNetworkBatch, selected_);
+  const std::string shown = report();
+  const std::size_t findings = timesIn(shown, "\n  ✗ ") + timesIn(shown, "\n  ! ") +
+                               timesIn(shown, "\n  · ") + timesIn(shown, "\n  ✓ ");
+  EXPECT_EQ(findings, 56U);
+}
+
+TEST_F(Report, ShowsNoControlCharacterOfANetworkName) {
+  joinTo("a\x1B[2Jb\r\n\xC2\x9B-\xFF");
+  selectedName_ = makeText("\xE2\x80\xAE\x07");
+  current_ = {{"isUsingAmbiguousNetworkName", yes()}, {"networkName", text("x\x1B]0;y\x07z")}};
+  selected_ = {{"isUsingOpenSecurity", no()},
+               {"security", makeDictionary({{"\x1B[31m", text("\x1B[0m")}})}};
+  request(DiagnosticsTestID::PingLAN);
+  log("Ping LAN failed with error: \x1B[8m\nhidden");
+  const std::string shown = report();
+  std::istringstream lines(shown);
+  for (std::string line; std::getline(lines, line);) EXPECT_EQ(line, safeText(line));
+  EXPECT_TRUE(contains(shown, "\nCurrent network: a\\u{1B}[2Jb\\u{D}\\u{A}"));
+}
+
+TEST_F(Report, ColoursOnlyWhenAskedAndNeverWithoutASign) {
+  current_ = {{"pingedLAN", no()}};
+  EXPECT_FALSE(contains(report(), "\x1B"));
+  const std::string colored = report(true);
+  EXPECT_TRUE(contains(colored, "\x1B[31m✗\x1B[0m The router does not answer."));
+  std::string bare;
+  for (std::size_t i = 0; i < colored.size(); ++i) {
+    if (colored[i] == '\x1B') {
+      i = colored.find('m', i);
+    } else {
+      bare += colored[i];
+    }
+  }
+  EXPECT_EQ(bare, report());
+}
+
+TEST_F(Report, CutsOffAVeryLongText) {
+  current_ = {{"isHostedByBrellinBaseStation", yes()},
+              {"brellinModelName", text(std::string(1'000'000, 'm'))}};
+  EXPECT_LT(report().size(), 1'000U);
+}
+
+TEST_F(Report, QuotesATextThatCouldBeTakenForMoreValues) {
+  current_ = {{"hasPoorSignal", yes()}, {"RSSI", text("-20 dBm, noise -95")}};
+  EXPECT_TRUE(contains(report(), "(RSSI \"-20 dBm, noise -95\")."));
+}
+
+TEST_F(Report, CallsAVerdictOfAnotherKindUnknown) {
+  current_ = {{"pingedLAN", text("maybe")}, {"pingedWAN", decimal(1)}};
+  const std::string shown = report();
+  EXPECT_TRUE(contains(shown, "? Does the router answer? (not an answer: \"maybe\")\n"));
+  EXPECT_TRUE(contains(shown, "? Does the internet answer? (not an answer: 1.0)\n"));
+  EXPECT_TRUE(contains(headline(shown), "2 not found out"));
+}
+
+TEST_F(Report, EndsEveryLineWhateverKindsOfValuesItIsGiven) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  const std::vector<ObjectRef> kinds{
+      yes(),
+      integer(-1),
+      Number::withUnsigned(~std::uint64_t{0}),
+      decimal(-infinity),
+      decimal(1e300),
+      text(""),
+      nullPlaceholder(),
+      list({}),
+      list({nullPlaceholder(), list({text("a")}), makeDictionary({})}),
+      makeDictionary({}),
+      makeDictionary({{"a", list({integer(1)})}, {"b", makeDictionary({{"c", yes()}})}})};
+  for (const ObjectRef& kind : kinds) {
+    for (const CatalogueTest& test : kCatalogue) {
+      auto& section = test.subject == TestSubject::device ? device_ : current_;
+      section[std::string(test.resultKey)] = yes();
+      for (const InformationCopy& copy : test.information()) {
+        if (!copy.outputKey.empty()) section[std::string(copy.outputKey)] = kind;
+      }
+    }
+    const std::string shown = report();
+    EXPECT_TRUE(shown.ends_with('\n'));
+    EXPECT_EQ(timesIn(shown, "RSSI"), 1U);
+    for (auto* section : {&device_, &current_}) {
+      for (auto& [key, value] : *section) value = kind;
+    }
+    EXPECT_TRUE(report().ends_with('\n'));
+  }
+}
+
+TEST_F(Report, KeepsItsOwnLinesWithinAHundredColumns) {
+  for (const CatalogueTest& test : kCatalogue) {
+    auto& section = test.subject == TestSubject::device ? device_ : current_;
+    section[std::string(test.resultKey)] = yes();
+    for (const InformationCopy& copy : test.information()) {
+      if (!copy.outputKey.empty()) section[std::string(copy.outputKey)] = integer(-1234);
+    }
+  }
+  std::istringstream lines(report());
+  for (std::string line; std::getline(lines, line);) EXPECT_LE(characterCount(line), 100U) << line;
+}
+
+}  // namespace
+}  // namespace wifi_profile

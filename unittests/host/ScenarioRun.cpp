@@ -1,0 +1,89 @@
+#include "host/ScenarioRun.h"
+
+#include <cstdio>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <unistd.h>
+
+#include "devices/scenario/ScenarioReader.h"
+#include "runtime/BuiltInStringTable.h"
+#include "runtime/JsonReader.h"
+#include "runtime/JsonWriter.h"
+#include "runtime/VirtualTimeRunLoop.h"
+
+namespace wifi_profile::testing {
+namespace {
+
+struct FileCloser {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, FileCloser>;
+
+std::string contentOf(std::FILE* file) {
+  std::string content;
+  std::rewind(file);
+  for (int c = std::fgetc(file); c != EOF; c = std::fgetc(file)) content += static_cast<char>(c);
+  return content;
+}
+
+std::string contentOf(const std::string& path) {
+  std::ostringstream content;
+  content << std::ifstream(path, std::ios::binary).rdbuf();
+  return content.str();
+}
+
+std::shared_ptr<WiFiProfileInputs> inputsFor(const std::optional<std::string>& networkName) {
+  Dictionary::Entries parameters{{"maxScanCacheAge", Number::withUnsigned(60)},
+                                 {"reprofileWithUI", Number::withBool(false)}};
+  if (networkName) parameters["networkName"] = makeText(*networkName);
+  auto inputs = std::make_shared<WiFiProfileInputs>();
+  EXPECT_TRUE(inputs->validateAndInitializeParameters(makeDictionary(std::move(parameters))));
+  return inputs;
+}
+
+}  // namespace
+
+std::string projectFile(const std::string& path) {
+  const std::string content = contentOf(std::string(WIFI_PROFILE_SOURCE_DIR "/") + path);
+  EXPECT_FALSE(content.empty()) << path;
+  return content;
+}
+
+ScenarioResult runScenario(const std::string& json, RunLoop& loop,
+                           const std::optional<std::string>& networkName) {
+  const auto document = readJson(json);
+  const auto read = scenario::readScenario(std::get<ObjectRef>(document));
+  const std::string tracePath =
+      ::testing::TempDir() + "trace-" + std::to_string(::getpid()) + ".ndjson";
+  const File lines(std::tmpfile());
+  ScenarioResult result{};
+  {
+    TraceFile trace(loop, TraceFile::File(std::fopen(tracePath.c_str(), "wb")));
+    ProgressLine line(lines.get(), false);
+    const auto run = std::make_shared<DiagnosticRun>(
+        std::get<scenario::Scenario>(read), inputsFor(networkName),
+        Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>(kKeysLanguage)});
+    result.ending = run->run();
+    if (result.ending == Ending::finished) {
+      result.record = jsonText(makeDictionary(
+                          {{"data", run->outcome().data},
+                           {"statusCode", Number::withInteger(run->outcome().statusCode)}})) +
+                      "\n";
+    }
+    if (result.ending == Ending::stuck) result.reason = run->reason();
+    EXPECT_EQ(trace.firstError(), 0);
+  }
+  result.trace = contentOf(tracePath);
+  result.lines = contentOf(lines.get());
+  std::remove(tracePath.c_str());
+  return result;
+}
+
+ScenarioResult runInVirtualTime(const std::string& json, std::uint64_t seed,
+                                const std::optional<std::string>& networkName) {
+  VirtualTimeRunLoop loop(seed);
+  return runScenario(json, loop, networkName);
+}
+
+}  // namespace wifi_profile::testing

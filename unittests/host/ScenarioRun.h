@@ -1,0 +1,32 @@
+// Runs scenarios inside a test process.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "host/DiagnosticRun.h"
+#include "runtime/RunLoop.h"
+
+namespace wifi_profile::testing {
+
+// What came out of a run.
+struct ScenarioResult {
+  Ending ending;
+  std::string record;  // as JSON; empty when the run did not finish
+  std::string trace;   // JSON lines
+  std::string lines;   // standard error
+  std::string reason;  // of a run that got stuck
+};
+
+// A scenario file of the project, such as "scenarios/demo.json".
+std::string projectFile(const std::string& path);
+
+// Runs the scenario that `json` holds, which must be a good one, on `loop`.
+ScenarioResult runScenario(const std::string& json, RunLoop& loop,
+                           const std::optional<std::string>& networkName = std::nullopt);
+
+// The same in virtual time.
+ScenarioResult runInVirtualTime(const std::string& json, std::uint64_t seed = 0,
+                                const std::optional<std::string>& networkName = std::nullopt);
+
+}  // namespace wifi_profile::testing
