@@ -1,0 +1,109 @@
+// What the diagnostic costs on top of its service, and what writing its record costs.
+
+#include <benchmark/benchmark.h>
+#include <cstdio>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "devices/scenario/ScenarioReader.h"
+#include "host/DiagnosticRun.h"
+#include "runtime/BuiltInStringTable.h"
+#include "runtime/JsonReader.h"
+#include "runtime/JsonWriter.h"
+#include "runtime/VirtualTimeRunLoop.h"
+#include "tests/Catalogue.h"
+
+namespace wifi_profile {
+namespace {
+
+class Nowhere final : public Trace {
+ public:
+  void event(std::string_view /*name*/, const Fields& /*fields*/) override {}
+};
+
+const std::string& demoText() {
+  static const std::string text = [] {
+    std::ostringstream content;
+    content << std::ifstream(WIFI_PROFILE_SOURCE_DIR "/scenarios/demo.json").rdbuf();
+    return content.str();
+  }();
+  return text;
+}
+
+const scenario::Scenario& demo() {
+  static const scenario::Scenario read = std::get<scenario::Scenario>(
+      scenario::readScenario(std::get<ObjectRef>(readJson(demoText()))));
+  return read;
+}
+
+Outcome runDemo() {
+  static std::FILE* const nowhere = std::fopen("/dev/null", "w");
+  auto inputs = std::make_shared<WiFiProfileInputs>();
+  inputs->validateAndInitializeParameters(
+      makeDictionary({{"maxScanCacheAge", Number::withUnsigned(60)},
+                      {"reprofileWithUI", Number::withBool(false)},
+                      {"networkName", makeText("Café Linde")}}));
+  VirtualTimeRunLoop loop;
+  TraceFile trace(loop, nullptr);
+  ProgressLine line(nowhere, false);
+  const auto run = std::make_shared<DiagnosticRun>(
+      demo(), inputs, Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>("en")});
+  run->run();
+  return run->outcome();
+}
+
+// The reference: the same 56 requests put to the same service, and nothing done with the answers.
+void serviceAlone(benchmark::State& state) {
+  Nowhere trace;
+  for (auto _ : state) {
+    VirtualTimeRunLoop loop;
+    loop.postToGlobal([&] {
+      scenario::ScenarioService service(demo(), loop, trace);
+      const auto ask = [&](const auto& batch) {
+        for (const DiagnosticsTestID test : batch) {
+          VqErrorRef error;
+          benchmark::DoNotOptimize(service.runDiagnosticsTests(
+              {VqDiagnosticsTestRequest::requestWithTestID(test, nullptr)}, nullptr, nullptr,
+              error));
+        }
+      };
+      ask(kDeviceConfigurationBatch);
+      ask(kCurrentNetworkBatch);
+      ask(kSelectedNetworkBatch);
+    });
+    loop.runUntilIdle();
+  }
+}
+BENCHMARK(serviceAlone)->UseRealTime();
+
+void wholeRun(benchmark::State& state) {
+  for (auto _ : state) benchmark::DoNotOptimize(runDemo());
+}
+BENCHMARK(wholeRun)->UseRealTime();
+
+// The reference for reading: the JSON library's own tree of the same text.
+void readByTheLibrary(benchmark::State& state) {
+  for (auto _ : state) benchmark::DoNotOptimize(nlohmann::json::parse(demoText()));
+}
+BENCHMARK(readByTheLibrary);
+
+void readAsValues(benchmark::State& state) {
+  for (auto _ : state) benchmark::DoNotOptimize(readJson(demoText()));
+}
+BENCHMARK(readAsValues);
+
+void writeByTheLibrary(benchmark::State& state) {
+  const auto record = nlohmann::json::parse(jsonText(runDemo().data));
+  for (auto _ : state) benchmark::DoNotOptimize(record.dump());
+}
+BENCHMARK(writeByTheLibrary);
+
+void writeOfValues(benchmark::State& state) {
+  const DictionaryRef record = runDemo().data;
+  for (auto _ : state) benchmark::DoNotOptimize(jsonText(record));
+}
+BENCHMARK(writeOfValues);
+
+}  // namespace
+}  // namespace wifi_profile

@@ -1,0 +1,64 @@
+// Any bytes as a scenario file: refused with a place, or run to its end in virtual time.
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "devices/scenario/ScenarioReader.h"
+#include "host/DiagnosticRun.h"
+#include "runtime/BuiltInStringTable.h"
+#include "runtime/JsonReader.h"
+#include "runtime/JsonWriter.h"
+#include "runtime/SafeText.h"
+#include "runtime/VirtualTimeRunLoop.h"
+
+using namespace wifi_profile;
+
+namespace {
+
+// Ends the process where the program's promise does not hold.
+void require(bool holds) {
+  if (!holds) std::abort();
+}
+
+void requireSafe(const std::string& text) {
+  std::string lines = text;
+  std::erase(lines, '\n');
+  require(safeText(lines) == lines);
+}
+
+void runIt(const scenario::Scenario& scenario) {
+  static std::FILE* const nowhere = std::fopen("/dev/null", "w");
+  auto inputs = std::make_shared<WiFiProfileInputs>();
+  require(inputs->validateAndInitializeParameters(
+      makeDictionary({{"maxScanCacheAge", Number::withUnsigned(60)},
+                      {"reprofileWithUI", Number::withBool(false)},
+                      {"networkName", makeText("Lab")}})));
+  VirtualTimeRunLoop loop;
+  TraceFile trace(loop, nullptr);
+  Journal journal;
+  trace.addListener(journal);
+  ProgressLine line(nowhere, false);
+  const auto run = std::make_shared<DiagnosticRun>(
+      scenario, inputs,
+      Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>("en")});
+  if (run->run() != Ending::finished) return;
+  requireSafe(reportText(run->outcome(), journal, {}));
+  const std::string record = jsonText(run->outcome().data);
+  const auto again = readJson(record);
+  require(std::holds_alternative<ObjectRef>(again));
+  require(jsonText(std::get<ObjectRef>(again)) == record);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t size) {
+  const auto document = readJson({reinterpret_cast<const char*>(bytes), size});
+  if (std::holds_alternative<JsonFault>(document)) return 0;
+  const auto read = scenario::readScenario(std::get<ObjectRef>(document));
+  if (const auto* fault = std::get_if<scenario::Fault>(&read)) {
+    require(!fault->found.empty() && !fault->expected.empty());
+  } else {
+    runIt(std::get<scenario::Scenario>(read));
+  }
+  return 0;
+}
