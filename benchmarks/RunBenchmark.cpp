@@ -12,6 +12,7 @@
 #include "runtime/JsonReader.h"
 #include "runtime/JsonWriter.h"
 #include "runtime/VirtualTimeRunLoop.h"
+#include "tests/Batches.h"
 #include "tests/Catalogue.h"
 
 namespace wifi_profile {

@@ -1,5 +1,7 @@
 // The three batches: straight sequences, each test followed by one step of the progress bar.
 
+#include "tests/Batches.h"
+
 #include "controller/WiFiProfileViewController.h"
 #include "tests/Catalogue.h"
 

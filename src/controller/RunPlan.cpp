@@ -1,6 +1,7 @@
 #include "controller/RunPlan.h"
 
 #include "controller/StatusCodes.h"
+#include "tests/Batches.h"
 #include "tests/Catalogue.h"
 
 namespace wifi_profile {

@@ -7,6 +7,7 @@
 
 #include "host/Journal.h"
 #include "host/Wrap.h"
+#include "tests/Batches.h"
 #include "tests/Catalogue.h"
 #include "tests/Findings.h"
 
@@ -41,16 +42,11 @@ std::string answerLines(std::string_view answer, const Meaning& meaning) {
   return lines;
 }
 
-template <class Batch>
-bool holds(const Batch& batch, DiagnosticsTestID id) {
-  return std::find(batch.begin(), batch.end(), id) != batch.end();
-}
-
 std::string sectionsOf(DiagnosticsTestID id) {
   std::vector<std::string_view> sections;
-  if (holds(kDeviceConfigurationBatch, id)) sections.push_back(keyOf(Section::device));
-  if (holds(kCurrentNetworkBatch, id)) sections.push_back(keyOf(Section::currentNetwork));
-  if (holds(kSelectedNetworkBatch, id)) sections.push_back(keyOf(Section::selectedNetwork));
+  if (batchHolds(kDeviceConfigurationBatch, id)) sections.push_back(keyOf(Section::device));
+  if (batchHolds(kCurrentNetworkBatch, id)) sections.push_back(keyOf(Section::currentNetwork));
+  if (batchHolds(kSelectedNetworkBatch, id)) sections.push_back(keyOf(Section::selectedNetwork));
   if (sections.empty()) {
     return fmt::format("{}, by the scans of the network list", keyOf(Section::currentNetwork));
   }

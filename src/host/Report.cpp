@@ -16,6 +16,7 @@
 #include "host/Wrap.h"
 #include "platform/Number.h"
 #include "runtime/JsonWriter.h"
+#include "tests/Batches.h"
 #include "tests/Catalogue.h"
 #include "tests/Findings.h"
 
@@ -91,7 +92,7 @@ std::vector<DiagnosticsTestID> testsOf(Section section) {
   std::vector<DiagnosticsTestID> tests(batch.begin(), batch.end());
   for (const CatalogueTest& test : kCatalogue) {
     if ((test.subject == TestSubject::device) == (section == Section::device) &&
-        std::find(batch.begin(), batch.end(), test.id) == batch.end()) {
+        !batchHolds(batch, test.id)) {
       tests.push_back(test.id);
     }
   }

@@ -11,6 +11,7 @@
 #include "platform/Dictionary.h"
 #include "platform/Number.h"
 #include "runtime/JsonWriter.h"
+#include "tests/Batches.h"
 #include "tests/Catalogue.h"
 
 namespace wifi_profile {
@@ -22,20 +23,15 @@ struct Use {
   std::string_view configuration;
 };
 
-template <class Batch>
-bool holds(const Batch& batch, DiagnosticsTestID id) {
-  return std::find(batch.begin(), batch.end(), id) != batch.end();
-}
-
 std::vector<Use> usesOf(DiagnosticsTestID id) {
   std::vector<Use> uses;
-  if (holds(kDeviceConfigurationBatch, id)) {
+  if (batchHolds(kDeviceConfigurationBatch, id)) {
     uses.push_back({keyOf(Section::device), "configuration"});
   }
-  if (holds(kCurrentNetworkBatch, id)) {
+  if (batchHolds(kCurrentNetworkBatch, id)) {
     uses.push_back({keyOf(Section::currentNetwork), "currentNetworkConfiguration"});
   }
-  if (holds(kSelectedNetworkBatch, id)) {
+  if (batchHolds(kSelectedNetworkBatch, id)) {
     uses.push_back({keyOf(Section::selectedNetwork), "configuration"});
   }
   if (uses.empty()) uses.push_back({"", "freshScanConfiguration"});

@@ -2,12 +2,12 @@
 // change of a table, write it anew: WIFI_PROFILE_WRITE_GOLDEN=1 wifi_profile_tests
 // --gtest_filter='ChecksDocument.*'
 
-#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
 
+#include "tests/Batches.h"
 #include "tests/Catalogue.h"
 #include "tests/Findings.h"
 
@@ -35,7 +35,7 @@ const char* wordFor(Mark mark) {
 
 template <class Batch>
 const char* letterIf(const Batch& batch, DiagnosticsTestID id, const char* letter) {
-  return std::find(batch.begin(), batch.end(), id) == batch.end() ? "" : letter;
+  return batchHolds(batch, id) ? letter : "";
 }
 
 std::string document() {

@@ -9,6 +9,7 @@
 #include "platform/Array.h"
 #include "platform/Number.h"
 #include "runtime/SafeText.h"
+#include "tests/Batches.h"
 #include "tests/Catalogue.h"
 
 namespace wifi_profile {
