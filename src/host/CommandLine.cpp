@@ -127,7 +127,8 @@ Command parseCommandLine(std::vector<std::string> arguments) {
 
   // The parser takes the argument behind "--name=" for the value; an empty one has to stand alone.
   for (std::size_t i = 0; i < arguments.size(); ++i) {
-    if (!arguments[i].starts_with("--") || !arguments[i].ends_with("=")) continue;
+    const bool isEmptyValue = arguments[i].find('=') + 1 == arguments[i].size();
+    if (!arguments[i].starts_with("--") || !isEmptyValue) continue;
     arguments[i].pop_back();
     arguments.emplace(arguments.begin() + static_cast<std::ptrdiff_t>(i) + 1);
   }

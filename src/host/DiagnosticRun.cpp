@@ -73,11 +73,11 @@ Ending DiagnosticRun::run() {
     loop.runUntilIdle();
   }
   if (!isOver()) {
-    {
-      const std::lock_guard lock(mutex_);
+    loop.postToMain([this] {
+      if (isOver()) return;
       stuck_ = true;
-    }
-    loop.postToMain([this] { tearDown(); });
+      tearDown();
+    });
     loop.runUntilIdle();
   }
   surroundings_.trace.event("screen", screenState(*controller_));
@@ -89,6 +89,7 @@ Ending DiagnosticRun::run() {
 }
 
 void DiagnosticRun::start() {
+  if (isOver()) return;  // interrupted before it began
   surroundings_.trace.event("host.setup", {});
   controller_->setupWithInputs(inputs_, nullptr);
   surroundings_.trace.event("host.start", {});

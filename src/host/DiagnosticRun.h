@@ -74,10 +74,10 @@ class DiagnosticRun final : public HxDiagnosticObserver,
   Script script_;
 
   std::atomic<bool> interrupted_ = false;
+  bool stuck_ = false;        // main thread only
   mutable std::mutex mutex_;  // guards what follows
   std::optional<Outcome> outcome_;
   bool tornDown_ = false;
-  bool stuck_ = false;
 };
 
 }  // namespace wifi_profile

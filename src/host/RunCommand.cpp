@@ -16,6 +16,7 @@
 #include "host/Files.h"
 #include "host/Inputs.h"
 #include "runtime/BuiltInStringTable.h"
+#include "runtime/Interrupts.h"
 #include "runtime/JsonReader.h"
 #include "runtime/JsonWriter.h"
 #include "runtime/SafeText.h"
@@ -26,6 +27,8 @@
 namespace wifi_profile {
 namespace {
 
+constexpr std::string_view kDemo = "demo";
+
 // A problem that ends the program, and the status it ends with.
 struct Failure {
   int status;
@@ -33,7 +36,7 @@ struct Failure {
 };
 
 int complain(const Failure& failure) {
-  fmt::print(stderr, "wifi-profile: {}\n", safeText(failure.message));
+  writeAll(stderr, "wifi-profile: " + safeText(failure.message) + "\n");
   return failure.status;
 }
 
@@ -69,7 +72,7 @@ std::variant<scenario::Scenario, Failure> readDevice(const RunOptions& options) 
                                               "reads scenarios only; try --device demo",
                                               options.device ? device + ": " : "")};
   }
-  const bool demo = device == "demo";
+  const bool demo = device == kDemo;
   auto content = demo ? std::string(kDemoScenario) : readFile(device);
   if (const auto* problem = std::get_if<Problem>(&content)) {
     return Failure{kExitScenario, problem->message};
@@ -147,13 +150,11 @@ int runOn(RunLoop& loop, const RunOptions& options, const scenario::Scenario& sc
   const auto run = std::make_shared<DiagnosticRun>(
       scenario, std::move(inputs),
       Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>(languageFor(options))});
-  if (auto* const threads = dynamic_cast<ThreadRunLoop*>(&loop)) {
-    threads->onInterrupt([weak = std::weak_ptr(run), again = false]() mutable {
-      if (again) std::_Exit(kExitInterrupted);  // asked twice: at once
-      again = true;
-      if (const auto running = weak.lock()) running->interrupt();
-    });
-  }
+  const Interrupts interrupts([&run, again = false]() mutable {
+    if (again) std::_Exit(kExitInterrupted);  // asked twice: at once
+    again = true;
+    run->interrupt();
+  });
   const Ending ending = run->run();
   line.clear();
   const int status = conclude(*run, ending, options, journal);
@@ -163,9 +164,24 @@ int runOn(RunLoop& loop, const RunOptions& options, const scenario::Scenario& sc
   return status;
 }
 
+// Whether a file is an input of the run. What is no file proper, a terminal say, can be both.
+bool readsFrom(const RunOptions& options, const std::string& file) {
+  std::error_code missing;  // of a file that is not there: then it is not the same, either
+  if (!std::filesystem::is_regular_file(file, missing)) return false;
+  const auto isFile = [&](const std::optional<std::string>& input) {
+    return input && std::filesystem::equivalent(*input, file, missing);
+  };
+  return (options.device != kDemo && isFile(options.device)) || isFile(options.parametersFile);
+}
+
 }  // namespace
 
 int runCommand(const RunOptions& options) {
+  if (options.device == "-" && options.parametersFile == "-") {
+    return complain({kExitUsage, unexpected("--device and --parameters", "- for both",
+                                            "standard input for one of them")
+                                     .message});
+  }
   auto inputs = inputsOf(options);
   if (const auto* problem = std::get_if<Problem>(&inputs)) {
     return complain({kExitUsage, problem->message});
@@ -174,13 +190,10 @@ int runCommand(const RunOptions& options) {
   if (const auto* failure = std::get_if<Failure>(&scenario)) return complain(*failure);
   TraceFile::File traceFile;
   if (options.traceFile) {
-    for (const auto& input : {options.device, options.parametersFile}) {
-      std::error_code missing;  // of a file that is not there: then it is not the same, either
-      if (input && std::filesystem::equivalent(*input, *options.traceFile, missing)) {
-        return complain({kExitUsage, unexpected("--trace", "a file that is read, too",
-                                                "a file that may be overwritten")
-                                         .message});
-      }
+    if (readsFrom(options, *options.traceFile)) {
+      return complain({kExitUsage, unexpected("--trace", "a file that is read, too",
+                                              "a file that may be overwritten")
+                                       .message});
     }
     traceFile.reset(std::fopen(options.traceFile->c_str(), "wb"));
     if (!traceFile) return complain({kExitOutput, unwritable(*options.traceFile, errno)});

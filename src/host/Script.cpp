@@ -21,6 +21,7 @@ void Script::performNextStep() {
   std::size_t index = 0;
   {
     const std::lock_guard lock(mutex_);
+    if (ended_ || next_ == steps_.size()) return;
     index = next_++;
   }
   const auto obstacle = perform_(steps_[index]);

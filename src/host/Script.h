@@ -26,10 +26,11 @@ class Script {
 
   // Whether there is a step to be done at this idle moment.
   bool hasIdleStep() const;
-  // Whether the next step is, or is not yet, one to be done while `test` is served.
+  // Whether the next step is to be done while `test` is served.
   bool hasStepDuring(DiagnosticsTestID test) const;
 
-  // Performs the next step and goes on to the one after it. Main thread; there must be one.
+  // Performs the next step, if the script is not over, and goes on to the one after it. Main
+  // thread.
   void performNextStep();
 
   // Why the script could not go on, with the place of the step; nothing so far otherwise.

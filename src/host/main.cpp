@@ -1,5 +1,7 @@
 #include <cstdio>
+#include <fcntl.h>
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include "host/CommandLine.h"
 #include "host/ExitStatus.h"
@@ -26,9 +28,10 @@ int execute(const ExplainOptions& options) {
   if (!options.key) return print(allKeysText());
   if (const auto text = explainText(*options.key)) return print(*text);
   const auto similar = similarKeys(*options.key);
-  fmt::print(stderr, "wifi-profile: explain: found \"{}\", expected a key of the record{}{}\n",
-             safeText(*options.key), similar.empty() ? "; try 'wifi-profile explain'" : " such as ",
-             fmt::join(similar, ", "));
+  const std::string_view hint = similar.empty() ? "; try 'wifi-profile explain'" : " such as ";
+  writeAll(stderr,
+           fmt::format("wifi-profile: explain: found \"{}\", expected a key of the record{}{}\n",
+                       safeText(*options.key), hint, fmt::join(similar, ", ")));
   return kExitUsage;
 }
 
@@ -38,11 +41,22 @@ int execute(const EarlyExit& exit) {
   return exit.status;
 }
 
+// Makes sure that the three standard descriptors are taken: a file that is opened later must not
+// become standard output by accident. Reading finds nothing there, and writing fails.
+void occupyStandardDescriptors() {
+  int descriptor = 0;
+  do {
+    descriptor = open("/dev/null", O_RDONLY);
+  } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
+  if (descriptor > STDERR_FILENO) close(descriptor);
+}
+
 }  // namespace
 }  // namespace wifi_profile
 
 int main(int argc, char** argv) {
   using namespace wifi_profile;
+  occupyStandardDescriptors();
   return std::visit([](const auto& command) { return execute(command); },
                     parseCommandLine({argv + 1, argv + argc}));
 }

@@ -99,17 +99,20 @@ class Builder : public nlohmann::json_sax<nlohmann::json> {
   }
 
  private:
-  // The parser says "...; expected THIS" where it knows, and " - WHY; last read" where it does not.
+  // The parser says " - WHY; last read: 'TEXT'" of a bad token, else "; expected THIS". What it
+  // read last may say anything.
   static std::string expectedIn(std::string_view message) {
-    constexpr std::string_view kExpected = "; expected ";
     constexpr std::string_view kReason = " - ";
-    if (const auto at = message.find(kExpected); at != std::string_view::npos) {
-      return std::string(message.substr(at + kExpected.size()));
+    constexpr std::string_view kExpected = "; expected ";
+    const auto lastRead = message.find("; last read");
+    const auto reason = message.find(kReason);
+    const auto expected = message.find(kExpected);
+    if (lastRead != std::string_view::npos && reason < lastRead) {
+      const auto begin = reason + kReason.size();
+      return "JSON (" + std::string(message.substr(begin, lastRead - begin)) + ")";
     }
-    const auto at = message.find(kReason);
-    if (at == std::string_view::npos) return "JSON";
-    const std::string_view reason = message.substr(at + kReason.size());
-    return "JSON (" + std::string(reason.substr(0, reason.find("; last read"))) + ")";
+    if (expected == std::string_view::npos) return "JSON";
+    return std::string(message.substr(expected + kExpected.size()));
   }
   bool stop(std::string what, std::string insteadOf) {
     found = std::move(what);

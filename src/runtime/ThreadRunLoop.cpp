@@ -2,11 +2,9 @@
 
 #include <asio/io_context.hpp>
 #include <asio/post.hpp>
-#include <asio/signal_set.hpp>
 #include <asio/steady_timer.hpp>
 #include <asio/thread_pool.hpp>
 #include <condition_variable>
-#include <csignal>
 #include <future>
 #include <mutex>
 #include <set>
@@ -31,22 +29,6 @@ struct ThreadRunLoop::State {
     asio::post(main, [] {});
   }
 
-  void waitForInterrupt() {
-    const std::lock_guard lock(mutex);
-    if (isEnding) return;
-    signals.async_wait([this](const asio::error_code& error, int) {
-      if (error) return;
-      interruptHandler();
-      waitForInterrupt();
-    });
-  }
-
-  void stopWaitingForInterrupts() {
-    const std::lock_guard lock(mutex);
-    isEnding = true;
-    signals.cancel();
-  }
-
   const std::thread::id mainThread = std::this_thread::get_id();
   asio::io_context main;
   asio::executor_work_guard<asio::io_context::executor_type> keepMain = asio::make_work_guard(main);
@@ -56,13 +38,9 @@ struct ThreadRunLoop::State {
   std::mutex mutex;  // guards what follows
   std::condition_variable pauseEnds;
   bool hurried = false;
-  bool isEnding = false;
   std::set<std::shared_ptr<asio::steady_timer>> timers;
-  // The pool's signals are touched under the mutex, too.
 
-  Work interruptHandler;
   asio::thread_pool pool;  // its threads end before the rest goes
-  asio::signal_set signals{pool};
 };
 
 ThreadRunLoop::ThreadRunLoop(std::size_t workers)
@@ -71,7 +49,6 @@ ThreadRunLoop::ThreadRunLoop(std::size_t workers)
 ThreadRunLoop::~ThreadRunLoop() {
   hurry();
   runUntilIdle();
-  state_->stopWaitingForInterrupts();
   state_->pool.join();
 }
 
@@ -140,14 +117,6 @@ void ThreadRunLoop::hurry() {
   state_->hurried = true;
   state_->pauseEnds.notify_all();
   for (const auto& timer : state_->timers) timer->cancel();
-}
-
-void ThreadRunLoop::onInterrupt(Work handler) {
-  state_->interruptHandler = std::move(handler);
-  state_->signals.add(SIGINT);
-  state_->signals.add(SIGTERM);
-  state_->signals.add(SIGHUP);
-  state_->waitForInterrupt();
 }
 
 }  // namespace wifi_profile

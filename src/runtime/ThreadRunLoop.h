@@ -9,8 +9,7 @@
 namespace wifi_profile {
 
 // The main queue on the thread that makes the run loop, the global queue on a pool of `workers`
-// threads (at least one). A delayed post waits on a timer, not on a worker. If work throws, the
-// process ends.
+// threads (at least one). A delayed post waits on a timer, not on a worker. Work must not throw.
 class ThreadRunLoop final : public RunLoop {
  public:
   static constexpr std::size_t kUsualWorkers = 4;
@@ -30,10 +29,6 @@ class ThreadRunLoop final : public RunLoop {
 
   void runUntilIdle() override;
   void hurry() override;
-
-  // Calls `handler` on a background thread at every interrupt of the process (SIGINT, SIGTERM,
-  // SIGHUP) from now on. Waiting for one does not count as work to do. To be called once.
-  void onInterrupt(Work handler);
 
  private:
   struct State;

@@ -200,7 +200,35 @@ TEST_F(Program, TakesAnEmptyNameForAName) {
   }
 }
 
+TEST_F(Program, TakesANameThatEndsWithAnEqualsSign) {
+  EXPECT_EQ(
+      run("run --device demo --network-name=Cafe= --time virtual --trace " + path("trace")).status,
+      0);
+  EXPECT_THAT(content("trace"), HasSubstr(R"("NetworkName":"Cafe=")"));
+}
+
+TEST_F(Program, KeepsItsExitStatusWhereNobodyReadsItsMessages) {
+  const auto status = [](const std::string& arguments) {
+    return WEXITSTATUS(std::system((WIFI_PROFILE_PROGRAM " " + arguments).c_str()));
+  };
+  for (const char* nowhere : {"2>/dev/full", "2>&-"}) {
+    const std::string end = std::string(" >/dev/null ") + nowhere;
+    EXPECT_EQ(status("run --device /nonexistent" + end), 65);
+    EXPECT_EQ(status("explain nonsense" + end), 64);
+    EXPECT_EQ(status("run --nonsense" + end), 64);
+    EXPECT_EQ(status("run --device demo --time virtual" + end), 0);
+  }
+}
+
+TEST_F(Program, KeepsTheTraceCleanWhereAStandardDescriptorIsClosed) {
+  const std::string traced =
+      WIFI_PROFILE_PROGRAM " run --device demo --time virtual --trace " + path("trace");
+  EXPECT_EQ(WEXITSTATUS(std::system((traced + " >&- 2>/dev/null").c_str())), 74);
+  EXPECT_THAT(content("trace"), Not(HasSubstr(R"({"data")")));
+}
+
 TEST_F(Program, DoesNotOverwriteWhatItReads) {
+  expectRefusal(run("run --device - --parameters -"), 64, "found - for both");
   const std::string scenario = R"({"scenario":1})";
   expectRefusal(run(runFile(scenario) + " --trace " + path("scenario.json")), 64,
                 "--trace: found a file that is read, too");
@@ -269,12 +297,12 @@ TEST_F(Program, PrintsNoRecordOfATornDownRun) {
 TEST_F(Program, EndsAtAnInterruptThroughTheHostsTeardown) {
   const std::string scenario =
       file("scenario.json",
-           R"({"scenario":1,"answers":{"CustomDNS":[{"delay":600}],"BTCoex":[{"delay":600}]}})");
+           R"({"scenario":1,"answers":{"CustomDNS":[{"delay":20}],"BTCoex":[{"delay":20}]}})");
   // `exec` so that the signal meets the program itself, once its trace shows the slow test.
   const std::string command = "sh -c 'exec " WIFI_PROFILE_PROGRAM " run --device " +
                               path("scenario.json") + " --trace " + path("trace") + " >" +
                               path("out") + " 2>/dev/null' & pid=$!; until grep -qs CustomDNS " +
-                              path("trace") + "; do sleep 0.05; done; kill -INT $pid; wait $pid";
+                              path("trace") + "; do sleep 0.05; done; kill -TERM $pid; wait $pid";
   ASSERT_NE(scenario, "");
   const int status = std::system(command.c_str());
   EXPECT_EQ(WEXITSTATUS(status), 130);
@@ -300,7 +328,7 @@ TEST_F(Program, PrintsWhatTheReadmeShows) {
 }
 
 TEST_F(Program, AnInterruptEndsAWaitOfTheScriptToo) {
-  file("scenario.json", R"({"scenario":1,"user":[{"wait":600,"duringTest":"CustomDNS"}]})");
+  file("scenario.json", R"({"scenario":1,"user":[{"wait":20,"duringTest":"CustomDNS"}]})");
   const std::string command = "sh -c 'exec " WIFI_PROFILE_PROGRAM " run --device " +
                               path("scenario.json") + " --trace " + path("trace") + " >" +
                               path("out") + " 2>/dev/null' & pid=$!; until grep -qs CustomDNS " +

@@ -51,7 +51,8 @@ std::string projectFile(const std::string& path) {
 }
 
 ScenarioResult runScenario(const std::string& json, RunLoop& loop,
-                           const std::optional<std::string>& networkName) {
+                           const std::optional<std::string>& networkName,
+                           const std::function<void(DiagnosticRun&)>& before) {
   const auto document = readJson(json);
   const auto read = scenario::readScenario(std::get<ObjectRef>(document));
   const std::string tracePath =
@@ -64,6 +65,7 @@ ScenarioResult runScenario(const std::string& json, RunLoop& loop,
     const auto run = std::make_shared<DiagnosticRun>(
         std::get<scenario::Scenario>(read), inputsFor(networkName),
         Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>(kKeysLanguage)});
+    if (before) before(*run);
     result.ending = run->run();
     if (result.ending == Ending::finished) {
       result.record = jsonText(makeDictionary(

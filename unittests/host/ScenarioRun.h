@@ -1,6 +1,7 @@
 // Runs scenarios inside a test process.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -21,9 +22,11 @@ struct ScenarioResult {
 // A scenario file of the project, such as "scenarios/demo.json".
 std::string projectFile(const std::string& path);
 
-// Runs the scenario that `json` holds, which must be a good one, on `loop`.
+// Runs the scenario that `json` holds, which must be a good one, on `loop`. `before` may do
+// something to the run first.
 ScenarioResult runScenario(const std::string& json, RunLoop& loop,
-                           const std::optional<std::string>& networkName = std::nullopt);
+                           const std::optional<std::string>& networkName = std::nullopt,
+                           const std::function<void(DiagnosticRun&)>& before = nullptr);
 
 // The same in virtual time.
 ScenarioResult runInVirtualTime(const std::string& json, std::uint64_t seed = 0,

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "host/ScenarioRun.h"
+#include "runtime/VirtualTimeRunLoop.h"
 
 namespace wifi_profile::testing {
 namespace {
@@ -84,6 +85,15 @@ TEST(Script, StepsDuringTestsComeOneForEachRequest) {
   EXPECT_EQ(result.ending, Ending::tornDown);
   EXPECT_LT(positionOf(result.trace, R"("test":"PingWAN")"),
             positionOf(result.trace, "host.teardown"));
+}
+
+TEST(Interrupt, BeforeTheRunKeepsItFromStarting) {
+  VirtualTimeRunLoop loop;
+  const auto result = runScenario(R"({"scenario":1})", loop, std::nullopt,
+                                  [](DiagnosticRun& run) { run.interrupt(); });
+  EXPECT_EQ(result.ending, Ending::interrupted);
+  EXPECT_THAT(result.trace, HasSubstr("host.teardown"));
+  EXPECT_THAT(result.trace, Not(HasSubstr("host.setup")));
 }
 
 class ImpossibleStep : public ::testing::TestWithParam<const char*> {};

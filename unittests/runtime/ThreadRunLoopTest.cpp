@@ -1,6 +1,5 @@
 // Queues in real time. Waits are short, and no check says that something came soon.
 
-#include <csignal>
 #include <future>
 #include <latch>
 #include <string>
@@ -131,26 +130,6 @@ TEST(ThreadRunLoops, KeepCountUnderManyPosts) {
   loop.runUntilIdle();
   EXPECT_EQ(global, 500);
   EXPECT_EQ(main, 500);
-}
-
-TEST(ThreadRunLoops, TellOfEveryInterruptInTheBackground) {
-  ThreadRunLoop loop;
-  std::promise<bool> first;
-  std::promise<bool> second;
-  std::atomic<int> interrupts = 0;
-  loop.onInterrupt([&] { (++interrupts == 1 ? first : second).set_value(loop.onMainThread()); });
-  std::raise(SIGINT);
-  EXPECT_FALSE(first.get_future().get());
-  std::raise(SIGTERM);
-  EXPECT_FALSE(second.get_future().get());
-}
-
-TEST(ThreadRunLoops, AreIdleWhileOnlyAnInterruptMayCome) {
-  ThreadRunLoop loop;
-  int interrupts = 0;
-  loop.onInterrupt([&] { ++interrupts; });
-  loop.runUntilIdle();
-  EXPECT_EQ(interrupts, 0);
 }
 
 }  // namespace
