@@ -9,6 +9,7 @@
 #include "runtime/Iso8601Formatter.h"
 #include "runtime/JsonReader.h"
 #include "runtime/JsonWriter.h"
+#include "runtime/SafeText.h"
 #include "runtime/ThreadRunLoop.h"
 #include "screens/none/NoScreen.h"
 
@@ -17,7 +18,7 @@ using namespace wifi_profile;
 struct StandardError final : DiagnosticLog {
   bool isEnabled(int, LogLevel level) const override { return level == LogLevel::error; }
   void write(int, LogLevel, const std::string& text) override {
-    std::fprintf(stderr, "%s\n", text.c_str());
+    std::fprintf(stderr, "%s\n", safeText(text).c_str());
   }
 };
 

@@ -10,7 +10,7 @@ namespace wifi_profile {
 
 // Three validated parameters, and the dictionary they came from.
 //
-//   "maxScanCacheAge"  required  number, 0 to 600 (seconds)
+//   "maxScanCacheAge"  required  number, 0 to 600 (seconds; a fraction is kept as it is)
 //   "reprofileWithUI"  required  boolean
 //   "networkName"      optional  text of at most 32 characters
 //

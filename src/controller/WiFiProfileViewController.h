@@ -103,14 +103,12 @@ class WiFiProfileViewController final : public HxDiagnosticViewController {
   void finishTest();
 
   // --- Batches (controller/Batches.cpp), on the run's background thread
-  //
 
   void runDeviceConfigurationDiagnosticsTests();
   void runCurrentNetworkDiagnosticsTests();
   void runSelectedNetworkDiagnosticsTests();
 
   // --- How a test is run (tests/TestExecution.cpp), any thread but the main one
-  //
 
   // One request to the service; its answer goes into `deviceData`, or into `resultsDictionary`.
   void runDeviceConfigurationTest(DiagnosticsTestID testID);
@@ -241,8 +239,8 @@ class WiFiProfileViewController final : public HxDiagnosticViewController {
   void displayProgressScreen();
   void updateViewConstraints() override;
 
-  // Any thread: counts one more finished test here, then posts the bar's new value to the main
-  // queue. The value is read when that work runs.
+  // Any thread: counts one more finished test here, then has the main queue move the
+  // bar, to the fraction that holds when its turn comes.
   void updateProgress();
 
  private:

@@ -110,7 +110,8 @@ std::string explainValue(const ValueFinding& finding) {
     ++count;
   }
   text += fmt::format("\nWritten by test{}\n", count == 1 ? "" : "s") + writers;
-  if (count > 1) text += paragraph("The last of them that finds a value leaves it there.");
+  if (count > 1)
+    text += paragraph("When several find a value, the one that runs last has its way.");
   if (!condition.empty()) text += paragraph(condition);
   return text + "\nGoes with\n" + paragraph(verdicts);
 }

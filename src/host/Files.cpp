@@ -34,9 +34,23 @@ bool writeAll(std::FILE* out, std::string_view text) {
   return std::fflush(out) == 0 && written;
 }
 
+namespace {
+
+constexpr std::size_t kLongestPiece = 300;  // bytes
+
+// Enough of a text to recognise it by.
+std::string shortened(std::string_view text) {
+  if (text.size() <= kLongestPiece) return std::string(text);
+  std::size_t end = kLongestPiece;  // not in the middle of a character
+  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) --end;
+  return std::string(text.substr(0, end)) + "…";
+}
+
+}  // namespace
+
 Problem unexpected(std::string_view place, std::string_view found, std::string_view expected) {
-  return {
-      fmt::format("{}: found {}, expected {}", place.empty() ? "\"\"" : place, found, expected)};
+  return {fmt::format("{}: found {}, expected {}", place.empty() ? "\"\"" : shortened(place),
+                      shortened(found), expected)};
 }
 
 }  // namespace wifi_profile

@@ -34,6 +34,7 @@ void Journal::event(std::string_view name, const Fields& fields) {
     noteRequest(fields);
   } else if (name == "service.status") {
     underWay_.reset();
+    statusQueryIsLast_ = true;
     const auto code = as<Number>(fieldOf(fields, "error"));
     if (!code || code->toDouble() == 0) joinedNetworkName_ = as<Text>(fieldOf(fields, "ssid"));
   } else if (name == "log") {
@@ -45,6 +46,7 @@ void Journal::noteRequest(const Fields& fields) {
   const auto id = testNamed(textOf(fields, "test"));
   if (!id) return;
   const auto configuration = as<Dictionary>(fieldOf(fields, "configuration"));
+  statusQueryIsLast_ = false;
   underWay_ = Test{sectionOf(catalogueTest(*id), configuration), *id};
   lines_.try_emplace(*underWay_);
 }
@@ -52,11 +54,8 @@ void Journal::noteRequest(const Fields& fields) {
 void Journal::noteLine(const std::string& text) {
   const bool ours = text.starts_with(kErrorPrefix);
   const std::string line = ours ? text.substr(kErrorPrefix.size()) : text;
-  if (underWay_) {
-    lines_[*underWay_].push_back(line);
-  } else {
-    statusFailure_ = line;
-  }
+  if (underWay_) lines_[*underWay_].push_back(line);
+  if (statusQueryIsLast_) statusFailure_ = line;
 }
 
 std::vector<std::string> Journal::linesOf(Section section, DiagnosticsTestID test) const {

@@ -48,7 +48,8 @@ class Journal final : public Trace {
   void noteLine(const std::string& text);
 
   mutable std::mutex mutex_;
-  std::optional<Test> underWay_;
+  std::optional<Test> underWay_;    // whose request came last
+  bool statusQueryIsLast_ = false;  // it came after any request
   std::map<Test, std::vector<std::string>> lines_;
   TextRef joinedNetworkName_;
   std::string statusFailure_;

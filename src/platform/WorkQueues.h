@@ -39,7 +39,7 @@ class Pace : public Interface {
   virtual void waitForMain() = 0;
 
   // Lets `time` pass for the calling thread, or less when `cut` is or becomes true and
-  // `cutPauses` is called.
+  // `cutPauses` is called, or when the queues are told to hurry.
   virtual void pause(std::chrono::nanoseconds time, const std::atomic<bool>& cut) = 0;
 
   // Makes every pause under way look at its `cut` again.

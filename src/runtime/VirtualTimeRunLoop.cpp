@@ -18,6 +18,7 @@ struct Participant {
   std::condition_variable turnCame;
   const std::atomic<bool>* cut = nullptr;  // of the pause under way
   std::thread thread;                      // none for the main one
+  bool ended = false;
 };
 
 }  // namespace
@@ -34,6 +35,11 @@ struct VirtualTimeRunLoop::State {
   explicit State(std::uint64_t seed) : seeded(seed != 0), random(seed) {}
 
   Participant& current() { return *turn; }
+
+  // The clock does not run over.
+  nanoseconds after(nanoseconds time) const {
+    return time > nanoseconds::max() - clock ? nanoseconds::max() : clock + time;
+  }
 
   // Hands the turn to `next` and, unless the caller's work has ended, waits for its own.
   void handOver(Lock& lock, Participant* next, Participant* waitsAgain) {
@@ -68,6 +74,11 @@ struct VirtualTimeRunLoop::State {
 
   // Makes global work ready to run, on a thread of its own that waits for its turn.
   void begin(Work work) {
+    // Who has ended has nothing left to do but to let go of the mutex, which it has.
+    std::erase_if(participants, [](const auto& participant) {
+      if (participant->ended) participant->thread.join();
+      return participant->ended;
+    });
     participants.push_back(std::make_unique<Participant>());
     Participant* self = participants.back().get();
     ready.push_back(self);
@@ -78,7 +89,9 @@ struct VirtualTimeRunLoop::State {
       work();
       work = nullptr;
       lock.lock();
-      handOver(lock, choose(), nullptr);
+      Participant* const next = choose();
+      self->ended = true;
+      handOver(lock, next, nullptr);
     });
   }
 
@@ -116,7 +129,7 @@ void VirtualTimeRunLoop::postToGlobal(Work work) {
 
 void VirtualTimeRunLoop::postToGlobalAfter(nanoseconds delay, Work work) {
   const State::Lock lock(state_->mutex);
-  state_->due.emplace(state_->clock + delay, State::Due{nullptr, std::move(work)});
+  state_->due.emplace(state_->after(delay), State::Due{nullptr, std::move(work)});
 }
 
 void VirtualTimeRunLoop::runOnGlobalAndWait(const Work& work) { work(); }
@@ -141,7 +154,7 @@ void VirtualTimeRunLoop::pause(nanoseconds time, const std::atomic<bool>& cut) {
   if (cut) return;
   Participant* self = state_->turn;
   self->cut = &cut;
-  state_->due.emplace(state_->clock + time, State::Due{self, {}});
+  state_->due.emplace(state_->after(time), State::Due{self, {}});
   state_->handOver(lock, state_->choose(), self);
   self->cut = nullptr;
 }

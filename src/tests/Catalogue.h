@@ -37,7 +37,8 @@ struct InformationCopy {
 };
 
 // Turns the value found under an info key (nil: none) into the object to store; nil counts as not
-// found. Values of a kind that the handler cannot read count as not found, too.
+// found. Values of a kind that the handler cannot read count as not found, too: services send
+// nonsense, and a null placeholder is no record.
 using InformationHandler = ObjectRef (*)(WiFiProfileViewController& controller,
                                          const ObjectRef& value);
 

@@ -18,8 +18,8 @@ constexpr const char* kDocument = WIFI_PROFILE_SOURCE_DIR "/docs/CHECKS.md";
 
 constexpr const char* kIntroduction = R"(# What is checked
 
-Every test asks the device's diagnostics service one question and stores the answer, yes or no, under its
-first key; some store values besides. `wifi-profile explain KEY` says more of each key, with advice.
+Every test asks the device's diagnostics service one question and stores the answer under its first key, as
+true or false (`foundScanResults`: as 1 or 0); some store values besides. `wifi-profile explain KEY` says more of each key, with advice.
 D: a test of the device, C: of the current network, S: of the selected network.
 
 | Test | Name | In | Question | Yes is | No is | Keys |

@@ -17,9 +17,9 @@
 namespace wifi_profile::scenario {
 
 // Answers from a scenario. A request or query from a background thread is taken up, and its event
-// written, once the main thread has handled everything that was posted to it before: so the same
-// scenario gives the same trace as long as one background task runs at a time. A cancel makes
-// requests that are waiting out a delay fail at once. Any thread.
+// written, once the main thread has handled what was posted to it before. With one task in the
+// background at most, two runs of a scenario therefore give the same trace. A cancel makes requests
+// that are waiting out a delay fail at once. Any thread.
 class ScenarioService final : public VqClient {
  public:
   // `pace` and `trace` must outlive the service.
