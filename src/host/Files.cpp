@@ -5,6 +5,8 @@
 #include <fmt/format.h>
 #include <system_error>
 
+#include "platform/Text.h"
+
 namespace wifi_profile {
 
 std::variant<std::string, Problem> readFile(const std::string& path) {
@@ -36,21 +38,15 @@ bool writeAll(std::FILE* out, std::string_view text) {
 
 namespace {
 
-constexpr std::size_t kLongestPiece = 300;  // bytes
-
-// Enough of a text to recognise it by.
-std::string shortened(std::string_view text) {
-  if (text.size() <= kLongestPiece) return std::string(text);
-  std::size_t end = kLongestPiece;  // not in the middle of a character
-  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) --end;
-  return std::string(text.substr(0, end)) + "…";
-}
+// Bytes of a text from outside that a message quotes: enough to recognise it by.
+constexpr std::size_t kLongestPiece = 300;
 
 }  // namespace
 
 Problem unexpected(std::string_view place, std::string_view found, std::string_view expected) {
-  return {fmt::format("{}: found {}, expected {}", place.empty() ? "\"\"" : shortened(place),
-                      shortened(found), expected)};
+  return {fmt::format("{}: found {}, expected {}",
+                      place.empty() ? "\"\"" : shortened(place, kLongestPiece),
+                      shortened(found, kLongestPiece), expected)};
 }
 
 }  // namespace wifi_profile

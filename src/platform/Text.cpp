@@ -53,4 +53,10 @@ bool isValidUtf8(std::string_view text) {
   return true;
 }
 
+std::string shortened(std::string_view text, std::size_t bytes) {
+  if (text.size() <= bytes) return std::string(text);
+  while (bytes > 0 && isContinuation(text[bytes])) --bytes;
+  return std::string(text.substr(0, bytes)) + "…";
+}
+
 }  // namespace wifi_profile

@@ -47,4 +47,8 @@ CodePoint firstCodePoint(std::string_view text);
 
 bool isValidUtf8(std::string_view text);
 
+// A text of at most `bytes` bytes as it is; of a longer one the front, up to the end of a
+// character, and an ellipsis.
+std::string shortened(std::string_view text, std::size_t bytes);
+
 }  // namespace wifi_profile

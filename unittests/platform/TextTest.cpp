@@ -114,5 +114,12 @@ TEST(ValidUtf8, IsAnyTextOfWholeCodePoints) {
   EXPECT_TRUE(isValidUtf8("caf\u00e9 \U0001F4F6"));
 }
 
+TEST(Text, ShortensBetweenCharacters) {
+  EXPECT_EQ(shortened("abc", 3), "abc");
+  EXPECT_EQ(shortened("abcd", 3), "abc…");
+  EXPECT_EQ(shortened("ab\u00e9d", 3), "ab…");
+  EXPECT_EQ(shortened("\u00e9", 1), "…");
+}
+
 }  // namespace
 }  // namespace wifi_profile

@@ -11,13 +11,6 @@ namespace {
 
 constexpr std::size_t kLongestQuote = 40;  // bytes
 
-std::string shown(std::string_view text) {
-  if (text.size() <= kLongestQuote) return std::string(text);
-  std::size_t end = kLongestQuote;  // not in the middle of a character
-  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) --end;
-  return std::string(text.substr(0, end)) + "…";
-}
-
 template <class T>
 std::string numberText(T value) {
   std::array<char, 32> text{};
@@ -48,7 +41,8 @@ std::string escaped(std::string_view key) {
 }  // namespace
 
 std::string describe(const ObjectRef& value) {
-  if (const auto text = as<Text>(value)) return "the text \"" + shown(text->string()) + "\"";
+  if (const auto text = as<Text>(value))
+    return "the text \"" + shortened(text->string(), kLongestQuote) + "\"";
   if (const auto number = as<Number>(value)) return describe(*number);
   if (as<Array>(value)) return "a list";
   if (as<Dictionary>(value)) return "an object";
