@@ -15,9 +15,11 @@ constexpr std::int32_t kSelectedNetworkTests = kSelectedNetworkBatch.size();
 
 }  // namespace
 
+bool isExcludedFromRuns(const TextRef& name) { return endsWithIgnoringCase(name, kExcludedSuffix); }
+
 RunPlan planRun(const TextRef& currentName, const TextRef& selectedName) {
-  const bool currentNoMap = endsWithIgnoringCase(currentName, kExcludedSuffix);
-  const bool selectedNoMap = endsWithIgnoringCase(selectedName, kExcludedSuffix);
+  const bool currentNoMap = isExcludedFromRuns(currentName);
+  const bool selectedNoMap = isExcludedFromRuns(selectedName);
   const bool runCurrent = currentName && !currentNoMap;
   const bool runSelected = selectedName && !selectedNoMap && !equalNames(selectedName, currentName);
   return {

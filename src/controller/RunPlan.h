@@ -7,6 +7,10 @@
 
 namespace wifi_profile {
 
+// Whether a network's owner asks not to be surveyed: its name ends with "_nomap", in any letter
+// case. NO for nil.
+bool isExcludedFromRuns(const TextRef& name);
+
 struct RunPlan {
   bool runCurrentNetwork;
   bool runSelectedNetwork;
@@ -15,9 +19,9 @@ struct RunPlan {
 };
 
 // Plans a run on a device joined to `currentName` (nil: not joined) with `selectedName` (nil: none)
-// selected. A name that ends with "_nomap", in any letter case, asks not to be surveyed: its batch
-// is left out. The joined network's batch is not run a second time when it is the selected one;
-// names are compared exactly, so a name that differs in case only is another network.
+// selected. The batch of an excluded network is left out. The joined network's batch is not run a
+// second time when it is the selected one; names are compared exactly, so a name that differs in
+// case only is another network.
 RunPlan planRun(const TextRef& currentName, const TextRef& selectedName);
 
 }  // namespace wifi_profile

@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "controller/RunPlan.h"
 #include "controller/StatusCodes.h"
 #include "host/ValueText.h"
 #include "host/Wrap.h"
@@ -24,7 +25,6 @@ namespace wifi_profile {
 namespace {
 
 constexpr std::size_t kWidth = 98;  // columns that a line keeps to where it can
-constexpr std::string_view kExcludedSuffix = "_nomap";
 
 // How a line begins, and its colour (a terminal's SGR parameters; empty: none).
 struct Sign {
@@ -281,7 +281,7 @@ std::string Writer::whyNotRun(Section section) const {
   const TextRef joined = journal_.joinedNetworkName();
   const TextRef& selected = outcome_.selectedNetworkName;
   if (section == Section::currentNetwork) {
-    if (endsWithIgnoringCase(joined, kExcludedSuffix)) return std::string(kExcluded);
+    if (isExcludedFromRuns(joined)) return std::string(kExcluded);
     const std::string failure = journal_.statusFailure();
     if (!joined && !failure.empty()) {
       return fmt::format("The device could not be asked which network it is joined to ({}).",
@@ -290,7 +290,7 @@ std::string Writer::whyNotRun(Section section) const {
     if (!joined) return "The device is not joined to a network.";
   } else if (section == Section::selectedNetwork) {
     if (!selected) return "No other network was selected.";
-    if (endsWithIgnoringCase(selected, kExcludedSuffix)) return std::string(kExcluded);
+    if (isExcludedFromRuns(selected)) return std::string(kExcluded);
     if (equalNames(selected, joined)) return "It is the current network: see above.";
   }
   return "Its tests were not run.";

@@ -59,8 +59,8 @@ TEST(Findings, AreFoundByTheirExactKeyOnly) {
 
 TEST(Findings, GiveAdviceExactlyWhereThereIsSomethingToDo) {
   for (const Meaning& meaning : everyMeaning()) {
-    const bool toDo = meaning.mark == Mark::problem || meaning.mark == Mark::look;
-    EXPECT_EQ(!meaning.advice.empty(), toDo) << meaning.sentence;
+    const bool needsAdvice = meaning.mark == Mark::problem || meaning.mark == Mark::look;
+    EXPECT_EQ(!meaning.advice.empty(), needsAdvice) << meaning.sentence;
   }
 }
 
