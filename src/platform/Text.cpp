@@ -1,6 +1,8 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <cstring>
+#include <random>
 
 namespace wifi_profile {
 namespace {
@@ -9,7 +11,40 @@ char lowerCased(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A
 
 bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
+std::uint64_t randomWord() {
+  std::random_device device;
+  return std::uint64_t{device()} << 32U | device();
+}
+
+// The full product of two words, its halves laid over each other.
+std::uint64_t foldedProduct(std::uint64_t one, std::uint64_t other) {
+  __extension__ using Wide = unsigned __int128;
+  const Wide product = Wide{one} * other;
+  return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64U);
+}
+
+// At most eight bytes as a number.
+std::uint64_t word(std::string_view bytes) {
+  std::uint64_t value = 0;
+  std::memcpy(&value, bytes.data(), bytes.size());
+  return value;
+}
+
 }  // namespace
+
+std::uint64_t Text::reckonHash() const {
+  static const std::uint64_t kStart = randomWord();
+  static const std::uint64_t kFactor = randomWord() | 1U;
+  std::string_view rest = text_;
+  std::uint64_t hash = kStart ^ rest.size();
+  for (; rest.size() > 8; rest.remove_prefix(8)) {
+    hash = foldedProduct(hash ^ word(rest.substr(0, 8)), kFactor);
+  }
+  hash = foldedProduct(foldedProduct(hash ^ word(rest), kFactor) ^ kStart, kFactor);
+  hash |= hash == 0 ? 1U : 0U;
+  hash_.store(hash, std::memory_order_relaxed);
+  return hash;
+}
 
 bool equalNames(const TextRef& one, const TextRef& other) {
   return one && other && one->string() == other->string();

@@ -1,7 +1,9 @@
 // Texts as values, and what names of networks need: equality in which nil equals nothing.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -15,8 +17,18 @@ class Text final : public Object {
   explicit Text(std::string text) : text_(std::move(text)) {}
   const std::string& string() const { return text_; }
 
+  // A hash of the bytes, reckoned once for each object. It differs from process to process: its
+  // seed is random, so that nobody can prepare names that fall on one another. Any thread.
+  std::uint64_t hash() const {
+    const std::uint64_t known = hash_.load(std::memory_order_relaxed);
+    return known != 0 ? known : reckonHash();
+  }
+
  private:
+  std::uint64_t reckonHash() const;
+
   const std::string text_;
+  mutable std::atomic<std::uint64_t> hash_{0};  // 0: not reckoned yet
 };
 
 using TextRef = std::shared_ptr<const Text>;  // nil: no text
