@@ -1,40 +1,28 @@
-// The built-in texts of the screens.
+// The built-in texts of the screens: lookup, languages and locales. StringFilesTest reads the
+// texts.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <set>
 
-#include "platform/Text.h"
 #include "runtime/BuiltInStringTable.h"
 
 namespace wifi_profile {
 namespace {
 
-constexpr const char* kKeys[] = {"PROGRESS_TEXT", "WIFI_DIAGNOSTICS", "WLAN_DIAGNOSTICS"};
-
-TEST(StringTable, HasATextOfItsOwnForEveryKeyInEveryLanguage) {
-  for (const std::string_view language : {"en", "de"}) {
-    const BuiltInStringTable table(language);
-    std::set<std::string> texts;
-    for (const char* key : kKeys) {
-      const std::string text = table.textForKey(key, "fallback");
-      EXPECT_NE(text, "fallback") << key << " in " << language;
-      EXPECT_NE(text, key);
-      EXPECT_TRUE(isValidUtf8(text));
-      texts.insert(text);
-    }
-    EXPECT_EQ(texts.size(), std::size(kKeys)) << language;
-  }
-}
-
 TEST(StringTable, DiffersByLanguage) {
-  EXPECT_NE(BuiltInStringTable("en").textForKey("PROGRESS_TEXT", ""),
-            BuiltInStringTable("de").textForKey("PROGRESS_TEXT", ""));
+  EXPECT_EQ(BuiltInStringTable("en").textForKey("WIFI_DIAGNOSTICS", ""), "Wi-Fi Diagnostics");
+  EXPECT_EQ(BuiltInStringTable("de").textForKey("WIFI_DIAGNOSTICS", ""), "Wi-Fi-Diagnose");
+  EXPECT_EQ(BuiltInStringTable("zh").textForKey("WIFI_DIAGNOSTICS", ""), "Wi-Fi 诊断");
 }
 
 TEST(StringTable, FallsBackForAnUnknownKey) {
   EXPECT_EQ(BuiltInStringTable("en").textForKey("NO_SUCH_KEY", ""), "");
   EXPECT_EQ(BuiltInStringTable("de").textForKey("NO_SUCH_KEY", "else"), "else");
+}
+
+TEST(StringTable, DoesNotTakeACommentForAKey) {
+  EXPECT_EQ(BuiltInStringTable("en").textForKey("# English", "else"), "else");
+  EXPECT_EQ(BuiltInStringTable("en").textForKey("", "else"), "else");
 }
 
 TEST(StringTable, SaysTheKeysThemselvesInTheLanguageOfKeys) {
@@ -43,7 +31,8 @@ TEST(StringTable, SaysTheKeysThemselvesInTheLanguageOfKeys) {
 }
 
 TEST(StringTable, ListsItsLanguages) {
-  EXPECT_THAT(BuiltInStringTable::languages(), ::testing::ElementsAre("en", "de", "keys"));
+  EXPECT_THAT(BuiltInStringTable::languages(),
+              ::testing::ElementsAre("en", "de", "fr", "es", "ja", "ar", "zh", "keys"));
 }
 
 TEST(StringTable, FindsTheLanguageOfALocale) {
@@ -52,10 +41,28 @@ TEST(StringTable, FindsTheLanguageOfALocale) {
   EXPECT_EQ(BuiltInStringTable::languageOfLocale("en-GB"), "en");
   EXPECT_EQ(BuiltInStringTable::languageOfLocale("de@euro"), "de");
   EXPECT_EQ(BuiltInStringTable::languageOfLocale("en.UTF-8"), "en");
+  EXPECT_EQ(BuiltInStringTable::languageOfLocale("fr_FR.UTF-8"), "fr");
+  EXPECT_EQ(BuiltInStringTable::languageOfLocale("es_MX"), "es");
+  EXPECT_EQ(BuiltInStringTable::languageOfLocale("ja_JP.eucJP"), "ja");
+  EXPECT_EQ(BuiltInStringTable::languageOfLocale("ar_EG"), "ar");
 }
 
 TEST(StringTable, FindsNoLanguageForOtherLocales) {
-  for (const std::string_view locale : {"", "C", "POSIX", "fr_FR.UTF-8", "deu", "keys", "_de"}) {
+  for (const std::string_view locale : {"", "C", "POSIX", "it_IT.UTF-8", "deu", "keys", "_de"}) {
+    EXPECT_EQ(BuiltInStringTable::languageOfLocale(locale), std::nullopt) << locale;
+  }
+}
+
+TEST(StringTable, FindsChineseForLocalesOfSimplifiedCharacters) {
+  for (const std::string_view locale :
+       {"zh", "zh_CN.UTF-8", "zh_SG", "zh.UTF-8", "zh-Hans", "zh_Hans_HK", "zh-Hans-TW"}) {
+    EXPECT_EQ(BuiltInStringTable::languageOfLocale(locale), "zh") << locale;
+  }
+}
+
+TEST(StringTable, FindsNoLanguageForLocalesOfTraditionalCharacters) {
+  for (const std::string_view locale :
+       {"zh_TW.UTF-8", "zh_TW", "zh_HK", "zh-MO", "zh_Hant", "zh-Hant-TW", "zh_Hant_CN"}) {
     EXPECT_EQ(BuiltInStringTable::languageOfLocale(locale), std::nullopt) << locale;
   }
 }

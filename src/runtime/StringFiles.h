@@ -1,0 +1,19 @@
+// The files of texts, as they were when the library was built.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+namespace wifi_profile {
+
+// The content of runtime/strings/<language>.txt: UTF-8; lines `KEY = text`, comment lines that
+// begin with `#`, and empty lines. A test holds the files to that.
+struct StringFile {
+  std::string_view language;  // ISO 639-1
+  std::string_view content;
+};
+
+// Any thread.
+const std::vector<StringFile>& stringFiles();
+
+}  // namespace wifi_profile
