@@ -1,0 +1,80 @@
+#include "runtime/IcuNameCollator.h"
+
+#include <array>
+#include <cassert>
+#include <cstdint>
+#include <unicode/ucol.h>
+#include <unicode/ustring.h>
+#include <vector>
+
+namespace wifi_profile {
+namespace {
+
+// Bytes of a name and of its key that are worked on without memory from the heap.
+constexpr std::size_t kUsualName = 128;
+constexpr std::int32_t kUsualKey = 512;
+
+constexpr UChar32 kReplacement = 0xFFFD;
+
+UCollator* openedCollator(const char* language) {
+  UErrorCode status = U_ZERO_ERROR;
+  UCollator* const collator = ucol_open(language, &status);
+  if (U_FAILURE(status)) return nullptr;
+  ucol_setStrength(collator, UCOL_SECONDARY);
+  return collator;
+}
+
+UCollator* collatorOf(const std::string& language) {
+  UCollator* const own = openedCollator(language.c_str());
+  return own ? own : openedCollator("");  // the root of all languages
+}
+
+// The name in UTF-16, in `units`, which must have as many elements as the name has bytes.
+std::int32_t toUtf16(std::string_view name, UChar* units) {
+  UErrorCode status = U_ZERO_ERROR;
+  const auto size = static_cast<std::int32_t>(name.size());
+  std::int32_t length = 0;
+  u_strFromUTF8WithSub(units, size, &length, name.data(), size, kReplacement, nullptr, &status);
+  assert(U_SUCCESS(status));
+  return length;
+}
+
+void append(const std::uint8_t* bytes, std::int32_t count, std::string& key) {
+  key.append(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(count));
+}
+
+void appendKey(const UCollator& collator, const UChar* units, std::int32_t length,
+               std::string& key) {
+  std::array<std::uint8_t, kUsualKey> bytes;
+  // The size of a key counts the NUL at its end and is at least 1. No other byte of it is NUL, so
+  // keys without it are in the same order.
+  const std::int32_t size = ucol_getSortKey(&collator, units, length, bytes.data(), kUsualKey);
+  if (size <= kUsualKey) {
+    append(bytes.data(), size - 1, key);
+    return;
+  }
+  std::vector<std::uint8_t> longKey(static_cast<std::size_t>(size));
+  ucol_getSortKey(&collator, units, length, longKey.data(), size);
+  append(longKey.data(), size - 1, key);
+}
+
+}  // namespace
+
+void IcuNameCollator::Closer::operator()(UCollator* collator) const { ucol_close(collator); }
+
+IcuNameCollator::IcuNameCollator(std::string_view language)
+    : collator_(collatorOf(std::string(language))) {}
+
+void IcuNameCollator::appendSortKey(std::string_view name, std::string& key) const {
+  if (!collator_) {
+    key += name;
+  } else if (name.size() <= kUsualName) {
+    std::array<UChar, kUsualName> units;
+    appendKey(*collator_, units.data(), toUtf16(name, units.data()), key);
+  } else {
+    std::vector<UChar> units(name.size());
+    appendKey(*collator_, units.data(), toUtf16(name, units.data()), key);
+  }
+}
+
+}  // namespace wifi_profile

@@ -1,0 +1,179 @@
+// The order of names in a person's language.
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+#include <random>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <unicode/ucol.h>
+#include <unicode/unistr.h>
+#include <vector>
+
+#include "runtime/BuiltInStringTable.h"
+#include "runtime/IcuNameCollator.h"
+
+namespace wifi_profile {
+namespace {
+
+using namespace std::string_literals;
+
+std::string keyOf(std::string_view name, std::string_view language = "en") {
+  std::string key;
+  IcuNameCollator(language).appendSortKey(name, key);
+  return key;
+}
+
+// Names of up to twelve characters that meet often: of a few letters in either case, with and
+// without accents, of several scripts, blanks, signs and a control character.
+std::vector<std::string> randomNames(std::size_t count) {
+  static const std::vector<std::string> kParts{
+      "a",  "A", "b",  "c", "h",  "n", "N", "z",  "ä",      "Ä",          "e",   "é",
+      "ñ",  "ß", "ss", "1", "10", " ", "-", "_",  "あ",     "ア",         "ー",  "中",
+      "爱", "ب", "ا",  "ш", "Ш",  "ﬁ", "☃", "한", "\u0301", "\U0001F4F6", "\x01"};
+  std::mt19937 random(20250611);
+  std::vector<std::string> names(count);
+  for (std::string& name : names) {
+    for (auto left = random() % 13; left > 0; --left) name += kParts[random() % kParts.size()];
+  }
+  return names;
+}
+
+int sign(int number) { return (number > 0) - (number < 0); }
+
+TEST(IcuNameCollator, IgnoresCase) {
+  EXPECT_EQ(keyOf("Home"), keyOf("home"));
+  EXPECT_EQ(keyOf("CAFÉ"), keyOf("café"));
+  EXPECT_LT(keyOf("apple"), keyOf("Banana"));
+  EXPECT_LT(keyOf("Banana"), keyOf("cherry"));
+}
+
+TEST(IcuNameCollator, CountsAccentsWhereTheLettersAreTheSame) {
+  EXPECT_LT(keyOf("Cafe"), keyOf("Café"));
+  EXPECT_LT(keyOf("Café"), keyOf("Cafes"));
+}
+
+TEST(IcuNameCollator, CountsBlanksAndSigns) {
+  EXPECT_LT(keyOf("a b"), keyOf("ab"));
+  EXPECT_LT(keyOf("a-b"), keyOf("ab"));
+}
+
+TEST(IcuNameCollator, FollowsTheRulesOfTheLanguage) {
+  EXPECT_LT(keyOf("ña", "en"), keyOf("nz", "en"));
+  EXPECT_LT(keyOf("nz", "es"), keyOf("ña", "es"));
+  EXPECT_LT(keyOf("大", "en"), keyOf("安", "en"));
+  EXPECT_LT(keyOf("安", "zh"), keyOf("大", "zh"));
+  EXPECT_LT(keyOf("a", "en"), keyOf("ب", "en"));
+  EXPECT_LT(keyOf("ب", "ar"), keyOf("a", "ar"));
+}
+
+TEST(IcuNameCollator, HasTheSharedRulesForOtherLanguages) {
+  for (const std::string& language : {""s, "keys"s, "qq"s, "en"s, "no such language"s}) {
+    EXPECT_EQ(keyOf("Ñandú", language), keyOf("Ñandú", "de")) << language;
+  }
+}
+
+TEST(IcuNameCollator, OrdersKeysAsTheLanguageComparesNames) {
+  const auto names = randomNames(3000);
+  for (const std::string_view language : BuiltInStringTable::languages()) {
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<UCollator, void (*)(UCollator*)> reference(
+        ucol_open(std::string(language).c_str(), &status), [](UCollator* it) { ucol_close(it); });
+    ASSERT_TRUE(U_SUCCESS(status)) << language;
+    ucol_setStrength(reference.get(), UCOL_SECONDARY);
+    const IcuNameCollator collator(language);
+    std::vector<std::string> keys(names.size());
+    std::vector<icu::UnicodeString> units(names.size());
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      collator.appendSortKey(names[i], keys[i]);
+      units[i] = icu::UnicodeString::fromUTF8(names[i]);
+    }
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      for (const std::size_t j : {(i + 1) % names.size(), i * 7 % names.size()}) {
+        const int expected = ucol_strcoll(reference.get(), units[i].getBuffer(), units[i].length(),
+                                          units[j].getBuffer(), units[j].length());
+        ASSERT_EQ(sign(keys[i].compare(keys[j])), sign(expected))
+            << language << ": '" << names[i] << "', '" << names[j] << "'";
+      }
+    }
+  }
+}
+
+TEST(IcuNameCollator, TakesBytesThatAreNoUtf8ForTheReplacementCharacter) {
+  EXPECT_EQ(keyOf("A\xFF"), keyOf("a\uFFFD"));
+  EXPECT_EQ(keyOf("\xC3"), keyOf("\uFFFD"));
+  EXPECT_EQ(keyOf("\xC3z"), keyOf("\uFFFDZ"));
+  EXPECT_NE(keyOf("A\xFF"), keyOf("A"));
+}
+
+TEST(IcuNameCollator, TakesAnyBytes) {
+  const IcuNameCollator collator("ja");
+  std::mt19937 random(7);
+  for (int i = 0; i < 3000; ++i) {
+    std::string name(random() % 40, '\0');
+    for (char& c : name) c = static_cast<char>(random());
+    std::string key;
+    collator.appendSortKey(name, key);
+    EXPECT_EQ(key.find('\0'), std::string::npos);
+  }
+}
+
+TEST(IcuNameCollator, DoesNotEndANameAtANulByte) {
+  EXPECT_LT(keyOf("a"), keyOf("a\0b"s));
+  EXPECT_EQ(keyOf("ab"), keyOf("a\0b"s));
+}
+
+// Of any length, that is: also where the memory from the stack is no longer enough.
+TEST(IcuNameCollator, OrdersANameBehindItsFront) {
+  const IcuNameCollator collator("en");
+  for (const std::string_view letter : {"a", "é", "中"}) {
+    std::string name;
+    std::string before;
+    collator.appendSortKey(name, before);
+    for (int length = 1; length <= 600; ++length) {
+      name += letter;
+      std::string key;
+      collator.appendSortKey(name, key);
+      ASSERT_LT(before, key) << letter << length;
+      before = key;
+    }
+  }
+}
+
+TEST(IcuNameCollator, TakesLongNames) {
+  std::string lower;
+  std::string upper;
+  while (lower.size() < 10'240) {
+    lower += "straßé";
+    upper += "STRAßÉ";
+  }
+  EXPECT_EQ(keyOf(lower), keyOf(upper));
+  EXPECT_LT(keyOf(lower + "e"), keyOf(lower + "é"));
+  EXPECT_GT(keyOf(lower).size(), 5'000U);
+}
+
+TEST(IcuNameCollator, AppendsToWhatIsThere) {
+  std::string key = "1";
+  IcuNameCollator("en").appendSortKey("A", key);
+  EXPECT_EQ(key, "1" + keyOf("A"));
+}
+
+TEST(IcuNameCollator, ServesSeveralThreadsAtATime) {
+  const auto names = randomNames(2000);
+  const IcuNameCollator collator("zh");
+  std::vector<std::vector<std::string>> keys(3, std::vector<std::string>(names.size()));
+  const auto fill = [&](std::vector<std::string>& own) {
+    for (std::size_t i = 0; i < names.size(); ++i) collator.appendSortKey(names[i], own[i]);
+  };
+  std::thread one(fill, std::ref(keys[0]));
+  std::thread other(fill, std::ref(keys[1]));
+  one.join();
+  other.join();
+  fill(keys[2]);
+  EXPECT_EQ(keys[0], keys[2]);
+  EXPECT_EQ(keys[1], keys[2]);
+}
+
+}  // namespace
+}  // namespace wifi_profile
