@@ -9,6 +9,7 @@
 #include "devices/scenario/ScenarioReader.h"
 #include "host/DiagnosticRun.h"
 #include "runtime/BuiltInStringTable.h"
+#include "runtime/IcuNameCollator.h"
 #include "runtime/JsonReader.h"
 #include "runtime/JsonWriter.h"
 #include "runtime/VirtualTimeRunLoop.h"
@@ -49,7 +50,9 @@ Outcome runDemo() {
   TraceFile trace(loop, nullptr);
   ProgressLine line(nowhere, false);
   const auto run = std::make_shared<DiagnosticRun>(
-      demo(), inputs, Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>("en")});
+      demo(), inputs,
+      Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>("en"),
+                   std::make_shared<IcuNameCollator>("en")});
   run->run();
   return run->outcome();
 }

@@ -8,7 +8,7 @@ endif()
 install(TARGETS ${installed_targets} EXPORT WiFiProfileTargets
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-foreach(room platform controller tests runtime screens devices)
+foreach(room platform controller tests wifi ui runtime screens devices)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/${room}
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/wifi_profile FILES_MATCHING PATTERN "*.h")
 endforeach()

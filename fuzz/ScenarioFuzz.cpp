@@ -6,6 +6,7 @@
 #include "devices/scenario/ScenarioReader.h"
 #include "host/DiagnosticRun.h"
 #include "runtime/BuiltInStringTable.h"
+#include "runtime/IcuNameCollator.h"
 #include "runtime/JsonReader.h"
 #include "runtime/JsonWriter.h"
 #include "runtime/SafeText.h"
@@ -31,7 +32,7 @@ void runIt(const scenario::Scenario& scenario) {
   auto inputs = std::make_shared<WiFiProfileInputs>();
   require(inputs->validateAndInitializeParameters(
       makeDictionary({{"maxScanCacheAge", Number::withUnsigned(60)},
-                      {"reprofileWithUI", Number::withBool(false)},
+                      {"reprofileWithUI", Number::withBool(scenario.user.has_value())},
                       {"networkName", makeText("Lab")}})));
   VirtualTimeRunLoop loop;
   TraceFile trace(loop, nullptr);
@@ -40,7 +41,8 @@ void runIt(const scenario::Scenario& scenario) {
   ProgressLine line(nowhere, false);
   const auto run = std::make_shared<DiagnosticRun>(
       scenario, inputs,
-      Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>("en")});
+      Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>("en"),
+                   std::make_shared<IcuNameCollator>("en")});
   if (run->run() != Ending::finished) return;
   requireSafe(reportText(run->outcome(), journal, {}));
   const std::string record = jsonText(run->outcome().data);

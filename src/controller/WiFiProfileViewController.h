@@ -2,7 +2,9 @@
 //
 // Order of a run without the picker: `setupWithInputs`, `start` (status query, progress screen,
 // navigation bar), then on the global queue the batches of tests, then 0.5 s later, on the global
-// queue, `endTestWithStatusCode`. The host may call `teardown` at any time after `start`.
+// queue, `endTestWithStatusCode`. With the picker, `start` brings up the Wi-Fi manager, posts the
+// first scan and builds the list's screen; the batches follow when a person taps the NEXT button.
+// The host may call `teardown` at any time after `start`.
 #pragma once
 
 #include <cstdint>
@@ -15,17 +17,18 @@
 #include "platform/HostFramework.h"
 #include "platform/Property.h"
 #include "platform/WiFiManager.h"
+#include "platform/toolkit/NavigationBar.h"
+#include "platform/toolkit/TableView.h"
+#include "wifi/NameOrder.h"
+#include "wifi/NetworkDictionary.h"
+#include "wifi/ScanList.h"
 
 namespace wifi_profile {
 
 namespace toolkit {
 class Image;
 class Label;
-class NavigationBar;
-class NavigationItem;
 class ProgressView;
-class RefreshControl;
-class TableView;
 }  // namespace toolkit
 class WiFiHeaderView;
 struct CatalogueTest;
@@ -33,7 +36,10 @@ struct CatalogueTest;
 // Must be owned by a shared_ptr: work in the queues keeps the controller alive. Operations run on
 // the main thread unless they say otherwise; properties may be read on any thread, but what a view
 // property points to belongs to the main thread.
-class WiFiProfileViewController final : public HxDiagnosticViewController {
+class WiFiProfileViewController final : public HxDiagnosticViewController,
+                                        public toolkit::NavigationBarDelegate,
+                                        public toolkit::TableViewDataSource,
+                                        public toolkit::TableViewDelegate {
  public:
   // --- State, in the order of declaration, which is the reverse order of destruction
 
@@ -43,13 +49,13 @@ class WiFiProfileViewController final : public HxDiagnosticViewController {
   Property<MutableDictionaryRef> deviceData;            // findings; live until the end
   Property<MutableDictionaryRef> currentNetworkData;
   Property<MutableDictionaryRef> selectedNetworkData;
-  Property<VqWiFiStatusRef> wifiStatus;  // nil until a status query succeeds
-  Property<std::shared_ptr<const VqWiFiScanResult>> currentNetwork;
-  Property<ArrayRef> filteredWiFiScanResults;
-  Property<ArrayRef> previousScanFilteredWiFiScanResults;
-  Property<MutableDictionaryRef> distinctNetworks;
-  Property<MutableDictionaryRef> filteredNetworks;
-  Property<DictionaryRef> previousScanFilteredNetworks;
+  Property<VqWiFiStatusRef> wifiStatus;    // nil until a status query succeeds
+  Property<ScanResultRef> currentNetwork;  // the joined network's access point, once heard
+  Property<NetworkListRef> filteredWiFiScanResults;  // the listed networks, in the list's order
+  Property<NetworkListRef> previousScanFilteredWiFiScanResults;  // as a refresh found them
+  Property<NetworkDictionaryRef> distinctNetworks;               // every named network
+  Property<NetworkDictionaryRef> filteredNetworks;               // the listed ones
+  Property<NetworkDictionaryRef> previousScanFilteredNetworks;   // as a refresh found them
   Property<ArrayRef> wifiScanResults;  // of VqWiFiScanResult, in the service's order
   Property<std::shared_ptr<toolkit::TableView>> tableView;
   Property<std::shared_ptr<toolkit::RefreshControl>> refreshControl;
@@ -57,8 +63,8 @@ class WiFiProfileViewController final : public HxDiagnosticViewController {
   Property<std::shared_ptr<toolkit::NavigationItem>> navigationItem;
   Property<std::shared_ptr<WiFiHeaderView>> networksGroupHeaderView;
   Property<std::shared_ptr<WiFiHeaderView>> selectedNetworkHeaderView;
-  Property<std::shared_ptr<toolkit::Image>> blueCheck;
-  Property<std::shared_ptr<toolkit::Image>> spacer;
+  Property<toolkit::ImageRef> blueCheck;
+  Property<toolkit::ImageRef> spacer;
   Property<std::shared_ptr<toolkit::Label>> mainLabel;
   Property<std::shared_ptr<toolkit::ProgressView>> progressView;
   Property<bool> refreshEnabled;
@@ -224,15 +230,87 @@ class WiFiProfileViewController final : public HxDiagnosticViewController {
   // YES when there is a Wi-Fi device; else the run has been ended with -2 or -3.
   bool setupWiFi();
 
-  // Main thread, at every power notification: with the radio off, ends the run with -5.
+  // At every power notification: with the radio on, loads the list; with the radio off, ends the
+  // run with -5.
   void powerChanged();
-  void presentWiFiPoweredOffAlert();
-  void displayNetworkList();
 
-  // --- Picker screen (ui/NetworkPicker.cpp)
+  // Asks whether to switch the radio on. NO ends the run with -4; YES asks the manager, and only
+  // its notification goes on.
+  void presentWiFiPoweredOffAlert();
+
+  // --- The list of networks (wifi/NetworkList.cpp)
+
+  // Posts the first scan to the global queue. Before the scan it has the main queue reload the
+  // table, after it show the list and install the pull-to-refresh control.
+  void displayNetworkList();
+  // A pull: posts a rescan to the global queue, and after it has the main queue change the rows.
+  void refreshNetworkList(const ObjectRef& sender);
+
+  // On the scan's background thread, one after another.
+  void dedupScanResultsToHighestRSSI();
+  void updateFilteredNetworkListIfNeeded();
+
+  // Any thread. A nil network changes nothing. Callers sort afterwards.
+  void sortWiFiScanResults();
+  void removeNetworkFromFilteredNetworkList(const ScanResultRef& network);
+  void addNetworkToFilteredNetworkList(const ScanResultRef& network);
+
+  // The table's rows, in batches.
+  void loadInitialNetworkList();
+  void updateNetworkList();
+  void deleteLostNetworks();
+  void insertNewNetworks();
+
+  // --- The choice of a network (wifi/Selection.cpp)
+
+  // `network` is one of the listed ones.
+  void updateSelectedNetwork(const ScanResultRef& network);
+  // Takes the name as it was typed. The one that is selected already changes nothing.
+  void updateSelectedNetworkFromOtherWithSSID(const TextRef& ssid);
+  void askForSSID();
+  void textFieldAlertDidChange(const ObjectRef& sender);
+
+  // Rows of the table, in batches. There must be a table.
+  void reloadSelectedNetwork(bool shown);
+  void deleteSelectedNetwork(std::int64_t row);
+  void insertPreviousSelectedNetwork(const ScanResultRef& previous);
+
+  // --- Picker screen (ui/NetworkPicker.cpp). What is not there is left alone.
 
   void setupViewWithNetworkList(bool list);
+  void setupRefreshControl();
+  void showSpinner();
+  void hideSpinner();
+  void enableTableViewSelection(bool enable);
+  void enableRightBarButtonItem(bool enable);
   void removeNavigationBarButtons();
+  void reloadRefreshCell();
+  void scrollToSelectedNetwork();
+  void scrollToLastFocusedItem();
+  toolkit::BarPosition positionForBar() const override;
+
+  bool shouldAutorotate() const override { return false; }
+  unsigned supportedInterfaceOrientations() const override { return toolkit::kPortraitOnly; }
+
+  // --- What the picker's table shows (ui/PickerTable.cpp)
+
+  // Rows of the networks' section: the listed ones, and one for a network that is not listed.
+  std::int64_t networksOffset() const;
+
+  std::int64_t numberOfSectionsInTableView(const toolkit::TableView& table) override;
+  std::int64_t tableViewNumberOfRowsInSection(const toolkit::TableView& table,
+                                              std::int64_t section) override;
+  std::shared_ptr<toolkit::TableViewCell> tableViewCellForRowAtIndexPath(
+      toolkit::TableView& table, toolkit::IndexPath path) override;
+  double tableViewHeightForHeaderInSection(const toolkit::TableView& table,
+                                           std::int64_t section) override;
+  // Asking for the networks' header while a scan is on has its spinner turn.
+  std::shared_ptr<toolkit::View> tableViewViewForHeaderInSection(const toolkit::TableView& table,
+                                                                 std::int64_t section) override;
+  double tableViewHeightForFooterInSection(const toolkit::TableView& table,
+                                           std::int64_t section) override;
+  void tableViewDidSelectRowAtIndexPath(toolkit::TableView& table,
+                                        toolkit::IndexPath path) override;
 
   // --- Progress screen (ui/ProgressScreen.cpp)
 
@@ -248,6 +326,12 @@ class WiFiProfileViewController final : public HxDiagnosticViewController {
     return std::static_pointer_cast<WiFiProfileViewController>(shared_from_this());
   }
   void runBatchesAndScheduleEnd();
+  void takeSelectedNetworkOutAfterRefresh(bool hadSelection);
+  void showRefreshed(bool hadSelection);
+  void select(const TextRef& name, const ScanResultRef& listed);
+  void setupTable();
+
+  NameOrder nameOrder_;  // of the names that scans brought; any thread
 };
 
 }  // namespace wifi_profile

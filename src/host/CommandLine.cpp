@@ -18,6 +18,8 @@ constexpr const char* kRunExamples = R"(Examples:
       the same, with a second network to look at
   wifi-profile run --device scenarios/captive-cafe.json --time virtual --trace trace.ndjson
       a device on paper, without waiting, with everything that happened in a file
+  wifi-profile run --device demo --pick
+      the scenario's user picks a network from the list first
   echo '{"maxScanCacheAge":60,"reprofileWithUI":false}' | wifi-profile run --device demo --parameters -
       the parameters as a host passes them
 
@@ -79,8 +81,8 @@ CLI::App* addRun(CLI::App& app, RunOptions& run, RunTexts& texts) {
                            ->add_option("--max-scan-cache-age", run.maxScanCacheAge,
                                         "Oldest scan to accept, in seconds (0 to 600) [60]")
                            ->type_name("SECONDS"));
-  parameters->excludes(
-      command->add_flag("--pick", run.pick, "Choose the network from a list (not in this build)"));
+  parameters->excludes(command->add_flag(
+      "--pick", run.pick, "Choose the network from a list; needs a scenario with a user"));
   allowOnly(command->add_option("--ui", texts.ui, "Screen to show; this build draws none"),
             {"none"});
   allowOnly(command->add_option("--output", texts.output,

@@ -13,6 +13,7 @@
 #include "host/Report.h"
 #include "host/Script.h"
 #include "host/TraceFile.h"
+#include "platform/NameCollator.h"
 #include "platform/StringTable.h"
 #include "runtime/RunLoop.h"
 
@@ -31,6 +32,7 @@ struct Surroundings {
   TraceFile& trace;
   ProgressLine& line;
   std::shared_ptr<StringTable> texts;
+  std::shared_ptr<NameCollator> collator;
 };
 
 // Installs the back ends for as long as it lives, drives the run, and keeps its outcome as it stood

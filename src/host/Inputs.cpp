@@ -77,6 +77,8 @@ std::variant<DictionaryRef, Problem> parametersFromOptions(const RunOptions& opt
 
 }  // namespace
 
+std::string placeOfPick(const RunOptions& options) { return placeOf(options, "reprofileWithUI"); }
+
 std::variant<std::shared_ptr<WiFiProfileInputs>, Problem> inputsOf(const RunOptions& options) {
   auto parameters = options.parametersFile ? parametersFromFile(*options.parametersFile)
                                            : parametersFromOptions(options);
@@ -89,10 +91,6 @@ std::variant<std::shared_ptr<WiFiProfileInputs>, Problem> inputsOf(const RunOpti
       if (expected.empty()) continue;
       return unexpected(placeOf(options, key), foundUnder(dictionary, key), expected);
     }
-  }
-  if (inputs->reprofileWithNetworksListUI()) {
-    return unexpected(placeOf(options, "reprofileWithUI"), "a wish to pick a network",
-                      "none: this build has no list of networks to pick from");
   }
   return inputs;
 }

@@ -14,4 +14,7 @@ namespace wifi_profile {
 // else was asked for.
 std::variant<std::shared_ptr<WiFiProfileInputs>, Problem> inputsOf(const RunOptions& options);
 
+// Where a person asked for the list of networks, for messages.
+std::string placeOfPick(const RunOptions& options);
+
 }  // namespace wifi_profile

@@ -16,6 +16,7 @@
 #include "host/Files.h"
 #include "host/Inputs.h"
 #include "runtime/BuiltInStringTable.h"
+#include "runtime/IcuNameCollator.h"
 #include "runtime/Interrupts.h"
 #include "runtime/JsonReader.h"
 #include "runtime/JsonWriter.h"
@@ -149,7 +150,8 @@ int runOn(RunLoop& loop, const RunOptions& options, const scenario::Scenario& sc
   trace.addListener(activity);
   const auto run = std::make_shared<DiagnosticRun>(
       scenario, std::move(inputs),
-      Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>(languageFor(options))});
+      Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>(languageFor(options)),
+                   std::make_shared<IcuNameCollator>(languageFor(options))});
   const Interrupts interrupts([&run, again = false]() mutable {
     if (again) std::_Exit(kExitInterrupted);  // asked twice: at once
     again = true;
@@ -188,6 +190,14 @@ int runCommand(const RunOptions& options) {
   }
   auto scenario = readDevice(options);
   if (const auto* failure = std::get_if<Failure>(&scenario)) return complain(*failure);
+  const auto& validInputs = std::get<std::shared_ptr<WiFiProfileInputs>>(inputs);
+  const bool hasUser = std::get<scenario::Scenario>(scenario).user.has_value();
+  if (validInputs->reprofileWithNetworksListUI() && !hasUser) {
+    return complain({kExitUsage, unexpected(placeOfPick(options), "a device without a user",
+                                            "a scenario with \"user\" steps: --ui none draws no "
+                                            "list for a person to pick from")
+                                     .message});
+  }
   TraceFile::File traceFile;
   if (options.traceFile) {
     if (readsFrom(options, *options.traceFile)) {
@@ -205,8 +215,8 @@ int runCommand(const RunOptions& options) {
   } else {
     loop = std::make_unique<ThreadRunLoop>();
   }
-  return runOn(*loop, options, std::get<scenario::Scenario>(scenario),
-               std::get<std::shared_ptr<WiFiProfileInputs>>(inputs), std::move(traceFile));
+  return runOn(*loop, options, std::get<scenario::Scenario>(scenario), validInputs,
+               std::move(traceFile));
 }
 
 }  // namespace wifi_profile

@@ -11,7 +11,7 @@ void TraceFile::event(std::string_view name, const Fields& fields) {
   ++sequence_;
   if (file_) {
     std::string line = "{\"seq\":" + std::to_string(sequence_) + ",\"thread\":\"" +
-                       (pace_.onMainThread() ? "main" : "background") +
+                       (queues_.onMainThread() ? "main" : "background") +
                        "\",\"event\":" + jsonString(name);
     for (const auto& [key, value] : fields) line += "," + jsonString(key) + ":" + jsonText(value);
     line += "}\n";

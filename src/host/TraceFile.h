@@ -22,8 +22,8 @@ class TraceFile final : public Trace {
   };
   using File = std::unique_ptr<std::FILE, Close>;
 
-  // `pace` must outlive the trace. `file` may be null: then events are only told to listeners.
-  TraceFile(const Pace& pace, File file) : pace_(pace), file_(std::move(file)) {}
+  // `queues` must outlive the trace. `file` may be null: then events are only told to listeners.
+  TraceFile(const WorkQueues& queues, File file) : queues_(queues), file_(std::move(file)) {}
 
   // `listener` is told of every event from now on, in order, and must outlive the trace.
   void addListener(Trace& listener) { listeners_.push_back(&listener); }
@@ -34,7 +34,7 @@ class TraceFile final : public Trace {
   int firstError() const;
 
  private:
-  const Pace& pace_;
+  const WorkQueues& queues_;
   mutable std::mutex mutex_;  // guards what follows
   File file_;
   int firstError_ = 0;

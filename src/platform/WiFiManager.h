@@ -3,6 +3,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <utility>
 
 #include "platform/Installed.h"
 #include "platform/Interface.h"
@@ -17,8 +19,10 @@ using WiFiManagerClientRef = WiFiManagerClient*;
 using WiFiDeviceClientRef = WiFiDeviceClient*;
 using WiFiDeviceListRef = WiFiDeviceList*;
 
-// Called on the run loop that the manager is scheduled on, at every power change of the device.
-using WiFiDevicePowerCallback = void (*)(WiFiDeviceClientRef device, void* context);
+// Called on the run loop that the manager is scheduled on, at every power change of the device. The
+// context is held for the duration of the call.
+using WiFiDevicePowerCallback = void (*)(WiFiDeviceClientRef device,
+                                         const std::shared_ptr<void>& context);
 
 // The service behind the operations below. Any thread.
 class WiFiManagerService : public Interface {
@@ -33,7 +37,7 @@ class WiFiManagerService : public Interface {
   virtual int getPower(WiFiManagerClientRef manager) = 0;
   virtual void setPower(WiFiManagerClientRef manager, int power) = 0;
   virtual void registerPowerCallback(WiFiDeviceClientRef device, WiFiDevicePowerCallback callback,
-                                     void* context) = 0;
+                                     std::weak_ptr<void> context) = 0;
   virtual void retain(WiFiDeviceClientRef device) = 0;
   virtual void release(WiFiManagerClientRef manager) = 0;
   virtual void release(WiFiDeviceClientRef device) = 0;
@@ -81,10 +85,12 @@ inline void WiFiManagerClientSetPower(WiFiManagerClientRef manager, int power) {
   Installed<WiFiManagerService>::get()->setPower(manager, power);
 }
 
-// `context` is handed back to the callback and not kept alive.
+// `context` is handed back to the callback and not kept alive. A notification that comes when it is
+// gone, or when the device has been released, is dropped.
 inline void WiFiDeviceClientRegisterPowerCallback(WiFiDeviceClientRef device,
-                                                  WiFiDevicePowerCallback callback, void* context) {
-  Installed<WiFiManagerService>::get()->registerPowerCallback(device, callback, context);
+                                                  WiFiDevicePowerCallback callback,
+                                                  std::weak_ptr<void> context) {
+  Installed<WiFiManagerService>::get()->registerPowerCallback(device, callback, std::move(context));
 }
 
 inline void retainWiFiHandle(WiFiDeviceClientRef device) {

@@ -27,13 +27,13 @@ class WorkQueues : public Interface {
 
   // Hands `work` to the global queue and waits for it. It runs on the waiting caller's thread.
   virtual void runOnGlobalAndWait(const Work& work) = 0;
+
+  virtual bool onMainThread() const = 0;
 };
 
 // What a device on paper and a script need to keep step with the queues.
 class Pace : public Interface {
  public:
-  virtual bool onMainThread() const = 0;
-
   // Returns once the main thread has handled everything that was posted to the main queue before
   // this call. Returns at once on the main thread itself.
   virtual void waitForMain() = 0;

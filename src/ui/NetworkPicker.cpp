@@ -1,38 +1,117 @@
-// The screen's navigation bar. State: `navigationBar`, `navigationItem`.
+// The network picker's screen: how it is built, and what the list, the selection and the radio's
+// power do to it. State: `navigationBar`, `navigationItem`, `tableView`, `refreshControl`, the two
+// header views, `blueCheck`, `spacer`, `scanFinished`, `refreshEnabled`.
 
 #include "controller/WiFiProfileViewController.h"
 #include "platform/DeviceCapability.h"
 #include "platform/StringTable.h"
 #include "platform/toolkit/NavigationBar.h"
+#include "platform/toolkit/TableView.h"
+#include "ui/CellIdentifier.h"
+#include "ui/WiFiHeaderView.h"
+#include "ui/WiFiTableViewCell.h"
 
 namespace wifi_profile {
 namespace {
 
-constexpr double kStatusBarHeight = 20;
+constexpr double kStatusBarHeight = 20;  // points
+constexpr std::int64_t kSelectedSection = 0;
+
+std::shared_ptr<WiFiHeaderView> makeHeader(std::string_view key, bool showSpinner) {
+  return WiFiHeaderView::initWithFrame({}, makeText(localizedString(key)), showSpinner);
+}
 
 }  // namespace
 
-void WiFiProfileViewController::setupViewWithNetworkList(bool /*list*/) {
+void WiFiProfileViewController::setupViewWithNetworkList(bool list) {
   view()->setBackgroundColor(toolkit::kWhite);
   {
-    const toolkit::NavigationContainer container(weak_from_this());
+    const toolkit::NavigationContainer container(*this);
     navigationBar.set(container.navigationBar());
   }
   const auto bar = navigationBar();
   bar->setLocked(false);
-  bar->setDelegate(weak_from_this());
+  bar->setDelegate(self());
   bar->setCenter({bar->center().x, bar->center().y + kStatusBarHeight});
   const bool saysWLAN = (QdGetBoolAnswer("wapi") & 1) != 0;
   navigationItem.set(std::make_shared<toolkit::NavigationItem>(
       localizedString(saysWLAN ? "WLAN_DIAGNOSTICS" : "WIFI_DIAGNOSTICS")));
+  if (list) {
+    navigationItem()->setRightBarButtonItem(std::make_shared<toolkit::BarButtonItem>(
+        localizedString("NEXT"), toolkit::BarButtonStyle::plain, [weak = weak_from_this()] {
+          const auto target = std::static_pointer_cast<WiFiProfileViewController>(weak.lock());
+          if (target) target->nextTapped(nullptr);
+        }));
+    enableRightBarButtonItem(false);
+  }
   bar->setItems({navigationItem()});
   bar->setLocked(true);
   view()->addSubview(bar);
+  if (list) setupTable();
   view()->bringSubviewToFront(bar);
+}
+
+void WiFiProfileViewController::setupTable() {
+  const auto table = std::make_shared<toolkit::TableView>(view()->frame());
+  tableView.set(table);
+  const double top = navigationBar()->frame().size.height + kStatusBarHeight;
+  table->setContentInset({.top = top});
+  table->setScrollIndicatorInsets({.top = top});
+  table->setDelegate(self());
+  table->setDataSource(self());
+  table->setResizing({.flexibleWidth = true, .flexibleHeight = true});
+  table->registerCell<WiFiTableViewCell>(kCellIdentifier);
+  view()->addSubview(table);
+  blueCheck.set(toolkit::Image::blueCheckMark()->redrawnFlatInTint());
+  spacer.set(toolkit::Image::named("spacer"));
+  selectedNetworkHeaderView.set(makeHeader("SELECTED_NETWORK", false));
+  networksGroupHeaderView.set(makeHeader("CHOOSE_NETWORK", true));
+}
+
+void WiFiProfileViewController::setupRefreshControl() {
+  refreshControl.set(std::make_shared<toolkit::RefreshControl>([weak = weak_from_this()] {
+    const auto target = std::static_pointer_cast<WiFiProfileViewController>(weak.lock());
+    if (target) target->refreshNetworkList(nullptr);
+  }));
+  if (const auto table = tableView()) table->setRefreshControl(refreshControl());
+  refreshEnabled.set(true);
+}
+
+void WiFiProfileViewController::showSpinner() {
+  scanFinished.set(false);
+  if (const auto header = networksGroupHeaderView()) header->spinner()->startAnimating();
+}
+
+void WiFiProfileViewController::hideSpinner() {
+  scanFinished.set(true);
+  if (const auto header = networksGroupHeaderView()) header->spinner()->stopAnimating();
+}
+
+void WiFiProfileViewController::enableTableViewSelection(bool enable) {
+  if (const auto table = tableView()) table->setAllowsSelection(enable);
+}
+
+void WiFiProfileViewController::enableRightBarButtonItem(bool enable) {
+  const auto item = navigationItem();
+  if (item && item->rightBarButtonItem()) item->rightBarButtonItem()->setEnabled(enable);
 }
 
 void WiFiProfileViewController::removeNavigationBarButtons() {
   if (const auto item = navigationItem()) item->setRightBarButtonItem(nullptr);
+}
+
+// Called at fixed points of the list's updates; there is no cell to reload, and no focus to follow.
+void WiFiProfileViewController::reloadRefreshCell() {}
+void WiFiProfileViewController::scrollToLastFocusedItem() {}
+
+void WiFiProfileViewController::scrollToSelectedNetwork() {
+  if (const auto table = tableView()) {
+    table->scrollToRow({kSelectedSection, 0}, toolkit::ScrollPosition::none, true);
+  }
+}
+
+toolkit::BarPosition WiFiProfileViewController::positionForBar() const {
+  return toolkit::BarPosition::topAttached;
 }
 
 }  // namespace wifi_profile

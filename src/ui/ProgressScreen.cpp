@@ -26,7 +26,7 @@ std::shared_ptr<toolkit::Label> makeMessage() {
   label->baselineAdjustment = toolkit::BaselineAdjustment::none;
   label->preferredMaxLayoutWidth = 280;
   label->systemFontSize = 27;
-  label->text = localizedString("PROGRESS_TEXT");
+  label->text = makeText(localizedString("PROGRESS_TEXT"));
   label->textColor = toolkit::kBlack;
   label->setTranslatesAutoresizingMaskIntoConstraints(false);
   return label;

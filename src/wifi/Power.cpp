@@ -3,7 +3,10 @@
 #include "controller/ErrorLog.h"
 #include "controller/StatusCodes.h"
 #include "controller/WiFiProfileViewController.h"
+#include "platform/DeviceCapability.h"
+#include "platform/StringTable.h"
 #include "platform/WorkQueues.h"
+#include "platform/toolkit/Alert.h"
 
 namespace wifi_profile {
 namespace {
@@ -16,10 +19,22 @@ void logManagerError(const char* text) {
   });
 }
 
-void powerCallback(WiFiDeviceClientRef /*device*/, void* context) {
-  const auto controller = static_cast<WiFiProfileViewController*>(context)->shared_from_this();
-  static_cast<WiFiProfileViewController&>(*controller).powerChanged();
+void powerCallback(WiFiDeviceClientRef /*device*/, const std::shared_ptr<void>& context) {
+  static_cast<WiFiProfileViewController*>(context.get())->powerChanged();
 }
+
+class DeviceListReleaser final {
+ public:
+  explicit DeviceListReleaser(WiFiDeviceListRef devices) : devices_(devices) {}
+  DeviceListReleaser(const DeviceListReleaser&) = delete;
+  DeviceListReleaser& operator=(const DeviceListReleaser&) = delete;
+  ~DeviceListReleaser() {
+    if (devices_) releaseWiFiHandle(devices_);
+  }
+
+ private:
+  WiFiDeviceListRef devices_;
+};
 
 }  // namespace
 
@@ -38,6 +53,7 @@ bool WiFiProfileViewController::setupWiFi() {
     WiFiManagerClientScheduleWithRunLoop(client);
     WiFiManagerClientSetType(client, kClientType);
     const WiFiDeviceListRef devices = WiFiManagerClientCopyDevices(client);
+    const DeviceListReleaser releaser(devices);  // last of all, on both ways out
     if (!devices || WiFiDeviceListGetCount(devices) == 0) {
       logManagerError("[ERROR] - Couldn't find a Wi-Fi device.");
       releaseWiFiHandle(client);
@@ -50,8 +66,7 @@ bool WiFiProfileViewController::setupWiFi() {
     self->device.set(first);
     retainWiFiHandle(first);
     self->wifiPoweredOn.set(WiFiManagerClientGetPower(client) != 0);
-    WiFiDeviceClientRegisterPowerCallback(first, powerCallback, self.get());
-    releaseWiFiHandle(devices);
+    WiFiDeviceClientRegisterPowerCallback(first, powerCallback, self);
   });
   return found;
 }
@@ -63,11 +78,23 @@ void WiFiProfileViewController::powerChanged() {
     endTestWithStatusCode(Number::withInteger(kStatusWiFiSwitchedOff));
     return;
   }
+  showSpinner();
   displayNetworkList();
 }
 
-// Where the picker joins in: a host without one does not ask for it ("reprofileWithUI" NO).
-void WiFiProfileViewController::presentWiFiPoweredOffAlert() {}
-void WiFiProfileViewController::displayNetworkList() {}
+void WiFiProfileViewController::presentWiFiPoweredOffAlert() {
+  const bool saysWLAN = (QdGetBoolAnswer("wapi") & 1) != 0;
+  const auto alert = std::make_shared<toolkit::Alert>(
+      localizedString(saysWLAN ? "POWER_ON_WLAN" : "POWER_ON_WIFI"));
+  alert->addAction(std::make_shared<toolkit::AlertAction>(
+      localizedString("NO"), toolkit::ActionStyle::standard, [self = self()] {
+        self->endTestWithStatusCode(Number::withInteger(kStatusPowerOnDeclined));
+      }));
+  alert->addAction(std::make_shared<toolkit::AlertAction>(
+      localizedString("YES"), toolkit::ActionStyle::standard, [self = self()] {
+        if (const auto client = self->manager()) WiFiManagerClientSetPower(client, 1);
+      }));
+  present(alert, true);
+}
 
 }  // namespace wifi_profile

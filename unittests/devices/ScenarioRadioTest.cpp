@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -26,8 +28,11 @@ class ScenarioRadioTest : public ::testing::Test {
     device = radio->deviceAt(devices, 0);
     radio->retain(device);
     radio->registerPowerCallback(
-        device, [](WiFiDeviceClientRef, void* context) { ++*static_cast<int*>(context); },
-        &notifications);
+        device,
+        [](WiFiDeviceClientRef, const std::shared_ptr<void>& context) {
+          ++*static_cast<int*>(context.get());
+        },
+        notifications);
     radio->release(devices);
   }
 
@@ -37,7 +42,7 @@ class ScenarioRadioTest : public ::testing::Test {
   std::shared_ptr<ScenarioRadio> radio;
   WiFiManagerClientRef manager = nullptr;
   WiFiDeviceClientRef device = nullptr;
-  int notifications = 0;
+  std::shared_ptr<int> notifications = std::make_shared<int>(0);
 };
 
 TEST_F(ScenarioRadioTest, GivesNoClientWhereTheScenarioHasNone) {
@@ -57,13 +62,13 @@ TEST_F(ScenarioRadioTest, NotifiesOfASwitchFromOutsideOnTheMainQueue) {
   make({.power = true});
   listen();
   radio->switchFromOutside(false);
-  EXPECT_EQ(notifications, 0);
+  EXPECT_EQ(*notifications, 0);
   loop.runUntilIdle();
-  EXPECT_EQ(notifications, 1);
+  EXPECT_EQ(*notifications, 1);
   EXPECT_EQ(radio->getPower(manager), 0);
   radio->switchFromOutside(false);  // no change, and news all the same
   loop.runUntilIdle();
-  EXPECT_EQ(notifications, 2);
+  EXPECT_EQ(*notifications, 2);
 }
 
 TEST_F(ScenarioRadioTest, SwitchesOnWhenAskedUnlessTheScenarioSaysOtherwise) {
@@ -71,15 +76,15 @@ TEST_F(ScenarioRadioTest, SwitchesOnWhenAskedUnlessTheScenarioSaysOtherwise) {
   listen();
   radio->setPower(manager, 1);
   loop.runUntilIdle();
-  EXPECT_EQ(notifications, 1);
+  EXPECT_EQ(*notifications, 1);
   EXPECT_EQ(radio->getPower(manager), 1);
 
-  notifications = 0;
+  *notifications = 0;
   make({.power = false, .powerOnSucceeds = false});
   listen();
   radio->setPower(manager, 1);
   loop.runUntilIdle();
-  EXPECT_EQ(notifications, 0);
+  EXPECT_EQ(*notifications, 0);
   EXPECT_EQ(radio->getPower(manager), 0);
 }
 
@@ -89,14 +94,23 @@ TEST_F(ScenarioRadioTest, TellsNobodyAfterTheReleases) {
   radio->release(device);
   radio->switchFromOutside(false);
   loop.runUntilIdle();
-  EXPECT_EQ(notifications, 0);
+  EXPECT_EQ(*notifications, 0);
 
   make({});
   listen();
   radio->release(manager);
   radio->switchFromOutside(false);
   loop.runUntilIdle();
-  EXPECT_EQ(notifications, 0);
+  EXPECT_EQ(*notifications, 0);
+}
+
+TEST_F(ScenarioRadioTest, TellsNobodyWhoIsGone) {
+  make({});
+  listen();
+  notifications.reset();
+  radio->switchFromOutside(false);
+  loop.runUntilIdle();
+  EXPECT_EQ(std::count(trace.all.begin(), trace.all.end(), "device.power"), 0);
 }
 
 TEST_F(ScenarioRadioTest, WritesEveryOperationIntoTheTrace) {

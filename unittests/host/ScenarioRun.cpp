@@ -7,7 +7,7 @@
 #include <unistd.h>
 
 #include "devices/scenario/ScenarioReader.h"
-#include "runtime/BuiltInStringTable.h"
+#include "runtime/IcuNameCollator.h"
 #include "runtime/JsonReader.h"
 #include "runtime/JsonWriter.h"
 #include "runtime/VirtualTimeRunLoop.h"
@@ -33,10 +33,10 @@ std::string contentOf(const std::string& path) {
   return content.str();
 }
 
-std::shared_ptr<WiFiProfileInputs> inputsFor(const std::optional<std::string>& networkName) {
+std::shared_ptr<WiFiProfileInputs> inputsFor(const Wish& wish) {
   Dictionary::Entries parameters{{"maxScanCacheAge", Number::withUnsigned(60)},
-                                 {"reprofileWithUI", Number::withBool(false)}};
-  if (networkName) parameters["networkName"] = makeText(*networkName);
+                                 {"reprofileWithUI", Number::withBool(wish.pick)}};
+  if (wish.networkName) parameters["networkName"] = makeText(*wish.networkName);
   auto inputs = std::make_shared<WiFiProfileInputs>();
   EXPECT_TRUE(inputs->validateAndInitializeParameters(makeDictionary(std::move(parameters))));
   return inputs;
@@ -50,8 +50,7 @@ std::string projectFile(const std::string& path) {
   return content;
 }
 
-ScenarioResult runScenario(const std::string& json, RunLoop& loop,
-                           const std::optional<std::string>& networkName,
+ScenarioResult runScenario(const std::string& json, RunLoop& loop, const Wish& wish,
                            const std::function<void(DiagnosticRun&)>& before) {
   const auto document = readJson(json);
   const auto read = scenario::readScenario(std::get<ObjectRef>(document));
@@ -63,8 +62,9 @@ ScenarioResult runScenario(const std::string& json, RunLoop& loop,
     TraceFile trace(loop, TraceFile::File(std::fopen(tracePath.c_str(), "wb")));
     ProgressLine line(lines.get(), false);
     const auto run = std::make_shared<DiagnosticRun>(
-        std::get<scenario::Scenario>(read), inputsFor(networkName),
-        Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>(kKeysLanguage)});
+        std::get<scenario::Scenario>(read), inputsFor(wish),
+        Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>(wish.language),
+                     std::make_shared<IcuNameCollator>(wish.language)});
     if (before) before(*run);
     result.ending = run->run();
     if (result.ending == Ending::finished) {
@@ -82,10 +82,9 @@ ScenarioResult runScenario(const std::string& json, RunLoop& loop,
   return result;
 }
 
-ScenarioResult runInVirtualTime(const std::string& json, std::uint64_t seed,
-                                const std::optional<std::string>& networkName) {
+ScenarioResult runInVirtualTime(const std::string& json, std::uint64_t seed, const Wish& wish) {
   VirtualTimeRunLoop loop(seed);
-  return runScenario(json, loop, networkName);
+  return runScenario(json, loop, wish);
 }
 
 }  // namespace wifi_profile::testing

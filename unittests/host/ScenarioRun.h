@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host/DiagnosticRun.h"
+#include "runtime/BuiltInStringTable.h"
 #include "runtime/RunLoop.h"
 
 namespace wifi_profile::testing {
@@ -19,17 +20,29 @@ struct ScenarioResult {
   std::string reason;  // of a run that got stuck
 };
 
+// What a run is asked for.
+struct Wish {
+  Wish() = default;
+  // Without the list of networks.
+  Wish(std::optional<std::string> name)
+      : networkName(std::move(name)) {}          // NOLINT: a name is a wish
+  Wish(const char* name) : networkName(name) {}  // NOLINT
+
+  std::optional<std::string> networkName;
+  bool pick = false;
+  std::string_view language = kKeysLanguage;
+};
+
 // A scenario file of the project, such as "scenarios/demo.json".
 std::string projectFile(const std::string& path);
 
 // Runs the scenario that `json` holds, which must be a good one, on `loop`. `before` may do
 // something to the run first.
-ScenarioResult runScenario(const std::string& json, RunLoop& loop,
-                           const std::optional<std::string>& networkName = std::nullopt,
+ScenarioResult runScenario(const std::string& json, RunLoop& loop, const Wish& wish = {},
                            const std::function<void(DiagnosticRun&)>& before = nullptr);
 
 // The same in virtual time.
 ScenarioResult runInVirtualTime(const std::string& json, std::uint64_t seed = 0,
-                                const std::optional<std::string>& networkName = std::nullopt);
+                                const Wish& wish = {});
 
 }  // namespace wifi_profile::testing

@@ -89,8 +89,8 @@ TEST(Script, StepsDuringTestsComeOneForEachRequest) {
 
 TEST(Interrupt, BeforeTheRunKeepsItFromStarting) {
   VirtualTimeRunLoop loop;
-  const auto result = runScenario(R"({"scenario":1})", loop, std::nullopt,
-                                  [](DiagnosticRun& run) { run.interrupt(); });
+  const auto result =
+      runScenario(R"({"scenario":1})", loop, {}, [](DiagnosticRun& run) { run.interrupt(); });
   EXPECT_EQ(result.ending, Ending::interrupted);
   EXPECT_THAT(result.trace, HasSubstr("host.teardown"));
   EXPECT_THAT(result.trace, Not(HasSubstr("host.setup")));

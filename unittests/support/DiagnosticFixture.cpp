@@ -21,6 +21,7 @@ DiagnosticFixture::DiagnosticFixture()
       log(std::make_shared<RecordingLog>()),
       automation(std::make_shared<FakeAutomation>()),
       capability(std::make_shared<FakeCapability>()),
+      collator(std::make_shared<FakeCollator>()),
       screen(std::make_shared<RecordingScreen>()),
       wifiManager(std::make_shared<FakeWiFiManager>(events)),
       host(std::make_shared<RecordingHost>(events, queues)),
@@ -30,6 +31,7 @@ DiagnosticFixture::DiagnosticFixture()
       installedLog_(log),
       installedAutomation_(automation),
       installedCapability_(capability),
+      installedCollator_(collator),
       installedScreen_(screen),
       installedWiFiManager_(wifiManager),
       installedQueues_(queues) {}

@@ -39,6 +39,7 @@ class DiagnosticFixture : public ::testing::Test {
   const std::shared_ptr<RecordingLog> log;
   const std::shared_ptr<FakeAutomation> automation;
   const std::shared_ptr<FakeCapability> capability;
+  const std::shared_ptr<FakeCollator> collator;
   const std::shared_ptr<RecordingScreen> screen;
   const std::shared_ptr<FakeWiFiManager> wifiManager;
   const std::shared_ptr<RecordingHost> host;
@@ -52,6 +53,7 @@ class DiagnosticFixture : public ::testing::Test {
   ScopedInstall<DiagnosticLog> installedLog_;
   ScopedInstall<HsTestAutomation> installedAutomation_;
   ScopedInstall<DeviceCapability> installedCapability_;
+  ScopedInstall<NameCollator> installedCollator_;
   ScopedInstall<toolkit::Screen> installedScreen_;
   ScopedInstall<WiFiManagerService> installedWiFiManager_;
   ScopedInstall<WorkQueues> installedQueues_;

@@ -1,6 +1,7 @@
 // The smaller things of the platform, as fakes that record what they were told.
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -13,6 +14,7 @@
 #include "platform/DiagnosticLog.h"
 #include "platform/DiagnosticsSupport.h"
 #include "platform/HostFramework.h"
+#include "platform/NameCollator.h"
 #include "platform/toolkit/ProgressView.h"
 #include "runtime/VirtualTimeRunLoop.h"
 #include "screens/none/NoScreen.h"
@@ -78,6 +80,16 @@ class FakeCapability final : public DeviceCapability {
   int boolAnswer(std::string_view key) override {
     asked.emplace_back(key);
     return answer;
+  }
+};
+
+// Folds ASCII letters; counts the keys it was asked for.
+class FakeCollator final : public NameCollator {
+ public:
+  mutable std::atomic<int> keys = 0;
+  void appendSortKey(std::string_view name, std::string& key) const override {
+    ++keys;
+    for (const char c : name) key += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
   }
 };
 

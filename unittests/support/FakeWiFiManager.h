@@ -39,7 +39,7 @@ class FakeWiFiManager final : public WiFiManagerService {
   // Delivers a power change to who registered for it.
   void changePower(int to) {
     power = to;
-    callback_(registeredDevice, context_);
+    if (const auto context = context_.lock()) callback_(registeredDevice, context);
   }
   WiFiDeviceClientRef registeredDevice = nullptr;
 
@@ -77,11 +77,11 @@ class FakeWiFiManager final : public WiFiManagerService {
     events_->add("set power " + std::to_string(to) + of(client));
   }
   void registerPowerCallback(WiFiDeviceClientRef registered, WiFiDevicePowerCallback callback,
-                             void* context) override {
+                             std::weak_ptr<void> context) override {
     events_->add("register" + of(registered));
     registeredDevice = registered;
     callback_ = callback;
-    context_ = context;
+    context_ = std::move(context);
   }
   void retain(WiFiDeviceClientRef client) override {
     events_->add("retain" + of(client));
@@ -110,7 +110,7 @@ class FakeWiFiManager final : public WiFiManagerService {
   std::array<char, 2> devices_{};
   std::map<const void*, int> references_;
   WiFiDevicePowerCallback callback_ = nullptr;
-  void* context_ = nullptr;
+  std::weak_ptr<void> context_;
 };
 
 }  // namespace wifi_profile

@@ -4,13 +4,6 @@
 #include "support/DiagnosticFixture.h"
 #include "support/Matchers.h"
 
-namespace wifi_profile::toolkit {
-
-// Stands in for the button that nothing here makes.
-class BarButtonItem {};
-
-}  // namespace wifi_profile::toolkit
-
 namespace wifi_profile {
 namespace {
 
@@ -64,7 +57,8 @@ TEST_F(NavigationBarOfTheScreen, StandsInFrontOnAWhiteGround) {
 
 TEST_F(NavigationBarOfTheScreen, LosesItsButtonAndKeepsItsTitleWhenTheRunBegins) {
   controller->setupViewWithNetworkList(false);
-  controller->navigationItem()->setRightBarButtonItem(std::make_shared<toolkit::BarButtonItem>());
+  controller->navigationItem()->setRightBarButtonItem(
+      std::make_shared<toolkit::BarButtonItem>("NEXT", toolkit::BarButtonStyle::plain, [] {}));
   controller->displayProgressScreen();
   EXPECT_EQ(controller->navigationItem()->rightBarButtonItem(), nullptr);
   EXPECT_EQ(controller->navigationItem()->title(), "WIFI_DIAGNOSTICS");

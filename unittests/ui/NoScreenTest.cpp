@@ -24,6 +24,7 @@ class NoScreens : public ::testing::Test {
 
  private:
   ScopedInstall<WorkQueues> installedQueues_{queues};
+  ScopedInstall<toolkit::Screen> installedScreen_{screen};
 };
 
 TEST_F(NoScreens, GrantAPassAsWorkOnTheMainQueue) {

@@ -34,7 +34,7 @@ TEST_F(ProgressScreen, HasALargeCentredMessageOfAtMostThreeLines) {
   EXPECT_EQ(static_cast<int>(label().baselineAdjustment), 2);
   EXPECT_EQ(label().preferredMaxLayoutWidth, 280.0);
   EXPECT_EQ(label().systemFontSize, 27.0);
-  EXPECT_EQ(label().text, "PROGRESS_TEXT");
+  EXPECT_EQ(label().text->string(), "PROGRESS_TEXT");
   EXPECT_EQ(label().textColor, (toolkit::Color{0, 1}));
   EXPECT_FALSE(label().translatesAutoresizingMaskIntoConstraints());
 }

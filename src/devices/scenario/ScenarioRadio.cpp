@@ -13,7 +13,7 @@ struct WiFiManagerClient {};
 struct WiFiDeviceClient {
   int references = 0;  // of lists and of clients
   WiFiDevicePowerCallback callback = nullptr;
-  void* context = nullptr;
+  std::weak_ptr<void> context;
 };
 struct WiFiDeviceList {
   std::vector<WiFiDeviceClientRef> devices;
@@ -66,20 +66,24 @@ void ScenarioRadio::switchFromOutside(bool on) {
 
 void ScenarioRadio::postNotification() {
   WorkQueues::shared()->postToMain([self = shared_from_this()] {
-    std::vector<WiFiDeviceClient> listening;
-    std::vector<WiFiDeviceClientRef> handles;
+    struct Listener {
+      WiFiDeviceClientRef device;
+      WiFiDevicePowerCallback callback;
+      std::shared_ptr<void> context;
+    };
+    std::vector<Listener> listeners;
     {
       const std::lock_guard lock(self->mutex_);
       if (self->state_->clients.empty()) return;
       for (const auto& device : self->state_->devices) {
-        if (!device->callback) continue;
-        listening.push_back(*device);
-        handles.push_back(device.get());
+        auto context = device->context.lock();
+        if (!device->callback || !context) continue;
+        listeners.push_back({device.get(), device->callback, std::move(context)});
       }
     }
-    for (std::size_t i = 0; i < listening.size(); ++i) {
+    for (const Listener& listener : listeners) {
       self->trace_.event("device.power", {});
-      listening[i].callback(handles[i], listening[i].context);
+      listener.callback(listener.device, listener.context);
     }
   });
 }
@@ -145,11 +149,12 @@ void ScenarioRadio::setPower(WiFiManagerClientRef /*manager*/, int power) {
 }
 
 void ScenarioRadio::registerPowerCallback(WiFiDeviceClientRef device,
-                                          WiFiDevicePowerCallback callback, void* context) {
+                                          WiFiDevicePowerCallback callback,
+                                          std::weak_ptr<void> context) {
   trace_.event("device.registerPowerCallback", {});
   const std::lock_guard lock(mutex_);
   device->callback = callback;
-  device->context = context;
+  device->context = std::move(context);
 }
 
 void ScenarioRadio::retain(WiFiDeviceClientRef device) {

@@ -36,7 +36,7 @@ class ScenarioRadio final : public WiFiManagerService,
   int getPower(WiFiManagerClientRef manager) override;
   void setPower(WiFiManagerClientRef manager, int power) override;
   void registerPowerCallback(WiFiDeviceClientRef device, WiFiDevicePowerCallback callback,
-                             void* context) override;
+                             std::weak_ptr<void> context) override;
   void retain(WiFiDeviceClientRef device) override;
   void release(WiFiManagerClientRef manager) override;
   void release(WiFiDeviceClientRef device) override;

@@ -1,8 +1,7 @@
 // A text on the screen.
 #pragma once
 
-#include <string>
-
+#include "platform/Text.h"
 #include "platform/toolkit/View.h"
 
 namespace wifi_profile::toolkit {
@@ -18,7 +17,7 @@ class Label final : public View {
  public:
   using View::View;
 
-  std::string text;
+  TextRef text;                // nil: none
   double systemFontSize = 17;  // points
   Color textColor = kBlack;
   TextAlignment textAlignment = TextAlignment::left;
@@ -26,6 +25,18 @@ class Label final : public View {
   int numberOfLines = 1;  // at most
   BaselineAdjustment baselineAdjustment = BaselineAdjustment::alignBaselines;
   double preferredMaxLayoutWidth = 0;  // points; 0: none
+
+  // The size of the text, on as many lines as the width and the number of lines allow.
+  std::optional<Size> intrinsicContentSize() const override;
+
+  // Makes the frame as large as the text.
+  void sizeToFit();
 };
+
+// The toolkit's rule for the size of a text: a character is half as wide as the font is high, from
+// U+1100 on (where the wide scripts begin) as wide; a line is 1.2 times as high, rounded up to
+// whole points. It stands in for the metrics of a font, which only what draws knows.
+double widthOfText(std::string_view text, double fontSize);
+double heightOfLine(double fontSize);
 
 }  // namespace wifi_profile::toolkit

@@ -19,7 +19,11 @@ class ProgressView final : public View {
   // Told to the screen.
   void setProgress(float progress);
 
+  // As high as the bar is thick; of any width.
+  std::optional<Size> intrinsicContentSize() const override { return Size{-1, kThickness}; }
+
  private:
+  static constexpr double kThickness = 2;  // points
   ProgressViewStyle style_;
   float progress_ = 0;
 };

@@ -5,24 +5,49 @@
 
 #include "platform/Installed.h"
 #include "platform/Interface.h"
+#include "platform/toolkit/Geometry.h"
+#include "platform/toolkit/TableEvent.h"
 
 namespace wifi_profile::toolkit {
 
+class Alert;
+class AlertAction;
+class BarButtonItem;
 class ProgressView;
+class RefreshControl;
+class Spinner;
 class View;
 class ViewController;
 struct LayoutConstraint;
 
-// Every call comes on the main thread, after the change it tells of.
+// Every call comes on the main thread, after the change it tells of, unless it says otherwise.
 class Screen : public Interface {
  public:
   static std::shared_ptr<Screen> shared() { return Installed<Screen>::get(); }
 
-  // A layout pass is wanted: the screen calls the controller's `updateViewConstraints` once, soon,
-  // from work of its own on the main queue.
+  // In points. New controllers' views are made that large.
+  virtual Size size() const = 0;
+
+  // A layout pass is wanted: the screen calls the controller's `layOut` once, soon, from work of
+  // its own on the main queue.
   virtual void needsLayout(const std::shared_ptr<ViewController>& controller) = 0;
   virtual void constraintWasAdded(const View& holder, const LayoutConstraint& constraint) = 0;
   virtual void progressWasSet(const ProgressView& progressView) = 0;
+  // Told of every operation on a table when it is called; within a batch the rows have not changed
+  // by then.
+  virtual void tableDid(const TableEvent& event) = 0;
+  virtual void buttonWasEnabled(const BarButtonItem& button) = 0;
+  virtual void buttonWasRemoved() = 0;
+  virtual void spinnerWasSwitched(const Spinner& spinner) = 0;
+  virtual void refreshWasInstalled() = 0;
+  // A person has pulled; before what the pull is for.
+  virtual void refreshBegan() = 0;
+  virtual void refreshEnded() = 0;
+  virtual void alertWasPresented(const Alert& alert) = 0;
+  // After what the edit gave rise to.
+  virtual void alertTextWasEdited(const Alert& alert) = 0;
+  // Before the alert is dismissed and the action is done.
+  virtual void alertActionWasTapped(const Alert& alert, const AlertAction& action) = 0;
 };
 
 }  // namespace wifi_profile::toolkit

@@ -1,31 +1,14 @@
 // Views as plain state: a tree of rectangles with constraints, and no pixels. Main thread only.
 #pragma once
 
-#include <cstdint>
 #include <memory>
-#include <string>
+#include <optional>
 #include <vector>
 
+#include "platform/toolkit/Constraint.h"
+#include "platform/toolkit/Geometry.h"
+
 namespace wifi_profile::toolkit {
-
-struct Point {
-  double x = 0;
-  double y = 0;
-  bool operator==(const Point&) const = default;
-};
-
-struct Size {
-  double width = 0;
-  double height = 0;
-  bool operator==(const Size&) const = default;
-};
-
-// In points, origin at the top left.
-struct Rect {
-  Point origin;
-  Size size;
-  bool operator==(const Rect&) const = default;
-};
 
 // Grey levels from 0 (black) to 1 (white).
 struct Color {
@@ -35,47 +18,19 @@ struct Color {
 };
 inline constexpr Color kBlack{0, 1};
 inline constexpr Color kWhite{1, 1};
+inline constexpr Color kClear{0, 0};
 
-enum class LayoutAttribute {
-  notAnAttribute,
-  leading,
-  trailing,
-  top,
-  bottom,
-  width,
-  height,
-  centerX,
-  centerY
-};
-enum class LayoutRelation { equal, greaterThanOrEqual };
-
-inline constexpr float kRequiredPriority = 1000;
-
-class View;
-
-// first.firstAttribute (relation) multiplier x second.secondAttribute + constant, in points.
-// The views named are not kept alive; they are those of the screen that holds the constraint.
-struct LayoutConstraint {
-  const View* first = nullptr;
-  LayoutAttribute firstAttribute = LayoutAttribute::notAnAttribute;
-  LayoutRelation relation = LayoutRelation::equal;
-  const View* second = nullptr;  // none: the constant alone
-  LayoutAttribute secondAttribute = LayoutAttribute::notAnAttribute;
-  double multiplier = 1;
-  double constant = 0;
-  float priority = kRequiredPriority;  // 0 to 1000
-};
-
-// Content-hugging priorities along both axes, 0 to 1000.
-struct HuggingPriority {
-  float horizontal = 250;
-  float vertical = 250;
-  bool operator==(const HuggingPriority&) const = default;
+// Which of its measures follow those of the superview when that one is resized.
+struct Resizing {
+  bool flexibleWidth = false;
+  bool flexibleHeight = false;
+  bool operator==(const Resizing&) const = default;
 };
 
 class ViewController;
 
-// A rectangle that may hold others. A view keeps its subviews alive, not its superview.
+// A rectangle that may hold others. A view keeps its subviews alive, not its superview. The frame
+// is in the coordinates of the superview.
 class View : public std::enable_shared_from_this<View> {
  public:
   View() = default;
@@ -85,9 +40,12 @@ class View : public std::enable_shared_from_this<View> {
   virtual ~View() = default;
 
   const Rect& frame() const { return frame_; }
-  void setFrame(Rect frame) { frame_ = frame; }
+  // A new size resizes the subviews by their `resizing` and lays them out.
+  void setFrame(Rect frame);
   Point center() const;
   void setCenter(Point center);
+  const Resizing& resizing() const { return resizing_; }
+  void setResizing(Resizing resizing) { resizing_ = resizing; }
 
   const Color& backgroundColor() const { return backgroundColor_; }
   void setBackgroundColor(Color color) { backgroundColor_ = color; }
@@ -97,18 +55,28 @@ class View : public std::enable_shared_from_this<View> {
   void setContentMode(int mode) { contentMode_ = mode; }
   const HuggingPriority& huggingPriority() const { return huggingPriority_; }
   void setHuggingPriority(HuggingPriority priority) { huggingPriority_ = priority; }
+
+  // YES: the frame stands as it is. NO: it comes from constraints alone.
   bool translatesAutoresizingMaskIntoConstraints() const { return translatesAutoresizingMask_; }
   void setTranslatesAutoresizingMaskIntoConstraints(bool on) { translatesAutoresizingMask_ = on; }
+
+  // The size that the content asks for; nothing where there is none. A negative measure: none in
+  // that direction.
+  virtual std::optional<Size> intrinsicContentSize() const { return std::nullopt; }
 
   // Back to front.
   const std::vector<std::shared_ptr<View>>& subviews() const { return subviews_; }
   std::shared_ptr<View> superview() const { return superview_.lock(); }
 
-  // Puts `view` in front of the other subviews, taking it from where it was.
+  // Puts `view` in front of the other subviews, taking it from where it was. The new superview
+  // must be owned by a shared_ptr by then.
   void addSubview(const std::shared_ptr<View>& view);
   void bringSubviewToFront(const std::shared_ptr<View>& view);
   // Does nothing where there is no superview.
   void removeFromSuperview();
+
+  // Places the subviews. Called after the size changed.
+  virtual void layoutSubviews() {}
 
   // In the order in which they were added.
   const std::vector<LayoutConstraint>& constraints() const { return constraints_; }
@@ -118,10 +86,17 @@ class View : public std::enable_shared_from_this<View> {
   // Asks the screen for a layout pass of the view's controller. Nothing without a controller.
   void setNeedsUpdateConstraints();
 
+ protected:
+  virtual void wasRemovedFromSuperview() {}
+
  private:
   friend class ViewController;
+  void resizeSubviews(Size before);
+  std::shared_ptr<View> leaveSuperview();
+
   Rect frame_;
-  Color backgroundColor_ = {0, 0};
+  Resizing resizing_;
+  Color backgroundColor_ = kClear;
   bool opaque_ = true;
   int contentMode_ = 0;
   HuggingPriority huggingPriority_;

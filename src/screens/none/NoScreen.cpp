@@ -10,7 +10,7 @@ void NoScreen::needsLayout(const std::shared_ptr<toolkit::ViewController>& contr
   passIsPosted_ = true;
   WorkQueues::shared()->postToMain([self = shared_from_this(), controller] {
     self->passIsPosted_ = false;
-    controller->updateViewConstraints();
+    controller->layOut();
   });
 }
 

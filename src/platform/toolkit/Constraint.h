@@ -1,0 +1,45 @@
+// A wish about where views stand, relative to each other.
+#pragma once
+
+namespace wifi_profile::toolkit {
+
+enum class LayoutAttribute {
+  notAnAttribute,
+  leading,
+  trailing,
+  top,
+  bottom,
+  width,
+  height,
+  centerX,
+  centerY
+};
+enum class LayoutRelation { equal, greaterThanOrEqual };
+
+inline constexpr float kRequiredPriority = 1000;
+
+class View;
+
+// first.firstAttribute (relation) multiplier x second.secondAttribute + constant, in points.
+// The views named are not kept alive; they are those of the screen that holds the constraint.
+struct LayoutConstraint {
+  const View* first = nullptr;
+  LayoutAttribute firstAttribute = LayoutAttribute::notAnAttribute;
+  LayoutRelation relation = LayoutRelation::equal;
+  const View* second = nullptr;  // none: the constant alone
+  LayoutAttribute secondAttribute = LayoutAttribute::notAnAttribute;
+  double multiplier = 1;
+  double constant = 0;
+  float priority = kRequiredPriority;  // 0 to 1000
+  bool operator==(const LayoutConstraint&) const = default;
+};
+
+// Content-hugging priorities along both axes, 0 to 1000: how much a view wants to be no larger than
+// its content.
+struct HuggingPriority {
+  float horizontal = 250;
+  float vertical = 250;
+  bool operator==(const HuggingPriority&) const = default;
+};
+
+}  // namespace wifi_profile::toolkit

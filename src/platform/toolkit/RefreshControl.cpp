@@ -1,0 +1,22 @@
+#include "platform/toolkit/RefreshControl.h"
+
+#include "platform/toolkit/MainThread.h"
+#include "platform/toolkit/Screen.h"
+
+namespace wifi_profile::toolkit {
+
+void RefreshControl::pull() {
+  checkMainThread("RefreshControl::pull");
+  if (refreshing_) return;
+  refreshing_ = true;
+  Screen::shared()->refreshBegan();
+  action_();
+}
+
+void RefreshControl::endRefreshing() {
+  checkMainThread("RefreshControl::endRefreshing");
+  refreshing_ = false;
+  Screen::shared()->refreshEnded();
+}
+
+}  // namespace wifi_profile::toolkit

@@ -1,0 +1,41 @@
+// A row of a table on its way to the screen.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "platform/toolkit/Image.h"
+#include "platform/toolkit/Label.h"
+#include "platform/toolkit/View.h"
+
+namespace wifi_profile::toolkit {
+
+enum class CellStyle {
+  plain = 0,
+  titleAndDetail = 1,  // a title label on the left, a detail label on the right
+};
+
+// Cells are used again: one that is handed out is as its last row left it. Main thread only.
+class TableViewCell : public View {
+ public:
+  TableViewCell(CellStyle style, std::string reuseIdentifier)
+      : style_(style), reuseIdentifier_(std::move(reuseIdentifier)) {}
+
+  CellStyle style() const { return style_; }
+  const std::string& reuseIdentifier() const { return reuseIdentifier_; }
+  Label& textLabel() { return *textLabel_; }
+  Label& detailTextLabel() { return *detailTextLabel_; }
+
+  ImageRef image;  // in front of the title; null: none
+  // Whether a person can do anything with the row.
+  bool userInteractionEnabled = true;
+
+ private:
+  CellStyle style_;
+  std::string reuseIdentifier_;
+  std::shared_ptr<Label> textLabel_ = std::make_shared<Label>();
+  std::shared_ptr<Label> detailTextLabel_ = std::make_shared<Label>();
+};
+
+}  // namespace wifi_profile::toolkit
