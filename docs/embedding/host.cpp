@@ -6,6 +6,7 @@
 #include "devices/scenario/ScenarioReader.h"
 #include "platform/DiagnosticLog.h"
 #include "runtime/BuiltInStringTable.h"
+#include "runtime/IcuNameCollator.h"
 #include "runtime/Iso8601Formatter.h"
 #include "runtime/JsonReader.h"
 #include "runtime/JsonWriter.h"
@@ -43,6 +44,7 @@ int main() {
   const ScopedInstall<HsDateFormatter> dates(std::make_shared<Iso8601Formatter>());
   const ScopedInstall<DiagnosticLog> log(std::make_shared<StandardError>());
   const ScopedInstall<StringTable> texts(std::make_shared<BuiltInStringTable>("en"));
+  const ScopedInstall<NameCollator> order(std::make_shared<IcuNameCollator>("en"));
   const ScopedInstall<toolkit::Screen> screen(std::make_shared<NoScreen>());
 
   const auto inputs = std::make_shared<WiFiProfileInputs>();

@@ -18,6 +18,14 @@ struct GoldenRun {
   const char* name;
   const char* scenario;
   std::optional<std::string> networkName;
+  bool pick = false;
+
+  Wish wish() const {
+    Wish made(networkName);
+    made.pick = pick;
+    if (pick) made.language = "en";  // in which the scripts tap an alert's actions
+    return made;
+  }
 };
 
 std::ostream& operator<<(std::ostream& out, const GoldenRun& run) { return out << run.name; }
@@ -35,6 +43,20 @@ const GoldenRun kRuns[] = {
     {"failing-service", "failing-service", std::nullopt},
     {"failing-service-with-name", "failing-service", "Other"},
     {"interrupted", "interrupted", std::nullopt},
+    {"demo-picked", "demo", std::nullopt, true},
+    {"failing-service-picked", "failing-service", std::nullopt, true},
+    {"pick-another", "pick-another", std::nullopt, true},
+    {"pick-another-with-name", "pick-another", "Nordlicht", true},
+    {"pick-typed", "pick-typed", std::nullopt, true},
+    {"pick-rescan", "pick-rescan", std::nullopt, true},
+    {"pick-radio-off-yes", "pick-radio-off-yes", std::nullopt, true},
+    {"pick-radio-off-no", "pick-radio-off-no", std::nullopt, true},
+    {"pick-radio-lost-in-list", "pick-radio-lost-in-list", std::nullopt, true},
+    {"pick-radio-lost-in-run", "pick-radio-lost-in-run", std::nullopt, true},
+    {"pick-no-radio", "pick-no-radio", std::nullopt, true},
+    {"pick-no-manager", "pick-no-manager", std::nullopt, true},
+    {"pick-no-device", "pick-no-device", std::nullopt, true},
+    {"pick-nomap", "pick-nomap", std::nullopt, true},
 };
 
 class Golden : public ::testing::TestWithParam<GoldenRun> {
@@ -59,15 +81,15 @@ class Golden : public ::testing::TestWithParam<GoldenRun> {
 };
 
 TEST_P(Golden, RecordAndTraceAreAsKept) {
-  const ScenarioResult result = runInVirtualTime(scenario(), 0, GetParam().networkName);
+  const ScenarioResult result = runInVirtualTime(scenario(), 0, GetParam().wish());
   compare(".record.json", result.record);
   compare(".trace.ndjson", result.trace);
 }
 
 TEST_P(Golden, OrderOfWorkDoesNotDependOnTheSeed) {
-  const ScenarioResult first = runInVirtualTime(scenario(), 0, GetParam().networkName);
+  const ScenarioResult first = runInVirtualTime(scenario(), 0, GetParam().wish());
   for (std::uint64_t seed = 1; seed <= 10; ++seed) {
-    const ScenarioResult other = runInVirtualTime(scenario(), seed, GetParam().networkName);
+    const ScenarioResult other = runInVirtualTime(scenario(), seed, GetParam().wish());
     EXPECT_EQ(first.trace, other.trace) << "seed " << seed;
     EXPECT_EQ(first.record, other.record) << "seed " << seed;
   }
@@ -78,8 +100,8 @@ TEST_P(Golden, ThreadsGiveTheSameTraceAsVirtualTime) {
   static const std::regex kWait(R"re("(delay|wait)":\s*[0-9.]*[1-9][0-9.]*)re");
   const std::string shortened = std::regex_replace(scenario(), kWait, "\"$1\":0.001");
   ThreadRunLoop threads;
-  const ScenarioResult onThreads = runScenario(shortened, threads, GetParam().networkName);
-  const ScenarioResult inVirtualTime = runInVirtualTime(shortened, 0, GetParam().networkName);
+  const ScenarioResult onThreads = runScenario(shortened, threads, GetParam().wish());
+  const ScenarioResult inVirtualTime = runInVirtualTime(shortened, 0, GetParam().wish());
   EXPECT_EQ(onThreads.trace, inVirtualTime.trace);
   EXPECT_EQ(onThreads.record, inVirtualTime.record);
 }
