@@ -55,11 +55,11 @@ double differenceIn(const std::vector<Rect>& frames, const BoxConstraint& constr
 double missIn(const std::vector<Rect>& frames, const BoxConstraint& constraint) {
   const double difference = differenceIn(frames, constraint);
   switch (constraint.relation) {
-    case BoxRelation::equal:
+    case LayoutRelation::equal:
       return std::abs(difference);
-    case BoxRelation::greaterThanOrEqual:
+    case LayoutRelation::greaterThanOrEqual:
       return std::max(-difference, 0.0);
-    case BoxRelation::lessThanOrEqual:
+    case LayoutRelation::lessThanOrEqual:
       return std::max(difference, 0.0);
   }
   return 0;
@@ -97,7 +97,7 @@ class Randomness {
     const auto attribute = [this] { return static_cast<LayoutAttribute>(whole(1, 8)); };
     return {.first = whole(0, kBoxes - 1),
             .firstAttribute = attribute(),
-            .relation = static_cast<BoxRelation>(whole(0, 2)),
+            .relation = static_cast<LayoutRelation>(whole(0, 2)),
             .second = whole(-1, kBoxes - 1),
             .secondAttribute = attribute(),
             .multiplier = whole(0, 2) > 0 ? 1 : whole(-6, 6) / 2.0,
@@ -115,8 +115,8 @@ TEST(LayoutSolverProperties, MeetsWhateverCanBeMetTogether) {
     Constraints constraints;
     for (int count = random.whole(1, 40); count > 0; --count) {
       BoxConstraint constraint = random.constraint();
-      double room = constraint.relation == BoxRelation::equal ? 0 : random.whole(0, 20);
-      if (constraint.relation == BoxRelation::lessThanOrEqual) room = -room;
+      double room = constraint.relation == LayoutRelation::equal ? 0 : random.whole(0, 20);
+      if (constraint.relation == LayoutRelation::lessThanOrEqual) room = -room;
       constraint.constant += differenceIn(solution, constraint) - room;
       constraints.push_back(constraint);
     }
@@ -170,7 +170,7 @@ TEST(LayoutSolverProperties, ComputesWholeAndHalfNumbersExactly) {
         BoxConstraint constraint = random.constraint();
         constraint.first = box;
         constraint.firstAttribute = attribute;
-        constraint.relation = BoxRelation::equal;
+        constraint.relation = LayoutRelation::equal;
         constraint.second = box == 0 ? kNoBox : random.whole(0, box - 1);
         constraint.multiplier = 1;
         constraint.constant += differenceIn(solution, constraint);
@@ -190,15 +190,15 @@ TEST(LayoutSolverProperties, NarrowsAnInterval) {
     double high = -low;
     Constraints constraints;
     for (int count = random.whole(0, 6); count > 0; --count) {
-      const auto relation = static_cast<BoxRelation>(random.whole(0, 2) * random.whole(0, 1));
+      const auto relation = static_cast<LayoutRelation>(random.whole(0, 2) * random.whole(0, 1));
       const double value = random.whole(-100, 100);
       constraints.push_back({.first = 0,
                              .firstAttribute = LayoutAttribute::width,
                              .relation = relation,
                              .constant = value});
       const double nearest = std::clamp(value, low, high);
-      if (relation != BoxRelation::lessThanOrEqual) low = nearest;
-      if (relation != BoxRelation::greaterThanOrEqual) high = nearest;
+      if (relation != LayoutRelation::lessThanOrEqual) low = nearest;
+      if (relation != LayoutRelation::greaterThanOrEqual) high = nearest;
     }
     const double present = random.whole(-100, 100);
     const auto frames = solvedFrames({{{0, 0}, {present, 0}}}, constraints);

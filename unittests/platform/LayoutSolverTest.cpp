@@ -15,7 +15,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using enum LayoutAttribute;
-using enum BoxRelation;
+using enum LayoutRelation;
 using Constraints = std::vector<BoxConstraint>;
 
 constexpr Rect kPresent{{3, 5}, {70, 90}};

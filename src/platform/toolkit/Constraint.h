@@ -14,7 +14,7 @@ enum class LayoutAttribute {
   centerX,
   centerY
 };
-enum class LayoutRelation { equal, greaterThanOrEqual };
+enum class LayoutRelation { equal, greaterThanOrEqual, lessThanOrEqual };
 
 inline constexpr float kRequiredPriority = 1000;
 

@@ -12,10 +12,6 @@ namespace {
 
 constexpr float kCompressionResistance = 750;
 
-BoxRelation boxRelation(LayoutRelation relation) {
-  return relation == LayoutRelation::equal ? BoxRelation::equal : BoxRelation::greaterThanOrEqual;
-}
-
 class Pass {
  public:
   explicit Pass(View& root) {
@@ -65,7 +61,7 @@ class Pass {
     using A = LayoutAttribute;
     const auto place = static_cast<std::size_t>(box);
     const View& view = *views_[place];
-    const auto wish = [&](A attribute, BoxRelation relation, double value, float priority) {
+    const auto wish = [&](A attribute, LayoutRelation relation, double value, float priority) {
       wishes.push_back({.first = box,
                         .firstAttribute = attribute,
                         .relation = relation,
@@ -74,22 +70,22 @@ class Pass {
     };
     const Rect& frame = frames_[place];
     if (box == 0 || view.translatesAutoresizingMaskIntoConstraints()) {
-      wish(A::leading, BoxRelation::equal, frame.origin.x, kRequiredPriority);
-      wish(A::top, BoxRelation::equal, frame.origin.y, kRequiredPriority);
-      wish(A::width, BoxRelation::equal, frame.size.width, kRequiredPriority);
-      wish(A::height, BoxRelation::equal, frame.size.height, kRequiredPriority);
+      wish(A::leading, LayoutRelation::equal, frame.origin.x, kRequiredPriority);
+      wish(A::top, LayoutRelation::equal, frame.origin.y, kRequiredPriority);
+      wish(A::width, LayoutRelation::equal, frame.size.width, kRequiredPriority);
+      wish(A::height, LayoutRelation::equal, frame.size.height, kRequiredPriority);
       return;
     }
     const auto content = view.intrinsicContentSize();
     if (!content) return;
     const auto [horizontal, vertical] = view.huggingPriority();
     if (content->width >= 0) {
-      wish(A::width, BoxRelation::lessThanOrEqual, content->width, horizontal);
-      wish(A::width, BoxRelation::greaterThanOrEqual, content->width, kCompressionResistance);
+      wish(A::width, LayoutRelation::lessThanOrEqual, content->width, horizontal);
+      wish(A::width, LayoutRelation::greaterThanOrEqual, content->width, kCompressionResistance);
     }
     if (content->height >= 0) {
-      wish(A::height, BoxRelation::lessThanOrEqual, content->height, vertical);
-      wish(A::height, BoxRelation::greaterThanOrEqual, content->height, kCompressionResistance);
+      wish(A::height, LayoutRelation::lessThanOrEqual, content->height, vertical);
+      wish(A::height, LayoutRelation::greaterThanOrEqual, content->height, kCompressionResistance);
     }
   }
 
@@ -101,7 +97,7 @@ class Pass {
     if (constraint.second && second == numbers_.end()) return std::nullopt;
     return BoxConstraint{.first = first->second,
                          .firstAttribute = constraint.firstAttribute,
-                         .relation = boxRelation(constraint.relation),
+                         .relation = constraint.relation,
                          .second = constraint.second ? second->second : kNoBox,
                          .secondAttribute = constraint.secondAttribute,
                          .multiplier = constraint.multiplier,

@@ -103,13 +103,13 @@ void apply(const BoxConstraint& constraint, int boxes, LinearSystem& system) {
   auto difference = differenceOf(constraint, boxes);
   if (!difference) return;
   switch (constraint.relation) {
-    case BoxRelation::equal:
+    case LayoutRelation::equal:
       system.makeZero(std::move(*difference));
       break;
-    case BoxRelation::lessThanOrEqual:
+    case LayoutRelation::lessThanOrEqual:
       difference->negate();
       [[fallthrough]];
-    case BoxRelation::greaterThanOrEqual:
+    case LayoutRelation::greaterThanOrEqual:
       system.makeNonNegative(std::move(*difference));
       break;
   }

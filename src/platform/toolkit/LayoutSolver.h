@@ -4,11 +4,10 @@
 
 #include <vector>
 
-#include "platform/toolkit/View.h"
+#include "platform/toolkit/Constraint.h"
+#include "platform/toolkit/Geometry.h"
 
 namespace wifi_profile::toolkit {
-
-enum class BoxRelation { equal, greaterThanOrEqual, lessThanOrEqual };
 
 inline constexpr int kNoBox = -1;
 
@@ -17,7 +16,7 @@ inline constexpr int kNoBox = -1;
 struct BoxConstraint {
   int first = kNoBox;
   LayoutAttribute firstAttribute = LayoutAttribute::notAnAttribute;
-  BoxRelation relation = BoxRelation::equal;
+  LayoutRelation relation = LayoutRelation::equal;
   int second = kNoBox;  // none, or no attribute: the constant alone
   LayoutAttribute secondAttribute = LayoutAttribute::notAnAttribute;
   double multiplier = 1;
