@@ -48,7 +48,7 @@ Obstacle tapNetwork(toolkit::TableView& table, const std::string& name) {
 }
 
 Obstacle pull(const toolkit::TableView& table) {
-  const auto control = table.refreshControl();
+  const auto& control = table.refreshControl();
   if (!control) return "found a list that cannot be pulled yet, expected one to refresh";
   if (control->isRefreshing()) return "found a list that is being refreshed, expected one at rest";
   control->pull();
@@ -111,7 +111,7 @@ Obstacle onTable(toolkit::TableView& table, const Step& step) {
 }  // namespace
 
 Obstacle performOnScreen(WiFiProfileViewController& controller, const Step& step) {
-  const auto alert = controller.presentedAlert();
+  auto alert = controller.presentedAlert();  // outlives the tap that dismisses it
   if (step.action == Action::type || step.action == Action::tapAction) {
     if (!alert) return "found no alert on the screen, expected one";
     return step.action == Action::type ? type(*alert, step.text) : tapAction(*alert, step.text);

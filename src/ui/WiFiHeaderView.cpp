@@ -19,7 +19,7 @@ constexpr toolkit::Color kGrey{0.4, 1.0};
 std::shared_ptr<WiFiHeaderView> WiFiHeaderView::initWithFrame(toolkit::Rect frame,
                                                               const TextRef& text,
                                                               bool showSpinner) {
-  const std::shared_ptr<WiFiHeaderView> header(new WiFiHeaderView(frame));
+  std::shared_ptr<WiFiHeaderView> header(new WiFiHeaderView(frame));
   header->setBackgroundColor(toolkit::kClear);
   header->setResizing({.flexibleWidth = true});
   toolkit::Label& label = *header->headerText_;
