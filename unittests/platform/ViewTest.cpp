@@ -72,6 +72,53 @@ TEST_F(Views, MoveByTheirCentre) {
   EXPECT_EQ(a->frame(), (Rect{{-15, -20}, {30, 40}}));
 }
 
+TEST_F(Views, GrowByTheirMasksWithTheSuperview) {
+  root->setFrame({{0, 0}, {100, 80}});
+  const auto both = std::make_shared<View>();
+  a->setResizing({.flexibleWidth = true});
+  b->setResizing({.flexibleHeight = true});
+  both->setResizing({.flexibleWidth = true, .flexibleHeight = true});
+  for (const auto& view : {a, b, c, both}) {
+    view->setFrame({{5, 6}, {50, 40}});
+    root->addSubview(view);
+  }
+  root->setFrame({{7, 7}, {130, 60}});
+  EXPECT_EQ(a->frame(), (Rect{{5, 6}, {80, 40}}));
+  EXPECT_EQ(b->frame(), (Rect{{5, 6}, {50, 20}}));
+  EXPECT_EQ(c->frame(), (Rect{{5, 6}, {50, 40}}));
+  EXPECT_EQ(both->frame(), (Rect{{5, 6}, {80, 20}}));
+}
+
+TEST_F(Views, PassTheirGrowthOnToTheViewsInThem) {
+  root->addSubview(a);
+  a->addSubview(b);
+  a->setResizing({.flexibleWidth = true});
+  b->setResizing({.flexibleWidth = true});
+  root->setFrame({{0, 0}, {20, 20}});
+  EXPECT_EQ(b->frame(), (Rect{{0, 0}, {20, 0}}));
+}
+
+TEST_F(Views, AreLaidOutWhenTheirSizeChangesAndOnlyThen) {
+  class CountingView final : public View {
+   public:
+    int layouts = 0;
+    void layoutSubviews() override { ++layouts; }
+  };
+  const auto outer = std::make_shared<CountingView>();
+  const auto inner = std::make_shared<CountingView>();
+  outer->addSubview(inner);
+  outer->setFrame({{0, 0}, {10, 10}});
+  EXPECT_EQ(outer->layouts, 1);
+  outer->setFrame({{5, 5}, {10, 10}});
+  outer->setCenter({50, 50});
+  EXPECT_EQ(outer->layouts, 1);
+  EXPECT_EQ(inner->layouts, 0);
+  inner->setResizing({.flexibleWidth = true});
+  outer->setFrame({{5, 5}, {30, 10}});
+  EXPECT_EQ(outer->layouts, 2);
+  EXPECT_EQ(inner->layouts, 1);
+}
+
 TEST_F(Views, TellTheScreenOfEachConstraint) {
   a->addConstraint({.first = a.get(), .firstAttribute = LayoutAttribute::width, .constant = 5});
   ASSERT_EQ(screen->constraints.size(), 1U);

@@ -8,6 +8,7 @@
 #include <set>
 #include <string>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "platform/DeviceCapability.h"
@@ -15,7 +16,11 @@
 #include "platform/DiagnosticsSupport.h"
 #include "platform/HostFramework.h"
 #include "platform/NameCollator.h"
+#include "platform/toolkit/Alert.h"
+#include "platform/toolkit/NavigationBar.h"
 #include "platform/toolkit/ProgressView.h"
+#include "platform/toolkit/Spinner.h"
+#include "platform/toolkit/TableEvent.h"
 #include "runtime/VirtualTimeRunLoop.h"
 #include "screens/none/NoScreen.h"
 #include "support/Events.h"
@@ -93,9 +98,13 @@ class FakeCollator final : public NameCollator {
   }
 };
 
-// Grants layout passes as any host that draws nothing does.
+// Grants layout passes as any host that draws nothing does, and writes down what it is told, but
+// for constraints and progress in words: "insert [1,0] [1,1]", "spinner start", "alert MESSAGE".
+// Codes other than the usual ones show as such.
 class RecordingScreen final : public NoScreen {
  public:
+  using NoScreen::NoScreen;
+
   struct AddedConstraint {
     const toolkit::View* holder;
     toolkit::LayoutConstraint constraint;
@@ -105,6 +114,7 @@ class RecordingScreen final : public NoScreen {
   std::vector<AddedConstraint> constraints;
   std::vector<float> progress;
   std::function<void()> whenProgressWasSet = [] {};
+  std::vector<std::string> told;
 
   void needsLayout(const std::shared_ptr<toolkit::ViewController>& controller) override {
     ++layoutsWanted;
@@ -117,6 +127,65 @@ class RecordingScreen final : public NoScreen {
   void progressWasSet(const toolkit::ProgressView& progressView) override {
     progress.push_back(progressView.progress());
     whenProgressWasSet();
+  }
+  void tableDid(const toolkit::TableEvent& event) override {
+    std::visit([this](const auto& happened) { told.push_back(inWords(happened)); }, event);
+  }
+  void buttonWasEnabled(const toolkit::BarButtonItem& button) override {
+    told.emplace_back(button.isEnabled() ? "button on" : "button off");
+  }
+  void buttonWasRemoved() override { told.emplace_back("button removed"); }
+  void spinnerWasSwitched(const toolkit::Spinner& spinner) override {
+    told.emplace_back(spinner.isAnimating() ? "spinner start" : "spinner stop");
+  }
+  void refreshWasInstalled() override { told.emplace_back("refresh installed"); }
+  void refreshBegan() override { told.emplace_back("refresh began"); }
+  void refreshEnded() override { told.emplace_back("refresh ended"); }
+  void alertWasPresented(const toolkit::Alert& alert) override {
+    told.push_back("alert " + alert.message());
+  }
+  void alertTextWasEdited(const toolkit::Alert& alert) override {
+    told.push_back("alert text " + alert.textFields().front()->text);
+  }
+  void alertActionWasTapped(const toolkit::Alert& /*alert*/,
+                            const toolkit::AlertAction& action) override {
+    told.push_back("alert action " + action.title());
+  }
+
+ private:
+  static std::string inWords(toolkit::IndexPath path) {
+    return " [" + std::to_string(path.section) + "," + std::to_string(path.row) + "]";
+  }
+  static std::string inWords(const std::vector<toolkit::IndexPath>& rows,
+                             toolkit::RowAnimation animation) {
+    std::string words;
+    for (const toolkit::IndexPath& row : rows) words += inWords(row);
+    return words + (static_cast<int>(animation) == 0 ? "" : " (odd animation)");
+  }
+  static std::string inWords(toolkit::table_event::Reloaded) { return "reload"; }
+  static std::string inWords(toolkit::table_event::BatchBegan) { return "begin"; }
+  static std::string inWords(toolkit::table_event::BatchEnded) { return "end"; }
+  static std::string inWords(const toolkit::table_event::RowsInserted& inserted) {
+    return "insert" + inWords(inserted.rows, inserted.animation);
+  }
+  static std::string inWords(const toolkit::table_event::RowsDeleted& deleted) {
+    return "delete" + inWords(deleted.rows, deleted.animation);
+  }
+  static std::string inWords(const toolkit::table_event::Scrolled& scrolled) {
+    return "scroll" + inWords(scrolled.row) + (scrolled.animated ? "" : " at once") +
+           (static_cast<int>(scrolled.position) == 0 ? "" : " (odd position)");
+  }
+  static std::string inWords(const toolkit::table_event::Deselected& deselected) {
+    return "deselect" + inWords(deselected.row) + (deselected.animated ? "" : " at once");
+  }
+  static std::string inWords(toolkit::table_event::AllowsSelectionWasSet set) {
+    return set.value ? "selection on" : "selection off";
+  }
+  static std::string inWords(toolkit::table_event::RemovedFromScreen) { return "table removed"; }
+  static std::string inWords(const toolkit::table_event::Repaired& repaired) {
+    return "repaired " + std::to_string(repaired.section) + ": " + std::to_string(repaired.before) +
+           " - " + std::to_string(repaired.deleted) + " + " + std::to_string(repaired.inserted) +
+           ", expected " + std::to_string(repaired.expected);
   }
 };
 
