@@ -60,9 +60,9 @@ class FakeService final : public VqClient {
   std::shared_ptr<const VqStatus> status = std::make_shared<const VqStatus>();
   VqErrorRef statusError;
 
-  void joinTo(TextRef ssid) {
-    status = std::make_shared<const VqStatus>(
-        VqStatus{std::make_shared<const VqWiFiStatus>(VqWiFiStatus{std::move(ssid), nullptr})});
+  void joinTo(TextRef ssid, TextRef bssid = nullptr) {
+    status = std::make_shared<const VqStatus>(VqStatus{
+        std::make_shared<const VqWiFiStatus>(VqWiFiStatus{std::move(ssid), std::move(bssid)})});
   }
 
   const std::vector<Request>& requests() const { return requests_; }
