@@ -115,6 +115,26 @@ TEST_F(WiFiSetup, ReleasesTheManagerOnceWhenThereIsNoDevice) {
                   "cancel all requests", "status code", "data", "finished", "cancel all requests"));
 }
 
+TEST_F(WiFiSetup, ReleasesAnEmptyDeviceListLastOfAll) {
+  wifiManager->devices = 0;
+  EXPECT_FALSE(controller->setupWiFi());
+  EXPECT_EQ(wifiManager->references(wifiManager->list()), 0);
+  EXPECT_EQ(wifiManager->references(wifiManager->manager()), 0);
+  EXPECT_THAT(
+      events->all(),
+      ElementsAre("contains radio", "create client of type 0", "schedule manager",
+                  "set type 0 manager", "copy devices manager", "release manager",
+                  "cancel all requests", "status code", "data", "finished", "release list"));
+}
+
+TEST_F(WiFiSetup, FindsTheDeviceAlsoWithTheRadioOff) {
+  wifiManager->power = 0;
+  EXPECT_TRUE(controller->setupWiFi());
+  EXPECT_EQ(controller->device(), wifiManager->device(0));
+  EXPECT_FALSE(controller->wifiPoweredOn());
+  EXPECT_TRUE(host->statusCodes.empty());
+}
+
 TEST_F(WiFiSetup, WritesNoLineWhenErrorsAreNotLogged) {
   log->switchOff(LogLevel::error);
   wifiManager->radio = 0;
