@@ -64,6 +64,7 @@ DiagnosticsTestResults SimulatedService::runDiagnosticsTests(
     error = makeError(-1);
     return std::nullopt;
   }
+  if (isScan) whenAnswering();
   if (world_.odd && world_.random.oneIn(8)) error = makeError(world_.random.oneIn(4) ? 0 : 5);
   return isScan ? scanResults() : otherResults();
 }
@@ -127,6 +128,7 @@ std::shared_ptr<const VqStatus> SimulatedService::queryStatusForPeer(const VqPee
                                                                      VqErrorRef& error) {
   const std::chrono::nanoseconds time = world_.someTime(world_.longestWait);
   if (time.count() > 0) pace_.pause(time, kNever);
+  whenAnswering();
   if (world_.odd && world_.random.oneIn(6)) {
     history_.note([] { return "service: a status query that fails"; });
     error = makeError(3);

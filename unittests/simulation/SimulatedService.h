@@ -23,6 +23,8 @@ class SimulatedService final : public VqClient {
 
   // Called on a scan's thread before the scan is begun.
   std::function<void()> whenScanBegins = [] {};
+  // Called on the thread of a scan or a status query, as the last thing before the answer.
+  std::function<void()> whenAnswering = [] {};
 
   DiagnosticsTestResults runDiagnosticsTests(const VqDiagnosticsTestRequests& requests,
                                              const VqPeer* peer, const VqTestUpdate& update,

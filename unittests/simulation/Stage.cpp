@@ -107,6 +107,10 @@ Stage::Stage(World& world, RunLoop& loop, History& history, bool ordered)
   radio_->whenNotified = [this](bool on) {
     if (on) screen_->displayBegan();
   };
+  // Whoever acts now does so between the end of a scan and the work that shows its list.
+  service_->whenAnswering = [this] {
+    if (world_.random.oneIn(12)) queues_->postToMain([this] { takeStep(); });
+  };
   if (!ordered_) {
     screen_->checkNothing();
     return;

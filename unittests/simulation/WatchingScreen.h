@@ -54,6 +54,7 @@ class WatchingScreen final : public NoScreen {
   void record(const std::vector<toolkit::IndexPath>& rows, bool inserted);
   void batchEnded();
   void repaired(const toolkit::table_event::Repaired& repair);
+  void checkShownAgainstList();
   bool repairIsAccepted(const toolkit::table_event::Repaired& repair) const;
   void operationBegan();
 
@@ -74,8 +75,9 @@ class WatchingScreen final : public NoScreen {
   int refreshes_ = 0;  // under way
   bool operationsOverlapped_ = false;
   bool chosenBehindTheTable_ = false;
-  bool operationWasShown_ = false;  // by the work under way
-  bool displayWasShown_ = false;    // the same, of a display
+  bool mayShowSomethingElse_ = false;  // one of them has held since the rows were all read
+  bool operationWasShown_ = false;     // by the work under way
+  bool displayWasShown_ = false;       // the same, of a display
 };
 
 }  // namespace wifi_profile::simulation
