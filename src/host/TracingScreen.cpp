@@ -147,9 +147,11 @@ void TracingScreen::alertWasPresented(const toolkit::Alert& alert) {
 }
 
 void TracingScreen::alertTextWasEdited(const toolkit::Alert& alert) {
-  trace_.event("ui.alert", {{"op", makeText("text")},
-                            {"text", makeText(alert.textFields().front()->text)},
-                            {"enabled", flag(alert.actions().back()->isEnabled())}});
+  trace_.event(
+      "ui.alert",
+      {{"op", makeText("text")},
+       {"text", makeText(alert.textFields().front()->text)},
+       {"enabled", flag(!alert.actions().empty() && alert.actions().back()->isEnabled())}});
   screen_->alertTextWasEdited(alert);
 }
 

@@ -167,6 +167,17 @@ TEST_F(HeldAlerts, LetGoOfEverythingWhenTheScreenGoes) {
   EXPECT_TRUE(ownerWatch.expired());
 }
 
+TEST_F(HeldAlerts, LetGoOfASecondOneThatIsNotShown) {
+  auto second = std::make_shared<Alert>("SECOND");
+  second->addAction(
+      std::make_shared<AlertAction>("OK", ActionStyle::standard, [held = second, by = owner] {}));
+  const std::weak_ptr<Alert> watch = second;
+  owner->present(second, true);
+  EXPECT_EQ(owner->presentedAlert(), alert);
+  second.reset();
+  EXPECT_TRUE(watch.expired());
+}
+
 TEST_F(HeldAlerts, DropTheirFieldsOwnerWhenTheyAreDismissed) {
   EXPECT_TRUE(alert->textFields().front()->onEditingChanged);
   alert->tap(*yes);

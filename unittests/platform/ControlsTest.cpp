@@ -88,6 +88,27 @@ TEST_F(Controls, TellOfAButtonThatGoesAndOfNoOther) {
   EXPECT_EQ(item.title(), "TITLE");
 }
 
+TEST_F(Controls, MayBeReplacedByWhatTheyAreFor) {
+  const auto canary = std::make_shared<int>(7);
+  std::shared_ptr<RefreshControl> control;
+  const auto replace = [&control, canary] {
+    control = std::make_shared<RefreshControl>([] {});
+    EXPECT_EQ(*canary, 7);
+  };
+  control = std::make_shared<RefreshControl>(replace);
+  control->pull();
+  std::shared_ptr<BarButtonItem> removable;
+  const auto remove = [this, canary, &removable] {
+    item.setRightBarButtonItem(nullptr);
+    removable.reset();
+    EXPECT_EQ(*canary, 7);
+  };
+  removable = std::make_shared<BarButtonItem>("GO", BarButtonStyle::plain, remove);
+  item.setRightBarButtonItem(removable);
+  removable->tap();
+  EXPECT_EQ(item.rightBarButtonItem(), nullptr);
+}
+
 TEST_F(Controls, MakeABarAsWideAsTheControllersView) {
   const auto owner = std::make_shared<ViewController>();
   owner->view()->setFrame({{0, 0}, {400, 300}});

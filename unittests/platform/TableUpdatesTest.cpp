@@ -221,5 +221,24 @@ TEST_F(TableUpdates, AreAllDoneAfterARepair) {
   EXPECT_THAT(screen->told, ElementsAre("begin", "insert [1,1]", "end"));
 }
 
+TEST_F(TableUpdates, AreRepairedInASectionThatTheTableDoesNotHave) {
+  table->beginUpdates();
+  insert({{7, 0}});
+  table->endUpdates();
+  EXPECT_THAT(list(), ElementsAre("a", "b", "c", "d"));
+  EXPECT_EQ(screen->told.size(), 4U);
+}
+
+TEST_F(TableUpdates, ChangeNothingBeforeTheRowsAreRead) {
+  const auto unread = std::make_shared<TableView>();
+  unread->setDataSource(rows);
+  rows->sections = {{{"a"}, nullptr}, {{}, header}};
+  unread->beginUpdates();
+  unread->insertRows({{0, 0}}, RowAnimation::fade);
+  unread->endUpdates();
+  EXPECT_EQ(unread->numberOfSections(), 0);
+  EXPECT_THAT(screen->told, ElementsAre("begin", "insert [0,0]", "end"));
+}
+
 }  // namespace
 }  // namespace wifi_profile::toolkit

@@ -40,7 +40,10 @@ void ViewController::disappear() {
 
 void ViewController::present(const std::shared_ptr<Alert>& alert, bool /*animated*/) {
   checkMainThread("ViewController::present");
-  if (presentedAlert_) return;
+  if (presentedAlert_) {
+    if (presentedAlert_ != alert) alert->dismiss();
+    return;
+  }
   presentedAlert_ = alert;
   alert->presenter_ = weak_from_this();
   Screen::shared()->alertWasPresented(*alert);

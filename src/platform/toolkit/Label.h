@@ -22,7 +22,7 @@ class Label final : public View {
   Color textColor = kBlack;
   TextAlignment textAlignment = TextAlignment::left;
   LineBreakMode lineBreakMode = LineBreakMode::byWords;
-  int numberOfLines = 1;  // at most
+  int numberOfLines = 1;  // at most; 1 or more
   BaselineAdjustment baselineAdjustment = BaselineAdjustment::alignBaselines;
   double preferredMaxLayoutWidth = 0;  // points; 0: none
 

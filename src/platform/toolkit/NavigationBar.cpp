@@ -16,6 +16,13 @@ void BarButtonItem::setEnabled(bool enabled) {
   Screen::shared()->buttonWasEnabled(*this);
 }
 
+void BarButtonItem::tap() const {
+  checkMainThread("BarButtonItem::tap");
+  if (!enabled_) return;
+  const auto action = action_;  // which may remove this button
+  action();
+}
+
 void NavigationItem::setRightBarButtonItem(std::shared_ptr<BarButtonItem> button) {
   checkMainThread("NavigationItem::setRightBarButtonItem");
   const bool goes = rightBarButtonItem_ && !button;

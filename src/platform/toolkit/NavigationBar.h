@@ -28,9 +28,7 @@ class BarButtonItem final {
   void setEnabled(bool enabled);
 
   // What a person does. Nothing while it is disabled.
-  void tap() const {
-    if (enabled_) action_();
-  }
+  void tap() const;
 
  private:
   std::string title_;

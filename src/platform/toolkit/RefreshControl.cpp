@@ -10,7 +10,8 @@ void RefreshControl::pull() {
   if (refreshing_) return;
   refreshing_ = true;
   Screen::shared()->refreshBegan();
-  action_();
+  const auto action = action_;  // which may replace this control
+  action();
 }
 
 void RefreshControl::endRefreshing() {

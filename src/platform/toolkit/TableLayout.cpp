@@ -1,5 +1,7 @@
 // Where a table's headers and rows stand, and its header views.
 
+#include <algorithm>
+
 #include "platform/toolkit/MainThread.h"
 #include "platform/toolkit/TableView.h"
 
@@ -13,9 +15,14 @@ void TableView::readHeights() {
     section.headerHeight = delegate->tableViewHeightForHeaderInSection(*this, index);
     const double footer = delegate->tableViewHeightForFooterInSection(*this, index);
     section.footerHeight = footer == kAutomaticDimension ? kFooterHeight : footer;
-    if (!section.header) askForHeader(index);
   }
   layOutHeaders();
+  const double lastOffset = contentHeight() + contentInset_.bottom - frame().size.height;
+  contentOffset_ = std::max(std::min(contentOffset_, lastOffset), -contentInset_.top);
+}
+
+void TableView::askForHeaders() {
+  for (std::int64_t section = 0; section < numberOfSections(); ++section) askForHeader(section);
 }
 
 void TableView::askForHeader(std::int64_t index) {

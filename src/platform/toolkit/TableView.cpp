@@ -49,7 +49,7 @@ void TableView::reloadData() {
   checkMainThread("TableView::reloadData");
   tell(table_event::Reloaded{});
   readAllRows();
-  for (std::int64_t section = 0; section < numberOfSections(); ++section) askForHeader(section);
+  askForHeaders();
   readHeights();
 }
 
@@ -57,7 +57,7 @@ void TableView::appear() {
   checkMainThread("TableView::appear");
   if (hasRead_) return;
   readAllRows();
-  for (std::int64_t section = 0; section < numberOfSections(); ++section) askForHeader(section);
+  askForHeaders();
   readHeights();
 }
 
@@ -98,12 +98,13 @@ void TableView::endUpdates() {
 void TableView::applyBatch() {
   const auto changes = std::exchange(changes_, {});
   const auto source = source_.lock();
-  if (!source) return;
+  if (!source || !hasRead_) return;
   std::vector<table_event::Repaired> repairs;
   const auto check = [&](std::int64_t section, const RowChanges& wanted) {
     const auto before = static_cast<std::int64_t>(rowsOfSection(section).size());
     const std::int64_t expected = source->tableViewNumberOfRowsInSection(*this, section);
-    if (addsUp(wanted, before, expected)) return;
+    const bool there = section >= 0 && section < numberOfSections();
+    if (there && addsUp(wanted, before, expected)) return;
     repairs.push_back({section, before, static_cast<std::int64_t>(wanted.deleted.size()),
                        static_cast<std::int64_t>(wanted.inserted.size()), expected});
   };
@@ -128,6 +129,9 @@ void TableView::applyBatch() {
       }
       rows = std::move(next);
     }
+  }
+  for (std::int64_t section = 0; section < numberOfSections(); ++section) {
+    if (!headerViewOfSection(section)) askForHeader(section);
   }
   readHeights();
 }

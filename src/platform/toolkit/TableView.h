@@ -60,8 +60,9 @@ class TableViewDelegate {
 //
 // Batches nest and take effect, together, when the outermost one ends. A batch that does not
 // add up is thrown away: the table then reads all rows anew and tells the screen which sections
-// were repaired. Header views are asked for when the table appears, at a reload, when a header is
-// scrolled back, and for a section that gets its first header in a batch.
+// were repaired. A batch of a table that has not read its rows yet changes nothing. Header views
+// are asked for when the table appears, at a reload, when a header is scrolled back, and at the end
+// of a batch where a section has none.
 class TableView final : public View {
  public:
   // A row as the table shows it.
@@ -118,7 +119,7 @@ class TableView final : public View {
   void setContentInset(Insets insets);
   const Insets& scrollIndicatorInsets() const { return scrollIndicatorInsets_; }
   void setScrollIndicatorInsets(Insets insets) { scrollIndicatorInsets_ = insets; }
-  // What of the content stands at the table's top edge.
+  // What of the content stands at the table's top edge. Follows the content when that shrinks.
   double contentOffset() const { return contentOffset_; }
 
   // How far the rows' background stands in from the sides; nothing: this table does not say.
@@ -154,6 +155,7 @@ class TableView final : public View {
   Row readRow(TableViewDataSource& source, IndexPath path);
   void readAllRows();
   void readHeights();
+  void askForHeaders();
   void askForHeader(std::int64_t section);
   void layOutHeaders();
   void applyBatch();

@@ -45,7 +45,7 @@ class ViewController : public std::enable_shared_from_this<ViewController> {
     return InterfaceOrientation::portrait;
   }
 
-  // Puts an alert over the view. While one is there another is not shown.
+  // Puts an alert over the view. While one is there another is not shown, but dismissed at once.
   void present(const std::shared_ptr<Alert>& alert, bool animated);
   // The alert over the view, or null.
   const std::shared_ptr<Alert>& presentedAlert() const { return presentedAlert_; }
