@@ -1,6 +1,7 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <random>
 
@@ -16,6 +17,13 @@ std::uint64_t randomWord() {
   return std::uint64_t{device()} << 32U | device();
 }
 
+// What nobody outside the process can know about its hashes.
+struct HashSecret {
+  std::uint64_t start = randomWord();
+  std::uint64_t mask = randomWord();
+  std::uint64_t factor = randomWord() | 1U;
+};
+
 // The full product of two words, its halves laid over each other.
 std::uint64_t foldedProduct(std::uint64_t one, std::uint64_t other) {
   __extension__ using Wide = unsigned __int128;
@@ -23,25 +31,41 @@ std::uint64_t foldedProduct(std::uint64_t one, std::uint64_t other) {
   return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64U);
 }
 
-// At most eight bytes as a number.
-std::uint64_t word(std::string_view bytes) {
-  std::uint64_t value = 0;
-  std::memcpy(&value, bytes.data(), bytes.size());
-  return value;
+template <class Word>
+std::uint64_t wordAt(const char* bytes) {
+  Word word;
+  std::memcpy(&word, bytes, sizeof word);
+  return word;
+}
+
+using TwoWords = std::array<std::uint64_t, 2>;
+
+TwoWords sixteenBytes(const char* bytes) {
+  return {wordAt<std::uint64_t>(bytes), wordAt<std::uint64_t>(bytes + 8)};
+}
+
+// All of at most 16 bytes; some of them may be there twice.
+TwoWords fewBytes(const char* begin, std::size_t size) {
+  const char* const end = begin + size;
+  if (size >= 8) return {wordAt<std::uint64_t>(begin), wordAt<std::uint64_t>(end - 8)};
+  if (size >= 4) return {wordAt<std::uint32_t>(begin), wordAt<std::uint32_t>(end - 4)};
+  if (size >= 2) return {wordAt<std::uint16_t>(begin), wordAt<std::uint16_t>(end - 2)};
+  return {size == 1 ? wordAt<std::uint8_t>(begin) : 0, 0};
 }
 
 }  // namespace
 
 std::uint64_t Text::reckonHash() const {
-  static const std::uint64_t kStart = randomWord();
-  static const std::uint64_t kFactor = randomWord() | 1U;
-  std::string_view rest = text_;
-  std::uint64_t hash = kStart ^ rest.size();
-  for (; rest.size() > 8; rest.remove_prefix(8)) {
-    hash = foldedProduct(hash ^ word(rest.substr(0, 8)), kFactor);
-  }
-  hash = foldedProduct(foldedProduct(hash ^ word(rest), kFactor) ^ kStart, kFactor);
-  hash |= hash == 0 ? 1U : 0U;
+  static const HashSecret kSecret;
+  const char* const begin = text_.data();
+  const std::size_t size = text_.size();
+  std::uint64_t hash = kSecret.start ^ size;
+  const auto mix = [&](const TwoWords& words) {
+    hash = foldedProduct(words[0] ^ hash, words[1] ^ kSecret.mask);
+  };
+  for (std::size_t done = 0; done + 16 < size; done += 16) mix(sixteenBytes(begin + done));
+  mix(size > 16 ? sixteenBytes(begin + size - 16) : fewBytes(begin, size));
+  hash = foldedProduct(hash, kSecret.factor) | 1U;  // not 0
   hash_.store(hash, std::memory_order_relaxed);
   return hash;
 }

@@ -65,15 +65,29 @@ void IcuNameCollator::Closer::operator()(UCollator* collator) const { ucol_close
 IcuNameCollator::IcuNameCollator(std::string_view language)
     : collator_(collatorOf(std::string(language))) {}
 
+const IcuLetterKeys* IcuNameCollator::letterKeys() const {
+  std::call_once(letterKeysMade_, [this] {
+    letterKeys_.emplace(*collator_);
+    if (!letterKeys_->areInOrder()) letterKeys_.reset();
+  });
+  return letterKeys_ ? &*letterKeys_ : nullptr;
+}
+
 void IcuNameCollator::appendSortKey(std::string_view name, std::string& key) const {
   if (!collator_) {
     key += name;
-  } else if (name.size() <= kUsualName) {
-    std::array<UChar, kUsualName> units;
-    appendKey(*collator_, units.data(), toUtf16(name, units.data()), key);
+    return;
+  }
+  const IcuLetterKeys* const quick = letterKeys();
+  if (quick && quick->append(name, key)) return;
+  std::array<UChar, kUsualName> usualUnits;
+  std::vector<UChar> manyUnits(name.size() > kUsualName ? name.size() : 0);
+  UChar* const units = manyUnits.empty() ? usualUnits.data() : manyUnits.data();
+  const std::int32_t length = toUtf16(name, units);
+  if (quick) {
+    quick->append(units, length, key);
   } else {
-    std::vector<UChar> units(name.size());
-    appendKey(*collator_, units.data(), toUtf16(name, units.data()), key);
+    appendKey(*collator_, units, length, key);
   }
 }
 

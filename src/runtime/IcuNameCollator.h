@@ -2,8 +2,11 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
+#include <optional>
 
 #include "platform/NameCollator.h"
+#include "runtime/IcuLetterKeys.h"
 
 struct UCollator;  // of ICU
 
@@ -22,7 +25,13 @@ class IcuNameCollator final : public NameCollator {
   struct Closer {
     void operator()(UCollator* collator) const;
   };
+
+  // Made at the first key, which takes some milliseconds. Null: not in the language's order.
+  const IcuLetterKeys* letterKeys() const;
+
   const std::unique_ptr<UCollator, Closer> collator_;  // null: there are no rules
+  mutable std::once_flag letterKeysMade_;
+  mutable std::optional<IcuLetterKeys> letterKeys_;
 };
 
 }  // namespace wifi_profile

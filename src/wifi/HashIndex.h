@@ -32,7 +32,7 @@ class HashIndex {
 
   // The position must not be in the table yet.
   void add(std::uint64_t hash, Position position) {
-    if ((count_ + 1) * 2 > slots_.size()) rebuild(count_ + 1);
+    if (count_ * 2 > mask_) rebuild(count_ + 1);
     place({tagOf(hash), position});
     ++count_;
   }
@@ -46,8 +46,8 @@ class HashIndex {
     std::size_t gap = at(hash, position);
     // Whoever was put off past the gap moves up into it.
     for (std::size_t i = next(gap); slots_[i].position != kNone; i = next(i)) {
-      const std::size_t wayToGap = (gap - home(slots_[i].tag)) & (slots_.size() - 1);
-      const std::size_t wayToHere = (i - home(slots_[i].tag)) & (slots_.size() - 1);
+      const std::size_t wayToGap = (gap - home(slots_[i].tag)) & mask_;
+      const std::size_t wayToHere = (i - home(slots_[i].tag)) & mask_;
       if (wayToGap > wayToHere) continue;
       slots_[gap] = slots_[i];
       gap = i;
@@ -67,7 +67,7 @@ class HashIndex {
   // The upper half of the hash. Its upper bits say where in the table the search begins.
   static std::uint32_t tagOf(std::uint64_t hash) { return static_cast<std::uint32_t>(hash >> 32U); }
   std::size_t home(std::uint32_t tag) const { return tag >> shift_; }
-  std::size_t next(std::size_t slot) const { return (slot + 1) & (slots_.size() - 1); }
+  std::size_t next(std::size_t slot) const { return (slot + 1) & mask_; }
 
   std::size_t at(std::uint64_t hash, Position position) const {
     std::size_t i = home(tagOf(hash));
@@ -84,6 +84,7 @@ class HashIndex {
   void rebuild(std::size_t count) {
     const std::size_t size = std::bit_ceil(std::max(count * 2, kFewestSlots));
     const std::vector<Slot> before = std::exchange(slots_, std::vector<Slot>(size));
+    mask_ = size - 1;
     shift_ = 32 - static_cast<unsigned>(std::countr_zero(size));
     for (const Slot& slot : before) {
       if (slot.position != kNone) place(slot);
@@ -91,6 +92,7 @@ class HashIndex {
   }
 
   std::vector<Slot> slots_;  // their number is a power of two, at most 2^31
+  std::size_t mask_ = 0;     // their number less one
   std::size_t count_ = 0;
   unsigned shift_ = 0;  // from a tag to a slot
 };

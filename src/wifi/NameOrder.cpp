@@ -1,6 +1,7 @@
 #include "wifi/NameOrder.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
 
 #include "platform/NameCollator.h"
@@ -8,15 +9,13 @@
 namespace wifi_profile {
 namespace {
 
-constexpr std::size_t kPrefix = 8;  // bytes
-
-// The first bytes of a key as a number that has their order; a short key is filled up with zeros.
-std::uint64_t prefixOf(std::string_view key) {
-  std::uint64_t prefix = 0;
-  for (std::size_t i = 0; i < kPrefix; ++i) {
-    prefix = prefix << 8U | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0U);
+// Eight bytes as a number that has their order.
+std::uint64_t numberAt(const char* bytes) {
+  std::uint64_t number = 0;
+  for (std::size_t i = 0; i < sizeof number; ++i) {
+    number = number << 8U | static_cast<unsigned char>(bytes[i]);
   }
-  return prefix;
+  return number;
 }
 
 }  // namespace
@@ -26,34 +25,37 @@ std::size_t NameOrder::count() const {
   return entries_.size();
 }
 
-std::string_view NameOrder::keyOf(const Entry& entry) const {
-  return std::string_view(keys_).substr(entry.keyBegin, entry.keyLength);
+NameOrder::Number NameOrder::addName(const TextRef& name) {
+  const auto number = static_cast<Number>(entries_.size());
+  entries_.push_back({.name = name, .key = {}});
+  numbers_.add(name->hash(), number);
+  return number;
 }
 
-int NameOrder::compareKeys(const Entry& one, const Entry& other) const {
-  if (one.prefix != other.prefix) return one.prefix < other.prefix ? -1 : 1;
-  return keyOf(one).compare(keyOf(other));
-}
-
-bool NameOrder::isBefore(Number one, Number other) const {
-  const int keys = compareKeys(entries_[one], entries_[other]);
-  if (keys != 0) return keys < 0;
-  return entries_[one].name->string() < entries_[other].name->string();
+void NameOrder::setKey(Entry& entry, std::string_view key) {
+  // Zeros follow a short key, which also makes its front.
+  const std::size_t size = std::max(key.size(), sizeof entry.front);
+  char* const bytes = static_cast<char*>(keys_->allocate(size, 1));
+  std::fill(std::copy(key.begin(), key.end(), bytes), bytes + size, '\0');
+  entry.key = {bytes, key.size()};
+  entry.front = {numberAt(bytes), numberAt(bytes + sizeof entry.front[0])};
 }
 
 void NameOrder::sortNewNames() {
   const std::size_t known = inOrder_.size();
   if (known == entries_.size()) return;
   const auto collator = NameCollator::shared();
+  std::string key;
   for (auto number = static_cast<Number>(known); number < entries_.size(); ++number) {
     Entry& entry = entries_[number];
-    entry.keyBegin = keys_.size();
-    collator->appendSortKey(entry.name->string(), keys_);
-    entry.keyLength = keys_.size() - entry.keyBegin;
-    entry.prefix = prefixOf(keyOf(entry));
+    key.clear();
+    collator->appendSortKey(entry.name->string(), key);
+    setKey(entry, key);
     inOrder_.push_back(number);
   }
-  const auto before = [this](Number one, Number other) { return isBefore(one, other); };
+  const auto before = [this](Number one, Number other) {
+    return isBefore(entries_[one], entries_[other]);
+  };
   const auto firstNew = inOrder_.begin() + static_cast<std::ptrdiff_t>(known);
   std::sort(firstNew, inOrder_.end(), before);
   std::inplace_merge(inOrder_.begin(), firstNew, inOrder_.end(), before);
@@ -66,25 +68,16 @@ void NameOrder::keepWithinBounds() {
 }
 
 void NameOrder::forgetAllBefore(std::uint64_t pass) {
-  std::vector<Entry> kept;
-  std::string keys;
-  std::vector<Number> newNumbers(entries_.size(), HashIndex::kNone);
-  for (std::size_t number = 0; number < entries_.size(); ++number) {
-    Entry& entry = entries_[number];
-    if (entry.lastPass < pass) continue;
-    newNumbers[number] = static_cast<Number>(kept.size());
-    const std::size_t begin = keys.size();
-    keys += keyOf(entry);
-    entry.keyBegin = begin;
-    kept.push_back(std::move(entry));
+  const auto oldKeys = std::exchange(keys_, std::make_unique<KeyMemory>());
+  const std::vector<Entry> oldEntries = std::exchange(entries_, {});
+  std::vector<Number> newNumbers(oldEntries.size(), HashIndex::kNone);
+  for (std::size_t number = 0; number < oldEntries.size(); ++number) {
+    if (oldEntries[number].lastPass < pass) continue;
+    newNumbers[number] = static_cast<Number>(entries_.size());
+    setKey(entries_.emplace_back(oldEntries[number]), oldEntries[number].key);
   }
-  std::vector<Number> inOrder;
-  for (const Number number : inOrder_) {
-    if (newNumbers[number] != HashIndex::kNone) inOrder.push_back(newNumbers[number]);
-  }
-  entries_ = std::move(kept);
-  keys_ = std::move(keys);
-  inOrder_ = std::move(inOrder);
+  for (Number& number : inOrder_) number = newNumbers[number];
+  std::erase(inOrder_, HashIndex::kNone);
   numbers_ = HashIndex(entries_.size());
   for (std::size_t number = 0; number < entries_.size(); ++number) {
     numbers_.add(entries_[number].name->hash(), static_cast<Number>(number));
@@ -99,22 +92,6 @@ NameOrder::Pass::Pass(NameOrder& order, Of what) : order_(order), lock_(order.mu
 NameOrder::Pass::~Pass() {
   order_.largestPass_ = std::max(order_.largestPass_, names_);
   order_.keepWithinBounds();
-}
-
-NameOrder::Pass::Number NameOrder::Pass::numberOf(const TextRef& name) {
-  std::vector<Entry>& entries = order_.entries_;
-  Number number = order_.numbers_.find(name->hash(), [&](Number candidate) {
-    const TextRef& known = entries[candidate].name;
-    return known == name || known->string() == name->string();
-  });
-  if (number == HashIndex::kNone) {
-    number = static_cast<Number>(entries.size());
-    entries.push_back({.name = name, .lastPass = 0, .prefix = 0});
-    order_.numbers_.add(name->hash(), number);
-  }
-  if (entries[number].lastPass != order_.pass_) ++names_;
-  entries[number].lastPass = order_.pass_;
-  return number;
 }
 
 const std::vector<NameOrder::Pass::Number>& NameOrder::Pass::inOrder() {

@@ -1,10 +1,13 @@
 // The order of network names, remembered from scan to scan.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <memory_resource>
 #include <mutex>
-#include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/Text.h"
@@ -32,26 +35,39 @@ class NameOrder {
 
  private:
   using Number = HashIndex::Position;
+  using KeyMemory = std::pmr::monotonic_buffer_resource;
+
+  // The first sixteen bytes of a sort key as two numbers that have their order.
+  using KeyFront = std::array<std::uint64_t, 2>;
 
   struct Entry {
     TextRef name;
-    std::uint64_t lastPass;     // the latest that asked for the name
-    std::uint64_t prefix;       // the first eight bytes of the sort key as a number
-    std::size_t keyBegin = 0;   // in `keys_`
-    std::size_t keyLength = 0;  // bytes
+    std::uint64_t lastPass = 0;  // the latest that asked for the name
+    KeyFront front{};            // of `key`
+    std::string_view key;        // in `keys_`
   };
 
+  Number addName(const TextRef& name);
   void sortNewNames();
+  void setKey(Entry& entry, std::string_view key);
   void keepWithinBounds();
   void forgetAllBefore(std::uint64_t pass);
-  std::string_view keyOf(const Entry& entry) const;
-  int compareKeys(const Entry& one, const Entry& other) const;
-  bool isBefore(Number one, Number other) const;
+
+  // Most keys differ in their fronts, and these are compared at once.
+  static int compareKeys(const Entry& one, const Entry& other) {
+    if (one.front[0] != other.front[0]) return one.front[0] < other.front[0] ? -1 : 1;
+    if (one.front[1] != other.front[1]) return one.front[1] < other.front[1] ? -1 : 1;
+    return one.key.compare(other.key);
+  }
+  static bool isBefore(const Entry& one, const Entry& other) {
+    const int keys = compareKeys(one, other);
+    return keys != 0 ? keys < 0 : one.name->string() < other.name->string();
+  }
 
   mutable std::mutex mutex_;
-  std::vector<Entry> entries_;   // by number
-  HashIndex numbers_;            // by name
-  std::string keys_;             // all sort keys, one after another
+  std::vector<Entry> entries_;  // by number
+  HashIndex numbers_;           // by name
+  std::unique_ptr<KeyMemory> keys_ = std::make_unique<KeyMemory>();
   std::vector<Number> inOrder_;  // of the first entries; those that are still missing here are new
   std::uint64_t pass_ = 0;
   std::uint64_t latestScan_ = 0;  // the pass that was the latest scan
@@ -73,7 +89,17 @@ class NameOrder::Pass {
 
   // The number of a name, which must not be nil: the same for equal names, and below `count`. It is
   // valid in this pass only.
-  Number numberOf(const TextRef& name);
+  Number numberOf(const TextRef& name) {
+    const Number known = order_.numbers_.find(name->hash(), [&](Number candidate) {
+      const TextRef& text = order_.entries_[candidate].name;
+      return text == name || text->string() == name->string();
+    });
+    const Number number = known == HashIndex::kNone ? order_.addName(name) : known;
+    std::uint64_t& lastPass = order_.entries_[number].lastPass;
+    if (lastPass != order_.pass_) ++names_;
+    lastPass = order_.pass_;
+    return number;
+  }
   std::size_t count() const { return order_.entries_.size(); }
 
   // The numbers of all names in their order, also of names that nobody asked for in this pass.

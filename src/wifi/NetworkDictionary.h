@@ -26,7 +26,7 @@ class NetworkDictionary {
 
   // nil for a nil name or an unknown one.
   ScanResultRef networkNamed(const TextRef& name) const;
-  bool contains(const TextRef& name) const { return find(name) != HashIndex::kNone; }
+  bool contains(const TextRef& name) const { return positionOf(name) != kNone; }
   std::size_t count() const { return networks_.size(); }
 
   // Puts the network under its name, in place of the one that was there. It must not be nil or
@@ -36,11 +36,25 @@ class NetworkDictionary {
   // Nothing happens for a nil name or an unknown one.
   void remove(const TextRef& name);
 
-  // In no particular order.
+  // In the order of the list that the dictionary was made of, but for what was set and removed.
   const NetworkList& networks() const { return networks_; }
 
+  using Position = HashIndex::Position;
+  static constexpr Position kNone = HashIndex::kNone;
+
+  // Where in `networks` the network of this name is, or kNone. Who can guess it saves the search
+  // when the guess is right; a wrong guess, of any value, does no harm.
+  Position positionOf(const TextRef& name, Position guess = kNone) const {
+    if (!name) return kNone;
+    return guess < networks_.size() && isAt(guess, *name) ? guess : search(*name);
+  }
+
  private:
-  HashIndex::Position find(const TextRef& name) const;
+  bool isAt(Position position, const Text& name) const {
+    const Text& candidate = *networks_[position]->ssidString();
+    return candidate.hash() == name.hash() && candidate.string() == name.string();
+  }
+  Position search(const Text& name) const;
 
   NetworkList networks_;
   HashIndex positions_;  // in `networks_`, by name

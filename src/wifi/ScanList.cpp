@@ -23,7 +23,11 @@ const VqWiFiScanResult& resultAt(const Elements& elements, std::size_t position)
 }
 
 ScanResultRef refAt(const Elements& elements, std::size_t position) {
-  return std::static_pointer_cast<const VqWiFiScanResult>(elements[position]);
+  return {elements[position], &resultAt(elements, position)};
+}
+
+void append(const Elements& elements, std::size_t position, NetworkList& list) {
+  list.emplace_back(elements[position], &resultAt(elements, position));
 }
 
 // The class is final, so that comparing types, which is much cheaper than a cast, is enough.
@@ -34,22 +38,44 @@ bool isNamedResult(const ObjectRef& object) {
          static_cast<const VqWiFiScanResult&>(value).ssidString();
 }
 
+// The address of the joined access point, if any.
+class JoinedAddress {
+ public:
+  explicit JoinedAddress(const TextRef& address)
+      : isKnown_(address != nullptr), address_(address ? address->string() : std::string_view()) {}
+
+  // Addresses of one maker begin alike: they are compared from their ends.
+  bool isThatOf(const VqWiFiScanResult& result) const {
+    if (!isKnown_ || !result.bssid()) return false;
+    const std::string& address = result.bssid()->string();
+    return address.size() == address_.size() &&
+           std::equal(address.rbegin(), address.rend(), address_.rbegin());
+  }
+
+ private:
+  bool isKnown_;
+  std::string_view address_;
+};
+
 // Goes through the results once. Gives what was chosen for each name by the name's number, and in
 // `current` the position of the joined access point.
 std::vector<Chosen> choose(const Elements& elements, const VqWiFiStatus& status,
                            NameOrder::Pass& names, std::uint32_t& current) {
+  const JoinedAddress joinedAddress(status.bssid);
+  const Number joined = status.ssidString ? names.numberOf(status.ssidString) : kNone;
   std::vector<Chosen> chosen(names.count());
-  for (std::uint32_t i = 0; i < elements.size(); ++i) {
-    if (!isNamedResult(elements[i])) continue;
-    const VqWiFiScanResult& result = resultAt(elements, i);
-    const bool isCurrent = equalNames(status.bssid, result.bssid());
-    if (!isCurrent && equalNames(status.ssidString, result.ssidString())) continue;
+  std::uint32_t i = UINT32_MAX;
+  for (const ObjectRef& element : elements) {
+    ++i;
+    if (!isNamedResult(element)) continue;
+    const auto& result = static_cast<const VqWiFiScanResult&>(*element);
     const Number number = names.numberOf(result.ssidString());
     if (number == chosen.size()) chosen.emplace_back();
     Chosen& best = chosen[number];
-    if (isCurrent) {
+    if (joinedAddress.isThatOf(result)) {
       best.distinct = current = i;
-    } else if (best.filtered == kNone || result.rssi() > resultAt(elements, best.filtered).rssi()) {
+    } else if (number != joined && (best.filtered == kNone ||
+                                    result.rssi() > resultAt(elements, best.filtered).rssi())) {
       best.distinct = best.filtered = i;
     }
   }
@@ -67,22 +93,26 @@ Deduplicated deduplicated(const ArrayRef& results, const VqWiFiStatusRef& status
                           NameOrder& order) {
   static const Elements kNoElements;
   const Elements& elements = results ? results->elements() : kNoElements;
-  NetworkList distinct;
   NetworkList listed;
+  NetworkList others;  // that are in `distinct` in place of a listed one, or are not listed
   std::uint32_t current = kNone;
   {
     NameOrder::Pass names(order, NameOrder::Pass::Of::scan);
     const std::vector<Chosen> chosen =
         choose(elements, status ? *status : VqWiFiStatus{}, names, current);
+    listed.reserve(chosen.size());
     for (const Number number : names.inOrder()) {
       const Chosen& best = chosen[number];
-      if (best.distinct != kNone) distinct.push_back(refAt(elements, best.distinct));
-      if (best.filtered != kNone) listed.push_back(refAt(elements, best.filtered));
+      if (best.filtered != kNone) append(elements, best.filtered, listed);
+      if (best.distinct != best.filtered) append(elements, best.distinct, others);
     }
   }
-  return {.distinct = shared(NetworkDictionary(std::move(distinct))),
-          .filtered = shared(NetworkDictionary(listed)),
-          .listed = shared(std::move(listed)),
+  const auto filtered = shared(NetworkDictionary(std::move(listed)));
+  NetworkDictionary distinct = *filtered;
+  for (ScanResultRef& network : others) distinct.set(std::move(network));
+  return {.distinct = shared(std::move(distinct)),
+          .filtered = filtered,
+          .listed = NetworkListRef(filtered, &filtered->networks()),
           .current = current == kNone ? nullptr : refAt(elements, current)};
 }
 
@@ -131,9 +161,16 @@ std::vector<std::int64_t> rowsMissingFrom(const NetworkListRef& list,
                                           const NetworkDictionaryRef& dictionary) {
   std::vector<std::int64_t> rows;
   if (!list) return rows;
-  for (std::size_t i = 0; i < list->size(); ++i) {
-    if (dictionary && dictionary->contains((*list)[i]->ssidString())) continue;
-    rows.push_back(static_cast<std::int64_t>(i));
+  // Both are in the same order, so that a network is mostly found next to the one before it.
+  NetworkDictionary::Position next = 0;
+  for (const ScanResultRef& network : *list) {
+    const auto position =
+        dictionary ? dictionary->positionOf(network->ssidString(), next) : NetworkDictionary::kNone;
+    if (position != NetworkDictionary::kNone) {
+      next = position + 1;
+    } else {
+      rows.push_back(&network - list->data());
+    }
   }
   return rows;
 }
