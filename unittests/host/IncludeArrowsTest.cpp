@@ -29,10 +29,8 @@ const std::map<std::string, Rooms> kArrows{
 
 // Files outside the host that may include a package's headers, by the first part of the path.
 const std::map<std::string, Rooms> kPackages{
-    {"runtime/IcuLetterKeys.cpp", {"unicode"}},
-    {"runtime/IcuNameCollator.cpp", {"unicode"}},
-    {"runtime/Interrupts.cpp", {"asio"}},
-    {"runtime/JsonReader.cpp", {"nlohmann"}},
+    {"runtime/IcuLetterKeys.cpp", {"unicode"}}, {"runtime/IcuNameCollator.cpp", {"unicode"}},
+    {"runtime/Interrupts.cpp", {"asio"}},       {"runtime/JsonReader.cpp", {"nlohmann"}},
     {"runtime/ThreadRunLoop.cpp", {"asio"}},
 };
 
