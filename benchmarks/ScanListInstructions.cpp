@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <malloc.h>
 #include <map>
 #include <string>
 
@@ -17,21 +18,27 @@
 namespace wifi_profile {
 namespace {
 
-// A scan, the scan after it, and what was made of the first one.
+// A scan with what was made of it, and the scans after it.
 struct Scene {
-  explicit Scene(std::size_t size, bool changes) : air(size, 1), first(air.scan()) {
-    if (changes) air.change();
-    second = air.scan();
+  // Between two scans, a fifth of the names changes if `changes`.
+  Scene(std::size_t size, std::size_t rescans, bool changes) : air(size, 1), first(air.scan()) {
     status = air.status();
+    for (; scans.size() < rescans; scans.push_back(air.scan())) {
+      if (changes) air.change();
+    }
     before = deduplicated(first, status, order);
     plainBefore = plain.pairByPair(first, *status);
+    if (*before.listed != plainBefore.listed) {
+      std::fputs("the plain way makes another list\n", stderr);
+      std::exit(EXIT_FAILURE);
+    }
     // The collators' tables are read now, and not in what is measured.
     plain.bySortKeys(first, *status);
   }
 
   Neighbourhood air;
   ArrayRef first;
-  ArrayRef second;
+  std::vector<ArrayRef> scans;
   VqWiFiStatusRef status;
   NameOrder order;
   PlainScanList plain;
@@ -41,34 +48,46 @@ struct Scene {
 
 // What the measured work leaves behind: it is not torn down while instructions are counted.
 struct Outcome {
-  Deduplicated networks;
-  PlainNetworks plainNetworks;
-  PlainRows rows;
+  std::vector<Deduplicated> networks;
+  std::vector<PlainNetworks> plainNetworks;
+  std::vector<PlainRows> rows;
   NetworkListRef list;
 };
 
 void rescan(Scene& scene, Outcome& outcome) {
-  outcome.networks = deduplicated(scene.second, scene.status, scene.order);
-  outcome.rows = {.lost = rowsMissingFrom(scene.before.listed, outcome.networks.filtered),
-                  .found = rowsMissingFrom(outcome.networks.listed, scene.before.filtered)};
+  outcome.networks.reserve(scene.scans.size());
+  const Deduplicated* before = &scene.before;
+  for (const ArrayRef& scan : scene.scans) {
+    const Deduplicated& after =
+        outcome.networks.emplace_back(deduplicated(scan, scene.status, scene.order));
+    outcome.rows.push_back({.lost = rowsMissingFrom(before->listed, after.filtered),
+                            .found = rowsMissingFrom(after.listed, before->filtered)});
+    before = &after;
+  }
 }
 
 void plainRescan(Scene& scene, Outcome& outcome) {
-  outcome.plainNetworks = scene.plain.pairByPair(scene.second, *scene.status);
-  outcome.rows = PlainScanList::rows(scene.plainBefore.listed, outcome.plainNetworks.listed);
+  outcome.plainNetworks.reserve(scene.scans.size());
+  const PlainNetworks* before = &scene.plainBefore;
+  for (const ArrayRef& scan : scene.scans) {
+    const PlainNetworks& after =
+        outcome.plainNetworks.emplace_back(scene.plain.pairByPair(scan, *scene.status));
+    outcome.rows.push_back(PlainScanList::rows(before->listed, after.listed));
+    before = &after;
+  }
 }
 
 void firstList(Scene& scene, Outcome& outcome) {
   NameOrder order;
-  outcome.networks = deduplicated(scene.second, scene.status, order);
+  outcome.networks.push_back(deduplicated(scene.scans.front(), scene.status, order));
 }
 
 void plainFirstListPairByPair(Scene& scene, Outcome& outcome) {
-  outcome.plainNetworks = scene.plain.pairByPair(scene.second, *scene.status);
+  outcome.plainNetworks.push_back(scene.plain.pairByPair(scene.scans.front(), *scene.status));
 }
 
 void plainFirstListBySortKeys(Scene& scene, Outcome& outcome) {
-  outcome.plainNetworks = scene.plain.bySortKeys(scene.second, *scene.status);
+  outcome.plainNetworks.push_back(scene.plain.bySortKeys(scene.scans.front(), *scene.status));
 }
 
 void tap(Scene& scene, Outcome& outcome) {
@@ -77,7 +96,7 @@ void tap(Scene& scene, Outcome& outcome) {
 }
 
 void plainTap(Scene& scene, Outcome& outcome) {
-  std::vector<ScanResultRef>& list = outcome.plainNetworks.listed;
+  std::vector<ScanResultRef>& list = outcome.plainNetworks.emplace_back().listed;
   list = *scene.before.listed;
   const ScanResultRef network = list[list.size() / 3];
   std::erase(list, network);
@@ -86,21 +105,24 @@ void plainTap(Scene& scene, Outcome& outcome) {
 }
 
 struct Work {
-  bool changes;  // a fifth of the names
+  std::size_t rescans;
+  bool changes;
   std::function<void(Scene&, Outcome&)> run;
 };
 
 const std::map<std::string, Work>& works() {
   static const std::map<std::string, Work> all{
-      {"first", {true, firstList}},
-      {"first-plain-pairs", {true, plainFirstListPairByPair}},
-      {"first-plain-keys", {true, plainFirstListBySortKeys}},
-      {"rescan", {true, rescan}},
-      {"rescan-plain", {true, plainRescan}},
-      {"unchanged", {false, rescan}},
-      {"unchanged-plain", {false, plainRescan}},
-      {"tap", {false, tap}},
-      {"tap-plain", {false, plainTap}},
+      {"first", {1, true, firstList}},
+      {"first-plain-pairs", {1, true, plainFirstListPairByPair}},
+      {"first-plain-keys", {1, true, plainFirstListBySortKeys}},
+      {"rescan", {1, true, rescan}},
+      {"rescan-plain", {1, true, plainRescan}},
+      {"rescans", {12, true, rescan}},
+      {"rescans-plain", {12, true, plainRescan}},
+      {"unchanged", {1, false, rescan}},
+      {"unchanged-plain", {1, false, plainRescan}},
+      {"tap", {1, false, tap}},
+      {"tap-plain", {1, false, plainTap}},
   };
   return all;
 }
@@ -120,8 +142,9 @@ int main(int count, char** arguments) {
     return EXIT_FAILURE;
   }
   const ScopedInstall<NameCollator> collator(std::make_shared<IcuNameCollator>("en"));
-  Scene scene(std::strtoul(arguments[2], nullptr, 10), work->second.changes);
+  Scene scene(std::strtoul(arguments[2], nullptr, 10), work->second.rescans, work->second.changes);
   Outcome outcome;
+  malloc_trim(0);  // What building the scene left scattered is not tidied up in what is measured.
   measured(work->second, scene, outcome);
   return EXIT_SUCCESS;
 }
