@@ -176,6 +176,7 @@ TEST_F(HeldAlerts, LetGoOfASecondOneThatIsNotShown) {
   EXPECT_EQ(owner->presentedAlert(), alert);
   second.reset();
   EXPECT_TRUE(watch.expired());
+  owner->disappear();
 }
 
 TEST_F(HeldAlerts, DropTheirFieldsOwnerWhenTheyAreDismissed) {
