@@ -5,13 +5,11 @@
 #include "platform/toolkit/NavigationBar.h"
 #include "platform/toolkit/ProgressView.h"
 #include "platform/toolkit/TableView.h"
+#include "ui/PickerTable.h"
 #include "ui/WiFiHeaderView.h"
 
 namespace wifi_profile {
 namespace {
-
-constexpr std::int64_t kSelectedSection = 0;
-constexpr std::int64_t kNetworksSection = 1;
 
 ObjectRef orNull(ObjectRef value) { return value ? value : nullPlaceholder(); }
 

@@ -6,6 +6,7 @@
 #include "platform/toolkit/NavigationBar.h"
 #include "platform/toolkit/TableView.h"
 #include "runtime/JsonWriter.h"
+#include "ui/PickerTable.h"
 
 namespace wifi_profile {
 namespace {
@@ -13,8 +14,6 @@ namespace {
 using Obstacle = std::optional<std::string>;  // nothing: none
 using scenario::Action;
 using scenario::Step;
-
-constexpr std::int64_t kNetworksSection = 1;
 
 std::shared_ptr<toolkit::TableView> tableOnScreen(const WiFiProfileViewController& controller) {
   auto table = controller.tableView();

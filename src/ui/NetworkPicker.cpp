@@ -7,7 +7,7 @@
 #include "platform/StringTable.h"
 #include "platform/toolkit/NavigationBar.h"
 #include "platform/toolkit/TableView.h"
-#include "ui/CellIdentifier.h"
+#include "ui/PickerTable.h"
 #include "ui/WiFiHeaderView.h"
 #include "ui/WiFiTableViewCell.h"
 
@@ -15,7 +15,6 @@ namespace wifi_profile {
 namespace {
 
 constexpr double kStatusBarHeight = 20;  // points
-constexpr std::int64_t kSelectedSection = 0;
 
 std::shared_ptr<WiFiHeaderView> makeHeader(std::string_view key, bool showSpinner) {
   return WiFiHeaderView::initWithFrame({}, makeText(localizedString(key)), showSpinner);

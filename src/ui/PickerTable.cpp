@@ -2,19 +2,17 @@
 // ones and a last row for one that is not in the list. It reads `filteredWiFiScanResults`,
 // `scanFinished`, `wifiPoweredOn` and the inputs' selected name.
 
+#include "ui/PickerTable.h"
+
 #include <limits>
 
 #include "controller/WiFiProfileViewController.h"
 #include "platform/StringTable.h"
 #include "platform/toolkit/TableView.h"
-#include "ui/CellIdentifier.h"
 #include "ui/WiFiHeaderView.h"
 
 namespace wifi_profile {
 namespace {
-
-constexpr std::int64_t kSelectedSection = 0;
-constexpr std::int64_t kNetworksSection = 1;
 
 // Heights in points. An empty section's header takes no room, and a table takes 0 for no answer.
 constexpr double kHeaderHeight = 32.66;

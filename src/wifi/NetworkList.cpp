@@ -11,6 +11,7 @@
 #include "controller/WiFiProfileViewController.h"
 #include "platform/WorkQueues.h"
 #include "platform/toolkit/TableView.h"
+#include "ui/PickerTable.h"
 
 namespace wifi_profile {
 
@@ -18,8 +19,6 @@ using toolkit::IndexPath;
 using toolkit::RowAnimation;
 
 namespace {
-
-constexpr std::int64_t kNetworksSection = 1;
 
 TextRef nameOf(const VqWiFiStatusRef& status) { return status ? status->ssidString : nullptr; }
 

@@ -8,6 +8,7 @@
 #include "platform/WorkQueues.h"
 #include "platform/toolkit/Alert.h"
 #include "platform/toolkit/TableView.h"
+#include "ui/PickerTable.h"
 
 namespace wifi_profile {
 
@@ -16,8 +17,7 @@ using toolkit::RowAnimation;
 
 namespace {
 
-constexpr IndexPath kSelectedRow{0, 0};
-constexpr std::int64_t kNetworksSection = 1;
+constexpr IndexPath kSelectedRow{kSelectedSection, 0};
 
 // Nothing where the list does not hold this very result.
 std::optional<std::int64_t> indexIn(const NetworkListRef& list, const ScanResultRef& network) {
