@@ -110,7 +110,7 @@ Obstacle onTable(toolkit::TableView& table, const Step& step) {
 }  // namespace
 
 Obstacle performOnScreen(WiFiProfileViewController& controller, const Step& step) {
-  auto alert = controller.presentedAlert();  // outlives the tap that dismisses it
+  const auto& alert = controller.presentedAlert();
   if (step.action == Action::type || step.action == Action::tapAction) {
     if (!alert) return "found no alert on the screen, expected one";
     return step.action == Action::type ? type(*alert, step.text) : tapAction(*alert, step.text);
