@@ -14,11 +14,8 @@ constexpr float kCompressionResistance = 750;
 
 class Pass {
  public:
-  explicit Pass(View& root) {
-    gather(root, {});
-    // The root stands where it is, and is where its subviews count from.
-    frames_[0].origin = {};
-  }
+  // The root stands where it is, and is where its subviews count from.
+  explicit Pass(View& root) { gather(root, {}); }
 
   void solveIntoFrames() {
     std::vector<BoxConstraint> wishes;
