@@ -69,6 +69,9 @@ struct FieldsOf {
             {"before", code(event.before)},     {"deleted", code(event.deleted)},
             {"inserted", code(event.inserted)}, {"expected", code(event.expected)}};
   }
+  // What these tell of follows from the others: no fields, no event.
+  Fields operator()(const RowsWereRead& /*event*/) const { return {}; }
+  Fields operator()(const RowsChanged& /*event*/) const { return {}; }
 };
 
 ObjectRef describe(const toolkit::AlertAction& action) {
@@ -97,7 +100,8 @@ void TracingScreen::progressWasSet(const toolkit::ProgressView& progressView) {
 }
 
 void TracingScreen::tableDid(const toolkit::TableEvent& event) {
-  trace_.event("ui.table", std::visit(FieldsOf(), event));
+  const auto fields = std::visit(FieldsOf(), event);
+  if (!fields.empty()) trace_.event("ui.table", fields);
   screen_->tableDid(event);
 }
 

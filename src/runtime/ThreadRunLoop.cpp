@@ -1,6 +1,5 @@
 #include "runtime/ThreadRunLoop.h"
 
-#include <asio/io_context.hpp>
 #include <asio/post.hpp>
 #include <asio/steady_timer.hpp>
 #include <asio/thread_pool.hpp>
@@ -10,10 +9,13 @@
 #include <set>
 #include <thread>
 
+#include "runtime/AsioMainQueue.h"
+
 namespace wifi_profile {
 
 struct ThreadRunLoop::State {
-  explicit State(std::size_t workers) : pool(workers) {}
+  State(std::shared_ptr<MainQueue> queue, std::size_t workers)
+      : main(std::move(queue)), pool(workers) {}
 
   void runOnPool(Work work) {
     asio::post(pool, [this, work = std::move(work)]() mutable {
@@ -26,12 +28,11 @@ struct ThreadRunLoop::State {
   // The main thread may be waiting for its next work: the empty work makes it look again.
   void finishedGlobal() {
     --outstanding;
-    asio::post(main, [] {});
+    main->post([] {});
   }
 
   const std::thread::id mainThread = std::this_thread::get_id();
-  asio::io_context main;
-  asio::executor_work_guard<asio::io_context::executor_type> keepMain = asio::make_work_guard(main);
+  const std::shared_ptr<MainQueue> main;
 
   std::atomic<std::size_t> outstanding = 0;  // main work posted, global work posted or running
 
@@ -44,7 +45,10 @@ struct ThreadRunLoop::State {
 };
 
 ThreadRunLoop::ThreadRunLoop(std::size_t workers)
-    : state_(std::make_unique<State>(workers > 0 ? workers : 1)) {}
+    : ThreadRunLoop(std::make_shared<AsioMainQueue>(), workers) {}
+
+ThreadRunLoop::ThreadRunLoop(std::shared_ptr<MainQueue> main, std::size_t workers)
+    : state_(std::make_unique<State>(std::move(main), workers > 0 ? workers : 1)) {}
 
 ThreadRunLoop::~ThreadRunLoop() {
   hurry();
@@ -54,7 +58,7 @@ ThreadRunLoop::~ThreadRunLoop() {
 
 void ThreadRunLoop::postToMain(Work work) {
   ++state_->outstanding;
-  asio::post(state_->main, [state = state_.get(), work = std::move(work)]() mutable {
+  state_->main->post([state = state_.get(), work = std::move(work)]() mutable {
     work();
     work = nullptr;
     --state->outstanding;
@@ -109,7 +113,7 @@ void ThreadRunLoop::cutPauses() {
 }
 
 void ThreadRunLoop::runUntilIdle() {
-  while (state_->outstanding > 0) state_->main.run_one();
+  while (state_->outstanding > 0) state_->main->handleNext();
 }
 
 void ThreadRunLoop::hurry() {

@@ -4,17 +4,20 @@
 #include <cstddef>
 #include <memory>
 
+#include "runtime/MainQueue.h"
 #include "runtime/RunLoop.h"
 
 namespace wifi_profile {
 
 // The main queue on the thread that makes the run loop, the global queue on a pool of `workers`
 // threads (at least one). A delayed post waits on a timer, not on a worker. Work must not throw.
+// What comes in at the main queue besides work is handled whenever that queue is.
 class ThreadRunLoop final : public RunLoop {
  public:
   static constexpr std::size_t kUsualWorkers = 4;
 
   explicit ThreadRunLoop(std::size_t workers = kUsualWorkers);
+  explicit ThreadRunLoop(std::shared_ptr<MainQueue> main, std::size_t workers = kUsualWorkers);
   ~ThreadRunLoop() override;
 
   void postToMain(Work work) override;

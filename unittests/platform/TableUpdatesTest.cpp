@@ -57,6 +57,28 @@ TEST_F(TableUpdates, TakeEffectTogetherAtTheOutermostEnd) {
                                         "insert [1,3]", "end", "end"));
 }
 
+TEST_F(TableUpdates, AreToldAgainWhenTheyHaveTakenEffect) {
+  screen->rows.clear();
+  listIs({"a", "c", "d", "e"});
+  table->beginUpdates();
+  remove({{1, 1}});
+  table->beginUpdates();
+  insert({{1, 3}});
+  table->endUpdates();
+  EXPECT_THAT(screen->rows, IsEmpty());
+  table->endUpdates();
+  EXPECT_THAT(screen->rows, ElementsAre("changed 1: -1 +1"));
+}
+
+TEST_F(TableUpdates, AreToldAsAReadingWhereAllRowsWereReadAnew) {
+  EXPECT_THAT(screen->rows, ElementsAre("read"));  // the first showing
+  table->reloadData();
+  listIs({"b"});
+  table->beginUpdates();
+  table->endUpdates();
+  EXPECT_THAT(screen->rows, ElementsAre("read", "read", "read"));
+}
+
 TEST_F(TableUpdates, DeleteRowsAsTheyWereAndInsertThemAsTheyWillBe) {
   listIs({"a", "new", "b", "d"});
   table->beginUpdates();

@@ -115,6 +115,8 @@ class RecordingScreen final : public NoScreen {
   std::vector<float> progress;
   std::function<void()> whenProgressWasSet = [] {};
   std::vector<std::string> told;
+  // When rows had been read, and which sections had changed: "read", "changed 1: -2 +3".
+  std::vector<std::string> rows;
 
   void needsLayout(const std::shared_ptr<toolkit::ViewController>& controller) override {
     ++layoutsWanted;
@@ -129,7 +131,15 @@ class RecordingScreen final : public NoScreen {
     whenProgressWasSet();
   }
   void tableDid(const toolkit::TableEvent& event) override {
-    std::visit([this](const auto& happened) { told.push_back(inWords(happened)); }, event);
+    std::visit(
+        [this](const auto& happened) {
+          if constexpr (requires { inWords(happened); }) {
+            told.push_back(inWords(happened));
+          } else {
+            note(happened);
+          }
+        },
+        event);
   }
   void buttonWasEnabled(const toolkit::BarButtonItem& button) override {
     told.emplace_back(button.isEnabled() ? "button on" : "button off");
@@ -186,6 +196,15 @@ class RecordingScreen final : public NoScreen {
     return "repaired " + std::to_string(repaired.section) + ": " + std::to_string(repaired.before) +
            " - " + std::to_string(repaired.deleted) + " + " + std::to_string(repaired.inserted) +
            ", expected " + std::to_string(repaired.expected);
+  }
+  void note(toolkit::table_event::RowsWereRead /*read*/) { rows.emplace_back("read"); }
+  void note(const toolkit::table_event::RowsChanged& changed) {
+    std::string words = "changed";
+    for (const auto& [section, changes] : changed.changes) {
+      words += " " + std::to_string(section) + ": -" + std::to_string(changes.deleted.size()) +
+               " +" + std::to_string(changes.inserted.size());
+    }
+    rows.push_back(words);
   }
 };
 

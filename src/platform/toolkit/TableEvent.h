@@ -3,8 +3,11 @@
 
 #include <compare>
 #include <cstdint>
+#include <map>
 #include <variant>
 #include <vector>
+
+#include "platform/toolkit/TableBatch.h"
 
 namespace wifi_profile::toolkit {
 
@@ -54,12 +57,20 @@ struct Repaired {
   std::int64_t expected;  // what the data source says there are now
 };
 
+// All rows have been read: at the table's first showing, at a reload, in a repair. After it.
+struct RowsWereRead {};
+// The outermost batch has taken effect. After it.
+struct RowsChanged {
+  const std::map<std::int64_t, RowChanges>& changes;  // by section
+};
+
 }  // namespace table_event
 
 using TableEvent =
     std::variant<table_event::Reloaded, table_event::BatchBegan, table_event::BatchEnded,
                  table_event::RowsInserted, table_event::RowsDeleted, table_event::Scrolled,
                  table_event::Deselected, table_event::AllowsSelectionWasSet,
-                 table_event::RemovedFromScreen, table_event::Repaired>;
+                 table_event::RemovedFromScreen, table_event::Repaired, table_event::RowsWereRead,
+                 table_event::RowsChanged>;
 
 }  // namespace wifi_profile::toolkit

@@ -48,17 +48,19 @@ void TableView::readAllRows() {
 void TableView::reloadData() {
   checkMainThread("TableView::reloadData");
   tell(table_event::Reloaded{});
-  readAllRows();
-  askForHeaders();
-  readHeights();
+  readEverything();
 }
 
 void TableView::appear() {
   checkMainThread("TableView::appear");
-  if (hasRead_) return;
+  if (!hasRead_) readEverything();
+}
+
+void TableView::readEverything() {
   readAllRows();
   askForHeaders();
   readHeights();
+  tell(table_event::RowsWereRead{});
 }
 
 const std::vector<TableView::Row>& TableView::rowsOfSection(std::int64_t section) const {
@@ -134,6 +136,11 @@ void TableView::applyBatch() {
     if (!headerViewOfSection(section)) askForHeader(section);
   }
   readHeights();
+  if (repairs.empty()) {
+    tell(table_event::RowsChanged{changes});
+  } else {
+    tell(table_event::RowsWereRead{});
+  }
 }
 
 // --- Selection and scrolling

@@ -153,6 +153,7 @@ class TableView final : public View {
   };
 
   Row readRow(TableViewDataSource& source, IndexPath path);
+  void readEverything();
   void readAllRows();
   void readHeights();
   void askForHeaders();

@@ -1,0 +1,30 @@
+// A main queue that waits on file descriptors and signals, too.
+#pragma once
+
+#include <memory>
+
+#include "runtime/MainQueue.h"
+
+namespace asio {
+class io_context;
+}
+
+namespace wifi_profile {
+
+class AsioMainQueue final : public MainQueue {
+ public:
+  AsioMainQueue();
+  ~AsioMainQueue() override;
+
+  void post(Work work) override;
+  void handleNext() override;
+
+  // Whatever waits here is handled on the main thread, in `handleNext`.
+  asio::io_context& context();
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+}  // namespace wifi_profile

@@ -1,0 +1,27 @@
+#include "screens/Content.h"
+
+#include "platform/StringTable.h"
+
+namespace wifi_profile {
+
+Content contentOf(const toolkit::View& view) {
+  Content content{.bar = subviewOf<toolkit::NavigationBar>(view),
+                  .item = nullptr,
+                  .table = subviewOf<toolkit::TableView>(view),
+                  .label = subviewOf<toolkit::Label>(view),
+                  .progress = subviewOf<toolkit::ProgressView>(view)};
+  if (content.bar && !content.bar->items().empty()) content.item = content.bar->items().back();
+  return content;
+}
+
+std::string screenText(std::string_view key, Replacements replacements) {
+  std::string text = localizedString(key);
+  for (const auto& [part, replacement] : replacements) {
+    if (const auto place = text.find(part); place != std::string::npos) {
+      text.replace(place, part.size(), replacement);
+    }
+  }
+  return text;
+}
+
+}  // namespace wifi_profile

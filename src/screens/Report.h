@@ -1,0 +1,41 @@
+// What a run found, ready to be shown to a person: sentences, marked by how urgent they are.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace wifi_profile {
+
+// The more urgent come first.
+enum class ReportMark { problem, look, plain, good, unknown };
+inline constexpr std::size_t kReportMarks = 5;
+
+struct ReportFinding {
+  ReportMark mark = ReportMark::plain;
+  std::string sentence;
+  std::vector<std::string> values;  // what was measured, or why nothing was
+  std::string advice;               // empty: there is nothing to do
+  std::string explanation;          // what the test is about; several lines, or empty
+};
+
+struct ReportSection {
+  std::string title;
+  std::string note;  // why nothing was tested here; empty: it was
+  // By mark; those that could not be found out are last.
+  std::vector<ReportFinding> findings;
+
+  // Findings by mark. Of those that are unknown: without the ones that were answered in part.
+  std::array<std::size_t, kReportMarks> counts{};
+};
+
+// Every text is valid UTF-8 and holds nothing that a terminal would act on.
+struct Report {
+  std::string summary;  // "2 problems, 1 thing worth a look, 31 fine"
+  std::optional<ReportFinding> earlyEnd;
+  std::vector<ReportSection> sections;
+};
+
+}  // namespace wifi_profile
