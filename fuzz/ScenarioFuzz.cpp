@@ -38,7 +38,7 @@ void runIt(const scenario::Scenario& scenario) {
   TraceFile trace(loop, nullptr);
   Journal journal;
   trace.addListener(journal);
-  ProgressLine line(nowhere, false);
+  ProgressLine line(nowhere, ProgressLine::Shows::lines);
   const auto run = std::make_shared<DiagnosticRun>(
       scenario, inputs,
       Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>("en"),

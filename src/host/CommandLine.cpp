@@ -19,7 +19,11 @@ constexpr const char* kRunExamples = R"(Examples:
   wifi-profile run --device scenarios/captive-cafe.json --time virtual --trace trace.ndjson
       a device on paper, without waiting, with everything that happened in a file
   wifi-profile run --device demo --pick
-      the scenario's user picks a network from the list first
+      choose a network from a list first, in the terminal
+  wifi-profile run --device demo --pick --ui window
+      the same in a window
+  wifi-profile run --device demo --pick --ui none
+      the same without a person: the scenario's user chooses
   echo '{"maxScanCacheAge":60,"reprofileWithUI":false}' | wifi-profile run --device demo --parameters -
       the parameters as a host passes them
 
@@ -56,7 +60,7 @@ std::vector<std::string> languageNames() {
 
 // The texts that options are parsed into before they have a meaning.
 struct RunTexts {
-  std::string ui = "none";
+  std::string ui;
   std::string output;
   std::string time = "real";
 };
@@ -82,9 +86,11 @@ CLI::App* addRun(CLI::App& app, RunOptions& run, RunTexts& texts) {
                                         "Oldest scan to accept, in seconds (0 to 600) [60]")
                            ->type_name("SECONDS"));
   parameters->excludes(command->add_flag(
-      "--pick", run.pick, "Choose the network from a list; needs a scenario with a user"));
-  allowOnly(command->add_option("--ui", texts.ui, "Screen to show; this build draws none"),
-            {"none"});
+      "--pick", run.pick,
+      "Choose the network from a list first; with --ui none the scenario's user does"));
+  allowOnly(
+      command->add_option("--ui", texts.ui, "Screen to show [terminal on a terminal, else none]"),
+      {"none", "terminal", "window"});
   allowOnly(command->add_option("--output", texts.output,
                                 "Form of the record [text on a terminal, else json]"),
             {"text", "json"});
@@ -149,8 +155,12 @@ Command parseCommandLine(std::vector<std::string> arguments) {
   if (testsCommand->parsed()) return tests;
   if (explainCommand->parsed()) return explain;
   if (!runCommand->parsed()) return failed(app, "found no command, expected run, tests or explain");
-  if (!texts.output.empty())
+  if (!texts.ui.empty()) {
+    run.ui = texts.ui == "none" ? Ui::none : texts.ui == "window" ? Ui::window : Ui::terminal;
+  }
+  if (!texts.output.empty()) {
     run.output = texts.output == "json" ? OutputForm::json : OutputForm::text;
+  }
   run.virtualTime = texts.time == "virtual";
   return run;
 }

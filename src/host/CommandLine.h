@@ -9,6 +9,8 @@
 namespace wifi_profile {
 
 enum class OutputForm { text, json };
+// Which screen is shown to a person.
+enum class Ui { none, terminal, window };
 
 // Options of `run`; nothing where one was not given.
 struct RunOptions {
@@ -17,6 +19,7 @@ struct RunOptions {
   std::optional<std::string> networkName;
   std::optional<std::string> maxScanCacheAge;
   bool pick = false;
+  std::optional<Ui> ui;
   std::optional<OutputForm> output;
   std::optional<std::string> traceFile;
   bool virtualTime = false;

@@ -25,6 +25,11 @@ DictionaryRef copyOfSections(const DictionaryRef& data) {
   return makeDictionary(std::move(sections));
 }
 
+std::shared_ptr<toolkit::Screen> drawnScreen(const Surroundings& surroundings) {
+  if (surroundings.person) return surroundings.person;
+  return std::make_shared<NoScreen>();
+}
+
 }  // namespace
 
 struct DiagnosticRun::Installations {
@@ -38,7 +43,7 @@ struct DiagnosticRun::Installations {
         log(std::make_shared<LogLines>(surroundings.line, surroundings.trace)),
         texts(surroundings.texts),
         collator(surroundings.collator),
-        screen(std::make_shared<TracingScreen>(std::make_shared<NoScreen>(), surroundings.trace)) {}
+        screen(std::make_shared<TracingScreen>(drawnScreen(surroundings), surroundings.trace)) {}
   ScopedInstall<WorkQueues> queues;
   ScopedInstall<VqClient> service;
   ScopedInstall<WiFiManagerService> radio;
@@ -59,6 +64,7 @@ DiagnosticRun::DiagnosticRun(const scenario::Scenario& scenario,
       inputs_(std::move(inputs)),
       controller_(std::make_shared<WiFiProfileViewController>()),
       script_(scenario.user.value_or(std::vector<scenario::Step>()),
+              surroundings_.person ? ScreenUser::person : ScreenUser::script,
               [this](const scenario::Step& step) { return perform(step); }) {
   device_.service->setWhileServing([this](DiagnosticsTestID test) { whileServing(test); });
 }
@@ -70,9 +76,13 @@ Ending DiagnosticRun::run() {
   controller_->setObserver(shared_from_this());
   loop.postToMain([this] { start(); });
   loop.runUntilIdle();
-  while (!isOver() && script_.hasIdleStep()) {
-    surroundings_.trace.event("screen", screenState(*controller_));
-    loop.postToMain([this] { script_.performNextStep(); });
+  while (!isOver() && (script_.hasIdleStep() || surroundings_.person)) {
+    if (script_.hasIdleStep()) {
+      surroundings_.trace.event("screen", screenState(*controller_));
+      loop.postToMain([this] { script_.performNextStep(); });
+    } else {
+      surroundings_.person->mainQueue()->handleNext();
+    }
     loop.runUntilIdle();
   }
   if (!isOver()) {
@@ -99,6 +109,21 @@ void DiagnosticRun::start() {
   surroundings_.trace.event("host.start", {});
   controller_->start();
   controller_->appear();
+  if (surroundings_.person) surroundings_.person->show(controller_, [this] { endEarly(); });
+}
+
+void DiagnosticRun::showTests(std::string label) {
+  surroundings_.loop.postToMain([self = shared_from_this(), label = std::move(label)]() mutable {
+    if (!label.empty()) self->runningTest_ = std::move(label);
+    self->surroundings_.person->showTests({.done = self->controller_->completedTests(),
+                                           .total = self->controller_->totalTests(),
+                                           .running = self->runningTest_});
+  });
+}
+
+void DiagnosticRun::personDid(scenario::Action action) {
+  script_.personDid(action);
+  surroundings_.loop.postToMain([] {});  // the script may have something to do now
 }
 
 void DiagnosticRun::tearDown() {
@@ -119,6 +144,10 @@ bool DiagnosticRun::isOver() const {
 void DiagnosticRun::interrupt() {
   // A script's wait would keep the main thread from the teardown.
   interrupted_ = true;
+  endEarly();
+}
+
+void DiagnosticRun::endEarly() {
   surroundings_.loop.cutPauses();
   surroundings_.loop.postToMain([self = shared_from_this()] {
     if (!self->isOver()) self->tearDown();
@@ -151,7 +180,11 @@ std::optional<std::string> DiagnosticRun::perform(const scenario::Step& step) {
       device_.radio->switchFromOutside(step.on);
       return std::nullopt;
     case Action::wait:
-      surroundings_.loop.pause(step.time, interrupted_);
+      if (surroundings_.person) {
+        surroundings_.loop.postToGlobalAfter(step.time, [] {});  // the screen goes on meanwhile
+      } else {
+        surroundings_.loop.pause(step.time, interrupted_);
+      }
       return std::nullopt;
     case Action::teardown:
       tearDown();

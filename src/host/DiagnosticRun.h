@@ -16,13 +16,14 @@
 #include "platform/NameCollator.h"
 #include "platform/StringTable.h"
 #include "runtime/RunLoop.h"
+#include "screens/PersonScreen.h"
 
 namespace wifi_profile {
 
 enum class Ending {
   finished,     // the diagnostic said so; there is an outcome
-  tornDown,     // by the script, before it finished
-  interrupted,  // by the person, before it finished
+  tornDown,     // by the script or on the screen, before it finished
+  interrupted,  // by a signal, before it finished
   stuck,        // the script cannot go on
 };
 
@@ -33,6 +34,8 @@ struct Surroundings {
   ProgressLine& line;
   std::shared_ptr<StringTable> texts;
   std::shared_ptr<NameCollator> collator;
+  // null: nothing is drawn, and the script's user does everything. `loop` must wait on its queue.
+  std::shared_ptr<PersonScreen> person = nullptr;
 };
 
 // Installs the back ends for as long as it lives, drives the run, and keeps its outcome as it stood
@@ -51,6 +54,11 @@ class DiagnosticRun final : public HxDiagnosticObserver,
   // left to do then waits for nothing.
   void interrupt();
 
+  // Any thread, while there is a person: `label` of the test that is under way now; empty: the same
+  // as before.
+  void showTests(std::string label);
+  void personDid(scenario::Action action);
+
   // After `run`: the outcome of a finished one, the reason of a stuck one.
   const Outcome& outcome() const { return *outcome_; }
   std::string reason() const;
@@ -64,6 +72,7 @@ class DiagnosticRun final : public HxDiagnosticObserver,
 
   void start();
   void tearDown();
+  void endEarly();
   bool isOver() const;
   void whileServing(DiagnosticsTestID test);
   std::optional<std::string> perform(const scenario::Step& step);
@@ -77,6 +86,7 @@ class DiagnosticRun final : public HxDiagnosticObserver,
 
   std::atomic<bool> interrupted_ = false;
   bool stuck_ = false;        // main thread only
+  std::string runningTest_;   // main thread only
   mutable std::mutex mutex_;  // guards what follows
   std::optional<Outcome> outcome_;
   bool tornDown_ = false;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <sys/ioctl.h>
+#include <utility>
 
 #include "runtime/SafeText.h"
 
@@ -46,6 +47,10 @@ void ProgressLine::showActivity(std::string_view what) {
 
 void ProgressLine::printLine(std::string_view text) {
   const std::lock_guard lock(mutex_);
+  if (shows_ == Shows::linesAtTheEnd) {
+    waiting_ += safeText(text) + "\n";
+    return;
+  }
   const bool drawAgain = isDrawn_;
   erase();
   put(out_, safeText(text) + "\n");
@@ -56,11 +61,12 @@ void ProgressLine::printLine(std::string_view text) {
 void ProgressLine::clear() {
   const std::lock_guard lock(mutex_);
   erase();
+  put(out_, std::exchange(waiting_, {}));
   std::fflush(out_);
 }
 
 void ProgressLine::draw() {
-  if (!drawsBar_) return;
+  if (shows_ != Shows::linesAndBar) return;
   put(out_, std::string(kEraseLine) + barLine(fraction_, activity_, columnsOf(out_)));
   isDrawn_ = true;
   std::fflush(out_);

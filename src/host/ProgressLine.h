@@ -9,11 +9,14 @@
 namespace wifi_profile {
 
 // One line that a bar is drawn on, over and over, with log lines above it. Where standard error is
-// no terminal, log lines only. Nothing that is shown can act on the terminal. Any thread.
+// no terminal, log lines only; where a screen has the terminal, they wait until it is gone. Nothing
+// that is shown can act on the terminal. Any thread.
 class ProgressLine {
  public:
+  enum class Shows { linesAndBar, lines, linesAtTheEnd };
+
   // `out` is not closed.
-  ProgressLine(std::FILE* out, bool drawsBar) : out_(out), drawsBar_(drawsBar) {}
+  ProgressLine(std::FILE* out, Shows shows) : out_(out), shows_(shows) {}
   ~ProgressLine() { clear(); }
   ProgressLine(const ProgressLine&) = delete;
   ProgressLine& operator=(const ProgressLine&) = delete;
@@ -23,6 +26,7 @@ class ProgressLine {
   // What is going on, in ASCII.
   void showActivity(std::string_view what);
   void printLine(std::string_view text);
+  // Takes the bar away, and prints what has waited.
   void clear();
 
  private:
@@ -31,7 +35,8 @@ class ProgressLine {
 
   std::mutex mutex_;
   std::FILE* out_;
-  bool drawsBar_;
+  Shows shows_;
+  std::string waiting_;  // lines
   bool isDrawn_ = false;
   double fraction_ = 0;
   std::string activity_;

@@ -15,6 +15,7 @@
 #include "host/ExitStatus.h"
 #include "host/Files.h"
 #include "host/Inputs.h"
+#include "host/PersonFollower.h"
 #include "runtime/BuiltInStringTable.h"
 #include "runtime/IcuNameCollator.h"
 #include "runtime/Interrupts.h"
@@ -52,6 +53,7 @@ bool environmentHas(const char* name) {
   return value && *value != '\0';
 }
 
+// A terminal that can be drawn on.
 bool isTerminal(int descriptor) {
   const char* const kind = std::getenv("TERM");
   return isatty(descriptor) != 0 && !(kind && std::strcmp(kind, "dumb") == 0);
@@ -64,6 +66,19 @@ std::string_view languageFor(const RunOptions& options) {
     return BuiltInStringTable::languageOfLocale(std::getenv(name)).value_or("en");
   }
   return "en";
+}
+
+Ui uiOf(const RunOptions& options) {
+  if (options.ui) return *options.ui;
+  // In virtual time there is no time for a person.
+  const bool onTerminal = isTerminal(STDIN_FILENO) && isTerminal(STDOUT_FILENO);
+  return onTerminal && !options.virtualTime ? Ui::terminal : Ui::none;
+}
+
+// What standard error shows beside a screen.
+ProgressLine::Shows showsBeside(Ui ui) {
+  if (!isTerminal(STDERR_FILENO)) return ProgressLine::Shows::lines;
+  return ui == Ui::terminal ? ProgressLine::Shows::linesAtTheEnd : ProgressLine::Shows::linesAndBar;
 }
 
 std::variant<scenario::Scenario, Failure> readDevice(const RunOptions& options) {
@@ -141,23 +156,33 @@ int conclude(const DiagnosticRun& run, Ending ending, const RunOptions& options,
 }
 
 int runOn(RunLoop& loop, const RunOptions& options, const scenario::Scenario& scenario,
-          std::shared_ptr<WiFiProfileInputs> inputs, TraceFile::File traceFile) {
+          std::shared_ptr<WiFiProfileInputs> inputs, TraceFile::File traceFile,
+          const std::shared_ptr<PersonScreen>& person) {
   TraceFile trace(loop, std::move(traceFile));
   Journal journal;
-  ProgressLine line(stderr, isTerminal(STDERR_FILENO));
+  ProgressLine line(stderr, showsBeside(uiOf(options)));
   Activity activity(line);
   trace.addListener(journal);
   trace.addListener(activity);
   const auto run = std::make_shared<DiagnosticRun>(
       scenario, std::move(inputs),
       Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>(languageFor(options)),
-                   std::make_shared<IcuNameCollator>(languageFor(options))});
-  const Interrupts interrupts([&run, again = false]() mutable {
-    if (again) std::_Exit(kExitInterrupted);  // asked twice: at once
+                   std::make_shared<IcuNameCollator>(languageFor(options)), person});
+  PersonFollower follower(*run);
+  if (person) trace.addListener(follower);
+  const Interrupts interrupts([&run, &person, again = false]() mutable {
+    if (again) {  // asked twice: at once
+      if (person) person->abandon();
+      std::_Exit(kExitInterrupted);
+    }
     again = true;
     run->interrupt();
+    if (person) person->mainQueue()->post([&person] { person->close(); });
   });
   const Ending ending = run->run();
+  if (person) {
+    person->close();
+  }
   line.clear();
   const int status = conclude(*run, ending, options, journal);
   if (const int error = trace.firstError(); error != 0) {
@@ -178,7 +203,13 @@ bool readsFrom(const RunOptions& options, const std::string& file) {
 
 }  // namespace
 
-int runCommand(const RunOptions& options) {
+int runCommand(const RunOptions& options, const MakeScreen& makeScreen) {
+  const Ui ui = uiOf(options);
+  if (ui != Ui::none && options.virtualTime) {
+    return complain({kExitUsage, unexpected("--time", "virtual",
+                                            "real: a person at a screen needs time (or --ui none)")
+                                     .message});
+  }
   if (options.device == "-" && options.parametersFile == "-") {
     return complain({kExitUsage, unexpected("--device and --parameters", "- for both",
                                             "standard input for one of them")
@@ -192,10 +223,10 @@ int runCommand(const RunOptions& options) {
   if (const auto* failure = std::get_if<Failure>(&scenario)) return complain(*failure);
   const auto& validInputs = std::get<std::shared_ptr<WiFiProfileInputs>>(inputs);
   const bool hasUser = std::get<scenario::Scenario>(scenario).user.has_value();
-  if (validInputs->reprofileWithNetworksListUI() && !hasUser) {
+  if (validInputs->reprofileWithNetworksListUI() && !hasUser && ui == Ui::none) {
     return complain({kExitUsage, unexpected(placeOfPick(options), "a device without a user",
-                                            "a scenario with \"user\" steps: --ui none draws no "
-                                            "list for a person to pick from")
+                                            "a scenario with \"user\" steps, or --ui terminal or "
+                                            "window: --ui none draws no list to pick from")
                                      .message});
   }
   TraceFile::File traceFile;
@@ -209,14 +240,24 @@ int runCommand(const RunOptions& options) {
     if (!traceFile) return complain({kExitOutput, unwritable(*options.traceFile, errno)});
   }
   std::signal(SIGPIPE, SIG_IGN);  // a reader that has gone shows as a failed write
+  std::shared_ptr<PersonScreen> person;
+  if (ui != Ui::none) {
+    auto made = makeScreen();
+    if (const auto* reason = std::get_if<std::string>(&made)) {
+      return complain({kExitUsage, "--ui: " + *reason});
+    }
+    person = std::get<std::shared_ptr<PersonScreen>>(std::move(made));
+  }
   std::unique_ptr<RunLoop> loop;
   if (options.virtualTime) {
     loop = std::make_unique<VirtualTimeRunLoop>();
+  } else if (person) {
+    loop = std::make_unique<ThreadRunLoop>(person->mainQueue());
   } else {
     loop = std::make_unique<ThreadRunLoop>();
   }
   return runOn(*loop, options, std::get<scenario::Scenario>(scenario), validInputs,
-               std::move(traceFile));
+               std::move(traceFile), person);
 }
 
 }  // namespace wifi_profile

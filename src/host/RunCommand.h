@@ -1,12 +1,21 @@
 // `wifi-profile run`.
 #pragma once
 
+#include <functional>
+#include <memory>
+#include <string>
+#include <variant>
+
 #include "host/CommandLine.h"
+#include "screens/PersonScreen.h"
 
 namespace wifi_profile {
 
-// Runs the diagnostic and prints its record on standard output; everything else goes to standard
-// error. Returns the exit status. Main thread.
-int runCommand(const RunOptions& options);
+// Makes the screen that is drawn for a person, or says why there is none: "found ..., expected
+// ...".
+using MakeScreen = std::function<std::variant<std::shared_ptr<PersonScreen>, std::string>()>;
+
+// Runs the diagnostic once and prints its record. Returns the exit status.
+int runCommand(const RunOptions& options, const MakeScreen& makeScreen);
 
 }  // namespace wifi_profile

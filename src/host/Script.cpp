@@ -1,6 +1,37 @@
 #include "host/Script.h"
 
 namespace wifi_profile {
+namespace {
+
+using scenario::Action;
+
+bool isOfTheWorld(Action action) {
+  return action == Action::setPower || action == Action::wait || action == Action::teardown;
+}
+
+// The kinds of what a person does: all taps on rows are one.
+Action kindOf(Action action) {
+  return action == Action::tapNetwork || action == Action::tapOther ? Action::tapRow : action;
+}
+
+}  // namespace
+
+Script::Script(std::vector<scenario::Step> steps, ScreenUser user, Perform perform)
+    : steps_(std::move(steps)), user_(user), perform_(std::move(perform)) {
+  if (user_ == ScreenUser::person) {
+    std::erase_if(steps_, [](const auto& step) { return step.action == Action::scrollAway; });
+  }
+}
+
+bool Script::isScripted(const scenario::Step& step) const {
+  return user_ == ScreenUser::script || isOfTheWorld(step.action);
+}
+
+void Script::personDid(Action action) {
+  const std::lock_guard lock(mutex_);
+  if (ended_ || next_ == steps_.size() || isScripted(steps_[next_])) return;
+  if (kindOf(steps_[next_].action) == kindOf(action)) ++next_;
+}
 
 void Script::end() {
   const std::lock_guard lock(mutex_);
@@ -9,12 +40,13 @@ void Script::end() {
 
 bool Script::hasIdleStep() const {
   const std::lock_guard lock(mutex_);
-  return !ended_ && next_ < steps_.size() && !steps_[next_].duringTest;
+  return !ended_ && next_ < steps_.size() && isScripted(steps_[next_]) && !steps_[next_].duringTest;
 }
 
 bool Script::hasStepDuring(DiagnosticsTestID test) const {
   const std::lock_guard lock(mutex_);
-  return !ended_ && next_ < steps_.size() && steps_[next_].duringTest == test;
+  return !ended_ && next_ < steps_.size() && isScripted(steps_[next_]) &&
+         steps_[next_].duringTest == test;
 }
 
 void Script::performNextStep() {

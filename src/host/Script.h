@@ -12,17 +12,26 @@
 
 namespace wifi_profile {
 
+// Who does what a script says on the screen: the script itself, or a person. A person is waited for
+// at each such step until they have done something of its kind; what scrolls by itself is passed
+// over. What the world does (the radio's switch, time, the host's teardown) the script does in any
+// case.
+enum class ScreenUser { script, person };
+
 // Keeps the place in a script. Steps are performed on the main thread by `perform`, which returns
 // what is in the way of a step that cannot be done. Any thread.
 class Script {
  public:
   using Perform = std::function<std::optional<std::string>(const scenario::Step&)>;
 
-  Script(std::vector<scenario::Step> steps, Perform perform)
-      : steps_(std::move(steps)), perform_(std::move(perform)) {}
+  Script(std::vector<scenario::Step> steps, ScreenUser user, Perform perform);
 
   // The script is over: left-over steps are ignored.
   void end();
+
+  // The person has done something on the screen: a step of its kind is done with. Which row was
+  // tapped does not matter.
+  void personDid(scenario::Action action);
 
   // Whether there is a step to be done at this idle moment.
   bool hasIdleStep() const;
@@ -40,7 +49,10 @@ class Script {
   std::string reasonForBeingStuck() const;
 
  private:
-  const std::vector<scenario::Step> steps_;
+  bool isScripted(const scenario::Step& step) const;
+
+  std::vector<scenario::Step> steps_;  // never changes
+  const ScreenUser user_;
   const Perform perform_;
   mutable std::mutex mutex_;  // guards what follows
   std::size_t next_ = 0;

@@ -20,7 +20,11 @@ int print(const std::string& text) {
   return kExitOutput;
 }
 
-int execute(const RunOptions& options) { return runCommand(options); }
+int execute(const RunOptions& options) {
+  return runCommand(options, []() -> std::variant<std::shared_ptr<PersonScreen>, std::string> {
+    return "found terminal, expected none";
+  });
+}
 
 int execute(const TestsOptions& options) { return print(options.json ? testsJson() : testsText()); }
 

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "devices/scenario/ScenarioReader.h"
+#include "host/PersonFollower.h"
 #include "runtime/IcuNameCollator.h"
 #include "runtime/JsonReader.h"
 #include "runtime/JsonWriter.h"
@@ -60,11 +61,13 @@ ScenarioResult runScenario(const std::string& json, RunLoop& loop, const Wish& w
   ScenarioResult result{};
   {
     TraceFile trace(loop, TraceFile::File(std::fopen(tracePath.c_str(), "wb")));
-    ProgressLine line(lines.get(), false);
+    ProgressLine line(lines.get(), ProgressLine::Shows::lines);
     const auto run = std::make_shared<DiagnosticRun>(
         std::get<scenario::Scenario>(read), inputsFor(wish),
         Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>(wish.language),
-                     std::make_shared<IcuNameCollator>(wish.language)});
+                     std::make_shared<IcuNameCollator>(wish.language), wish.person});
+    PersonFollower follower(*run);
+    if (wish.person) trace.addListener(follower);
     if (before) before(*run);
     result.ending = run->run();
     if (result.ending == Ending::finished) {

@@ -31,6 +31,7 @@ struct Wish {
   std::optional<std::string> networkName;
   bool pick = false;
   std::string_view language = kKeysLanguage;
+  std::shared_ptr<PersonScreen> person;
 };
 
 // A scenario file of the project, such as "scenarios/demo.json".

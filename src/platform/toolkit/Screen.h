@@ -31,23 +31,25 @@ class Screen : public Interface {
   // A layout pass is wanted: the screen calls the controller's `layOut` once, soon, from work of
   // its own on the main queue.
   virtual void needsLayout(const std::shared_ptr<ViewController>& controller) = 0;
-  virtual void constraintWasAdded(const View& holder, const LayoutConstraint& constraint) = 0;
-  virtual void progressWasSet(const ProgressView& progressView) = 0;
+
+  // What happens; a screen that has no use for it leaves it be.
+  virtual void constraintWasAdded(const View& /*holder*/, const LayoutConstraint& /*constraint*/) {}
+  virtual void progressWasSet(const ProgressView& /*progressView*/) {}
   // Told of every operation on a table when it is called; within a batch the rows have not changed
   // by then.
-  virtual void tableDid(const TableEvent& event) = 0;
-  virtual void buttonWasEnabled(const BarButtonItem& button) = 0;
-  virtual void buttonWasRemoved() = 0;
-  virtual void spinnerWasSwitched(const Spinner& spinner) = 0;
-  virtual void refreshWasInstalled() = 0;
+  virtual void tableDid(const TableEvent& /*event*/) {}
+  virtual void buttonWasEnabled(const BarButtonItem& /*button*/) {}
+  virtual void buttonWasRemoved() {}
+  virtual void spinnerWasSwitched(const Spinner& /*spinner*/) {}
+  virtual void refreshWasInstalled() {}
   // A person has pulled; before what the pull is for.
-  virtual void refreshBegan() = 0;
-  virtual void refreshEnded() = 0;
-  virtual void alertWasPresented(const Alert& alert) = 0;
+  virtual void refreshBegan() {}
+  virtual void refreshEnded() {}
+  virtual void alertWasPresented(const Alert& /*alert*/) {}
   // After what the edit gave rise to.
-  virtual void alertTextWasEdited(const Alert& alert) = 0;
+  virtual void alertTextWasEdited(const Alert& /*alert*/) {}
   // Before the alert is dismissed and the action is done.
-  virtual void alertActionWasTapped(const Alert& alert, const AlertAction& action) = 0;
+  virtual void alertActionWasTapped(const Alert& /*alert*/, const AlertAction& /*action*/) {}
 };
 
 }  // namespace wifi_profile::toolkit

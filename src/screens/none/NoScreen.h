@@ -14,20 +14,6 @@ class NoScreen : public toolkit::Screen, public std::enable_shared_from_this<NoS
 
   toolkit::Size size() const override { return size_; }
   void needsLayout(const std::shared_ptr<toolkit::ViewController>& controller) override;
-  void constraintWasAdded(const toolkit::View& /*holder*/,
-                          const toolkit::LayoutConstraint& /*constraint*/) override {}
-  void progressWasSet(const toolkit::ProgressView& /*progressView*/) override {}
-  void tableDid(const toolkit::TableEvent& /*event*/) override {}
-  void buttonWasEnabled(const toolkit::BarButtonItem& /*button*/) override {}
-  void buttonWasRemoved() override {}
-  void spinnerWasSwitched(const toolkit::Spinner& /*spinner*/) override {}
-  void refreshWasInstalled() override {}
-  void refreshBegan() override {}
-  void refreshEnded() override {}
-  void alertWasPresented(const toolkit::Alert& /*alert*/) override {}
-  void alertTextWasEdited(const toolkit::Alert& /*alert*/) override {}
-  void alertActionWasTapped(const toolkit::Alert& /*alert*/,
-                            const toolkit::AlertAction& /*action*/) override {}
 
  private:
   toolkit::Size size_;

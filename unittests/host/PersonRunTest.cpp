@@ -1,0 +1,180 @@
+// Runs with a person at the screen: a person made of code, who acts when a condition holds.
+
+#include <algorithm>
+#include <condition_variable>
+#include <deque>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <mutex>
+
+#include "host/ScenarioRun.h"
+#include "platform/toolkit/Alert.h"
+#include "platform/toolkit/TableView.h"
+#include "runtime/ThreadRunLoop.h"
+#include "screens/Content.h"
+#include "screens/none/NoScreen.h"
+
+namespace wifi_profile::testing {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+// Does one thing when it can be done, and says whether it has.
+using Deed = std::function<bool(toolkit::ViewController&)>;
+
+// A queue that lets a person act whenever there is no work at hand.
+class PersonsQueue final : public MainQueue {
+ public:
+  std::function<bool()> act = [] { return false; };
+
+  void post(Work work) override {
+    {
+      const std::lock_guard lock(mutex_);
+      works_.push_back(std::move(work));
+    }
+    came_.notify_one();
+  }
+  void handleNext() override {
+    std::unique_lock lock(mutex_);
+    while (works_.empty()) {
+      lock.unlock();
+      if (act()) return;
+      lock.lock();
+      came_.wait_for(lock, std::chrono::milliseconds(1), [&] { return !works_.empty(); });
+    }
+    Work work = std::move(works_.front());
+    works_.pop_front();
+    lock.unlock();
+    work();
+  }
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable came_;
+  std::deque<Work> works_;
+};
+
+class FakePerson final : public PersonScreen {
+ public:
+  explicit FakePerson(std::vector<Deed> deeds) : deeds_(std::move(deeds)) {
+    queue_->act = [this] {
+      if (!controller_ || next_ == deeds_.size() || !deeds_[next_](*controller_)) return false;
+      ++next_;
+      return true;
+    };
+  }
+
+  std::vector<TestsDone> tests;
+  std::function<void()> askedToStop;
+
+  std::shared_ptr<MainQueue> mainQueue() const override { return queue_; }
+  void show(std::shared_ptr<toolkit::ViewController> controller,
+            std::function<void()> askedToEnd) override {
+    controller_ = std::move(controller);
+    askedToStop = std::move(askedToEnd);
+  }
+  void showTests(const TestsDone& done) override { tests.push_back(done); }
+  void showReport(Report /*report*/) override {}
+  void close() override {}
+  bool isClosed() const override { return true; }
+  void abandon() override {}
+
+  toolkit::Size size() const override { return none_->size(); }
+  void needsLayout(const std::shared_ptr<toolkit::ViewController>& controller) override {
+    none_->needsLayout(controller);
+  }
+
+ private:
+  std::shared_ptr<PersonsQueue> queue_ = std::make_shared<PersonsQueue>();
+  std::shared_ptr<NoScreen> none_ = std::make_shared<NoScreen>();
+  std::vector<Deed> deeds_;
+  std::size_t next_ = 0;
+  std::shared_ptr<toolkit::ViewController> controller_;
+};
+
+ScenarioResult runWithPerson(const std::string& file, const std::shared_ptr<FakePerson>& person,
+                             bool pick = true) {
+  ThreadRunLoop loop(person->mainQueue());
+  Wish wish;
+  wish.pick = pick;
+  wish.person = person;
+  return runScenario(projectFile(file), loop, wish);
+}
+
+bool isOnScreen(const std::shared_ptr<toolkit::TableView>& table) {
+  return table && table->allowsSelection();
+}
+
+// Once the list is complete.
+Deed tapRow(std::int64_t row) {
+  return [row](toolkit::ViewController& controller) {
+    const auto table = contentOf(*controller.view()).table;
+    if (!isOnScreen(table) || !table->refreshControl() || !table->canTap({1, row})) return false;
+    table->tap({1, row});
+    return true;
+  };
+}
+
+Deed tapNext() {
+  return [](toolkit::ViewController& controller) {
+    const auto item = contentOf(*controller.view()).item;
+    const auto button = item ? item->rightBarButtonItem() : nullptr;
+    if (!button || !button->isEnabled()) return false;
+    button->tap();
+    return true;
+  };
+}
+
+TEST(PersonRun, ReachesItsRecordByWhatThePersonDoes) {
+  const auto person = std::make_shared<FakePerson>(std::vector<Deed>{tapRow(0), tapNext()});
+  const auto result = runWithPerson("scenarios/pick-another.json", person);
+  EXPECT_EQ(result.ending, Ending::finished);
+  EXPECT_THAT(result.trace, HasSubstr(R"("op":"deselect","row":[1,0])"));
+  EXPECT_THAT(result.record, HasSubstr("\"selectedNetwork\""));
+}
+
+TEST(PersonRun, TellsThePersonHowFarTheTestsAre) {
+  const auto person = std::make_shared<FakePerson>(std::vector<Deed>{});
+  EXPECT_EQ(runWithPerson("scenarios/healthy-office.json", person, false).ending, Ending::finished);
+  ASSERT_FALSE(person->tests.empty());
+  const TestsDone& last = person->tests.back();
+  EXPECT_GT(last.total, 0);
+  EXPECT_EQ(last.done, last.total);
+  EXPECT_TRUE(std::ranges::is_sorted(person->tests, {}, &TestsDone::done));
+  EXPECT_FALSE(person->tests.front().running.empty());
+}
+
+TEST(PersonRun, IsTornDownWhenThePersonAsksForIt) {
+  std::shared_ptr<FakePerson> person;
+  person = std::make_shared<FakePerson>(std::vector<Deed>{[&](toolkit::ViewController&) {
+    person->askedToStop();
+    return true;
+  }});
+  const auto result = runWithPerson("scenarios/pick-another.json", person);
+  EXPECT_EQ(result.ending, Ending::tornDown);
+  EXPECT_THAT(result.trace, HasSubstr("host.teardown"));
+}
+
+// The script of that scenario chooses a network and then switches the radio off.
+TEST(PersonRun, LeavesTheWorldToTheScriptAndTheScreenToThePerson) {
+  const auto person = std::make_shared<FakePerson>(std::vector<Deed>{tapRow(0)});
+  const auto result = runWithPerson("scenarios/pick-radio-lost-in-list.json", person);
+  EXPECT_EQ(result.ending, Ending::finished);
+  EXPECT_THAT(result.record, HasSubstr("\"statusCode\":-5"));
+}
+
+TEST(PersonRun, WaitsForThePersonBeforeTheWorldGoesOn) {
+  const auto person = std::make_shared<FakePerson>(
+      std::vector<Deed>{[&, waited = 0](toolkit::ViewController& controller) mutable {
+                          EXPECT_NE(contentOf(*controller.view()).table, nullptr);
+                          return ++waited == 100;  // in idle moments
+                        },
+                        tapRow(0)});
+  const auto result = runWithPerson("scenarios/pick-radio-lost-in-list.json", person);
+  const auto tap = result.trace.find(R"("op":"deselect")");
+  EXPECT_LT(tap, result.trace.find("device.power"));
+}
+
+}  // namespace
+}  // namespace wifi_profile::testing
