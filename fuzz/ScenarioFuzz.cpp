@@ -44,7 +44,7 @@ void runIt(const scenario::Scenario& scenario) {
       Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>("en"),
                    std::make_shared<IcuNameCollator>("en")});
   if (run->run() != Ending::finished) return;
-  requireSafe(reportText(run->outcome(), journal, {}));
+  requireSafe(reportText(reportOf(run->outcome(), journal), {}));
   const std::string record = jsonText(run->outcome().data);
   const auto again = readJson(record);
   require(std::holds_alternative<ObjectRef>(again));

@@ -151,6 +151,23 @@ std::optional<std::string> explainText(std::string_view key) {
   return std::nullopt;
 }
 
+std::string verdictExplanation(const CatalogueTest& test) {
+  const VerdictFinding& verdict = *verdictFinding(test.resultKey);
+  std::string text =
+      fmt::format("{}\nYes: {} ({})\nNo: {} ({})\n", verdict.question, verdict.yes.sentence,
+                  wordFor(verdict.yes.mark), verdict.no.sentence, wordFor(verdict.no.mark));
+  std::string keys(test.resultKey);
+  for (const InformationCopy& copy : test.information()) {
+    const ValueFinding* value = valueFinding(copy.outputKey);
+    if (!value) continue;
+    const std::string unit = value->unit.empty() ? "" : fmt::format(", in {}", value->unit);
+    text += fmt::format("{}{}: {}\n", value->name, unit, value->explanation);
+    keys += fmt::format(", {}", value->key);
+  }
+  return text + fmt::format("Test {}, {}. In the record: {}.", static_cast<std::int32_t>(test.id),
+                            test.label, keys);
+}
+
 std::string allKeysText() {
   std::string text = "Verdicts\n";
   for (const VerdictFinding& finding : verdictFindings()) {

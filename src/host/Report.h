@@ -1,29 +1,20 @@
-// The record as a person reads it.
+// The report as text.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
-#include "host/Journal.h"
-#include "platform/Dictionary.h"
+#include "host/ReportDocument.h"
 
 namespace wifi_profile {
-
-// A finished run.
-struct Outcome {
-  std::int64_t statusCode = 0;
-  DictionaryRef data;           // the three sections, no longer changing
-  TextRef selectedNetworkName;  // nil: none was selected
-};
 
 struct ReportStyle {
   bool color = false;  // with the terminal's colours; signs stand beside every colour
 };
 
-// The report: the sections device, current network, selected network; in each, the findings as
-// sentences with their values, marked good, worth a look or a problem, with advice where there is
-// something to do; what could not be found out, and why. Ends with a newline. Holds nothing from
-// the record that a terminal would act on.
-std::string reportText(const Outcome& outcome, const Journal& journal, ReportStyle style);
+// The report: its summary, then its sections; in each, the findings with their values, marked good,
+// worth a look or a problem, with advice where there is something to do; what could not be found
+// out, and why. Explanations are left out. Ends with a newline. Its lines keep to a bearable width
+// where they can.
+std::string reportText(const Report& report, ReportStyle style);
 
 }  // namespace wifi_profile

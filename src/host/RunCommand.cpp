@@ -114,7 +114,7 @@ std::string recordText(const RunOptions& options, const Outcome& outcome, const 
   const bool onTerminal = isatty(STDOUT_FILENO) != 0;
   const auto form = options.output.value_or(onTerminal ? OutputForm::text : OutputForm::json);
   if (form == OutputForm::text) {
-    return reportText(outcome, journal,
+    return reportText(reportOf(outcome, journal),
                       {.color = isTerminal(STDOUT_FILENO) && !environmentHas("NO_COLOR")});
   }
   return jsonText(makeDictionary(

@@ -18,20 +18,21 @@ struct ReportFinding {
   std::string sentence;
   std::vector<std::string> values;  // what was measured, or why nothing was
   std::string advice;               // empty: there is nothing to do
-  std::string explanation;          // what the test is about; several lines, or empty
+  std::string explanation;          // what the test is about: a paragraph a line; or empty
 };
 
 struct ReportSection {
   std::string title;
   std::string note;  // why nothing was tested here; empty: it was
-  // By mark; those that could not be found out are last.
+  // In the order of the marks: those that could not be found out are last.
   std::vector<ReportFinding> findings;
 
   // Findings by mark. Of those that are unknown: without the ones that were answered in part.
   std::array<std::size_t, kReportMarks> counts{};
 };
 
-// Every text is valid UTF-8 and holds nothing that a terminal would act on.
+// Every text is valid UTF-8 and holds nothing that a terminal would act on, but for the line feeds
+// between an explanation's paragraphs.
 struct Report {
   std::string summary;  // "2 problems, 1 thing worth a look, 31 fine"
   std::optional<ReportFinding> earlyEnd;

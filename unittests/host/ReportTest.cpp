@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/Report.h"
+#include "host/ReportFixture.h"
 #include "platform/Array.h"
 #include "platform/Number.h"
 #include "runtime/SafeText.h"
@@ -15,51 +16,13 @@
 namespace wifi_profile {
 namespace {
 
-ObjectRef yes() { return Number::withBool(true); }
-ObjectRef no() { return Number::withBool(false); }
-ObjectRef integer(std::int64_t value) { return Number::withInteger(value); }
-ObjectRef decimal(double value) { return Number::withDouble(value); }
-ObjectRef text(std::string_view value) { return makeText(value); }
 ObjectRef list(std::vector<ObjectRef> elements) {
   return std::make_shared<const Array>(std::move(elements));
 }
 
-class Report : public testing::Test {
+class Report : public ReportFixture {
  protected:
-  void joinTo(std::string_view name) {
-    journal_.event("service.status",
-                   {{"error", nullptr}, {"ssid", text(name)}, {"bssid", nullptr}});
-  }
-
-  // `selectedName`: the "NetworkName" of the request's configuration, empty for none.
-  void request(DiagnosticsTestID test, std::string_view selectedName = {}) {
-    const DictionaryRef configuration = selectedName.empty()
-                                            ? makeDictionary({})
-                                            : makeDictionary({{"NetworkName", text(selectedName)}});
-    journal_.event("service.request", {{"test", text(nameOf(test))},
-                                       {"id", integer(static_cast<std::int32_t>(test))},
-                                       {"configuration", configuration}});
-  }
-
-  void log(const std::string& line) {
-    journal_.event("log", {{"category", integer(3)},
-                           {"level", text("error")},
-                           {"text", text("[ERROR] - Wi-Fi Profile: " + line)}});
-  }
-
-  std::string report(bool color = false) const {
-    const DictionaryRef data = makeDictionary({{"device", makeDictionary(device_)},
-                                               {"currentNetwork", makeDictionary(current_)},
-                                               {"selectedNetwork", makeDictionary(selected_)}});
-    return reportText({statusCode_, data, selectedName_}, journal_, {color});
-  }
-
-  Journal journal_;
-  Dictionary::Entries device_;
-  Dictionary::Entries current_;
-  Dictionary::Entries selected_;
-  TextRef selectedName_;
-  std::int64_t statusCode_ = 0;
+  std::string report(bool color = false) const { return reportText(document(), {color}); }
 };
 
 bool contains(const std::string& whole, std::string_view part) {
@@ -92,7 +55,7 @@ TEST_F(Report, SaysThatThereAreNoProblems) {
 
 TEST_F(Report, SaysSoWhenNothingWasTested) {
   EXPECT_EQ(headline(report()), "Wi-Fi profile: nothing was tested");
-  EXPECT_EQ(headline(reportText({}, journal_, {})), "Wi-Fi profile: nothing was tested");
+  EXPECT_EQ(headline(reportText(reportOf({}, journal_), {})), "Wi-Fi profile: nothing was tested");
 }
 
 TEST_F(Report, PutsTheMoreUrgentFirst) {

@@ -1,0 +1,58 @@
+// A run's record and journal, filled by hand, to report on.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <string>
+#include <string_view>
+
+#include "host/ReportDocument.h"
+#include "platform/Dictionary.h"
+#include "platform/Number.h"
+
+namespace wifi_profile {
+
+class ReportFixture : public testing::Test {
+ protected:
+  static ObjectRef yes() { return Number::withBool(true); }
+  static ObjectRef no() { return Number::withBool(false); }
+  static ObjectRef integer(std::int64_t value) { return Number::withInteger(value); }
+  static ObjectRef decimal(double value) { return Number::withDouble(value); }
+  static ObjectRef text(std::string_view value) { return makeText(value); }
+
+  void joinTo(std::string_view name) {
+    journal_.event("service.status",
+                   {{"error", nullptr}, {"ssid", text(name)}, {"bssid", nullptr}});
+  }
+
+  // `selectedName`: the "NetworkName" of the request's configuration, empty for none.
+  void request(DiagnosticsTestID test, std::string_view selectedName = {}) {
+    const DictionaryRef configuration = selectedName.empty()
+                                            ? makeDictionary({})
+                                            : makeDictionary({{"NetworkName", text(selectedName)}});
+    journal_.event("service.request", {{"test", text(nameOf(test))},
+                                       {"id", integer(static_cast<std::int32_t>(test))},
+                                       {"configuration", configuration}});
+  }
+
+  void log(const std::string& line) {
+    journal_.event("log", {{"category", integer(3)},
+                           {"level", text("error")},
+                           {"text", text("[ERROR] - Wi-Fi Profile: " + line)}});
+  }
+
+  Report document() const {
+    const DictionaryRef data = makeDictionary({{"device", makeDictionary(device_)},
+                                               {"currentNetwork", makeDictionary(current_)},
+                                               {"selectedNetwork", makeDictionary(selected_)}});
+    return reportOf({statusCode_, data, selectedName_}, journal_);
+  }
+
+  Journal journal_;
+  Dictionary::Entries device_;
+  Dictionary::Entries current_;
+  Dictionary::Entries selected_;
+  TextRef selectedName_;
+  std::int64_t statusCode_ = 0;
+};
+
+}  // namespace wifi_profile
