@@ -16,6 +16,7 @@
 #include "host/Files.h"
 #include "host/Inputs.h"
 #include "host/PersonFollower.h"
+#include "host/ReportDocument.h"
 #include "runtime/BuiltInStringTable.h"
 #include "runtime/IcuNameCollator.h"
 #include "runtime/Interrupts.h"
@@ -155,6 +156,13 @@ int conclude(const DiagnosticRun& run, Ending ending, const RunOptions& options,
   return static_cast<int>(std::abs(run.outcome().statusCode));
 }
 
+// Shows a finished run's report until the person has read it.
+void showReport(PersonScreen& person, const Outcome& outcome, const Journal& journal) {
+  person.showReport(reportOf(outcome, journal));
+  const auto queue = person.mainQueue();
+  while (!person.isClosed()) queue->handleNext();
+}
+
 int runOn(RunLoop& loop, const RunOptions& options, const scenario::Scenario& scenario,
           std::shared_ptr<WiFiProfileInputs> inputs, TraceFile::File traceFile,
           const std::shared_ptr<PersonScreen>& person) {
@@ -181,6 +189,7 @@ int runOn(RunLoop& loop, const RunOptions& options, const scenario::Scenario& sc
   });
   const Ending ending = run->run();
   if (person) {
+    if (ending == Ending::finished) showReport(*person, run->outcome(), journal);
     person->close();
   }
   line.clear();
