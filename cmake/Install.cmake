@@ -23,3 +23,11 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/WiFiProfileConfig.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/WiFiProfile)
 install(FILES ${PROJECT_SOURCE_DIR}/docs/scenario.schema.json DESTINATION ${CMAKE_INSTALL_DATADIR}/wifi-profile)
 install(FILES ${PROJECT_SOURCE_DIR}/docs/wifi-profile.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
+# How desktops and software centres list the window.
+if(WIFI_PROFILE_WINDOW)
+  set(application ${PROJECT_SOURCE_DIR}/data/org.wifi_profile.WifiProfile)
+  install(FILES ${application}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+  install(FILES ${application}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+  install(FILES ${application}.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+endif()
