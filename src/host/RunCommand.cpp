@@ -174,7 +174,7 @@ int runOn(RunLoop& loop, const RunOptions& options, const scenario::Scenario& sc
   trace.addListener(activity);
   const auto run = std::make_shared<DiagnosticRun>(
       scenario, std::move(inputs),
-      Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>(languageFor(options)),
+      Surroundings{loop, trace, line, Installed<StringTable>::get(),
                    std::make_shared<IcuNameCollator>(languageFor(options)), person});
   PersonFollower follower(*run);
   if (person) trace.addListener(follower);
@@ -249,6 +249,8 @@ int runCommand(const RunOptions& options, const MakeScreen& makeScreen) {
     if (!traceFile) return complain({kExitOutput, unwritable(*options.traceFile, errno)});
   }
   std::signal(SIGPIPE, SIG_IGN);  // a reader that has gone shows as a failed write
+  const ScopedInstall<StringTable> texts(
+      std::make_shared<BuiltInStringTable>(languageFor(options)));
   std::shared_ptr<PersonScreen> person;
   if (ui != Ui::none) {
     auto made = makeScreen();

@@ -1,66 +1,9 @@
-#include <cstdio>
-#include <fcntl.h>
-#include <fmt/format.h>
-#include <unistd.h>
-
-#include "host/CommandLine.h"
-#include "host/ExitStatus.h"
-#include "host/ExplainCommand.h"
-#include "host/Files.h"
-#include "host/RunCommand.h"
-#include "host/TestsCommand.h"
-#include "runtime/SafeText.h"
-
-namespace wifi_profile {
-namespace {
-
-int print(const std::string& text) {
-  if (writeAll(stdout, text)) return kExitDone;
-  std::fputs("wifi-profile: standard output cannot be written\n", stderr);
-  return kExitOutput;
-}
-
-int execute(const RunOptions& options) {
-  return runCommand(options, []() -> std::variant<std::shared_ptr<PersonScreen>, std::string> {
-    return "found terminal, expected none";
-  });
-}
-
-int execute(const TestsOptions& options) { return print(options.json ? testsJson() : testsText()); }
-
-int execute(const ExplainOptions& options) {
-  if (!options.key) return print(allKeysText());
-  if (const auto text = explainText(*options.key)) return print(*text);
-  const auto similar = similarKeys(*options.key);
-  const std::string_view hint = similar.empty() ? "; try 'wifi-profile explain'" : " such as ";
-  writeAll(stderr,
-           fmt::format("wifi-profile: explain: found \"{}\", expected a key of the record{}{}\n",
-                       safeText(*options.key), hint, fmt::join(similar, ", ")));
-  return kExitUsage;
-}
-
-int execute(const EarlyExit& exit) {
-  if (exit.status == kExitDone) return print(exit.text);
-  std::fputs(exit.text.c_str(), stderr);
-  return exit.status;
-}
-
-// Makes sure that the three standard descriptors are taken: a file that is opened later must not
-// become standard output by accident. Reading finds nothing there, and writing fails.
-void occupyStandardDescriptors() {
-  int descriptor = 0;
-  do {
-    descriptor = open("/dev/null", O_RDONLY);
-  } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
-  if (descriptor > STDERR_FILENO) close(descriptor);
-}
-
-}  // namespace
-}  // namespace wifi_profile
+#include "host/Program.h"
 
 int main(int argc, char** argv) {
   using namespace wifi_profile;
-  occupyStandardDescriptors();
-  return std::visit([](const auto& command) { return execute(command); },
-                    parseCommandLine({argv + 1, argv + argc}));
+  return runProgram(argc, argv, Ui::terminal,
+                    []() -> std::variant<std::shared_ptr<PersonScreen>, std::string> {
+                      return "found terminal, expected none";
+                    });
 }

@@ -1,0 +1,32 @@
+// Whether the desktop wants dark screens.
+#pragma once
+
+#include <QDBusVariant>
+#include <QObject>
+
+namespace wifi_profile {
+
+// Follows the setting "color-scheme" of the desktop's portal (org.freedesktop.portal.Settings,
+// namespace org.freedesktop.appearance: 0 no preference, 1 dark, 2 light) by its signal. Where
+// there is no portal, or no preference: light. Only what the owner of the portal's name says
+// counts.
+class Appearance final : public QObject {
+  Q_OBJECT
+
+ public:
+  Appearance();
+
+  bool isDark() const { return dark_; }
+
+ Q_SIGNALS:
+  void changed();
+
+ private Q_SLOTS:
+  void settingChanged(const QString& space, const QString& key, const QDBusVariant& value);
+
+ private:
+  void take(const QVariant& value);
+  bool dark_ = false;
+};
+
+}  // namespace wifi_profile

@@ -1,0 +1,183 @@
+// The list of networks.
+import QtQuick
+import QtQuick.Controls.Basic
+
+FocusScope {
+    id: page
+
+    Rectangle { anchors.fill: parent; color: Theme.listBackground }
+
+    ListView {
+        id: list
+        objectName: "networkList"
+        // How far a person has to pull down.
+        readonly property real pullToRefresh: 64
+        readonly property real pulled: Math.max(0, -verticalOvershoot)
+        property bool armed: false
+
+        anchors.fill: parent
+        focus: true
+        activeFocusOnTab: true
+        topMargin: profile.topInset + (profile.refreshing ? refresh.height : 0)
+        bottomMargin: 24
+        model: profile.rows
+        reuseItems: true
+        cacheBuffer: 400
+        boundsBehavior: Flickable.DragOverBounds
+        keyNavigationEnabled: false
+        highlightFollowsCurrentItem: false
+        currentIndex: -1
+        Accessible.role: Accessible.List
+        Accessible.name: profile.title
+
+        onDragStarted: armed = false
+        onPulledChanged: if (dragging) armed = pulled > pullToRefresh && profile.canRefresh
+        onDragEnded: if (armed) { armed = false; profile.refresh() }
+
+        // What a batch inserts, deletes and moves, moves together.
+        add: Transition { NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.animation } }
+        remove: Transition { NumberAnimation { property: "opacity"; to: 0; duration: Theme.animation } }
+        displaced: Transition {
+            NumberAnimation { property: "y"; duration: Theme.animation; easing.type: Easing.OutCubic }
+            NumberAnimation { property: "opacity"; to: 1; duration: Theme.animation }
+        }
+        Behavior on topMargin { NumberAnimation { duration: Theme.animation; easing.type: Easing.OutCubic } }
+        ScrollBar.vertical: ScrollBar { topPadding: profile.topInset }
+
+        delegate: Item {
+            id: entry
+            required property int index
+            required property int kind
+            required property int section
+            required property int row
+            required property real entryHeight
+            required property string text
+            required property bool checked
+            required property bool interactive
+            required property bool first
+            required property bool last
+            required property bool spinning
+            required property rect labelFrame
+            required property rect spinnerFrame
+            width: list.width
+            height: entryHeight
+
+            Loader {
+                anchors.fill: parent
+                active: entry.kind === 0
+                sourceComponent: SectionHeader {
+                    text: entry.text
+                    labelFrame: entry.labelFrame
+                    spinnerFrame: entry.spinnerFrame
+                    spinning: entry.spinning
+                    status: profile.listStatus
+                }
+            }
+            NetworkRow {
+                objectName: entry.kind === 1 ? "row" + entry.section + "." + entry.row : ""
+                visible: entry.kind === 1
+                x: profile.sideInset
+                width: entry.width - 2 * profile.sideInset
+                height: entry.height
+                text: entry.text
+                checkedRow: entry.checked
+                first: entry.first
+                last: entry.last
+                enabled: entry.interactive
+                selectable: profile.selectable
+                highlighted: list.activeFocus && list.currentIndex === entry.index
+                onClicked: {
+                    list.currentIndex = entry.index
+                    profile.tapRow(entry.section, entry.row)
+                }
+            }
+        }
+        footer: Item {
+            width: list.width
+            height: status.visible ? 72 : 0
+            Text {
+                id: status
+                objectName: "listStatus"
+                anchors.centerIn: parent
+                width: parent.width - 2 * profile.sideInset
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+                visible: profile.listStatus !== "" && list.count <= 5
+                text: profile.listStatus
+                textFormat: Text.PlainText
+                font.pixelSize: 15
+                color: Theme.quietText
+                Accessible.role: Accessible.AlertMessage
+                Accessible.name: text
+            }
+        }
+
+        // --- Keyboard: from one row that can be tapped to the next.
+        function isRow(index) {
+            return index >= 0 && index < count && profile.rows.data(profile.rows.index(index, 0), 256) === 1
+                && profile.rows.data(profile.rows.index(index, 0), 262) === true
+        }
+        function move(from, by) {
+            for (let i = from; i >= 0 && i < count; i += by) {
+                if (!isRow(i)) continue
+                currentIndex = i
+                positionViewAtIndex(i, ListView.Contain)
+                return
+            }
+        }
+        function pageRows() { return Math.max(1, Math.floor((height - topMargin) / 44) - 1) }
+        onActiveFocusChanged: if (activeFocus && !isRow(currentIndex)) move(0, 1)
+        Keys.onDownPressed: move(currentIndex + 1, 1)
+        Keys.onUpPressed: move(currentIndex - 1, -1)
+        Keys.onPressed: (event) => {
+            event.accepted = true
+            switch (event.key) {
+            case Qt.Key_PageDown: move(Math.min(count - 1, currentIndex + pageRows()), currentIndex + pageRows() >= count ? -1 : 1); break
+            case Qt.Key_PageUp: move(Math.max(0, currentIndex - pageRows()), currentIndex <= pageRows() ? 1 : -1); break
+            case Qt.Key_Home: move(0, 1); break
+            case Qt.Key_End: move(count - 1, -1); break
+            case Qt.Key_Return: case Qt.Key_Enter: case Qt.Key_Space:
+                if (isRow(currentIndex)) {
+                    const at = profile.rows.index(currentIndex, 0)
+                    profile.tapRow(profile.rows.data(at, 257), profile.rows.data(at, 258))
+                }
+                break
+            default: event.accepted = false
+            }
+        }
+        Connections {
+            target: profile
+            function onScrolledTo(index) { list.positionViewAtIndex(index, ListView.Contain) }
+        }
+    }
+
+    // What the pull shows, above the first group.
+    Item {
+        id: refresh
+        width: parent.width
+        height: 56
+        y: profile.topInset + Math.min(0, list.pulled - height)
+        visible: profile.refreshing || (list.dragging && list.pulled > 8 && (profile.canRefresh || list.armed))
+        Row {
+            anchors.centerIn: parent
+            spacing: 10
+            Wheel {
+                width: 20; height: 20
+                turning: profile.refreshing
+                anchors.verticalCenter: parent.verticalCenter
+            }
+            Text {
+                text: profile.refreshing ? profile.text("SCANNING")
+                                        : profile.text(list.armed ? "RELEASE_TO_REFRESH" : "PULL_TO_REFRESH")
+                textFormat: Text.PlainText
+                font.pixelSize: 15
+                color: Theme.quietText
+                anchors.verticalCenter: parent.verticalCenter
+            }
+        }
+        states: State {
+            when: profile.refreshing
+            PropertyChanges { target: refresh; y: profile.topInset }
+        }
+    }
+}

@@ -1,0 +1,51 @@
+// The header of a group, with its label and spinner where the toolkit put them.
+import QtQuick
+
+Item {
+    id: header
+    property string text
+    property rect labelFrame
+    property rect spinnerFrame
+    property bool spinning
+    property string status: ""
+    readonly property bool mirrored: profile.rightToLeft
+
+    Text {
+        id: label
+        x: header.mirrored ? header.width - header.labelFrame.x - width : header.labelFrame.x
+        y: header.labelFrame.y
+        height: header.labelFrame.height
+        text: header.text
+        textFormat: Text.PlainText
+        font.pixelSize: 13
+        color: Theme.quietText
+        verticalAlignment: Text.AlignVCenter
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+    // The spinner stands beside the label as the toolkit measures it, or a little further where the
+    // font is wider than that.
+    Wheel {
+        id: wheel
+        readonly property real gap: header.spinnerFrame.x - header.labelFrame.x - header.labelFrame.width
+        x: header.mirrored ? label.x - gap - width
+                           : Math.max(header.spinnerFrame.x, label.x + label.width + gap)
+        y: header.spinnerFrame.y
+        width: header.spinnerFrame.width
+        height: header.spinnerFrame.height
+        turning: header.spinning
+    }
+    Text {
+        anchors { verticalCenter: label.verticalCenter }
+        x: header.mirrored ? header.labelFrame.x : header.width - header.labelFrame.x - width
+        width: Math.max(0, header.mirrored ? wheel.x - 8 - x
+                                           : header.width - header.labelFrame.x - wheel.x - wheel.width - 8)
+        visible: header.spinning
+        text: header.status
+        textFormat: Text.PlainText
+        font.pixelSize: 13
+        color: Theme.quietText
+        horizontalAlignment: header.mirrored ? Text.AlignLeft : Text.AlignRight
+        elide: Text.ElideRight
+    }
+}
