@@ -115,9 +115,11 @@ void DiagnosticRun::start() {
 void DiagnosticRun::showTests(std::string label) {
   surroundings_.loop.postToMain([self = shared_from_this(), label = std::move(label)]() mutable {
     if (!label.empty()) self->runningTest_ = std::move(label);
-    self->surroundings_.person->showTests({.done = self->controller_->completedTests(),
-                                           .total = self->controller_->totalTests(),
-                                           .running = self->runningTest_});
+    TestsDone tests{.done = self->controller_->completedTests(),
+                    .total = self->controller_->totalTests(),
+                    .running = {}};
+    if (tests.done < tests.total) tests.running = self->runningTest_;
+    self->surroundings_.person->showTests(tests);
   });
 }
 

@@ -142,7 +142,8 @@ TEST(PersonRun, TellsThePersonHowFarTheTestsAre) {
   EXPECT_GT(last.total, 0);
   EXPECT_EQ(last.done, last.total);
   EXPECT_TRUE(std::ranges::is_sorted(person->tests, {}, &TestsDone::done));
-  EXPECT_FALSE(person->tests.front().running.empty());
+  EXPECT_FALSE(std::ranges::find(person->tests, 1, &TestsDone::done)->running.empty());
+  EXPECT_EQ(last.running, "");
 }
 
 TEST(PersonRun, IsTornDownWhenThePersonAsksForIt) {

@@ -14,6 +14,7 @@ FocusScope {
         readonly property real pullToRefresh: 64
         readonly property real pulled: Math.max(0, -verticalOvershoot)
         property bool armed: false
+        property bool byKey: false  // the person moves by keys: the current row shows
 
         anchors.fill: parent
         focus: true
@@ -85,8 +86,9 @@ FocusScope {
                 last: entry.last
                 enabled: entry.interactive
                 selectable: profile.selectable
-                highlighted: list.activeFocus && list.currentIndex === entry.index
+                highlighted: list.activeFocus && list.byKey && list.currentIndex === entry.index
                 onClicked: {
+                    list.byKey = false
                     list.currentIndex = entry.index
                     profile.tapRow(entry.section, entry.row)
                 }
@@ -121,12 +123,13 @@ FocusScope {
             for (let i = from; i >= 0 && i < count; i += by) {
                 if (!isRow(i)) continue
                 currentIndex = i
+                byKey = true
                 positionViewAtIndex(i, ListView.Contain)
                 return
             }
         }
         function pageRows() { return Math.max(1, Math.floor((height - topMargin) / 44) - 1) }
-        onActiveFocusChanged: if (activeFocus && !isRow(currentIndex)) move(0, 1)
+        onActiveFocusChanged: if (activeFocus && !isRow(currentIndex)) { move(0, 1); byKey = false }
         Keys.onDownPressed: move(currentIndex + 1, 1)
         Keys.onUpPressed: move(currentIndex - 1, -1)
         Keys.onPressed: (event) => {

@@ -13,6 +13,7 @@ FocusScope {
         objectName: "reportList"
         readonly property real side: Math.max(0, (width - 720) / 2)
         property var open: ({})  // by index
+        property bool byKey: false
 
         anchors.fill: parent
         focus: true
@@ -38,12 +39,13 @@ FocusScope {
             for (let i = from; i >= 0 && i < count; i += by) {
                 if (model[i].kind !== "finding") continue
                 currentIndex = i
+                byKey = true
                 positionViewAtIndex(i, ListView.Contain)
                 return
             }
             if (by < 0) positionViewAtBeginning()
         }
-        onActiveFocusChanged: if (activeFocus && currentIndex < 0) move(0, 1)
+        onActiveFocusChanged: if (activeFocus && currentIndex < 0) { move(0, 1); byKey = false }
         Keys.onDownPressed: move(currentIndex + 1, 1)
         Keys.onUpPressed: move(currentIndex - 1, -1)
         Keys.onPressed: (event) => {
@@ -135,8 +137,8 @@ FocusScope {
                 advice: entry.modelData.advice || ""
                 explanation: entry.modelData.explanation || ""
                 open: list.open[entry.index] === true
-                highlighted: list.activeFocus && list.currentIndex === entry.index
-                onClicked: { list.currentIndex = entry.index; list.toggle(entry.index) }
+                highlighted: list.activeFocus && list.byKey && list.currentIndex === entry.index
+                onClicked: { list.byKey = false; list.currentIndex = entry.index; list.toggle(entry.index) }
             }
         }
     }
