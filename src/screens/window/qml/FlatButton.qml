@@ -6,6 +6,7 @@ T.Button {
     id: control
     property bool filled: false
     property color color: Theme.tint
+    property int fontSize: 17
 
     implicitWidth: Math.max(44, label.implicitWidth + 24)
     implicitHeight: 44
@@ -20,7 +21,7 @@ T.Button {
         id: label
         text: control.text
         textFormat: Text.PlainText
-        font.pixelSize: 17
+        font.pixelSize: control.fontSize
         font.weight: control.filled ? Font.DemiBold : Font.Medium
         color: !control.enabled ? Theme.disabledText : control.filled ? Theme.onTint : control.color
         horizontalAlignment: Text.AlignHCenter

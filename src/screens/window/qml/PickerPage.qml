@@ -72,6 +72,9 @@ FocusScope {
                     spinnerFrame: entry.spinnerFrame
                     spinning: entry.spinning
                     status: profile.listStatus
+                    // The groups that a person chooses from.
+                    refreshable: entry.section > 0 && profile.canRefresh
+                    onRefreshClicked: profile.refresh()
                 }
             }
             NetworkRow {

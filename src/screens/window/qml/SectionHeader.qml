@@ -8,6 +8,8 @@ Item {
     property rect spinnerFrame
     property bool spinning
     property string status: ""
+    property bool refreshable: false
+    signal refreshClicked
     readonly property bool mirrored: profile.rightToLeft
 
     Text {
@@ -47,5 +49,15 @@ Item {
         color: Theme.quietText
         horizontalAlignment: header.mirrored ? Text.AlignLeft : Text.AlignRight
         elide: Text.ElideRight
+    }
+    FlatButton {
+        objectName: "refreshButton"
+        visible: header.refreshable
+        x: header.mirrored ? header.labelFrame.x - 12 : header.width - header.labelFrame.x + 12 - width
+        anchors.verticalCenter: label.verticalCenter
+        height: 32
+        fontSize: 13
+        text: profile.text("KEY_REFRESH")
+        onClicked: header.refreshClicked()
     }
 }

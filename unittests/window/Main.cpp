@@ -1,0 +1,11 @@
+#include <QAccessible>
+#include <QGuiApplication>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+  ::testing::InitGoogleTest(&argc, argv);
+  const QGuiApplication application(argc, argv);
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+  QAccessible::setActive(true);
+  return RUN_ALL_TESTS();
+}
