@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kPullDistance = 260;  // points; more than it takes
 constexpr int kSteps = 13;          // of a drag
+constexpr int kBetweenMoves = 10;   // ms: a finger's moves come one a frame, at most
 constexpr int kMostTabs = 40;
 
 QQuickItem* findItem(QQuickItem* item, const std::function<bool(const QQuickItem&)>& wanted) {
@@ -57,7 +58,7 @@ class Mouse final : public Hand {
     QTest::mousePress(&window, Qt::LeftButton, {}, place);
     for (int step = 0; step < kSteps; ++step) {
       place.ry() += kPullDistance / kSteps;
-      QTest::mouseMove(&window, place);
+      QTest::mouseMove(&window, place, kBetweenMoves);
     }
     QTest::mouseRelease(&window, Qt::LeftButton, {}, place);
     return true;
@@ -84,6 +85,7 @@ class Touch final : public Hand {
     for (int step = 0; step < kSteps; ++step) {
       place.ry() += kPullDistance / kSteps;
       QTest::touchEvent(&window, finger()).move(0, place, &window);
+      QTest::qWait(kBetweenMoves);
     }
     QTest::touchEvent(&window, finger()).release(0, place, &window);
     return true;
