@@ -7,7 +7,9 @@
 #include <unistd.h>
 
 #include "devices/scenario/ScenarioReader.h"
+#include "host/Journal.h"
 #include "host/PersonFollower.h"
+#include "host/ReportDocument.h"
 #include "runtime/IcuNameCollator.h"
 #include "runtime/JsonReader.h"
 #include "runtime/JsonWriter.h"
@@ -66,6 +68,8 @@ ScenarioResult runScenario(const std::string& json, RunLoop& loop, const Wish& w
         std::get<scenario::Scenario>(read), inputsFor(wish),
         Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>(wish.language),
                      std::make_shared<IcuNameCollator>(wish.language), wish.person});
+    Journal journal;
+    trace.addListener(journal);
     PersonFollower follower(*run);
     if (wish.person) trace.addListener(follower);
     if (before) before(*run);
@@ -75,6 +79,7 @@ ScenarioResult runScenario(const std::string& json, RunLoop& loop, const Wish& w
                           {{"data", run->outcome().data},
                            {"statusCode", Number::withInteger(run->outcome().statusCode)}})) +
                       "\n";
+      result.report = reportOf(run->outcome(), journal);
     }
     if (result.ending == Ending::stuck) result.reason = run->reason();
     EXPECT_EQ(trace.firstError(), 0);

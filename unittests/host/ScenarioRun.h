@@ -8,6 +8,7 @@
 #include "host/DiagnosticRun.h"
 #include "runtime/BuiltInStringTable.h"
 #include "runtime/RunLoop.h"
+#include "screens/Report.h"
 
 namespace wifi_profile::testing {
 
@@ -18,6 +19,7 @@ struct ScenarioResult {
   std::string trace;   // JSON lines
   std::string lines;   // standard error
   std::string reason;  // of a run that got stuck
+  Report report;       // of a run that finished
 };
 
 // What a run is asked for.
