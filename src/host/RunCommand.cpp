@@ -152,7 +152,13 @@ int runCommand(const RunOptions& options, const MakeScreen& makeScreen) {
   }
   if (failure) {
     const int status = complain(*failure);
-    showReport(*person, {.summary = safeText(failure->message), .earlyEnd = {}, .sections = {}});
+    showReport(*person, {.summary = "could not begin",
+                         .earlyEnd = ReportFinding{.mark = ReportMark::problem,
+                                                   .sentence = safeText(failure->message),
+                                                   .values = {},
+                                                   .advice = {},
+                                                   .explanation = {}},
+                         .sections = {}});
     return status;
   }
   std::unique_ptr<RunLoop> loop;

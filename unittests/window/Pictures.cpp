@@ -92,8 +92,12 @@ class Album {
   void takeProblem() const {
     const auto screen = open();
     screen->model().setReport(
-        {.summary = "found no Wi-Fi device of this machine, expected one; try --device demo",
-         .earlyEnd = {},
+        {.summary = "could not begin",
+         .earlyEnd = ReportFinding{.mark = ReportMark::problem,
+                                   .sentence = "found no Wi-Fi device of this machine",
+                                   .values = {},
+                                   .advice = {},
+                                   .explanation = {}},
          .sections = {}});
     shootNow(*screen, "problem");
   }

@@ -156,6 +156,7 @@ bool WindowModel::scanning() const {
 QString WindowModel::listStatus() const {
   if (!table_) return {};
   if (scanning()) return text(QStringLiteral("SCANNING"));
+  if (!table_->refreshControl()) return {};  // nothing has been looked for yet
   const std::int64_t last = table_->numberOfSections() - 1;
   const bool empty = table_->rowsOfSection(last).size() <= 1;  // the row that asks for another name
   return empty ? text(QStringLiteral("NO_NETWORKS")) : QString();

@@ -140,7 +140,7 @@ class WindowModel final : public QObject {
   std::optional<bool> dark_;
 
   QString title_;
-  QRectF barFrame_;
+  QRectF barFrame_{0, 20, 0, 44};  // until there is a bar
   QString nextTitle_;
   bool nextEnabled_ = false;
   std::shared_ptr<toolkit::TableView> table_;  // on the screen

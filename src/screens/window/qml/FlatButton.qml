@@ -23,7 +23,7 @@ T.Button {
         textFormat: Text.PlainText
         font.pixelSize: control.fontSize
         font.weight: control.filled ? Font.DemiBold : Font.Medium
-        color: !control.enabled ? Theme.disabledText : control.filled ? Theme.onTint : control.color
+        color: !control.enabled ? Theme.disabledText : control.filled ? Theme.tintText : control.color
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight

@@ -65,7 +65,7 @@ T.ItemDelegate {
             elide: Text.ElideRight
             maximumLineCount: 1
             wrapMode: Text.NoWrap
-            horizontalAlignment: profile.rightToLeft ? Text.AlignRight : Text.AlignLeft
+            horizontalAlignment: Text.AlignLeft
         }
     }
 }

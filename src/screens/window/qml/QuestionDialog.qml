@@ -48,6 +48,8 @@ Popup {
     contentItem: FocusScope {
         implicitHeight: column.implicitHeight
         focus: true
+        LayoutMirroring.enabled: profile.rightToLeft
+        LayoutMirroring.childrenInherit: true
         Accessible.role: Accessible.Dialog
         Accessible.name: dialog.message
         Keys.onEscapePressed: dialog.cancelled()
@@ -110,7 +112,7 @@ Popup {
                         objectName: "alertButton" + index
                         width: dialog.sideBySide ? (column.width - 12) / 2 : column.width
                         text: modelData.title
-                        filled: !modelData.cancels
+                        filled: !modelData.cancels && index === dialog.actions.length - 1
                         enabled: dialog.enabledActions[index] === true
                         onClicked: dialog.actionClicked(index)
                         KeyNavigation.left: index > 0 ? buttons.itemAt(index - 1) : null

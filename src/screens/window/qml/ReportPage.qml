@@ -6,6 +6,10 @@ FocusScope {
     id: page
     property int topInset: 64
 
+    // The report speaks English, whatever the screens speak.
+    LayoutMirroring.enabled: false
+    LayoutMirroring.childrenInherit: true
+
     Rectangle { anchors.fill: parent; color: Theme.listBackground }
 
     ListView {

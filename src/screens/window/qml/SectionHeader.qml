@@ -47,7 +47,7 @@ Item {
         textFormat: Text.PlainText
         font.pixelSize: 13
         color: Theme.quietText
-        horizontalAlignment: header.mirrored ? Text.AlignLeft : Text.AlignRight
+        horizontalAlignment: Text.AlignRight
         elide: Text.ElideRight
     }
     FlatButton {

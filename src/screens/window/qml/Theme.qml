@@ -16,9 +16,9 @@ QtObject {
     readonly property color quietText: dark ? "#a8adb5" : "#5b616a"
     readonly property color disabledText: dark ? "#7d828a" : "#73787f"
     readonly property color tint: dark ? "#6cb0ff" : "#0b5cd6"
-    readonly property color onTint: dark ? "#0c1a2b" : "#ffffff"
+    readonly property color tintText: dark ? "#0c1a2b" : "#ffffff"
     readonly property color track: dark ? "#3a3e44" : "#d3d7de"
-    readonly property color scrim: dark ? "#b0000000" : "#80000000"
+    readonly property color scrim: dark ? "#99000000" : "#80000000"
     readonly property color danger: dark ? "#ff8a80" : "#b3261e"
 
     // Problem, worth a look, plain, good, unknown.
