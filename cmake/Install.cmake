@@ -10,7 +10,8 @@ install(TARGETS ${installed_targets} EXPORT WiFiProfileTargets
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 foreach(room platform controller tests wifi ui runtime screens devices)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/${room}
-          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/wifi_profile FILES_MATCHING PATTERN "*.h")
+          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/wifi_profile FILES_MATCHING PATTERN "*.h"
+          PATTERN terminal EXCLUDE PATTERN window EXCLUDE)
 endforeach()
 install(EXPORT WiFiProfileTargets NAMESPACE WiFiProfile::
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/WiFiProfile)
@@ -24,8 +25,9 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/WiFiProfileConfig.cmake
 install(FILES ${PROJECT_SOURCE_DIR}/docs/scenario.schema.json DESTINATION ${CMAKE_INSTALL_DATADIR}/wifi-profile)
 install(FILES ${PROJECT_SOURCE_DIR}/docs/wifi-profile.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
-# How desktops and software centres list the window.
+# The window, and how desktops and software centres list it.
 if(WIFI_PROFILE_WINDOW)
+  install(TARGETS wifi-profile-window DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/wifi-profile)
   set(application ${PROJECT_SOURCE_DIR}/data/org.wifi_profile.WifiProfile)
   install(FILES ${application}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES ${application}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)

@@ -54,9 +54,10 @@ void occupyStandardDescriptors() {
 void becomeWindowProgram(char** argv) {
   std::error_code unknown;
   const std::filesystem::path own = std::filesystem::read_symlink("/proc/self/exe", unknown);
-  for (const char* const place : {".", "../libexec/wifi-profile"}) {
-    const auto program = own.parent_path() / place / "wifi-profile-window";
-    execv(program.c_str(), argv);
+  const auto beside = own.parent_path();
+  const auto installed = beside / ".." / WIFI_PROFILE_LIBEXEC / "wifi-profile";
+  for (const auto& folder : {beside, installed}) {
+    execv((folder / "wifi-profile-window").c_str(), argv);
   }
 }
 

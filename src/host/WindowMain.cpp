@@ -2,36 +2,47 @@
 
 #include <QGuiApplication>
 #include <QIcon>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
 #include "host/ExitStatus.h"
 #include "host/Program.h"
+#include "host/RunPreparation.h"
 #include "screens/window/WindowScreen.h"
 
 namespace {
 
 using namespace wifi_profile;
 
-// Qt ends a program that finds no display by a crash; a person gets a sentence instead.
+// Qt ends a program that cannot reach its display by a crash, after many words; a person gets a
+// sentence.
 void sayAndEnd(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
-  if (type != QtCriticalMsg && type != QtFatalMsg && !qEnvironmentVariableIsSet("QT_LOGGING_RULES"))
-    return;
-  std::fprintf(stderr, "wifi-profile: %s\n", qPrintable(message));
+  if (type != QtCriticalMsg && type != QtFatalMsg) return;
+  std::fprintf(stderr, "wifi-profile: --ui: %s\n", qPrintable(message.section(u'\n', 0, 0)));
   if (type == QtFatalMsg) std::_Exit(kExitUsage);
+}
+
+bool hasDisplay() {
+  const auto places = {"WAYLAND_DISPLAY", "DISPLAY", "QT_QPA_PLATFORM"};
+  return std::any_of(places.begin(), places.end(), environmentHas);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   std::unique_ptr<QGuiApplication> application;
-  return runProgram(
-      argc, argv, Ui::window, [&]() -> std::variant<std::shared_ptr<PersonScreen>, std::string> {
-        qInstallMessageHandler(sayAndEnd);
-        QGuiApplication::setDesktopFileName(QStringLiteral("org.wifi_profile.WifiProfile"));
-        application = std::make_unique<QGuiApplication>(argc, argv);
-        QGuiApplication::setQuitOnLastWindowClosed(false);
-        QGuiApplication::setWindowIcon(QIcon::fromTheme(QGuiApplication::desktopFileName()));
-        return std::make_shared<WindowScreen>();
-      });
+  const auto makeScreen = [&]() -> std::variant<std::shared_ptr<PersonScreen>, std::string> {
+    if (!hasDisplay()) {
+      return "found no display (neither WAYLAND_DISPLAY nor DISPLAY is set), expected one for "
+             "window; try terminal";
+    }
+    qInstallMessageHandler(sayAndEnd);
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.wifi_profile.WifiProfile"));
+    application = std::make_unique<QGuiApplication>(argc, argv);
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(QGuiApplication::desktopFileName()));
+    return std::make_shared<WindowScreen>();
+  };
+  return runProgram(argc, argv, Ui::window, makeScreen);
 }

@@ -88,13 +88,14 @@ void PickerModel::reset(Entries wanted) {
 void PickerModel::reread() { reset(readTable()); }
 
 void PickerModel::headersChanged() {
-  Entries wanted = readTable();
-  if (wanted.size() != entries_.size()) return;  // the table's own news is still to come
-  for (int i = 0; i < static_cast<int>(wanted.size()); ++i) {
-    const auto place = static_cast<std::size_t>(i);
-    if (wanted[place] == entries_[place]) continue;
-    entries_[place] = std::move(wanted[place]);
-    Q_EMIT dataChanged(index(i), index(i));
+  if (!table_) return;
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    if (entries_[i].kind != Kind::header) continue;
+    const auto header = table_->headerViewOfSection(entries_[i].section);
+    if (!header) continue;
+    entries_[i] = headerEntry(entries_[i].section, *header);
+    const QModelIndex changed = index(static_cast<int>(i));
+    Q_EMIT dataChanged(changed, changed);
   }
 }
 
@@ -170,7 +171,9 @@ void PickerModel::become(Entries wanted, const std::vector<int>& places) {
     endInsertRows();
     first = last;
   }
-  headersChanged();  // rows have become the first or the last of their groups
+  // Rows have other numbers now, and some have become the first or the last of their groups.
+  entries_ = std::move(wanted);
+  if (!entries_.empty()) Q_EMIT dataChanged(index(0), index(static_cast<int>(entries_.size()) - 1));
 }
 
 int PickerModel::indexOf(toolkit::IndexPath path) const {

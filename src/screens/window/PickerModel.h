@@ -50,7 +50,6 @@ class PickerModel final : public QAbstractListModel {
     bool spinning = false;
     QRectF labelFrame = {};    // in the header
     QRectF spinnerFrame = {};  // in the header; empty: none
-    bool operator==(const Entry&) const = default;
   };
   using Entries = std::vector<Entry>;
 
