@@ -15,11 +15,14 @@ namespace {
 
 using namespace wifi_profile;
 
-// Qt ends a program that cannot reach its display by a crash, after many words; a person gets a
-// sentence.
+// Qt ends a program that cannot reach its display by a crash, after many words. A person gets the
+// one sentence that says what was in the way: the warning before.
 void sayAndEnd(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
+  static QString warning;
+  if (type == QtWarningMsg) warning = message;
   if (type != QtCriticalMsg && type != QtFatalMsg) return;
-  std::fprintf(stderr, "wifi-profile: --ui: %s\n", qPrintable(message.section(u'\n', 0, 0)));
+  const QString& said = type == QtFatalMsg && !warning.isEmpty() ? warning : message;
+  std::fprintf(stderr, "wifi-profile: --ui: %s\n", qPrintable(said.section(u'\n', 0, 0)));
   if (type == QtFatalMsg) std::_Exit(kExitUsage);
 }
 

@@ -15,6 +15,7 @@ FocusScope {
         readonly property real pulled: Math.max(0, -verticalOvershoot)
         property bool armed: false
         property bool byKey: false  // the person moves by keys: the current row shows
+        readonly property bool showsCurrent: byKey && Window.activeFocusItem === list
 
         anchors.fill: parent
         focus: true
@@ -89,7 +90,7 @@ FocusScope {
                 last: entry.last
                 enabled: entry.interactive
                 selectable: profile.selectable
-                highlighted: list.activeFocus && list.byKey && list.currentIndex === entry.index
+                highlighted: list.showsCurrent && list.currentIndex === entry.index
                 onClicked: {
                     list.byKey = false
                     list.currentIndex = entry.index
