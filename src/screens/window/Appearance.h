@@ -24,7 +24,7 @@ class Appearance final : public QObject {
  private Q_SLOTS:
   void settingChanged(const QString& space, const QString& key, const QDBusVariant& value);
 
- private:
+ private:  // NOLINT: not slots
   void take(const QVariant& value);
   bool dark_ = false;
 };

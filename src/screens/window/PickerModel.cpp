@@ -163,7 +163,7 @@ void PickerModel::become(Entries wanted, const std::vector<int>& places) {
   for (int first = 0; first < static_cast<int>(comes.size()); ++first) {
     if (!comes[static_cast<std::size_t>(first)]) continue;
     int last = first;
-    while (last + 1 < static_cast<int>(comes.size()) && comes[static_cast<std::size_t>(last + 1)]) {
+    while (last + 1 < static_cast<int>(comes.size()) && comes[static_cast<std::size_t>(last) + 1]) {
       ++last;
     }
     beginInsertRows({}, first, last);
