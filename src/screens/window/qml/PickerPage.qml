@@ -123,12 +123,18 @@ FocusScope {
             return index >= 0 && index < count && profile.rows.data(profile.rows.index(index, 0), 256) === 1
                 && profile.rows.data(profile.rows.index(index, 0), 262) === true
         }
+        // Scrolls no further than it takes to show the row below the bar.
+        function reveal(index) {
+            positionViewAtIndex(index, ListView.Contain)
+            const entry = itemAtIndex(index)
+            if (entry && entry.y < contentY + topMargin) contentY = entry.y - topMargin
+        }
         function move(from, by) {
             for (let i = from; i >= 0 && i < count; i += by) {
                 if (!isRow(i)) continue
                 currentIndex = i
                 byKey = true
-                positionViewAtIndex(i, ListView.Contain)
+                reveal(i)
                 return
             }
         }
@@ -154,7 +160,7 @@ FocusScope {
         }
         Connections {
             target: profile
-            function onScrolledTo(index) { list.positionViewAtIndex(index, ListView.Contain) }
+            function onScrolledTo(index) { list.reveal(index) }
         }
     }
 

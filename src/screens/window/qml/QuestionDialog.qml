@@ -20,7 +20,7 @@ Popup {
         ? Qt.inputMethod.keyboardRectangle.y : parent.height
     parent: T.Overlay.overlay
     x: (parent.width - width) / 2
-    y: Math.max(8, (keyboardTop - height) / 2)
+    y: Math.max(8, (keyboardTop - implicitHeight) / 2)
     width: Math.min(parent.width - 32, 340)
     modal: true
     focus: true

@@ -39,12 +39,18 @@ FocusScope {
             all[index] = !all[index]
             open = all
         }
+        // Scrolls no further than it takes to show the finding below the bar.
+        function reveal(index) {
+            positionViewAtIndex(index, ListView.Contain)
+            const entry = itemAtIndex(index)
+            if (entry && entry.y < contentY + topMargin) contentY = entry.y - topMargin
+        }
         function move(from, by) {
             for (let i = from; i >= 0 && i < count; i += by) {
                 if (model[i].kind !== "finding") continue
                 currentIndex = i
                 byKey = true
-                positionViewAtIndex(i, ListView.Contain)
+                reveal(i)
                 return
             }
             if (by < 0) positionViewAtBeginning()
