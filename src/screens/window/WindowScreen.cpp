@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "platform/toolkit/TableEvent.h"
+#include "screens/window/ProgressAccessible.h"
 
 namespace wifi_profile {
 namespace {
@@ -19,6 +20,7 @@ constexpr int kUsualHeight = 760;
 
 WindowScreen::WindowScreen() {
   QQuickStyle::setStyle(QStringLiteral("Basic"));
+  makeProgressAccessible();
   engine_.rootContext()->setContextProperty(QStringLiteral("profile"), model_.get());
   engine_.load(QUrl(QStringLiteral("qrc:/wifi-profile/Main.qml")));
   if (engine_.rootObjects().isEmpty()) qFatal("The window's own files cannot be loaded");

@@ -186,6 +186,8 @@ FocusScope {
                 font.pixelSize: 15
                 color: Theme.quietText
                 anchors.verticalCenter: parent.verticalCenter
+                Accessible.role: Accessible.AlertMessage
+                Accessible.name: text
             }
         }
         states: State {

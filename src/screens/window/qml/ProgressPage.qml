@@ -27,15 +27,16 @@ Item {
     Rectangle {
         id: bar
         objectName: "progressBar"
-        property real value: profile.progress
+        readonly property real value: profile.progress
+        readonly property string name: profile.progressText
+        readonly property string description: profile.testRunning
         x: profile.progressBarFrame.x
         y: profile.progressBarFrame.y
         width: profile.progressBarFrame.width
         height: profile.progressBarFrame.height
         color: Theme.track
         Accessible.role: Accessible.ProgressBar
-        Accessible.name: profile.testsDone
-        Accessible.description: profile.testRunning
+        Accessible.name: name
         Rectangle {
             x: profile.rightToLeft ? parent.width - width : 0
             height: parent.height

@@ -33,6 +33,12 @@ Popup {
         border.width: Theme.dark ? 1 : 0
         border.color: Theme.line
     }
+    // The popup's own item is the dialog for screen readers.
+    Component.onCompleted: {
+        const frame = contentItem.parent
+        frame.Accessible.role = Accessible.Dialog
+        frame.Accessible.name = Qt.binding(() => dialog.message)
+    }
     onOpened: hasField ? field.forceActiveFocus() : buttons.itemAt(buttons.count - 1).forceActiveFocus()
 
     // Two short buttons stand side by side, others one above the other.
@@ -50,8 +56,6 @@ Popup {
         focus: true
         LayoutMirroring.enabled: profile.rightToLeft
         LayoutMirroring.childrenInherit: true
-        Accessible.role: Accessible.Dialog
-        Accessible.name: dialog.message
         Keys.onEscapePressed: dialog.cancelled()
 
         Column {

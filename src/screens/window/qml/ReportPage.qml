@@ -121,6 +121,8 @@ FocusScope {
                             font.pixelSize: 15
                             font.weight: Font.DemiBold
                             color: Theme.markColors[modelData.mark]
+                            Accessible.role: Accessible.StaticText
+                            Accessible.name: text
                         }
                     }
                 }
@@ -132,6 +134,8 @@ FocusScope {
                     font.pixelSize: 15
                     wrapMode: Text.Wrap
                     color: Theme.quietText
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
                 }
             }
             ReportFinding {

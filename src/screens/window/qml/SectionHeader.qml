@@ -49,6 +49,8 @@ Item {
         color: Theme.quietText
         horizontalAlignment: Text.AlignRight
         elide: Text.ElideRight
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
     FlatButton {
         objectName: "refreshButton"
