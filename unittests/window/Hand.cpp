@@ -1,11 +1,12 @@
 #include "window/Hand.h"
 
-#include <QAccessible>
 #include <QCoreApplication>
 #include <QInputMethodEvent>
 #include <QPointingDevice>
 #include <QTest>
 #include <functional>
+
+#include "window/AccessibleTree.h"
 
 namespace wifi_profile::testing {
 namespace {
@@ -146,16 +147,7 @@ class Keys final : public Hand {
 // where things are.
 class Assistive final : public Hand {
  public:
-  bool press(QQuickWindow& /*window*/, QQuickItem& item) override {
-    QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(&item);
-    QAccessibleActionInterface* const actions =
-        accessible ? accessible->actionInterface() : nullptr;
-    if (!actions || !actions->actionNames().contains(QAccessibleActionInterface::pressAction())) {
-      return false;
-    }
-    actions->doAction(QAccessibleActionInterface::pressAction());
-    return true;
-  }
+  bool press(QQuickWindow& /*window*/, QQuickItem& item) override { return pressAccessibly(item); }
   bool type(QQuickWindow& window, QQuickItem& field, const QString& text) override {
     selectAll(field);
     commit(field, text);
