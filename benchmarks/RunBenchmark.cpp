@@ -48,7 +48,7 @@ Outcome runDemo() {
                       {"networkName", makeText("Café Linde")}}));
   VirtualTimeRunLoop loop;
   TraceFile trace(loop, nullptr);
-  ProgressLine line(nowhere, false);
+  ProgressLine line(nowhere, ProgressLine::Shows::lines);
   const auto run = std::make_shared<DiagnosticRun>(
       demo(), inputs,
       Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>("en"),

@@ -1,0 +1,78 @@
+// What one frame of the terminal's list costs, whatever the length of the list.
+
+#include <benchmark/benchmark.h>
+#include <clocale>
+
+#include "platform/WorkQueues.h"
+#include "runtime/BuiltInStringTable.h"
+#include "runtime/VirtualTimeRunLoop.h"
+#include "screens/none/NoScreen.h"
+#include "screens/terminal/Follow.h"
+#include "screens/terminal/Press.h"
+#include "screens/terminal/TerminalFrame.h"
+
+namespace wifi_profile {
+namespace {
+
+// A table of that many networks, and the row for another one.
+class ManyRows final : public toolkit::TableViewDataSource {
+ public:
+  explicit ManyRows(std::int64_t rows) : rows_(rows) {}
+  std::int64_t numberOfSectionsInTableView(const toolkit::TableView& /*table*/) override {
+    return 2;
+  }
+  std::int64_t tableViewNumberOfRowsInSection(const toolkit::TableView& /*table*/,
+                                              std::int64_t section) override {
+    return section == 1 ? rows_ : 0;
+  }
+  std::shared_ptr<toolkit::TableViewCell> tableViewCellForRowAtIndexPath(
+      toolkit::TableView& table, toolkit::IndexPath path) override {
+    auto cell = table.dequeueReusableCell("row", path);
+    cell->textLabel().text = makeText("Café Linde 茶室 " + std::to_string(path.row));
+    return cell;
+  }
+
+ private:
+  std::int64_t rows_;
+};
+
+// A page down, or up again at the end of the list, and the frame after it.
+void terminalPage(benchmark::State& state) {
+  std::setlocale(LC_CTYPE, "C.UTF-8");
+  const ScopedInstall<WorkQueues> queues(std::make_shared<VirtualTimeRunLoop>());
+  const ScopedInstall<StringTable> texts(std::make_shared<BuiltInStringTable>("en"));
+  const ScopedInstall<toolkit::Screen> screen(std::make_shared<NoScreen>());
+  const auto rows = std::make_shared<ManyRows>(state.range(0));
+  const auto table = std::make_shared<toolkit::TableView>();
+  table->registerCell<toolkit::TableViewCell>("row");
+  table->setDataSource(rows);
+  table->reloadData();
+  const Shown shown{.content = {.bar = nullptr,
+                                .item = nullptr,
+                                .table = table,
+                                .label = nullptr,
+                                .progress = nullptr},
+                    .alert = nullptr,
+                    .tests = {},
+                    .report = nullptr};
+  const Look look{.extent = {static_cast<int>(state.range(1)), static_cast<int>(state.range(2))}};
+  TerminalState own = settled(shown, {}, look);
+  Key key{Key::Name::pageDown, ""};
+  for ([[maybe_unused]] auto iteration : state) {
+    const toolkit::IndexPath before = own.list.cursor;
+    own = pressed(shown, settled(shown, std::move(own), look), look, key).state;
+    if (own.list.cursor == before) {
+      key.name = key.name == Key::Name::pageDown ? Key::Name::pageUp : Key::Name::pageDown;
+    }
+    benchmark::DoNotOptimize(frameOf(shown, own, look));
+  }
+}
+BENCHMARK(terminalPage)
+    ->ArgNames({"rows", "columns", "lines"})
+    ->Args({100, 80, 24})
+    ->Args({10000, 80, 24})
+    ->Args({10000, 300, 100})
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace wifi_profile

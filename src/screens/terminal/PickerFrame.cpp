@@ -1,0 +1,126 @@
+#include <algorithm>
+
+#include "screens/terminal/PartFrames.h"
+
+namespace wifi_profile {
+
+using toolkit::IndexPath;
+using toolkit::TableView;
+
+namespace {
+
+constexpr const char* kChosenImage = "blueCheckMark";
+constexpr int kHeaderColumn = 1;
+constexpr int kChosenColumn = 2;
+constexpr int kNameColumn = 4;
+
+// What a header says while a wheel turns in it: both texts, or the more important one.
+Glyphs turningText(const Look& look, const Glyphs& header, unsigned turn, int room) {
+  const Glyphs wheel = mark(look.marks.spinner[turn % look.marks.spinner.size()]);
+  Glyphs text = header;
+  const auto append = [&text](const Glyphs& more) {
+    if (!text.empty()) text.push_back({{U' '}, 1});
+    text.insert(text.end(), more.begin(), more.end());
+  };
+  append(wheel);
+  append(glyphsOf(screenText("SCANNING")));
+  if (widthOf(text) > room) {
+    text = wheel;
+    append(glyphsOf(screenText("SCANNING")));
+  }
+  return text;
+}
+
+class ListPainter {
+ public:
+  ListPainter(Frame& frame, const Look& look, const TableView& table, const TerminalState& state)
+      : frame_(frame),
+        look_(look),
+        table_(table),
+        state_(state),
+        lines_(linesOf(table, isRoomy(look.extent))),
+        height_(bodyLines(look.extent)),
+        first_(firstLineShown(lines_, state.list, height_)) {}
+
+  void paint() const {
+    for (std::size_t section = 0; section < lines_.sections.size(); ++section) {
+      paintSection(static_cast<std::int64_t>(section), lines_.sections[section]);
+    }
+    putMore(frame_, look_, 1, height_, first_ > 0, first_ + height_ < lines_.count);
+  }
+
+ private:
+  bool shows(std::int64_t line) const {
+    return line != kNoLine && line >= first_ && line < first_ + height_;
+  }
+  int screenLine(std::int64_t line) const { return static_cast<int>(line - first_) + 1; }
+  // The last column is for the marks of what is above and below.
+  int room(int column) const { return look_.extent.columns - 1 - column; }
+
+  void paintSection(std::int64_t section, const ListLines::Section& part) const {
+    if (shows(part.header)) paintHeader(section, screenLine(part.header));
+    if (shows(part.note)) {
+      const bool scanning = isTurning(table_);
+      put(screenLine(part.note), kNameColumn,
+          glyphsOf(screenText(scanning ? "SCANNING" : "NO_NETWORKS")), Style::dim);
+    }
+    const std::int64_t begin = std::max(part.firstRow, first_);
+    const std::int64_t end = std::min(part.firstRow + part.rows, first_ + height_);
+    for (std::int64_t line = begin; line < end; ++line) {
+      paintRow({section, line - part.firstRow}, screenLine(line));
+    }
+  }
+
+  void paintHeader(std::int64_t section, int line) const {
+    const auto label = headerLabel(table_, section);
+    const auto spinner = headerSpinner(table_, section);
+    Glyphs text = glyphsOf(label && label->text ? label->text->string() : "");
+    if (spinner && spinner->isAnimating()) {
+      text = turningText(look_, text, state_.turn, room(kHeaderColumn));
+    }
+    put(line, kHeaderColumn, std::move(text), Style::heading);
+  }
+
+  void paintRow(IndexPath path, int line) const {
+    const auto& row = table_.rowsOfSection(path.section)[static_cast<std::size_t>(path.row)];
+    const bool under = path == state_.list.cursor;
+    if (under) frame_.fill({line, 0}, look_.extent.columns - 1, Style::cursor);
+    const auto styled = [under](Style style) { return under ? Style::cursor : style; };
+    if (under) frame_.put({line, 0}, mark(look_.marks.cursor), Style::cursor);
+    if (row.image && row.image->name() == kChosenImage) {
+      frame_.put({line, kChosenColumn}, mark(look_.marks.chosen), styled(Style::chosen));
+    }
+    // No more of a name than any terminal has columns for.
+    constexpr std::size_t kMostBytes = 4096;
+    if (row.title) {
+      put(line, kNameColumn, glyphsOf(shortened(row.title->string(), kMostBytes)),
+          styled(Style::plain));
+    }
+  }
+
+  void put(int line, int column, Glyphs text, Style style) const {
+    frame_.put({line, column}, fitted(std::move(text), room(column), look_.marks.ellipsis), style);
+  }
+
+  Frame& frame_;
+  const Look& look_;
+  const TableView& table_;
+  const TerminalState& state_;
+  const ListLines lines_;
+  const int height_;
+  const std::int64_t first_;
+};
+
+}  // namespace
+
+void putList(Frame& frame, const Look& look, const Content& content, const TerminalState& state) {
+  ListPainter(frame, look, *content.table, state).paint();
+}
+
+void putMore(Frame& frame, const Look& look, int from, int lines, bool above, bool below) {
+  const int column = look.extent.columns - 1;
+  if (above) frame.put({from, column}, mark(look.marks.moreAbove), Style::keyName);
+  if (below) frame.put({from + lines - 1, column}, mark(look.marks.moreBelow), Style::keyName);
+}
+
+}  // namespace wifi_profile

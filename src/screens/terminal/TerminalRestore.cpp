@@ -1,0 +1,84 @@
+#include "screens/terminal/TerminalRestore.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <unistd.h>
+
+namespace wifi_profile {
+namespace {
+
+constexpr std::array kCrashes{SIGSEGV, SIGBUS, SIGABRT, SIGFPE, SIGILL, SIGQUIT};
+
+// What a signal handler may read: written while no terminal is armed.
+struct Armed {
+  std::array<char, 1024> sequence{};
+  std::size_t length = 0;
+  termios modes{};
+};
+Armed armed;
+std::atomic<int> armedTerminal = -1;
+static_assert(std::atomic<int>::is_always_lock_free);
+
+std::array<struct sigaction, kCrashes.size()> before;
+
+// A crash for lack of stack needs another one.
+alignas(16) std::array<char, 65536> spareStack;
+
+bool isFault(int signal) { return signal != SIGABRT && signal != SIGQUIT; }
+
+void crashed(int signal, siginfo_t* info, void* /*context*/) {
+  const int error = errno;
+  restoreTerminalNow();
+  const auto place = std::find(kCrashes.begin(), kCrashes.end(), signal);
+  sigaction(signal, &before[static_cast<std::size_t>(place - kCrashes.begin())], nullptr);
+  errno = error;
+  // A fault happens again at once; what another process sent does not.
+  if (!isFault(signal) || info->si_code <= 0) raise(signal);
+}
+
+}  // namespace
+
+void armRestore(int terminal, const termios& modes, std::string_view sequence) {
+  disarmRestore();
+  armed.length = std::min(sequence.size(), armed.sequence.size() - 1);
+  std::copy_n(sequence.begin(), armed.length, armed.sequence.begin());
+  armed.modes = modes;
+  armedTerminal = terminal;
+}
+
+void disarmRestore() { armedTerminal = -1; }
+
+void restoreTerminalNow() {
+  const int terminal = armedTerminal.exchange(-1);
+  if (terminal < 0 || tcgetpgrp(terminal) != getpgrp()) return;
+  for (std::size_t written = 0; written < armed.length;) {
+    const ssize_t more = write(terminal, armed.sequence.data() + written, armed.length - written);
+    if (more <= 0 && errno != EINTR) break;
+    if (more > 0) written += static_cast<std::size_t>(more);
+  }
+  tcsetattr(terminal, TCSANOW, &armed.modes);
+}
+
+CrashGuard::CrashGuard() {
+  stack_t stack{};
+  if (sigaltstack(nullptr, &stack) == 0 && (stack.ss_flags & SS_DISABLE) != 0) {
+    stack = {.ss_sp = spareStack.data(), .ss_flags = 0, .ss_size = spareStack.size()};
+    sigaltstack(&stack, nullptr);
+  }
+  for (std::size_t i = 0; i < kCrashes.size(); ++i) {
+    struct sigaction action {};
+    action.sa_sigaction = crashed;
+    action.sa_flags = SA_SIGINFO | SA_ONSTACK;
+    sigemptyset(&action.sa_mask);
+    sigaction(kCrashes[i], &action, &before[i]);
+  }
+}
+
+CrashGuard::~CrashGuard() {
+  for (std::size_t i = 0; i < kCrashes.size(); ++i) sigaction(kCrashes[i], &before[i], nullptr);
+}
+
+}  // namespace wifi_profile

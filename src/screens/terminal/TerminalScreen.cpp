@@ -1,0 +1,304 @@
+#include "screens/terminal/TerminalScreen.h"
+
+#include <asio/io_context.hpp>
+#include <asio/posix/stream_descriptor.hpp>
+#include <asio/post.hpp>
+#include <asio/signal_set.hpp>
+#include <asio/steady_timer.hpp>
+#include <chrono>
+#include <csignal>
+#include <utility>
+
+#include "platform/toolkit/ViewController.h"
+#include "runtime/AsioMainQueue.h"
+#include "screens/none/NoScreen.h"
+#include "screens/terminal/Follow.h"
+#include "screens/terminal/Press.h"
+#include "screens/terminal/TerminalFrame.h"
+#include "screens/terminal/TerminalRestore.h"
+#include "screens/terminal/Tty.h"
+
+namespace wifi_profile {
+namespace {
+
+using namespace std::chrono_literals;
+constexpr auto kTurn = 100ms;  // of a spinner
+constexpr auto kLookForForeground = 200ms;
+
+bool isIgnored(int signal) {
+  struct sigaction action {};
+  return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
+// The process stops as if the signal had not been waited for: where nobody could continue it, not
+// at all.
+void stopProcess() {
+  struct sigaction waiting {};
+  struct sigaction usual {};
+  usual.sa_handler = SIG_DFL;
+  sigaction(SIGTSTP, &usual, &waiting);
+  std::raise(SIGTSTP);
+  sigaction(SIGTSTP, &waiting, nullptr);
+}
+
+class TerminalScreen final : public PersonScreen,
+                             public std::enable_shared_from_this<TerminalScreen> {
+ public:
+  TerminalScreen(std::unique_ptr<Tty> tty, std::shared_ptr<AsioMainQueue> queue)
+      : queue_(std::move(queue)), tty_(std::move(tty)), input_(queue_->context()) {
+    input_.assign(tty_->descriptor());
+  }
+  ~TerminalScreen() override { close(); }
+
+  // Once it is shared.
+  void begin() {
+    for (const int signal : {SIGWINCH, SIGTSTP, SIGCONT}) {
+      if (signal == SIGWINCH || !isIgnored(signal)) signals_.add(signal);
+    }
+    waitForSignal();
+    waitForKeys();
+    draw();
+  }
+
+  toolkit::Size size() const override { return layout_->size(); }
+  void needsLayout(const std::shared_ptr<toolkit::ViewController>& controller) override {
+    layout_->needsLayout(controller);
+  }
+  void progressWasSet(const toolkit::ProgressView& /*progressView*/) override { draw(); }
+  void tableDid(const toolkit::TableEvent& event) override;
+  void buttonWasEnabled(const toolkit::BarButtonItem& /*button*/) override { draw(); }
+  void buttonWasRemoved() override { draw(); }
+  void spinnerWasSwitched(const toolkit::Spinner& /*spinner*/) override { draw(); }
+  void refreshWasInstalled() override { draw(); }
+  void refreshBegan() override { draw(); }
+  void refreshEnded() override { draw(); }
+  void alertWasPresented(const toolkit::Alert& alert) override {
+    state_.dialog = openingState(alert);
+    draw();
+  }
+  void alertTextWasEdited(const toolkit::Alert& /*alert*/) override { draw(); }
+  void alertActionWasTapped(const toolkit::Alert& /*alert*/,
+                            const toolkit::AlertAction& /*action*/) override {
+    draw();
+  }
+
+  std::shared_ptr<MainQueue> mainQueue() const override { return queue_; }
+  void show(std::shared_ptr<toolkit::ViewController> controller,
+            std::function<void()> askedToStop) override;
+  void showTests(const TestsDone& tests) override {
+    tests_ = tests;
+    draw();
+  }
+  void showReport(Report report) override;
+  void close() override;
+  bool isClosed() const override { return closed_; }
+  void abandon() override { restoreTerminalNow(); }
+
+ private:
+  Shown shown() const;
+  Look look() const { return {.extent = tty_->extent(), .marks = tty_->marks()}; }
+  void draw();
+  void drawNow();
+  void turnSpinners(const Shown& shown);
+  void waitForKeys();
+  void takeKey();
+  void act(const Shown& shown, const Effect& effect);
+  void askToStop();
+  void waitForSignal();
+  void handleSignal(int signal);
+  void takeTerminalBack();
+
+  // Calls a member later, unless the screen has gone or is closed by then.
+  template <class... Arguments>
+  auto later(void (TerminalScreen::*member)(Arguments...)) {
+    return
+        [weak = weak_from_this(), member](const asio::error_code& error, Arguments... arguments) {
+          const auto self = weak.lock();
+          if (self && !error && self->tty_) ((*self).*member)(arguments...);
+        };
+  }
+
+  const std::shared_ptr<AsioMainQueue> queue_;
+  const std::shared_ptr<NoScreen> layout_ = std::make_shared<NoScreen>();
+  std::unique_ptr<Tty> tty_;  // null: closed
+  asio::posix::stream_descriptor input_;
+  asio::signal_set signals_{queue_->context()};
+  asio::steady_timer turning_{queue_->context()};
+  asio::steady_timer returning_{queue_->context()};
+
+  std::shared_ptr<toolkit::ViewController> controller_;  // null: nothing to show yet
+  std::function<void()> askedToStop_;
+  TestsDone tests_;
+  std::optional<Report> report_;
+  TerminalState state_;
+  bool drawIsPosted_ = false;
+  bool turns_ = false;
+  bool closed_ = false;
+};
+
+// --- What is shown
+
+Shown TerminalScreen::shown() const {
+  Shown shown{.content = {}, .alert = nullptr, .tests = tests_, .report = nullptr};
+  if (controller_) {
+    shown.content = contentOf(*controller_->view());
+    shown.alert = controller_->presentedAlert();
+  }
+  if (report_) shown.report = &*report_;
+  return shown;
+}
+
+void TerminalScreen::show(std::shared_ptr<toolkit::ViewController> controller,
+                          std::function<void()> askedToStop) {
+  controller_ = std::move(controller);
+  askedToStop_ = std::move(askedToStop);
+  if (const auto& alert = controller_->presentedAlert()) state_.dialog = openingState(*alert);
+  draw();
+}
+
+void TerminalScreen::showReport(Report report) {
+  report_ = std::move(report);
+  const TerminalState before = std::exchange(state_, {});
+  state_.turn = before.turn;
+  draw();
+}
+
+void TerminalScreen::tableDid(const toolkit::TableEvent& event) {
+  if (!tty_) return;
+  state_ = following(shown(), std::move(state_), look(), event);
+  draw();
+}
+
+// Once, soon, however often it is asked for.
+void TerminalScreen::draw() {
+  if (std::exchange(drawIsPosted_, true)) return;
+  asio::post(queue_->context(), [weak = weak_from_this()] {
+    if (const auto self = weak.lock()) self->drawNow();
+  });
+}
+
+void TerminalScreen::drawNow() {
+  drawIsPosted_ = false;
+  if (!tty_ || tty_->isReleased()) return;
+  const Shown now = shown();
+  state_ = settled(now, std::move(state_), look());
+  tty_->put(frameOf(now, state_, look()));
+  turnSpinners(now);
+}
+
+void TerminalScreen::turnSpinners(const Shown& shown) {
+  if (turns_ || !hasList(shown.content) || !isTurning(*shown.content.table)) return;
+  turns_ = true;
+  turning_.expires_after(kTurn);
+  turning_.async_wait([weak = weak_from_this()](const asio::error_code& error) {
+    const auto self = weak.lock();
+    if (!self || error) return;
+    self->turns_ = false;
+    ++self->state_.turn;
+    self->draw();
+  });
+}
+
+// --- What a person does
+
+void TerminalScreen::waitForKeys() {
+  input_.async_wait(asio::posix::stream_descriptor::wait_read, later(&TerminalScreen::takeKey));
+}
+
+// One key at a time: what it gives rise to is posted, and comes before the next one.
+void TerminalScreen::takeKey() {
+  if (tty_->isReleased()) return;
+  const auto key = tty_->nextKey();
+  if (!key) {
+    if (tty_->isGone()) {
+      askToStop();
+      closed_ = true;
+    } else {
+      waitForKeys();
+    }
+    return;
+  }
+  asio::post(queue_->context(), [weak = weak_from_this()] {
+    const auto self = weak.lock();
+    if (self && self->tty_) self->takeKey();
+  });
+  const Shown now = shown();
+  Pressed press = pressed(now, settled(now, std::move(state_), look()), look(), *key);
+  state_ = std::move(press.state);
+  act(now, press.effect);
+  draw();
+}
+
+void TerminalScreen::act(const Shown& shown, const Effect& effect) {
+  perform(shown, effect);
+  if (std::holds_alternative<effect::Stop>(effect)) askToStop();
+  if (std::holds_alternative<effect::Close>(effect)) closed_ = true;
+  if (std::holds_alternative<effect::Repaint>(effect)) tty_->repaint();
+}
+
+void TerminalScreen::askToStop() {
+  state_.stopping = true;
+  if (const auto ask = std::exchange(askedToStop_, nullptr)) ask();
+}
+
+// --- What happens to the terminal
+
+void TerminalScreen::waitForSignal() { signals_.async_wait(later(&TerminalScreen::handleSignal)); }
+
+void TerminalScreen::handleSignal(int signal) {
+  waitForSignal();
+  if (signal == SIGTSTP) {
+    input_.cancel();
+    tty_->release();
+    stopProcess();
+    takeTerminalBack();
+  } else if (signal == SIGCONT) {
+    takeTerminalBack();
+  } else {
+    const Extent before = tty_->extent();
+    tty_->resized();
+    if (tty_->extent() == before) return;
+  }
+  state_ = resized(shown(), std::move(state_), look());
+  draw();
+}
+
+// In the background the terminal is somebody else's, even after a SIGCONT.
+void TerminalScreen::takeTerminalBack() {
+  if (tty_->isInForeground()) {
+    const bool wasReleased = tty_->isReleased();
+    tty_->takeBack();
+    if (wasReleased) waitForKeys();
+    draw();
+    return;
+  }
+  if (!tty_->isReleased()) return;
+  returning_.expires_after(kLookForForeground);
+  returning_.async_wait(later(&TerminalScreen::takeTerminalBack));
+}
+
+void TerminalScreen::close() {
+  closed_ = true;
+  askedToStop_ = nullptr;
+  if (!tty_) return;
+  input_.release();
+  signals_.clear();
+  signals_.cancel();
+  turning_.cancel();
+  returning_.cancel();
+  tty_.reset();
+}
+
+}  // namespace
+
+std::variant<std::shared_ptr<PersonScreen>, std::string> makeTerminalScreen(TerminalStyle style) {
+  auto queue = std::make_shared<AsioMainQueue>();
+  auto tty = Tty::open(style.color);
+  if (auto* reason = std::get_if<std::string>(&tty)) return std::move(*reason);
+  auto screen = std::make_shared<TerminalScreen>(std::get<std::unique_ptr<Tty>>(std::move(tty)),
+                                                 std::move(queue));
+  screen->begin();
+  return std::shared_ptr<PersonScreen>(std::move(screen));
+}
+
+}  // namespace wifi_profile

@@ -1,0 +1,44 @@
+// A file of its own because <term.h> makes macros of everyday words.
+
+#include "screens/terminal/Terminfo.h"
+
+#include <cstdint>
+#include <curses.h>
+#include <term.h>
+
+namespace wifi_profile {
+namespace {
+
+// Without its waits; empty: the terminal has no such capability.
+std::string capability(const char* name) {
+  const char* const value = tigetstr(name);
+  if (!value || reinterpret_cast<std::intptr_t>(value) == -1) return {};  // -1: no such name
+  std::string text = value;
+  for (auto wait = text.find("$<"); wait != std::string::npos; wait = text.find("$<")) {
+    text.erase(wait, text.find('>', wait) - wait + 1);
+  }
+  return text;
+}
+
+}  // namespace
+
+bool hasUsableTerminfo(const std::string& kind, int descriptor) {
+  int error = 0;
+  return !kind.empty() && setupterm(kind.c_str(), descriptor, &error) == OK &&
+         !capability("cup").empty();
+}
+
+bool hasSecondScreen() { return !capability("rmcup").empty(); }
+
+std::string restoringSequence(int lineCount) {
+  std::string sequence;
+  for (const char* const name : {"sgr0", "op", "cnorm", "rmkx"}) sequence += capability(name);
+  if (!hasSecondScreen()) {
+    const std::string place = capability("cup");
+    if (const char* const bottom = tparm(place.c_str(), lineCount - 1, 0)) sequence += bottom;
+    sequence += capability("el");
+  }
+  return sequence + capability("rmcup");
+}
+
+}  // namespace wifi_profile
