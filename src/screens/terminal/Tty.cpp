@@ -329,7 +329,9 @@ void Tty::takeBack() {
     reset_prog_mode();
   } else {
     state_->released = false;
+    // The shell's may be others by now.
     tcgetattr(fileno(state_->out), &state_->modes);
+    def_shell_mode();
     reset_prog_mode();
     wrefresh(curscr);
     keypad(state_->keys, TRUE);  // else only with the next look for a key
