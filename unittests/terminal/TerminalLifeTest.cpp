@@ -102,6 +102,11 @@ TEST_F(LifeOfATerminal, IsRestoredWhenTheProgramIsKilledWhileStopped) {
   run.expectTerminalAsBefore();
 }
 
+// A sanitizer's own answer to these signals is another status.
+constexpr const char* kWithoutSanitizers =
+    "ASAN_OPTIONS=handle_segv=0:handle_sigbus=0:handle_sigfpe=0:handle_sigill=0 "
+    "TSAN_OPTIONS=handle_segv=0:handle_sigbus=0:handle_sigfpe=0:handle_sigill=0";
+
 struct Killed {
   int signal;
   int status;
@@ -110,14 +115,14 @@ struct Killed {
 class EndByASignal : public LifeOfATerminal, public ::testing::WithParamInterface<Killed> {};
 
 TEST_P(EndByASignal, RestoresTheTerminal) {
-  startList();
+  startList(kWithoutSanitizers);
   ASSERT_EQ(::kill(process(), GetParam().signal), 0);
   EXPECT_EQ(run.status(), GetParam().status);
   run.expectTerminalAsBefore();
 }
 
 TEST_P(EndByASignal, RestoresATerminalWithoutASecondScreen) {
-  startList("TERM=linux");
+  startList(std::string("TERM=linux ") + kWithoutSanitizers);
   ASSERT_EQ(::kill(process(), GetParam().signal), 0);
   EXPECT_EQ(run.status(), GetParam().status);
   run.expectTerminalAsBefore();
@@ -217,6 +222,15 @@ INSTANTIATE_TEST_SUITE_P(Term, KindOfTerminal,
                            std::erase(name, '-');
                            return name;
                          });
+
+TEST_F(LifeOfATerminal, ShowsPlainSignsWhereTheLocaleIsNotOfUtf8) {
+  startList("LC_ALL=C");
+  const std::string seen = tmux.screen();
+  EXPECT_NE(seen.find("  * Zuhause\n"), std::string::npos) << seen;
+  EXPECT_NE(seen.find(">   azur-gast\n    Café Linde\n"), std::string::npos) << seen;
+  tmux.press({"C-c"});
+  run.status();
+}
 
 TEST_F(LifeOfATerminal, IsNotUsedWhereItsCursorCannotBeMoved) {
   run.start("pick-another", "--pick", "TERM=dumb");
