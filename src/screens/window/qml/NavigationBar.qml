@@ -15,7 +15,10 @@ Rectangle {
 
     Text {
         id: title
-        anchors { left: parent.left; right: parent.right; margins: button.visible ? button.width + 12 : 16 }
+        // In the middle of the bar, or of what the button leaves where that is too narrow.
+        readonly property real side: button.visible ? button.width + 12 : 16
+        anchors { left: parent.left; right: parent.right; rightMargin: side }
+        anchors.leftMargin: implicitWidth <= bar.width - 2 * side ? side : 16
         y: bar.frame.y
         height: bar.frame.height
         textFormat: Text.PlainText

@@ -42,7 +42,7 @@ Item {
         x: header.mirrored ? header.labelFrame.x : header.width - header.labelFrame.x - width
         width: Math.max(0, header.mirrored ? wheel.x - 8 - x
                                            : header.width - header.labelFrame.x - wheel.x - wheel.width - 8)
-        visible: header.spinning
+        visible: header.spinning && implicitWidth <= width  // the wheel says it, too
         text: header.status
         textFormat: Text.PlainText
         font.pixelSize: 13
