@@ -30,7 +30,7 @@ class InATerminal : public ::testing::TestWithParam<Extent> {
 };
 
 TEST_P(InATerminal, ANetworkIsChosenAndChosenAgain) {
-  ScreenBook book("pick-another", GetParam());
+  ScreenBook book(tmux, "pick-another", GetParam());
   run.start("pick-another", "--pick");
   book.add("list", list("Werkstatt"));
   tmux.press({"Down", "Down", "Down", "Enter"});
@@ -50,7 +50,7 @@ TEST_P(InATerminal, ANetworkIsChosenAndChosenAgain) {
 }
 
 TEST_P(InATerminal, ANetworkIsTypedIn) {
-  ScreenBook book("pick-typed", GetParam());
+  ScreenBook book(tmux, "pick-typed", GetParam());
   run.start("pick-typed", "--pick");
   list("Other…");
   tmux.screenWhere([](const std::string& screen) { return !isTurning(screen); });
@@ -75,7 +75,7 @@ TEST_P(InATerminal, ANetworkIsTypedIn) {
 }
 
 TEST_P(InATerminal, TheListIsRefreshed) {
-  ScreenBook book("pick-rescan", GetParam());
+  ScreenBook book(tmux, "pick-rescan", GetParam());
   run.start("pick-rescan", "--pick");
   book.add("list", list("Nordlicht"));
   tmux.press({"n"});
@@ -100,7 +100,7 @@ TEST_P(InATerminal, TheListIsRefreshed) {
 }
 
 TEST_P(InATerminal, ANameThatAsksToBeLeftAloneIsChosen) {
-  ScreenBook book("pick-nomap", GetParam());
+  ScreenBook book(tmux, "pick-nomap", GetParam());
   run.start("pick-nomap", "--pick");
   list("Labor_nomap");
   tmux.press({"/"});
@@ -113,7 +113,7 @@ TEST_P(InATerminal, ANameThatAsksToBeLeftAloneIsChosen) {
 }
 
 TEST_P(InATerminal, TheRadioIsSwitchedOn) {
-  ScreenBook book("pick-radio-off-yes", GetParam());
+  ScreenBook book(tmux, "pick-radio-off-yes", GetParam());
   run.start("pick-radio-off-yes", "--pick");
   book.add("question", tmux.screenWith({"[>Yes<]"}));
   tmux.press({"Enter"});
@@ -128,7 +128,7 @@ TEST_P(InATerminal, TheRadioIsSwitchedOn) {
 }
 
 TEST_P(InATerminal, TheRadioStaysOff) {
-  ScreenBook book("pick-radio-off-no", GetParam());
+  ScreenBook book(tmux, "pick-radio-off-no", GetParam());
   run.start("pick-radio-off-no", "--pick");
   book.add("question", tmux.screenWith({"[>Yes<]"}));
   tmux.press({"Escape"});
@@ -139,7 +139,7 @@ TEST_P(InATerminal, TheRadioStaysOff) {
 }
 
 TEST_P(InATerminal, TheRadioIsLostInTheList) {
-  ScreenBook book("pick-radio-lost-in-list", GetParam());
+  ScreenBook book(tmux, "pick-radio-lost-in-list", GetParam());
   run.start("pick-radio-lost-in-list", "--pick");
   list("Werkstatt");
   tmux.press({"/"});
@@ -150,7 +150,7 @@ TEST_P(InATerminal, TheRadioIsLostInTheList) {
 }
 
 TEST_P(InATerminal, TheRadioIsLostInTheRun) {
-  ScreenBook book("pick-radio-lost-in-run", GetParam());
+  ScreenBook book(tmux, "pick-radio-lost-in-run", GetParam());
   run.start("pick-radio-lost-in-run", "--pick");
   list("Café Linde");
   tmux.press({"/"});
@@ -163,28 +163,28 @@ TEST_P(InATerminal, TheRadioIsLostInTheRun) {
 }
 
 TEST_P(InATerminal, ThereIsNoRadio) {
-  ScreenBook book("pick-no-radio", GetParam());
+  ScreenBook book(tmux, "pick-no-radio", GetParam());
   run.start("pick-no-radio", "--pick");
   closeReport(book, 2);
   run.expectRecord("pick-no-radio");
 }
 
 TEST_P(InATerminal, ThereIsNoManager) {
-  ScreenBook book("pick-no-manager", GetParam());
+  ScreenBook book(tmux, "pick-no-manager", GetParam());
   run.start("pick-no-manager", "--pick");
   closeReport(book, 2);
   run.expectRecord("pick-no-manager");
 }
 
 TEST_P(InATerminal, ThereIsNoDevice) {
-  ScreenBook book("pick-no-device", GetParam());
+  ScreenBook book(tmux, "pick-no-device", GetParam());
   run.start("pick-no-device", "--pick");
   closeReport(book, 3);
   run.expectRecord("pick-no-device");
 }
 
 TEST_P(InATerminal, TheReportIsReadAfterTheTests) {
-  ScreenBook book("demo", GetParam());
+  ScreenBook book(tmux, "demo", GetParam());
   run.start("demo", "");
   tmux.screenWith({"Checking Wi-Fi.", "tests done", "Now testing: "});
   book.add("report", tmux.screenWith({" Report\n"}));

@@ -152,7 +152,7 @@ TEST_F(LifeOfATerminal, IsRestoredAtASecondCtrlCThatEndsAtOnce) {
 }
 
 TEST_F(LifeOfATerminal, AsksBeforeItStops) {
-  ScreenBook book("stop", {80, 24});
+  ScreenBook book(tmux, "stop", {80, 24});
   startList();
   tmux.press({"q"});
   book.add("question", tmux.screenWith({"Stop the diagnostic?", "[>Continue<]"}));
@@ -202,7 +202,7 @@ TEST_F(LifeOfATerminal, HasNoColoursWhereNoneAreWanted) {
 class KindOfTerminal : public LifeOfATerminal, public ::testing::WithParamInterface<const char*> {};
 
 TEST_P(KindOfTerminal, ShowsTheListAndTheReport) {
-  ScreenBook book(std::string("term-") + GetParam(), {80, 24});
+  ScreenBook book(tmux, std::string("term-") + GetParam(), {80, 24});
   startList(std::string("TERM=") + GetParam());
   book.add("list", tmux.screen());
   tmux.press({"Down", "Enter"});

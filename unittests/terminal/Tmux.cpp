@@ -12,6 +12,7 @@
 #include <sstream>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 namespace wifi_profile::testing {
 namespace {
@@ -139,20 +140,37 @@ int Tmux::processInForeground() const {
   return foreground == shell ? -1 : foreground;
 }
 
-ScreenBook::ScreenBook(const std::string& name, Extent extent)
-    : path_(std::string(WIFI_PROFILE_SOURCE_DIR "/unittests/golden/screens/") + name + "-" +
-            std::to_string(extent.columns) + "x" + std::to_string(extent.lines) + ".txt") {}
+ScreenBook::ScreenBook(const Tmux& tmux, const std::string& name, Extent extent)
+    : tmux_(tmux),
+      path_(std::string(WIFI_PROFILE_SOURCE_DIR "/unittests/golden/screens/") + name + "-" +
+            std::to_string(extent.columns) + "x" + std::to_string(extent.lines) + ".txt"),
+      writes_(std::getenv("WIFI_PROFILE_WRITE_GOLDEN") != nullptr),
+      kept_(contentOf(path_)) {}
 
+// A screen comes in pieces: what was waited for may be there before the rest.
 void ScreenBook::add(const std::string& caption, const std::string& screen) {
-  pages_ += "== " + caption + "\n" + screen;
+  std::string seen = screen;
+  const std::string before = pages_ + "== " + caption + "\n";
+  if (writes_) {
+    comesTrue([&] { return std::exchange(seen, tmux_.screen()) == seen; });
+  } else {
+    const auto isAsKept = [&] { return kept_.starts_with(before + seen); };
+    if (!isAsKept()) {
+      comesTrue([&] {
+        seen = tmux_.screen();
+        return isAsKept();
+      });
+    }
+  }
+  pages_ = before + seen;
 }
 
 ScreenBook::~ScreenBook() {
-  if (std::getenv("WIFI_PROFILE_WRITE_GOLDEN")) {
+  if (writes_) {
     std::filesystem::create_directories(std::filesystem::path(path_).parent_path());
     std::ofstream(path_, std::ios::binary) << pages_;
   } else {
-    EXPECT_EQ(contentOf(path_), pages_) << path_;
+    EXPECT_EQ(kept_, pages_) << path_;
   }
 }
 

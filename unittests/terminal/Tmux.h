@@ -57,15 +57,19 @@ bool comesTrue(const std::function<bool()>& condition);
 // Written anew where WIFI_PROFILE_WRITE_GOLDEN is set. Compared at the end.
 class ScreenBook {
  public:
-  ScreenBook(const std::string& name, Extent extent);
+  ScreenBook(const Tmux& tmux, const std::string& name, Extent extent);
   ScreenBook(const ScreenBook&) = delete;
   ScreenBook& operator=(const ScreenBook&) = delete;
   ~ScreenBook();
 
+  // `screen` is as it was seen; it may still be on its way to what is kept, and is waited for.
   void add(const std::string& caption, const std::string& screen);
 
  private:
-  std::string path_;
+  const Tmux& tmux_;
+  const std::string path_;
+  const bool writes_;
+  const std::string kept_;
   std::string pages_;
 };
 
