@@ -15,7 +15,6 @@ FocusScope {
         readonly property real pulled: Math.max(0, -verticalOvershoot)
         property bool armed: false
         property bool byKey: false  // the person moves by keys: the current row shows
-        readonly property bool showsCurrent: byKey && Window.activeFocusItem === list
 
         anchors.fill: parent
         focus: true
@@ -90,7 +89,7 @@ FocusScope {
                 last: entry.last
                 enabled: entry.interactive
                 selectable: profile.selectable
-                highlighted: list.showsCurrent && list.currentIndex === entry.index
+                highlighted: list.byKey && entry.activeFocus && list.currentIndex === entry.index
                 onClicked: {
                     list.byKey = false
                     list.currentIndex = entry.index
@@ -135,11 +134,24 @@ FocusScope {
                 currentIndex = i
                 byKey = true
                 reveal(i)
+                if (activeFocus && currentItem) currentItem.forceActiveFocus()
                 return
             }
         }
         function pageRows() { return Math.max(1, Math.floor((height - topMargin) / 44) - 1) }
-        onActiveFocusChanged: if (activeFocus && !isRow(currentIndex)) { move(0, 1); byKey = false }
+        // The focus shows where it came by a key: not at first, nor when a dialog gives it back.
+        property bool hadFocus: false
+        property bool lentFocus: false
+        onActiveFocusChanged: {
+            if (!activeFocus) {
+                lentFocus = profile.alertMessage !== "" || profile.asksToStop
+                return
+            }
+            const shows = lentFocus ? byKey : hadFocus
+            hadFocus = true
+            if (!isRow(currentIndex)) move(0, 1)
+            byKey = shows
+        }
         Keys.onDownPressed: move(currentIndex + 1, 1)
         Keys.onUpPressed: move(currentIndex - 1, -1)
         Keys.onPressed: (event) => {

@@ -51,6 +51,7 @@ FocusScope {
                 currentIndex = i
                 byKey = true
                 reveal(i)
+                if (activeFocus && currentItem) currentItem.forceActiveFocus()
                 return
             }
             if (by < 0) positionViewAtBeginning()
@@ -151,7 +152,7 @@ FocusScope {
                 advice: entry.modelData.advice || ""
                 explanation: entry.modelData.explanation || ""
                 open: list.open[entry.index] === true
-                highlighted: list.activeFocus && list.byKey && list.currentIndex === entry.index
+                highlighted: list.byKey && entry.activeFocus && list.currentIndex === entry.index
                 onClicked: { list.byKey = false; list.currentIndex = entry.index; list.toggle(entry.index) }
             }
         }
