@@ -24,8 +24,10 @@ std::string capability(const char* name) {
 
 bool hasUsableTerminfo(const std::string& kind, int descriptor) {
   int error = 0;
-  return !kind.empty() && setupterm(kind.c_str(), descriptor, &error) == OK &&
-         !capability("cup").empty();
+  if (kind.empty() || setupterm(kind.c_str(), descriptor, &error) != OK) return false;
+  const bool usable = !capability("cup").empty();
+  del_curterm(cur_term);  // the screen makes one of its own
+  return usable;
 }
 
 bool hasSecondScreen() { return !capability("rmcup").empty(); }

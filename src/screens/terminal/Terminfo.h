@@ -5,9 +5,10 @@
 
 namespace wifi_profile {
 
-// Whether `kind`, a value of TERM, is a terminal whose cursor can be moved. What follows then tells
-// of it.
+// Whether `kind`, a value of TERM, is a terminal whose cursor can be moved.
 bool hasUsableTerminfo(const std::string& kind, int descriptor);
+
+// The following tell of the terminal that has a screen of ncurses now.
 
 // Whether the shell's screen comes back at the end.
 bool hasSecondScreen();
