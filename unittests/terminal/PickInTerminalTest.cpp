@@ -193,7 +193,7 @@ TEST_P(InATerminal, TheReportIsReadAfterTheTests) {
   tmux.press({"Enter"});
   tmux.screenWhere([](const std::string& screen) { return screen.find("→") == std::string::npos; });
   tmux.press({"PageDown"});
-  book.add("a page further", tmux.screenWith({"↑"}));
+  book.add("a page further", tmux.screenWith({"↑\n"}));
   tmux.press({"End"});
   book.add("the end", tmux.screenWith({"› [ Close ]"}));
   tmux.press({"Enter"});
