@@ -10,7 +10,11 @@ namespace {
 void collect(QQuickItem* item, std::vector<QQuickItem*>& found) {
   if (!item->isVisible() || item->opacity() == 0) return;
   found.push_back(item);
-  for (QQuickItem* const child : item->childItems()) collect(child, found);
+  auto children = item->childItems();
+  std::stable_sort(
+      children.begin(), children.end(),
+      [](const QQuickItem* one, const QQuickItem* other) { return one->z() < other->z(); });
+  for (QQuickItem* const child : children) collect(child, found);
 }
 
 }  // namespace
