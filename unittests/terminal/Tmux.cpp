@@ -71,7 +71,15 @@ Tmux::Tmux(Extent extent) : socket_(uniqueName()) {
 
 Tmux::~Tmux() { kill(); }
 
-void Tmux::kill() { tmux({"kill-server"}); }
+// A server leaves its socket behind.
+void Tmux::kill() {
+  std::string socket = tmux({"display-message", "-p", "#{socket_path}"});
+  tmux({"kill-server"});
+  if (socket.empty()) return;  // it had gone before
+  socket.pop_back();           // the end of the line
+  std::error_code ignored;
+  std::filesystem::remove(socket, ignored);
+}
 
 std::string Tmux::tmux(const std::vector<std::string>& arguments) const {
   std::string line = "tmux -u -L " + socket_ + " -f /dev/null";
