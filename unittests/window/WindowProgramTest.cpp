@@ -2,8 +2,15 @@
 
 #include <QFile>
 #include <QProcess>
+#include <QTemporaryDir>
+#include <QTimer>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include "host/ExitStatus.h"
+#include "host/RunCommand.h"
+#include "screens/window/WindowScreen.h"
+#include "window/Hand.h"
 
 namespace wifi_profile::testing {
 namespace {
@@ -60,6 +67,41 @@ TEST(WindowProgram, SaysThatThereIsNoDisplay) {
     EXPECT_THAT(outcome.err, StartsWith("wifi-profile: "));
     EXPECT_THAT(outcome.err, HasSubstr("display"));
   }
+}
+
+TEST(WindowProgram, SaysThatItIsMissing) {
+  const QTemporaryDir folder;
+  const QString alone = folder.filePath(QStringLiteral("wifi-profile"));
+  ASSERT_TRUE(QFile::copy(QString::fromLocal8Bit(WIFI_PROFILE_PROGRAM), alone));
+  const Outcome outcome =
+      run(alone.toLocal8Bit().constData(), {"run", "--device", "demo", "--ui", "window"});
+  EXPECT_EQ(outcome.status, 64);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_THAT(outcome.err, HasSubstr("wifi-profile-window"));
+}
+
+// Somebody who starts the window from a menu sees nothing of standard error.
+TEST(WindowProgram, ShowsWhatKeepsARunFromBeginning) {
+  RunOptions options;
+  options.device = "/no/such/file.json";
+  options.ui = Ui::window;
+  std::string shown;
+  QTimer person;
+  const int status =
+      runCommand(options, [&]() -> std::variant<std::shared_ptr<PersonScreen>, std::string> {
+        auto screen = std::make_shared<WindowScreen>();
+        QObject::connect(&person, &QTimer::timeout, [weak = std::weak_ptr(screen), &shown] {
+          const auto there = weak.lock();
+          QQuickItem* const finding = there ? itemNamed(there->window(), "finding0") : nullptr;
+          if (!finding) return;
+          shown = finding->property("text").toString().toStdString();
+          there->model().askToClose();
+        });
+        person.start(10);
+        return screen;
+      });
+  EXPECT_EQ(status, kExitScenario);
+  EXPECT_THAT(shown, HasSubstr("/no/such/file.json"));
 }
 
 }  // namespace
