@@ -11,7 +11,7 @@ install(TARGETS ${installed_targets} EXPORT WiFiProfileTargets
 foreach(room platform controller tests wifi ui runtime screens devices)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/${room}
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/wifi_profile FILES_MATCHING PATTERN "*.h"
-          PATTERN terminal EXCLUDE PATTERN window EXCLUDE)
+          PATTERN linux EXCLUDE PATTERN terminal EXCLUDE PATTERN window EXCLUDE)
 endforeach()
 install(EXPORT WiFiProfileTargets NAMESPACE WiFiProfile::
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/WiFiProfile)
