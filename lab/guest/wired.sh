@@ -1,0 +1,99 @@
+# Shell helpers: the wired side of the access points, behind the bridge of air.sh.
+#
+#     client --air-- [air: 192.168.50.1] ------------------------ [world]
+#                                        or, with double-nat:
+#     client --air-- [air: 192.168.50.1] -- [street: 10.0.0.1] -- [world]
+#
+# In "world" answer a DNS server (203.0.113.53) and a web server (203.0.113.80, connectivity.test).
+#   wired WORD...
+#     dns=dead         the DNS server that DHCP names is not there
+#     gateway=dead     the router that DHCP names is not there
+#     captive          every web page is answered with a redirection to a login page
+#     double-nat       a second router translates addresses as well
+#     ipv6             the router announces 2001:db8:50::/64
+#   lossy PERCENT      from now on that share of the packets to the client is lost
+
+inWorld() { ip netns exec world "$@"; }
+
+# cable LEFT RIGHT NETWORK  connects two namespaces: NETWORK.1 is the right end's address, NETWORK.2 the
+# left's, whose way to everything else it becomes
+cable() {
+  ip -n "$1" link add "to-$2" type veth peer name "to-$1" netns "$2"
+  ip -n "$1" addr add "$3.2/24" dev "to-$2"
+  ip -n "$2" addr add "$3.1/24" dev "to-$1"
+  ip -n "$1" link set "to-$2" up
+  ip -n "$2" link set "to-$1" up
+  ip -n "$1" route add default via "$3.1"
+}
+
+# translate NAMESPACE INTERFACE  a router's usual work
+translate() {
+  ip netns exec "$1" sh -c 'echo 1 >/proc/sys/net/ipv4/ip_forward'
+  ip netns exec "$1" nft "add table ip nat; add chain ip nat post { type nat hook postrouting priority 100; };
+    add rule ip nat post oifname $2 masquerade" || stop "nft does not translate"
+}
+
+# daemon NAMESPACE ARGUMENT...  a dnsmasq there
+daemon() {
+  daemon_namespace=$1
+  shift
+  ip netns exec "$daemon_namespace" dnsmasq --conf-file=/dev/null --pid-file="/run/dnsmasq-$daemon_namespace" \
+    --user=root --log-facility="/tmp/dnsmasq-$daemon_namespace.log" --no-resolv --no-hosts "$@" ||
+    stop "dnsmasq does not start in $daemon_namespace"
+}
+
+world() {
+  ip netns add world
+  ip -n world link set lo up
+  for world_address in 203.0.113.53 203.0.113.80; do ip -n world addr add "$world_address/32" dev lo; done
+  daemon world --bind-interfaces --listen-address=203.0.113.53 --address=/test/203.0.113.80 --no-dhcp-interface=lo
+  mkdir -p /tmp/www
+  printf online >/tmp/www/check.txt
+  inWorld busybox httpd -p 203.0.113.80:80 -h /tmp/www
+}
+
+# Answers whatever is asked by sending it to the login page.
+portal() {
+  cat >/tmp/portal <<'END'
+#!/bin/sh
+while read -r line && [ "${#line}" -gt 1 ]; do :; done
+printf 'HTTP/1.1 302 Found\r\nLocation: http://login.test/\r\nContent-Length: 0\r\nConnection: close\r\n\r\n'
+END
+  chmod 755 /tmp/portal
+  inAir busybox nc -ll -p 8080 -e /tmp/portal >/tmp/portal.log 2>&1 &
+  inAir nft "add chain ip nat pre { type nat hook prerouting priority -100; };
+    add rule ip nat pre iifname $home tcp dport 80 redirect to :8080" || stop "nft does not redirect"
+}
+
+wired() {
+  known "dns gateway captive double-nat ipv6" "$@"
+  world
+  inAir ip addr add 192.168.50.1/24 dev "$home"
+  if [ -n "$(given double-nat '' "$@")" ]; then
+    ip netns add street
+    cable air street 10.0.0
+    cable street world 198.51.100
+    translate air to-street
+    translate street to-world
+  else
+    cable air world 198.51.100
+    translate air to-world
+  fi
+  wired_dns=192.168.50.1 wired_router=192.168.50.1
+  [ "$(given dns alive "$@")" = alive ] || wired_dns=192.168.50.253
+  [ "$(given gateway alive "$@")" = alive ] || wired_router=192.168.50.254
+  [ -z "$(given captive '' "$@")" ] || portal
+  set -- "$@" --
+  if [ -n "$(given ipv6 '' "$@")" ]; then
+    inAir ip -6 addr add 2001:db8:50::1/64 dev "$home"
+    set -- "$@" --enable-ra --dhcp-range=2001:db8:50::,ra-stateless
+  fi
+  while [ "$1" != -- ]; do shift; done
+  shift
+  daemon air --interface="$home" --except-interface=lo --bind-interfaces --server=203.0.113.53 --no-ping \
+    --dhcp-range=192.168.50.10,192.168.50.99,1h \
+    --dhcp-option=option:router,"$wired_router" --dhcp-option=option:dns-server,"$wired_dns" \
+    --dhcp-authoritative --dhcp-leasefile=/tmp/leases "$@"
+}
+
+lossy() { inAir tc qdisc add dev "$home" root netem loss "$1%" || stop "no netem"; }
