@@ -1,0 +1,10 @@
+# The joined access point is far away.
+air 1
+accessPoint ssid=Far channel=6 security=wpa2 password="far horse" signal=-82
+wired
+networkManager
+profile Far password="far horse"
+seen Far
+join Far
+expect "the signal is weak" shows 'signal: -82 dBm' iw dev wlan0 link
+expect "frames go through all the same" ping -c 3 -i 0.2 192.168.50.1
