@@ -1,0 +1,5 @@
+# Sixty networks are remembered besides the joined one.
+saved 60
+atHome
+expect "61 Wi-Fi profiles are there" shows '^61$' sh -c "nmcli -t -f TYPE connection show | grep -cx 802-11-wireless"
+expect "the radio is joined" joinedTo Home
