@@ -183,6 +183,17 @@ int PickerModel::indexOf(toolkit::IndexPath path) const {
   return found == entries_.end() ? -1 : static_cast<int>(found - entries_.begin());
 }
 
+toolkit::IndexPath PickerModel::pathOf(int index) const {
+  const Entry& entry = entries_.at(static_cast<std::size_t>(index));
+  return {entry.section, entry.row};
+}
+
+bool PickerModel::isForPeople(int index) const {
+  if (index < 0 || index >= rowCount()) return false;
+  const Entry& entry = entries_[static_cast<std::size_t>(index)];
+  return entry.kind == Kind::row && entry.enabled;
+}
+
 int PickerModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(entries_.size());
 }

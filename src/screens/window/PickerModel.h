@@ -31,6 +31,10 @@ class PickerModel final : public QAbstractListModel {
 
   // -1: there is no such row.
   int indexOf(toolkit::IndexPath path) const;
+  // The row at `index`, which must be one.
+  toolkit::IndexPath pathOf(int index) const;
+  // Whether there is a row at `index`, and one that a person can do something with.
+  Q_INVOKABLE bool isForPeople(int index) const;
 
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;

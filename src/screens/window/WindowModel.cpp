@@ -211,13 +211,13 @@ QString WindowModel::text(const QString& key) {
 
 // --- From the person
 
-void WindowModel::tapRow(int section, int row) {
-  if (!table_ || alert_ || stopping_) return;
+void WindowModel::tapRow(int index) {
+  if (!table_ || alert_ || stopping_ || !rows_.isForPeople(index)) return;
   if (!table_->allowsSelection()) {
     Q_EMIT noticed(text(QStringLiteral("LIST_BUSY")));
     return;
   }
-  table_->tap({section, row});
+  table_->tap(rows_.pathOf(index));
   syncSoon();
 }
 

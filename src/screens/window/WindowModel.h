@@ -105,7 +105,7 @@ class WindowModel final : public QObject {
   Q_INVOKABLE static QString text(const QString& key);
 
   // What a person does.
-  Q_INVOKABLE void tapRow(int section, int row);
+  Q_INVOKABLE void tapRow(int index);  // the list's entry
   Q_INVOKABLE void tapNext();
   Q_INVOKABLE void refresh();
   Q_INVOKABLE void type(const QString& text);

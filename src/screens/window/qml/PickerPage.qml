@@ -93,7 +93,7 @@ FocusScope {
                 onClicked: {
                     list.byKey = false
                     list.currentIndex = entry.index
-                    profile.tapRow(entry.section, entry.row)
+                    profile.tapRow(entry.index)
                 }
             }
         }
@@ -118,10 +118,6 @@ FocusScope {
         }
 
         // --- Keyboard: from one row that can be tapped to the next.
-        function isRow(index) {
-            return index >= 0 && index < count && profile.rows.data(profile.rows.index(index, 0), 256) === 1
-                && profile.rows.data(profile.rows.index(index, 0), 262) === true
-        }
         // Scrolls no further than it takes to show the row below the bar.
         function reveal(index) {
             positionViewAtIndex(index, ListView.Contain)
@@ -130,7 +126,7 @@ FocusScope {
         }
         function move(from, by) {
             for (let i = from; i >= 0 && i < count; i += by) {
-                if (!isRow(i)) continue
+                if (!profile.rows.isForPeople(i)) continue
                 currentIndex = i
                 byKey = true
                 reveal(i)
@@ -149,7 +145,7 @@ FocusScope {
             }
             const shows = lentFocus ? byKey : hadFocus
             hadFocus = true
-            if (!isRow(currentIndex)) move(0, 1)
+            if (!profile.rows.isForPeople(currentIndex)) move(0, 1)
             byKey = shows
         }
         Keys.onDownPressed: move(currentIndex + 1, 1)
@@ -162,10 +158,7 @@ FocusScope {
             case Qt.Key_Home: move(0, 1); break
             case Qt.Key_End: move(count - 1, -1); break
             case Qt.Key_Return: case Qt.Key_Enter: case Qt.Key_Space:
-                if (isRow(currentIndex)) {
-                    const at = profile.rows.index(currentIndex, 0)
-                    profile.tapRow(profile.rows.data(at, 257), profile.rows.data(at, 258))
-                }
+                profile.tapRow(currentIndex)
                 break
             default: event.accepted = false
             }
