@@ -13,11 +13,9 @@ Item {
         text: profile.progressText
         textFormat: Text.PlainText
         font.pixelSize: profile.progressTextSize
-        minimumPixelSize: 13
-        fontSizeMode: Text.Fit
-        wrapMode: Text.WordWrap
+        // A font that is wider than the toolkit's rule takes another line, above the others.
+        wrapMode: Text.Wrap
         maximumLineCount: profile.progressTextLines
-        elide: Text.ElideRight
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignBottom
         color: Theme.text
