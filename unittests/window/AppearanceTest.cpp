@@ -120,7 +120,7 @@ TEST_F(DesktopsSetting, ChangesEveryColourOfThePage) {
 class Portal : public ::testing::Test {
  protected:
   void SetUp() override {
-    if (!bus.isConnected()) GTEST_SKIP() << "no session bus";
+    ASSERT_TRUE(bus.isConnected());  // as under dbus-run-session
     ASSERT_TRUE(bus.registerObject(kPath, &settings, QDBusConnection::ExportAllSlots));
     ASSERT_TRUE(bus.registerService(kName));
   }

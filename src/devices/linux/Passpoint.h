@@ -40,7 +40,7 @@ struct RoamingConsortium {
 
 std::optional<RoamingConsortium> parseRoamingConsortium(Bytes payload);
 
-// Hotspot 2.0 Indication (Wi-Fi Alliance, Hotspot 2.0 Specification).
+// Hotspot 2.0 Indication (Wi-Fi Alliance, Hotspot 2.0).
 struct Hotspot {
   std::uint8_t release = 1;              // 1 to 16
   bool groupForwardingDisabled = false;  // members get no broadcasts of each other

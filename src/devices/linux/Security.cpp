@@ -18,7 +18,7 @@ Security ofPersonal(bool psk, bool sae) {
   return sae ? Security::wpa3Personal : Security::wpa2Personal;
 }
 
-// Wi-Fi Alliance, WPA3 Specification: WPA3 has SHA-256 and must protect management frames, its
+// Wi-Fi Alliance, WPA3: it has SHA-256 and must protect management frames, its
 // transition mode adds SHA-1 and leaves the protection to the member, its 192 bit mode stands
 // alone.
 Security ofEnterprise(const RsnElement& rsn) {
