@@ -5,7 +5,7 @@
 #include <fstream>
 
 #include "ElementsInput.h"
-#include "devices/linux/Beacons.h"
+#include "ieee80211/Beacons.h"
 
 using namespace wifi_profile::ieee80211;
 

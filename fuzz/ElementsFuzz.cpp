@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "ElementsInput.h"
-#include "devices/linux/Invariants.h"
+#include "ieee80211/Invariants.h"
 
 using namespace wifi_profile::ieee80211;
 

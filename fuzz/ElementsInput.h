@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-#include "devices/linux/AccessPointElements.h"
+#include "ieee80211/AccessPointElements.h"
 
 namespace wifi_profile::ieee80211 {
 

@@ -1,0 +1,114 @@
+// What the radio knows of itself and of the air.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ieee80211/Channels.h"
+#include "ieee80211/OperatingChannel.h"
+#include "ieee80211/PhyModes.h"
+#include "ieee80211/Security.h"
+
+namespace wifi_profile::checks {
+
+// The access point that the radio is joined to. Optional values: the driver does not say.
+struct Link {
+  std::string interface;              // such as wlan0
+  std::string ssid;                   // 1 to 32 bytes of any kind
+  std::string bssid;                  // six pairs of lower-case hexadecimal digits with colons
+  std::optional<int> signal;          // dBm, mean of its beacons or frames
+  std::optional<int> frequency;       // MHz, of the primary channel
+  std::optional<int> beaconInterval;  // TU
+  std::optional<int> dtimPeriod;      // beacons
+
+  bool operator==(const Link&) const = default;
+};
+
+// An access point as the last scan heard it. A box with several networks has several of these.
+struct AccessPoint {
+  std::string bssid;  // as in Link
+  // 1 to 32 bytes; nothing when it never told its name.
+  std::optional<std::string> ssid;
+  bool hidesName = false;     // the name in its beacons is empty or zeros
+  std::optional<int> signal;  // dBm
+  std::optional<ieee80211::OperatingChannel> channel;
+  std::optional<int> beaconInterval;  // TU
+  std::optional<int> dtimPeriod;      // beacons
+  ieee80211::Security security = ieee80211::Security::unknown;
+  std::vector<int> basicRates;  // in units of 500 kbit/s
+  ieee80211::PhyModes modes;
+  std::optional<std::string> country;     // two capital letters
+  std::optional<int> channelUtilization;  // BSS Load, 0 to 255
+  std::optional<int> stations;            // BSS Load
+  // Interworking: 0 private to 15 wildcard; 4 is a personal device's network.
+  std::optional<int> accessNetworkType;
+  bool additionalStepNeeded = false;  // Interworking says so: a page to agree to, for instance
+  bool isPasspoint = false;
+  std::optional<std::string> maker;  // WPS, any bytes
+  std::optional<std::string> model;  // WPS, any bytes
+  // Of another network of the same box that announced this one.
+  std::optional<std::string> transmitterBssid;
+
+  bool operator==(const AccessPoint&) const = default;
+};
+
+// The newest scan.
+struct Scan {
+  std::vector<AccessPoint> accessPoints;  // each BSSID once, in no particular order
+
+  bool operator==(const Scan&) const = default;
+};
+
+// How the radio found one channel. Times are those of one and the same period.
+struct ChannelSurvey {
+  int frequency = 0;                                  // MHz
+  bool inUse = false;                                 // the radio works on it now
+  std::optional<int> noise;                           // dBm
+  std::optional<std::chrono::milliseconds> active;    // the radio listened
+  std::optional<std::chrono::milliseconds> busy;      // of that, the channel was busy
+  std::optional<std::chrono::milliseconds> transmit;  // of that, with this radio's own frames
+
+  bool operator==(const ChannelSurvey&) const = default;
+};
+
+// A channel that the radio and the law allow.
+struct RadioChannel {
+  int frequency = 0;            // MHz
+  bool disabled = false;        // not at all, here
+  bool radarDetection = false;  // must give way to radar (DFS)
+
+  bool operator==(const RadioChannel&) const = default;
+};
+
+// An interface of the same radio.
+struct RadioInterface {
+  // peerLink: P2P client or group owner, NAN, IBSS or mesh point. other: monitors, idle P2P
+  // devices.
+  enum class Role { station, accessPoint, peerLink, other };
+
+  std::string name;  // may be empty: not every one is a network interface
+  Role role = Role::other;
+
+  bool operator==(const RadioInterface&) const = default;
+};
+
+struct Radio {
+  std::string driver;  // such as iwlwifi; empty: not known
+  std::vector<RadioChannel> channels;
+  std::vector<RadioInterface> interfaces;
+  bool knowsWapi = false;  // has the cipher of WAPI
+
+  bool operator==(const Radio&) const = default;
+};
+
+// The rules that the kernel follows.
+struct Regulatory {
+  std::string country;  // two capital letters; "00": the world, that is, not set
+
+  bool operator==(const Regulatory&) const = default;
+};
+
+}  // namespace wifi_profile::checks

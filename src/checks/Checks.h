@@ -1,0 +1,59 @@
+// The checks: one pure function a test, which makes its answer from facts.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <span>
+#include <string_view>
+#include <variant>
+
+#include "checks/Facts.h"
+#include "checks/Settings.h"
+#include "platform/DiagnosticsService.h"
+
+namespace wifi_profile::checks {
+
+// What a test can know.
+struct Question {
+  const Facts& facts;
+  const Settings& settings;
+  // "NetworkName" of the request's configuration; nil: the joined network.
+  TextRef networkName;
+};
+
+// A result, or why there cannot be one.
+using Answer = std::variant<DiagnosticsTestResult, Unknown>;
+
+// Several facts.
+class FactSet {
+ public:
+  constexpr FactSet(std::initializer_list<Fact> facts) {
+    for (const Fact fact : facts) bits_ |= bit(fact);
+  }
+  constexpr bool holds(Fact fact) const { return (bits_ & bit(fact)) != 0; }
+
+ private:
+  static constexpr std::uint32_t bit(Fact fact) { return 1U << static_cast<unsigned>(fact); }
+  std::uint32_t bits_ = 0;
+};
+
+// A row of the table. The texts are for docs/CHECKS.md, which is made from them.
+struct Check {
+  DiagnosticsTestID id;
+  Answer (*answer)(const Question& question);
+  // What it reads. A fact that only helps is in it, too.
+  FactSet needs;
+  std::string_view measures;
+  std::string_view from;       // attribute, property or protocol
+  std::string_view threshold;  // with the unit
+  std::string_view why;        // standard or source
+  std::string_view unknownWhen;
+};
+
+// One row a test, in order of the identifiers.
+std::span<const Check> allChecks();
+
+// The row of a test.
+const Check& checkOf(DiagnosticsTestID id);
+
+}  // namespace wifi_profile::checks

@@ -1,0 +1,58 @@
+// Everything that the checks are made from. Acquisition fills it in; the checks read it.
+#pragma once
+
+#include "checks/AirFacts.h"
+#include "checks/DeviceFacts.h"
+#include "checks/Known.h"
+#include "checks/ReachFacts.h"
+
+namespace wifi_profile::checks {
+
+// The facts one by one: what a check needs is named by these, and what is not needed need not be
+// found out.
+enum class Fact {
+  link,
+  scan,
+  surveys,
+  radio,
+  regulatory,
+  addresses,
+  activeProfile,
+  savedNetworks,
+  sessionProxy,
+  bluetooth,
+  coexistence,
+  lanPings,
+  wanPings,
+  nameResolution,
+  portalProbe,
+  siteReach,
+  sitePage,
+  routerOutside,
+};
+inline constexpr int kFactCount = 18;
+
+struct Facts {
+  Known<Link> link;
+  Known<Scan> scan;
+  Known<std::vector<ChannelSurvey>> surveys;
+  Known<Radio> radio;
+  Known<Regulatory> regulatory;
+  Known<Addresses> addresses;
+  Known<ActiveProfile> activeProfile;
+  Known<std::vector<SavedNetwork>> savedNetworks;
+  Known<SessionProxy> sessionProxy;
+  Known<Bluetooth> bluetooth;
+  Known<Coexistence> coexistence;
+  Known<Pings> lanPings;
+  Known<Pings> wanPings;
+  Known<NameResolution> nameResolution;
+  Known<PortalProbe> portalProbe;
+  Known<SiteReach> siteReach;
+  Known<SitePage> sitePage;
+  Known<RouterOutside> routerOutside;
+
+  bool operator==(const Facts&) const = default;
+};
+
+}  // namespace wifi_profile::checks

@@ -1,0 +1,43 @@
+// A network's security in one word.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "ieee80211/ElementSet.h"
+#include "ieee80211/Suites.h"
+
+namespace wifi_profile::ieee80211 {
+
+enum class Security {
+  none,                // open
+  owe,                 // encrypted without a password
+  wep,                 // encrypted, with no element that says how
+  wpaPersonal,         // WPA alone; a network with WPA and WPA2 counts as WPA2
+  wpaEnterprise,       //
+  wpa2Personal,        //
+  wpa2Enterprise,      //
+  wpa2Wpa3Personal,    // transition mode: PSK and SAE
+  wpa2Wpa3Enterprise,  // transition mode: 802.1X with SHA-1 as well as with SHA-256, as in WPA3
+  wpa3Personal,        // SAE
+  wpa3Enterprise,      // 802.1X where management frames must be protected, or 192 bit
+  unknown,             // damaged, contradicting, or of a kind that is none of these
+};
+
+// What the security is read from.
+struct SecurityElements {
+  std::optional<RsnElement> rsn;
+  std::optional<RsnElement> wpa;
+
+  bool operator==(const SecurityElements&) const = default;
+};
+
+SecurityElements readSecurityElements(const ElementSet& elements);
+
+// `capabilities` is the Capability Information field (802.11-2020, 9.4.1.4), of which the privacy
+// bit decides where there is neither RSN nor WPA. Where elements are cut off, that there is none
+// is not known, and so neither is the security.
+Security summarize(const ElementSet& elements, const SecurityElements& read,
+                   std::uint16_t capabilities);
+
+}  // namespace wifi_profile::ieee80211
