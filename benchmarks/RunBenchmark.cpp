@@ -50,7 +50,7 @@ Outcome runDemo() {
   TraceFile trace(loop, nullptr);
   ProgressLine line(nowhere, ProgressLine::Shows::lines);
   const auto run = std::make_shared<DiagnosticRun>(
-      demo(), inputs,
+      onPaper(demo(), loop, trace), inputs,
       Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>("en"),
                    std::make_shared<IcuNameCollator>("en")});
   run->run();

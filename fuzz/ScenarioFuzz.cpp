@@ -40,7 +40,7 @@ void runIt(const scenario::Scenario& scenario) {
   trace.addListener(journal);
   ProgressLine line(nowhere, ProgressLine::Shows::lines);
   const auto run = std::make_shared<DiagnosticRun>(
-      scenario, inputs,
+      onPaper(scenario, loop, trace), inputs,
       Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>("en"),
                    std::make_shared<IcuNameCollator>("en")});
   if (run->run() != Ending::finished) return;

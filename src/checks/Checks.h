@@ -31,6 +31,12 @@ class FactSet {
     for (const Fact fact : facts) bits_ |= bit(fact);
   }
   constexpr bool holds(Fact fact) const { return (bits_ & bit(fact)) != 0; }
+  constexpr FactSet with(FactSet other) const {
+    other.bits_ |= bits_;
+    return other;
+  }
+  // Whether they have one in common.
+  constexpr bool meets(FactSet other) const { return (bits_ & other.bits_) != 0; }
 
  private:
   static constexpr std::uint32_t bit(Fact fact) { return 1U << static_cast<unsigned>(fact); }

@@ -33,7 +33,7 @@ std::shared_ptr<toolkit::Screen> drawnScreen(const Surroundings& surroundings) {
 }  // namespace
 
 struct DiagnosticRun::Installations {
-  Installations(const scenario::ScenarioDevice& device, const Surroundings& surroundings)
+  Installations(const DeviceBackEnds& device, const Surroundings& surroundings)
       : queues(unowned(surroundings.loop)),
         service(device.service),
         radio(device.radio),
@@ -56,17 +56,24 @@ struct DiagnosticRun::Installations {
   ScopedInstall<toolkit::Screen> screen;
 };
 
-DiagnosticRun::DiagnosticRun(const scenario::Scenario& scenario,
-                             std::shared_ptr<WiFiProfileInputs> inputs, Surroundings surroundings)
+RunDevice onPaper(const scenario::Scenario& scenario, Pace& pace, Trace& trace) {
+  scenario::ScenarioDevice device(scenario, pace, trace);
+  return {.backEnds = device.backEnds(),
+          .paper = device,
+          .user = scenario.user.value_or(std::vector<scenario::Step>())};
+}
+
+DiagnosticRun::DiagnosticRun(RunDevice device, std::shared_ptr<WiFiProfileInputs> inputs,
+                             Surroundings surroundings)
     : surroundings_(std::move(surroundings)),
-      device_(scenario, surroundings_.loop, surroundings_.trace),
-      installations_(std::make_unique<Installations>(device_, surroundings_)),
+      device_(std::move(device)),
+      installations_(std::make_unique<Installations>(device_.backEnds, surroundings_)),
       inputs_(std::move(inputs)),
       controller_(std::make_shared<WiFiProfileViewController>()),
-      script_(scenario.user.value_or(std::vector<scenario::Step>()),
-              surroundings_.person ? ScreenUser::person : ScreenUser::script,
+      script_(device_.user, surroundings_.person ? ScreenUser::person : ScreenUser::script,
               [this](const scenario::Step& step) { return perform(step); }) {
-  device_.service->setWhileServing([this](DiagnosticsTestID test) { whileServing(test); });
+  if (!device_.paper) return;
+  device_.paper->service->setWhileServing([this](DiagnosticsTestID test) { whileServing(test); });
 }
 
 DiagnosticRun::~DiagnosticRun() = default;
@@ -136,6 +143,7 @@ void DiagnosticRun::tearDown() {
   script_.end();
   surroundings_.trace.event("host.teardown", {});
   controller_->teardown();
+  device_.close();
 }
 
 bool DiagnosticRun::isOver() const {
@@ -179,7 +187,7 @@ std::optional<std::string> DiagnosticRun::perform(const scenario::Step& step) {
   using scenario::Action;
   switch (step.action) {
     case Action::setPower:
-      device_.radio->switchFromOutside(step.on);
+      device_.paper->radio->switchFromOutside(step.on);
       return std::nullopt;
     case Action::wait:
       if (surroundings_.person) {

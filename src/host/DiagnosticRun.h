@@ -1,11 +1,13 @@
-// One run of the diagnostic on a device on paper, from set-up to the last drained work.
+// One run of the diagnostic on a device, from set-up to the last drained work.
 #pragma once
 
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "controller/WiFiProfileViewController.h"
 #include "devices/scenario/ScenarioDevice.h"
@@ -27,6 +29,19 @@ enum class Ending {
   stuck,        // the script cannot go on
 };
 
+// The device of a run.
+struct RunDevice {
+  DeviceBackEnds backEnds;
+  // For a device on paper: its parts that a script works on, and the script.
+  std::optional<scenario::ScenarioDevice> paper = std::nullopt;
+  std::vector<scenario::Step> user = {};
+  // For a machine: the host has torn the run down, and nothing more is to be found out.
+  std::function<void()> close = [] {};
+};
+
+// `pace` and `trace` must outlive the device.
+RunDevice onPaper(const scenario::Scenario& scenario, Pace& pace, Trace& trace);
+
 // What a run needs of its host.
 struct Surroundings {
   RunLoop& loop;
@@ -43,7 +58,7 @@ struct Surroundings {
 class DiagnosticRun final : public HxDiagnosticObserver,
                             public std::enable_shared_from_this<DiagnosticRun> {
  public:
-  DiagnosticRun(const scenario::Scenario& scenario, std::shared_ptr<WiFiProfileInputs> inputs,
+  DiagnosticRun(RunDevice device, std::shared_ptr<WiFiProfileInputs> inputs,
                 Surroundings surroundings);
   ~DiagnosticRun() override;
 
@@ -78,7 +93,7 @@ class DiagnosticRun final : public HxDiagnosticObserver,
   std::optional<std::string> perform(const scenario::Step& step);
 
   Surroundings surroundings_;
-  scenario::ScenarioDevice device_;
+  RunDevice device_;
   std::unique_ptr<Installations> installations_;
   std::shared_ptr<WiFiProfileInputs> inputs_;
   std::shared_ptr<WiFiProfileViewController> controller_;

@@ -104,7 +104,7 @@ int runOn(RunLoop& loop, const RunOptions& options, PreparedRun prepared,
   trace.addListener(journal);
   trace.addListener(activity);
   const auto run = std::make_shared<DiagnosticRun>(
-      prepared.scenario, std::move(prepared.inputs),
+      prepared.makeDevice(loop, trace), std::move(prepared.inputs),
       Surroundings{loop, trace, line, Installed<StringTable>::get(),
                    std::make_shared<IcuNameCollator>(languageFor(options)), person});
   PersonFollower follower(*run);

@@ -8,48 +8,14 @@
 #include <system_error>
 #include <unistd.h>
 
-#include "devices/scenario/ScenarioReader.h"
-#include "host/DemoScenario.h"
 #include "host/ExitStatus.h"
 #include "host/Files.h"
 #include "host/Inputs.h"
-#include "runtime/JsonReader.h"
 
 namespace wifi_profile {
 namespace {
 
-constexpr std::string_view kDemo = "demo";
-
 Failure usage(const Problem& problem) { return {kExitUsage, problem.message}; }
-
-std::variant<scenario::Scenario, Failure> readDevice(const RunOptions& options) {
-  const std::string device = options.device.value_or("linux");
-  if (device == "linux" || device.starts_with("linux:")) {
-    return Failure{kExitNoDevice, fmt::format("{}found no Wi-Fi device of this machine: this build "
-                                              "reads scenarios only; try --device demo",
-                                              options.device ? device + ": " : "")};
-  }
-  const bool demo = device == kDemo;
-  auto content = demo ? std::string(kDemoScenario) : readFile(device);
-  if (const auto* problem = std::get_if<Problem>(&content)) {
-    return Failure{kExitScenario, problem->message};
-  }
-  const auto document = readJson(std::get<std::string>(content));
-  if (const auto* fault = std::get_if<JsonFault>(&document)) {
-    return Failure{kExitScenario,
-                   unexpected(fmt::format("{}:{}:{}", device, fault->line, fault->column),
-                              fault->found, fault->expected)
-                       .message};
-  }
-  auto read = scenario::readScenario(std::get<ObjectRef>(document));
-  if (const auto* fault = std::get_if<scenario::Fault>(&read)) {
-    const std::string place = fault->pointer.empty() ? "at the top" : "at " + fault->pointer;
-    return Failure{
-        kExitScenario,
-        unexpected(fmt::format("{}: {}", device, place), fault->found, fault->expected).message};
-  }
-  return std::get<scenario::Scenario>(std::move(read));
-}
 
 // Whether a file is an input of the run. What is no file proper, a terminal say, can be both.
 bool readsFrom(const RunOptions& options, const std::string& file) {
@@ -58,7 +24,7 @@ bool readsFrom(const RunOptions& options, const std::string& file) {
   const auto isFile = [&](const std::optional<std::string>& input) {
     return input && std::filesystem::equivalent(*input, file, missing);
   };
-  return (options.device != kDemo && isFile(options.device)) || isFile(options.parametersFile);
+  return (isFile(scenarioFileOf(options.device))) || isFile(options.parametersFile);
 }
 
 }  // namespace
@@ -97,12 +63,17 @@ std::variant<PreparedRun, Failure> prepareRun(const RunOptions& options) {
   }
   auto inputs = inputsOf(options);
   if (const auto* problem = std::get_if<Problem>(&inputs)) return usage(*problem);
-  auto device = readDevice(options);
-  if (auto* failure = std::get_if<Failure>(&device)) return std::move(*failure);
+  auto chosen = chooseDevice(options);
+  if (auto* failure = std::get_if<Failure>(&chosen)) return std::move(*failure);
+  auto& device = std::get<ChosenDevice>(chosen);
   PreparedRun run{.inputs = std::get<std::shared_ptr<WiFiProfileInputs>>(inputs),
-                  .scenario = std::get<scenario::Scenario>(std::move(device)),
+                  .makeDevice = std::move(device.make),
                   .traceFile = nullptr};
-  if (run.inputs->reprofileWithNetworksListUI() && !run.scenario.user && ui == Ui::none) {
+  if (options.virtualTime && !device.onPaper) {
+    return usage(
+        unexpected("--time", "virtual", "real: only a device on paper can do without real time"));
+  }
+  if (run.inputs->reprofileWithNetworksListUI() && !device.hasUser && ui == Ui::none) {
     return usage(unexpected(placeOfPick(options), "a device without a user",
                             "a scenario with \"user\" steps, or --ui terminal or window: "
                             "--ui none draws no list to pick from"));

@@ -7,21 +7,15 @@
 #include <variant>
 
 #include "controller/WiFiProfileInputs.h"
-#include "devices/scenario/Scenario.h"
 #include "host/CommandLine.h"
+#include "host/DeviceChoice.h"
 #include "host/TraceFile.h"
 
 namespace wifi_profile {
 
-// A problem that ends the program, and the status it ends with.
-struct Failure {
-  int status;
-  std::string message;
-};
-
 struct PreparedRun {
   std::shared_ptr<WiFiProfileInputs> inputs;
-  scenario::Scenario scenario;
+  MakeDevice makeDevice;
   TraceFile::File traceFile;  // null: none was asked for
 };
 

@@ -65,7 +65,7 @@ ScenarioResult runScenario(const std::string& json, RunLoop& loop, const Wish& w
     TraceFile trace(loop, TraceFile::File(std::fopen(tracePath.c_str(), "wb")));
     ProgressLine line(lines.get(), ProgressLine::Shows::lines);
     const auto run = std::make_shared<DiagnosticRun>(
-        std::get<scenario::Scenario>(read), inputsFor(wish),
+        onPaper(std::get<scenario::Scenario>(read), loop, trace), inputsFor(wish),
         Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>(wish.language),
                      std::make_shared<IcuNameCollator>(wish.language), wish.person});
     Journal journal;

@@ -3,17 +3,18 @@
 
 #include <memory>
 
+#include "devices/DeviceBackEnds.h"
 #include "devices/scenario/Scenario.h"
 #include "devices/scenario/ScenarioRadio.h"
 #include "devices/scenario/ScenarioService.h"
-#include "platform/DeviceCapability.h"
-#include "platform/DiagnosticsSupport.h"
 
 namespace wifi_profile::scenario {
 
 struct ScenarioDevice {
   // `pace` and `trace` must outlive the device.
   ScenarioDevice(const Scenario& scenario, Pace& pace, Trace& trace);
+
+  DeviceBackEnds backEnds() const { return {service, radio, capability, automation}; }
 
   std::shared_ptr<ScenarioService> service;
   std::shared_ptr<ScenarioRadio> radio;

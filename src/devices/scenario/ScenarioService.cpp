@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/Number.h"
+#include "devices/DeviceBackEnds.h"
 
 namespace wifi_profile::scenario {
 namespace {
@@ -16,7 +16,7 @@ bool matches(const Answer& answer, const TextRef& networkName) {
 
 Answer failure(std::int64_t code, std::string description) {
   Answer answer;
-  answer.error = std::make_shared<const VqError>(code, std::move(description));
+  answer.error = makeError(code, std::move(description));
   return answer;
 }
 
@@ -41,9 +41,7 @@ DiagnosticsTestResults ScenarioService::runDiagnosticsTests(
 
 Answer ScenarioService::serve(const VqDiagnosticsTestRequest& request) {
   pace_.waitForMain();
-  trace_.event("service.request", {{"test", makeText(nameOf(request.testID()))},
-                                   {"id", Number::withInteger(static_cast<int>(request.testID()))},
-                                   {"configuration", request.configuration()}});
+  traceRequest(trace_, request);
   Answer answer = takeAnswer(request);
   const auto cancelled = std::make_shared<std::atomic<bool>>(false);
   const bool waits = answer.delay.count() > 0;
@@ -62,9 +60,7 @@ Answer ScenarioService::serve(const VqDiagnosticsTestRequest& request) {
 }
 
 Answer ScenarioService::takeAnswer(const VqDiagnosticsTestRequest& request) {
-  const DictionaryRef& configuration = request.configuration();
-  const TextRef networkName =
-      configuration ? as<Text>(configuration->objectForKey("NetworkName")) : nullptr;
+  const TextRef networkName = networkNameOf(request);
   const std::lock_guard lock(mutex_);
   auto& answers = answers_[request.testID()];
   const auto found = std::find_if(answers.begin(), answers.end(), [&](const Answer& answer) {
@@ -86,17 +82,14 @@ std::shared_ptr<const VqStatus> ScenarioService::queryStatusForPeer(const VqPeer
     answer = status_[nextStatus_];
     if (nextStatus_ + 1 < status_.size()) ++nextStatus_;
   }
-  trace_.event("service.status",
-               {{"error", answer.error ? Number::withInteger(answer.error->code()) : nullptr},
-                {"ssid", answer.ssid},
-                {"bssid", answer.bssid}});
+  const VqWiFiStatus wifi{answer.ssid, answer.bssid};
+  traceStatus(trace_, wifi, answer.error);
   error = answer.error;
-  return std::make_shared<const VqStatus>(
-      VqStatus{std::make_shared<const VqWiFiStatus>(VqWiFiStatus{answer.ssid, answer.bssid})});
+  return std::make_shared<const VqStatus>(VqStatus{std::make_shared<const VqWiFiStatus>(wifi)});
 }
 
 void ScenarioService::cancelAllRequests() {
-  trace_.event("service.cancel", {});
+  traceCancel(trace_);
   {
     const std::lock_guard lock(mutex_);
     for (const auto& cancelled : inFlight_) *cancelled = true;

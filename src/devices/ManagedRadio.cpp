@@ -1,0 +1,181 @@
+#include "devices/ManagedRadio.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/Number.h"
+#include "platform/Text.h"
+#include "platform/WorkQueues.h"
+
+namespace wifi_profile {
+
+// The handles' far ends.
+struct WiFiManagerClient {};
+struct WiFiDeviceClient {
+  int references = 0;  // of lists and of clients
+  WiFiDevicePowerCallback callback = nullptr;
+  std::weak_ptr<void> context;
+};
+struct WiFiDeviceList {
+  std::vector<WiFiDeviceClientRef> devices;
+};
+
+struct ManagedRadio::State {
+  std::vector<std::unique_ptr<WiFiDeviceClient>> devices;
+  std::vector<std::unique_ptr<WiFiManagerClient>> clients;
+  std::vector<std::unique_ptr<WiFiDeviceList>> lists;
+};
+
+namespace {
+
+template <class T>
+bool owns(const std::vector<std::unique_ptr<T>>& owned, const T* handle) {
+  return std::any_of(owned.begin(), owned.end(),
+                     [handle](const auto& one) { return one.get() == handle; });
+}
+
+template <class T>
+void drop(std::vector<std::unique_ptr<T>>& owned, const T* handle) {
+  std::erase_if(owned, [handle](const auto& one) { return one.get() == handle; });
+}
+
+// A device that nobody refers to any more tells nobody of its power.
+void dropReference(WiFiDeviceClient& device) {
+  if (device.references > 0 && --device.references == 0) device.callback = nullptr;
+}
+
+NumberRef integer(std::int64_t value) { return Number::withInteger(value); }
+
+}  // namespace
+
+ManagedRadio::ManagedRadio(std::size_t deviceCount, Trace& trace)
+    : trace_(trace), state_(std::make_unique<State>()) {
+  for (std::size_t i = 0; i < deviceCount; ++i) {
+    state_->devices.push_back(std::make_unique<WiFiDeviceClient>());
+  }
+}
+
+ManagedRadio::~ManagedRadio() = default;
+
+void ManagedRadio::postNotification() {
+  auto kept = weak_from_this().lock();
+  if (!kept) return;  // it is being destroyed
+  WorkQueues::shared()->postToMain([self = std::move(kept)] {
+    struct Listener {
+      WiFiDeviceClientRef device;
+      WiFiDevicePowerCallback callback;
+      std::shared_ptr<void> context;
+    };
+    std::vector<Listener> listeners;
+    {
+      const std::lock_guard lock(self->mutex_);
+      if (self->state_->clients.empty()) return;
+      for (const auto& device : self->state_->devices) {
+        auto context = device->context.lock();
+        if (!device->callback || !context) continue;
+        listeners.push_back({device.get(), device->callback, std::move(context)});
+      }
+    }
+    for (const Listener& listener : listeners) {
+      self->trace_.event("device.power", {});
+      listener.callback(listener.device, listener.context);
+    }
+  });
+}
+
+int ManagedRadio::containsRadio() {
+  const int answer = hasRadio() ? 1 : 0;
+  trace_.event("manager.containsRadio", {{"answer", integer(answer)}});
+  return answer;
+}
+
+WiFiManagerClientRef ManagedRadio::createClient(std::int32_t type) {
+  const bool made = givesClients();
+  trace_.event("manager.create", {{"type", integer(type)}, {"made", Number::withBool(made)}});
+  if (!made) return nullptr;
+  const std::lock_guard lock(mutex_);
+  state_->clients.push_back(std::make_unique<WiFiManagerClient>());
+  return state_->clients.back().get();
+}
+
+void ManagedRadio::setType(WiFiManagerClientRef /*manager*/, std::int32_t type) {
+  trace_.event("manager.setType", {{"type", integer(type)}});
+}
+
+void ManagedRadio::scheduleWithRunLoop(WiFiManagerClientRef /*manager*/) {
+  trace_.event("manager.schedule", {{"mode", makeText("default")}});
+}
+
+WiFiDeviceListRef ManagedRadio::copyDevices(WiFiManagerClientRef /*manager*/) {
+  const std::lock_guard lock(mutex_);
+  auto list = std::make_unique<WiFiDeviceList>();
+  for (const auto& device : state_->devices) {
+    ++device->references;
+    list->devices.push_back(device.get());
+  }
+  trace_.event("manager.copyDevices",
+               {{"count", integer(static_cast<std::int64_t>(list->devices.size()))}});
+  state_->lists.push_back(std::move(list));
+  return state_->lists.back().get();
+}
+
+std::size_t ManagedRadio::deviceCount(WiFiDeviceListRef devices) { return devices->devices.size(); }
+
+WiFiDeviceClientRef ManagedRadio::deviceAt(WiFiDeviceListRef devices, std::size_t index) {
+  return devices->devices.at(index);
+}
+
+int ManagedRadio::getPower(WiFiManagerClientRef manager) {
+  bool known = false;
+  {
+    const std::lock_guard lock(mutex_);
+    known = owns(state_->clients, manager);
+  }
+  const int answer = known && isPoweredOn() ? 1 : 0;
+  trace_.event("manager.getPower", {{"answer", integer(answer)}});
+  return answer;
+}
+
+void ManagedRadio::setPower(WiFiManagerClientRef /*manager*/, int power) {
+  trace_.event("manager.setPower", {{"power", integer(power)}});
+  switchPower(power != 0);
+}
+
+void ManagedRadio::registerPowerCallback(WiFiDeviceClientRef device,
+                                         WiFiDevicePowerCallback callback,
+                                         std::weak_ptr<void> context) {
+  trace_.event("device.registerPowerCallback", {});
+  {
+    const std::lock_guard lock(mutex_);
+    device->callback = callback;
+    device->context = std::move(context);
+  }
+  beginWatching();
+}
+
+void ManagedRadio::retain(WiFiDeviceClientRef device) {
+  trace_.event("device.retain", {});
+  const std::lock_guard lock(mutex_);
+  ++device->references;
+}
+
+void ManagedRadio::release(WiFiManagerClientRef manager) {
+  trace_.event("manager.release", {});
+  const std::lock_guard lock(mutex_);
+  drop(state_->clients, manager);
+}
+
+void ManagedRadio::release(WiFiDeviceClientRef device) {
+  trace_.event("device.release", {});
+  const std::lock_guard lock(mutex_);
+  dropReference(*device);
+}
+
+void ManagedRadio::release(WiFiDeviceListRef devices) {
+  trace_.event("devices.release", {});
+  const std::lock_guard lock(mutex_);
+  for (const WiFiDeviceClientRef device : devices->devices) dropReference(*device);
+  drop(state_->lists, devices);
+}
+
+}  // namespace wifi_profile

@@ -1,0 +1,59 @@
+// The Wi-Fi manager of a device: handles, references and notifications. What kind of radio it is,
+// on paper or not, says who derives from it.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <mutex>
+
+#include "platform/Trace.h"
+#include "platform/WiFiManager.h"
+
+namespace wifi_profile {
+
+// Gives out clients and device handles, and writes every operation into the trace. Handles that it
+// did not give out, or that were released since, have no power and are told nothing. Any thread;
+// power notifications come on the main thread.
+class ManagedRadio : public WiFiManagerService, public std::enable_shared_from_this<ManagedRadio> {
+ public:
+  ~ManagedRadio() override;
+
+  int containsRadio() final;
+  WiFiManagerClientRef createClient(std::int32_t type) final;
+  void setType(WiFiManagerClientRef manager, std::int32_t type) final;
+  void scheduleWithRunLoop(WiFiManagerClientRef manager) final;
+  WiFiDeviceListRef copyDevices(WiFiManagerClientRef manager) final;
+  std::size_t deviceCount(WiFiDeviceListRef devices) final;
+  WiFiDeviceClientRef deviceAt(WiFiDeviceListRef devices, std::size_t index) final;
+  int getPower(WiFiManagerClientRef manager) final;
+  void setPower(WiFiManagerClientRef manager, int power) final;
+  void registerPowerCallback(WiFiDeviceClientRef device, WiFiDevicePowerCallback callback,
+                             std::weak_ptr<void> context) final;
+  void retain(WiFiDeviceClientRef device) final;
+  void release(WiFiManagerClientRef manager) final;
+  void release(WiFiDeviceClientRef device) final;
+  void release(WiFiDeviceListRef devices) final;
+
+ protected:
+  // `trace` must outlive the radio.
+  ManagedRadio(std::size_t deviceCount, Trace& trace);
+
+  // Posts a power notification to the main queue, for every callback that is registered by then.
+  void postNotification();
+
+ private:
+  virtual bool hasRadio() = 0;
+  virtual bool givesClients() = 0;
+  virtual bool isPoweredOn() = 0;
+  // Asks for the radio to be switched; `postNotification` tells when it was.
+  virtual void switchPower(bool on) = 0;
+  // A callback was registered: from now on changes of power are to be told.
+  virtual void beginWatching() {}
+
+  struct State;
+  Trace& trace_;
+  std::mutex mutex_;  // guards the state
+  std::unique_ptr<State> state_;
+};
+
+}  // namespace wifi_profile
