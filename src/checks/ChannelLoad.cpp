@@ -1,0 +1,191 @@
+#include "checks/ChannelLoad.h"
+
+#include <algorithm>
+#include <map>
+#include <string>
+#include <tuple>
+
+namespace wifi_profile::checks {
+namespace {
+
+using ieee80211::Band;
+using ieee80211::OperatingChannel;
+
+// A beacon interval of 100 TU: who listened for less did not hear every network once.
+constexpr std::chrono::milliseconds kLongEnough{103};
+// From here on a radio must wait for another's frame that it can read (20 MHz OFDM).
+constexpr int kHeardWell = -82;  // dBm
+// Frames on another channel cannot be read, only collided with.
+constexpr double kOverlapping = 1.5;
+
+// Which box sends it, on which channel: the networks of one box have addresses that differ in the
+// first octet and the last four bits, or name the one that announces them.
+using BoxKey = std::tuple<Band, int, std::string>;
+
+BoxKey boxOf(const AccessPoint& accessPoint, const OperatingChannel& channel) {
+  constexpr std::size_t kLength = 17;
+  const std::string& address = accessPoint.transmitterBssid.value_or(accessPoint.bssid);
+  return {channel.band, channel.primary,
+          address.size() == kLength ? address.substr(3, kLength - 4) : address};
+}
+
+// All 20 MHz channels that a network disturbs; at least those that one of 20 MHz would.
+std::vector<int> disturbedBy(const OperatingChannel& channel) {
+  if (channel.extent) return ieee80211::overlappedChannels(channel);
+  return ieee80211::overlappedChannels(
+      {.band = channel.band,
+       .primary = channel.primary,
+       .extent = ieee80211::extentOfTwentyMHz(channel.band, channel.primary)});
+}
+
+bool isOn(const AccessPoint& accessPoint, Band band, int channel) {
+  return accessPoint.channel && accessPoint.channel->band == band &&
+         accessPoint.channel->primary == channel;
+}
+
+// Of one channel's survey; nothing where it is too short or cannot be true.
+std::optional<double> shareOf(const ChannelSurvey& survey) {
+  if (!survey.active || !survey.busy || *survey.active < kLongEnough) return std::nullopt;
+  // A radio sends next to nothing where it only listens; where it works, its own frames matter.
+  if (!survey.transmit && survey.inUse) return std::nullopt;
+  const auto transmit = survey.transmit.value_or(std::chrono::milliseconds(0));
+  const auto none = std::chrono::milliseconds(0);
+  if (*survey.busy < none || transmit < none || transmit >= *survey.active) return std::nullopt;
+  const auto others = static_cast<double>((*survey.busy - transmit).count());
+  return std::clamp(others / static_cast<double>((*survey.active - transmit).count()), 0.0, 1.0);
+}
+
+}  // namespace
+
+ChannelLoads::ChannelLoads(const Question& question, const Subject* subject)
+    : facts_(question.facts),
+      settings_(question.settings),
+      own_(subject ? subject->heard : nullptr),
+      current_(subject ? channelOf(*subject) : std::nullopt) {
+  if (facts_.scan) collectBoxes(question, subject);
+}
+
+void ChannelLoads::collectBoxes(const Question& question, const Subject* subject) {
+  std::map<BoxKey, Box> boxes;
+  for (const AccessPoint& accessPoint : facts_.scan->accessPoints) {
+    if (!accessPoint.channel || accessPoint.signal.value_or(kHeardWell - 1) < kHeardWell) continue;
+    const OperatingChannel& channel = *accessPoint.channel;
+    Box& box = boxes[boxOf(accessPoint, channel)];
+    box.band = channel.band;
+    box.primary = channel.primary;
+    const auto disturbed = disturbedBy(channel);
+    box.overlapped.insert(disturbed.begin(), disturbed.end());
+  }
+  if (subject) {
+    for (const AccessPoint* own : accessPointsNamedLike(question, *subject)) {
+      if (own->channel) boxes.erase(boxOf(*own, *own->channel));
+    }
+  }
+  for (auto& [key, box] : boxes) boxes_.push_back(std::move(box));
+}
+
+std::optional<double> ChannelLoads::busyShare(Band band, int channel) const {
+  const auto frequency = ieee80211::frequencyOf(band, channel);
+  if (!facts_.surveys || !frequency) return std::nullopt;
+  std::optional<double> most;
+  for (const ChannelSurvey& survey : *facts_.surveys) {
+    if (survey.frequency == *frequency) most = std::max(most, shareOf(survey));
+  }
+  return most;
+}
+
+std::optional<double> ChannelLoads::utilization(Band band, int channel) const {
+  if (!facts_.scan) return std::nullopt;
+  if (own_ && isOn(*own_, band, channel) && own_->channelUtilization) {
+    return *own_->channelUtilization;
+  }
+  std::optional<double> most;
+  for (const AccessPoint& accessPoint : facts_.scan->accessPoints) {
+    if (!isOn(accessPoint, band, channel) || !accessPoint.channelUtilization) continue;
+    most = std::max(most, std::optional<double>(*accessPoint.channelUtilization));
+  }
+  return most;
+}
+
+std::optional<double> ChannelLoads::neighbours(Band band, int channel) const {
+  if (!facts_.scan) return std::nullopt;
+  double count = 0;
+  for (const Box& box : boxes_) {
+    if (box.band != band) continue;
+    if (box.primary == channel) {
+      count += 1;
+    } else if (box.overlapped.contains(channel)) {
+      count += kOverlapping;
+    }
+  }
+  return count;
+}
+
+std::optional<double> ChannelLoads::amount(Measure measure, Band band, int channel) const {
+  switch (measure) {
+    case Measure::busyTime:
+      return busyShare(band, channel);
+    case Measure::utilization:
+      return utilization(band, channel);
+    case Measure::neighbours:
+      break;
+  }
+  return neighbours(band, channel);
+}
+
+std::optional<Load> ChannelLoads::of(Band band, int channel) const {
+  for (const Measure measure : kMeasures) {
+    if (const auto known = amount(measure, band, channel)) return Load{measure, *known};
+  }
+  return std::nullopt;
+}
+
+bool ChannelLoads::isCongested(const Load& load) const {
+  switch (load.measure) {
+    case Measure::busyTime:
+      return load.amount >= settings_.congestedBusyShare;
+    case Measure::utilization:
+      return load.amount >= settings_.congestedUtilization;
+    case Measure::neighbours:
+      break;
+  }
+  return load.amount > settings_.congestedNeighbours;
+}
+
+std::optional<double> ChannelLoads::worstAmount(Measure measure, Band band,
+                                                const Candidate& candidate) const {
+  std::optional<double> worst;
+  for (const int channel : candidate) {
+    const auto known = amount(measure, band, channel);
+    if (!known) return std::nullopt;
+    worst = std::max(worst, known);
+  }
+  return worst;
+}
+
+std::optional<BestChannel> ChannelLoads::best(Band band,
+                                              const std::vector<Candidate>& candidates) const {
+  const auto isCurrent = [&](const Candidate& candidate) {
+    return current_ && current_->band == band &&
+           std::ranges::find(candidate, current_->primary) != candidate.end();
+  };
+  for (const Measure measure : kMeasures) {
+    std::optional<BestChannel> best;
+    bool isKnownForAll = true;
+    for (const Candidate& candidate : candidates) {
+      const auto worst = worstAmount(measure, band, candidate);
+      if (!worst) {
+        isKnownForAll = false;
+        break;
+      }
+      if (!best || *worst < best->load.amount ||
+          (*worst == best->load.amount && isCurrent(candidate))) {
+        best = BestChannel{candidate.front(), {measure, *worst}};
+      }
+    }
+    if (isKnownForAll && best) return best;
+  }
+  return std::nullopt;
+}
+
+}  // namespace wifi_profile::checks

@@ -1,0 +1,160 @@
+#include <array>
+#include <vector>
+
+#include "checks/Answers.h"
+#include "checks/ChannelLoad.h"
+#include "checks/Rows.h"
+
+namespace wifi_profile::checks {
+namespace {
+
+using ieee80211::Band;
+using Candidates = std::vector<Candidate>;
+
+bool isAllowed(const RadioChannel& channel, Band band) {
+  if (channel.disabled || ieee80211::bandOf(channel.frequency) != band) return false;
+  const auto number = ieee80211::channelOf(channel.frequency);
+  return number && ieee80211::isTwentyMHzChannel(band, *number);
+}
+
+// In order; those with radar detection only when asked for.
+std::set<int> allowedChannels(const Radio& radio, Band band, bool withRadarDetection) {
+  std::set<int> channels;
+  for (const RadioChannel& channel : radio.channels) {
+    if (!isAllowed(channel, band) || (channel.radarDetection && !withRadarDetection)) continue;
+    channels.insert(*ieee80211::channelOf(channel.frequency));
+  }
+  return channels;
+}
+
+// Those that do not overlap.
+Candidates candidatesOf2GHz(const Radio& radio) {
+  Candidates candidates;
+  const auto allowed = allowedChannels(radio, Band::ghz2, true);
+  for (const int channel : {1, 6, 11}) {
+    if (allowed.contains(channel)) candidates.push_back({channel});
+  }
+  return candidates;
+}
+
+Candidates candidatesOf5GHz(const Radio& radio, bool withRadarDetection) {
+  Candidates candidates;
+  for (const int channel : allowedChannels(radio, Band::ghz5, withRadarDetection)) {
+    candidates.push_back({channel});
+  }
+  return candidates;
+}
+
+Candidates candidatesOf40MHz(const Radio& radio) {
+  Candidates candidates;
+  const auto allowed = allowedChannels(radio, Band::ghz5, true);
+  for (const int channel : allowed) {
+    if (ieee80211::isWideChannel(Band::ghz5, channel, 2) && allowed.contains(channel + 4)) {
+      candidates.push_back({channel, channel + 4});
+    }
+  }
+  return candidates;
+}
+
+// Nothing to recommend where nobody knows what is allowed.
+Dictionary::Entries recommendations(const Facts& facts, const ChannelLoads& loads) {
+  Dictionary::Entries info;
+  if (!facts.radio) return info;
+  const auto recommend = [&](const char* key, Band band, const Candidates& candidates) {
+    const auto best = loads.best(band, candidates);
+    if (best) info[key] = std::make_shared<const ChannelRecord>(best->channel);
+  };
+  recommend("2GHzChannel", Band::ghz2, candidatesOf2GHz(*facts.radio));
+  recommend("5GHzChannel", Band::ghz5, candidatesOf5GHz(*facts.radio, true));
+  recommend("5GHz40MHzChannel", Band::ghz5, candidatesOf40MHz(*facts.radio));
+  recommend("5GHzNonDFSChannel", Band::ghz5, candidatesOf5GHz(*facts.radio, false));
+  return info;
+}
+
+Answer congestedChannel(const Question& question) {
+  return aboutSubject(question, [&](const Subject& subject) -> Answer {
+    const auto channel = channelOf(subject);
+    if (!channel) {
+      if (!subject.heard) return subject.notHeard;
+      return notTold("Neither the access point nor the driver says which channel it is on.");
+    }
+    const ChannelLoads loads(question, &subject);
+    const auto load = loads.of(channel->band, channel->primary);
+    if (!load) return question.facts.scan.why();
+    auto info = recommendations(question.facts, loads);
+    info["CurrentChannel"] = std::make_shared<const ChannelRecord>(channel->primary);
+    return finding(loads.isCongested(*load), std::move(info));
+  });
+}
+
+// A band is crowded when even its best channel is: another channel would not help.
+Answer congestedBand(const Question& question, Band band) {
+  const Facts& facts = question.facts;
+  if (!facts.radio) return facts.radio.why();
+  const auto candidates =
+      band == Band::ghz2 ? candidatesOf2GHz(*facts.radio) : candidatesOf5GHz(*facts.radio, true);
+  if (candidates.empty()) {
+    return Unknown{Reason::notSupported,
+                   "The radio, or the law of the country it is set to, has no channel in this "
+                   "band: use another adapter, or check the country."};
+  }
+  const Known<Subject> subject = subjectOf(question);
+  const ChannelLoads loads(question, subject ? &*subject : nullptr);
+  const auto best = loads.best(band, candidates);
+  if (!best) return facts.scan.why();
+  return finding(loads.isCongested(best->load), recommendations(facts, loads));
+}
+
+Answer congested2GHz(const Question& question) { return congestedBand(question, Band::ghz2); }
+Answer congested5GHz(const Question& question) { return congestedBand(question, Band::ghz5); }
+
+constexpr std::string_view kFrom =
+    "first what is known of: survey (NL80211_SURVEY_INFO_TIME, _TIME_BUSY, _TIME_TX; at least 103 "
+    "ms), BSS Load element, access points of the scan; allowed channels from "
+    "NL80211_BAND_ATTR_FREQS";
+constexpr std::string_view kThreshold =
+    "busy 0.7 of the time or more (`congestedBusyShare`), utilization 192 of 255 or more "
+    "(`congestedUtilization`), more than 6 boxes of others (`congestedNeighbours`)";
+
+constexpr std::array kRows{
+    Check{.id = DiagnosticsTestID::CongestedChannel,
+          .answer = congestedChannel,
+          .needs = {Fact::link, Fact::scan, Fact::surveys, Fact::radio},
+          .measures = "How busy the network's primary 20 MHz channel is. Boxes count 1 on this "
+                      "channel and 1.5 where they only overlap it, each once, from -82 dBm on; "
+                      "those of the network itself do not count. Recommended is the least busy "
+                      "channel of its class, all compared by the same measure.",
+          .from = kFrom,
+          .threshold = kThreshold,
+          .why = "The shares and the count are this project's choice. BSS Load: IEEE 802.11-2020, "
+                 "9.4.2.27; 100 TU, the usual beacon interval, are 102.4 ms; -82 dBm: at this "
+                 "strength a 20 MHz OFDM receiver must take the channel for busy, 802.11-2020, "
+                 "17.3.10.6",
+          .unknownWhen = "the channel is not told; neither a survey nor a scan is there. Channels "
+                         "are recommended only when the radio's allowed ones are known"},
+    Check{.id = DiagnosticsTestID::Congested2GHz,
+          .answer = congested2GHz,
+          .needs = {Fact::link, Fact::scan, Fact::surveys, Fact::radio},
+          .measures = "How busy the best of the channels 1, 6 and 11 is: if even that one is, "
+                      "another channel does not help.",
+          .from = kFrom,
+          .threshold = kThreshold,
+          .why = "As CongestedChannel. 1, 6 and 11 are 25 MHz apart: 802.11-2020, 15.4.4.3",
+          .unknownWhen = "the radio's allowed channels are not known, or none of these is; neither "
+                         "a survey nor a scan is there"},
+    Check{.id = DiagnosticsTestID::Congested5GHz,
+          .answer = congested5GHz,
+          .needs = {Fact::link, Fact::scan, Fact::surveys, Fact::radio},
+          .measures = "How busy the best allowed 20 MHz channel of the band is.",
+          .from = kFrom,
+          .threshold = kThreshold,
+          .why = "As CongestedChannel",
+          .unknownWhen = "the radio's allowed channels are not known, or it has none in this band; "
+                         "neither a survey nor a scan is there"},
+};
+
+}  // namespace
+
+std::span<const Check> congestionRows() { return kRows; }
+
+}  // namespace wifi_profile::checks

@@ -1,0 +1,186 @@
+// How this device is set up.
+#include <algorithm>
+#include <array>
+
+#include "checks/Answers.h"
+#include "checks/Rows.h"
+#include "platform/Number.h"
+
+namespace wifi_profile::checks {
+namespace {
+
+std::string_view textOf(AddressMethod method) {
+  switch (method) {
+    case AddressMethod::automatic:
+      return "Automatic";
+    case AddressMethod::manual:
+      return "Manual";
+    case AddressMethod::linkLocal:
+      return "Link-Local";
+    case AddressMethod::shared:
+      return "Shared";
+    case AddressMethod::disabled:
+      break;
+  }
+  return "Off";
+}
+
+// Whatever a person has set counts, switching a version off, too.
+Answer customAddresses(const Question& question, AddressSettings ActiveProfile::*version,
+                       const char* key) {
+  const Known<ActiveProfile>& profile = question.facts.activeProfile;
+  if (!profile) return profile.why();
+  const AddressSettings& settings = (*profile).*version;
+  return finding(settings.method != AddressMethod::automatic || settings.hasExtraAddresses,
+                 {{key, makeText(textOf(settings.method))}});
+}
+
+Answer customIpv4(const Question& question) {
+  return customAddresses(question, &ActiveProfile::ipv4, "IPv4ConfigMethod");
+}
+
+Answer customIpv6(const Question& question) {
+  return customAddresses(question, &ActiveProfile::ipv6, "IPv6ConfigMethod");
+}
+
+Answer customDns(const Question& question) {
+  const Known<ActiveProfile>& profile = question.facts.activeProfile;
+  if (!profile) return profile.why();
+  const auto isCustom = [](const AddressSettings& settings) {
+    return !settings.dnsServers.empty() || settings.ignoresNetworkDns;
+  };
+  return finding(isCustom(profile->ipv4) || isCustom(profile->ipv6));
+}
+
+// One proxy that is known is enough; that there is none, only both can say.
+Answer customProxy(const Question& question) {
+  const Known<ActiveProfile>& profile = question.facts.activeProfile;
+  const Known<SessionProxy>& session = question.facts.sessionProxy;
+  if ((profile && profile->hasProxy) || (session && !session->source.empty())) return finding(true);
+  if (!profile) return profile.why();
+  if (!session) return session.why();
+  return finding(false);
+}
+
+Answer bluetoothPaired(const Question& question) {
+  const Known<Bluetooth>& bluetooth = question.facts.bluetooth;
+  if (!bluetooth) return bluetooth.why();
+  return finding(bluetooth->paired > question.settings.bluetoothPairedAbove,
+                 {{"BTPairedCount", Number::withInteger(bluetooth->paired)}});
+}
+
+Answer bluetoothConnected(const Question& question) {
+  const Known<Bluetooth>& bluetooth = question.facts.bluetooth;
+  if (!bluetooth) return bluetooth.why();
+  return finding(bluetooth->connected > question.settings.bluetoothConnectedAbove,
+                 {{"BTConnectedCount", Number::withInteger(bluetooth->connected)}});
+}
+
+// The antenna is shared only while there is somebody to share it with.
+Answer bluetoothCoexistence(const Question& question) {
+  const Known<Coexistence>& coexistence = question.facts.coexistence;
+  const Known<Bluetooth>& bluetooth = question.facts.bluetooth;
+  if (!coexistence) return coexistence.why();
+  if (!coexistence->takesTurns) return finding(false);
+  if (!bluetooth) return bluetooth.why();
+  return finding(bluetooth->connected > 0);
+}
+
+Answer directLink(const Question& question) {
+  const Known<Radio>& radio = question.facts.radio;
+  if (!radio) return radio.why();
+  return finding(std::ranges::any_of(radio->interfaces, [](const RadioInterface& interface) {
+    return interface.role == RadioInterface::Role::peerLink;
+  }));
+}
+
+constexpr std::string_view kProfileUnknownWhen =
+    "not joined, or the joined network was not set up by NetworkManager";
+constexpr std::string_view kBluetoothUnknownWhen = "BlueZ is not running, or there is no adapter";
+
+constexpr std::array kRows{
+    Check{
+        .id = DiagnosticsTestID::CustomIPv4,
+        .answer = customIpv4,
+        .needs = {Fact::activeProfile},
+        .measures = "Whether the profile of the joined network sets IPv4 up in another way than "
+                    "automatically: by hand, shared, link-local, switched off; or adds addresses "
+                    "or a gateway.",
+        .from = "NetworkManager's settings of the active connection: ipv4.method, addresses, "
+                "gateway",
+        .threshold = "any method but automatic (\"auto\", which is DHCP: RFC 2131), or an addition",
+        .why = "Settings that fit another network are a usual reason why one does not work",
+        .unknownWhen = kProfileUnknownWhen},
+    Check{.id = DiagnosticsTestID::CustomIPv6,
+          .answer = customIpv6,
+          .needs = {Fact::activeProfile},
+          .measures = "The same of IPv6.",
+          .from = "NetworkManager's settings of the active connection: ipv6.method, addresses, "
+                  "gateway",
+          .threshold = "any method but automatic (router advertisements, RFC 4862, or DHCPv6), or "
+                       "an addition",
+          .why = "As CustomIPv4",
+          .unknownWhen = kProfileUnknownWhen},
+    Check{.id = DiagnosticsTestID::CustomDNS,
+          .answer = customDns,
+          .needs = {Fact::activeProfile},
+          .measures = "Whether the profile of the joined network names DNS servers or refuses the "
+                      "network's own.",
+          .from = "NetworkManager's settings of the active connection: dns and ignore-auto-dns of "
+                  "ipv4 and ipv6",
+          .threshold = "one server, or the refusal",
+          .why = "Names of the network's own devices and sign-in pages need its own servers",
+          .unknownWhen = kProfileUnknownWhen},
+    Check{.id = DiagnosticsTestID::CustomWebProxy,
+          .answer = customProxy,
+          .needs = {Fact::activeProfile, Fact::sessionProxy},
+          .measures = "Whether the profile of the joined network or the session has a proxy.",
+          .from =
+              "NetworkManager's proxy settings of the active connection; http_proxy, "
+              "https_proxy and all_proxy in the environment; the desktop portal's ProxyResolver",
+          .threshold = "one proxy",
+          .why = "A proxy that is not there in this network makes pages fail",
+          .unknownWhen = "one of the two is not known, unless the other has a proxy"},
+    Check{.id = DiagnosticsTestID::BluetoothPaired,
+          .answer = bluetoothPaired,
+          .needs = {Fact::bluetooth},
+          .measures = "The number of paired devices of all adapters.",
+          .from = "BlueZ: Paired of org.bluez.Device1",
+          .threshold = "above 10 devices (`bluetoothPairedAbove`)",
+          .why = "This project's choice",
+          .unknownWhen = kBluetoothUnknownWhen},
+    Check{.id = DiagnosticsTestID::BluetoothConnected,
+          .answer = bluetoothConnected,
+          .needs = {Fact::bluetooth},
+          .measures = "The number of connected devices of all adapters.",
+          .from = "BlueZ: Connected of org.bluez.Device1",
+          .threshold = "above 3 devices (`bluetoothConnectedAbove`)",
+          .why = "This project's choice. Bluetooth hops over the 2.4 GHz band",
+          .unknownWhen = kBluetoothUnknownWhen},
+    Check{.id = DiagnosticsTestID::BTCoex,
+          .answer = bluetoothCoexistence,
+          .needs = {Fact::coexistence, Fact::bluetooth},
+          .measures = "Whether the driver lets Wi-Fi and Bluetooth take turns on the antenna, and "
+                      "a Bluetooth device is connected, so that they do.",
+          .from = "a parameter of the Wi-Fi driver's module below /sys/module; BlueZ: Connected of "
+                  "org.bluez.Device1",
+          .threshold = "one connected device",
+          .why = "While one of them sends, the other one waits",
+          .unknownWhen = "the driver does not say, as most do not; it says yes, and Bluetooth is "
+                         "not known"},
+    Check{.id = DiagnosticsTestID::PYNXRealTimeMode,
+          .answer = directLink,
+          .needs = {Fact::radio},
+          .measures = "Whether the radio also serves a direct link: Wi-Fi Direct, NAN, IBSS (ad "
+                      "hoc) or a mesh.",
+          .from = "NL80211_ATTR_IFTYPE of the interfaces of the same radio",
+          .threshold = "one such interface; idle ones of Wi-Fi Direct do not count",
+          .why = "One radio shares its time between the network and the link",
+          .unknownWhen = "the kernel does not tell the radio's interfaces"},
+};
+
+}  // namespace
+
+std::span<const Check> deviceRows() { return kRows; }
+
+}  // namespace wifi_profile::checks

@@ -1,0 +1,207 @@
+// What kind of network it is, and whose.
+#include <algorithm>
+#include <array>
+
+#include "checks/Answers.h"
+#include "checks/IpAddresses.h"
+#include "checks/Names.h"
+#include "checks/Rows.h"
+#include "checks/SecurityKinds.h"
+#include "checks/Subject.h"
+
+namespace wifi_profile::checks {
+namespace {
+
+constexpr int kPersonalDevice = 4;  // access network type
+
+bool isUsedInSeveralKinds(const std::vector<const AccessPoint*>& accessPoints) {
+  std::optional<KeyKind> first;
+  for (const AccessPoint* accessPoint : accessPoints) {
+    const auto kind = keyKindOf(accessPoint->security);
+    if (kind && first && *kind != *first) return true;
+    if (kind) first = kind;
+  }
+  return false;
+}
+
+Answer ambiguousName(const Question& question) {
+  return aboutSubject(question, [&](const Subject& subject) -> Answer {
+    const Dictionary::Entries info{{"NetworkName", makeText(subject.name)}};
+    const bool isCommon = std::ranges::any_of(
+        question.settings.ambiguousNames,
+        [&](const std::string& pattern) { return matchesPattern(subject.name, pattern); });
+    if (isCommon) return finding(true, info);
+    if (!question.facts.scan) return question.facts.scan.why();
+    return finding(isUsedInSeveralKinds(accessPointsNamedLike(question, subject)), info);
+  });
+}
+
+Answer hiddenNetwork(const Question& question) {
+  return aboutAccessPoint(
+      question, [](const AccessPoint& accessPoint) { return finding(accessPoint.hidesName); });
+}
+
+Answer passpoint(const Question& question) {
+  return aboutAccessPoint(
+      question, [](const AccessPoint& accessPoint) { return finding(accessPoint.isPasspoint); });
+}
+
+// Hints that a network is a phone's; nothing where one does not say.
+std::optional<bool> isPersonalDevice(const AccessPoint* accessPoint) {
+  if (!accessPoint || !accessPoint->accessNetworkType) return std::nullopt;
+  return *accessPoint->accessNetworkType == kPersonalDevice;
+}
+
+std::optional<bool> isMetered(const Known<ActiveProfile>& profile) {
+  return profile ? profile->metered : std::nullopt;
+}
+
+std::optional<bool> isInHotspotSubnet(const Question& question) {
+  const Known<Addresses>& addresses = question.facts.addresses;
+  if (!addresses || addresses->ipv4.empty()) return std::nullopt;
+  return std::ranges::any_of(addresses->ipv4, [&](const std::string& address) {
+    return std::ranges::any_of(question.settings.hotspotSubnets, [&](const std::string& subnet) {
+      return isInSubnet(address, subnet);
+    });
+  });
+}
+
+Answer joinedHotspot(const Question& question, const Subject& subject) {
+  const Facts& facts = question.facts;
+  bool isKnown = false;
+  for (const auto hint : {isMetered(facts.activeProfile), isInHotspotSubnet(question),
+                          isPersonalDevice(subject.heard)}) {
+    if (hint == true) return finding(true);
+    if (hint) isKnown = true;
+  }
+  if (isKnown) return finding(false);
+  if (!facts.activeProfile) return facts.activeProfile.why();
+  if (!facts.addresses) return facts.addresses.why();
+  return notTold(
+      "Neither the network nor its settings say whether it is a phone's: look at the phone.");
+}
+
+Answer otherHotspot(const Question& question, const Subject& subject) {
+  const auto isPersonal = isPersonalDevice(subject.heard);
+  if (isPersonal == true) return finding(true);
+  if (question.facts.savedNetworks) {
+    for (const SavedNetwork& saved : *question.facts.savedNetworks) {
+      if (saved.ssid == subject.name && saved.metered == true) return finding(true);
+    }
+  }
+  if (isPersonal == false) return finding(false);
+  return Unknown{Reason::outsideNetwork,
+                 "Only a member of the network can tell whether it is a phone's: join it, and run "
+                 "again."};
+}
+
+Answer personalHotspot(const Question& question) {
+  return aboutSubject(question, [&](const Subject& subject) -> Answer {
+    return subject.link ? joinedHotspot(question, subject) : otherHotspot(question, subject);
+  });
+}
+
+// The first that is neither empty nor zeros alone.
+TextRef modelName(const AccessPoint& accessPoint) {
+  for (const auto& text : {accessPoint.model, accessPoint.maker}) {
+    const std::string trimmed = withoutZeros(text.value_or(""));
+    if (!trimmed.empty()) return makeText(trimmed);
+  }
+  return nullptr;
+}
+
+bool isAmong(const std::string& maker, const std::vector<std::string>& parts) {
+  const std::string lower = lowerCased(withoutZeros(maker));
+  return std::ranges::any_of(parts, [&](const std::string& part) {
+    return !part.empty() && lower.find(lowerCased(part)) != std::string::npos;
+  });
+}
+
+bool beginsWithOneOf(const std::string& address, const std::vector<std::string>& blocks) {
+  const std::string lower = lowerCased(address);
+  return std::ranges::any_of(blocks, [&](const std::string& block) {
+    return !block.empty() && lower.starts_with(lowerCased(block));
+  });
+}
+
+Answer baseStation(const Question& question) {
+  return aboutSubject(question, [&](const Subject& subject) -> Answer {
+    const Settings& settings = question.settings;
+    const AccessPoint* heard = subject.heard;
+    const std::string& bssid = subject.link ? subject.link->bssid : heard->bssid;
+    const bool isMaker =
+        heard && heard->maker && isAmong(*heard->maker, settings.baseStationMakers);
+    if (isMaker || beginsWithOneOf(bssid, settings.baseStationAddressBlocks)) {
+      const TextRef model = heard ? modelName(*heard) : nullptr;
+      return model ? ability(true, {{"BrellinModelName", model}}) : ability(true);
+    }
+    if (settings.baseStationMakers.empty()) return ability(false);
+    if (!heard) return subject.notHeard;
+    if (!heard->maker) return notTold("The access point does not say who made it: scan again.");
+    return ability(false);
+  });
+}
+
+constexpr std::array kRows{
+    Check{.id = DiagnosticsTestID::BrellinBaseStation,
+          .answer = baseStation,
+          .needs = {Fact::link, Fact::scan},
+          .measures = "Whether maker or address of the access point are among those set for base "
+                      "stations. None are set at first: then the answer is no, and says nothing.",
+          .from = "WPS element (Manufacturer, Model Name); the BSSID",
+          .threshold = "one of `baseStationMakers` or `baseStationAddressBlocks`",
+          .why = "Whose base stations are meant is for the person who sets the lists",
+          .unknownWhen = "makers are set, and the access point was not heard or does not say who "
+                         "made it, which most say in probe responses only"},
+    Check{.id = DiagnosticsTestID::AmbiguousNetworkName,
+          .answer = ambiguousName,
+          .needs = {Fact::link, Fact::scan},
+          .measures = "Whether the name is one that makers give all their boxes or that everybody "
+                      "chooses, or is used in range with and without password, or with other keys. "
+                      "Two networks of one name and one kind of keys cannot be told apart.",
+          .from = "SSID; the scan's access points of that name",
+          .threshold = "one of `ambiguousNames`, or two kinds: open, WEP, password, sign-in",
+          .why = "Devices know a network by name and kind of keys. The list is this project's "
+                 "collection of common names",
+          .unknownWhen = "not joined, or the named network was not heard; there is no scan, unless "
+                         "the name alone decides"},
+    Check{.id = DiagnosticsTestID::HiddenNetwork,
+          .answer = hiddenNetwork,
+          .needs = {Fact::link, Fact::scan},
+          .measures = "Whether the access point's beacons hide its name.",
+          .from = "SSID element of beacons",
+          .threshold = "empty, or zeros alone",
+          .why = "The name is in the frames of whoever joins, so that it stays no secret, and "
+                 "devices must call for it",
+          .unknownWhen = "the access point was not heard"},
+    Check{.id = DiagnosticsTestID::NimoPersonalHotspot,
+          .answer = personalHotspot,
+          .needs = {Fact::link, Fact::scan, Fact::activeProfile, Fact::addresses,
+                    Fact::savedNetworks},
+          .measures =
+              "Hints that the network is a phone's shared connection: it charges by volume, "
+              "its addresses are those that phones give out, it says it is a personal "
+              "device's. They are hints: any maker's phone, and a computer that shares "
+              "its connection, look the same.",
+          .from = "Metered of NetworkManager's device and profiles; the IPv4 address; "
+                  "Interworking element",
+          .threshold = "metered, an address in `hotspotSubnets`, or access network type 4",
+          .why = "Interworking: IEEE 802.11-2020, 9.4.2.91. The subnets are customs of systems, "
+                 "not standards",
+          .unknownWhen = "none of the hints is known; of a network not joined, when it has no "
+                         "Interworking element and is not remembered as metered"},
+    Check{.id = DiagnosticsTestID::Passpoint,
+          .answer = passpoint,
+          .needs = {Fact::link, Fact::scan},
+          .measures = "Whether the access point offers Passpoint.",
+          .from = "Hotspot 2.0 Indication and Interworking elements",
+          .threshold = "both",
+          .why = "Wi-Fi Alliance, Hotspot 2.0; IEEE 802.11-2020, 9.4.2.91",
+          .unknownWhen = "the access point was not heard"},
+};
+
+}  // namespace
+
+std::span<const Check> identityRows() { return kRows; }
+
+}  // namespace wifi_profile::checks

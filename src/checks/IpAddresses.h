@@ -1,0 +1,37 @@
+// Kinds of IP addresses. Addresses may be any text: what is none has no kind. Pure functions; any
+// thread.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace wifi_profile::checks {
+
+enum class Ipv4Kind {
+  privateUse,   // RFC 1918: 10/8, 172.16/12, 192.168/16
+  sharedSpace,  // RFC 6598: 100.64/10, between a provider's translator and its customers
+  linkLocal,    // RFC 3927: 169.254/16, chosen by the device itself
+  loopback,     // RFC 1122: 127/8
+  noHost,       // 0/8, and 224/4 and above: nothing that a host can have for its own
+  global        // all others
+};
+
+// Of a dotted address: four decimal numbers.
+std::optional<Ipv4Kind> ipv4KindOf(const std::string& address);
+
+// Behind it stands another translator: privateUse or sharedSpace.
+bool isBehindTranslation(Ipv4Kind kind);
+
+// Whether `address` is in `subnet`, such as 192.168.43.0/24. NO when either is no such text.
+bool isInSubnet(const std::string& address, const std::string& subnet);
+
+enum class Ipv6Kind {
+  global,       // RFC 4291 and IANA: 2000::/3
+  uniqueLocal,  // RFC 4193: fc00::/7
+  other         // loopback, link-local, multicast, not assigned yet
+};
+
+// Without a scope.
+std::optional<Ipv6Kind> ipv6KindOf(const std::string& address);
+
+}  // namespace wifi_profile::checks

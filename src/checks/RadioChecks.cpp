@@ -1,0 +1,214 @@
+// How well the network's radio is heard and how it is set up.
+#include <algorithm>
+#include <array>
+
+#include "checks/Answers.h"
+#include "checks/Rows.h"
+#include "checks/Subject.h"
+#include "platform/Array.h"
+#include "platform/Number.h"
+
+namespace wifi_profile::checks {
+namespace {
+
+using ieee80211::Band;
+using ieee80211::PhyModes;
+
+// Of the channel that the radio works on when it is joined, else of the subject's.
+std::optional<int> noiseAround(const Facts& facts, const Subject& subject) {
+  if (!facts.surveys) return std::nullopt;
+  const auto channel = channelOf(subject);
+  const auto frequency =
+      channel ? ieee80211::frequencyOf(channel->band, channel->primary) : std::nullopt;
+  std::optional<int> noise;
+  for (const ChannelSurvey& survey : *facts.surveys) {
+    if (!survey.noise) continue;
+    if (survey.inUse && subject.link) return survey.noise;
+    if (survey.frequency == frequency) noise = survey.noise;
+  }
+  return noise;
+}
+
+Answer poorSignal(const Question& question) {
+  return aboutSubject(question, [&](const Subject& subject) -> Answer {
+    const auto signal =
+        toldBy(subject, &Link::signal, &AccessPoint::signal, "how strong its signal is");
+    if (!signal) return signal.why();
+    Dictionary::Entries info{{"RSSI", Number::withInteger(*signal)}};
+    if (const auto noise = noiseAround(question.facts, subject)) {
+      info["Noise"] = Number::withInteger(*noise);
+    }
+    return finding(*signal < question.settings.poorSignalBelow, std::move(info));
+  });
+}
+
+Answer longBeaconInterval(const Question& question) {
+  return aboutSubject(question, [&](const Subject& subject) -> Answer {
+    const auto interval = toldBy(subject, &Link::beaconInterval, &AccessPoint::beaconInterval,
+                                 "what its beacon interval is");
+    if (!interval) return interval.why();
+    return finding(*interval > question.settings.longBeaconIntervalAbove,
+                   {{"BeaconInterval", Number::withInteger(*interval)}});
+  });
+}
+
+Answer longDtimInterval(const Question& question) {
+  return aboutSubject(question, [&](const Subject& subject) -> Answer {
+    const auto period =
+        toldBy(subject, &Link::dtimPeriod, &AccessPoint::dtimPeriod, "what its DTIM interval is");
+    if (!period) return period.why();
+    return finding(*period > question.settings.longDtimPeriodAbove,
+                   {{"DTIMInterval", Number::withInteger(*period)}});
+  });
+}
+
+Answer ht40In2GHz(const Question& question) {
+  return aboutSubject(question, [](const Subject& subject) -> Answer {
+    const auto channel = channelOf(subject);
+    if (channel && channel->band != Band::ghz2) return finding(false);
+    if (channel && channel->extent) return finding(channel->extent->secondary.has_value());
+    if (!subject.heard) return subject.notHeard;
+    return notTold("It cannot be told how wide the access point's channel is: scan again.");
+  });
+}
+
+Answer legacyRates(const Question& question) {
+  return aboutAccessPoint(question, [](const AccessPoint& accessPoint) -> Answer {
+    if (accessPoint.basicRates.empty()) {
+      return notTold("The access point does not say which rates all must know: scan again.");
+    }
+    return finding(std::ranges::any_of(accessPoint.basicRates, [](int rate) {
+      return rate == 2 || rate == 4 || rate == 11 || rate == 22;  // 500 kbit/s
+    }));
+  });
+}
+
+struct NamedMode {
+  bool PhyModes::*mode;
+  const char* text;
+};
+
+constexpr std::array<NamedMode, 7> kModes{{{&PhyModes::a, "802.11a"},
+                                           {&PhyModes::b, "802.11b"},
+                                           {&PhyModes::g, "802.11g"},
+                                           {&PhyModes::n, "802.11n"},
+                                           {&PhyModes::ac, "802.11ac"},
+                                           {&PhyModes::ax, "802.11ax"},
+                                           {&PhyModes::be, "802.11be"}}};
+
+ObjectRef textsOf(const PhyModes& modes) {
+  std::vector<ObjectRef> texts;
+  for (const NamedMode& named : kModes) {
+    if (modes.*named.mode) texts.push_back(makeText(named.text));
+  }
+  return std::make_shared<const Array>(std::move(texts));
+}
+
+// Whether some of the network's access points in the subject's band have the mode and some have
+// not. One without any mode did not tell.
+Answer conflictingMode(const Question& question, bool PhyModes::*mode,
+                       std::initializer_list<Band> bandsWithMode) {
+  return aboutSubject(question, [&](const Subject& subject) -> Answer {
+    if (!subject.heard) return subject.notHeard;
+    const AccessPoint& own = *subject.heard;
+    const auto channel = channelOf(subject);
+    if (!channel || own.modes == PhyModes{}) {
+      return notTold("The access point does not say its band or its radio modes: scan again.");
+    }
+    bool isConflicting = false;
+    if (std::ranges::find(bandsWithMode, channel->band) != bandsWithMode.end()) {
+      for (const AccessPoint* other : accessPointsNamedLike(question, subject)) {
+        if (!other->channel || other->channel->band != channel->band) continue;
+        if (other->modes == PhyModes{}) continue;
+        if (other->modes.*mode != own.modes.*mode) isConflicting = true;
+      }
+    }
+    return finding(isConflicting, {{"SupportedPHYModes", textsOf(own.modes)}});
+  });
+}
+
+Answer conflictingModeAc(const Question& question) {
+  return conflictingMode(question, &PhyModes::ac, {Band::ghz5});
+}
+
+Answer conflictingModeN(const Question& question) {
+  return conflictingMode(question, &PhyModes::n, {Band::ghz2, Band::ghz5});
+}
+
+constexpr std::string_view kModesFrom =
+    "HT, VHT, HE and EHT Capabilities and Operation elements and rates of the scan's access points";
+
+constexpr std::array kRows{
+    Check{.id = DiagnosticsTestID::HT402GHzChannel,
+          .answer = ht40In2GHz,
+          .needs = {Fact::link, Fact::scan},
+          .measures = "Whether the access point uses a secondary channel in 2.4 GHz.",
+          .from = "HT Operation element, or a later one that tells the width",
+          .threshold = "any secondary channel",
+          .why = "Two 20 MHz channels side by side take about half of the band, where only three "
+                 "fit without overlapping. HT Operation: IEEE 802.11-2020, 9.4.2.56",
+          .unknownWhen = "the access point was not heard, or its elements do not tell the width or "
+                         "contradict each other"},
+    Check{.id = DiagnosticsTestID::PoorSignal,
+          .answer = poorSignal,
+          .needs = {Fact::link, Fact::scan, Fact::surveys},
+          .measures = "How strong the access point is received; with it the noise, where known.",
+          .from = "joined: NL80211_STA_INFO_BEACON_SIGNAL_AVG or _SIGNAL_AVG, else as for others: "
+                  "NL80211_BSS_SIGNAL_MBM; noise: NL80211_SURVEY_INFO_NOISE",
+          .threshold = "below -75 dBm (`poorSignalBelow`)",
+          .why = "This project's choice, between strengths at which Wi-Fi works well and those at "
+                 "which the fast rates are lost",
+          .unknownWhen = "not joined, or the named network was not heard; the driver does not say"},
+    Check{.id = DiagnosticsTestID::LongBeaconInterval,
+          .answer = longBeaconInterval,
+          .needs = {Fact::link, Fact::scan},
+          .measures = "The time between two beacons.",
+          .from = "joined: NL80211_STA_BSS_PARAM_BEACON_INTERVAL, else NL80211_BSS_BEACON_INTERVAL",
+          .threshold = "above 200 TU (`longBeaconIntervalAbove`); a TU is 1024 µs",
+          .why = "This project's choice: twice the usual 100 TU. Beacon Interval field: IEEE "
+                 "802.11-2020, 9.4.1.3",
+          .unknownWhen = "not joined, or the named network was not heard; the driver does not say"},
+    Check{.id = DiagnosticsTestID::LongDTIMInterval,
+          .answer = longDtimInterval,
+          .needs = {Fact::link, Fact::scan},
+          .measures = "At every how many beacons broadcasts for sleeping devices are sent.",
+          .from = "joined: NL80211_STA_BSS_PARAM_DTIM_PERIOD, else the TIM element of beacons",
+          .threshold = "above 3 beacons (`longDtimPeriodAbove`)",
+          .why = "This project's choice: 1 to 3 are usual. TIM: IEEE 802.11-2020, 9.4.2.5",
+          .unknownWhen = "only probe responses were heard, which have no TIM, and the driver does "
+                         "not say"},
+    Check{.id = DiagnosticsTestID::ConflictingPHYMode11AC,
+          .answer = conflictingModeAc,
+          .needs = {Fact::link, Fact::scan},
+          .measures = "Whether of the network's access points in 5 GHz some offer 802.11ac and "
+                      "some do not.",
+          .from = kModesFrom,
+          .threshold = "one that differs",
+          .why = "A device that goes from one to the other becomes slower without being told. Only "
+                 "5 GHz: 802.11ac has no other band (IEEE 802.11-2020, 21.1.1)",
+          .unknownWhen = "the access point was not heard, or tells neither rates nor modes"},
+    Check{.id = DiagnosticsTestID::ConflictingPHYMode11N,
+          .answer = conflictingModeN,
+          .needs = {Fact::link, Fact::scan},
+          .measures = "Whether of the network's access points in the same band, 2.4 or 5 GHz, some "
+                      "offer 802.11n and some do not.",
+          .from = kModesFrom,
+          .threshold = "one that differs",
+          .why = "As ConflictingPHYMode11AC; 6 GHz has no 802.11n",
+          .unknownWhen = "the access point was not heard, or tells neither rates nor modes"},
+    Check{.id = DiagnosticsTestID::LegacyRates11b,
+          .answer = legacyRates,
+          .needs = {Fact::link, Fact::scan},
+          .measures = "Whether 1, 2, 5.5 or 11 Mbit/s are among the basic rates, which all members "
+                      "must know and broadcasts are sent with.",
+          .from = "Supported Rates and Extended Supported Rates elements",
+          .threshold = "any of these four",
+          .why = "A frame at these rates takes long. Basic rates: IEEE 802.11-2020, 9.4.2.3",
+          .unknownWhen = "the access point was not heard, or names no basic rate"},
+};
+
+}  // namespace
+
+std::span<const Check> radioRows() { return kRows; }
+
+}  // namespace wifi_profile::checks

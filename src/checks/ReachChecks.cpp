@@ -1,0 +1,204 @@
+// What a member of the network reaches.
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "checks/Answers.h"
+#include "checks/IpAddresses.h"
+#include "checks/Rows.h"
+#include "checks/Subject.h"
+
+namespace wifi_profile::checks {
+namespace {
+
+// `answer(fact)` of the joined network; for other networks, and for a fact that is not known, why.
+template <class T, class Function>
+Answer aboutJoined(const Question& question, const Known<T> Facts::*fact, Function answer) {
+  if (const auto why = whyNotAMember(question)) return *why;
+  const Known<T>& known = question.facts.*fact;
+  if (!known) return known.why();
+  return answer(*known);
+}
+
+// Round trips in milliseconds; at most as many as were sent.
+std::vector<double> roundTrips(const Pings& pings) {
+  std::vector<double> times;
+  for (const auto& answer : pings.answers) {
+    if (times.size() >= static_cast<std::size_t>(pings.sent)) break;
+    const double milliseconds = answer.count() * 1000;
+    if (std::isfinite(milliseconds) && milliseconds >= 0) times.push_back(milliseconds);
+  }
+  return times;
+}
+
+std::shared_ptr<PingResultRecord> recordOf(const Pings& pings, const std::vector<double>& times) {
+  auto record = std::make_shared<PingResultRecord>();
+  const auto count = static_cast<double>(times.size());
+  record->count = pings.sent;
+  record->packetLoss = 100 * (1 - count / pings.sent);
+  record->min = *std::ranges::min_element(times);
+  record->max = *std::ranges::max_element(times);
+  for (const double time : times) record->avg += time / count;
+  double variance = 0;
+  for (const double time : times) variance += (time - record->avg) * (time - record->avg) / count;
+  record->stddev = std::sqrt(variance);
+  record->timestamp = pings.started.secondsSinceReferenceDate;
+  return record;
+}
+
+Answer pingsAnswered(const Question& question, Known<Pings> Facts::*fact) {
+  return aboutJoined<Pings>(question, fact, [&](const Pings& pings) -> Answer {
+    if (pings.sent < 1) {
+      return Unknown{Reason::failed, "No ping could be sent: look at the system's log."};
+    }
+    const auto times = roundTrips(pings);
+    if (times.empty()) return ability(false);
+    auto record = recordOf(pings, times);
+    if (question.facts.link) record->interfaceName = makeText(question.facts.link->interface);
+    return ability(true, {{"PingResult", std::move(record)}});
+  });
+}
+
+Answer pingLan(const Question& question) { return pingsAnswered(question, &Facts::lanPings); }
+Answer pingWan(const Question& question) { return pingsAnswered(question, &Facts::wanPings); }
+
+Answer resolveDns(const Question& question) {
+  return aboutJoined<NameResolution>(
+      question, &Facts::nameResolution,
+      [](const NameResolution& resolution) { return ability(resolution.resolved); });
+}
+
+Answer reachSite(const Question& question) {
+  return aboutJoined<SiteReach>(question, &Facts::siteReach,
+                                [](const SiteReach& site) { return ability(site.reached); });
+}
+
+Answer retrievePage(const Question& question) {
+  return aboutJoined<SitePage>(question, &Facts::sitePage,
+                               [](const SitePage& page) { return ability(page.retrieved); });
+}
+
+// Whether another translator is behind this router's. Nothing where the address says nothing of
+// it: it is none, or one of a router that is not connected.
+std::optional<bool> tellsTranslation(const std::optional<std::string>& address) {
+  const auto kind = address ? ipv4KindOf(*address) : std::nullopt;
+  if (!kind) return std::nullopt;
+  if (isBehindTranslation(*kind)) return true;
+  if (*kind == Ipv4Kind::global) return false;
+  return std::nullopt;
+}
+
+Answer doubleNat(const Question& question) {
+  return aboutJoined<RouterOutside>(
+      question, &Facts::routerOutside, [](const RouterOutside& outside) -> Answer {
+        auto isDouble = tellsTranslation(outside.address);
+        if (!isDouble) isDouble = tellsTranslation(outside.secondHop);
+        if (isDouble) return finding(*isDouble);
+        return notTold(
+            "The router does not tell its outside address, and the second one on the way does not "
+            "answer: allow UPnP or NAT-PMP in the router.");
+      });
+}
+
+Answer ipv4Assigned(const Question& question) {
+  return aboutJoined<Addresses>(question, &Facts::addresses, [](const Addresses& addresses) {
+    return ability(std::ranges::any_of(addresses.ipv4, [](const std::string& address) {
+      const auto kind = ipv4KindOf(address);
+      return kind == Ipv4Kind::global || (kind && isBehindTranslation(*kind));
+    }));
+  });
+}
+
+Answer ipv6Assigned(const Question& question) {
+  return aboutJoined<Addresses>(question, &Facts::addresses, [](const Addresses& addresses) {
+    return ability(std::ranges::any_of(addresses.ipv6, [](const std::string& address) {
+      const auto kind = ipv6KindOf(address);
+      return kind && *kind != Ipv6Kind::other;
+    }));
+  });
+}
+
+constexpr std::string_view kPingsFrom =
+    "ICMP or ICMPv6 echoes through the Wi-Fi interface; where the kernel does not allow them, TCP "
+    "connections, of which a refusal is an answer, too";
+constexpr std::string_view kPingsWhy =
+    "ICMP echo: RFC 792, RFC 4443. Count: number sent; loss: percent of them, 0 to 100; least, "
+    "most, mean and (population's) standard deviation: milliseconds";
+
+constexpr std::array kRows{
+    Check{.id = DiagnosticsTestID::PingLAN,
+          .answer = pingLan,
+          .needs = {Fact::link, Fact::lanPings},
+          .measures = "Whether the router answers, and how fast.",
+          .from = kPingsFrom,
+          .threshold = "one answer",
+          .why = kPingsWhy,
+          .unknownWhen = "not joined, no router is known, or no ping could be sent"},
+    Check{.id = DiagnosticsTestID::PingWAN,
+          .answer = pingWan,
+          .needs = {Fact::link, Fact::wanPings},
+          .measures = "Whether a host in the Internet answers, and how fast.",
+          .from = kPingsFrom,
+          .threshold = "one answer",
+          .why = kPingsWhy,
+          .unknownWhen = "not joined, or no ping could be sent"},
+    Check{.id = DiagnosticsTestID::ResolveDNS,
+          .answer = resolveDns,
+          .needs = {Fact::link, Fact::nameResolution},
+          .measures = "Whether the link's DNS servers give an address for a name.",
+          .from = "questions for A and AAAA records to the servers of the link",
+          .threshold = "one address",
+          .why = "DNS: RFC 1035, RFC 3596",
+          .unknownWhen = "not joined, or the question could not be sent"},
+    Check{.id = DiagnosticsTestID::DetectDoubleNAT,
+          .answer = doubleNat,
+          .needs = {Fact::link, Fact::routerOutside},
+          .measures = "Whether the router's own outside address is one that is translated again. "
+                      "Where the router does not tell it, the second router on the way out stands "
+                      "in, which can be wrong where a provider uses such addresses inside.",
+          .from = "NAT-PMP, UPnP IGD (GetExternalIPAddress); the sender of ICMP Time Exceeded for "
+                  "packets that may go two steps",
+          .threshold = "10/8, 172.16/12, 192.168/16 (RFC 1918), 100.64/10 (RFC 6598)",
+          .why = "These addresses do not go through the Internet. NAT-PMP: RFC 6886",
+          .unknownWhen = "not joined, or neither address is told"},
+    Check{.id = DiagnosticsTestID::ReachOrvane,
+          .answer = reachSite,
+          .needs = {Fact::link, Fact::siteReach},
+          .measures = "Whether the site that is set takes connections.",
+          .from = "a TCP connection, and with https a TLS handshake with a trusted certificate",
+          .threshold = "connected",
+          .why = "A filter may let echoes through, and connections not",
+          .unknownWhen = "not joined, or no site is set"},
+    Check{.id = DiagnosticsTestID::RetrieveOrvane,
+          .answer = retrievePage,
+          .needs = {Fact::link, Fact::sitePage},
+          .measures = "Whether the page that is set comes as it should.",
+          .from = "HTTP GET",
+          .threshold = "whole, with status 200 and the content expected",
+          .why = "Sign-in pages and filters answer in the place of sites. HTTP: RFC 9110",
+          .unknownWhen = "not joined, or no page is set"},
+    Check{.id = DiagnosticsTestID::IPv4Assigned,
+          .answer = ipv4Assigned,
+          .needs = {Fact::link, Fact::addresses},
+          .measures = "Whether the Wi-Fi interface has an IPv4 address that the network can use.",
+          .from = "rtnetlink (RTM_GETADDR)",
+          .threshold = "one; not 169.254/16 (RFC 3927), which a device gives itself, nor 0/8, "
+                       "127/8, 224/4 or 240/4",
+          .why = "Without one, IPv4 reaches at most the neighbours",
+          .unknownWhen = "not joined, or the kernel does not tell the addresses"},
+    Check{
+        .id = DiagnosticsTestID::IPv6Assigned,
+        .answer = ipv6Assigned,
+        .needs = {Fact::link, Fact::addresses},
+        .measures = "Whether the Wi-Fi interface has an IPv6 address of more than the link.",
+        .from = "rtnetlink (RTM_GETADDR), without tentative ones",
+        .threshold = "one of 2000::/3 (RFC 4291) or fc00::/7 (RFC 4193)",
+        .why = "A link-local address (fe80::/10) is there always, and says nothing of the network",
+        .unknownWhen = "not joined, or the kernel does not tell the addresses"},
+};
+
+}  // namespace
+
+std::span<const Check> reachRows() { return kRows; }
+
+}  // namespace wifi_profile::checks

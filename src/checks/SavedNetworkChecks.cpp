@@ -1,0 +1,170 @@
+// What the device remembers of networks.
+#include <algorithm>
+#include <array>
+#include <map>
+#include <set>
+
+#include "checks/Answers.h"
+#include "checks/Rows.h"
+#include "checks/SecurityKinds.h"
+#include "checks/Subject.h"
+#include "platform/Number.h"
+
+namespace wifi_profile::checks {
+namespace {
+
+using KindsByName = std::map<std::string, std::set<KeyKind>>;
+
+// Whether the air has the name in other kinds only.
+bool contradicts(const KindsByName& air, const std::string& name, KeyKind saved) {
+  const auto heard = air.find(name);
+  return heard != air.end() && !heard->second.contains(saved);
+}
+
+Answer conflictingSecurity(const Question& question) {
+  const Facts& facts = question.facts;
+  if (!facts.savedNetworks) return facts.savedNetworks.why();
+  KindsByName air;
+  if (facts.scan) {
+    for (const AccessPoint& accessPoint : facts.scan->accessPoints) {
+      const auto kind = keyKindOf(accessPoint.security);
+      if (accessPoint.ssid && kind) air[*accessPoint.ssid].insert(*kind);
+    }
+  }
+  KindsByName all;
+  bool isConflicting = false;
+  for (const SavedNetwork& saved : *facts.savedNetworks) {
+    const auto kind = keyKindOf(saved.security);
+    if (!kind || saved.ssid.empty()) continue;
+    auto& kinds = all[saved.ssid];
+    kinds.insert(*kind);
+    if (kinds.size() > 1 || contradicts(air, saved.ssid, *kind)) isConflicting = true;
+  }
+  return finding(isConflicting);
+}
+
+Answer largeList(const Question& question) {
+  const auto& saved = question.facts.savedNetworks;
+  if (!saved) return saved.why();
+  const auto count = static_cast<std::int64_t>(saved->size());
+  return finding(count > question.settings.largeSavedListAbove,
+                 {{"PNLCount", Number::withInteger(count)}});
+}
+
+Answer containsHidden(const Question& question) {
+  const auto& saved = question.facts.savedNetworks;
+  if (!saved) return saved.why();
+  return finding(std::ranges::any_of(*saved, &SavedNetwork::isHidden));
+}
+
+// The profile of that name; of several the one joined last, then the first.
+const SavedNetwork* savedNetworkNamed(const Facts& facts, std::string_view name) {
+  if (!facts.savedNetworks) return nullptr;
+  const auto isBefore = [](const std::optional<Date>& one, const std::optional<Date>& other) {
+    if (!one || !other) return !one && other;
+    return one->secondsSinceReferenceDate < other->secondsSinceReferenceDate;
+  };
+  const SavedNetwork* found = nullptr;
+  for (const SavedNetwork& saved : *facts.savedNetworks) {
+    if (saved.ssid != name) continue;
+    if (!found || isBefore(found->lastJoined, saved.lastJoined)) found = &saved;
+  }
+  return found;
+}
+
+ObjectRef recordOf(const Question& question, const Subject& subject, const SavedNetwork& saved,
+                   bool isCaptive) {
+  auto record = std::make_shared<PreferredNetworkRecord>();
+  record->ssidString = makeText(saved.ssid);
+  record->security = static_cast<std::int64_t>(saved.security);
+  record->isPasspoint = saved.isPasspoint;
+  record->isEnabled = saved.joinsByItself;
+  record->isCaptive = isCaptive;
+  record->isHidden = saved.isHidden;
+  record->isMultiAP = saved.accessPoints > 1 || accessPointsNamedLike(question, subject).size() > 1;
+  record->lastJoinedTimestamp = saved.lastJoined;
+  return record;
+}
+
+Answer captivePortal(const Question& question) {
+  return aboutSubject(question, [&](const Subject& subject) -> Answer {
+    const Facts& facts = question.facts;
+    const bool isMarked = subject.heard && subject.heard->additionalStepNeeded;
+    bool isCaptive = isMarked;
+    if (subject.link) {
+      if (!facts.portalProbe) return facts.portalProbe.why();
+      if (facts.portalProbe->answer == PortalProbe::Answer::noAnswer) {
+        return Unknown{Reason::failed, "The page that shows whether one must sign in did not come" +
+                                           (facts.portalProbe->detail.empty()
+                                                ? "."
+                                                : " (" + facts.portalProbe->detail + ").")};
+      }
+      isCaptive = facts.portalProbe->answer == PortalProbe::Answer::portal;
+    } else if (!isMarked) {
+      return Unknown{Reason::outsideNetwork,
+                     "Only a member of the network can tell whether it has a sign-in page: join "
+                     "it, and run again."};
+    }
+    Dictionary::Entries info;
+    if (const SavedNetwork* saved = savedNetworkNamed(facts, subject.name)) {
+      info["PreferredNetwork"] = recordOf(question, subject, *saved, isCaptive || isMarked);
+    }
+    return finding(isCaptive, std::move(info));
+  });
+}
+
+constexpr std::string_view kSavedFrom =
+    "profiles of NetworkManager, else known networks of iwd, else networks of wpa_supplicant";
+constexpr std::string_view kSavedUnknownWhen =
+    "none of these services runs, or the user may not read them";
+
+constexpr std::array kRows{
+    Check{.id = DiagnosticsTestID::ConflictingSecurityTypeInPNL,
+          .answer = conflictingSecurity,
+          .needs = {Fact::savedNetworks, Fact::scan},
+          .measures = "Whether one name is remembered with different kinds of keys, or with one "
+                      "that none of the access points of that name in range has.",
+          .from = kSavedFrom,
+          .threshold = "two kinds of: open (with OWE), WEP, password (WPA, WPA2 or WPA3 Personal), "
+                       "sign-in (Enterprise)",
+          .why = "One of them is out of date, or somebody else's network has the same name. The "
+                 "kinds are this project's: within one, one profile serves all",
+          .unknownWhen = "none of these services runs, or the user may not read them. Without a "
+                         "scan only the remembered ones are compared"},
+    Check{.id = DiagnosticsTestID::CaptivePortal,
+          .answer = captivePortal,
+          .needs = {Fact::link, Fact::scan, Fact::portalProbe, Fact::savedNetworks},
+          .measures =
+              "Whether the joined network answers plain HTTP in the place of the page asked "
+              "for; of another one whether it announces that more is to do after joining. "
+              "With it what is remembered of the network; its security is the number of "
+              "the list below.",
+          .from = "HTTP GET without following redirects, or the address that DHCP gave (RFC 8910, "
+                  "RFC 8908); Interworking element (ASRA bit)",
+          .threshold = "a redirect or another page; the ASRA bit",
+          .why = "Interworking: IEEE 802.11-2020, 9.4.2.91",
+          .unknownWhen = "joined: nothing answers. Otherwise: the access point does not announce "
+                         "it, which does not mean that there is none"},
+    Check{.id = DiagnosticsTestID::LargePNL,
+          .answer = largeList,
+          .needs = {Fact::savedNetworks},
+          .measures = "The number of remembered networks.",
+          .from = kSavedFrom,
+          .threshold = "above 50 networks (`largeSavedListAbove`)",
+          .why = "This project's choice",
+          .unknownWhen = kSavedUnknownWhen},
+    Check{.id = DiagnosticsTestID::PNLContainsHidden,
+          .answer = containsHidden,
+          .needs = {Fact::savedNetworks},
+          .measures = "Whether a remembered network is marked as hidden.",
+          .from = "NetworkManager: 802-11-wireless.hidden; iwd: Hidden; wpa_supplicant: scan_ssid",
+          .threshold = "one",
+          .why = "The device calls for it by name, wherever it is",
+          .unknownWhen = kSavedUnknownWhen},
+};
+
+}  // namespace
+
+std::span<const Check> savedNetworkRows() { return kRows; }
+
+}  // namespace wifi_profile::checks

@@ -1,0 +1,132 @@
+// What the scan as a whole says.
+#include <algorithm>
+#include <array>
+#include <map>
+#include <set>
+
+#include "checks/Answers.h"
+#include "checks/Rows.h"
+#include "checks/Subject.h"
+#include "platform/Array.h"
+
+namespace wifi_profile::checks {
+namespace {
+
+constexpr int kUnknownStrength = -100;  // dBm
+
+// Two capital letters of a country; "XX" and the kernel's "00", "98" and "99" stand for none.
+bool isCountry(const std::string& code) {
+  const auto isCapital = [](char letter) { return letter >= 'A' && letter <= 'Z'; };
+  return code.size() == 2 && std::ranges::all_of(code, isCapital) && code != "XX";
+}
+
+std::optional<std::string> kernelCountry(const Facts& facts) {
+  if (!facts.regulatory || !isCountry(facts.regulatory->country)) return std::nullopt;
+  return facts.regulatory->country;
+}
+
+std::optional<std::string> countryOfSubject(const Question& question) {
+  const auto subject = subjectOf(question);
+  if (!subject || !subject->heard) return std::nullopt;
+  const auto& country = subject->heard->country;
+  return country && isCountry(*country) ? country : std::nullopt;
+}
+
+Answer conflictingCountries(const Question& question) {
+  const Facts& facts = question.facts;
+  if (!facts.scan) return facts.scan.why();
+  std::map<std::string, int> counts;
+  for (const AccessPoint& accessPoint : facts.scan->accessPoints) {
+    if (accessPoint.country && isCountry(*accessPoint.country)) ++counts[*accessPoint.country];
+  }
+  const auto kernel = kernelCountry(facts);
+  auto adopted = kernel ? kernel : countryOfSubject(question);
+  if (!adopted && !counts.empty()) {
+    adopted =
+        std::ranges::max_element(counts, {}, [](const auto& entry) { return entry.second; })->first;
+  }
+  std::set<std::string> all;
+  for (const auto& [country, count] : counts) all.insert(country);
+  if (kernel) all.insert(*kernel);
+  Dictionary::Entries info;
+  if (adopted) info["AdoptedCountryCode"] = makeText(*adopted);
+  return finding(all.size() > 1, std::move(info));
+}
+
+ObjectRef scanResult(const AccessPoint& accessPoint) {
+  return std::make_shared<const VqWiFiScanResult>(
+      accessPoint.ssid ? makeText(*accessPoint.ssid) : nullptr, makeText(accessPoint.bssid),
+      accessPoint.signal.value_or(kUnknownStrength));
+}
+
+// The strongest first; of equal ones that with the lower address.
+ObjectRef scanResults(std::vector<const AccessPoint*> accessPoints) {
+  std::ranges::sort(accessPoints, [](const AccessPoint* one, const AccessPoint* other) {
+    const int strength = one->signal.value_or(kUnknownStrength);
+    const int otherStrength = other->signal.value_or(kUnknownStrength);
+    return strength != otherStrength ? strength > otherStrength : one->bssid < other->bssid;
+  });
+  std::vector<ObjectRef> results;
+  for (const AccessPoint* accessPoint : accessPoints) results.push_back(scanResult(*accessPoint));
+  return std::make_shared<const Array>(std::move(results));
+}
+
+Answer hiddenScanResults(const Question& question) {
+  const Known<Scan>& scan = question.facts.scan;
+  if (!scan) return scan.why();
+  std::vector<const AccessPoint*> hidden;
+  for (const AccessPoint& accessPoint : scan->accessPoints) {
+    if (accessPoint.hidesName && !accessPoint.ssid) hidden.push_back(&accessPoint);
+  }
+  const bool isAny = !hidden.empty();
+  return finding(isAny, {{"ScanResults", scanResults(std::move(hidden))}});
+}
+
+Answer noScanResults(const Question& question) {
+  const Known<Scan>& scan = question.facts.scan;
+  if (!scan) return scan.why();
+  std::vector<const AccessPoint*> all;
+  for (const AccessPoint& accessPoint : scan->accessPoints) all.push_back(&accessPoint);
+  const bool isNone = all.empty();
+  return finding(isNone, {{"ScanResults", scanResults(std::move(all))}});
+}
+
+constexpr std::array kRows{
+    Check{.id = DiagnosticsTestID::ConflictingCountryCode,
+          .answer = conflictingCountries,
+          .needs = {Fact::link, Fact::scan, Fact::regulatory},
+          .measures = "Whether the access points in range and the kernel name different countries. "
+                      "Adopted is the kernel's, else the network's, else the one that most name.",
+          .from = "Country elements of the scan; NL80211_ATTR_REG_ALPHA2",
+          .threshold = "two different codes; 00, 98, 99 and XX are none",
+          .why = "The country decides which channels and powers are allowed. Country element: IEEE "
+                 "802.11-2020, 9.4.2.8",
+          .unknownWhen = "there is no scan. Where the kernel's country is not known, only the "
+                         "access points are compared"},
+    Check{.id = DiagnosticsTestID::HiddenScanResults,
+          .answer = hiddenScanResults,
+          .needs = {Fact::scan},
+          .measures = "Access points whose beacons hide their name, and whose name is not known in "
+                      "another way.",
+          .from = "SSID elements of beacons and probe responses",
+          .threshold = "one",
+          .why = "A hidden SSID is empty or zeros, a widespread custom that the standard does not "
+                 "describe",
+          .unknownWhen = "there is no scan"},
+    Check{.id = DiagnosticsTestID::NoScanResults,
+          .answer = noScanResults,
+          .needs = {Fact::scan},
+          .measures =
+              "Whether no access point at all was heard. Its list of all of them, strongest "
+              "first, feeds the list of networks; -100 dBm stands for unknown.",
+          .from = "NL80211_CMD_GET_SCAN",
+          .threshold = "none",
+          .why = "",
+          .unknownWhen = "there is no scan"},
+};
+
+}  // namespace
+
+std::span<const Check> scanRows() { return kRows; }
+
+}  // namespace wifi_profile::checks

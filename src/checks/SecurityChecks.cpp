@@ -1,0 +1,73 @@
+// How the network keeps strangers out.
+#include <algorithm>
+#include <array>
+
+#include "checks/Answers.h"
+#include "checks/Rows.h"
+#include "checks/SecurityKinds.h"
+#include "checks/Subject.h"
+
+namespace wifi_profile::checks {
+namespace {
+
+using ieee80211::Security;
+
+Answer securityIsOneOf(const Question& question, std::initializer_list<Security> securities) {
+  return aboutAccessPoint(question, [&](const AccessPoint& accessPoint) -> Answer {
+    const Security security = accessPoint.security;
+    const auto text = textOf(security);
+    if (text.empty()) {
+      return notTold("The access point's security cannot be told from what was heard: scan again.");
+    }
+    return finding(std::ranges::find(securities, security) != securities.end(),
+                   {{"Security", makeText(text)}});
+  });
+}
+
+Answer noSecurity(const Question& question) { return securityIsOneOf(question, {Security::none}); }
+
+Answer wepSecurity(const Question& question) { return securityIsOneOf(question, {Security::wep}); }
+
+Answer wpaSecurity(const Question& question) {
+  return securityIsOneOf(question, {Security::wpaPersonal, Security::wpaEnterprise});
+}
+
+constexpr std::string_view kUnknownWhen =
+    "the access point was not heard, or its elements are damaged, contradict each other or are of "
+    "another kind";
+
+constexpr std::array kRows{
+    Check{.id = DiagnosticsTestID::NoSecurity,
+          .answer = noSecurity,
+          .needs = {Fact::link, Fact::scan},
+          .measures = "Whether frames are sent in the clear. OWE, which encrypts without a "
+                      "password, is not open.",
+          .from = "privacy bit of the Capability Information; that there is no RSN or WPA element",
+          .threshold = "open",
+          .why = "Anybody near can read along. Privacy bit: IEEE 802.11-2020, 9.4.1.4; OWE: RFC "
+                 "8110",
+          .unknownWhen = kUnknownWhen},
+    Check{.id = DiagnosticsTestID::LegacySecurityWEP,
+          .answer = wepSecurity,
+          .needs = {Fact::link, Fact::scan},
+          .measures = "Whether the network uses WEP.",
+          .from = "privacy bit of the Capability Information; that there is no RSN or WPA element",
+          .threshold = "WEP",
+          .why = "Its keys are found within minutes; the standard has it for old devices only: "
+                 "IEEE 802.11-2020, 12.3",
+          .unknownWhen = kUnknownWhen},
+    Check{.id = DiagnosticsTestID::LegacySecurityWPA,
+          .answer = wpaSecurity,
+          .needs = {Fact::link, Fact::scan},
+          .measures = "Whether the network offers the first WPA and nothing newer.",
+          .from = "WPA element, that there is no RSN element",
+          .threshold = "WPA Personal or WPA Enterprise; with WPA2 beside it does not count",
+          .why = "It is built around TKIP, which IEEE 802.11-2020, 12.5.2, calls deprecated",
+          .unknownWhen = kUnknownWhen},
+};
+
+}  // namespace
+
+std::span<const Check> securityRows() { return kRows; }
+
+}  // namespace wifi_profile::checks

@@ -1,0 +1,25 @@
+#include "checks/Settings.h"
+
+namespace wifi_profile::checks {
+
+Settings defaultSettings() {
+  Settings settings;
+  settings.ambiguousNames = {
+      // What boxes of many makers are called until somebody gives them a name. Names that end with
+      // a long number of the box's own are left out: they are nobody else's.
+      "2wire*", "androidap*", "asus", "asus_5g", "belkin*", "buffalo*", "cisco", "d-link*",
+      "dlink*", "fritz!box*", "huawei", "linksys*", "netgear*", "tenda_*", "tp-link*", "trendnet*",
+      "xiaomi", "zyxel",
+      // What everybody calls it.
+      "default", "free wifi", "freewifi", "guest", "home", "hotspot", "internet", "my wifi",
+      "network", "public", "router", "setup", "ssid", "test", "wi-fi", "wifi", "wireless", "wlan"};
+  settings.hotspotSubnets = {
+      "192.168.43.0/24",   // Android, long fixed
+      "172.20.10.0/28",    // other phones
+      "192.168.137.0/24",  // Windows, Internet Connection Sharing
+      "10.42.0.0/24",      // NetworkManager, method "shared"
+  };
+  return settings;
+}
+
+}  // namespace wifi_profile::checks

@@ -1,0 +1,104 @@
+#include "checks/Subject.h"
+
+#include <algorithm>
+#include <limits>
+#include <string>
+#include <tuple>
+
+#include "checks/Answers.h"
+
+namespace wifi_profile::checks {
+namespace {
+
+constexpr std::size_t kLongestName = 64;  // bytes in a sentence; names in the air have at most 32
+
+bool asksForJoined(const Question& question) {
+  if (!question.networkName) return true;
+  const Known<Link>& link = question.facts.link;
+  return link && link->ssid == question.networkName->string();
+}
+
+// Weaker ones are less; of equal ones that with the higher address, so that the order of the scan
+// does not count.
+auto strength(const AccessPoint& accessPoint) {
+  return std::tuple(accessPoint.signal.value_or(std::numeric_limits<int>::min()),
+                    accessPoint.bssid);
+}
+
+Subject joined(const Facts& facts) {
+  Subject subject{.link = &*facts.link, .name = facts.link->ssid};
+  if (!facts.scan) {
+    subject.notHeard = facts.scan.why();
+    return subject;
+  }
+  const auto& accessPoints = facts.scan->accessPoints;
+  const auto found = std::ranges::find(accessPoints, facts.link->bssid, &AccessPoint::bssid);
+  if (found != accessPoints.end()) {
+    subject.heard = &*found;
+  } else {
+    subject.notHeard = {Reason::notInRange,
+                        "The joined access point is not in the last scan: scan again."};
+  }
+  return subject;
+}
+
+Known<Subject> inRange(const Facts& facts, std::string_view name) {
+  if (!facts.scan) return facts.scan.why();
+  const AccessPoint* strongest = nullptr;
+  for (const AccessPoint& accessPoint : facts.scan->accessPoints) {
+    if (accessPoint.ssid != name) continue;
+    if (!strongest || strength(*strongest) < strength(accessPoint)) strongest = &accessPoint;
+  }
+  if (!strongest) {
+    return Unknown{Reason::notInRange, "The network \"" + shortened(name, kLongestName) +
+                                           "\" was not heard: go nearer, or scan again."};
+  }
+  return Subject{.heard = strongest, .name = name};
+}
+
+}  // namespace
+
+Known<Subject> subjectOf(const Question& question) {
+  const Facts& facts = question.facts;
+  if (!asksForJoined(question)) return inRange(facts, question.networkName->string());
+  if (!facts.link) return facts.link.why();
+  return joined(facts);
+}
+
+std::optional<ieee80211::OperatingChannel> channelOf(const Subject& subject) {
+  const auto heard = subject.heard ? subject.heard->channel : std::nullopt;
+  if (!subject.link || !subject.link->frequency) return heard;
+  const auto band = ieee80211::bandOf(*subject.link->frequency);
+  const auto channel = ieee80211::channelOf(*subject.link->frequency);
+  if (!band || !channel || !ieee80211::isTwentyMHzChannel(*band, *channel)) return heard;
+  if (heard && heard->band == *band && heard->primary == *channel) return heard;
+  return ieee80211::OperatingChannel{.band = *band, .primary = *channel, .extent = std::nullopt};
+}
+
+Known<int> toldBy(const Subject& subject, std::optional<int> Link::*ofLink,
+                  std::optional<int> AccessPoint::*ofAccessPoint, std::string_view what) {
+  if (subject.link && subject.link->*ofLink) return *(subject.link->*ofLink);
+  if (!subject.heard) return subject.notHeard;
+  if (subject.heard->*ofAccessPoint) return *(subject.heard->*ofAccessPoint);
+  return notTold("Neither the access point nor the driver says " + std::string(what) + ".");
+}
+
+std::vector<const AccessPoint*> accessPointsNamedLike(const Question& question,
+                                                      const Subject& subject) {
+  std::vector<const AccessPoint*> found;
+  if (!question.facts.scan) return found;
+  for (const AccessPoint& accessPoint : question.facts.scan->accessPoints) {
+    if (&accessPoint == subject.heard || accessPoint.ssid == subject.name) {
+      found.push_back(&accessPoint);
+    }
+  }
+  return found;
+}
+
+std::optional<Unknown> whyNotAMember(const Question& question) {
+  if (asksForJoined(question)) return std::nullopt;
+  return Unknown{Reason::outsideNetwork,
+                 "Only a member of the network can find this out: join it, and run again."};
+}
+
+}  // namespace wifi_profile::checks
