@@ -32,6 +32,8 @@ const std::map<std::string, Rooms> kArrows{
 // Files outside the host that may include a package's headers, by the first part of the path.
 const std::map<std::string, Rooms> kPackages{
     {"checks/IpAddresses.cpp", {"arpa"}},
+    {"devices/linux/bus/Bus.cpp", {"sdbus-c++"}},
+    {"devices/linux/bus/MessageReader.cpp", {"sdbus-c++"}},
     {"runtime/AsioMainQueue.cpp", {"asio"}},
     {"runtime/IcuLetterKeys.cpp", {"unicode"}},
     {"runtime/IcuNameCollator.cpp", {"unicode"}},

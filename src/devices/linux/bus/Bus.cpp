@@ -1,0 +1,235 @@
+#include "devices/linux/bus/Bus.h"
+
+#include <mutex>
+#include <poll.h>
+#include <sdbus-c++/sdbus-c++.h>
+
+#include "devices/linux/bus/MessageReader.h"
+
+namespace wifi_profile::machine {
+
+namespace {
+
+using Kind = BusError::Kind;
+constexpr std::size_t kLongestMessage = 200;
+
+// How an error's name on the bus ends, and its kind. The services' own names differ at the front.
+struct Ending {
+  std::string_view ending;
+  Kind kind;
+};
+constexpr Ending kEndings[] = {
+    {"DBus.Error.ServiceUnknown", Kind::noService},
+    {"DBus.Error.NameHasNoOwner", Kind::noService},
+    // The owner went away before it answered: no call has a time limit of the bus's.
+    {"DBus.Error.NoReply", Kind::noService},
+    {"DBus.Error.Disconnected", Kind::noService},
+    {"DBus.Error.UnknownObject", Kind::noSuchThing},
+    {"DBus.Error.UnknownInterface", Kind::noSuchThing},
+    {"DBus.Error.UnknownMethod", Kind::noSuchThing},
+    {"DBus.Error.UnknownProperty", Kind::noSuchThing},
+    {".UnknownDevice", Kind::noSuchThing},
+    {".UnknownConnection", Kind::noSuchThing},
+    {".InterfaceUnknown", Kind::noSuchThing},
+    {".NetworkUnknown", Kind::noSuchThing},
+    {".AccessDenied", Kind::notPermitted},
+    {".AuthFailed", Kind::notPermitted},
+    {".InteractiveAuthorizationRequired", Kind::notPermitted},
+    {".PermissionDenied", Kind::notPermitted},
+    {".NotAuthorized", Kind::notPermitted},
+};
+
+BusAnswer failure(Kind kind, std::string name = {}, std::string message = {}) {
+  if (message.size() > kLongestMessage) message.resize(kLongestMessage);
+  return {{}, BusError{kind, std::move(name), std::move(message)}};
+}
+
+BusAnswer failure(const sdbus::Error& error) {
+  for (const Ending& known : kEndings) {
+    if (error.getName().ends_with(known.ending)) {
+      return failure(known.kind, error.getName(), error.getMessage());
+    }
+  }
+  return failure(Kind::failed, error.getName(), error.getMessage());
+}
+
+void append(sdbus::MethodCall& message, const BusArgument& argument) {
+  if (const auto* const text = std::get_if<std::string>(&argument)) {
+    message << *text;
+  } else if (const auto* const boolean = std::get_if<BooleanVariant>(&argument)) {
+    message << sdbus::Variant(boolean->value);
+  } else {
+    std::map<std::string, sdbus::Variant> options;
+    for (const auto& [name, value] : std::get<BusOptions>(argument)) options.emplace(name, value);
+    message << options;
+  }
+}
+
+BusAnswer answerFrom(sdbus::MethodReply& reply, const sdbus::Error* error) {
+  if (error) return failure(*error);
+  try {
+    auto values = readMessage(reply);
+    return values ? BusAnswer{std::move(*values), {}} : failure(Kind::unreadable);
+  } catch (const sdbus::Error& damaged) {
+    return failure(Kind::unreadable, damaged.getName(), damaged.getMessage());
+  }
+}
+
+// Calls that are under way. Their answers come while the connection is being pumped.
+struct Pending {
+  std::vector<std::optional<BusAnswer>> answers;
+  std::vector<std::unique_ptr<sdbus::IProxy>> proxies;  // a call is given up with its proxy
+  std::size_t left = 0;
+
+  void settle(std::size_t index, BusAnswer answer) {
+    if (!answers[index]) --left;
+    answers[index] = std::move(answer);
+  }
+  void settleAll(const BusAnswer& answer) {
+    for (auto& one : answers) {
+      if (!one) one = answer;
+    }
+    left = 0;
+  }
+};
+
+BusAnswer overdue(const Patience& patience) {
+  return failure(patience.cancellation.isCancelled() ? Kind::calledOff : Kind::tookTooLong);
+}
+
+}  // namespace
+
+class Bus::Connection {
+ public:
+  using Connect = std::function<std::unique_ptr<sdbus::IConnection>()>;
+  explicit Connection(Connect connect) : connect_(std::move(connect)) {}
+
+  std::vector<BusAnswer> call(const std::vector<BusCall>& calls, const Patience& patience) {
+    Pending pending;
+    pending.answers.resize(calls.size());
+    pending.left = calls.size();
+    std::unique_lock turn(turn_, std::defer_lock);
+    // Not a timed wait: that would not see that the work is called off.
+    while (!turn.try_lock() && !patience.isOver()) {
+      waitFor(-1, 0, patience.atMost(std::chrono::milliseconds(10)));
+    }
+    if (!turn.owns_lock() || patience.isOver()) {
+      pending.settleAll(overdue(patience));
+    } else {
+      talk(calls, pending, patience);
+    }
+    std::vector<BusAnswer> answers;
+    answers.reserve(pending.answers.size());
+    for (auto& answer : pending.answers) answers.push_back(std::move(*answer));
+    return answers;
+  }
+
+ private:
+  void talk(const std::vector<BusCall>& calls, Pending& pending, const Patience& patience) {
+    try {
+      if (!connection_) connection_ = connect_();
+      for (std::size_t index = 0; index < calls.size(); ++index) {
+        send(calls[index], index, pending);
+      }
+      pump(pending, patience);
+    } catch (const sdbus::Error& lost) {
+      const BusAnswer answer = failure(Kind::noBus, lost.getName(), lost.getMessage());
+      pending.settleAll(answer);
+      pending.proxies.clear();
+      connection_.reset();  // the next call tries anew
+    }
+  }
+
+  void send(const BusCall& call, std::size_t index, Pending& pending) {
+    const auto answered = [&pending, index](sdbus::MethodReply& reply, const sdbus::Error* error) {
+      pending.settle(index, answerFrom(reply, error));
+    };
+    try {
+      auto proxy = sdbus::createProxy(*connection_, call.owner, call.path);
+      sdbus::MethodCall message = proxy->createMethodCall(call.interface, call.method);
+      for (const BusArgument& argument : call.arguments) append(message, argument);
+      proxy->callMethod(message, answered, kNoLimit);
+      pending.proxies.push_back(std::move(proxy));
+    } catch (const sdbus::Error& refused) {
+      pending.settle(index, failure(Kind::noSuchThing, refused.getName(), refused.getMessage()));
+    }
+  }
+
+  void pump(Pending& pending, const Patience& patience) {
+    while (pending.left > 0) {
+      if (patience.isOver()) return pending.settleAll(overdue(patience));
+      if (connection_->processPendingRequest()) continue;
+      if (pending.left == 0) return;
+      const auto poll = connection_->getEventLoopPollData();
+      waitFor(poll.fd, poll.events, patience);
+    }
+  }
+
+  // Patience is looked after here. Microseconds; large, and still addable to a clock.
+  static constexpr std::uint64_t kNoLimit = 24ULL * 60 * 60 * 1'000'000;
+
+  Connect connect_;
+  std::mutex turn_;  // of whoever talks
+  std::unique_ptr<sdbus::IConnection> connection_;
+};
+
+Bus::Bus(std::unique_ptr<Connection> connection) : connection_(std::move(connection)) {}
+Bus::~Bus() = default;
+
+std::unique_ptr<Bus> Bus::system() {
+  return std::unique_ptr<Bus>(
+      new Bus(std::make_unique<Connection>([] { return sdbus::createSystemBusConnection(); })));
+}
+
+std::unique_ptr<Bus> Bus::session() {
+  return std::unique_ptr<Bus>(
+      new Bus(std::make_unique<Connection>([] { return sdbus::createSessionBusConnection(); })));
+}
+
+std::unique_ptr<Bus> Bus::at(std::string address) {
+  return std::unique_ptr<Bus>(new Bus(std::make_unique<Connection>([address = std::move(address)] {
+    return sdbus::createSessionBusConnectionWithAddress(address);
+  })));
+}
+
+std::vector<BusAnswer> Bus::call(const std::vector<BusCall>& calls, const Patience& patience) {
+  return connection_->call(calls, patience);
+}
+
+BusAnswer Bus::call(const BusCall& one, const Patience& patience) {
+  return std::move(connection_->call({one}, patience).front());
+}
+
+BusAnswer Bus::ownerOf(const std::string& service, const Patience& patience) {
+  BusAnswer answer = call({"org.freedesktop.DBus",
+                           "/org/freedesktop/DBus",
+                           "org.freedesktop.DBus",
+                           "GetNameOwner",
+                           {service}},
+                          patience);
+  if (answer.isGood() && !answer.first().text()) answer = failure(Kind::unreadable);
+  return answer;
+}
+
+const BusValue& BusAnswer::first() const {
+  static const BusValue kNothing;
+  return values.empty() ? kNothing : values.front();
+}
+
+BusCall getProperty(std::string owner, std::string path, std::string interface, std::string name) {
+  return {std::move(owner),
+          std::move(path),
+          "org.freedesktop.DBus.Properties",
+          "Get",
+          {std::move(interface), std::move(name)}};
+}
+
+BusCall getProperties(std::string owner, std::string path, std::string interface) {
+  return {std::move(owner),
+          std::move(path),
+          "org.freedesktop.DBus.Properties",
+          "GetAll",
+          {std::move(interface)}};
+}
+
+}  // namespace wifi_profile::machine

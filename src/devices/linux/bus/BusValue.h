@@ -1,0 +1,49 @@
+// A value that came over D-Bus, of whatever type its sender chose. Reading it as another type gives
+// nothing, and never fails, so facts are read from it without asking first what is there:
+//
+//   settings.at("ipv4").at("method").text()
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace wifi_profile::machine {
+
+class BusValue {
+ public:
+  struct Bytes {  // ay
+    std::string bytes;
+
+    bool operator==(const Bytes&) const = default;
+  };
+  using List = std::vector<BusValue>;                        // arrays and structures
+  using Map = std::map<std::string, BusValue, std::less<>>;  // arrays of entries
+  using Content = std::variant<std::monostate, bool, std::int64_t, std::uint64_t, double,
+                               std::string, Bytes, List, Map>;
+
+  BusValue() = default;  // nothing
+  explicit BusValue(Content content) : content_(std::move(content)) {}
+
+  bool isNothing() const { return std::holds_alternative<std::monostate>(content_); }
+  std::optional<bool> boolean() const;
+  std::optional<std::int64_t> integer() const;  // of either sign, where it fits
+  std::optional<std::string> text() const;      // also object paths
+  std::optional<std::string> bytes() const;     // of an array of bytes
+  // No elements where it is no list, no map.
+  const List& list() const;
+  const Map& map() const;
+  // Nothing where it is no map, or has no such key.
+  const BusValue& at(std::string_view key) const;
+
+  bool operator==(const BusValue&) const = default;
+
+ private:
+  Content content_;
+};
+
+}  // namespace wifi_profile::machine

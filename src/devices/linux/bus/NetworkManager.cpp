@@ -1,0 +1,194 @@
+#include "devices/linux/bus/NetworkManager.h"
+
+#include <algorithm>
+
+#include "devices/linux/bus/ProfileFacts.h"
+#include "devices/linux/bus/Services.h"
+
+namespace wifi_profile::machine {
+
+using checks::ActiveProfile;
+using checks::Known;
+using checks::Reason;
+using checks::SavedNetwork;
+using checks::Unknown;
+
+namespace {
+
+constexpr auto kManagerPath = "/org/freedesktop/NetworkManager";
+constexpr auto kManager = "org.freedesktop.NetworkManager";
+constexpr auto kDevice = "org.freedesktop.NetworkManager.Device";
+constexpr auto kWireless = "org.freedesktop.NetworkManager.Device.Wireless";
+constexpr auto kActive = "org.freedesktop.NetworkManager.Connection.Active";
+constexpr auto kSettingsPath = "/org/freedesktop/NetworkManager/Settings";
+constexpr auto kSettings = "org.freedesktop.NetworkManager.Settings";
+constexpr auto kProfile = "org.freedesktop.NetworkManager.Settings.Connection";
+constexpr auto kDhcp4Config = "org.freedesktop.NetworkManager.DHCP4Config";
+constexpr auto kIp4Config = "org.freedesktop.NetworkManager.IP4Config";
+constexpr auto kIp6Config = "org.freedesktop.NetworkManager.IP6Config";
+
+constexpr std::int64_t kUnmanaged = 10;  // the device's state
+constexpr std::size_t kCallsAtATime = 64;
+
+Unknown unknownFrom(const BusAnswer& answer) {
+  return machine::unknownFrom(answer, kNetworkManager);
+}
+
+// An object that is there; "/" stands for none.
+std::optional<std::string> objectAt(const BusValue& properties, const char* key) {
+  auto path = properties.at(key).text();
+  return path && path->size() > 1 ? path : std::nullopt;
+}
+
+}  // namespace
+
+Known<std::string> NetworkManager::owner(const Patience& patience) {
+  const BusAnswer answer = bus_.ownerOf(kNetworkManager.busName, patience);
+  if (!answer.isGood()) return unknownFrom(answer);
+  return *answer.first().text();
+}
+
+Known<NetworkManager::Device> NetworkManager::device(const std::string& interface,
+                                                     const Patience& patience) {
+  const auto service = owner(patience);
+  if (!service) return service.why();
+  const BusAnswer found =
+      bus_.call({*service, kManagerPath, kManager, "GetDeviceByIpIface", {interface}}, patience);
+  const auto path = found.first().text();
+  if (!path && (found.isGood() || found.error->kind == BusError::Kind::noSuchThing)) {
+    return Unknown{Reason::noHardware, "NetworkManager knows no interface " + interface + "."};
+  }
+  if (!path) return unknownFrom(found);
+  BusAnswer properties = bus_.call(getProperties(*service, *path, kDevice), patience);
+  if (!properties.isGood()) return unknownFrom(properties);
+  return Device{*service, *path, properties.first()};
+}
+
+Known<bool> NetworkManager::manages(const std::string& interface, const Patience& patience) {
+  const auto found = device(interface, patience);
+  if (!found && found.why().reason == Reason::noHardware) return false;
+  if (!found) return found.why();
+  const auto state = found->properties.at("State").integer();
+  return state.has_value() && *state > kUnmanaged;
+}
+
+Known<ActiveProfile> NetworkManager::activeProfile(const std::string& interface,
+                                                   const Patience& patience) {
+  const auto found = device(interface, patience);
+  if (!found) return found.why();
+  const auto active = objectAt(found->properties, "ActiveConnection");
+  if (!active) return Unknown{Reason::notJoined, interface + " is not connected."};
+  std::vector<BusCall> calls{getProperty(found->owner, *active, kActive, "Connection")};
+  if (const auto dhcp = objectAt(found->properties, "Dhcp4Config")) {
+    calls.push_back(getProperty(found->owner, *dhcp, kDhcp4Config, "Options"));
+  }
+  const auto answers = bus_.call(calls, patience);
+  const auto profile = answers[0].first().text();
+  if (!profile) return unknownFrom(answers[0]);
+  const BusAnswer settings =
+      bus_.call({found->owner, *profile, kProfile, "GetSettings", {}}, patience);
+  if (!settings.isGood()) return unknownFrom(settings);
+  return activeProfileFrom(
+      {settings.first(), found->properties, answers.size() > 1 ? answers[1].first() : BusValue()});
+}
+
+Known<std::vector<std::string>> NetworkManager::dnsServers(const std::string& interface,
+                                                           const Patience& patience) {
+  const auto found = device(interface, patience);
+  if (!found) return found.why();
+  const auto ip4 = objectAt(found->properties, "Ip4Config");
+  const auto ip6 = objectAt(found->properties, "Ip6Config");
+  if (!ip4 && !ip6) return Unknown{Reason::notJoined, interface + " is not connected."};
+  const std::string none = "/";
+  const auto answers = bus_.call({getProperties(found->owner, ip4.value_or(none), kIp4Config),
+                                  getProperties(found->owner, ip6.value_or(none), kIp6Config)},
+                                 patience);
+  if (!answers[0].isGood() && !answers[1].isGood()) return unknownFrom(answers[ip4 ? 0 : 1]);
+  return dnsServersFrom(answers[0].first(), answers[1].first());
+}
+
+Known<std::vector<SavedNetwork>> NetworkManager::savedNetworks(const Patience& patience) {
+  const auto service = owner(patience);
+  if (!service) return service.why();
+  const BusAnswer listed =
+      bus_.call({*service, kSettingsPath, kSettings, "ListConnections", {}}, patience);
+  if (!listed.isGood()) return unknownFrom(listed);
+  const BusValue::List& paths = listed.first().list();
+  const std::size_t count = std::min(paths.size(), kLongestBusList);
+  std::vector<SavedNetwork> networks;
+  for (std::size_t begin = 0; begin < count; begin += kCallsAtATime) {
+    std::vector<BusCall> calls;
+    for (std::size_t index = begin; index < std::min(count, begin + kCallsAtATime); ++index) {
+      calls.push_back({*service, paths[index].text().value_or(""), kProfile, "GetSettings", {}});
+    }
+    for (const BusAnswer& answer : bus_.call(calls, patience)) {
+      using Kind = BusError::Kind;
+      // A profile may be forgotten meanwhile, or be another user's.
+      if (answer.error && answer.error->kind != Kind::noSuchThing &&
+          answer.error->kind != Kind::notPermitted && answer.error->kind != Kind::unreadable) {
+        return unknownFrom(answer);
+      }
+      if (auto network = savedNetworkFrom(answer.first())) networks.push_back(std::move(*network));
+    }
+  }
+  return networks;
+}
+
+Known<LastScan> NetworkManager::lastScan(const std::string& interface, const Patience& patience) {
+  const auto found = device(interface, patience);
+  if (!found) return found.why();
+  const BusAnswer answer =
+      bus_.call(getProperty(found->owner, found->path, kWireless, "LastScan"), patience);
+  const auto time = answer.first().integer();
+  if (!time) return unknownFrom(answer);
+  return *time < 0 ? LastScan() : LastScan(std::chrono::milliseconds(*time));
+}
+
+Known<ScanStart> NetworkManager::requestScan(const std::string& interface,
+                                             const Patience& patience) {
+  const auto found = device(interface, patience);
+  if (!found) return found.why();
+  const BusAnswer answer =
+      bus_.call({found->owner, found->path, kWireless, "RequestScan", {BusOptions{}}}, patience);
+  if (answer.isGood()) return ScanStart::started;
+  // One name stands for several refusals; only the words differ.
+  const std::string& words = answer.error->message;
+  const bool tooSoon = answer.error->name.ends_with(".NotAllowed") &&
+                       (words.find("immediately") != std::string::npos ||
+                        words.find("already") != std::string::npos);
+  if (tooSoon) return ScanStart::tooSoon;
+  return unknownFrom(answer);
+}
+
+Known<bool> NetworkManager::managerFlag(const char* property, const Patience& patience) {
+  const auto service = owner(patience);
+  if (!service) return service.why();
+  const BusAnswer answer =
+      bus_.call(getProperty(*service, kManagerPath, kManager, property), patience);
+  const auto flag = answer.first().boolean();
+  if (!flag) return unknownFrom(answer);
+  return *flag;
+}
+
+Known<bool> NetworkManager::isWirelessEnabled(const Patience& patience) {
+  return managerFlag("WirelessEnabled", patience);
+}
+
+Known<bool> NetworkManager::isWirelessHardwareEnabled(const Patience& patience) {
+  return managerFlag("WirelessHardwareEnabled", patience);
+}
+
+std::optional<Unknown> NetworkManager::setWirelessEnabled(bool enabled, const Patience& patience) {
+  const auto service = owner(patience);
+  if (!service) return service.why();
+  const BusAnswer answer = bus_.call({*service,
+                                      kManagerPath,
+                                      "org.freedesktop.DBus.Properties",
+                                      "Set",
+                                      {kManager, "WirelessEnabled", BooleanVariant{enabled}}},
+                                     patience);
+  if (answer.isGood()) return std::nullopt;
+  return unknownFrom(answer);
+}
+
+}  // namespace wifi_profile::machine

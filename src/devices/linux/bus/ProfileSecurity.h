@@ -1,0 +1,21 @@
+// The security that a saved network asks for, in one word. Pure functions.
+#pragma once
+
+#include <string>
+
+#include "devices/linux/bus/BusValue.h"
+#include "ieee80211/Security.h"
+
+namespace wifi_profile::machine {
+
+// From NetworkManager's settings, a{sa{sv}}.
+ieee80211::Security securityFromProfile(const BusValue& settings);
+
+// From the properties of a network of wpa_supplicant's, a{sv} in the words of its configuration
+// file.
+ieee80211::Security securityFromSupplicant(const BusValue& properties);
+
+// From iwd's type of a network: open, wep, psk, 8021x, hotspot.
+ieee80211::Security securityFromIwd(const std::string& type);
+
+}  // namespace wifi_profile::machine

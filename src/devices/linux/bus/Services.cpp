@@ -1,0 +1,49 @@
+#include "devices/linux/bus/Services.h"
+
+namespace wifi_profile::machine {
+
+using checks::Reason;
+using checks::Unknown;
+
+const Service kNetworkManager{
+    "org.freedesktop.NetworkManager", "NetworkManager",
+    "Start it (systemctl start NetworkManager), or ask whoever manages the network here."};
+const Service kIwd{"net.connman.iwd", "iwd", "Start it (systemctl start iwd)."};
+const Service kSupplicant{"fi.w1.wpa_supplicant1", "wpa_supplicant",
+                          "Start it with its D-Bus interface (wpa_supplicant -u)."};
+const Service kBluez{"org.bluez", "BlueZ", "Start it (systemctl start bluetooth)."};
+const Service kPortal{"org.freedesktop.portal.Desktop", "The desktop's portal",
+                      "Install a portal for this desktop (xdg-desktop-portal)."};
+
+Unknown unknownFrom(const BusError& error, const Service& service) {
+  const std::string name = service.name;
+  const std::string words = error.message.empty() ? error.name : error.message;
+  switch (error.kind) {
+    case BusError::Kind::noBus:
+      return {Reason::noService, "The message bus (D-Bus) cannot be reached (" + words + "), so " +
+                                     name + " cannot be asked."};
+    case BusError::Kind::noService:
+      return {Reason::noService, name + " is not running. " + service.remedy};
+    case BusError::Kind::noSuchThing:
+      return {Reason::notTold, name + " does not know what it was asked for (" + words + ")."};
+    case BusError::Kind::notPermitted:
+      return {Reason::notPermitted, name + " does not let this user ask (" + words +
+                                        "). Run as root, or log in at the machine itself."};
+    case BusError::Kind::tookTooLong:
+      return {Reason::tookTooLong, name + " did not answer in time."};
+    case BusError::Kind::calledOff:
+      return {Reason::tookTooLong, name + " was not waited for: the run was called off."};
+    case BusError::Kind::unreadable:
+      return {Reason::failed, name + " gave an answer that makes no sense."};
+    case BusError::Kind::failed:
+      break;
+  }
+  return {Reason::failed, name + " refused: " + words};
+}
+
+Unknown unknownFrom(const BusAnswer& answer, const Service& service) {
+  const BusError wrongType{BusError::Kind::unreadable, {}, {}};
+  return unknownFrom(answer.error.value_or(wrongType), service);
+}
+
+}  // namespace wifi_profile::machine
