@@ -30,10 +30,6 @@ constexpr auto kIp6Config = "org.freedesktop.NetworkManager.IP6Config";
 constexpr std::int64_t kUnmanaged = 10;  // the device's state
 constexpr std::size_t kCallsAtATime = 64;
 
-Unknown unknownFrom(const BusAnswer& answer) {
-  return machine::unknownFrom(answer, kNetworkManager);
-}
-
 // An object that is there; "/" stands for none.
 std::optional<std::string> objectAt(const BusValue& properties, const char* key) {
   auto path = properties.at(key).text();
@@ -44,7 +40,7 @@ std::optional<std::string> objectAt(const BusValue& properties, const char* key)
 
 Known<std::string> NetworkManager::owner(const Patience& patience) {
   const BusAnswer answer = bus_.ownerOf(kNetworkManager.busName, patience);
-  if (!answer.isGood()) return unknownFrom(answer);
+  if (!answer.isGood()) return unknownFrom(answer, kNetworkManager);
   return *answer.first().text();
 }
 
@@ -58,9 +54,9 @@ Known<NetworkManager::Device> NetworkManager::device(const std::string& interfac
   if (!path && (found.isGood() || found.error->kind == BusError::Kind::noSuchThing)) {
     return Unknown{Reason::noHardware, "NetworkManager knows no interface " + interface + "."};
   }
-  if (!path) return unknownFrom(found);
+  if (!path) return unknownFrom(found, kNetworkManager);
   BusAnswer properties = bus_.call(getProperties(*service, *path, kDevice), patience);
-  if (!properties.isGood()) return unknownFrom(properties);
+  if (!properties.isGood()) return unknownFrom(properties, kNetworkManager);
   return Device{*service, *path, properties.first()};
 }
 
@@ -84,10 +80,10 @@ Known<ActiveProfile> NetworkManager::activeProfile(const std::string& interface,
   }
   const auto answers = bus_.call(calls, patience);
   const auto profile = answers[0].first().text();
-  if (!profile) return unknownFrom(answers[0]);
+  if (!profile) return unknownFrom(answers[0], kNetworkManager);
   const BusAnswer settings =
       bus_.call({found->owner, *profile, kProfile, "GetSettings", {}}, patience);
-  if (!settings.isGood()) return unknownFrom(settings);
+  if (!settings.isGood()) return unknownFrom(settings, kNetworkManager);
   return activeProfileFrom(
       {settings.first(), found->properties, answers.size() > 1 ? answers[1].first() : BusValue()});
 }
@@ -103,7 +99,8 @@ Known<std::vector<std::string>> NetworkManager::dnsServers(const std::string& in
   const auto answers = bus_.call({getProperties(found->owner, ip4.value_or(none), kIp4Config),
                                   getProperties(found->owner, ip6.value_or(none), kIp6Config)},
                                  patience);
-  if (!answers[0].isGood() && !answers[1].isGood()) return unknownFrom(answers[ip4 ? 0 : 1]);
+  if (!answers[0].isGood() && !answers[1].isGood())
+    return unknownFrom(answers[ip4 ? 0 : 1], kNetworkManager);
   return dnsServersFrom(answers[0].first(), answers[1].first());
 }
 
@@ -112,7 +109,7 @@ Known<std::vector<SavedNetwork>> NetworkManager::savedNetworks(const Patience& p
   if (!service) return service.why();
   const BusAnswer listed =
       bus_.call({*service, kSettingsPath, kSettings, "ListConnections", {}}, patience);
-  if (!listed.isGood()) return unknownFrom(listed);
+  if (!listed.isGood()) return unknownFrom(listed, kNetworkManager);
   const BusValue::List& paths = listed.first().list();
   const std::size_t count = std::min(paths.size(), kLongestBusList);
   std::vector<SavedNetwork> networks;
@@ -126,7 +123,7 @@ Known<std::vector<SavedNetwork>> NetworkManager::savedNetworks(const Patience& p
       // A profile may be forgotten meanwhile, or be another user's.
       if (answer.error && answer.error->kind != Kind::noSuchThing &&
           answer.error->kind != Kind::notPermitted && answer.error->kind != Kind::unreadable) {
-        return unknownFrom(answer);
+        return unknownFrom(answer, kNetworkManager);
       }
       if (auto network = savedNetworkFrom(answer.first())) networks.push_back(std::move(*network));
     }
@@ -140,7 +137,7 @@ Known<LastScan> NetworkManager::lastScan(const std::string& interface, const Pat
   const BusAnswer answer =
       bus_.call(getProperty(found->owner, found->path, kWireless, "LastScan"), patience);
   const auto time = answer.first().integer();
-  if (!time) return unknownFrom(answer);
+  if (!time) return unknownFrom(answer, kNetworkManager);
   return *time < 0 ? LastScan() : LastScan(std::chrono::milliseconds(*time));
 }
 
@@ -157,7 +154,7 @@ Known<ScanStart> NetworkManager::requestScan(const std::string& interface,
                        (words.find("immediately") != std::string::npos ||
                         words.find("already") != std::string::npos);
   if (tooSoon) return ScanStart::tooSoon;
-  return unknownFrom(answer);
+  return unknownFrom(answer, kNetworkManager);
 }
 
 Known<bool> NetworkManager::managerFlag(const char* property, const Patience& patience) {
@@ -166,7 +163,7 @@ Known<bool> NetworkManager::managerFlag(const char* property, const Patience& pa
   const BusAnswer answer =
       bus_.call(getProperty(*service, kManagerPath, kManager, property), patience);
   const auto flag = answer.first().boolean();
-  if (!flag) return unknownFrom(answer);
+  if (!flag) return unknownFrom(answer, kNetworkManager);
   return *flag;
 }
 
@@ -188,7 +185,7 @@ std::optional<Unknown> NetworkManager::setWirelessEnabled(bool enabled, const Pa
                                       {kManager, "WirelessEnabled", BooleanVariant{enabled}}},
                                      patience);
   if (answer.isGood()) return std::nullopt;
-  return unknownFrom(answer);
+  return unknownFrom(answer, kNetworkManager);
 }
 
 }  // namespace wifi_profile::machine

@@ -1,0 +1,66 @@
+#include "devices/linux/Coexistence.h"
+
+#include <cerrno>
+#include <fstream>
+#include <system_error>
+
+namespace wifi_profile::machine {
+
+using checks::Coexistence;
+using checks::Known;
+using checks::Reason;
+using checks::Unknown;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// Whether the two take turns, in the words of the drivers that have a parameter for it.
+constexpr const char* kParameters[] = {"bt_coex_active", "btcoex_enable", "btcoex"};
+
+// The name that a link in sysfs ends with; nothing where there is none.
+std::string linkedName(const fs::path& link) {
+  std::error_code error;
+  const fs::path target = fs::read_symlink(link, error);
+  return error ? std::string() : target.filename().string();
+}
+
+// Kernel booleans are Y and N; numbers are modes, of which 0 is off.
+std::optional<bool> flagFrom(const std::string& text) {
+  if (text == "Y") return true;
+  if (text == "N") return false;
+  if (text.empty() || text.find_first_not_of("-0123456789") != std::string::npos) {
+    return std::nullopt;
+  }
+  return text.find_first_not_of("-0") != std::string::npos;
+}
+
+}  // namespace
+
+Known<Coexistence> readCoexistence(const std::string& interface, const fs::path& sysfs) {
+  const fs::path driverLink =
+      sysfs / "class/net" / fs::path(interface).filename() / "device/driver";
+  const std::string driver = linkedName(driverLink);
+  if (driver.empty()) {
+    return Unknown{Reason::noHardware, "No driver is behind " + interface + "."};
+  }
+  const std::string module = linkedName(driverLink / "module");
+  const fs::path parameters = sysfs / "module" / (module.empty() ? driver : module) / "parameters";
+  for (const char* const parameter : kParameters) {
+    errno = 0;
+    std::ifstream file(parameters / parameter);
+    if (!file && errno == EACCES) {
+      return Unknown{Reason::notPermitted, "The parameter " + std::string(parameter) + " of " +
+                                               driver + " cannot be read. Run as root."};
+    }
+    std::string text;
+    if (!file || !(file >> text)) continue;
+    if (const auto flag = flagFrom(text)) return Coexistence{driver, parameter, *flag};
+    return Unknown{Reason::failed, "The parameter " + std::string(parameter) + " of " + driver +
+                                       " is neither on nor off."};
+  }
+  return Unknown{Reason::notSupported,
+                 "The driver " + driver + " has no parameter about taking turns with Bluetooth."};
+}
+
+}  // namespace wifi_profile::machine

@@ -1,0 +1,39 @@
+#include "devices/linux/bus/Bluez.h"
+
+#include "devices/linux/bus/Services.h"
+
+namespace wifi_profile::machine {
+
+using checks::Bluetooth;
+using checks::Known;
+using checks::Reason;
+using checks::Unknown;
+
+Known<Bluetooth> bluetoothFrom(const BusValue& objects) {
+  bool hasAdapter = false;
+  Bluetooth bluetooth;
+  for (const auto& [path, interfaces] : objects.map()) {
+    const BusValue& device = interfaces.at("org.bluez.Device1");
+    const BusValue& adapter = interfaces.at("org.bluez.Adapter1");
+    hasAdapter = hasAdapter || !adapter.map().empty();
+    bluetooth.powered = bluetooth.powered || adapter.at("Powered").boolean().value_or(false);
+    bluetooth.paired += device.at("Paired").boolean().value_or(false) ? 1 : 0;
+    bluetooth.connected += device.at("Connected").boolean().value_or(false) ? 1 : 0;
+  }
+  if (!hasAdapter) {
+    return Unknown{Reason::noHardware, "This device has no Bluetooth adapter that BlueZ knows."};
+  }
+  return bluetooth;
+}
+
+Known<Bluetooth> readBluetooth(Bus& system, const Patience& patience) {
+  const BusAnswer owner = system.ownerOf(kBluez.busName, patience);
+  if (!owner.isGood()) return unknownFrom(owner, kBluez);
+  const BusAnswer answer = system.call(
+      {*owner.first().text(), "/", "org.freedesktop.DBus.ObjectManager", "GetManagedObjects", {}},
+      patience);
+  if (!answer.isGood()) return unknownFrom(answer, kBluez);
+  return bluetoothFrom(answer.first());
+}
+
+}  // namespace wifi_profile::machine

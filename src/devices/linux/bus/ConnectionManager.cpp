@@ -1,0 +1,124 @@
+#include "devices/linux/bus/ConnectionManager.h"
+
+#include "devices/linux/bus/Iwd.h"
+#include "devices/linux/bus/NetworkManager.h"
+#include "devices/linux/bus/Supplicant.h"
+
+namespace wifi_profile::machine {
+
+using checks::ActiveProfile;
+using checks::Known;
+using checks::Reason;
+using checks::SavedNetwork;
+using checks::Unknown;
+
+namespace {
+
+using Kind = ConnectionManager::Kind;
+
+const char* nameOf(Kind kind) { return kind == Kind::iwd ? "iwd" : "wpa_supplicant"; }
+
+// What the managers of radios alone do not know.
+Unknown notTold(Kind kind, const char* what) {
+  return {Reason::notTold,
+          std::string(nameOf(kind)) + " does not say " + what + "; only NetworkManager does."};
+}
+
+}  // namespace
+
+Known<Kind> ConnectionManager::kind(const std::string& interface, const Patience& patience) {
+  const auto byNetworkManager = NetworkManager(bus_).manages(interface, patience);
+  if (byNetworkManager && *byNetworkManager) return Kind::networkManager;
+  const auto isAbsent = [](const Known<bool>& manages) {
+    return manages || manages.why().reason == Reason::noService;
+  };
+  if (!isAbsent(byNetworkManager)) return byNetworkManager.why();
+  const auto byIwd = Iwd(bus_).manages(interface, patience);
+  if (byIwd && *byIwd) return Kind::iwd;
+  if (!isAbsent(byIwd)) return byIwd.why();
+  const auto bySupplicant = Supplicant(bus_).manages(interface, patience);
+  if (bySupplicant && *bySupplicant) return Kind::supplicant;
+  if (!isAbsent(bySupplicant)) return bySupplicant.why();
+  if (byNetworkManager) {
+    return Unknown{Reason::noService, "NetworkManager is running, but does not take care of " +
+                                          interface + " (nmcli device set " + interface +
+                                          " managed yes), and neither does iwd or "
+                                          "wpa_supplicant."};
+  }
+  return byNetworkManager.why();
+}
+
+Known<ActiveProfile> ConnectionManager::activeProfile(const std::string& interface,
+                                                      const Patience& patience) {
+  const auto manager = kind(interface, patience);
+  if (!manager) return manager.why();
+  if (*manager != Kind::networkManager) return notTold(*manager, "how addresses were set up");
+  return NetworkManager(bus_).activeProfile(interface, patience);
+}
+
+Known<std::vector<std::string>> ConnectionManager::dnsServers(const std::string& interface,
+                                                              const Patience& patience) {
+  const auto manager = kind(interface, patience);
+  if (!manager) return manager.why();
+  if (*manager != Kind::networkManager) return notTold(*manager, "the link's DNS servers");
+  return NetworkManager(bus_).dnsServers(interface, patience);
+}
+
+Known<std::vector<SavedNetwork>> ConnectionManager::savedNetworks(const std::string& interface,
+                                                                  const Patience& patience) {
+  const auto manager = kind(interface, patience);
+  if (!manager) return manager.why();
+  switch (*manager) {
+    case Kind::networkManager:
+      return NetworkManager(bus_).savedNetworks(patience);
+    case Kind::iwd:
+      return Iwd(bus_).savedNetworks(patience);
+    case Kind::supplicant:
+      break;
+  }
+  return Supplicant(bus_).savedNetworks(interface, patience);
+}
+
+Known<LastScan> ConnectionManager::lastScan(const std::string& interface,
+                                            const Patience& patience) {
+  const auto manager = kind(interface, patience);
+  if (!manager) return manager.why();
+  if (*manager != Kind::networkManager) return notTold(*manager, "when it scanned last");
+  return NetworkManager(bus_).lastScan(interface, patience);
+}
+
+Known<ScanStart> ConnectionManager::requestScan(const std::string& interface,
+                                                const Patience& patience) {
+  const auto manager = kind(interface, patience);
+  if (!manager) return manager.why();
+  switch (*manager) {
+    case Kind::networkManager:
+      return NetworkManager(bus_).requestScan(interface, patience);
+    case Kind::iwd:
+      return Iwd(bus_).requestScan(interface, patience);
+    case Kind::supplicant:
+      break;
+  }
+  return Supplicant(bus_).requestScan(interface, patience);
+}
+
+Known<bool> ConnectionManager::isRadioOn(const std::string& interface, const Patience& patience) {
+  const auto manager = kind(interface, patience);
+  if (!manager) return manager.why();
+  if (*manager == Kind::networkManager) return NetworkManager(bus_).isWirelessEnabled(patience);
+  return Unknown{Reason::notSupported,
+                 std::string(nameOf(*manager)) + " has no switch for all Wi-Fi."};
+}
+
+std::optional<Unknown> ConnectionManager::setRadioOn(const std::string& interface, bool on,
+                                                     const Patience& patience) {
+  const auto manager = kind(interface, patience);
+  if (!manager) return manager.why();
+  if (*manager == Kind::networkManager) {
+    return NetworkManager(bus_).setWirelessEnabled(on, patience);
+  }
+  return Unknown{Reason::notSupported,
+                 std::string(nameOf(*manager)) + " has no switch for all Wi-Fi."};
+}
+
+}  // namespace wifi_profile::machine

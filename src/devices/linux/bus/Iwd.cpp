@@ -1,0 +1,88 @@
+#include "devices/linux/bus/Iwd.h"
+
+#include "devices/linux/bus/ProfileFacts.h"
+#include "devices/linux/bus/ProfileSecurity.h"
+#include "devices/linux/bus/Services.h"
+
+namespace wifi_profile::machine {
+
+using checks::Known;
+using checks::Reason;
+using checks::SavedNetwork;
+using checks::Unknown;
+
+namespace {
+
+constexpr auto kDevice = "net.connman.iwd.Device";
+constexpr auto kStation = "net.connman.iwd.Station";
+constexpr auto kKnownNetwork = "net.connman.iwd.KnownNetwork";
+constexpr std::size_t kLongestSsid = 32;
+
+// The object of the interface where that is a station's; nothing otherwise.
+std::optional<std::string> stationPath(const BusValue& objects, const std::string& interface) {
+  for (const auto& [path, interfaces] : objects.map()) {
+    if (interfaces.at(kDevice).at("Name").text() == interface &&
+        interfaces.map().contains(kStation)) {
+      return path;
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::vector<SavedNetwork> savedNetworksFromIwd(const BusValue& objects) {
+  std::vector<SavedNetwork> networks;
+  for (const auto& [path, interfaces] : objects.map()) {
+    const BusValue& known = interfaces.at(kKnownNetwork);
+    const auto name = known.at("Name").text();
+    if (!name || name->empty() || name->size() > kLongestSsid) continue;
+    if (networks.size() == kLongestBusList) break;
+    const std::string type = known.at("Type").text().value_or("");
+    SavedNetwork network;
+    network.ssid = *name;
+    network.security = securityFromIwd(type);
+    network.isPasspoint = type == "hotspot";
+    network.isHidden = known.at("Hidden").boolean().value_or(false);
+    network.joinsByItself = known.at("AutoConnect").boolean().value_or(true);
+    network.lastJoined = dateFromIso8601(known.at("LastConnectedTime").text().value_or(""));
+    networks.push_back(std::move(network));
+  }
+  return networks;
+}
+
+Known<Iwd::Objects> Iwd::objects(const Patience& patience) {
+  const BusAnswer owner = bus_.ownerOf(kIwd.busName, patience);
+  if (!owner.isGood()) return unknownFrom(owner, kIwd);
+  const std::string name = *owner.first().text();
+  const BusAnswer answer = bus_.call(
+      {name, "/", "org.freedesktop.DBus.ObjectManager", "GetManagedObjects", {}}, patience);
+  if (!answer.isGood()) return unknownFrom(answer, kIwd);
+  return Objects{name, answer.first()};
+}
+
+Known<bool> Iwd::manages(const std::string& interface, const Patience& patience) {
+  const auto found = objects(patience);
+  if (!found) return found.why();
+  return stationPath(found->objects, interface).has_value();
+}
+
+Known<std::vector<SavedNetwork>> Iwd::savedNetworks(const Patience& patience) {
+  const auto found = objects(patience);
+  if (!found) return found.why();
+  return savedNetworksFromIwd(found->objects);
+}
+
+Known<ScanStart> Iwd::requestScan(const std::string& interface, const Patience& patience) {
+  const auto found = objects(patience);
+  if (!found) return found.why();
+  const auto path = stationPath(found->objects, interface);
+  if (!path) return Unknown{Reason::noHardware, "iwd has no station on " + interface + "."};
+  const BusAnswer answer = bus_.call({found->owner, *path, kStation, "Scan", {}}, patience);
+  if (answer.isGood()) return ScanStart::started;
+  const std::string& error = answer.error->name;
+  if (error.ends_with(".InProgress") || error.ends_with(".Busy")) return ScanStart::tooSoon;
+  return unknownFrom(answer, kIwd);
+}
+
+}  // namespace wifi_profile::machine

@@ -1,0 +1,70 @@
+#include "devices/linux/bus/SessionProxies.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "devices/linux/bus/Services.h"
+
+namespace wifi_profile::machine {
+
+using checks::Known;
+using checks::SessionProxy;
+
+namespace {
+
+// The bytes, not the locale's letters: names of variables are ASCII.
+char lowered(char letter) {
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+bool isNamed(std::string_view name, std::string_view lowerCase) {
+  return std::equal(name.begin(), name.end(), lowerCase.begin(), lowerCase.end(),
+                    [](char a, char b) { return lowered(a) == b; });
+}
+
+}  // namespace
+
+SessionProxy proxyInEnvironment(const char* const* environment) {
+  for (const char* const wanted : {"http_proxy", "https_proxy", "all_proxy"}) {
+    for (const char* const* entry = environment; entry && *entry; ++entry) {
+      const std::string_view variable(*entry);
+      const auto equals = variable.find('=');
+      if (equals == std::string_view::npos || equals + 1 == variable.size()) continue;
+      const std::string_view name = variable.substr(0, equals);
+      if (isNamed(name, wanted)) return {std::string(name) + " in the environment"};
+    }
+  }
+  return {};
+}
+
+Known<SessionProxy> readSessionProxy(const char* const* environment, Bus* session,
+                                     const Patience& patience) {
+  SessionProxy proxy = proxyInEnvironment(environment);
+  if (!proxy.source.empty() || !session) return proxy;
+  using Kind = BusError::Kind;
+  // Where there is no desktop, or its portal does not know of proxies, there are no settings.
+  const auto hasNoSettings = [](const BusAnswer& answer) {
+    return answer.error &&
+           (answer.error->kind == Kind::noBus || answer.error->kind == Kind::noService ||
+            answer.error->kind == Kind::noSuchThing);
+  };
+  const BusAnswer owner = session->ownerOf(kPortal.busName, patience);
+  if (hasNoSettings(owner)) return proxy;
+  if (!owner.isGood()) return unknownFrom(owner, kPortal);
+  const BusAnswer answer = session->call({*owner.first().text(),
+                                          "/org/freedesktop/portal/desktop",
+                                          "org.freedesktop.portal.ProxyResolver",
+                                          "Lookup",
+                                          {"http://example.com/"}},
+                                         patience);
+  if (hasNoSettings(answer)) return proxy;
+  if (!answer.isGood()) return unknownFrom(answer, kPortal);
+  const BusValue::List& proxies = answer.first().list();
+  const bool direct = std::all_of(proxies.begin(), proxies.end(),
+                                  [](const BusValue& one) { return one.text() == "direct://"; });
+  if (!direct) proxy.source = "the desktop's settings";
+  return proxy;
+}
+
+}  // namespace wifi_profile::machine
