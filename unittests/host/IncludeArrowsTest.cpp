@@ -34,6 +34,7 @@ const std::map<std::string, Rooms> kPackages{
     {"checks/IpAddresses.cpp", {"arpa"}},
     {"devices/linux/bus/Bus.cpp", {"sdbus-c++"}},
     {"devices/linux/bus/MessageReader.cpp", {"sdbus-c++"}},
+    {"devices/linux/netlink/Socket.cpp", {"netlink"}},
     {"runtime/AsioMainQueue.cpp", {"asio"}},
     {"runtime/IcuLetterKeys.cpp", {"unicode"}},
     {"runtime/IcuNameCollator.cpp", {"unicode"}},

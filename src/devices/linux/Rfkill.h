@@ -1,0 +1,91 @@
+// The switches of one radio (rfkill): whether it is on, news of that, and switching it on.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "checks/Known.h"
+#include "ieee80211/Bytes.h"
+
+namespace wifi_profile::machine {
+
+// What /dev/rfkill says of one switch (linux/rfkill.h).
+struct RfkillEvent {
+  enum class Operation { added, removed, changed };
+
+  std::uint32_t index = 0;  // the kernel's number of the switch
+  Operation operation = Operation::changed;
+  bool softBlocked = false;  // by software
+  bool hardBlocked = false;  // by a switch on the case, or by the firmware
+
+  bool operator==(const RfkillEvent&) const = default;
+};
+
+// From an event's bytes: 8, or more of a newer kernel, of which the first 8 count. Nothing for
+// fewer, and for operations that are no news. Pure.
+std::optional<RfkillEvent> parseRfkillEvent(ieee80211::Bytes bytes);
+
+// A descriptor that is closed at the end.
+class Descriptor {
+ public:
+  explicit Descriptor(int number = -1) : number_(number) {}
+  ~Descriptor();
+  Descriptor(Descriptor&& other) noexcept;
+  Descriptor& operator=(Descriptor&& other) noexcept;
+  int number() const { return number_; }  // -1: none
+
+ private:
+  int number_;
+};
+
+// Belongs to one thread at a time. No operation waits.
+class Rfkill {
+ public:
+  enum class News { on, off, removed };
+
+  // The switches of the radio that the interface is of. The other paths are given in tests only.
+  explicit Rfkill(std::string interface, std::string device = "/dev/rfkill",
+                  std::string interfaces = "/sys/class/net");
+
+  // Looks for the switches and their state. noHardware: the interface is gone; notSupported: the
+  // radio has no switch, or the kernel does not show any; then the radio counts as on.
+  std::optional<checks::Unknown> open();
+
+  // Whether no switch of the radio is off. Nothing before `open`, and for a radio without switches.
+  std::optional<bool> poweredOn() const;
+  // Whether a switch is off that only hands can turn, or the firmware.
+  bool isHardBlocked() const;
+
+  // Readable when there are events; -1 before `open`.
+  int descriptor() const { return device_.number(); }
+  // Takes what has come, and tells each change of `poweredOn`, and once that the last switch went
+  // away with its radio. Does nothing when nothing has come.
+  void handleEvents(const std::function<void(News)>& tell);
+
+  // Asks for every switch of the radio to be turned on by software; the change comes as an event.
+  // notPermitted: on Debian, users without a seat who are not in the group netdev; radioOff: only
+  // hands can.
+  std::optional<checks::Unknown> switchOn();
+
+ private:
+  struct State {
+    bool softBlocked = false;
+    bool hardBlocked = false;
+  };
+
+  void readEvents();
+
+  std::string interface_;
+  std::string path_;
+  std::string interfaces_;
+  Descriptor device_;
+  std::map<std::uint32_t, State> switches_;  // the radio's, by number
+  std::vector<std::uint32_t> own_;           // numbers of the radio's switches
+  bool hadSwitches_ = false;
+};
+
+}  // namespace wifi_profile::machine

@@ -1,0 +1,25 @@
+// Addresses and gateways of a network interface, from rtnetlink. Any user.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "checks/DeviceFacts.h"
+#include "checks/Known.h"
+#include "devices/linux/Patience.h"
+#include "devices/linux/netlink/Socket.h"
+
+namespace wifi_profile::machine {
+
+// The interface's addresses that can be used now (not tentative, failed or deprecated ones), those
+// of wide scope first, and of each IP version the default gateway of lowest metric over this very
+// interface. `dnsServers` stays empty: the kernel does not know them. An interface without
+// addresses has empty lists; noHardware: there is no interface of that number.
+checks::Known<checks::Addresses> readAddresses(int interface, const Patience& patience);
+
+// The pure part: the payloads of RTM_NEWADDR and RTM_NEWROUTE messages, of all interfaces. Any
+// thread.
+checks::Addresses addressesOf(int interface, const std::vector<Message>& addresses,
+                              const std::vector<Message>& routes);
+
+}  // namespace wifi_profile::machine

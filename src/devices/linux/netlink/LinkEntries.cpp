@@ -1,0 +1,72 @@
+#include "devices/linux/netlink/LinkEntries.h"
+
+#include <linux/nl80211.h>
+
+namespace wifi_profile::machine {
+
+namespace {
+
+// A positive number as a fact; zero means that the driver does not know.
+std::optional<int> positive(std::optional<int> number) {
+  return number && *number > 0 ? number : std::nullopt;
+}
+
+std::optional<int> signalOf(const Attributes& information) {
+  for (const int type :
+       {NL80211_STA_INFO_BEACON_SIGNAL_AVG, NL80211_STA_INFO_SIGNAL_AVG, NL80211_STA_INFO_SIGNAL}) {
+    // One octet with a sign; 0 is what drivers say before they measured.
+    const auto signal = information.number<std::int8_t>(type);
+    if (signal && *signal != 0) return *signal;
+  }
+  return std::nullopt;
+}
+
+bool isDirectLink(const Attributes& information) {
+  const auto flags = information.find(NL80211_STA_INFO_STA_FLAGS);
+  nl80211_sta_flag_update update{};
+  if (!flags || flags->size() < sizeof update) return false;
+  std::memcpy(&update, flags->data(), sizeof update);
+  return (update.mask & update.set & (1U << NL80211_STA_FLAG_TDLS_PEER)) != 0;
+}
+
+}  // namespace
+
+std::optional<StationEntry> stationEntryOf(const Attributes& attributes) {
+  StationEntry entry;
+  entry.address = addressText(attributes.find(NL80211_ATTR_MAC).value_or(Bytes()));
+  const Attributes information = attributes.nested(NL80211_ATTR_STA_INFO);
+  if (entry.address.empty() || isDirectLink(information)) return std::nullopt;
+  entry.signal = signalOf(information);
+  const Attributes parameters = information.nested(NL80211_STA_INFO_BSS_PARAM);
+  entry.beaconInterval =
+      positive(parameters.number<std::uint16_t>(NL80211_STA_BSS_PARAM_BEACON_INTERVAL));
+  entry.dtimPeriod = positive(parameters.number<std::uint8_t>(NL80211_STA_BSS_PARAM_DTIM_PERIOD));
+  return entry;
+}
+
+std::optional<checks::Link> linkOf(const WifiInterface& interface,
+                                   const std::optional<StationEntry>& station,
+                                   const std::optional<ScanEntry>& joined) {
+  if (!station) return std::nullopt;
+  checks::Link link;
+  link.interface = interface.name;
+  link.bssid = station->address;
+  link.signal = station->signal;
+  link.frequency = interface.frequency;
+  link.beaconInterval = station->beaconInterval;
+  link.dtimPeriod = station->dtimPeriod;
+  if (interface.ssid) link.ssid = *interface.ssid;
+  if (joined) {
+    const checks::AccessPoint& point = joined->accessPoint;
+    link.bssid = point.bssid;
+    if (link.ssid.empty()) link.ssid = point.ssid.value_or("");
+    if (!link.signal) link.signal = point.signal;
+    if (!link.frequency) link.frequency = joined->frequency;
+    if (!link.beaconInterval) link.beaconInterval = point.beaconInterval;
+    if (!link.dtimPeriod) link.dtimPeriod = point.dtimPeriod;
+  }
+  if (link.ssid.empty()) return std::nullopt;
+  return link;
+}
+
+}  // namespace wifi_profile::machine

@@ -1,0 +1,36 @@
+// The link as nl80211 tells it in three answers. Pure functions; any thread.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "checks/AirFacts.h"
+#include "devices/linux/netlink/Attributes.h"
+#include "devices/linux/netlink/Interfaces.h"
+#include "devices/linux/netlink/ScanEntries.h"
+
+namespace wifi_profile::machine {
+
+// The access point as a station entry has it.
+struct StationEntry {
+  std::string address;  // as checks::Link::bssid; where a network has several links, of all of them
+  std::optional<int> signal;          // dBm: mean of the beacons, else of all frames, else the last
+  std::optional<int> beaconInterval;  // TU
+  std::optional<int> dtimPeriod;      // beacons
+
+  bool operator==(const StationEntry&) const = default;
+};
+
+// From an answer to NL80211_CMD_GET_STATION. Nothing for one that is not the access point: without
+// an address, or a direct link to another member (TDLS).
+std::optional<StationEntry> stationEntryOf(const Attributes& attributes);
+
+// Nothing when they are not joined: without a station entry, or without a name. The scan list's
+// entry of the joined access point may be missing; it fills in what the others lack, and tells the
+// BSSID where the station entry's address is none.
+std::optional<checks::Link> linkOf(const WifiInterface& interface,
+                                   const std::optional<StationEntry>& station,
+                                   const std::optional<ScanEntry>& joined);
+
+}  // namespace wifi_profile::machine

@@ -1,0 +1,216 @@
+#include "devices/linux/netlink/Nl80211.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <ctime>
+#include <linux/genetlink.h>
+#include <linux/netlink.h>
+#include <linux/nl80211.h>
+#include <unistd.h>
+
+#include "devices/linux/netlink/LinkEntries.h"
+#include "devices/linux/netlink/RadioEntries.h"
+
+namespace wifi_profile::machine {
+
+namespace {
+
+using checks::Known;
+using checks::Reason;
+using checks::Unknown;
+
+const Unknown kNoHardware{Reason::noHardware,
+                          "There is no Wi-Fi device, or its driver is not loaded."};
+const Unknown kGone{Reason::noHardware, "The Wi-Fi interface is gone."};
+
+Request about(int family, int command, Request::Kind kind, const WifiInterface& interface) {
+  Request request(family, command, kind);
+  request.put(NL80211_ATTR_IFINDEX, static_cast<std::uint32_t>(interface.index));
+  return request;
+}
+
+// The number of a multicast group in a family's description; 0: there is none.
+int groupOf(const Attributes& family, std::string_view name) {
+  for (const Attribute& one : family.nested(CTRL_ATTR_MCAST_GROUPS)) {
+    const Attributes group(one.payload);
+    if (group.text(CTRL_ATTR_MCAST_GRP_NAME) != name) continue;
+    return group.number<std::int32_t>(CTRL_ATTR_MCAST_GRP_ID).value_or(0);
+  }
+  return 0;
+}
+
+std::chrono::nanoseconds sinceBoot() {
+  timespec now{};
+  clock_gettime(CLOCK_BOOTTIME, &now);
+  return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+}
+
+// The name of the driver that a link in sysfs leads to; empty: not known.
+std::string driverOf(const std::string& interface) {
+  if (interface.empty() || interface.find('/') != std::string::npos) return {};
+  std::array<char, 256> target{};
+  const std::string path = "/sys/class/net/" + interface + "/device/driver";
+  const auto size = readlink(path.c_str(), target.data(), target.size());
+  if (size <= 0 || static_cast<std::size_t>(size) == target.size()) return {};
+  const std::string whole(target.data(), static_cast<std::size_t>(size));
+  return whole.substr(whole.rfind('/') + 1);  // all of it without a slash: npos + 1 is 0
+}
+
+}  // namespace
+
+NotDone Nl80211::open(const Patience& patience) {
+  if (family_ != 0) return std::nullopt;
+  Request request(GENL_ID_CTRL, CTRL_CMD_GETFAMILY, Request::Kind::one);
+  request.put(CTRL_ATTR_FAMILY_NAME, NL80211_GENL_NAME);
+  std::vector<Message> answers;
+  const int error = requests_.ask(request, patience, answers);
+  if (error == ENOENT) return kNoHardware;
+  if (error != 0) return unknownFor(error, "whether it has Wi-Fi");
+  if (answers.empty()) return kNoHardware;
+  const Attributes family(answers.front().payload);
+  family_ = family.number<std::uint16_t>(CTRL_ATTR_FAMILY_ID).value_or(0);
+  scanGroup_ = groupOf(family, NL80211_MULTICAST_GROUP_SCAN);
+  if (family_ == 0) return kNoHardware;
+  return std::nullopt;
+}
+
+Known<std::vector<Message>> Nl80211::ask(Request& request, std::string_view subject,
+                                         const Patience& patience) {
+  std::vector<Message> answers;
+  const int error = requests_.ask(request, patience, answers);
+  if (error != 0) return unknownFor(error, subject);
+  return answers;
+}
+
+Known<std::vector<WifiInterface>> Nl80211::interfaces(const Patience& patience) {
+  if (auto problem = open(patience)) return *problem;
+  Request request(family_, NL80211_CMD_GET_INTERFACE, Request::Kind::dump);
+  const auto answers = ask(request, "the Wi-Fi interfaces", patience);
+  if (!answers) return answers.why();
+  std::vector<WifiInterface> interfaces;
+  for (const Message& answer : *answers) {
+    if (auto one = interfaceOf(Attributes(answer.payload))) interfaces.push_back(std::move(*one));
+  }
+  if (interfaces.empty()) return kNoHardware;
+  sortForUse(interfaces);
+  return interfaces;
+}
+
+Known<WifiInterface> Nl80211::now(const WifiInterface& interface, const Patience& patience) {
+  auto request = about(family_, NL80211_CMD_GET_INTERFACE, Request::Kind::one, interface);
+  const auto answers = ask(request, "the Wi-Fi interface", patience);
+  if (!answers) return answers.why();
+  if (answers->empty()) return kGone;
+  const auto read = interfaceOf(Attributes(answers->front().payload));
+  if (!read) return kGone;
+  return *read;
+}
+
+Known<std::vector<ScanEntry>> Nl80211::scanEntries(const WifiInterface& interface,
+                                                   const Patience& patience) {
+  auto request = about(family_, NL80211_CMD_GET_SCAN, Request::Kind::dump, interface);
+  const auto answers = ask(request, "the list of access points", patience);
+  if (!answers) return answers.why();
+  std::vector<ScanEntry> entries;
+  const auto time = sinceBoot();
+  for (const Message& answer : *answers) {
+    const Attributes attributes(answer.payload);
+    auto entry = scanEntryOf(attributes.nested(NL80211_ATTR_BSS), time);
+    if (entry) entries.push_back(std::move(*entry));
+  }
+  return entries;
+}
+
+Known<checks::Link> Nl80211::link(const WifiInterface& interface, const Patience& patience) {
+  if (auto problem = open(patience)) return *problem;
+  const auto current = now(interface, patience);
+  if (!current) return current.why();
+
+  auto request = about(family_, NL80211_CMD_GET_STATION, Request::Kind::dump, interface);
+  const auto stations = ask(request, "the link", patience);
+  if (!stations) return stations.why();
+  std::optional<StationEntry> station;
+  for (const Message& answer : *stations) {
+    if (!station) station = stationEntryOf(Attributes(answer.payload));
+  }
+  std::optional<ScanEntry> joined;
+  if (station) {
+    auto entries = scanEntries(*current, patience);
+    // Without the list the link is known less well.
+    if (!entries && entries.why().reason == Reason::tookTooLong) return entries.why();
+    if (entries) {
+      const auto found = std::ranges::find_if(*entries, &ScanEntry::joined);
+      if (found != entries->end()) joined = std::move(*found);
+    }
+  }
+  const auto link = linkOf(*current, station, joined);
+  if (!link) {
+    return Unknown{Reason::notJoined,
+                   "The Wi-Fi interface is not joined to a network. Join one and try again."};
+  }
+  return *link;
+}
+
+Known<ScanList> Nl80211::scan(const WifiInterface& interface, const Patience& patience) {
+  if (auto problem = open(patience)) return *problem;
+  auto entries = scanEntries(interface, patience);
+  if (!entries) return entries.why();
+  return scanListOf(std::move(*entries));
+}
+
+Known<std::vector<checks::ChannelSurvey>> Nl80211::surveys(const WifiInterface& interface,
+                                                           const Patience& patience) {
+  if (auto problem = open(patience)) return *problem;
+  auto request = about(family_, NL80211_CMD_GET_SURVEY, Request::Kind::dump, interface);
+  const auto answers = ask(request, "how busy the channels are", patience);
+  if (!answers) return answers.why();
+  std::vector<checks::ChannelSurvey> surveys;
+  for (const Message& answer : *answers) {
+    if (const auto one = surveyOf(Attributes(answer.payload))) surveys.push_back(*one);
+  }
+  if (surveys.empty()) return unknownFor(EOPNOTSUPP, "how busy the channels are");
+  std::ranges::stable_sort(surveys, {}, &checks::ChannelSurvey::frequency);
+  return surveys;
+}
+
+Known<checks::Radio> Nl80211::radio(const WifiInterface& interface, const Patience& patience) {
+  const auto all = interfaces(patience);
+  if (!all) return all.why();
+  Request request(family_, NL80211_CMD_GET_WIPHY, Request::Kind::dump);
+  request.putFlag(NL80211_ATTR_SPLIT_WIPHY_DUMP).put(NL80211_ATTR_WIPHY, interface.wiphy);
+  const auto answers = ask(request, "what the radio can do", patience);
+  if (!answers) return answers.why();
+  checks::Radio radio;
+  bool found = false;
+  for (const Message& answer : *answers) {
+    const Attributes attributes(answer.payload);
+    // Old kernels do not filter.
+    if (attributes.number<std::uint32_t>(NL80211_ATTR_WIPHY) != interface.wiphy) continue;
+    addToRadio(attributes, radio);
+    found = true;
+  }
+  if (!found) return kGone;
+  finishChannels(radio);
+  radio.driver = driverOf(interface.name);
+  radio.interfaces = interfacesOf(*all, interface.wiphy);
+  return radio;
+}
+
+Known<checks::Regulatory> Nl80211::regulatory(const WifiInterface& interface,
+                                              const Patience& patience) {
+  if (auto problem = open(patience)) return *problem;
+  Request request(family_, NL80211_CMD_GET_REG, Request::Kind::one);
+  request.put(NL80211_ATTR_WIPHY, interface.wiphy);
+  const auto answers = ask(request, "the country of the rules", patience);
+  if (!answers) return answers.why();
+  if (!answers->empty()) {
+    const auto regulatory = regulatoryOf(Attributes(answers->front().payload));
+    if (regulatory) return *regulatory;
+  }
+  return Unknown{Reason::notTold,
+                 "The kernel follows rules that are not one country's, such as the driver's own or "
+                 "a mixture. Set the country, for instance with `iw reg set`."};
+}
+
+}  // namespace wifi_profile::machine

@@ -1,0 +1,97 @@
+// Scans: asked for, and waited for.
+
+#include <cerrno>
+#include <linux/netlink.h>
+#include <linux/nl80211.h>
+
+#include "devices/linux/netlink/Nl80211.h"
+
+namespace wifi_profile::machine {
+
+namespace {
+
+constexpr std::string_view kSubject = "a new scan's results";
+
+checks::Unknown abortedScan() {
+  return {checks::Reason::failed,
+          "The scan was given up half-way: by the driver, or because somebody asked for that. Try "
+          "again."};
+}
+
+}  // namespace
+
+NotDone Nl80211::watchScans(const Patience& patience) {
+  if (auto problem = open(patience)) return problem;
+  if (scanGroup_ == 0) return unknownFor(EOPNOTSUPP, kSubject);
+  if (const int error = events_.listen(scanGroup_); error != 0) return unknownFor(error, kSubject);
+  return std::nullopt;
+}
+
+std::optional<Nl80211::ScanEnd> Nl80211::scanEnd(const Message& event,
+                                                 const WifiInterface& interface) {
+  const Attributes attributes(event.payload);
+  const auto index = attributes.number<std::int32_t>(NL80211_ATTR_IFINDEX);
+  if (index ? *index != interface.index
+            : attributes.number<std::uint32_t>(NL80211_ATTR_WIPHY) != interface.wiphy) {
+    return std::nullopt;
+  }
+  if (event.command == NL80211_CMD_NEW_SCAN_RESULTS) return ScanEnd::results;
+  if (event.command == NL80211_CMD_SCAN_ABORTED) return ScanEnd::aborted;
+  return std::nullopt;
+}
+
+int Nl80211::awaitScanEnd(const WifiInterface& interface, const Patience& patience, ScanEnd& end) {
+  while (true) {
+    Message event;
+    const int error = events_.nextEvent(patience, event);
+    // Some events were lost, and ours may have been among them. The list tells how old it is.
+    if (error == ENOBUFS) {
+      end = ScanEnd::results;
+      return 0;
+    }
+    if (error != 0) return error;
+    if (event.type != family_) continue;
+    if (const auto read = scanEnd(event, interface)) {
+      end = *read;
+      return 0;
+    }
+  }
+}
+
+NotDone Nl80211::awaitScanResults(const WifiInterface& interface, const Patience& patience) {
+  if (auto problem = open(patience)) return problem;
+  ScanEnd end{};
+  const int error = awaitScanEnd(interface, patience, end);
+  if (error != 0) return unknownFor(error, kSubject);
+  if (end == ScanEnd::aborted) return abortedScan();
+  return std::nullopt;
+}
+
+int Nl80211::startScan(const WifiInterface& interface, const Patience& patience) {
+  Request request(family_, NL80211_CMD_TRIGGER_SCAN, Request::Kind::one);
+  request.put(NL80211_ATTR_IFINDEX, static_cast<std::uint32_t>(interface.index));
+  // One name, the empty one: probes for any network.
+  request.putEmptyList(NL80211_ATTR_SCAN_SSIDS);
+  std::vector<Message> answers;
+  return requests_.ask(request, patience, answers);
+}
+
+NotDone Nl80211::triggerScan(const WifiInterface& interface, const Patience& patience) {
+  if (auto problem = watchScans(patience)) return problem;
+  while (true) {
+    const int error = startScan(interface, patience);
+    if (error == 0) return awaitScanResults(interface, patience);
+    if (error != EBUSY) return unknownFor(error, kSubject);
+    // Another scan is under way. It may have ended before we listened: then ours can begin.
+    constexpr std::chrono::milliseconds kUntilNextTry{1000};
+    ScanEnd end{};
+    const Patience little = patience.atMost(kUntilNextTry);
+    const int awaited = awaitScanEnd(interface, little, end);
+    if (awaited == 0 && end == ScanEnd::results) return std::nullopt;
+    if (awaited != 0 && (awaited != ETIMEDOUT || patience.isOver())) {
+      return unknownFor(awaited, kSubject);
+    }
+  }
+}
+
+}  // namespace wifi_profile::machine

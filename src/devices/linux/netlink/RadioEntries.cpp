@@ -1,0 +1,98 @@
+#include "devices/linux/netlink/RadioEntries.h"
+
+#include <algorithm>
+#include <linux/nl80211.h>
+
+namespace wifi_profile::machine {
+
+namespace {
+
+// The cipher of WAPI, SMS4, as nl80211 numbers suites: organisation and type.
+constexpr std::uint32_t kSms4Cipher = 0x00147201;
+// More than the standard's bands have; a driver that says more is broken.
+constexpr std::size_t kMostChannels = 1024;
+
+std::optional<checks::RadioChannel> channelOf(const Attributes& attributes) {
+  const auto frequency = attributes.number<std::int32_t>(NL80211_FREQUENCY_ATTR_FREQ);
+  if (!frequency || *frequency <= 0) return std::nullopt;
+  return checks::RadioChannel{.frequency = *frequency,
+                              .disabled = attributes.has(NL80211_FREQUENCY_ATTR_DISABLED),
+                              .radarDetection = attributes.has(NL80211_FREQUENCY_ATTR_RADAR)};
+}
+
+std::optional<std::chrono::milliseconds> timeOf(const Attributes& survey, int type) {
+  const auto time = survey.number<std::uint64_t>(type);
+  // Nobody listened for a hundred years.
+  constexpr std::uint64_t kLongest = std::uint64_t{100} * 366 * 24 * 3600 * 1000;
+  if (!time || *time > kLongest) return std::nullopt;
+  return std::chrono::milliseconds(static_cast<std::int64_t>(*time));
+}
+
+bool hasSms4(Bytes suites) {
+  for (; suites.size() >= sizeof kSms4Cipher; suites = suites.subspan(sizeof kSms4Cipher)) {
+    std::uint32_t suite = 0;
+    std::memcpy(&suite, suites.data(), sizeof suite);
+    if (suite == kSms4Cipher) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+void addToRadio(const Attributes& attributes, checks::Radio& radio) {
+  for (const Attribute& band : attributes.nested(NL80211_ATTR_WIPHY_BANDS)) {
+    for (const Attribute& one : Attributes(band.payload).nested(NL80211_BAND_ATTR_FREQS)) {
+      const auto channel = channelOf(Attributes(one.payload));
+      if (channel && radio.channels.size() < kMostChannels) radio.channels.push_back(*channel);
+    }
+  }
+  if (hasSms4(attributes.find(NL80211_ATTR_CIPHER_SUITES).value_or(Bytes()))) {
+    radio.knowsWapi = true;
+  }
+}
+
+void finishChannels(checks::Radio& radio) {
+  std::ranges::stable_sort(radio.channels, {}, &checks::RadioChannel::frequency);
+  const auto rest = std::ranges::unique(radio.channels, {}, &checks::RadioChannel::frequency);
+  radio.channels.erase(rest.begin(), rest.end());
+}
+
+std::vector<checks::RadioInterface> interfacesOf(const std::vector<WifiInterface>& all,
+                                                 std::uint32_t wiphy) {
+  std::vector<checks::RadioInterface> interfaces;
+  for (const WifiInterface& one : all) {
+    if (one.wiphy == wiphy) interfaces.push_back({.name = one.name, .role = one.role});
+  }
+  return interfaces;
+}
+
+std::optional<checks::ChannelSurvey> surveyOf(const Attributes& attributes) {
+  const Attributes information = attributes.nested(NL80211_ATTR_SURVEY_INFO);
+  const auto frequency = information.number<std::int32_t>(NL80211_SURVEY_INFO_FREQUENCY);
+  if (!frequency || *frequency <= 0) return std::nullopt;
+  checks::ChannelSurvey survey;
+  survey.frequency = *frequency;
+  survey.inUse = information.has(NL80211_SURVEY_INFO_IN_USE);
+  const auto noise = information.number<std::int8_t>(NL80211_SURVEY_INFO_NOISE);
+  // 0 dBm of noise is what drivers say that did not measure.
+  if (noise && *noise != 0) survey.noise = *noise;
+  survey.active = timeOf(information, NL80211_SURVEY_INFO_TIME);
+  survey.busy = timeOf(information, NL80211_SURVEY_INFO_TIME_BUSY);
+  survey.transmit = timeOf(information, NL80211_SURVEY_INFO_TIME_TX);
+  if (survey.busy && (!survey.active || *survey.busy > *survey.active)) survey.busy.reset();
+  if (survey.transmit && (!survey.busy || *survey.transmit > *survey.busy)) {
+    survey.transmit.reset();
+  }
+  return survey;
+}
+
+std::optional<checks::Regulatory> regulatoryOf(const Attributes& attributes) {
+  const auto country = attributes.text(NL80211_ATTR_REG_ALPHA2);
+  if (!country || country->size() != 2) return std::nullopt;
+  const bool letters =
+      std::ranges::all_of(*country, [](char letter) { return letter >= 'A' && letter <= 'Z'; });
+  if (!letters && *country != "00") return std::nullopt;
+  return checks::Regulatory{*country};
+}
+
+}  // namespace wifi_profile::machine

@@ -1,0 +1,30 @@
+// The radio, its surveys and its rules as nl80211 tells them. Pure functions; any thread.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "checks/AirFacts.h"
+#include "devices/linux/netlink/Attributes.h"
+#include "devices/linux/netlink/Interfaces.h"
+
+namespace wifi_profile::machine {
+
+// Adds what one answer to NL80211_CMD_GET_WIPHY says: channels and ciphers. The kernel splits what
+// it knows into many. Once all are in, `finishChannels` puts them in order, each once.
+void addToRadio(const Attributes& attributes, checks::Radio& radio);
+void finishChannels(checks::Radio& radio);
+
+// Of the interfaces that have this radio.
+std::vector<checks::RadioInterface> interfacesOf(const std::vector<WifiInterface>& all,
+                                                 std::uint32_t wiphy);
+
+// From an answer to NL80211_CMD_GET_SURVEY. Nothing without a frequency. Times that contradict each
+// other (busier than it listened) are left out.
+std::optional<checks::ChannelSurvey> surveyOf(const Attributes& attributes);
+
+// From the answer to NL80211_CMD_GET_REG: two capital letters or "00". Nothing for what is no
+// country, such as a mixture of several ones' rules.
+std::optional<checks::Regulatory> regulatoryOf(const Attributes& attributes);
+
+}  // namespace wifi_profile::machine

@@ -1,0 +1,236 @@
+#include "devices/linux/netlink/ScanEntries.h"
+
+#include <algorithm>
+#include <linux/nl80211.h>
+#include <unordered_map>
+
+#include "devices/linux/netlink/Interfaces.h"
+#include "ieee80211/AccessPointElements.h"
+#include "ieee80211/Elements.h"
+
+namespace wifi_profile::machine {
+
+namespace {
+
+using checks::AccessPoint;
+using ieee80211::AccessPointElements;
+using ieee80211::NetworkElements;
+using std::chrono::milliseconds;
+
+template <class T>
+void fill(std::optional<T>& place, const std::optional<T>& value) {
+  if (!place) place = value;
+}
+
+// What a network says of itself, where it is not known already.
+void fillFrom(AccessPoint& point, const NetworkElements& network) {
+  if (!point.ssid && network.ssid && !network.ssid->hidden) point.ssid = network.ssid->name;
+  if (!point.dtimPeriod && network.dtim) point.dtimPeriod = network.dtim->period;
+  if (point.security == ieee80211::Security::unknown) point.security = network.security;
+  if (point.basicRates.empty() && network.rates) {
+    point.basicRates.assign(network.rates->basic.begin(), network.rates->basic.end());
+  }
+  if (!point.stations && network.load) {
+    point.stations = network.load->stations;
+    point.channelUtilization = network.load->channelUtilization;
+  }
+  if (!point.accessNetworkType && network.interworking) {
+    point.accessNetworkType = network.interworking->accessNetworkType;
+    point.additionalStepNeeded = network.interworking->additionalStepNeeded;
+  }
+  if (network.isPasspoint()) point.isPasspoint = true;
+  if (network.wps) {
+    fill(point.maker, network.wps->manufacturer);
+    fill(point.model, network.wps->modelName);
+  }
+}
+
+void fillFrom(AccessPoint& point, const AccessPointElements& elements) {
+  fillFrom(point, elements.network);
+  fill(point.channel, elements.channel);
+  if (point.modes == ieee80211::PhyModes{}) point.modes = elements.modes;
+  if (elements.country) fill(point.country, std::optional(elements.country->code));
+}
+
+// Of a network that another one's beacons announce: where and when is the sender's.
+std::optional<AccessPoint> announced(const AccessPoint& sender,
+                                     const ieee80211::NontransmittedNetwork& other) {
+  if (!other.bssid) return std::nullopt;
+  AccessPoint point;
+  point.bssid = addressText(*other.bssid);
+  if (point.bssid == sender.bssid) return std::nullopt;
+  point.transmitterBssid = sender.bssid;
+  point.hidesName = other.network.ssid && other.network.ssid->hidden;
+  point.signal = sender.signal;
+  point.channel = sender.channel;
+  point.modes = sender.modes;
+  point.country = sender.country;
+  point.beaconInterval = sender.beaconInterval;
+  fillFrom(point, other.network);
+  return point;
+}
+
+bool hasElement(Bytes elements, std::uint8_t id) {
+  ieee80211::ElementWalker walker(elements);
+  while (const auto element = walker.next()) {
+    if (element->id == id) return true;
+  }
+  return false;
+}
+
+// In dBm. Other values are a broken driver's.
+std::optional<int> signalOf(const Attributes& bss) {
+  constexpr int kWeakest = -150;
+  constexpr int kStrongest = 50;
+  const auto hundredths = bss.number<std::int32_t>(NL80211_BSS_SIGNAL_MBM);
+  if (!hundredths) return std::nullopt;
+  const int signal = *hundredths / 100;
+  if (signal < kWeakest || signal > kStrongest) return std::nullopt;
+  return signal;
+}
+
+std::optional<milliseconds> ageOf(const Attributes& bss, std::chrono::nanoseconds sinceBoot) {
+  if (const auto heard = bss.number<std::uint64_t>(NL80211_BSS_LAST_SEEN_BOOTTIME)) {
+    const auto now = static_cast<std::uint64_t>(std::max<std::int64_t>(sinceBoot.count(), 0));
+    // A time that is still to come: heard just now, by a clock that is read later than ours.
+    const std::uint64_t nanoseconds = now > *heard ? now - *heard : 0;
+    return milliseconds(static_cast<std::int64_t>(nanoseconds / 1'000'000));
+  }
+  if (const auto ago = bss.number<std::uint32_t>(NL80211_BSS_SEEN_MS_AGO))
+    return milliseconds(*ago);
+  return std::nullopt;
+}
+
+bool isJoined(const Attributes& bss) {
+  const auto status = bss.number<std::uint32_t>(NL80211_BSS_STATUS);
+  return status == NL80211_BSS_STATUS_ASSOCIATED || status == NL80211_BSS_STATUS_IBSS_JOINED;
+}
+
+// Which of two entries with the same BSSID is the one to keep.
+bool isBetter(const ScanEntry& one, const ScanEntry& other) {
+  const bool named = one.accessPoint.ssid.has_value();
+  if (named != other.accessPoint.ssid.has_value()) return named;
+  if (one.joined != other.joined) return one.joined;
+  return one.age && (!other.age || *one.age < *other.age);
+}
+
+class ListMaker {
+ public:
+  void add(ScanEntry&& entry) {
+    const auto [place, isNew] = places_.try_emplace(entry.accessPoint.bssid, entries_.size());
+    if (isNew && entries_.size() < kMostAccessPoints) {
+      entries_.push_back(std::move(entry));
+    } else if (isNew) {
+      places_.erase(place);
+    } else {
+      join(entries_[place->second], std::move(entry));
+    }
+  }
+
+  // Of those that announce others, the others; once all entries are in.
+  void addAnnounced() {
+    const std::size_t count = entries_.size();
+    for (std::size_t at = 0; at < count; ++at) {
+      const std::vector<AccessPoint> others = std::move(entries_[at].others);
+      for (const AccessPoint& other : others) addAnnounced(other);
+    }
+  }
+
+  checks::Scan scan() && {
+    checks::Scan scan;
+    scan.accessPoints.reserve(entries_.size());
+    for (ScanEntry& entry : entries_) scan.accessPoints.push_back(std::move(entry.accessPoint));
+    return scan;
+  }
+
+ private:
+  static void join(ScanEntry& kept, ScanEntry&& other) {
+    // The kernel lists a hidden network twice when its name was told: as it hides, and with it.
+    const bool hides = kept.accessPoint.hidesName || other.accessPoint.hidesName;
+    if (isBetter(other, kept)) std::swap(kept, other);
+    kept.accessPoint.hidesName = hides;
+    fill(kept.accessPoint.dtimPeriod, other.accessPoint.dtimPeriod);
+    fill(kept.accessPoint.country, other.accessPoint.country);
+  }
+
+  void addAnnounced(const AccessPoint& other) {
+    const auto place = places_.find(other.bssid);
+    if (place == places_.end()) {
+      ScanEntry entry;
+      entry.accessPoint = other;
+      entry.nontransmitted = true;
+      add(std::move(entry));
+      return;
+    }
+    ScanEntry& entry = entries_[place->second];
+    // Anybody can announce a neighbour's address.
+    if (!entry.nontransmitted) return;
+    fill(entry.accessPoint.transmitterBssid, other.transmitterBssid);
+    // The kernel's entry has inherited the sender's beacon map.
+    if (other.dtimPeriod) entry.accessPoint.dtimPeriod = other.dtimPeriod;
+  }
+
+  std::vector<ScanEntry> entries_;
+  std::unordered_map<std::string, std::size_t> places_;  // by BSSID
+};
+
+}  // namespace
+
+std::optional<ScanEntry> scanEntryOf(const Attributes& bss, std::chrono::nanoseconds sinceBoot) {
+  const Bytes bssid = bss.find(NL80211_BSS_BSSID).value_or(Bytes());
+  ScanEntry entry;
+  AccessPoint& point = entry.accessPoint;
+  point.bssid = addressText(bssid);
+  if (point.bssid.empty()) return std::nullopt;
+
+  ieee80211::ReceivedFrame frame;
+  frame.bssid.emplace();
+  std::ranges::copy(bssid, frame.bssid->begin());
+  frame.capabilities = bss.number<std::uint16_t>(NL80211_BSS_CAPABILITY).value_or(0);
+  const auto frequency = bss.number<std::int32_t>(NL80211_BSS_FREQUENCY);
+  if (frequency && *frequency > 0) entry.frequency = frame.frequency = *frequency;
+  point.signal = signalOf(bss);
+  const auto interval = bss.number<std::uint16_t>(NL80211_BSS_BEACON_INTERVAL);
+  if (interval && *interval > 0) point.beaconInterval = *interval;
+  entry.joined = isJoined(bss);
+  entry.age = ageOf(bss, sinceBoot);
+
+  // The newest frame's, of a probe response where there was one.
+  const Bytes newest = bss.find(NL80211_BSS_INFORMATION_ELEMENTS).value_or(Bytes());
+  const auto beacon = bss.find(NL80211_BSS_BEACON_IES);
+  frame.elements = newest;
+  const auto fromNewest = parseAccessPointElements(frame);
+  const bool beaconIsNewest = !bss.has(NL80211_BSS_PRESP_DATA);
+  fillFrom(point, fromNewest);
+  const AccessPointElements* all = &fromNewest;
+  AccessPointElements fromBeacon;
+  if (beacon && !ieee80211::areEqual(*beacon, newest)) {
+    frame.elements = *beacon;
+    fromBeacon = parseAccessPointElements(frame);
+    fillFrom(point, fromBeacon);
+    if (fromBeacon.network.ssid) point.hidesName = fromBeacon.network.ssid->hidden;
+    if (all->others.empty()) all = &fromBeacon;
+  } else if ((beacon || beaconIsNewest) && fromNewest.network.ssid) {
+    point.hidesName = fromNewest.network.ssid->hidden;
+  }
+  entry.nontransmitted = hasElement(newest, ieee80211::kMultipleBssidIndexId);
+  for (const auto& other : all->others) {
+    if (entry.others.size() == ScanEntry::kMostAnnounced) break;
+    if (auto known = announced(point, other)) entry.others.push_back(std::move(*known));
+  }
+  return entry;
+}
+
+ScanList scanListOf(std::vector<ScanEntry> entries) {
+  ScanList list;
+  ListMaker maker;
+  for (ScanEntry& entry : entries) {
+    if (!entry.joined && entry.age && (!list.age || *entry.age < *list.age)) list.age = entry.age;
+    maker.add(std::move(entry));
+  }
+  maker.addAnnounced();
+  list.scan = std::move(maker).scan();
+  return list;
+}
+
+}  // namespace wifi_profile::machine

@@ -1,0 +1,52 @@
+// The entries of the kernel's scan list (NL80211_ATTR_BSS) as access points. Pure functions; any
+// thread. All bytes of the elements are a stranger's.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "checks/AirFacts.h"
+#include "devices/linux/netlink/Attributes.h"
+
+namespace wifi_profile::machine {
+
+// The newest scan and how old it is.
+struct ScanList {
+  checks::Scan scan;
+  // Since an access point was last heard that the radio is not joined to: the joined one is heard
+  // all the time, the others only in scans. Nothing: there is none, or the driver does not say.
+  std::optional<std::chrono::milliseconds> age;
+
+  bool operator==(const ScanList&) const = default;
+};
+
+// One entry of the list.
+struct ScanEntry {
+  checks::AccessPoint accessPoint;
+  bool joined = false;                           // the radio is
+  std::optional<int> frequency;                  // MHz, where it was heard
+  std::optional<std::chrono::milliseconds> age;  // since it was last heard
+  // It shares another network's beacons, as it says itself.
+  bool nontransmitted = false;
+  // The networks that its beacons announce besides it, the first kMostAnnounced of them.
+  static constexpr std::size_t kMostAnnounced = 32;
+  std::vector<checks::AccessPoint> others;
+
+  bool operator==(const ScanEntry&) const = default;
+};
+
+// From the attributes inside NL80211_ATTR_BSS. Probe responses and beacons are put together: the
+// name is the probe response's, whether it hides it the beacon's, and what one lacks is taken from
+// the other one. `sinceBoot` is the time now by CLOCK_BOOTTIME. Nothing without a BSSID.
+std::optional<ScanEntry> scanEntryOf(const Attributes& bss, std::chrono::nanoseconds sinceBoot);
+
+// Each BSSID once: an entry with a name is kept before one without, then the one that was heard
+// last. A network that only another one's beacons announce is added; one that has an entry and says
+// that it is such a network gets its sender's address. At most kMostAccessPoints.
+inline constexpr std::size_t kMostAccessPoints = 4096;
+ScanList scanListOf(std::vector<ScanEntry> entries);
+
+}  // namespace wifi_profile::machine
