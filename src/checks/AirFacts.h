@@ -16,60 +16,61 @@ namespace wifi_profile::checks {
 
 // The access point that the radio is joined to. Optional values: the driver does not say.
 struct Link {
-  std::string interface;              // such as wlan0
-  std::string ssid;                   // 1 to 32 bytes of any kind
-  std::string bssid;                  // six pairs of lower-case hexadecimal digits with colons
-  std::optional<int> signal;          // dBm, mean of its beacons or frames
-  std::optional<int> frequency;       // MHz, of the primary channel
-  std::optional<int> beaconInterval;  // TU
-  std::optional<int> dtimPeriod;      // beacons
+  std::string interface = {};  // such as wlan0
+  std::string ssid = {};       // 1 to 32 bytes of any kind
+  std::string bssid = {};      // six pairs of lower-case hexadecimal digits with colons
+  std::optional<int> signal = std::nullopt;          // dBm, mean of its beacons or frames
+  std::optional<int> frequency = std::nullopt;       // MHz, of the primary channel
+  std::optional<int> beaconInterval = std::nullopt;  // TU
+  std::optional<int> dtimPeriod = std::nullopt;      // beacons
 
   bool operator==(const Link&) const = default;
 };
 
 // An access point as the last scan heard it. A box with several networks has several of these.
 struct AccessPoint {
-  std::string bssid;  // as in Link
+  std::string bssid = {};  // as in Link
   // 1 to 32 bytes; nothing when it never told its name.
-  std::optional<std::string> ssid;
-  bool hidesName = false;     // the name in its beacons is empty or zeros
-  std::optional<int> signal;  // dBm
-  std::optional<ieee80211::OperatingChannel> channel;
-  std::optional<int> beaconInterval;  // TU
-  std::optional<int> dtimPeriod;      // beacons
+  std::optional<std::string> ssid = std::nullopt;
+  bool hidesName = false;                    // the name in its beacons is empty or zeros
+  std::optional<int> signal = std::nullopt;  // dBm
+  std::optional<ieee80211::OperatingChannel> channel = std::nullopt;
+  std::optional<int> beaconInterval = std::nullopt;  // TU
+  std::optional<int> dtimPeriod = std::nullopt;      // beacons
   ieee80211::Security security = ieee80211::Security::unknown;
-  std::vector<int> basicRates;  // in units of 500 kbit/s
-  ieee80211::PhyModes modes;
-  std::optional<std::string> country;     // two capital letters
-  std::optional<int> channelUtilization;  // BSS Load, 0 to 255
-  std::optional<int> stations;            // BSS Load
+  std::vector<int> basicRates = {};  // in units of 500 kbit/s
+  ieee80211::PhyModes modes = {};
+  std::optional<std::string> country = std::nullopt;     // two capital letters
+  std::optional<int> channelUtilization = std::nullopt;  // BSS Load, 0 to 255
+  std::optional<int> stations = std::nullopt;            // BSS Load
   // Interworking: 0 private to 15 wildcard; 4 is a personal device's network.
-  std::optional<int> accessNetworkType;
+  std::optional<int> accessNetworkType = std::nullopt;
   bool additionalStepNeeded = false;  // Interworking says so: a page to agree to, for instance
   bool isPasspoint = false;
-  std::optional<std::string> maker;  // WPS, any bytes
-  std::optional<std::string> model;  // WPS, any bytes
+  std::optional<std::string> maker = std::nullopt;  // WPS, any bytes
+  std::optional<std::string> model = std::nullopt;  // WPS, any bytes
   // Of another network of the same box that announced this one.
-  std::optional<std::string> transmitterBssid;
+  std::optional<std::string> transmitterBssid = std::nullopt;
 
   bool operator==(const AccessPoint&) const = default;
 };
 
 // The newest scan.
 struct Scan {
-  std::vector<AccessPoint> accessPoints;  // each BSSID once, in no particular order
+  std::vector<AccessPoint> accessPoints = {};  // each BSSID once, in no particular order
 
   bool operator==(const Scan&) const = default;
 };
 
 // How the radio found one channel. Times are those of one and the same period.
 struct ChannelSurvey {
-  int frequency = 0;                                  // MHz
-  bool inUse = false;                                 // the radio works on it now
-  std::optional<int> noise;                           // dBm
-  std::optional<std::chrono::milliseconds> active;    // the radio listened
-  std::optional<std::chrono::milliseconds> busy;      // of that, the channel was busy
-  std::optional<std::chrono::milliseconds> transmit;  // of that, with this radio's own frames
+  int frequency = 0;                                               // MHz
+  bool inUse = false;                                              // the radio works on it now
+  std::optional<int> noise = std::nullopt;                         // dBm
+  std::optional<std::chrono::milliseconds> active = std::nullopt;  // the radio listened
+  std::optional<std::chrono::milliseconds> busy = std::nullopt;    // of that, the channel was busy
+  std::optional<std::chrono::milliseconds> transmit =
+      std::nullopt;  // of that, with this radio's own frames
 
   bool operator==(const ChannelSurvey&) const = default;
 };
@@ -89,16 +90,16 @@ struct RadioInterface {
   // devices.
   enum class Role { station, accessPoint, peerLink, other };
 
-  std::string name;  // may be empty: not every one is a network interface
+  std::string name = {};  // may be empty: not every one is a network interface
   Role role = Role::other;
 
   bool operator==(const RadioInterface&) const = default;
 };
 
 struct Radio {
-  std::string driver;  // such as iwlwifi; empty: not known
-  std::vector<RadioChannel> channels;
-  std::vector<RadioInterface> interfaces;
+  std::string driver = {};  // such as iwlwifi; empty: not known
+  std::vector<RadioChannel> channels = {};
+  std::vector<RadioInterface> interfaces = {};
   bool knowsWapi = false;  // has the cipher of WAPI
 
   bool operator==(const Radio&) const = default;
@@ -106,7 +107,7 @@ struct Radio {
 
 // The rules that the kernel follows.
 struct Regulatory {
-  std::string country;  // two capital letters; "00": the world, that is, not set
+  std::string country = {};  // two capital letters; "00": the world, that is, not set
 
   bool operator==(const Regulatory&) const = default;
 };

@@ -15,7 +15,7 @@ enum class AddressMethod { automatic, manual, linkLocal, shared, disabled };
 // One IP version of the profile that is in use.
 struct AddressSettings {
   AddressMethod method = AddressMethod::automatic;
-  std::vector<std::string> dnsServers;  // set in the profile, besides the network's own
+  std::vector<std::string> dnsServers = {};  // set in the profile, besides the network's own
   bool ignoresNetworkDns = false;
   bool hasExtraAddresses = false;  // addresses or a gateway of its own besides the network's
 
@@ -24,35 +24,35 @@ struct AddressSettings {
 
 // The profile that the joined network was joined with.
 struct ActiveProfile {
-  AddressSettings ipv4;
-  AddressSettings ipv6;
+  AddressSettings ipv4 = {};
+  AddressSettings ipv6 = {};
   bool hasProxy = false;  // of its own: a script's address
   // Whether the network charges by volume, as the manager was told or guessed; nothing: it does
   // not say.
-  std::optional<bool> metered;
+  std::optional<bool> metered = std::nullopt;
   // Where the network says whether it has a sign-in page (DHCP option 114, RFC 8910); hostile text.
-  std::optional<std::string> captivePortalApi;
+  std::optional<std::string> captivePortalApi = std::nullopt;
 
   bool operator==(const ActiveProfile&) const = default;
 };
 
 // The proxy settings of the session.
 struct SessionProxy {
-  std::string source;  // where it is set, such as "http_proxy in the environment"; empty: none
+  std::string source = {};  // where it is set, such as "http_proxy in the environment"; empty: none
 
   bool operator==(const SessionProxy&) const = default;
 };
 
 // A remembered network.
 struct SavedNetwork {
-  std::string ssid;
+  std::string ssid = {};
   ieee80211::Security security = ieee80211::Security::unknown;
   bool isHidden = false;
   bool isPasspoint = false;
   bool joinsByItself = true;
-  std::optional<bool> metered;     // as the person set it
-  std::optional<Date> lastJoined;  // nothing: never, or not known
-  int accessPoints = 0;            // how many the manager remembers having seen; 0: it does not say
+  std::optional<bool> metered = std::nullopt;     // as the person set it
+  std::optional<Date> lastJoined = std::nullopt;  // nothing: never, or not known
+  int accessPoints = 0;  // how many the manager remembers having seen; 0: it does not say
 
   bool operator==(const SavedNetwork&) const = default;
 };
@@ -67,8 +67,8 @@ struct Bluetooth {
 
 // Whether Wi-Fi and Bluetooth take turns on the antenna, where the driver says.
 struct Coexistence {
-  std::string driver;
-  std::string parameter;  // the one that says so
+  std::string driver = {};
+  std::string parameter = {};  // the one that says so
   bool takesTurns = false;
 
   bool operator==(const Coexistence&) const = default;
@@ -76,11 +76,12 @@ struct Coexistence {
 
 // Addresses of the Wi-Fi interface.
 struct Addresses {
-  std::vector<std::string> ipv4;  // dotted; those in use, without prefix length
-  std::vector<std::string> ipv6;  // RFC 5952; without scope and prefix length; not tentative ones
-  std::optional<std::string> ipv4Gateway;
-  std::optional<std::string> ipv6Gateway;
-  std::vector<std::string> dnsServers;  // of the link, in order; empty: not known
+  std::vector<std::string> ipv4 = {};  // dotted; those in use, without prefix length
+  std::vector<std::string> ipv6 =
+      {};  // RFC 5952; without scope and prefix length; not tentative ones
+  std::optional<std::string> ipv4Gateway = std::nullopt;
+  std::optional<std::string> ipv6Gateway = std::nullopt;
+  std::vector<std::string> dnsServers = {};  // of the link, in order; empty: not known
 
   bool operator==(const Addresses&) const = default;
 };

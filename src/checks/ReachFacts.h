@@ -12,20 +12,20 @@ namespace wifi_profile::checks {
 
 // A series of echoes, or of connections where echoes are not allowed.
 struct Pings {
-  std::string target;         // an address
+  std::string target = {};    // an address
   bool byConnecting = false;  // TCP connections; a refusal is an answer
   int sent = 0;
-  std::vector<std::chrono::duration<double>> answers;  // round trips, in order; at most `sent`
-  Date started;
+  std::vector<std::chrono::duration<double>> answers = {};  // round trips, in order; at most `sent`
+  Date started = {};
 
   bool operator==(const Pings&) const = default;
 };
 
 // A name asked of the link's servers.
 struct NameResolution {
-  std::string name;
-  bool resolved = false;  // to an address at least
-  std::string problem;    // in a few words when it was not
+  std::string name = {};
+  bool resolved = false;     // to an address at least
+  std::string problem = {};  // in a few words when it was not
 
   bool operator==(const NameResolution&) const = default;
 };
@@ -38,7 +38,7 @@ struct PortalProbe {
     noAnswer,  // nothing came, or something that is no HTTP
   };
   Answer answer = Answer::noAnswer;
-  std::string detail;  // in a few words: status, where it was redirected
+  std::string detail = {};  // in a few words: status, where it was redirected
 
   bool operator==(const PortalProbe&) const = default;
 };
@@ -46,7 +46,7 @@ struct PortalProbe {
 // TCP and, with https, TLS to the site.
 struct SiteReach {
   bool reached = false;
-  std::string problem;  // in a few words when it was not
+  std::string problem = {};  // in a few words when it was not
 
   bool operator==(const SiteReach&) const = default;
 };
@@ -54,15 +54,16 @@ struct SiteReach {
 // A page of the site.
 struct SitePage {
   bool retrieved = false;  // whole, with status 200 and the content expected
-  std::string problem;
+  std::string problem = {};
 
   bool operator==(const SitePage&) const = default;
 };
 
 // What stands between the router and the Internet.
 struct RouterOutside {
-  std::optional<std::string> address;    // IPv4, as the router tells it (UPnP-IGD, NAT-PMP)
-  std::optional<std::string> secondHop;  // IPv4, of the second router on the way out
+  std::optional<std::string> address =
+      std::nullopt;  // IPv4, as the router tells it (UPnP-IGD, NAT-PMP)
+  std::optional<std::string> secondHop = std::nullopt;  // IPv4, of the second router on the way out
 
   bool operator==(const RouterOutside&) const = default;
 };

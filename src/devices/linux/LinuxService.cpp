@@ -1,0 +1,125 @@
+#include "devices/linux/LinuxService.h"
+
+#include "devices/DeviceBackEnds.h"
+#include "platform/Number.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+using checks::Fact;
+using checks::FactSet;
+
+// Everything that tests of a run ask for.
+FactSet allFacts() {
+  FactSet all{};
+  for (const checks::Check& check : checks::allChecks()) all = all.with(check.needs);
+  return all;
+}
+
+VqErrorRef errorOf(const checks::Unknown& unknown) {
+  return makeError(static_cast<std::int64_t>(unknown.reason), unknown.sentence);
+}
+
+// "MaxScanCacheAge" of a request's configuration; without one no cached scan is good enough.
+std::chrono::seconds oldestScanOf(const VqDiagnosticsTestRequest& request) {
+  const DictionaryRef& configuration = request.configuration();
+  const auto age =
+      configuration ? as<Number>(configuration->objectForKey("MaxScanCacheAge")) : nullptr;
+  return std::chrono::seconds(age ? static_cast<std::int64_t>(age->toDouble()) : 0);
+}
+
+}  // namespace
+
+LinuxService::LinuxService(std::shared_ptr<FactFinder> finder, checks::Settings settings,
+                           Trace& trace)
+    : finder_(std::move(finder)), settings_(std::move(settings)), trace_(trace) {}
+
+DiagnosticsTestResults LinuxService::runDiagnosticsTests(const VqDiagnosticsTestRequests& requests,
+                                                         const VqPeer* /*peer*/,
+                                                         const VqTestUpdate& /*update*/,
+                                                         VqErrorRef& error) {
+  DiagnosticsTestResults all;
+  for (const auto& request : requests) {
+    const Outcome outcome = serve(*request);
+    if (const auto* failed = std::get_if<VqErrorRef>(&outcome)) {
+      if (!error) error = *failed;
+      continue;
+    }
+    if (!all) all.emplace();
+    all->push_back(
+        std::make_shared<const DiagnosticsTestResult>(std::get<DiagnosticsTestResult>(outcome)));
+  }
+  return all;
+}
+
+LinuxService::Outcome LinuxService::serve(const VqDiagnosticsTestRequest& request) {
+  traceRequest(trace_, request);
+  const auto facts = factsFor(request);
+  if (!facts) return makeError(kCancelled, "cancelled");
+  const checks::Answer answer =
+      checks::checkOf(request.testID())
+          .answer({.facts = *facts, .settings = settings_, .networkName = networkNameOf(request)});
+  if (const auto* unknown = std::get_if<checks::Unknown>(&answer)) return errorOf(*unknown);
+  return std::get<DiagnosticsTestResult>(answer);
+}
+
+std::optional<checks::Facts> LinuxService::factsFor(const VqDiagnosticsTestRequest& request) {
+  if (request.testID() != DiagnosticsTestID::NoScanResults) {
+    const auto running = gathering(request);
+    return running ? running->await(checks::checkOf(request.testID()).needs) : std::nullopt;
+  }
+  const auto cancellation = std::make_shared<Cancellation>();
+  {
+    const std::lock_guard lock(mutex_);
+    if (closed_) return std::nullopt;
+    scans_.push_back(cancellation);
+  }
+  checks::Facts facts;
+  facts.scan = finder_->scan(oldestScanOf(request), {Clock::now() + kScanLimit, *cancellation});
+  const std::lock_guard lock(mutex_);
+  scans_.remove(cancellation);
+  if (cancellation->isCancelled()) return std::nullopt;
+  return facts;
+}
+
+std::shared_ptr<Gathering> LinuxService::gathering(const VqDiagnosticsTestRequest& request) {
+  const std::lock_guard lock(mutex_);
+  if (!gathering_ && !closed_) {
+    gathering_ = std::make_shared<Gathering>(finder_->errands(oldestScanOf(request)));
+    gathering_->begin(allFacts());
+  }
+  return gathering_;
+}
+
+std::shared_ptr<const VqStatus> LinuxService::queryStatusForPeer(const VqPeer* /*peer*/,
+                                                                 VqErrorRef& error) {
+  const Cancellation nobody;
+  const auto link = finder_->link({Clock::now() + kStatusLimit, nobody});
+  VqWiFiStatus wifi;
+  if (link) {
+    wifi = {makeText(link->ssid), makeText(link->bssid)};
+  } else if (link.why().reason != checks::Reason::notJoined) {
+    error = errorOf(link.why());
+  }
+  traceStatus(trace_, wifi, error);
+  return std::make_shared<const VqStatus>(VqStatus{std::make_shared<const VqWiFiStatus>(wifi)});
+}
+
+void LinuxService::cancelAllRequests() {
+  traceCancel(trace_);
+  const std::lock_guard lock(mutex_);
+  for (const auto& scan : scans_) scan->cancel();
+  if (!gathering_) return;
+  gathering_->cancel();
+  ended_.push_back(std::move(gathering_));
+  gathering_ = nullptr;
+}
+
+void LinuxService::close() {
+  const std::lock_guard lock(mutex_);
+  closed_ = true;
+  for (const auto& scan : scans_) scan->cancel();
+  if (gathering_) gathering_->cancel();
+}
+
+}  // namespace wifi_profile::machine

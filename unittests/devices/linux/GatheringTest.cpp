@@ -1,0 +1,159 @@
+#include <atomic>
+#include <gtest/gtest.h>
+#include <thread>
+
+#include "devices/linux/Gathering.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+using checks::Fact;
+using checks::Facts;
+using checks::Reason;
+using std::chrono::milliseconds;
+
+// Longer than anything here takes, even on a machine that is busy with something else.
+constexpr milliseconds kAmple{60'000};
+
+Found linkTo(const std::string& ssid) {
+  return [ssid](Facts& facts) { facts.link = checks::Link{.ssid = ssid}; };
+}
+
+Errand linkErrand(const std::string& ssid) {
+  return {.name = "link",
+          .gives = {Fact::link},
+          .after = {},
+          .limit = kAmple,
+          .run = [ssid](const Facts&, const Patience&) { return linkTo(ssid); }};
+}
+
+// Waits until it is called off, or for its deadline.
+Errand waiting(checks::FactSet gives, milliseconds limit, std::atomic<int>* begun = nullptr) {
+  return {.name = "long wait",
+          .gives = gives,
+          .after = {},
+          .limit = limit,
+          .run = [begun](const Facts&, const Patience& patience) -> Found {
+            if (begun) ++*begun;
+            waitFor(-1, 0, patience);
+            return [](Facts&) {};
+          }};
+}
+
+TEST(Gathering, FindsWhatIsAwaited) {
+  Gathering gathering({linkErrand("Home")});
+  const auto facts = gathering.await({Fact::link});
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->link->ssid, "Home");
+}
+
+TEST(Gathering, DoesEveryErrandOnce) {
+  std::atomic<int> times = 0;
+  Errand errand = linkErrand("Home");
+  errand.run = [&](const Facts&, const Patience&) {
+    ++times;
+    return linkTo("Home");
+  };
+  Gathering gathering({errand});
+  gathering.begin({Fact::link});
+  gathering.await({Fact::link});
+  gathering.await({Fact::link});
+  EXPECT_EQ(times, 1);
+}
+
+TEST(Gathering, DoesNotDoWhatNobodyWants) {
+  std::atomic<int> begun = 0;
+  Gathering gathering({linkErrand("Home"), waiting({Fact::scan}, kAmple, &begun)});
+  gathering.await({Fact::link});
+  EXPECT_EQ(begun, 0);
+}
+
+TEST(Gathering, GivesAnErrandWhatItComesAfter) {
+  Errand pings{.name = "pings",
+               .gives = {Fact::lanPings},
+               .after = {Fact::link},
+               .limit = kAmple,
+               .run = [](const Facts& known, const Patience&) -> Found {
+                 return [target = known.link->ssid](Facts& facts) {
+                   facts.lanPings = checks::Pings{.target = target};
+                 };
+               }};
+  Gathering gathering({pings, linkErrand("Home")});
+  const auto facts = gathering.await({Fact::lanPings});
+  EXPECT_EQ(facts->lanPings->target, "Home");
+}
+
+TEST(Gathering, WhatNoErrandGivesIsNotKnown) {
+  Gathering gathering({});
+  const auto facts = gathering.await({Fact::scan});
+  ASSERT_TRUE(facts);
+  EXPECT_FALSE(facts->scan);
+}
+
+TEST(Gathering, ErrandsGoOnSideBySide) {
+  std::atomic<int> begun = 0;
+  Gathering gathering({waiting({Fact::lanPings}, kAmple, &begun),
+                       waiting({Fact::wanPings}, kAmple, &begun), linkErrand("Home")});
+  gathering.begin({Fact::lanPings, Fact::wanPings});
+  EXPECT_TRUE(gathering.await({Fact::link})->link);
+  while (begun < 2) std::this_thread::yield();
+}
+
+TEST(Gathering, AnErrandThatIsLateIsLeftBehind) {
+  std::atomic<bool> go = false;
+  Errand late{.name = "page of the site",
+              .gives = {Fact::sitePage, Fact::siteReach},
+              .after = {},
+              .limit = milliseconds(1),
+              .run = [&go](const Facts&, const Patience&) -> Found {
+                while (!go) std::this_thread::yield();  // looks neither at the clock nor around
+                return [](Facts& facts) { facts.sitePage = checks::SitePage{.retrieved = true}; };
+              }};
+  Gathering gathering({late});
+  const auto facts = gathering.await({Fact::sitePage});
+  go = true;
+  ASSERT_TRUE(facts);
+  ASSERT_FALSE(facts->sitePage);
+  EXPECT_EQ(facts->sitePage.why().reason, Reason::tookTooLong);
+  EXPECT_EQ(facts->sitePage.why().sentence,
+            "The page of the site took too long: try again in a while.");
+  EXPECT_EQ(facts->siteReach.why().reason, Reason::tookTooLong);
+  EXPECT_FALSE(gathering.await({Fact::sitePage})->sitePage);  // whatever comes later
+}
+
+TEST(Gathering, ACancelLetsEverybodyGoOn) {
+  std::atomic<int> begun = 0;
+  Gathering gathering({waiting({Fact::scan}, kAmple, &begun)});
+  std::optional<Facts> facts{std::in_place};
+  std::thread waiter([&] { facts = gathering.await({Fact::scan}); });
+  while (begun == 0) std::this_thread::yield();
+  gathering.cancel();
+  waiter.join();
+  EXPECT_FALSE(facts);
+  EXPECT_FALSE(gathering.await({Fact::scan}));
+}
+
+TEST(Gathering, ACancelReachesThoseThatHaveNotBegun) {
+  Errand second = linkErrand("never");
+  second.gives = {Fact::surveys};
+  second.after = {Fact::scan};
+  std::atomic<int> begun = 0;
+  Gathering gathering({waiting({Fact::scan}, kAmple, &begun), second});
+  gathering.begin({Fact::surveys});
+  while (begun == 0) std::this_thread::yield();
+  gathering.cancel();
+  EXPECT_FALSE(gathering.await({Fact::surveys}));
+}
+
+TEST(Gathering, ItsEndCallsOffWhatIsUnderWay) {
+  std::atomic<int> begun = 0;
+  {
+    Gathering gathering({waiting({Fact::scan}, kAmple, &begun)});
+    gathering.begin({Fact::scan});
+    while (begun == 0) std::this_thread::yield();
+  }
+  EXPECT_EQ(begun, 1);
+}
+
+}  // namespace
+}  // namespace wifi_profile::machine

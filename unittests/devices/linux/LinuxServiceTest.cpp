@@ -1,0 +1,178 @@
+#include <atomic>
+#include <gtest/gtest.h>
+#include <thread>
+
+#include "devices/linux/LinuxService.h"
+#include "platform/Array.h"
+#include "platform/Number.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+using checks::Fact;
+using checks::Facts;
+using checks::Reason;
+using checks::Unknown;
+
+struct NoTrace final : Trace {
+  void event(std::string_view /*name*/, const Fields& /*fields*/) override {}
+};
+
+// Facts that are known at once, or never.
+class Finder final : public FactFinder {
+ public:
+  Facts facts;
+  bool scansForEver = false;
+  std::atomic<int> scans = 0;
+  std::atomic<int> runs = 0;
+  std::chrono::seconds oldest{-1};
+
+  checks::Known<checks::Link> link(const Patience& /*patience*/) override { return facts.link; }
+
+  checks::Known<checks::Scan> scan(std::chrono::seconds oldestScan,
+                                   const Patience& patience) override {
+    oldest = oldestScan;
+    ++scans;
+    if (scansForEver)
+      waitFor(-1, 0, {Clock::now() + std::chrono::minutes(1), patience.cancellation});
+    return facts.scan;
+  }
+
+  std::vector<Errand> errands(std::chrono::seconds oldestScan) override {
+    ++runs;
+    return {{.name = "link",
+             .gives = {Fact::link},
+             .after = {},
+             .limit = std::chrono::minutes(1),
+             .run = [this](const Facts&, const Patience&) -> Found {
+               return [link = facts.link](Facts& all) { all.link = link; };
+             }},
+            {.name = "scan",
+             .gives = {Fact::scan},
+             .after = {},
+             .limit = std::chrono::minutes(1),
+             .run = [this, oldestScan](const Facts&, const Patience& patience) -> Found {
+               return [found = scan(oldestScan, patience)](Facts& all) { all.scan = found; };
+             }}};
+  }
+};
+
+class LinuxServiceTest : public ::testing::Test {
+ protected:
+  LinuxServiceTest() {
+    finder->facts.link = checks::Link{.interface = "wlan0",
+                                      .ssid = "Home",
+                                      .bssid = "02:00:00:00:00:01",
+                                      .signal = -80,
+                                      .frequency = 2437};
+    finder->facts.scan =
+        checks::Scan{{{.bssid = "02:00:00:00:00:01", .ssid = "Home", .signal = -80}}};
+  }
+
+  DiagnosticsTestResults ask(DiagnosticsTestID test, VqErrorRef& error,
+                             std::int64_t oldestScan = 60) {
+    return service.runDiagnosticsTests(
+        {VqDiagnosticsTestRequest::requestWithTestID(
+            test, makeDictionary({{"MaxScanCacheAge", Number::withInteger(oldestScan)}}))},
+        nullptr, nullptr, error);
+  }
+
+  NoTrace trace;
+  std::shared_ptr<Finder> finder = std::make_shared<Finder>();
+  LinuxService service{finder, checks::defaultSettings(), trace};
+};
+
+TEST_F(LinuxServiceTest, AnswersATestByItsCheck) {
+  VqErrorRef error;
+  const auto results = ask(DiagnosticsTestID::PoorSignal, error);
+  ASSERT_EQ(error, nullptr);
+  ASSERT_EQ(results->size(), 1U);
+  EXPECT_TRUE(results->front()->result);
+  EXPECT_EQ(as<Number>(results->front()->info->objectForKey("RSSI"))->toDouble(), -80);
+}
+
+TEST_F(LinuxServiceTest, WhatIsNotKnownIsAnErrorThatSaysWhy) {
+  finder->facts.link = Unknown{Reason::notJoined, "Join a network."};
+  VqErrorRef error;
+  EXPECT_FALSE(ask(DiagnosticsTestID::PoorSignal, error));
+  ASSERT_NE(error, nullptr);
+  EXPECT_EQ(error->code(), static_cast<std::int64_t>(Reason::notJoined));
+  EXPECT_EQ(error->description(), "Join a network.");
+}
+
+TEST_F(LinuxServiceTest, FindsEverythingOutOnceARun) {
+  VqErrorRef error;
+  ask(DiagnosticsTestID::PoorSignal, error);
+  ask(DiagnosticsTestID::HiddenNetwork, error);
+  EXPECT_EQ(finder->runs, 1);
+  EXPECT_EQ(finder->scans, 1);
+  EXPECT_EQ(finder->oldest, std::chrono::seconds(60));
+}
+
+TEST_F(LinuxServiceTest, ACancelEndsTheRunAndTheNextFindsOutAnew) {
+  VqErrorRef error;
+  ask(DiagnosticsTestID::PoorSignal, error);
+  service.cancelAllRequests();
+  ask(DiagnosticsTestID::PoorSignal, error);
+  EXPECT_EQ(error, nullptr);
+  EXPECT_EQ(finder->runs, 2);
+}
+
+TEST_F(LinuxServiceTest, EveryScanOfTheListScans) {
+  VqErrorRef error;
+  ask(DiagnosticsTestID::NoScanResults, error, 0);
+  const auto results = ask(DiagnosticsTestID::NoScanResults, error, 0);
+  EXPECT_EQ(error, nullptr);
+  EXPECT_FALSE(results->front()->result);
+  EXPECT_TRUE(results->front()->didPass);
+  EXPECT_EQ(finder->scans, 2);
+  EXPECT_EQ(finder->oldest, std::chrono::seconds(0));
+  EXPECT_EQ(finder->runs, 0);  // nothing else is found out for a list
+}
+
+TEST_F(LinuxServiceTest, ACancelFailsWhatIsUnderWay) {
+  finder->scansForEver = true;
+  for (const auto test : {DiagnosticsTestID::NoScanResults, DiagnosticsTestID::HiddenNetwork}) {
+    const int before = finder->scans;
+    VqErrorRef error;
+    std::thread request([&] { ask(test, error); });
+    while (finder->scans == before) std::this_thread::yield();
+    service.cancelAllRequests();
+    request.join();
+    ASSERT_NE(error, nullptr);
+    EXPECT_EQ(error->code(), LinuxService::kCancelled);
+  }
+}
+
+TEST_F(LinuxServiceTest, AClosedServiceCancelsEverything) {
+  service.close();
+  for (const auto test : {DiagnosticsTestID::NoScanResults, DiagnosticsTestID::PoorSignal}) {
+    VqErrorRef error;
+    EXPECT_FALSE(ask(test, error));
+    ASSERT_NE(error, nullptr);
+    EXPECT_EQ(error->code(), LinuxService::kCancelled);
+  }
+  EXPECT_EQ(finder->scans + finder->runs, 0);
+}
+
+TEST_F(LinuxServiceTest, TheStatusIsTheLink) {
+  VqErrorRef error;
+  const auto status = service.queryStatusForPeer(nullptr, error);
+  EXPECT_EQ(error, nullptr);
+  EXPECT_EQ(status->wifi->ssidString->string(), "Home");
+  EXPECT_EQ(status->wifi->bssid->string(), "02:00:00:00:00:01");
+}
+
+TEST_F(LinuxServiceTest, NotBeingJoinedIsAStatusToo) {
+  finder->facts.link = Unknown{Reason::notJoined, "Join a network."};
+  VqErrorRef error;
+  EXPECT_EQ(service.queryStatusForPeer(nullptr, error)->wifi->ssidString, nullptr);
+  EXPECT_EQ(error, nullptr);
+  finder->facts.link = Unknown{Reason::noHardware, "It is gone."};
+  service.queryStatusForPeer(nullptr, error);
+  ASSERT_NE(error, nullptr);
+  EXPECT_EQ(error->description(), "It is gone.");
+}
+
+}  // namespace
+}  // namespace wifi_profile::machine
