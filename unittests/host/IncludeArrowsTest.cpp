@@ -47,8 +47,8 @@ const std::map<std::string, Rooms> kPackages{
 };
 
 // What the system has besides the standard library.
-const Rooms kSystem{"arpa",    "fcntl.h", "langinfo.h", "linux",     "net",     "netdb.h",
-                    "netinet", "poll.h",  "sys",        "termios.h", "unistd.h"};
+const Rooms kSystem{"arpa",    "fcntl.h", "ifaddrs.h", "langinfo.h", "linux",     "net",
+                    "netdb.h", "netinet", "poll.h",    "sys",        "termios.h", "unistd.h"};
 
 struct Include {
   std::string file;  // below src/

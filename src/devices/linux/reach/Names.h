@@ -1,0 +1,34 @@
+// Names asked of name servers. See Ping.h for what all functions of this folder have in common.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "checks/Known.h"
+#include "checks/ReachFacts.h"
+#include "devices/linux/Patience.h"
+
+namespace wifi_profile::machine {
+
+// The way that questions go out.
+struct Way {
+  std::string interface;  // empty: as the system routes
+  // The link's name servers: "address", "address:port" or "[address]:port"; an IPv6 address may
+  // have a "%zone". No more than four are asked. Empty: those that the system has configured.
+  std::vector<std::string> nameServers;
+};
+
+struct NameAnswer {
+  checks::NameResolution resolution;
+  std::vector<std::string> addresses;  // numeric, no more than 16, those of IPv4 first
+};
+
+// Asks the servers for A and AAAA, 2 s a try, two tries each, 8 s in all. Ends 300 ms after one of
+// the two brought addresses. No file of hosts, search list or alias is looked at. An address stands
+// for itself. Problems: "no such name", "no address of this name", "timed out", "refused", "server
+// failed", "malformed answer", "no name server", "malformed name". Unknown: failed, when the
+// resolver cannot be set up.
+checks::Known<NameAnswer> resolve(const std::string& name, const Way& way,
+                                  const Patience& patience);
+
+}  // namespace wifi_profile::machine

@@ -1,0 +1,41 @@
+// Whether an address answers, and how fast.
+//
+// All functions of this folder: any thread, several at once; no exception leaves them; any user may
+// call them. They end at the deadline of `patience`, and within 50 ms of being called off. What was
+// called off, or had no time left when it began, is unknown (tookTooLong); what had its time and
+// got no answer is known, and says so. `interface` is the name of the interface that everything
+// goes through; empty: as the system routes.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "checks/Known.h"
+#include "checks/ReachFacts.h"
+#include "devices/linux/Patience.h"
+
+namespace wifi_profile::machine {
+
+struct PingPlan {
+  int count = 3;
+  std::chrono::milliseconds interval{1000};  // between the beginnings of two
+  std::chrono::milliseconds time{4000};      // in all; it ends sooner when every answer is there
+  // TCP ports for where echoes are not allowed. All are tried until one gave an answer, which is a
+  // connection or its refusal.
+  std::vector<std::uint16_t> ports = {53, 80, 443};
+};
+
+// For a site on the Internet.
+inline const std::vector<std::uint16_t> kSitePorts = {443, 80};
+
+// ICMP or ICMPv6 echoes to `target`, a numeric address of IPv4 or IPv6, "fe80::1" of the interface
+// included. Where the user may send none: connections, each given up before the kernel would repeat
+// its first packet, so that a lost packet is a lost answer. Only answers that carry this call's own
+// random bytes count, each once. No route and no neighbour: sent, without an answer.
+// Unknown: failed, when the target is no address, or no socket could be bound to the interface.
+checks::Known<checks::Pings> ping(const std::string& target, const std::string& interface,
+                                  const PingPlan& plan, const Patience& patience);
+
+}  // namespace wifi_profile::machine

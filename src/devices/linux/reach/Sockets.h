@@ -1,0 +1,63 @@
+// Sockets of one interface, for the code of this folder.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <sys/socket.h>
+#include <utility>
+
+#include "checks/Known.h"
+#include "devices/linux/Patience.h"
+
+namespace wifi_profile::machine {
+
+// Owns a file descriptor; negative: none.
+class Descriptor {
+ public:
+  explicit Descriptor(int number = -1) : number_(number) {}
+  ~Descriptor() { reset(); }
+  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+  Descriptor& operator=(Descriptor&& other) noexcept {
+    std::swap(number_, other.number_);
+    return *this;
+  }
+
+  int number() const { return number_; }
+  explicit operator bool() const { return number_ >= 0; }
+  void reset();
+
+ private:
+  int number_;
+};
+
+// An address of IPv4 or IPv6 with a port.
+struct Address {
+  sockaddr_storage storage{};
+  socklen_t size = 0;
+
+  int family() const { return storage.ss_family; }
+  const sockaddr* get() const { return reinterpret_cast<const sockaddr*>(&storage); }
+};
+
+// Of a numeric address; one that is local to a link gets the interface for its zone. Nothing for
+// anything else.
+std::optional<Address> addressOf(const std::string& text, std::uint16_t port,
+                                 const std::string& interface);
+
+// Everything that the socket sends goes out through the interface (empty: any), and nothing else
+// comes in where the kernel lets this user say so. False with errno when there is no such
+// interface, or it has no address of this family.
+bool bindToInterface(int socket, int family, const std::string& interface);
+
+// A socket that does not block, bound to the interface. Without one errno says why.
+Descriptor openSocket(int family, int type, int protocol, const std::string& interface);
+
+// Printable ASCII, no more than 120 bytes of it; '?' for the rest.
+std::string shortText(std::string_view text);
+
+// For work that was called off, or had no time.
+checks::Unknown calledOff();
+
+}  // namespace wifi_profile::machine

@@ -1,0 +1,235 @@
+#include <array>
+#include <cstring>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <net/if.h>
+#include <netinet/ip_icmp.h>
+#include <poll.h>
+#include <sched.h>
+#include <sys/ioctl.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+#include "devices/linux/reach/Echoes.h"
+#include "devices/linux/reach/LocalServers.h"
+#include "devices/linux/reach/Ping.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+using namespace std::chrono_literals;
+
+const PingPlan kQuick{.count = 3, .interval = 1ms, .time = 30s, .ports = {}};
+
+bool write(const char* path, const std::string& text) {
+  const Descriptor file(open(path, O_WRONLY | O_CLOEXEC));
+  return ::write(file.number(), text.data(), text.size()) == static_cast<ssize_t>(text.size());
+}
+
+// A user and network of one's own, in which the loopback interface is the only one.
+bool enterOwnNetwork() {
+  const uid_t user = getuid();
+  const gid_t group = getgid();
+  if (unshare(CLONE_NEWUSER | CLONE_NEWNET) != 0) return false;
+  write("/proc/self/setgroups", "deny");
+  if (!write("/proc/self/uid_map", "0 " + std::to_string(user) + " 1")) return false;
+  if (!write("/proc/self/gid_map", "0 " + std::to_string(group) + " 1")) return false;
+  ifreq request{};
+  std::strcpy(request.ifr_name, "lo");
+  request.ifr_flags = IFF_UP;
+  const Descriptor socket(::socket(AF_INET, SOCK_DGRAM, 0));
+  return ioctl(socket.number(), SIOCSIFFLAGS, &request) == 0;
+}
+
+constexpr int kNotPossible = 77;
+
+// Runs `test` in a process with a network of its own. Its status: 0 when `test` was true.
+int inOwnNetwork(const std::function<bool()>& test) {
+  const pid_t child = fork();
+  if (child == 0) _exit(!enterOwnNetwork() ? kNotPossible : test() ? 0 : 1);
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+// A new network allows the kernel's own echoes to nobody.
+bool allowEchoes() { return write("/proc/sys/net/ipv4/ping_group_range", "0 0"); }
+
+// All three answered, by echoes.
+bool answered(const checks::Known<checks::Pings>& pings) {
+  return pings && !pings->byConnecting && pings->sent == 3 && pings->answers.size() == 3 &&
+         pings->answers[0].count() > 0;
+}
+
+TEST(Ping, WithTheKernelsOwnEchoesOfBothProtocols) {
+  const int status = inOwnNetwork([] {
+    const Cancellation never;
+    if (!allowEchoes()) return false;
+    if (EchoSocket(AF_INET, "").isRaw()) return false;
+    return answered(ping("127.0.0.1", "lo", kQuick, patient(never))) &&
+           answered(ping("::1", "lo", kQuick, patient(never)));
+  });
+  if (status == kNotPossible) GTEST_SKIP() << "no user namespaces here";
+  EXPECT_EQ(status, 0);
+}
+
+TEST(Ping, WithRawEchoesWhereTheKernelHasNoOthersForTheUser) {
+  const int status = inOwnNetwork([] {
+    const Cancellation never;
+    if (!EchoSocket(AF_INET, "").isRaw()) return false;
+    return answered(ping("127.0.0.1", "lo", kQuick, patient(never))) &&
+           answered(ping("::1", "lo", kQuick, patient(never)));
+  });
+  if (status == kNotPossible) GTEST_SKIP() << "no user namespaces here";
+  EXPECT_EQ(status, 0);
+}
+
+TEST(Ping, ConnectsWhereTheUserMaySendNoEchoes) {
+  const int status = inOwnNetwork([] {
+    const Cancellation never;
+    // Nobody but this network's root may send them, and a process without capabilities is nobody.
+    if (unshare(CLONE_NEWUSER) != 0) return false;
+    PingPlan plan = kQuick;
+    plan.ports = {9, 10};  // refused, as nobody listens
+    const auto pings = ping("127.0.0.1", "lo", plan, patient(never));
+    return pings && pings->byConnecting && pings->sent == 3 && pings->answers.size() == 3;
+  });
+  if (status == kNotPossible) GTEST_SKIP() << "no user namespaces here";
+  EXPECT_EQ(status, 0);
+}
+
+TEST(Ping, WithoutARouteIsSentWithoutAnAnswer) {
+  const int status = inOwnNetwork([] {
+    const Cancellation never;
+    const auto pings = ping("203.0.113.9", "", {.interval = 1ms, .time = 20ms}, patient(never));
+    return pings && pings->sent == 3 && pings->answers.empty();
+  });
+  if (status == kNotPossible) GTEST_SKIP() << "no user namespaces here";
+  EXPECT_EQ(status, 0);
+}
+
+TEST(Ping, TakesEachOfItsOwnAnswersOnceAndNobodyElses) {
+  const int status = inOwnNetwork([] {
+    const Cancellation never;
+    // The kernel answers nothing; a stranger does: garbage, another's token, and each answer
+    // thrice.
+    if (!allowEchoes() || !write("/proc/sys/net/ipv4/icmp_echo_ignore_all", "1")) return false;
+    const Descriptor air(socket(AF_INET, SOCK_RAW, IPPROTO_ICMP));
+    std::atomic<bool> over = false;
+    std::thread stranger([&] {
+      while (!over) {
+        std::array<char, 128> packet{};
+        pollfd watched{air.number(), POLLIN, 0};
+        if (poll(&watched, 1, 10) <= 0) continue;
+        if (recv(air.number(), packet.data(), packet.size(), 0) != 44 || packet[20] != ICMP_ECHO) {
+          continue;
+        }
+        std::string reply(packet.data() + 20, 24);
+        reply[0] = ICMP_ECHOREPLY;
+        const auto send = [&](std::string text) {
+          text[2] = text[3] = 0;
+          std::uint32_t sum = 0;
+          for (std::size_t i = 0; i + 1 < text.size(); i += 2) {
+            sum += static_cast<unsigned>(static_cast<unsigned char>(text[i]) |
+                                         static_cast<unsigned char>(text[i + 1]) << 8);
+          }
+          sum = (sum & 0xffffU) + (sum >> 16U);
+          sum = ~((sum & 0xffffU) + (sum >> 16U));
+          text[2] = static_cast<char>(sum);
+          text[3] = static_cast<char>(sum >> 8);
+          const auto to = addressOf("127.0.0.1", 0, "");
+          sendto(air.number(), text.data(), text.size(), 0, to->get(), to->size);
+        };
+        std::string foreign = reply;
+        foreign[10] ^= 1;
+        send(foreign);
+        send(reply + "and more");
+        std::string beyond = reply;
+        beyond[6] = 0x7f;
+        send(beyond);
+        if (reply[7] != 2) {  // the second is lost
+          for (int i = 0; i < 3; ++i) send(reply);
+        }
+      }
+    });
+    const auto pings = ping("127.0.0.1", "", {.interval = 100ms, .time = 1s}, patient(never));
+    over = true;
+    stranger.join();
+    return pings && pings->sent == 3 && pings->answers.size() == 2;
+  });
+  if (status == kNotPossible) GTEST_SKIP() << "no user namespaces here";
+  EXPECT_EQ(status, 0);
+}
+
+TEST(PingByConnecting, CountsAConnectionAndARefusal) {
+  const Cancellation never;
+  const TcpServer server([](int) {});
+  for (const std::uint16_t port : {server.port(), refusedPort()}) {
+    PingPlan plan = kQuick;
+    plan.ports = {port};
+    const auto roundTrips = pingByConnecting(kHere, "", plan, patient(never));
+    ASSERT_TRUE(roundTrips);
+    ASSERT_EQ(roundTrips->size(), 3U);
+    for (const auto& roundTrip : *roundTrips) EXPECT_TRUE(roundTrip);
+  }
+}
+
+TEST(PingByConnecting, GoesOnWithThePortThatAnswered) {
+  const Cancellation never;
+  const TcpServer silent([](int) {}), server([](int) {});
+  PingPlan plan = kQuick;
+  plan.ports = {server.port(), silent.port()};
+  ASSERT_TRUE(pingByConnecting(kHere, "", plan, patient(never)));
+  EXPECT_LE(silent.connections(), 1);  // of three rounds
+}
+
+TEST(PingByConnecting, LeavesOutWhatDoesNotAnswerInTime) {
+  const Cancellation never;
+  // A queue of connections that is full: further ones get no answer.
+  const Descriptor listener = boundSocket(kHere, SOCK_STREAM);
+  ASSERT_EQ(listen(listener.number(), 0), 0);
+  const auto address = addressOf(kHere, portOf(listener), "");
+  const Descriptor first = openSocket(AF_INET, SOCK_STREAM, 0, "");
+  const Descriptor second = openSocket(AF_INET, SOCK_STREAM, 0, "");
+  connect(first.number(), address->get(), address->size);
+  connect(second.number(), address->get(), address->size);
+  PingPlan plan{.count = 2, .interval = 50ms, .ports = {portOf(listener)}};
+  const auto roundTrips = pingByConnecting(kHere, "", plan, patient(never));
+  ASSERT_TRUE(roundTrips);
+  EXPECT_EQ(*roundTrips, RoundTrips(2));
+}
+
+TEST(Ping, IsUnknownWithoutAnAddressOrTheInterface) {
+  const Cancellation never;
+  for (const char* target : {"", "home.test", "127.0.0.1 ", "1.2.3.4.5"}) {
+    const auto pings = ping(target, "", kQuick, patient(never));
+    ASSERT_FALSE(pings) << target;
+    EXPECT_EQ(pings.why().reason, checks::Reason::failed) << target;
+  }
+  const auto pings = ping(kHere, "none0", {.ports = {1}}, patient(never));
+  ASSERT_FALSE(pings);
+  EXPECT_EQ(pings.why().reason, checks::Reason::failed);
+}
+
+TEST(Ping, EndsWhenItIsCalledOff) {
+  Cancellation cancellation;
+  std::thread other([&] { cancellation.cancel(); });
+  // The second one is due in an hour.
+  const auto pings = ping(kHere, "", {.interval = 1h, .time = 2h, .ports = {1}},
+                          {Clock::now() + 3h, cancellation});
+  other.join();
+  ASSERT_FALSE(pings);
+  EXPECT_EQ(pings.why().reason, checks::Reason::tookTooLong);
+}
+
+TEST(Ping, KnowsWhatWasSentUntilTheDeadline) {
+  const Cancellation never;
+  const auto pings =
+      ping(kHere, "", {.interval = 1h, .time = 2h, .ports = {1}}, {Clock::now() + 300ms, never});
+  ASSERT_TRUE(pings);
+  EXPECT_EQ(pings->sent, 1);
+}
+
+}  // namespace
+}  // namespace wifi_profile::machine
