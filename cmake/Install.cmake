@@ -2,6 +2,7 @@
 include(CMakePackageConfigHelpers)
 
 set(installed_targets wifi_profile wifi_profile_runtime wifi_profile_screens wifi_profile_devices
+set(installed_targets wifi_profile wifi_profile_runtime wifi_profile_screens wifi_profile_ieee80211
     wifi_profile_scenario)
 if(NOT WIFI_PROFILE_CORE_ONLY)
   list(APPEND installed_targets wifi-profile)
@@ -9,7 +10,7 @@ endif()
 install(TARGETS ${installed_targets} EXPORT WiFiProfileTargets
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-foreach(room platform controller tests wifi ui runtime screens devices)
+foreach(room platform controller tests wifi ui runtime screens ieee80211 checks devices)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/${room}
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/wifi_profile FILES_MATCHING PATTERN "*.h"
           PATTERN linux EXCLUDE PATTERN terminal EXCLUDE PATTERN window EXCLUDE)

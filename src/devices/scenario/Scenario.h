@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "devices/scenario/World.h"
 #include "platform/DiagnosticsService.h"
 
 namespace wifi_profile::scenario {
@@ -71,8 +72,10 @@ struct Step {
 struct Scenario {
   std::string description;
   DeviceSettings device;
-  std::vector<StatusAnswer> status{StatusAnswer{}};  // at least one; the last one repeats
+  // At least one; the last one repeats. Without any of its own: that of the world's link.
+  std::vector<StatusAnswer> status{StatusAnswer{}};
   std::map<DiagnosticsTestID, std::vector<Answer>> answers;
+  std::optional<World> world;             // answers what `answers` does not
   std::optional<std::vector<Step>> user;  // nothing: no script; an empty one is a script, too
 };
 

@@ -3,17 +3,12 @@
 #include <array>
 
 #include "devices/scenario/ServiceRecords.h"
+#include "devices/scenario/WorldReader.h"
 #include "platform/Array.h"
 #include "platform/Number.h"
 
 namespace wifi_profile::scenario {
 namespace {
-
-std::chrono::nanoseconds readTime(const ValueReader& value) {
-  constexpr double kNanosecondsPerSecond = 1e9;
-  return std::chrono::nanoseconds(
-      static_cast<std::int64_t>(value.number(0, kLongestTime) * kNanosecondsPerSecond));
-}
 
 DiagnosticsTestID readTest(const ValueReader& value) {
   const std::string name = value.text();
@@ -109,7 +104,8 @@ Answer readAnswer(const ValueReader& value) {
     fields.take("when", [&](const ValueReader& field) { answer.when = readWhen(field); });
     fields.take("times", [&](const ValueReader& field) { answer.times = field.integer(1); });
     fields.take("error", [&](const ValueReader& field) { answer.error = readError(field); });
-    fields.take("delay", [&](const ValueReader& field) { answer.delay = readTime(field); });
+    fields.take("delay",
+                [&](const ValueReader& field) { answer.delay = field.seconds(kLongestTime); });
     DiagnosticsTestResult result;
     const bool inlineResult = takeResult(fields, result);
     const bool listed = fields.take(
@@ -155,7 +151,8 @@ void takeAction(FieldsReader& fields, Step& step) {
   take("scrollAway", Action::scrollAway,
        [&](const ValueReader& field) { step.section = field.integer(0); });
   take("teardown", Action::teardown, nothing);
-  take("wait", Action::wait, [&](const ValueReader& field) { step.time = readTime(field); });
+  take("wait", Action::wait,
+       [&](const ValueReader& field) { step.time = field.seconds(kLongestTime); });
   if (actions == 0) fields.refuseOthers();  // a misspelt action is better named than missed
   if (actions != 1) {
     fields.object().fail("a step with " + std::to_string(actions) + " actions",
@@ -197,6 +194,12 @@ std::variant<Scenario, Fault> readScenario(const ObjectRef& document) {
     fields.take("description",
                 [&](const ValueReader& field) { scenario.description = field.text(); });
     fields.take("device", [&](const ValueReader& field) { scenario.device = readDevice(field); });
+    fields.take("world", [&](const ValueReader& field) {
+      scenario.world = readWorld(field);
+      if (const auto& link = scenario.world->facts.link) {
+        scenario.status = {StatusAnswer{makeText(link->ssid), makeText(link->bssid), nullptr}};
+      }
+    });
     fields.take("status", [&](const ValueReader& field) {
       scenario.status.clear();
       field.list([&](const ValueReader& answer) { scenario.status.push_back(readStatus(answer)); });

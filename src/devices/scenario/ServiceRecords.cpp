@@ -49,13 +49,6 @@ ObjectRef readChannelRecord(const ValueReader& value) {
   return std::make_shared<const ChannelRecord>(channel);
 }
 
-std::optional<Date> readDate(const ValueReader& value) {
-  const TextRef text = value.textOrNull();
-  const auto date = text ? dateFromIso8601(text->string()) : std::nullopt;
-  if (text && !date) value.fail("an ISO 8601 date such as \"2026-03-01T18:30:00Z\", or null");
-  return date;
-}
-
 ObjectRef readPreferredNetwork(const ValueReader& value) {
   auto record = std::make_shared<PreferredNetworkRecord>();
   value.object([&](FieldsReader& fields) {
@@ -69,8 +62,9 @@ ObjectRef readPreferredNetwork(const ValueReader& value) {
     take("isCaptive", record->isCaptive);
     take("isHidden", record->isHidden);
     take("isMultiAP", record->isMultiAP);
-    fields.take("lastJoined",
-                [&](const ValueReader& field) { record->lastJoinedTimestamp = readDate(field); });
+    fields.take("lastJoined", [&](const ValueReader& field) {
+      record->lastJoinedTimestamp = field.dateOrNull();
+    });
   });
   return record;
 }

@@ -86,6 +86,26 @@ TextRef ValueReader::textOrNull() const {
   return text;
 }
 
+std::chrono::nanoseconds ValueReader::seconds(double most) const {
+  constexpr double kNanosecondsPerSecond = 1e9;
+  return std::chrono::nanoseconds(
+      static_cast<std::int64_t>(number(0, most) * kNanosecondsPerSecond));
+}
+
+Date ValueReader::date() const {
+  const auto text = as<Text>(value_);
+  const auto date = text ? dateFromIso8601(text->string()) : std::nullopt;
+  if (!date) fail("an ISO 8601 date such as \"2026-03-01T18:30:00Z\"");
+  return date.value_or(Date{});
+}
+
+std::optional<Date> ValueReader::dateOrNull() const {
+  const TextRef text = textOrNull();
+  const auto date = text ? dateFromIso8601(text->string()) : std::nullopt;
+  if (text && !date) fail("an ISO 8601 date such as \"2026-03-01T18:30:00Z\", or null");
+  return date;
+}
+
 void ValueReader::mustBeTrue() const {
   const auto number = as<Number>(value_);
   if (!number || !(*number == *Number::withBool(true))) fail("true");

@@ -2,6 +2,7 @@
 // place.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <limits>
@@ -11,6 +12,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/Date.h"
 #include "platform/Dictionary.h"
 #include "platform/Text.h"
 
@@ -39,7 +41,10 @@ class ValueReader {
                        std::int64_t most = std::numeric_limits<std::int64_t>::max()) const;
   double number(double least, double most) const;
   std::string text() const;
-  TextRef textOrNull() const;  // nil for null
+  TextRef textOrNull() const;                           // nil for null
+  std::chrono::nanoseconds seconds(double most) const;  // 0 to `most`, in whole nanoseconds
+  Date date() const;                                    // an ISO 8601 text
+  std::optional<Date> dateOrNull() const;               // nothing for null
   void mustBeTrue() const;
 
   // Calls `read` with every element of the list.

@@ -1,0 +1,110 @@
+#include "devices/scenario/WorldParts.h"
+#include "devices/scenario/WorldValues.h"
+
+namespace wifi_profile::scenario {
+namespace {
+
+constexpr int kMostThings = 1'000'000;
+
+checks::AddressSettings readAddressSettings(const ValueReader& value) {
+  using Method = checks::AddressMethod;
+  static constexpr std::pair<std::string_view, Method> kChoices[]{{"automatic", Method::automatic},
+                                                                  {"manual", Method::manual},
+                                                                  {"linkLocal", Method::linkLocal},
+                                                                  {"shared", Method::shared},
+                                                                  {"disabled", Method::disabled}};
+  checks::AddressSettings settings;
+  value.object([&](FieldsReader& fields) {
+    fields.take("method",
+                [&](const ValueReader& field) { settings.method = readChoice(field, kChoices); });
+    takeTexts(fields, "dnsServers", settings.dnsServers);
+    takeFlag(fields, "ignoresNetworkDns", settings.ignoresNetworkDns);
+    takeFlag(fields, "hasExtraAddresses", settings.hasExtraAddresses);
+  });
+  return settings;
+}
+
+checks::SavedNetwork readSavedNetwork(const ValueReader& value) {
+  checks::SavedNetwork network;
+  value.object([&](FieldsReader& fields) {
+    fields.require("ssid", [&](const ValueReader& field) { network.ssid = readSsid(field); });
+    fields.take("security",
+                [&](const ValueReader& field) { network.security = readSecurity(field); });
+    takeFlag(fields, "hidden", network.isHidden);
+    takeFlag(fields, "passpoint", network.isPasspoint);
+    takeFlag(fields, "joinsByItself", network.joinsByItself);
+    takeFlag(fields, "metered", network.metered);
+    fields.take("lastJoined",
+                [&](const ValueReader& field) { network.lastJoined = field.dateOrNull(); });
+    takeInteger(fields, "accessPoints", 0, kMostThings, network.accessPoints);
+  });
+  return network;
+}
+
+}  // namespace
+
+checks::Addresses readAddresses(const ValueReader& value) {
+  checks::Addresses addresses;
+  value.object([&](FieldsReader& fields) {
+    fields.take("ipv4", [&](const ValueReader& field) {
+      field.list([&](const ValueReader& address) { addresses.ipv4.push_back(readIpv4(address)); });
+    });
+    takeTexts(fields, "ipv6", addresses.ipv6);
+    fields.take("ipv4Gateway",
+                [&](const ValueReader& field) { addresses.ipv4Gateway = readIpv4(field); });
+    takeText(fields, "ipv6Gateway", addresses.ipv6Gateway);
+    takeTexts(fields, "dnsServers", addresses.dnsServers);
+  });
+  return addresses;
+}
+
+checks::ActiveProfile readActiveProfile(const ValueReader& value) {
+  checks::ActiveProfile profile;
+  value.object([&](FieldsReader& fields) {
+    fields.take("ipv4",
+                [&](const ValueReader& field) { profile.ipv4 = readAddressSettings(field); });
+    fields.take("ipv6",
+                [&](const ValueReader& field) { profile.ipv6 = readAddressSettings(field); });
+    takeFlag(fields, "hasProxy", profile.hasProxy);
+    takeFlag(fields, "metered", profile.metered);
+    takeText(fields, "captivePortalApi", profile.captivePortalApi);
+  });
+  return profile;
+}
+
+std::vector<checks::SavedNetwork> readSavedNetworks(const ValueReader& value) {
+  std::vector<checks::SavedNetwork> networks;
+  value.list([&](const ValueReader& element) { networks.push_back(readSavedNetwork(element)); });
+  return networks;
+}
+
+checks::SessionProxy readSessionProxy(const ValueReader& value) {
+  checks::SessionProxy proxy;
+  value.object([&](FieldsReader& fields) {
+    fields.require("source", [&](const ValueReader& field) { proxy.source = field.text(); });
+  });
+  return proxy;
+}
+
+checks::Bluetooth readBluetooth(const ValueReader& value) {
+  checks::Bluetooth bluetooth;
+  value.object([&](FieldsReader& fields) {
+    takeFlag(fields, "powered", bluetooth.powered);
+    takeInteger(fields, "paired", 0, kMostThings, bluetooth.paired);
+    takeInteger(fields, "connected", 0, kMostThings, bluetooth.connected);
+  });
+  return bluetooth;
+}
+
+checks::Coexistence readCoexistence(const ValueReader& value) {
+  checks::Coexistence coexistence;
+  value.object([&](FieldsReader& fields) {
+    takeText(fields, "driver", coexistence.driver);
+    takeText(fields, "parameter", coexistence.parameter);
+    fields.require("takesTurns",
+                   [&](const ValueReader& field) { coexistence.takesTurns = field.boolean(); });
+  });
+  return coexistence;
+}
+
+}  // namespace wifi_profile::scenario

@@ -1,0 +1,156 @@
+#include "devices/scenario/WorldReader.h"
+
+#include "devices/scenario/Scenario.h"
+#include "devices/scenario/WorldParts.h"
+#include "devices/scenario/WorldValues.h"
+
+namespace wifi_profile::scenario {
+namespace {
+
+using checks::Known;
+using checks::Reason;
+using checks::Unknown;
+
+struct ReasonSentence {
+  Reason reason;
+  std::string_view sentence;
+};
+
+constexpr ReasonSentence kSentences[]{
+    {Reason::notJoined, "The radio is not joined to a network."},
+    {Reason::notInRange, "No access point of that name was heard."},
+    {Reason::notTold, "The scenario's world does not say it."},
+    {Reason::notPermitted, "The user may not ask for it."},
+    {Reason::notSupported, "The driver or the kernel cannot tell."},
+    {Reason::noService, "The service that knows it is not running."},
+    {Reason::noHardware, "There is no such device."},
+    {Reason::radioOff, "Wi-Fi is switched off."},
+    {Reason::tookTooLong, "It took too long."},
+    {Reason::failed, "The system refused."},
+    {Reason::outsideNetwork, "Only a member of the network can find it out."},
+};
+
+Reason readReason(const ValueReader& value) {
+  static constexpr std::pair<std::string_view, Reason> kChoices[]{
+      {"notJoined", Reason::notJoined},
+      {"notInRange", Reason::notInRange},
+      {"notTold", Reason::notTold},
+      {"notPermitted", Reason::notPermitted},
+      {"notSupported", Reason::notSupported},
+      {"noService", Reason::noService},
+      {"noHardware", Reason::noHardware},
+      {"radioOff", Reason::radioOff},
+      {"tookTooLong", Reason::tookTooLong},
+      {"failed", Reason::failed},
+      {"outsideNetwork", Reason::outsideNetwork}};
+  return readChoice(value, kChoices);
+}
+
+Unknown readUnknown(const ValueReader& value) {
+  Unknown unknown;
+  value.object([&](FieldsReader& fields) {
+    fields.require("unknown",
+                   [&](const ValueReader& field) { unknown.reason = readReason(field); });
+    for (const auto& [reason, sentence] : kSentences) {
+      if (reason == unknown.reason) unknown.sentence = sentence;
+    }
+    takeText(fields, "sentence", unknown.sentence);
+  });
+  return unknown;
+}
+
+// Takes one fact; `missing` ends the sentence about a world that does not tell it.
+template <class T>
+void takeFact(FieldsReader& fields, std::string_view key, Known<T>& fact,
+              T (*read)(const ValueReader&), std::string_view missing) {
+  fact =
+      Unknown{Reason::notTold, "The scenario's world does not say " + std::string(missing) + "."};
+  fields.take(key, [&](const ValueReader& field) {
+    const auto object = as<Dictionary>(field.value());
+    if (object && object->objectForKey("unknown")) {
+      fact = readUnknown(field);
+    } else {
+      fact = read(field);
+    }
+  });
+}
+
+void takeFacts(FieldsReader& fields, checks::Facts& facts) {
+  const auto take = [&](std::string_view key, auto& fact, auto read, std::string_view missing) {
+    takeFact(fields, key, fact, read, missing);
+  };
+  take("link", facts.link, readLink, "which network the device is joined to");
+  take("scan", facts.scan, readScan, "which access points are in range");
+  take("surveys", facts.surveys, readSurveys, "how busy and noisy the channels are");
+  take("radio", facts.radio, readRadio, "what the radio can do");
+  take("regulatory", facts.regulatory, readRegulatory, "which country's rules hold");
+  take("addresses", facts.addresses, readAddresses, "which addresses the device has");
+  take("activeProfile", facts.activeProfile, readActiveProfile,
+       "how the joined network is set up on the device");
+  take("savedNetworks", facts.savedNetworks, readSavedNetworks, "which networks are remembered");
+  take("sessionProxy", facts.sessionProxy, readSessionProxy, "whether the session has a proxy");
+  take("bluetooth", facts.bluetooth, readBluetooth, "which Bluetooth devices there are");
+  take("coexistence", facts.coexistence, readCoexistence, "whether Wi-Fi and Bluetooth take turns");
+  take("lanPings", facts.lanPings, readPings, "how the router answers pings");
+  take("wanPings", facts.wanPings, readPings, "how the internet answers pings");
+  take("nameResolution", facts.nameResolution, readNameResolution, "whether names are resolved");
+  take("portalProbe", facts.portalProbe, readPortalProbe, "whether there is a sign-in page");
+  take("siteReach", facts.siteReach, readSiteReach, "whether the site can be reached");
+  take("sitePage", facts.sitePage, readSitePage, "whether the site's page can be fetched");
+  take("routerOutside", facts.routerOutside, readRouterOutside,
+       "what stands between the router and the internet");
+}
+
+void readSettings(const ValueReader& value, checks::Settings& settings) {
+  constexpr int kMost = 1'000'000;
+  value.object([&](FieldsReader& fields) {
+    takeInteger(fields, "poorSignalBelow", -127, 0, settings.poorSignalBelow);
+    const std::pair<std::string_view, int*> counts[]{
+        {"longBeaconIntervalAbove", &settings.longBeaconIntervalAbove},
+        {"longDtimPeriodAbove", &settings.longDtimPeriodAbove},
+        {"largeSavedListAbove", &settings.largeSavedListAbove},
+        {"bluetoothConnectedAbove", &settings.bluetoothConnectedAbove},
+        {"bluetoothPairedAbove", &settings.bluetoothPairedAbove}};
+    for (const auto& [key, target] : counts) takeInteger(fields, key, 0, kMost, *target);
+    fields.take("congestedBusyShare", [&](const ValueReader& field) {
+      settings.congestedBusyShare = field.number(0, 1);
+    });
+    takeInteger(fields, "congestedUtilization", 0, 255, settings.congestedUtilization);
+    fields.take("congestedNeighbours", [&](const ValueReader& field) {
+      settings.congestedNeighbours = field.number(0, kMost);
+    });
+    takeTexts(fields, "ambiguousNames", settings.ambiguousNames);
+    takeTexts(fields, "hotspotSubnets", settings.hotspotSubnets);
+    takeTexts(fields, "baseStationMakers", settings.baseStationMakers);
+    takeTexts(fields, "baseStationAddressBlocks", settings.baseStationAddressBlocks);
+  });
+}
+
+// One time for all tests, or times by the tests' names.
+void readDelay(const ValueReader& value, World& world) {
+  if (!as<Dictionary>(value.value())) {
+    world.delay = value.seconds(kLongestTime);
+    return;
+  }
+  value.object([&](FieldsReader& fields) {
+    for (const auto& [id, name] : kDiagnosticsTestNames) {
+      fields.take(name, [&, test = id](const ValueReader& field) {
+        world.delays[test] = field.seconds(kLongestTime);
+      });
+    }
+  });
+}
+
+}  // namespace
+
+World readWorld(const ValueReader& value) {
+  World world;
+  value.object([&](FieldsReader& fields) {
+    takeFacts(fields, world.facts);
+    fields.take("settings", [&](const ValueReader& field) { readSettings(field, world.settings); });
+    fields.take("delay", [&](const ValueReader& field) { readDelay(field, world); });
+  });
+  return world;
+}
+
+}  // namespace wifi_profile::scenario

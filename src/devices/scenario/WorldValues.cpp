@@ -1,0 +1,155 @@
+#include "devices/scenario/WorldValues.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "platform/Number.h"
+
+namespace wifi_profile::scenario {
+
+using ieee80211::Band;
+using ieee80211::Security;
+
+void takeText(FieldsReader& fields, std::string_view key, std::string& target) {
+  fields.take(key, [&](const ValueReader& field) { target = field.text(); });
+}
+
+void takeText(FieldsReader& fields, std::string_view key, std::optional<std::string>& target) {
+  fields.take(key, [&](const ValueReader& field) { target = field.text(); });
+}
+
+void takeFlag(FieldsReader& fields, std::string_view key, bool& target) {
+  fields.take(key, [&](const ValueReader& field) { target = field.boolean(); });
+}
+
+void takeFlag(FieldsReader& fields, std::string_view key, std::optional<bool>& target) {
+  fields.take(key, [&](const ValueReader& field) { target = field.boolean(); });
+}
+
+void takeTexts(FieldsReader& fields, std::string_view key, std::vector<std::string>& target) {
+  fields.take(key, [&](const ValueReader& field) {
+    target.clear();
+    field.list([&](const ValueReader& text) { target.push_back(text.text()); });
+  });
+}
+
+void takeInteger(FieldsReader& fields, std::string_view key, int least, int most, int& target) {
+  fields.take(key, [&](const ValueReader& field) {
+    target = static_cast<int>(field.integer(least, most));
+  });
+}
+
+void takeInteger(FieldsReader& fields, std::string_view key, int least, int most,
+                 std::optional<int>& target) {
+  fields.take(key, [&](const ValueReader& field) {
+    target = static_cast<int>(field.integer(least, most));
+  });
+}
+
+std::string readSsid(const ValueReader& value) {
+  constexpr std::size_t kLongest = 32;
+  const auto text = as<Text>(value.value());
+  if (text && !text->string().empty() && text->string().size() <= kLongest) return text->string();
+  value.fail("a text of 1 to 32 bytes");
+  return "?";
+}
+
+std::string readBssid(const ValueReader& value) {
+  constexpr std::string_view kPattern = "xx:xx:xx:xx:xx:xx";
+  const auto text = as<Text>(value.value());
+  std::string address = text ? text->string() : "";
+  const auto isDigit = [](char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f'); };
+  for (char& c : address) {
+    if (c >= 'A' && c <= 'F') c = static_cast<char>(c - 'A' + 'a');
+  }
+  const bool fits =
+      std::equal(address.begin(), address.end(), kPattern.begin(), kPattern.end(),
+                 [&](char c, char pattern) { return pattern == 'x' ? isDigit(c) : c == pattern; });
+  if (!fits) value.fail("an address such as \"02:00:00:00:00:01\"");
+  return fits ? address : "02:00:00:00:00:00";
+}
+
+std::string readCountry(const ValueReader& value) {
+  const auto text = as<Text>(value.value());
+  if (text && text->string().size() == 2 &&
+      std::ranges::all_of(text->string(), [](char c) { return c >= 'A' && c <= 'Z'; })) {
+    return text->string();
+  }
+  value.fail("two capital letters");
+  return "DE";
+}
+
+std::string readIpv4(const ValueReader& value) {
+  const auto text = as<Text>(value.value());
+  const std::string address = text ? text->string() : "";
+  const char* next = address.data();
+  const char* const end = next + address.size();
+  for (int part = 0; part < 4; ++part) {
+    unsigned number = 0;
+    const auto [after, error] = std::from_chars(next, end, number);
+    const bool dotted = part == 3 ? after == end : after != end && *after == '.';
+    if (error != std::errc() || number > 255 || !dotted) {
+      value.fail("an IPv4 address such as \"192.0.2.1\"");
+      return "0.0.0.0";
+    }
+    next = after + 1;
+  }
+  return address;
+}
+
+Security readSecurity(const ValueReader& value) {
+  static constexpr std::pair<std::string_view, Security> kChoices[]{
+      {"unknown", Security::unknown},
+      {"None", Security::none},
+      {"OWE", Security::owe},
+      {"WEP", Security::wep},
+      {"WPA Personal", Security::wpaPersonal},
+      {"WPA Enterprise", Security::wpaEnterprise},
+      {"WPA2 Personal", Security::wpa2Personal},
+      {"WPA2 Enterprise", Security::wpa2Enterprise},
+      {"WPA2/WPA3 Personal", Security::wpa2Wpa3Personal},
+      {"WPA2/WPA3 Enterprise", Security::wpa2Wpa3Enterprise},
+      {"WPA3 Personal", Security::wpa3Personal},
+      {"WPA3 Enterprise", Security::wpa3Enterprise},
+  };
+  return readChoice(value, kChoices);
+}
+
+Band readBand(const ValueReader& value) {
+  static constexpr std::pair<std::string_view, Band> kChoices[]{
+      {"2.4 GHz", Band::ghz2}, {"5 GHz", Band::ghz5}, {"6 GHz", Band::ghz6}};
+  if (const auto number = as<Number>(value.value()); number && !number->isBoolean()) {
+    if (number->toDouble() == 2.4) return Band::ghz2;
+    if (number->toDouble() == 5) return Band::ghz5;
+    if (number->toDouble() == 6) return Band::ghz6;
+  }
+  return readChoice(value, kChoices);
+}
+
+int ChannelPlace::frequency() const { return ieee80211::frequencyOf(band, channel).value_or(0); }
+
+ChannelPlace readChannel(const ValueReader& channel, std::optional<Band> band) {
+  constexpr int kLast2 = 14;
+  constexpr int kLast = 233;
+  ChannelPlace place;
+  place.channel = static_cast<int>(channel.integer(1, kLast));
+  place.band = band.value_or(place.channel <= kLast2 ? Band::ghz2 : Band::ghz5);
+  if (ieee80211::isTwentyMHzChannel(place.band, place.channel)) return place;
+  channel.fail(place.band == Band::ghz2   ? "a channel of the 2.4 GHz band"
+               : place.band == Band::ghz5 ? "a channel of the 5 GHz band"
+                                          : "a channel of the 6 GHz band");
+  return {};
+}
+
+std::optional<ChannelPlace> takeChannel(FieldsReader& fields) {
+  std::optional<Band> band;
+  std::optional<ChannelPlace> place;
+  fields.take("band", [&](const ValueReader& field) { band = readBand(field); });
+  fields.take("channel", [&](const ValueReader& field) { place = readChannel(field, band); });
+  if (band && !place) {
+    fields.object().fail("an object with \"band\" and without \"channel\"", "both or neither");
+  }
+  return place;
+}
+
+}  // namespace wifi_profile::scenario
