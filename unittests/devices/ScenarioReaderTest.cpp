@@ -216,23 +216,30 @@ TEST(ScenarioReader, RefusesRecordsThatLackWhatTheyAre) {
   EXPECT_NE(faultInInformation(R"({"PingResult":{"jitter":1}})"), "");
 }
 
+bool isRead(const std::filesystem::path& file) {
+  std::ostringstream content;
+  content << std::ifstream(file, std::ios::binary).rdbuf();
+  const auto document = readJson(content.str());
+  return std::holds_alternative<ObjectRef>(document) &&
+         std::holds_alternative<Scenario>(readScenario(std::get<ObjectRef>(document)));
+}
+
 // Every file of a folder, read the way the program does. `accepted` is what should come out.
 void readAll(const std::string& folder, bool accepted) {
   int files = 0;
   for (const auto& entry :
        std::filesystem::directory_iterator(WIFI_PROFILE_SOURCE_DIR "/" + folder)) {
-    std::ostringstream content;
-    content << std::ifstream(entry.path(), std::ios::binary).rdbuf();
-    const auto document = readJson(content.str());
-    const bool read = std::holds_alternative<ObjectRef>(document) &&
-                      std::holds_alternative<Scenario>(readScenario(std::get<ObjectRef>(document)));
-    EXPECT_EQ(read, accepted) << entry.path();
+    EXPECT_EQ(isRead(entry.path()), accepted) << entry.path();
     ++files;
   }
   EXPECT_GE(files, 6) << folder;
 }
 
 TEST(ScenarioReader, AcceptsEveryScenarioOfTheProject) { readAll("scenarios", true); }
+
+TEST(ScenarioReader, AcceptsTheWorldThatHasEveryField) {
+  EXPECT_TRUE(isRead(WIFI_PROFILE_SOURCE_DIR "/unittests/devices/full-world.json"));
+}
 
 TEST(ScenarioReader, RefusesWhatTheSchemaRefuses) {
   readAll("unittests/devices/bad-scenarios", false);

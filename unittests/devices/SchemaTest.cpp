@@ -4,6 +4,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -61,6 +62,42 @@ TEST(ScenarioSchema, KnowsTheTestsByName) {
   for (const auto& test : kDiagnosticsTestNames) names.push_back(test.name);
   const json schema = readFile(kSource / "docs" / "scenario.schema.json");
   EXPECT_EQ(schema["$defs"]["testName"]["enum"], names);
+}
+
+// The names of all fields inside a document.
+std::set<std::string> fieldsIn(const json& value) {
+  std::set<std::string> names;
+  for (const auto& [key, element] : value.items()) {
+    if (value.is_object()) names.insert(key);
+    if (element.is_structured()) names.merge(fieldsIn(element));
+  }
+  return names;
+}
+
+// The names of all properties that a part of the schema has, whichever definitions it refers to.
+void addProperties(const json& schema, const json& part, std::set<std::string>& names) {
+  for (const auto& [key, rule] : part.items()) {
+    if (key == "$ref" && rule != "#/$defs/testName") {
+      const std::string pointer = rule.get<std::string>().substr(1);
+      addProperties(schema, schema[json::json_pointer(pointer)], names);
+    } else if (rule.is_structured()) {
+      if (key == "properties") {
+        for (const auto& property : rule.items()) names.insert(property.key());
+      }
+      addProperties(schema, rule, names);
+    }
+  }
+}
+
+TEST(ScenarioSchema, TakesTheWorldThatHasEveryField) {
+  const json full = readFile(kSource / "unittests/devices/full-world.json");
+  EXPECT_EQ(scenarioSchema().fault(full), std::nullopt);
+  const json schema = readFile(kSource / "docs" / "scenario.schema.json");
+  std::set<std::string> named;
+  addProperties(schema, schema["$defs"]["world"], named);
+  EXPECT_GT(named.size(), 100U);
+  const std::set<std::string> used = fieldsIn(full["world"]);
+  for (const std::string& name : named) EXPECT_TRUE(used.contains(name)) << name;
 }
 
 TEST(ScenarioSchema, NamesThePlaceOfAFault) {
