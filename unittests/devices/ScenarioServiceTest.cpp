@@ -105,6 +105,52 @@ TEST_F(ScenarioServiceTest, TakesABackgroundRequestUpAfterTheMainQueueWasHandled
   EXPECT_EQ(events.all[1], R"(service.request test="PingLAN" id=3 configuration=null)");
 }
 
+TEST_F(ScenarioServiceTest, AnswersFromTheWorldWhatNoAnswerIsFor) {
+  make(std::get<ObjectRef>(readJson(R"({"scenario":1,
+      "answers":{"PoorSignal":[{"times":1,"error":{"code":7}},
+                               {"when":{"networkName":"Cafe"},"result":false}]},
+      "world":{"link":{"interface":"wlan0","ssid":"Home","bssid":"02:00:00:00:00:01","signal":-80},
+               "scan":[{"bssid":"02:00:00:00:00:02","ssid":"Lab","signal":-50}]}})")));
+  EXPECT_EQ(ask(DiagnosticsTestID::PoorSignal), "7 error 7");
+  EXPECT_EQ(ask(DiagnosticsTestID::PoorSignal), "yes");
+  EXPECT_EQ(ask(DiagnosticsTestID::PoorSignal, named("Lab")), "no");
+  EXPECT_EQ(ask(DiagnosticsTestID::PoorSignal, named("Cafe")), "no");
+}
+
+TEST_F(ScenarioServiceTest, HasTheReasonsNumberAndSentenceWhereTheWorldCannotTell) {
+  make(std::get<ObjectRef>(readJson(R"({"scenario":1,"world":{
+      "bluetooth":{"unknown":"noHardware","sentence":"There is no adapter."}}})")));
+  EXPECT_EQ(ask(DiagnosticsTestID::BluetoothPaired), "16 There is no adapter.");
+  EXPECT_EQ(ask(DiagnosticsTestID::LargePNL),
+            "12 The scenario's world does not say which networks are remembered.");
+}
+
+TEST_F(ScenarioServiceTest, AsksTheWorldWithItsSettings) {
+  make(std::get<ObjectRef>(readJson(R"({"scenario":1,"world":{
+      "bluetooth":{"paired":3},"settings":{"bluetoothPairedAbove":2}}})")));
+  EXPECT_EQ(ask(DiagnosticsTestID::BluetoothPaired), "yes");
+}
+
+TEST_F(ScenarioServiceTest, TakesAWorldsDelayUnlessItIsCancelled) {
+  make(std::get<ObjectRef>(readJson(R"({"scenario":1,
+      "answers":{"PingLAN":[{"times":1,"result":true}]},
+      "world":{"bluetooth":{"paired":30},"delay":{"BluetoothPaired":1.5,"PingLAN":60}}})")));
+  std::string paired;
+  std::string written;
+  std::string waiting;
+  loop.postToGlobal([&] {
+    paired = ask(DiagnosticsTestID::BluetoothPaired);
+    written = ask(DiagnosticsTestID::PingLAN);  // the delay of an answer is its own
+    waiting = ask(DiagnosticsTestID::PingLAN);
+  });
+  loop.postToGlobalAfter(2s, [&] { service->cancelAllRequests(); });
+  loop.runUntilIdle();
+  EXPECT_EQ(paired, "yes");
+  EXPECT_EQ(written, "yes");
+  EXPECT_EQ(waiting, "2 cancelled");
+  EXPECT_EQ(loop.now(), 2s);
+}
+
 TEST_F(ScenarioServiceTest, TheLastStatusRepeats) {
   make(std::get<ObjectRef>(
       readJson(R"({"scenario":1,"status":[{"error":{"code":5}},{"ssid":"Home","bssid":"b"}]})")));

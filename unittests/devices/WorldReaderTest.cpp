@@ -487,6 +487,7 @@ TEST(WorldReader, ReadsSettingsByName) {
                                         .hotspotSubnets = {"192.168.43.0/24"},
                                         .baseStationMakers = {"kontor"},
                                         .baseStationAddressBlocks = {"02:21:8d"}}));
+  EXPECT_EQ(worldOf("{}").settings, checks::defaultSettings());
   EXPECT_EQ(faultIn(R"({"settings":{"congestedBusyShare":70}})"),
             "/world/settings/congestedBusyShare: found the number 70, expected a number from 0 to "
             "1");

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "devices/DeviceBackEnds.h"
+#include "checks/Checks.h"
+#include "platform/Number.h"
 
 namespace wifi_profile::scenario {
 namespace {
@@ -20,10 +22,27 @@ Answer failure(std::int64_t code, std::string description) {
   return answer;
 }
 
+Answer answerFrom(const World& world, DiagnosticsTestID test, const TextRef& networkName) {
+  auto found = checks::checkOf(test).answer({world.facts, world.settings, networkName});
+  Answer answer;
+  if (const auto* unknown = std::get_if<checks::Unknown>(&found)) {
+    answer = failure(static_cast<std::int64_t>(unknown->reason), unknown->sentence);
+  } else {
+    answer.results.emplace().push_back(std::make_shared<const DiagnosticsTestResult>(
+        std::get<DiagnosticsTestResult>(std::move(found))));
+  }
+  answer.delay = world.delayOf(test);
+  return answer;
+}
+
 }  // namespace
 
 ScenarioService::ScenarioService(const Scenario& scenario, Pace& pace, Trace& trace)
-    : pace_(pace), trace_(trace), answers_(scenario.answers), status_(scenario.status) {}
+    : pace_(pace),
+      trace_(trace),
+      world_(scenario.world),
+      answers_(scenario.answers),
+      status_(scenario.status) {}
 
 DiagnosticsTestResults ScenarioService::runDiagnosticsTests(
     const VqDiagnosticsTestRequests& requests, const VqPeer* /*peer*/,
@@ -61,14 +80,22 @@ Answer ScenarioService::serve(const VqDiagnosticsTestRequest& request) {
 
 Answer ScenarioService::takeAnswer(const VqDiagnosticsTestRequest& request) {
   const TextRef networkName = networkNameOf(request);
+  const DictionaryRef& configuration = request.configuration();
+  const TextRef networkName =
+      configuration ? as<Text>(configuration->objectForKey("NetworkName")) : nullptr;
+  if (auto answer = takeWrittenAnswer(request.testID(), networkName)) return *std::move(answer);
+  if (world_) return answerFrom(*world_, request.testID(), networkName);
+  return failure(kNoAnswer, "no answer for " + std::string(nameOf(request.testID())));
+}
+
+std::optional<Answer> ScenarioService::takeWrittenAnswer(DiagnosticsTestID test,
+                                                         const TextRef& networkName) {
   const std::lock_guard lock(mutex_);
-  auto& answers = answers_[request.testID()];
+  auto& answers = answers_[test];
   const auto found = std::find_if(answers.begin(), answers.end(), [&](const Answer& answer) {
     return matches(answer, networkName);
   });
-  if (found == answers.end()) {
-    return failure(kNoAnswer, "no answer for " + std::string(nameOf(request.testID())));
-  }
+  if (found == answers.end()) return std::nullopt;
   if (found->times) --*found->times;
   return *found;
 }

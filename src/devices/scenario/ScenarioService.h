@@ -16,10 +16,11 @@
 
 namespace wifi_profile::scenario {
 
-// Answers from a scenario. A request or query from a background thread is taken up, and its event
-// written, once the main thread has handled what was posted to it before. With one task in the
-// background at most, two runs of a scenario therefore give the same trace. A cancel makes requests
-// that are waiting out a delay fail at once. Any thread.
+// Answers from a scenario: from its `answers`, or else its world. A request or query from a
+// background thread is taken up, and its event written, once the main thread has handled what was
+// posted to it before. With one task in the background at most, two runs of a scenario therefore
+// give the same trace. A cancel makes requests that are waiting out a delay fail at once. Any
+// thread.
 class ScenarioService final : public VqClient {
  public:
   // `pace` and `trace` must outlive the service.
@@ -38,7 +39,7 @@ class ScenarioService final : public VqClient {
                                                      VqErrorRef& error) override;
   void cancelAllRequests() override;
 
-  // Codes of the service's own errors.
+  // Codes of the service's own errors. What the world does not tell has those of checks::Reason.
   static constexpr std::int64_t kNoAnswer = 1;
   static constexpr std::int64_t kCancelled = 2;
 
@@ -47,9 +48,12 @@ class ScenarioService final : public VqClient {
 
   Answer serve(const VqDiagnosticsTestRequest& request);
   Answer takeAnswer(const VqDiagnosticsTestRequest& request);
+  // Uses one of `answers` up, if there is one that matches.
+  std::optional<Answer> takeWrittenAnswer(DiagnosticsTestID test, const TextRef& networkName);
 
   Pace& pace_;
   Trace& trace_;
+  const std::optional<World> world_;
   std::function<void(DiagnosticsTestID)> whileServing_;
 
   std::mutex mutex_;  // guards what follows

@@ -12,7 +12,7 @@ namespace wifi_profile::scenario {
 
 struct World {
   checks::Facts facts;
-  checks::Settings settings;
+  checks::Settings settings = checks::defaultSettings();
   // How long a request takes: that of its test, or else that of all.
   std::map<DiagnosticsTestID, std::chrono::nanoseconds> delays;
   std::chrono::nanoseconds delay{0};
