@@ -1,9 +1,8 @@
 # `find_package(WiFiProfile)`: the program, and the libraries with which a host embeds it.
 include(CMakePackageConfigHelpers)
 
-set(installed_targets wifi_profile wifi_profile_runtime wifi_profile_screens wifi_profile_devices
 set(installed_targets wifi_profile wifi_profile_runtime wifi_profile_screens wifi_profile_ieee80211
-    wifi_profile_checks wifi_profile_scenario)
+    wifi_profile_checks wifi_profile_devices wifi_profile_scenario)
 if(NOT WIFI_PROFILE_CORE_ONLY)
   list(APPEND installed_targets wifi-profile)
 endif()

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include "devices/DeviceBackEnds.h"
 #include "checks/Checks.h"
-#include "platform/Number.h"
+#include "devices/DeviceBackEnds.h"
 
 namespace wifi_profile::scenario {
 namespace {
@@ -80,9 +79,6 @@ Answer ScenarioService::serve(const VqDiagnosticsTestRequest& request) {
 
 Answer ScenarioService::takeAnswer(const VqDiagnosticsTestRequest& request) {
   const TextRef networkName = networkNameOf(request);
-  const DictionaryRef& configuration = request.configuration();
-  const TextRef networkName =
-      configuration ? as<Text>(configuration->objectForKey("NetworkName")) : nullptr;
   if (auto answer = takeWrittenAnswer(request.testID(), networkName)) return *std::move(answer);
   if (world_) return answerFrom(*world_, request.testID(), networkName);
   return failure(kNoAnswer, "no answer for " + std::string(nameOf(request.testID())));
