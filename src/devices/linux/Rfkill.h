@@ -85,7 +85,6 @@ class Rfkill {
   Descriptor device_;
   std::map<std::uint32_t, State> switches_;  // the radio's, by number
   std::vector<std::uint32_t> own_;           // numbers of the radio's switches
-  bool hadSwitches_ = false;
 };
 
 }  // namespace wifi_profile::machine

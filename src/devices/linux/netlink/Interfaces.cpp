@@ -64,8 +64,9 @@ std::optional<WifiInterface> interfaceOf(const Attributes& attributes) {
 }
 
 void sortForUse(std::vector<WifiInterface>& interfaces) {
+  // A station has a channel only while it is joined. Some kernels then tell no name.
   const auto key = [](const WifiInterface& one) {
-    return std::tuple(one.role != Role::station, !one.ssid, one.index);
+    return std::tuple(one.role != Role::station, !one.ssid && !one.frequency, one.index);
   };
   std::ranges::stable_sort(interfaces, {}, key);
 }

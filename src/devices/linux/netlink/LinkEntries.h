@@ -15,9 +15,10 @@ namespace wifi_profile::machine {
 // The access point as a station entry has it.
 struct StationEntry {
   std::string address;  // as checks::Link::bssid; where a network has several links, of all of them
-  std::optional<int> signal;          // dBm: mean of the beacons, else of all frames, else the last
-  std::optional<int> beaconInterval;  // TU
-  std::optional<int> dtimPeriod;      // beacons
+  std::optional<int> signal =
+      std::nullopt;  // dBm: mean of the beacons, else of all frames, else the last
+  std::optional<int> beaconInterval = std::nullopt;  // TU
+  std::optional<int> dtimPeriod = std::nullopt;      // beacons
 
   bool operator==(const StationEntry&) const = default;
 };

@@ -66,7 +66,7 @@ NotDone Nl80211::open(const Patience& patience) {
   std::vector<Message> answers;
   const int error = requests_.ask(request, patience, answers);
   if (error == ENOENT) return kNoHardware;
-  if (error != 0) return unknownFor(error, "whether it has Wi-Fi");
+  if (error != 0) return unknownFor(error, "its Wi-Fi devices");
   if (answers.empty()) return kNoHardware;
   const Attributes family(answers.front().payload);
   family_ = family.number<std::uint16_t>(CTRL_ATTR_FAMILY_ID).value_or(0);
@@ -99,7 +99,7 @@ Known<std::vector<WifiInterface>> Nl80211::interfaces(const Patience& patience) 
 
 Known<WifiInterface> Nl80211::now(const WifiInterface& interface, const Patience& patience) {
   auto request = about(family_, NL80211_CMD_GET_INTERFACE, Request::Kind::one, interface);
-  const auto answers = ask(request, "the Wi-Fi interface", patience);
+  const auto answers = ask(request, "the state of the interface", patience);
   if (!answers) return answers.why();
   if (answers->empty()) return kGone;
   const auto read = interfaceOf(Attributes(answers->front().payload));
@@ -163,13 +163,13 @@ Known<std::vector<checks::ChannelSurvey>> Nl80211::surveys(const WifiInterface& 
                                                            const Patience& patience) {
   if (auto problem = open(patience)) return *problem;
   auto request = about(family_, NL80211_CMD_GET_SURVEY, Request::Kind::dump, interface);
-  const auto answers = ask(request, "how busy the channels are", patience);
+  const auto answers = ask(request, "the survey of the channels", patience);
   if (!answers) return answers.why();
   std::vector<checks::ChannelSurvey> surveys;
   for (const Message& answer : *answers) {
     if (const auto one = surveyOf(Attributes(answer.payload))) surveys.push_back(*one);
   }
-  if (surveys.empty()) return unknownFor(EOPNOTSUPP, "how busy the channels are");
+  if (surveys.empty()) return unknownFor(EOPNOTSUPP, "the survey of the channels");
   std::ranges::stable_sort(surveys, {}, &checks::ChannelSurvey::frequency);
   return surveys;
 }
@@ -179,7 +179,7 @@ Known<checks::Radio> Nl80211::radio(const WifiInterface& interface, const Patien
   if (!all) return all.why();
   Request request(family_, NL80211_CMD_GET_WIPHY, Request::Kind::dump);
   request.putFlag(NL80211_ATTR_SPLIT_WIPHY_DUMP).put(NL80211_ATTR_WIPHY, interface.wiphy);
-  const auto answers = ask(request, "what the radio can do", patience);
+  const auto answers = ask(request, "the abilities of the radio", patience);
   if (!answers) return answers.why();
   checks::Radio radio;
   bool found = false;

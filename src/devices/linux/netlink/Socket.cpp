@@ -231,23 +231,23 @@ checks::Unknown unknownFor(int error, std::string_view subject) {
   switch (error) {
     case ENODEV:
     case ENXIO:
-      return {Reason::noHardware, "The Wi-Fi interface is gone, so " + what + " is not known."};
+      return {Reason::noHardware, "The Wi-Fi interface is gone, and with it " + what + "."};
     case EPERM:
     case EACCES:
       return {Reason::notPermitted, "This user may not ask the kernel for " + what +
-                                        ". A user with the right CAP_NET_ADMIN may."};
+                                        "; that needs the capability CAP_NET_ADMIN."};
     case EOPNOTSUPP:
     case EPROTONOSUPPORT:
     case EAFNOSUPPORT:
-      return {Reason::notSupported, "The driver or the kernel does not tell " + what + "."};
+      return {Reason::notSupported, "The driver or the kernel cannot tell " + what + "."};
     case ENETDOWN:
     case ERFKILL:
-      return {Reason::radioOff,
-              "Wi-Fi is off, so " + what + " is not known. Switch it on and try again."};
+      return {Reason::radioOff, "Wi-Fi is off, so the kernel could not tell " + what +
+                                    ". Switch it on and try again."};
     case ETIMEDOUT:
       return {Reason::tookTooLong, "The kernel did not tell " + what + " in time."};
     case ECANCELED:
-      return {Reason::tookTooLong, "The question for " + what + " was called off."};
+      return {Reason::tookTooLong, "The kernel was asked for " + what + ", but it was called off."};
     default:
       return {Reason::failed,
               "The kernel did not tell " + what + ": " + std::generic_category().message(error)};

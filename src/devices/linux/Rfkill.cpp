@@ -1,0 +1,182 @@
+#include "devices/linux/Rfkill.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <linux/rfkill.h>
+#include <string_view>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace wifi_profile::machine {
+
+namespace {
+
+using checks::Reason;
+using checks::Unknown;
+
+// All kernels' events have these; a read of so many takes one event whole and leaves out the rest.
+constexpr std::size_t kEventBytes = RFKILL_EVENT_SIZE_V1;
+// More than any machine has switches; whatever else is left comes the next time.
+constexpr int kMostEvents = 256;
+
+// The number in a name such as rfkill3.
+std::optional<std::uint32_t> numberOf(std::string_view name) {
+  constexpr std::string_view kFront = "rfkill";
+  if (!name.starts_with(kFront)) return std::nullopt;
+  name.remove_prefix(kFront.size());
+  std::uint32_t number = 0;
+  const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
+  if (error != std::errc() || end != name.data() + name.size()) return std::nullopt;
+  return number;
+}
+
+std::vector<std::uint32_t> switchesIn(const std::filesystem::path& folder, std::error_code& error) {
+  std::vector<std::uint32_t> numbers;
+  std::filesystem::directory_iterator entries(folder, error);
+  while (!error && entries != std::filesystem::directory_iterator()) {
+    if (const auto number = numberOf(entries->path().filename().string())) {
+      numbers.push_back(*number);
+    }
+    entries.increment(error);
+  }
+  return numbers;
+}
+
+}  // namespace
+
+std::optional<RfkillEvent> parseRfkillEvent(ieee80211::Bytes bytes) {
+  rfkill_event raw{};
+  if (bytes.size() < kEventBytes) return std::nullopt;
+  std::memcpy(&raw, bytes.data(), kEventBytes);
+  RfkillEvent event;
+  event.index = raw.idx;
+  event.softBlocked = raw.soft != 0;
+  event.hardBlocked = raw.hard != 0;
+  switch (raw.op) {
+    case RFKILL_OP_ADD:
+      event.operation = RfkillEvent::Operation::added;
+      break;
+    case RFKILL_OP_DEL:
+      event.operation = RfkillEvent::Operation::removed;
+      break;
+    case RFKILL_OP_CHANGE:
+      event.operation = RfkillEvent::Operation::changed;
+      break;
+    default:
+      return std::nullopt;
+  }
+  return event;
+}
+
+Descriptor::~Descriptor() {
+  if (number_ >= 0) close(number_);
+}
+
+Descriptor::Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+
+Descriptor& Descriptor::operator=(Descriptor&& other) noexcept {
+  std::swap(number_, other.number_);
+  return *this;
+}
+
+Rfkill::Rfkill(std::string interface, std::string device, std::string interfaces)
+    : interface_(std::move(interface)),
+      path_(std::move(device)),
+      interfaces_(std::move(interfaces)) {}
+
+std::optional<Unknown> Rfkill::open() {
+  own_.clear();
+  switches_.clear();
+  device_ = Descriptor();
+  const auto folder = std::filesystem::path(interfaces_) / interface_;
+  std::error_code error;
+  if (!std::filesystem::exists(folder, error)) {
+    return Unknown{Reason::noHardware, "The Wi-Fi interface is gone."};
+  }
+  own_ = switchesIn(folder / "phy80211", error);
+  if (own_.empty()) return Unknown{Reason::notSupported, "The Wi-Fi radio has no switch."};
+  device_ = Descriptor(::open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  if (device_.number() < 0) {
+    const int number = errno;
+    if (number == EACCES || number == EPERM) {
+      return Unknown{Reason::notPermitted, "This user may not read the radio's switches in " +
+                                               path_ + ". Its owner may allow it."};
+    }
+    return Unknown{Reason::notSupported, "The kernel does not show the radio's switches (" + path_ +
+                                             "): " + std::generic_category().message(number)};
+  }
+  readEvents();
+  return std::nullopt;
+}
+
+void Rfkill::readEvents() {
+  std::array<std::uint8_t, kEventBytes> bytes{};
+  for (int count = 0; count < kMostEvents; ++count) {
+    const auto size = read(device_.number(), bytes.data(), bytes.size());
+    if (size <= 0) return;
+    const auto event = parseRfkillEvent({bytes.data(), static_cast<std::size_t>(size)});
+    if (!event || std::ranges::find(own_, event->index) == own_.end()) continue;
+    if (event->operation == RfkillEvent::Operation::removed) {
+      switches_.erase(event->index);
+      // The number may come again, for another device.
+      std::erase(own_, event->index);
+    } else {
+      switches_[event->index] = {event->softBlocked, event->hardBlocked};
+    }
+  }
+}
+
+std::optional<bool> Rfkill::poweredOn() const {
+  if (switches_.empty()) return std::nullopt;
+  return std::ranges::none_of(
+      switches_, [](const auto& one) { return one.second.softBlocked || one.second.hardBlocked; });
+}
+
+bool Rfkill::isHardBlocked() const {
+  return std::ranges::any_of(switches_, [](const auto& one) { return one.second.hardBlocked; });
+}
+
+void Rfkill::handleEvents(const std::function<void(News)>& tell) {
+  if (device_.number() < 0) return;
+  const auto before = poweredOn();
+  readEvents();
+  const auto after = poweredOn();
+  if (before == after) return;
+  if (!after) {
+    tell(News::removed);
+  } else {
+    tell(*after ? News::on : News::off);
+  }
+}
+
+std::optional<Unknown> Rfkill::switchOn() {
+  if (own_.empty()) return Unknown{Reason::notSupported, "The Wi-Fi radio has no switch."};
+  if (isHardBlocked()) {
+    return Unknown{Reason::radioOff,
+                   "Wi-Fi is switched off by a switch or a key on the device. Turn that on."};
+  }
+  const Descriptor device(::open(path_.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK));
+  for (const std::uint32_t index : own_) {
+    rfkill_event event{};
+    event.idx = index;
+    event.type = RFKILL_TYPE_WLAN;
+    event.op = RFKILL_OP_CHANGE;
+    if (device.number() >= 0 && write(device.number(), &event, kEventBytes) > 0) continue;
+    const int number = errno;
+    if (number == EACCES || number == EPERM) {
+      return Unknown{Reason::notPermitted,
+                     "This user may not switch Wi-Fi on. Members of the group netdev may."};
+    }
+    return Unknown{Reason::failed,
+                   "Wi-Fi cannot be switched on: " + std::generic_category().message(number)};
+  }
+  return std::nullopt;
+}
+
+}  // namespace wifi_profile::machine

@@ -1,0 +1,167 @@
+#include "devices/linux/netlink/Addresses.h"
+
+#include <algorithm>
+#include <arpa/inet.h>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <linux/if_addr.h>
+#include <linux/rtnetlink.h>
+#include <sys/socket.h>
+
+#include "devices/linux/netlink/Attributes.h"
+
+namespace wifi_profile::machine {
+
+namespace {
+
+// An answer's fixed fields, and the attributes behind them.
+template <class Fields>
+struct Entry {
+  Fields fields{};
+  Attributes attributes;
+};
+
+template <class Fields>
+std::optional<Entry<Fields>> entryOf(const Message& message) {
+  Entry<Fields> entry;
+  if (message.payload.size() < sizeof entry.fields) return std::nullopt;
+  std::memcpy(&entry.fields, message.payload.data(), sizeof entry.fields);
+  entry.attributes = Attributes(Bytes(message.payload).subspan(NLMSG_ALIGN(sizeof entry.fields)));
+  return entry;
+}
+
+// Empty where the number of octets is not the family's.
+std::string textOf(int family, Bytes octets) {
+  if (octets.size() != (family == AF_INET ? sizeof(in_addr) : sizeof(in6_addr))) return {};
+  std::array<char, INET6_ADDRSTRLEN> text{};
+  if (inet_ntop(family, octets.data(), text.data(), text.size()) == nullptr) return {};
+  return text.data();
+}
+
+struct InterfaceAddress {
+  std::string text;
+  int family = AF_UNSPEC;
+  int scope = 0;  // the lower the wider
+};
+
+std::optional<InterfaceAddress> addressOf(int interface, const Message& message) {
+  if (message.type != RTM_NEWADDR) return std::nullopt;
+  const auto entry = entryOf<ifaddrmsg>(message);
+  if (!entry || static_cast<int>(entry->fields.ifa_index) != interface) return std::nullopt;
+  const int family = entry->fields.ifa_family;
+  if (family != AF_INET && family != AF_INET6) return std::nullopt;
+  constexpr std::uint32_t kUnusable = IFA_F_TENTATIVE | IFA_F_DADFAILED | IFA_F_DEPRECATED;
+  // An optimistic address is in use before it is proved to be nobody else's (RFC 4429).
+  const std::uint32_t flags =
+      entry->attributes.number<std::uint32_t>(IFA_FLAGS).value_or(entry->fields.ifa_flags);
+  if ((flags & kUnusable) != 0 && (flags & IFA_F_OPTIMISTIC) == 0) return std::nullopt;
+  // On a link with a peer, IFA_ADDRESS is the peer's.
+  auto octets = entry->attributes.find(IFA_LOCAL);
+  if (!octets) octets = entry->attributes.find(IFA_ADDRESS);
+  InterfaceAddress address{textOf(family, octets.value_or(Bytes())), family,
+                           entry->fields.ifa_scope};
+  if (address.text.empty()) return std::nullopt;
+  return address;
+}
+
+struct DefaultRoute {
+  std::string gateway;
+  int family = AF_UNSPEC;
+  std::uint32_t metric = 0;
+};
+
+// The gateway of a route that is written with one way, or of the first way over the interface.
+std::string gatewayOf(int interface, int family, const Attributes& route) {
+  const auto over = route.number<std::int32_t>(RTA_OIF);
+  if (over) {
+    return *over == interface ? textOf(family, route.find(RTA_GATEWAY).value_or(Bytes())) : "";
+  }
+  Bytes ways = route.find(RTA_MULTIPATH).value_or(Bytes());
+  while (ways.size() >= sizeof(rtnexthop)) {
+    rtnexthop way{};
+    std::memcpy(&way, ways.data(), sizeof way);
+    if (way.rtnh_len < sizeof way || way.rtnh_len > ways.size()) break;
+    if (way.rtnh_ifindex == interface) {
+      const Attributes inside(ways.subspan(sizeof way, way.rtnh_len - sizeof way));
+      return textOf(family, inside.find(RTA_GATEWAY).value_or(Bytes()));
+    }
+    ways = ways.subspan(std::min<std::size_t>(RTNH_ALIGN(way.rtnh_len), ways.size()));
+  }
+  return {};
+}
+
+std::optional<DefaultRoute> defaultRouteOf(int interface, const Message& message) {
+  if (message.type != RTM_NEWROUTE) return std::nullopt;
+  const auto entry = entryOf<rtmsg>(message);
+  if (!entry || entry->fields.rtm_dst_len != 0 || entry->fields.rtm_type != RTN_UNICAST ||
+      (entry->fields.rtm_flags & RTM_F_CLONED) != 0) {
+    return std::nullopt;
+  }
+  const int family = entry->fields.rtm_family;
+  if (family != AF_INET && family != AF_INET6) return std::nullopt;
+  // Other tables are for packets that rules pick out, as those of a tunnel.
+  const std::uint32_t table =
+      entry->attributes.number<std::uint32_t>(RTA_TABLE).value_or(entry->fields.rtm_table);
+  if (table != RT_TABLE_MAIN) return std::nullopt;
+  DefaultRoute route{gatewayOf(interface, family, entry->attributes), family,
+                     entry->attributes.number<std::uint32_t>(RTA_PRIORITY).value_or(0)};
+  if (route.gateway.empty()) return std::nullopt;
+  return route;
+}
+
+// One question for both IP versions.
+int ask(NetlinkSocket& socket, int type, Bytes fields, const Patience& patience,
+        std::vector<Message>& answers) {
+  Request request(type, fields, Request::Kind::dump);
+  return socket.ask(request, patience, answers);
+}
+
+template <class Fields>
+Bytes bytesOf(const Fields& fields) {
+  return {reinterpret_cast<const std::uint8_t*>(&fields), sizeof fields};
+}
+
+}  // namespace
+
+checks::Addresses addressesOf(int interface, const std::vector<Message>& addresses,
+                              const std::vector<Message>& routes) {
+  std::vector<InterfaceAddress> usable;
+  for (const Message& message : addresses) {
+    if (auto address = addressOf(interface, message)) usable.push_back(std::move(*address));
+  }
+  std::ranges::stable_sort(usable, {}, &InterfaceAddress::scope);
+  checks::Addresses result;
+  for (InterfaceAddress& address : usable) {
+    (address.family == AF_INET ? result.ipv4 : result.ipv6).push_back(std::move(address.text));
+  }
+  std::vector<DefaultRoute> defaults;
+  for (const Message& message : routes) {
+    if (auto route = defaultRouteOf(interface, message)) defaults.push_back(std::move(*route));
+  }
+  std::ranges::stable_sort(defaults, {}, &DefaultRoute::metric);
+  for (const DefaultRoute& route : defaults) {
+    auto& gateway = route.family == AF_INET ? result.ipv4Gateway : result.ipv6Gateway;
+    if (!gateway) gateway = route.gateway;
+  }
+  return result;
+}
+
+checks::Known<checks::Addresses> readAddresses(int interface, const Patience& patience) {
+  constexpr std::string_view kSubject = "the interface's addresses";
+  NetlinkSocket socket(NETLINK_ROUTE);
+  ifinfomsg link{};
+  link.ifi_index = interface;
+  Request exists(RTM_GETLINK, bytesOf(link), Request::Kind::one);
+  std::vector<Message> addresses;
+  int error = interface > 0 ? socket.ask(exists, patience, addresses) : ENODEV;
+  if (error != 0) return unknownFor(error, kSubject);
+
+  error = ask(socket, RTM_GETADDR, bytesOf(ifaddrmsg{}), patience, addresses);
+  std::vector<Message> routes;
+  if (error == 0) error = ask(socket, RTM_GETROUTE, bytesOf(rtmsg{}), patience, routes);
+  if (error != 0) return unknownFor(error, kSubject);
+  return addressesOf(interface, addresses, routes);
+}
+
+}  // namespace wifi_profile::machine

@@ -1,0 +1,151 @@
+// Interfaces and the link.
+
+#include <gtest/gtest.h>
+#include <linux/nl80211.h>
+
+#include "devices/linux/NetlinkBytes.h"
+#include "devices/linux/netlink/LinkEntries.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+using Role = checks::RadioInterface::Role;
+
+const Octets kAddress{2, 0, 0, 0, 1, 0};
+
+WifiInterface wlan0() {
+  WifiInterface interface;
+  interface.name = "wlan0";
+  interface.index = 4;
+  interface.ssid = "Home";
+  interface.frequency = 2437;
+  return interface;
+}
+
+Octets station(const Octets& information) {
+  return attribute(NL80211_ATTR_MAC, kAddress) + attribute(NL80211_ATTR_STA_INFO, information);
+}
+
+std::optional<StationEntry> readStation(const Octets& bytes) {
+  return stationEntryOf(Attributes(bytes));
+}
+
+std::optional<WifiInterface> readInterface(const Octets& bytes) {
+  return interfaceOf(Attributes(bytes));
+}
+
+WifiInterface interfaceLike(Role role, int index, std::optional<int> frequency) {
+  WifiInterface interface;
+  interface.role = role;
+  interface.index = index;
+  interface.frequency = frequency;
+  return interface;
+}
+
+TEST(WifiInterfaces, AreReadWhole) {
+  const auto read =
+      readInterface(numberAttribute(NL80211_ATTR_WIPHY, std::uint32_t{2}) +
+                    attribute(NL80211_ATTR_IFNAME, "wlan0") +
+                    numberAttribute(NL80211_ATTR_IFINDEX, std::uint32_t{4}) +
+                    attribute(NL80211_ATTR_MAC, kAddress) +
+                    numberAttribute(NL80211_ATTR_IFTYPE, std::uint32_t{NL80211_IFTYPE_STATION}) +
+                    attribute(NL80211_ATTR_SSID, ieee80211::bytesOf("Home")) +
+                    numberAttribute(NL80211_ATTR_WIPHY_FREQ, std::uint32_t{2437}));
+  ASSERT_TRUE(read);
+  WifiInterface expected = wlan0();
+  expected.wiphy = 2;
+  expected.mac = "02:00:00:00:01:00";
+  expected.role = Role::station;
+  EXPECT_EQ(*read, expected);
+}
+
+TEST(WifiInterfaces, WithoutARadioAreNone) {
+  EXPECT_FALSE(readInterface(attribute(NL80211_ATTR_IFNAME, "wlan0")));
+}
+
+TEST(WifiInterfaces, HaveNoNameLongerThanTheStandards) {
+  const Octets wiphy = numberAttribute(NL80211_ATTR_WIPHY, std::uint32_t{0});
+  EXPECT_FALSE(readInterface(wiphy + attribute(NL80211_ATTR_SSID, Octets(33, 'a')))->ssid);
+  EXPECT_FALSE(readInterface(wiphy + attribute(NL80211_ATTR_SSID, Octets()))->ssid);
+}
+
+TEST(WifiInterfaces, JoinedStationsComeFirst) {
+  std::vector<WifiInterface> interfaces{
+      interfaceLike(Role::accessPoint, 1, 2412), interfaceLike(Role::station, 2, {}),
+      interfaceLike(Role::station, 5, 2437), interfaceLike(Role::station, 4, 5180)};
+  sortForUse(interfaces);
+  std::vector<int> order;
+  for (const auto& one : interfaces) order.push_back(one.index);
+  EXPECT_EQ(order, (std::vector{4, 5, 2, 1}));
+}
+
+TEST(StationEntry, HasTheParametersOfTheNetwork) {
+  const auto read = readStation(
+      station(attribute(NL80211_STA_INFO_BSS_PARAM,
+                        numberAttribute(NL80211_STA_BSS_PARAM_BEACON_INTERVAL, std::uint16_t{100}) +
+                            numberAttribute(NL80211_STA_BSS_PARAM_DTIM_PERIOD, std::uint8_t{3}))));
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read->address, "02:00:00:00:01:00");
+  EXPECT_EQ(read->beaconInterval, 100);
+  EXPECT_EQ(read->dtimPeriod, 3);
+}
+
+TEST(StationEntry, MeansComeBeforeTheLastFramesSignal) {
+  const Octets last = numberAttribute(NL80211_STA_INFO_SIGNAL, std::int8_t{-40});
+  const Octets mean = numberAttribute(NL80211_STA_INFO_SIGNAL_AVG, std::int8_t{-50});
+  const Octets beacons = numberAttribute(NL80211_STA_INFO_BEACON_SIGNAL_AVG, std::int8_t{-60});
+  EXPECT_EQ(readStation(station(last))->signal, -40);
+  EXPECT_EQ(readStation(station(mean + last))->signal, -50);
+  EXPECT_EQ(readStation(station(mean + last + beacons))->signal, -60);
+}
+
+TEST(StationEntry, ZeroMeansThatTheDriverDoesNotKnow) {
+  const auto read = readStation(
+      station(numberAttribute(NL80211_STA_INFO_SIGNAL, std::int8_t{0}) +
+              attribute(NL80211_STA_INFO_BSS_PARAM,
+                        numberAttribute(NL80211_STA_BSS_PARAM_BEACON_INTERVAL, std::uint16_t{0}) +
+                            numberAttribute(NL80211_STA_BSS_PARAM_DTIM_PERIOD, std::uint8_t{0}))));
+  ASSERT_TRUE(read);
+  EXPECT_EQ(*read, (StationEntry{.address = "02:00:00:00:01:00"}));
+}
+
+TEST(StationEntry, OfADirectLinkIsNotTheAccessPoint) {
+  const std::uint32_t bit = 1U << NL80211_STA_FLAG_TDLS_PEER;
+  EXPECT_FALSE(readStation(station(attribute(
+      NL80211_STA_INFO_STA_FLAGS, octetsOf(nl80211_sta_flag_update{.mask = bit, .set = bit})))));
+  EXPECT_TRUE(readStation(station(attribute(
+      NL80211_STA_INFO_STA_FLAGS, octetsOf(nl80211_sta_flag_update{.mask = bit, .set = 0})))));
+}
+
+TEST(Link, WithoutAStationEntryIsNone) { EXPECT_FALSE(linkOf(wlan0(), {}, {})); }
+
+TEST(Link, WithoutANameIsNone) {
+  WifiInterface interface = wlan0();
+  interface.ssid.reset();
+  EXPECT_FALSE(linkOf(interface, StationEntry{.address = "02:00:00:00:01:00"}, {}));
+}
+
+TEST(Link, IsFilledInFromTheScanList) {
+  WifiInterface interface = wlan0();
+  interface.ssid.reset();
+  interface.frequency.reset();
+  ScanEntry joined;
+  joined.frequency = 5180;
+  joined.accessPoint.bssid = "02:00:00:00:01:08";
+  joined.accessPoint.ssid = "Home";
+  joined.accessPoint.signal = -71;
+  joined.accessPoint.beaconInterval = 102;
+  joined.accessPoint.dtimPeriod = 2;
+  const StationEntry station{.address = "02:00:00:00:01:00", .signal = -55};
+  const checks::Link expected{.interface = "wlan0",
+                              .ssid = "Home",
+                              .bssid = "02:00:00:00:01:08",
+                              .signal = -55,
+                              .frequency = 5180,
+                              .beaconInterval = 102,
+                              .dtimPeriod = 2};
+  EXPECT_EQ(linkOf(interface, station, joined), expected);
+}
+
+}  // namespace
+}  // namespace wifi_profile::machine

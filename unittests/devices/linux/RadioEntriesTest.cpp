@@ -1,0 +1,113 @@
+#include <gtest/gtest.h>
+#include <linux/nl80211.h>
+
+#include "devices/linux/NetlinkBytes.h"
+#include "devices/linux/netlink/RadioEntries.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+using std::chrono::milliseconds;
+
+Octets frequency(std::uint32_t number, const Octets& flags = {}) {
+  return attribute(0, numberAttribute(NL80211_FREQUENCY_ATTR_FREQ, number) + flags);
+}
+
+Octets bandWith(const Octets& frequencies) {
+  return attribute(NL80211_ATTR_WIPHY_BANDS,
+                   attribute(0, attribute(NL80211_BAND_ATTR_FREQS, frequencies)));
+}
+
+checks::Radio radioOf(std::initializer_list<Octets> answers) {
+  checks::Radio radio;
+  for (const Octets& answer : answers) addToRadio(Attributes(answer), radio);
+  finishChannels(radio);
+  return radio;
+}
+
+TEST(Radio, ChannelsOfAllAnswersComeInOrderAndOnce) {
+  const auto radio =
+      radioOf({bandWith(frequency(5260, attribute(NL80211_FREQUENCY_ATTR_RADAR, Octets())) +
+                        frequency(5180)),
+               bandWith(frequency(2484, attribute(NL80211_FREQUENCY_ATTR_DISABLED, Octets())) +
+                        frequency(5180))});
+  const std::vector<checks::RadioChannel> expected{{.frequency = 2484, .disabled = true},
+                                                   {.frequency = 5180},
+                                                   {.frequency = 5260, .radarDetection = true}};
+  EXPECT_EQ(radio.channels, expected);
+}
+
+TEST(Radio, ChannelsAreBounded) {
+  Octets many;
+  for (std::uint32_t number = 1; number <= 3000; ++number) many = many + frequency(number);
+  EXPECT_EQ(radioOf({bandWith(many)}).channels.size(), 1024U);
+}
+
+TEST(Radio, KnowsWapiByItsCipher) {
+  const Octets ccmp = octetsOf(std::uint32_t{0x000FAC04});
+  const Octets sms4 = octetsOf(std::uint32_t{0x00147201});
+  EXPECT_FALSE(radioOf({attribute(NL80211_ATTR_CIPHER_SUITES, ccmp)}).knowsWapi);
+  EXPECT_TRUE(radioOf({attribute(NL80211_ATTR_CIPHER_SUITES, ccmp + sms4)}).knowsWapi);
+  EXPECT_FALSE(radioOf({attribute(NL80211_ATTR_CIPHER_SUITES, Octets{1, 0x72, 0x14})}).knowsWapi);
+}
+
+TEST(Radio, HasTheInterfacesOfItsNumber) {
+  WifiInterface mine;
+  mine.name = "wlan0";
+  mine.wiphy = 1;
+  mine.role = checks::RadioInterface::Role::station;
+  WifiInterface others;
+  others.name = "wlan1";
+  const std::vector<checks::RadioInterface> expected{
+      {.name = "wlan0", .role = checks::RadioInterface::Role::station}};
+  EXPECT_EQ(interfacesOf({mine, others}, 1), expected);
+}
+
+std::optional<checks::ChannelSurvey> survey(const Octets& information) {
+  const Octets bytes = attribute(NL80211_ATTR_SURVEY_INFO, information);
+  return surveyOf(Attributes(bytes));
+}
+
+Octets times(std::uint64_t active, std::uint64_t busy, std::uint64_t transmit) {
+  return numberAttribute(NL80211_SURVEY_INFO_FREQUENCY, std::uint32_t{2437}) +
+         numberAttribute(NL80211_SURVEY_INFO_TIME, active) +
+         numberAttribute(NL80211_SURVEY_INFO_TIME_BUSY, busy) +
+         numberAttribute(NL80211_SURVEY_INFO_TIME_TX, transmit);
+}
+
+TEST(Survey, IsReadWhole) {
+  const checks::ChannelSurvey expected{.frequency = 2437,
+                                       .inUse = true,
+                                       .noise = -92,
+                                       .active = milliseconds(64),
+                                       .busy = milliseconds(8),
+                                       .transmit = milliseconds(2)};
+  EXPECT_EQ(survey(times(64, 8, 2) + attribute(NL80211_SURVEY_INFO_IN_USE, Octets()) +
+                   numberAttribute(NL80211_SURVEY_INFO_NOISE, std::int8_t{-92})),
+            expected);
+}
+
+TEST(Survey, TimesThatContradictEachOtherAreLeftOut) {
+  EXPECT_FALSE(survey(times(64, 65, 2))->busy);
+  EXPECT_FALSE(survey(times(64, 65, 2))->transmit);
+  EXPECT_FALSE(survey(times(64, 8, 9))->transmit);
+  EXPECT_EQ(survey(times(64, 8, 9))->busy, milliseconds(8));
+  EXPECT_FALSE(survey(times(~std::uint64_t{0}, 1, 1))->active);
+}
+
+TEST(Survey, WithoutAFrequencyIsNone) {
+  EXPECT_FALSE(survey(numberAttribute(NL80211_SURVEY_INFO_NOISE, std::int8_t{-92})));
+}
+
+TEST(Regulatory, IsACountryOrTheWorld) {
+  const auto read = [](std::string_view country) {
+    const Octets bytes = attribute(NL80211_ATTR_REG_ALPHA2, country);
+    return regulatoryOf(Attributes(bytes));
+  };
+  EXPECT_EQ(read("DE")->country, "DE");
+  EXPECT_EQ(read("00")->country, "00");
+  for (const std::string_view none : {"98", "99", "de", "D", "DEU", ""}) EXPECT_FALSE(read(none));
+}
+
+}  // namespace
+}  // namespace wifi_profile::machine

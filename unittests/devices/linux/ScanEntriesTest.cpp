@@ -1,0 +1,246 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <linux/nl80211.h>
+#include <map>
+#include <random>
+
+#include "devices/linux/NetlinkBytes.h"
+#include "devices/linux/netlink/ScanEntries.h"
+#include "ieee80211/ElementIds.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+using namespace ieee80211;  // the words that beacons are made of
+using std::chrono::milliseconds;
+using std::chrono::seconds;
+using testing::ElementsAre;
+
+const Octets kBssid{2, 0, 0, 0, 0, 0x10};
+constexpr auto kNow = seconds(1000);
+
+Octets tim(std::uint8_t period) { return element(kTimId, {0, period, 0, 0}); }
+Octets country(std::string_view code) {
+  return element(kCountryId, bytesOf(code) + Octets{' ', 1, 13, 20});
+}
+
+Octets bss(const Octets& more, const Octets& bssid = kBssid) {
+  return attribute(NL80211_BSS_BSSID, bssid) +
+         numberAttribute(NL80211_BSS_CAPABILITY, kPrivateCapabilities) + more;
+}
+Octets newest(const Octets& elements) {
+  return attribute(NL80211_BSS_INFORMATION_ELEMENTS, elements);
+}
+Octets beacon(const Octets& elements) { return attribute(NL80211_BSS_BEACON_IES, elements); }
+Octets answered() { return attribute(NL80211_BSS_PRESP_DATA, Octets()); }
+
+std::optional<ScanEntry> read(const Octets& bytes) { return scanEntryOf(Attributes(bytes), kNow); }
+checks::AccessPoint accessPoint(const Octets& more) { return read(bss(more)).value().accessPoint; }
+
+ScanEntry entry(std::string bssid, std::optional<milliseconds> age = {}) {
+  ScanEntry made;
+  made.accessPoint.bssid = std::move(bssid);
+  made.age = age;
+  return made;
+}
+
+std::map<std::string, checks::AccessPoint> byBssid(std::vector<ScanEntry> entries) {
+  std::map<std::string, checks::AccessPoint> points;
+  for (auto& point : scanListOf(std::move(entries)).scan.accessPoints) {
+    EXPECT_TRUE(points.emplace(point.bssid, point).second) << point.bssid << " comes twice";
+  }
+  return points;
+}
+
+TEST(ScanEntry, TellsWhatTheAttributesAndTheElementsSay) {
+  const auto all =
+      read(bss(newest(ssid("Home") + bgRates() + rsn({akm::kPsk}) + country("DE") +
+                      element(kBssLoadId, {9, 0, 230, 0, 0})) +
+               numberAttribute(NL80211_BSS_FREQUENCY, std::uint32_t{2437}) +
+               numberAttribute(NL80211_BSS_BEACON_INTERVAL, std::uint16_t{100}) +
+               numberAttribute(NL80211_BSS_SIGNAL_MBM, std::int32_t{-4500}) +
+               numberAttribute(NL80211_BSS_STATUS, std::uint32_t{NL80211_BSS_STATUS_ASSOCIATED})));
+  ASSERT_TRUE(all);
+  EXPECT_TRUE(all->joined);
+  EXPECT_EQ(all->frequency, 2437);
+  const checks::AccessPoint& point = all->accessPoint;
+  EXPECT_EQ(point.bssid, "02:00:00:00:00:10");
+  EXPECT_EQ(point.ssid, "Home");
+  EXPECT_FALSE(point.hidesName);
+  EXPECT_EQ(point.signal, -45);
+  ASSERT_TRUE(point.channel);
+  EXPECT_EQ(point.channel->primary, 6);
+  EXPECT_EQ(point.beaconInterval, 100);
+  EXPECT_EQ(point.security, Security::wpa2Personal);
+  EXPECT_TRUE(point.modes.g);
+  EXPECT_EQ(point.country, "DE");
+  EXPECT_EQ(point.stations, 9);
+  EXPECT_EQ(point.channelUtilization, 230);
+}
+
+TEST(ScanEntry, WithoutABssidIsNone) {
+  EXPECT_FALSE(read(newest(ssid("Home"))));
+  EXPECT_FALSE(read(bss(newest(ssid("Home")), Octets{1, 2, 3})));
+}
+
+TEST(ScanEntry, HasTheNameOfTheProbeResponseAndHidesItAsTheBeaconDoes) {
+  const auto point = accessPoint(answered() + newest(ssid("Secret")) + beacon(ssid("")));
+  EXPECT_EQ(point.ssid, "Secret");
+  EXPECT_TRUE(point.hidesName);
+  EXPECT_FALSE(accessPoint(answered() + newest(ssid("Home")) + beacon(ssid("Home"))).hidesName);
+}
+
+TEST(ScanEntry, OfABeaconAloneHidesWhatTheBeaconHides) {
+  const auto zeros = accessPoint(newest(element(kSsidId, Octets(6, 0))));
+  EXPECT_TRUE(zeros.hidesName);
+  EXPECT_FALSE(zeros.ssid);
+  EXPECT_FALSE(accessPoint(newest(ssid("Home"))).hidesName);
+}
+
+TEST(ScanEntry, OfAProbeResponseAloneDoesNotTellWhetherItHides) {
+  EXPECT_FALSE(accessPoint(answered() + newest(ssid("Home"))).hidesName);
+}
+
+TEST(ScanEntry, TakesFromTheBeaconWhatTheProbeResponseLacks) {
+  const auto point = accessPoint(answered() + newest(ssid("Home")) +
+                                 beacon(ssid("Home") + tim(3) + country("FR")));
+  EXPECT_EQ(point.dtimPeriod, 3);
+  EXPECT_EQ(point.country, "FR");
+}
+
+TEST(ScanEntry, LeavesOutSignalsThatNoRadioHas) {
+  const auto signal = [](std::int32_t hundredths) {
+    return accessPoint(numberAttribute(NL80211_BSS_SIGNAL_MBM, hundredths)).signal;
+  };
+  EXPECT_EQ(signal(-9250), -92);
+  EXPECT_FALSE(signal(-2'000'000'000));
+  EXPECT_FALSE(signal(10'000));
+}
+
+TEST(ScanEntry, KnowsItsAgeByTheClockSinceBootOrAsTheKernelTellsIt) {
+  const Octets heard =
+      numberAttribute(NL80211_BSS_LAST_SEEN_BOOTTIME, std::uint64_t{998'500'000'000});
+  const Octets ago = numberAttribute(NL80211_BSS_SEEN_MS_AGO, std::uint32_t{4000});
+  EXPECT_EQ(read(bss(heard + ago))->age, milliseconds(1500));
+  EXPECT_EQ(read(bss(ago))->age, milliseconds(4000));
+  EXPECT_FALSE(read(bss({}))->age);
+  const Octets toCome = numberAttribute(NL80211_BSS_LAST_SEEN_BOOTTIME, ~std::uint64_t{0});
+  EXPECT_EQ(read(bss(toCome))->age, milliseconds(0));
+}
+
+TEST(ScanList, IsAsOldAsTheYoungestThatIsNotJoined) {
+  ScanEntry joined = entry("02:00:00:00:00:01", milliseconds(10));
+  joined.joined = true;
+  EXPECT_FALSE(scanListOf({joined}).age);
+  EXPECT_EQ(scanListOf({joined, entry("02:00:00:00:00:02", milliseconds(9000)),
+                        entry("02:00:00:00:00:03", milliseconds(7000)), entry("02:00:00:00:00:04")})
+                .age,
+            milliseconds(7000));
+}
+
+TEST(ScanList, KeepsTheEntryWithTheNameAndThatItIsHidden) {
+  ScanEntry hidden = entry("02:00:00:00:00:01", milliseconds(10));
+  hidden.accessPoint.hidesName = true;
+  hidden.accessPoint.country = "DE";
+  ScanEntry named = entry("02:00:00:00:00:01", milliseconds(5000));
+  named.accessPoint.ssid = "Secret";
+  for (const auto& entries : {std::vector{hidden, named}, std::vector{named, hidden}}) {
+    const auto points = byBssid(entries);
+    ASSERT_EQ(points.size(), 1U);
+    const auto& point = points.begin()->second;
+    EXPECT_EQ(point.ssid, "Secret");
+    EXPECT_TRUE(point.hidesName);
+    EXPECT_EQ(point.country, "DE");
+  }
+}
+
+Octets announcing() {
+  return ssid("Sender") + ofdmRates() +
+         multipleBssid(2, profile(profileElements(kOpenCapabilities, "Guests", 1)));
+}
+
+TEST(ScanList, AddsNetworksThatOnlyAnotherOnesBeaconsAnnounce) {
+  const auto points = byBssid({*read(
+      bss(newest(announcing()) + numberAttribute(NL80211_BSS_FREQUENCY, std::uint32_t{5180}) +
+          numberAttribute(NL80211_BSS_SIGNAL_MBM, std::int32_t{-6000})))});
+  ASSERT_EQ(points.size(), 2U);
+  const auto& guests = points.at("02:00:00:00:00:11");
+  EXPECT_EQ(guests.ssid, "Guests");
+  EXPECT_EQ(guests.transmitterBssid, "02:00:00:00:00:10");
+  EXPECT_EQ(guests.signal, -60);
+  EXPECT_EQ(guests.dtimPeriod, 3);
+  ASSERT_TRUE(guests.channel);
+  EXPECT_EQ(guests.channel->primary, 36);
+  EXPECT_EQ(guests.security, Security::none);
+  EXPECT_FALSE(points.at("02:00:00:00:00:10").transmitterBssid);
+}
+
+TEST(ScanList, TellsTheSenderOfAnEntryThatSharesItsBeacons) {
+  const Octets guests{2, 0, 0, 0, 0, 0x11};
+  const Octets inherited = ssid("Guests") + tim(1) + element(kMultipleBssidIndexId, {1, 3, 1});
+  const auto points =
+      byBssid({*read(bss(newest(inherited), guests)), *read(bss(newest(announcing())))});
+  ASSERT_EQ(points.size(), 2U);
+  EXPECT_EQ(points.at("02:00:00:00:00:11").transmitterBssid, "02:00:00:00:00:10");
+  EXPECT_EQ(points.at("02:00:00:00:00:11").dtimPeriod, 3) << "not that of the sender's own map";
+}
+
+TEST(ScanList, BelievesNobodyWhoAnnouncesANeighbourWithBeaconsOfItsOwn) {
+  const Octets neighbour{2, 0, 0, 0, 0, 0x11};
+  const auto points = byBssid(
+      {*read(bss(newest(announcing()))), *read(bss(newest(ssid("Mine") + tim(1)), neighbour))});
+  ASSERT_EQ(points.size(), 2U);
+  EXPECT_EQ(points.at("02:00:00:00:00:11").ssid, "Mine");
+  EXPECT_FALSE(points.at("02:00:00:00:00:11").transmitterBssid);
+  EXPECT_EQ(points.at("02:00:00:00:00:11").dtimPeriod, 1);
+}
+
+TEST(ScanList, IsBounded) {
+  std::vector<ScanEntry> entries;
+  for (std::size_t count = 0; count < kMostAccessPoints + 100; ++count) {
+    entries.push_back(entry(std::to_string(count)));
+    entries.back().others.emplace_back().bssid = "other " + std::to_string(count);
+  }
+  EXPECT_EQ(scanListOf(std::move(entries)).scan.accessPoints.size(), kMostAccessPoints);
+}
+
+TEST(ScanEntry, OfManyAnnouncedNetworksHasTheFirst) {
+  Octets profiles;
+  for (std::uint8_t index = 1; index <= 10; ++index) {
+    profiles = profiles + profile(profileElements(kOpenCapabilities, "n", index));
+  }
+  Octets elements = ssid("Sender") + multipleBssid(6, profiles);
+  for (int part = 1; part <= 4; ++part) {
+    profiles.clear();
+    for (int index = 1; index <= 10; ++index) {
+      const auto number = static_cast<std::uint8_t>(part * 10 + index);
+      profiles = profiles + profile(profileElements(kOpenCapabilities, "n", number));
+    }
+    elements = elements + multipleBssid(6, profiles);
+  }
+  EXPECT_EQ(read(bss(newest(elements)))->others.size(), ScanEntry::kMostAnnounced);
+}
+
+// Damaged octets may make other values, never one that cannot be.
+TEST(ScanEntry, OfDamagedBytesKeepsTheRanges) {
+  const Octets whole = bss(answered() + newest(announcing()) + beacon(ssid("") + tim(2)));
+  std::mt19937 random(20);
+  for (int round = 0; round < 20'000; ++round) {
+    Octets bytes = whole;
+    for (int change = 0; change < 3; ++change) {
+      bytes[random() % bytes.size()] = static_cast<std::uint8_t>(random());
+    }
+    bytes.resize(bytes.size() - random() % bytes.size());
+    const auto made = read(bytes);
+    if (!made) continue;
+    const auto& point = made->accessPoint;
+    ASSERT_EQ(point.bssid.size(), 17U);
+    const std::string name = point.ssid.value_or("none");
+    ASSERT_TRUE(!name.empty() && name.size() <= kLongestSsid);
+    ASSERT_GT(point.dtimPeriod.value_or(1), 0);
+    for (const auto& other : made->others) ASSERT_EQ(other.transmitterBssid, point.bssid);
+  }
+}
+
+}  // namespace
+}  // namespace wifi_profile::machine
