@@ -3,6 +3,8 @@
 #include <mutex>
 #include <poll.h>
 #include <sdbus-c++/sdbus-c++.h>
+#include <system_error>
+#include <thread>
 
 #include "devices/linux/bus/MessageReader.h"
 
@@ -97,11 +99,48 @@ BusAnswer overdue(const Patience& patience) {
   return failure(patience.cancellation.isCancelled() ? Kind::calledOff : Kind::tookTooLong);
 }
 
+using Connect = std::function<std::unique_ptr<sdbus::IConnection>()>;
+
+// Connecting, which blocks until the bus has answered: on a thread of its own, so that a bus that
+// does not answer is waited for no longer than the patience lasts. Who gives up leaves the thread
+// to itself; the library ends it after 25 s.
+class Connecting {
+ public:
+  explicit Connecting(Connect connect) : result_(std::make_shared<Result>()) {
+    std::thread([result = result_, connect = std::move(connect)] {
+      try {
+        result->connection = connect();
+      } catch (const sdbus::Error& error) {
+        result->error = error;
+      }
+      result->ended.cancel();
+    }).detach();
+  }
+
+  // Whether it ended.
+  bool wait(const Patience& patience) {
+    waitFor(result_->ended.descriptor(), POLLIN, patience);
+    return result_->ended.isCancelled();
+  }
+  // Once, when it ended. Throws sdbus::Error when there is no connection.
+  std::unique_ptr<sdbus::IConnection> take() {
+    if (result_->error) throw *result_->error;
+    return std::move(result_->connection);
+  }
+
+ private:
+  struct Result {
+    std::unique_ptr<sdbus::IConnection> connection;
+    std::optional<sdbus::Error> error;
+    Cancellation ended;  // as an event; the others are read after it only
+  };
+  std::shared_ptr<Result> result_;
+};
+
 }  // namespace
 
 class Bus::Connection {
  public:
-  using Connect = std::function<std::unique_ptr<sdbus::IConnection>()>;
   explicit Connection(Connect connect) : connect_(std::move(connect)) {}
 
   std::vector<BusAnswer> call(const std::vector<BusCall>& calls, const Patience& patience) {
@@ -127,17 +166,34 @@ class Bus::Connection {
  private:
   void talk(const std::vector<BusCall>& calls, Pending& pending, const Patience& patience) {
     try {
-      if (!connection_) connection_ = connect_();
+      if (!connect(patience)) return pending.settleAll(overdue(patience));
       for (std::size_t index = 0; index < calls.size(); ++index) {
         send(calls[index], index, pending);
       }
       pump(pending, patience);
     } catch (const sdbus::Error& lost) {
-      const BusAnswer answer = failure(Kind::noBus, lost.getName(), lost.getMessage());
-      pending.settleAll(answer);
-      pending.proxies.clear();
-      connection_.reset();  // the next call tries anew
+      loseConnection(pending, failure(Kind::noBus, lost.getName(), lost.getMessage()));
+    } catch (const std::system_error& exhausted) {  // no thread, no descriptor
+      loseConnection(pending, failure(Kind::noBus, {}, exhausted.what()));
     }
+  }
+
+  // False: the patience is over.
+  bool connect(const Patience& patience) {
+    if (connection_) return true;
+    if (!connecting_) connecting_.emplace(connect_);
+    if (!connecting_->wait(patience)) return false;
+    auto ended = std::move(*connecting_);
+    connecting_.reset();
+    connection_ = ended.take();
+    return true;
+  }
+
+  // The next call tries anew.
+  void loseConnection(Pending& pending, const BusAnswer& answer) {
+    pending.settleAll(answer);
+    pending.proxies.clear();
+    connection_.reset();
   }
 
   void send(const BusCall& call, std::size_t index, Pending& pending) {
@@ -151,6 +207,8 @@ class Bus::Connection {
       proxy->callMethod(message, answered, kNoLimit);
       pending.proxies.push_back(std::move(proxy));
     } catch (const sdbus::Error& refused) {
+      // What is no path, interface or method. Anything else means that the connection is lost.
+      if (!refused.getName().ends_with(".InvalidArgs")) throw;
       pending.settle(index, failure(Kind::noSuchThing, refused.getName(), refused.getMessage()));
     }
   }
@@ -168,7 +226,8 @@ class Bus::Connection {
   // Patience is looked after here. Microseconds; large, and still addable to a clock.
   static constexpr std::uint64_t kNoLimit = 24ULL * 60 * 60 * 1'000'000;
 
-  Connect connect_;
+  const Connect connect_;
+  std::optional<Connecting> connecting_;
   std::mutex turn_;  // of whoever talks
   std::unique_ptr<sdbus::IConnection> connection_;
 };

@@ -6,8 +6,7 @@
 //
 // Any thread; calls by several threads wait for each other. A call ends at the deadline of the
 // caller's patience, and within 50 ms of being called off. Connecting is done by the first call
-// and, when the bus went away, by the next one. That handshake with the bus itself is the one thing
-// that does not look at the patience.
+// and, when the bus went away, by the next one.
 #pragma once
 
 #include <map>
