@@ -1,0 +1,235 @@
+// The checks of the scan, of security and of what kind of network it is.
+#include "checks/CheckFixture.h"
+#include "checks/SecurityKinds.h"
+
+namespace wifi_profile::checks {
+namespace {
+
+using ieee80211::Security;
+using testing::IsNull;
+using namespace std::string_literals;
+
+class NetworkChecks : public CheckTest {};
+
+struct SecurityCase {
+  Security security;
+  const char* text;
+  bool isOpen;
+  bool isWep;
+  bool isWpa;
+};
+
+class SecurityOfANetwork : public CheckTest, public testing::WithParamInterface<SecurityCase> {};
+
+TEST_P(SecurityOfANetwork, IsNamedAndJudged) {
+  const SecurityCase& expected = GetParam();
+  own().security = expected.security;
+  EXPECT_THAT(ask(Id::NoSecurity), says(expected.isOpen));
+  EXPECT_THAT(ask(Id::LegacySecurityWEP), says(expected.isWep));
+  EXPECT_THAT(ask(Id::LegacySecurityWPA), says(expected.isWpa));
+  for (const Id id : {Id::NoSecurity, Id::LegacySecurityWEP, Id::LegacySecurityWPA}) {
+    EXPECT_THAT(ask(id), tells("Security", isText(expected.text)));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, SecurityOfANetwork,
+    testing::Values(
+        SecurityCase{Security::none, "None", true, false, false},
+        SecurityCase{Security::owe, "OWE", false, false, false},
+        SecurityCase{Security::wep, "WEP", false, true, false},
+        SecurityCase{Security::wpaPersonal, "WPA Personal", false, false, true},
+        SecurityCase{Security::wpaEnterprise, "WPA Enterprise", false, false, true},
+        SecurityCase{Security::wpa2Personal, "WPA2 Personal", false, false, false},
+        SecurityCase{Security::wpa2Enterprise, "WPA2 Enterprise", false, false, false},
+        SecurityCase{Security::wpa2Wpa3Personal, "WPA2/WPA3 Personal", false, false, false},
+        SecurityCase{Security::wpa2Wpa3Enterprise, "WPA2/WPA3 Enterprise", false, false, false},
+        SecurityCase{Security::wpa3Personal, "WPA3 Personal", false, false, false},
+        SecurityCase{Security::wpa3Enterprise, "WPA3 Enterprise", false, false, false}));
+
+TEST_F(NetworkChecks, DoNotJudgeASecurityThatIsNotKnown) {
+  own().security = Security::unknown;
+  for (const Id id : {Id::NoSecurity, Id::LegacySecurityWEP, Id::LegacySecurityWPA}) {
+    EXPECT_THAT(ask(id), isUnknownFor(Reason::notTold));
+  }
+}
+
+TEST_F(NetworkChecks, FindCountriesThatDiffer) {
+  own().country = "DE";
+  EXPECT_THAT(ask(Id::ConflictingCountryCode), says(false));
+  auto& other = add(accessPoint("02:00:00:00:00:01", "Cafe", -50, 36));
+  other.country = "DE";
+  EXPECT_THAT(ask(Id::ConflictingCountryCode), says(false));
+  other.country = "US";
+  EXPECT_THAT(ask(Id::ConflictingCountryCode), says(true));
+  other.country = "XX";
+  EXPECT_THAT(ask(Id::ConflictingCountryCode), says(false));
+  facts.regulatory = Regulatory{"FR"};
+  EXPECT_THAT(ask(Id::ConflictingCountryCode), says(true));
+}
+
+TEST_F(NetworkChecks, TakeAWorldDomainOfTheKernelForNone) {
+  own().country = "DE";
+  for (const char* unset : {"00", "98", "99", "XX", "", "d", "de"}) {
+    facts.regulatory = Regulatory{unset};
+    EXPECT_THAT(ask(Id::ConflictingCountryCode), says(false)) << unset;
+    EXPECT_THAT(ask(Id::ConflictingCountryCode), tells("AdoptedCountryCode", isText("DE")));
+  }
+}
+
+TEST_F(NetworkChecks, AdoptTheKernelsCountryThenTheNetworksThenTheMostCommon) {
+  EXPECT_THAT(ask(Id::ConflictingCountryCode), tells("AdoptedCountryCode", IsNull()));
+  for (const char* number : {"01", "02"}) {
+    add(accessPoint("02:00:00:00:00:"s + number, "Cafe", -50, 36)).country = "US";
+  }
+  add(accessPoint("02:00:00:00:00:03", "Bar", -50, 36)).country = "AT";
+  EXPECT_THAT(ask(Id::ConflictingCountryCode), tells("AdoptedCountryCode", isText("US")));
+  own().country = "DE";
+  EXPECT_THAT(ask(Id::ConflictingCountryCode), tells("AdoptedCountryCode", isText("DE")));
+  facts.regulatory = Regulatory{"FR"};
+  EXPECT_THAT(ask(Id::ConflictingCountryCode), tells("AdoptedCountryCode", isText("FR")));
+}
+
+TEST_F(NetworkChecks, FindHiddenNetworksThatNeverToldTheirName) {
+  own().hidesName = true;
+  EXPECT_THAT(ask(Id::HiddenScanResults), says(false));
+  auto& hidden = add(accessPoint("02:00:00:00:00:01", "", -50, 36));
+  hidden.hidesName = true;
+  hidden.ssid.reset();
+  const auto answer = ask(Id::HiddenScanResults);
+  EXPECT_THAT(answer, says(true));
+  const auto found =
+      as<Array>(std::get<DiagnosticsTestResult>(answer).info->objectForKey("ScanResults"));
+  ASSERT_EQ(found->elements().size(), 1U);
+  EXPECT_EQ(as<VqWiFiScanResult>(found->elements()[0])->bssid()->string(), "02:00:00:00:00:01");
+}
+
+TEST_F(NetworkChecks, ListTheScanStrongestFirst) {
+  add(accessPoint("02:00:00:00:00:03", "Unknown strength", 0, 36)).signal.reset();
+  add(accessPoint("02:00:00:00:00:02", "Strong", -30, 36)).ssid.reset();
+  add(accessPoint("02:00:00:00:00:01", "As strong", -30, 36));
+  const auto answer = ask(Id::NoScanResults);
+  EXPECT_THAT(answer, says(false));
+  const auto found =
+      as<Array>(std::get<DiagnosticsTestResult>(answer).info->objectForKey("ScanResults"));
+  std::vector<std::pair<std::string, std::int64_t>> order;
+  for (const auto& element : found->elements()) {
+    const auto result = as<VqWiFiScanResult>(element);
+    order.emplace_back(result->ssidString() ? result->ssidString()->string() : "nil",
+                       result->rssi());
+  }
+  EXPECT_THAT(order,
+              testing::ElementsAre(std::pair("As strong", -30), std::pair("nil", -30),
+                                   std::pair(kName, -61), std::pair("Unknown strength", -100)));
+}
+
+TEST_F(NetworkChecks, SayWhenNothingWasHeard) {
+  facts.scan->accessPoints.clear();
+  EXPECT_THAT(ask(Id::NoScanResults), says(true));
+  EXPECT_THAT(ask(Id::HiddenScanResults), says(false));
+  facts.scan = Unknown{Reason::radioOff, ""};
+  EXPECT_THAT(ask(Id::NoScanResults), isUnknownFor(Reason::radioOff));
+}
+
+TEST_F(NetworkChecks, SayWhetherTheNetworkHidesItsNameOrIsAPasspoint) {
+  EXPECT_THAT(ask(Id::HiddenNetwork), says(false));
+  EXPECT_THAT(ask(Id::Passpoint), says(false));
+  own().hidesName = true;
+  own().isPasspoint = true;
+  EXPECT_THAT(ask(Id::HiddenNetwork), says(true));
+  EXPECT_THAT(ask(Id::Passpoint), says(true));
+}
+
+TEST_F(NetworkChecks, FindCommonNames) {
+  EXPECT_THAT(ask(Id::AmbiguousNetworkName), says(false));
+  EXPECT_THAT(ask(Id::AmbiguousNetworkName), tells("NetworkName", isText(kName)));
+  facts.scan->accessPoints.clear();
+  for (const char* name : {"Linksys", "NETGEAR-5G", "WLAN"}) {
+    facts.link->ssid = name;
+    EXPECT_THAT(ask(Id::AmbiguousNetworkName), says(true)) << name;
+  }
+}
+
+TEST_F(NetworkChecks, FindANameWithSeveralKindsOfKeys) {
+  auto& other = add(accessPoint("02:00:00:00:00:01", kName, -50, 36));
+  for (const Security agreeing :
+       {Security::wpaPersonal, Security::wpa3Personal, Security::unknown}) {
+    other.security = agreeing;
+    EXPECT_THAT(ask(Id::AmbiguousNetworkName), says(false)) << textOf(agreeing);
+  }
+  for (const Security differing : {Security::none, Security::wep, Security::wpa2Enterprise}) {
+    other.security = differing;
+    EXPECT_THAT(ask(Id::AmbiguousNetworkName), says(true)) << textOf(differing);
+  }
+}
+
+TEST_F(NetworkChecks, CannotCallANameItsOwnWithoutAScan) {
+  facts.scan = Unknown{Reason::notPermitted, ""};
+  EXPECT_THAT(ask(Id::AmbiguousNetworkName), isUnknownFor(Reason::notPermitted));
+  facts.link->ssid = "default";
+  EXPECT_THAT(ask(Id::AmbiguousNetworkName), says(true));
+}
+
+TEST_F(NetworkChecks, TakeAnyHintForAJoinedHotspot) {
+  EXPECT_THAT(ask(Id::NimoPersonalHotspot), isUnknownFor(Reason::notTold));
+  facts.activeProfile = ActiveProfile{};
+  facts.addresses = Addresses{};
+  EXPECT_THAT(ask(Id::NimoPersonalHotspot), isUnknownFor(Reason::notTold));
+  facts.addresses->ipv4 = {"192.168.1.7"};
+  EXPECT_THAT(ask(Id::NimoPersonalHotspot), says(false));
+  facts.addresses->ipv4 = {"192.168.43.7"};
+  EXPECT_THAT(ask(Id::NimoPersonalHotspot), says(true));
+  facts.addresses->ipv4 = {"192.168.1.7"};
+  facts.activeProfile->metered = true;
+  EXPECT_THAT(ask(Id::NimoPersonalHotspot), says(true));
+  facts.activeProfile->metered = false;
+  own().accessNetworkType = 4;
+  EXPECT_THAT(ask(Id::NimoPersonalHotspot), says(true));
+  own().accessNetworkType = 0;
+  EXPECT_THAT(ask(Id::NimoPersonalHotspot), says(false));
+}
+
+TEST_F(NetworkChecks, TellAForeignHotspotByItsElementOrFromMemory) {
+  auto& phone = add(accessPoint("02:00:00:00:00:01", "Phone", -50, 36));
+  askAbout("Phone");
+  facts.activeProfile = ActiveProfile{};
+  facts.activeProfile->metered = true;
+  EXPECT_THAT(ask(Id::NimoPersonalHotspot), isUnknownFor(Reason::outsideNetwork));
+  phone.accessNetworkType = 2;
+  EXPECT_THAT(ask(Id::NimoPersonalHotspot), says(false));
+  facts.savedNetworks = std::vector<SavedNetwork>(1);
+  facts.savedNetworks->front().ssid = "Phone";
+  facts.savedNetworks->front().metered = true;
+  EXPECT_THAT(ask(Id::NimoPersonalHotspot), says(true));
+  facts.savedNetworks = Unknown{};
+  phone.accessNetworkType = 4;
+  EXPECT_THAT(ask(Id::NimoPersonalHotspot), says(true));
+}
+
+TEST_F(NetworkChecks, KnowNoBaseStationUntilSomeAreSet) {
+  own().maker = "Brellin";
+  EXPECT_THAT(ask(Id::BrellinBaseStation), says(false));
+  settings.baseStationMakers = {"brellin"};
+  EXPECT_THAT(ask(Id::BrellinBaseStation), says(true));
+}
+
+TEST_F(NetworkChecks, KnowABaseStationByMakerOrAddress) {
+  settings.baseStationMakers = {"brellin"};
+  EXPECT_THAT(ask(Id::BrellinBaseStation), isUnknownFor(Reason::notTold));
+  own().maker = "Somebody";
+  EXPECT_THAT(ask(Id::BrellinBaseStation), says(false));
+  own().maker = "The BRELLIN Co.\0\0"s;
+  EXPECT_THAT(ask(Id::BrellinBaseStation), tells("BrellinModelName", isText("The BRELLIN Co.")));
+  own().model = "Dome \xFF\0"s;
+  EXPECT_THAT(ask(Id::BrellinBaseStation), tells("BrellinModelName", isText("Dome \xFF")));
+  settings.baseStationMakers.clear();
+  settings.baseStationAddressBlocks = {"02:10:2"};
+  EXPECT_THAT(ask(Id::BrellinBaseStation), says(true));
+  facts.scan->accessPoints.clear();
+  EXPECT_THAT(ask(Id::BrellinBaseStation), says(true));
+  settings.baseStationAddressBlocks = {"02:11", ""};
+  EXPECT_THAT(ask(Id::BrellinBaseStation), says(false));
+}
+
+}  // namespace
+}  // namespace wifi_profile::checks
