@@ -98,11 +98,7 @@ sdbus::IObject& FakeService::object(const std::string& path) {
   return *object;
 }
 
-void FakeService::managedObjects(Objects objects) {
-  // Not sdbus's own object manager: this one says what a test wants it to.
-  method("/", "org.freedesktop.DBus.ObjectManager", "GetManagedObjects",
-         [objects = std::move(objects)] { return objects; });
-}
+void FakeService::addObjectManager() { connection_->addObjectManager("/", sdbus::floating_slot); }
 
 void FakeService::start() {
   for (auto& [path, object] : objects_) object->finishRegistration();

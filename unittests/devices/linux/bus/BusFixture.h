@@ -18,7 +18,6 @@ namespace wifi_profile::machine {
 
 using Properties = std::map<std::string, sdbus::Variant>;
 using Sections = std::map<std::string, Properties>;
-using Objects = std::map<sdbus::ObjectPath, Sections>;
 
 // dbus-daemon, which lets everybody do everything and could start the service
 // "org.example.Startable".
@@ -60,8 +59,8 @@ class FakeService {
     object(path).registerProperty(name).onInterface(interface).withGetter(
         [value = std::move(value)] { return value; });
   }
-  // ObjectManager.GetManagedObjects at "/".
-  void managedObjects(Objects objects);
+  // ObjectManager at "/", which tells all objects and their properties.
+  void addObjectManager();
   void start();
 
  private:

@@ -1,0 +1,96 @@
+// The proxies of the session, from its environment and its desktop.
+
+#include "BusFixture.h"
+#include "devices/linux/bus/SessionProxies.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+using checks::Reason;
+
+std::string sourceIn(std::vector<const char*> environment) {
+  environment.push_back(nullptr);
+  return proxyInEnvironment(environment.data()).source;
+}
+
+TEST(ProxyInTheEnvironment, IsAVariableOfAnyCase) {
+  EXPECT_EQ(sourceIn({"PATH=/bin", "http_proxy=http://proxy.test"}),
+            "http_proxy in the environment");
+  EXPECT_EQ(sourceIn({"HTTPS_PROXY=http://proxy.test"}), "HTTPS_PROXY in the environment");
+  EXPECT_EQ(sourceIn({"All_Proxy=socks://proxy.test"}), "All_Proxy in the environment");
+}
+
+TEST(ProxyInTheEnvironment, OfPlainHttpIsNamedFirst) {
+  EXPECT_EQ(sourceIn({"all_proxy=a", "https_proxy=b", "HTTP_PROXY=c"}),
+            "HTTP_PROXY in the environment");
+}
+
+TEST(ProxyInTheEnvironment, IsNoneWhereTheVariableIsEmptyOrHasAnotherName) {
+  EXPECT_EQ(sourceIn({}), "");
+  EXPECT_EQ(
+      sourceIn({"http_proxy=", "ftp_proxy=a", "http_proxy_=a", "xhttp_proxy=a", "http_proxy"}), "");
+  EXPECT_EQ(proxyInEnvironment(nullptr).source, "");
+}
+
+class SessionProxyTest : public BusFixture {
+ protected:
+  // Of a portal that answers so.
+  checks::Known<checks::SessionProxy> answered(const std::vector<std::string>& proxies) {
+    FakeService service(daemon_.address(), "org.freedesktop.portal.Desktop");
+    service.method("/org/freedesktop/portal/desktop", "org.freedesktop.portal.ProxyResolver",
+                   "Lookup", [proxies](const std::string& address) {
+                     EXPECT_EQ(address, "http://example.com/");
+                     return proxies;
+                   });
+    service.start();
+    return read(patience());
+  }
+  checks::Known<checks::SessionProxy> read(const Patience& patience) {
+    const char* const empty[] = {nullptr};
+    return readSessionProxy(empty, bus_.get(), patience);
+  }
+};
+
+TEST_F(SessionProxyTest, OfTheDesktopIsAnythingButADirectConnection) {
+  EXPECT_EQ(answered({"http://proxy.test:3128"})->source, "the desktop's settings");
+  EXPECT_EQ(answered({"http://proxy.test:3128", "direct://"})->source, "the desktop's settings");
+  EXPECT_EQ(answered({"direct://"})->source, "");
+  EXPECT_EQ(answered({})->source, "");
+}
+
+TEST_F(SessionProxyTest, IsNoneWithoutAPortalAndWithoutABus) {
+  EXPECT_EQ(read(patience()), checks::Known<checks::SessionProxy>(checks::SessionProxy{}));
+  bus_ = Bus::at("unix:path=/nonexistent/socket");
+  EXPECT_EQ(read(patience()), checks::Known<checks::SessionProxy>(checks::SessionProxy{}));
+  bus_ = nullptr;
+  EXPECT_EQ(read(patience()), checks::Known<checks::SessionProxy>(checks::SessionProxy{}));
+}
+
+TEST_F(SessionProxyTest, IsNoneWhereThePortalDoesNotKnowOfProxies) {
+  FakeService service(daemon_.address(), "org.freedesktop.portal.Desktop");
+  service.start();
+  EXPECT_EQ(read(patience()), checks::Known<checks::SessionProxy>(checks::SessionProxy{}));
+}
+
+TEST_F(SessionProxyTest, IsUnknownWhereThePortalDoesNotAnswer) {
+  sdbus::Result<std::vector<std::string>> kept;
+  FakeService service(daemon_.address(), "org.freedesktop.portal.Desktop");
+  service.method("/org/freedesktop/portal/desktop", "org.freedesktop.portal.ProxyResolver",
+                 "Lookup",
+                 [&kept](sdbus::Result<std::vector<std::string>>&& result, const std::string&) {
+                   kept = std::move(result);
+                 });
+  service.start();
+  EXPECT_EQ(read(shortPatience()).why().reason, Reason::tookTooLong);
+  kept = {};
+}
+
+TEST_F(SessionProxyTest, OfTheEnvironmentAsksNobody) {
+  const char* const environment[] = {"http_proxy=http://proxy.test", nullptr};
+  const Patience over{Clock::now(), cancellation_};
+  EXPECT_EQ(readSessionProxy(environment, bus_.get(), over)->source,
+            "http_proxy in the environment");
+}
+
+}  // namespace
+}  // namespace wifi_profile::machine
