@@ -127,9 +127,9 @@ constexpr std::array kRows{
           .from = kFrom,
           .threshold = kThreshold,
           .why = "The shares and the count are this project's choice. BSS Load: IEEE 802.11-2020, "
-                 "9.4.2.27; 100 TU, the usual beacon interval, are 102.4 ms; -82 dBm: at this "
-                 "strength a 20 MHz OFDM receiver must take the channel for busy, 802.11-2020, "
-                 "17.3.10.6",
+                 "9.4.2.27; 100 TU, the usual beacon interval, are 102.4 ms; -82 dBm: the start of "
+                 "a 20 MHz OFDM frame of this strength must make a receiver take the channel for "
+                 "busy, 802.11-2020, 17.3.10.6",
           .unknownWhen = "the channel is not told; neither a survey nor a scan is there. Channels "
                          "are recommended only when the radio's allowed ones are known"},
     Check{.id = DiagnosticsTestID::Congested2GHz,

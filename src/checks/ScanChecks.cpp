@@ -67,6 +67,7 @@ ObjectRef scanResults(std::vector<const AccessPoint*> accessPoints) {
     return strength != otherStrength ? strength > otherStrength : one->bssid < other->bssid;
   });
   std::vector<ObjectRef> results;
+  results.reserve(accessPoints.size());
   for (const AccessPoint* accessPoint : accessPoints) results.push_back(scanResult(*accessPoint));
   return std::make_shared<const Array>(std::move(results));
 }
@@ -121,7 +122,7 @@ constexpr std::array kRows{
               "first, feeds the list of networks; -100 dBm stands for unknown.",
           .from = "NL80211_CMD_GET_SCAN",
           .threshold = "none",
-          .why = "",
+          .why = "Without any there is nothing to choose from",
           .unknownWhen = "there is no scan"},
 };
 

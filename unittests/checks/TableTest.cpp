@@ -24,7 +24,7 @@ TEST(TableOfChecks, SaysWhatItMeasuresInTextsThatFitATable) {
       EXPECT_EQ(text.find_first_of("|\n"), std::string_view::npos) << text;
     }
     EXPECT_FALSE(check.measures.empty() || check.from.empty() || check.threshold.empty() ||
-                 check.unknownWhen.empty())
+                 check.why.empty() || check.unknownWhen.empty())
         << nameOf(check.id);
   }
 }

@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
+#include "checks/Checks.h"
+#include "checks/SecurityKinds.h"
 #include "tests/Batches.h"
 #include "tests/Catalogue.h"
 #include "tests/Findings.h"
@@ -38,6 +40,61 @@ const char* letterIf(const Batch& batch, DiagnosticsTestID id, const char* lette
   return batchHolds(batch, id) ? letter : "";
 }
 
+constexpr const char* kMachineIntroduction = R"(
+## How an answer is made
+
+`src/checks/` makes the answers from facts of a device and of the air, by the rules below. Without a name a test asks
+about the joined access point; with the name of another network about the strongest access point of that name in the
+last scan, of which nothing is known that only a member of a network can find out. Names in backticks are settings,
+with the values that they have at first.
+
+What is not known is an error of the test, never a good answer: its code says what kind of thing is missing, and
+its text what would help.
+
+| Test | Name | Measures | From | Threshold | Why | Not known when |
+|---|---|---|---|---|---|---|
+)";
+
+struct ReasonText {
+  checks::Reason reason;
+  const char* name;
+  const char* text;
+};
+
+constexpr ReasonText kReasons[] = {
+    {checks::Reason::notJoined, "notJoined", "the radio is not joined to a network"},
+    {checks::Reason::notInRange, "notInRange", "no access point of that name was heard"},
+    {checks::Reason::notTold, "notTold", "the access point, the driver or a service does not say"},
+    {checks::Reason::notPermitted, "notPermitted", "the user may not ask"},
+    {checks::Reason::notSupported, "notSupported", "the driver or the kernel cannot tell"},
+    {checks::Reason::noService, "noService", "the service that knows is not running"},
+    {checks::Reason::noHardware, "noHardware", "there is no such device"},
+    {checks::Reason::radioOff, "radioOff", "Wi-Fi is switched off"},
+    {checks::Reason::tookTooLong, "tookTooLong", "the deadline passed"},
+    {checks::Reason::failed, "failed", "the system refused, for a reason of its own"},
+    {checks::Reason::outsideNetwork, "outsideNetwork",
+     "only a member of the network can find it out"},
+};
+
+void writeChecks(std::ostream& out) {
+  out << kMachineIntroduction;
+  for (const checks::Check& check : checks::allChecks()) {
+    out << "| " << static_cast<int>(check.id) << " | " << nameOf(check.id) << " | "
+        << check.measures << " | " << check.from << " | " << check.threshold << " | " << check.why
+        << " | " << check.unknownWhen << " |\n";
+  }
+  out << "\n| Error code | Name | Means |\n|---|---|---|\n";
+  for (const ReasonText& row : kReasons) {
+    out << "| " << static_cast<int>(row.reason) << " | " << row.name << " | " << row.text << " |\n";
+  }
+  out << "\nNumbers of security in a remembered network:";
+  using ieee80211::Security;
+  for (auto number = 0; number < static_cast<int>(Security::unknown); ++number) {
+    out << " " << number << " " << checks::textOf(static_cast<Security>(number)) << ",";
+  }
+  out << " " << static_cast<int>(Security::unknown) << " not known.\n";
+}
+
 std::string document() {
   std::ostringstream out;
   out << kIntroduction;
@@ -60,6 +117,7 @@ std::string document() {
     out << "| `" << finding.key << "` | " << finding.name << " | " << finding.unit << " | "
         << finding.explanation << " |\n";
   }
+  writeChecks(out);
   return out.str();
 }
 
