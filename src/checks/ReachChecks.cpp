@@ -35,13 +35,14 @@ std::shared_ptr<PingResultRecord> recordOf(const Pings& pings, const std::vector
   auto record = std::make_shared<PingResultRecord>();
   const auto count = static_cast<double>(times.size());
   record->count = pings.sent;
-  record->packetLoss = 100 * (1 - count / pings.sent);
+  record->packetLoss = 100 * (pings.sent - count) / pings.sent;
   record->min = *std::ranges::min_element(times);
   record->max = *std::ranges::max_element(times);
-  for (const double time : times) record->avg += time / count;
+  for (const double time : times) record->avg += time;
+  record->avg /= count;
   double variance = 0;
-  for (const double time : times) variance += (time - record->avg) * (time - record->avg) / count;
-  record->stddev = std::sqrt(variance);
+  for (const double time : times) variance += (time - record->avg) * (time - record->avg);
+  record->stddev = std::sqrt(variance / count);
   record->timestamp = pings.started.secondsSinceReferenceDate;
   return record;
 }
