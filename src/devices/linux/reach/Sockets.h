@@ -26,6 +26,7 @@ class Descriptor {
 
   int number() const { return number_; }
   explicit operator bool() const { return number_ >= 0; }
+  int release() { return std::exchange(number_, -1); }
   void reset();
 
  private:

@@ -1,0 +1,298 @@
+#include "devices/linux/reach/Http.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <curl/curl.h>
+#include <memory>
+#include <netinet/in.h>
+#include <poll.h>
+#include <sys/socket.h>
+
+#include "devices/linux/reach/Sockets.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+constexpr std::size_t kMostHeaderBytes = std::size_t{64} * 1024;
+
+template <auto release>
+struct Releaser {
+  template <class T>
+  void operator()(T* pointer) const {
+    release(pointer);
+  }
+};
+using Easy = std::unique_ptr<CURL, Releaser<curl_easy_cleanup>>;
+using Multi = std::unique_ptr<CURLM, Releaser<curl_multi_cleanup>>;
+using List = std::unique_ptr<curl_slist, Releaser<curl_slist_free_all>>;
+using Url = std::unique_ptr<CURLU, Releaser<curl_url_cleanup>>;
+
+bool isLibraryReady() {
+  static const bool kReady = curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
+  return kReady;
+}
+
+// The library writes to sockets of TLS in a way that raises SIGPIPE when the other side is gone.
+// Meanwhile this thread does not get it.
+class NoBrokenPipe {
+ public:
+  NoBrokenPipe() {
+    sigemptyset(&pipe_);
+    sigaddset(&pipe_, SIGPIPE);
+    sigset_t pending;
+    sigpending(&pending);
+    wasPending_ = sigismember(&pending, SIGPIPE) == 1;
+    pthread_sigmask(SIG_BLOCK, &pipe_, &before_);
+  }
+  ~NoBrokenPipe() {
+    const timespec now{};
+    while (!wasPending_ && sigtimedwait(&pipe_, nullptr, &now) == SIGPIPE) {
+    }
+    pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+  }
+  NoBrokenPipe(const NoBrokenPipe&) = delete;
+  NoBrokenPipe& operator=(const NoBrokenPipe&) = delete;
+
+ private:
+  sigset_t pipe_{};
+  sigset_t before_{};
+  bool wasPending_ = false;
+};
+
+std::string partOf(CURLU* url, CURLUPart part, unsigned flags) {
+  char* text = nullptr;
+  if (curl_url_get(url, part, &text, flags) != CURLUE_OK) return {};
+  std::string result = text;
+  curl_free(text);
+  return result;
+}
+
+bool isOfThisMachine(const curl_sockaddr& address) {
+  const auto* generic = &address.addr;
+  if (address.family == AF_INET) {
+    const auto* ofIPv4 = reinterpret_cast<const sockaddr_in*>(generic);
+    return ntohl(ofIPv4->sin_addr.s_addr) >> 24U == 127;
+  }
+  const auto* ofIPv6 = reinterpret_cast<const sockaddr_in6*>(generic);
+  return address.family == AF_INET6 && IN6_IS_ADDR_LOOPBACK(&ofIPv6->sin6_addr);
+}
+
+// What one transfer collects.
+struct Transfer {
+  const std::string& interface;
+  std::size_t bodyLimit;
+  HttpAnswer answer;
+  std::size_t headerBytes = 0;
+};
+
+curl_socket_t openBound(void* self, curlsocktype /*purpose*/, curl_sockaddr* address) {
+  Descriptor socket(::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol));
+  if (!socket) return CURL_SOCKET_BAD;
+  // A proxy on this machine is not behind the interface.
+  if (!isOfThisMachine(*address) &&
+      !bindToInterface(socket.number(), address->family,
+                       static_cast<const Transfer*>(self)->interface)) {
+    return CURL_SOCKET_BAD;
+  }
+  return socket.release();
+}
+
+std::size_t takeBody(const char* bytes, std::size_t /*one*/, std::size_t count, void* self) {
+  auto& transfer = *static_cast<Transfer*>(self);
+  std::string& body = transfer.answer.body;
+  const std::size_t taken = std::min(count, transfer.bodyLimit - body.size());
+  body.append(bytes, taken);
+  transfer.answer.cutOff = taken < count;
+  return taken;  // fewer than there were end the transfer
+}
+
+std::size_t countHeader(const char* /*bytes*/, std::size_t /*one*/, std::size_t count, void* self) {
+  std::size_t& sum = static_cast<Transfer*>(self)->headerBytes;
+  sum += count;
+  return sum <= kMostHeaderBytes ? count : 0;
+}
+
+std::string connectProblem(CURL* easy) {
+  long error = 0;
+  curl_easy_getinfo(easy, CURLINFO_OS_ERRNO, &error);
+  switch (error) {
+    case ECONNREFUSED:
+      return "refused";
+    case ENETUNREACH:
+    case EHOSTUNREACH:
+      return "no route";
+    case ETIMEDOUT:
+      return "timed out";
+    default:
+      return "not connected";
+  }
+}
+
+std::string problemOf(CURLcode code, CURL* easy) {
+  switch (code) {
+    case CURLE_OK:
+      return {};
+    case CURLE_OPERATION_TIMEDOUT:
+      return "timed out";
+    case CURLE_COULDNT_CONNECT:
+      return connectProblem(easy);
+    case CURLE_PEER_FAILED_VERIFICATION:
+      return "certificate not accepted";
+    case CURLE_SSL_CACERT_BADFILE:
+      return "no trusted certificates on this machine";
+    case CURLE_SSL_CONNECT_ERROR:
+      return "no TLS";
+    case CURLE_GOT_NOTHING:
+      return "no answer";
+    case CURLE_RECV_ERROR:
+    case CURLE_SEND_ERROR:
+    case CURLE_PARTIAL_FILE:
+      return "connection lost";
+    case CURLE_UNSUPPORTED_PROTOCOL:
+    case CURLE_WEIRD_SERVER_REPLY:
+      return "no HTTP";
+    case CURLE_COULDNT_RESOLVE_HOST:
+      return "name not found";
+    case CURLE_COULDNT_RESOLVE_PROXY:
+      return "proxy not found";
+    case CURLE_URL_MALFORMAT:
+      return "malformed address";
+    case CURLE_WRITE_ERROR:
+      return "too long";
+    default:
+      return shortText(curl_easy_strerror(code));
+  }
+}
+
+bool environmentNamesProxy() {
+  constexpr std::array kNames{"http_proxy", "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY"};
+  return std::any_of(kNames.begin(), kNames.end(), [](const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr && *value != '\0';
+  });
+}
+
+// What the library is told of the host's addresses; empty: nothing, as the host is one, or a proxy
+// may know it.
+struct Addresses {
+  std::string entry;
+  std::string problem;
+};
+
+Addresses addressesOf(const UrlParts& url, const HttpRequest& request, const Way& way,
+                      const Patience& patience) {
+  if (addressOf(url.host, 0, way.interface)) return {};
+  const auto answer = resolve(url.host, way, patience);
+  if (!answer) return {{}, "timed out"};
+  if (!answer->resolution.resolved) {
+    if (request.useProxy && environmentNamesProxy()) return {};
+    return {{}, "name: " + answer->resolution.problem};
+  }
+  std::string entry = url.host + ":" + url.port + ":";
+  for (const std::string& address : answer->addresses) {
+    if (entry.back() != ':') entry += ',';
+    entry += address.find(':') == std::string::npos ? address : "[" + address + "]";
+  }
+  return {entry, {}};
+}
+
+void setUp(CURL* easy, const HttpRequest& request, Transfer& transfer, const curl_slist* headers,
+           const curl_slist* addresses) {
+  curl_easy_setopt(easy, CURLOPT_URL, request.url.c_str());
+  curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
+  curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+  // A thread of the library's that looks up a proxy's name must not be waited for.
+  curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
+  curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, long{CURL_HTTP_VERSION_1_1});
+  curl_easy_setopt(easy, CURLOPT_USERAGENT, "wifi-profile/" WIFI_PROFILE_VERSION);
+  if (!request.useProxy) curl_easy_setopt(easy, CURLOPT_PROXY, "");
+  if (request.connectOnly) curl_easy_setopt(easy, CURLOPT_CONNECT_ONLY, 1L);
+  if (!request.post.empty()) curl_easy_setopt(easy, CURLOPT_POSTFIELDS, request.post.c_str());
+  if (headers != nullptr) curl_easy_setopt(easy, CURLOPT_HTTPHEADER, headers);
+  if (addresses != nullptr) curl_easy_setopt(easy, CURLOPT_RESOLVE, addresses);
+  curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, openBound);
+  curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, &transfer);
+  curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, takeBody);
+  curl_easy_setopt(easy, CURLOPT_WRITEDATA, &transfer);
+  curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, countHeader);
+  curl_easy_setopt(easy, CURLOPT_HEADERDATA, &transfer);
+}
+
+CURLcode perform(CURLM* multi, CURL* easy, const Patience& patience) {
+  if (curl_multi_add_handle(multi, easy) != CURLM_OK) return CURLE_FAILED_INIT;
+  CURLcode result = CURLE_OPERATION_TIMEDOUT;
+  int running = 1;
+  while (curl_multi_perform(multi, &running) == CURLM_OK && running > 0 && !patience.isOver()) {
+    curl_waitfd called{patience.cancellation.descriptor(), CURL_WAIT_POLLIN, 0};
+    curl_multi_poll(multi, &called, 1, static_cast<int>(patience.left().count()), nullptr);
+  }
+  int left = 0;
+  while (const CURLMsg* message = curl_multi_info_read(multi, &left)) {
+    if (message->msg == CURLMSG_DONE) result = message->data.result;
+  }
+  return result;
+}
+
+}  // namespace
+
+std::optional<UrlParts> partsOf(const std::string& url) {
+  const Url parsed(isLibraryReady() ? curl_url() : nullptr);
+  if (!parsed || curl_url_set(parsed.get(), CURLUPART_URL, url.c_str(), 0) != CURLUE_OK) return {};
+  UrlParts parts{partOf(parsed.get(), CURLUPART_SCHEME, 0),
+                 partOf(parsed.get(), CURLUPART_HOST, CURLU_PUNYCODE),
+                 partOf(parsed.get(), CURLUPART_PORT, CURLU_DEFAULT_PORT)};
+  if (parts.scheme != "http" && parts.scheme != "https") return {};
+  if (parts.host.starts_with('[')) parts.host = parts.host.substr(1, parts.host.size() - 2);
+  if (parts.host.empty()) return {};
+  return parts;
+}
+
+std::string resolvedUrl(const std::string& base, const std::string& reference) {
+  const Url url(isLibraryReady() ? curl_url() : nullptr);
+  if (!url || curl_url_set(url.get(), CURLUPART_URL, base.c_str(), 0) != CURLUE_OK ||
+      curl_url_set(url.get(), CURLUPART_URL, reference.c_str(), 0) != CURLUE_OK) {
+    return {};
+  }
+  return partOf(url.get(), CURLUPART_URL, 0);
+}
+
+HttpAnswer exchange(const HttpRequest& request, const Way& way, const Patience& patience) {
+  Transfer transfer{way.interface, request.bodyLimit, {}, 0};
+  const auto failed = [&](std::string problem) {
+    transfer.answer.problem = std::move(problem);
+    return transfer.answer;
+  };
+  const auto url = partsOf(request.url);
+  if (!url) return failed("no address of http or https");
+  const Addresses addresses = addressesOf(*url, request, way, patience);
+  if (!addresses.problem.empty()) return failed(addresses.problem);
+
+  const NoBrokenPipe noBrokenPipe;
+  List headers;
+  for (const std::string& header : request.headers) {
+    curl_slist* longer = curl_slist_append(headers.get(), header.c_str());
+    if (longer == nullptr) return failed("no memory");
+    static_cast<void>(headers.release());
+    headers.reset(longer);
+  }
+  const List resolved(
+      addresses.entry.empty() ? nullptr : curl_slist_append(nullptr, addresses.entry.c_str()));
+  const Multi multi(curl_multi_init());
+  const Easy easy(curl_easy_init());
+  if (!multi || !easy) return failed("no memory");
+  setUp(easy.get(), request, transfer, headers.get(), resolved.get());
+  const CURLcode code = perform(multi.get(), easy.get(), patience);
+  HttpAnswer& answer = transfer.answer;
+  curl_easy_getinfo(easy.get(), CURLINFO_RESPONSE_CODE, &answer.status);
+  const char* redirect = nullptr;
+  curl_easy_getinfo(easy.get(), CURLINFO_REDIRECT_URL, &redirect);
+  if (redirect != nullptr) answer.redirect = redirect;
+  if (!answer.cutOff) answer.problem = problemOf(code, easy.get());
+  curl_multi_remove_handle(multi.get(), easy.get());
+  return answer;
+}
+
+}  // namespace wifi_profile::machine

@@ -1,0 +1,227 @@
+#include "devices/linux/reach/Names.h"
+
+#include <algorithm>
+#include <ares.h>
+#include <array>
+#include <map>
+#include <netdb.h>
+#include <poll.h>
+
+#include "devices/linux/reach/Sockets.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+constexpr int kTryTime = 2000;  // ms
+constexpr int kTries = 2;
+constexpr std::size_t kMostServers = 4;
+constexpr std::size_t kMostAddresses = 16;
+constexpr std::chrono::milliseconds kInAll{8000};
+constexpr std::chrono::milliseconds kForTheOther{300};  // protocol's addresses
+
+bool isLibraryReady() {
+  static const bool kReady = ares_library_init(ARES_LIB_INIT_ALL) == ARES_SUCCESS;
+  return kReady;
+}
+
+// One list for the library, without zones: the socket is bound to the interface.
+std::string listOf(const std::vector<std::string>& servers) {
+  std::string list;
+  std::size_t count = 0;
+  for (std::string server : servers) {
+    if (const std::size_t zone = server.find('%'); zone != std::string::npos) {
+      const std::size_t end = server.find(']', zone);
+      server.erase(zone, end == std::string::npos ? end : end - zone);
+    }
+    const bool numeric =
+        server.find_first_not_of("0123456789abcdefABCDEF.:[]") == std::string::npos;
+    if (server.empty() || !numeric || ++count > kMostServers) continue;
+    list += (list.empty() ? "" : ",") + server;
+  }
+  return list;
+}
+
+std::string problemOf(int status) {
+  switch (status) {
+    case ARES_SUCCESS:
+      return "no address of this name";
+    case ARES_ENODATA:
+      return "no address of this name";
+    case ARES_ENOTFOUND:
+      return "no such name";
+    case ARES_ETIMEOUT:
+    case ARES_ECANCELLED:
+    case ARES_EDESTRUCTION:
+      return "timed out";
+    case ARES_ECONNREFUSED:
+    case ARES_EREFUSED:
+      return "refused";
+    case ARES_EBADRESP:
+    case ARES_EFORMERR:
+      return "malformed answer";
+    case ARES_EBADNAME:
+      return "malformed name";
+    default:
+      return "server failed";
+  }
+}
+
+// The question for one protocol's addresses.
+struct Query {
+  int status = ARES_ETIMEOUT;
+  bool done = false;
+  std::vector<std::string> addresses;
+};
+
+std::string numericOf(const sockaddr* address, socklen_t size) {
+  std::array<char, NI_MAXHOST> text{};
+  if (getnameinfo(address, size, text.data(), text.size(), nullptr, 0, NI_NUMERICHOST) != 0)
+    return {};
+  return text.data();
+}
+
+void take(void* argument, int status, int /*timeouts*/, ares_addrinfo* found) {
+  auto& query = *static_cast<Query*>(argument);
+  query.status = status;
+  query.done = true;
+  if (found == nullptr) return;
+  for (const ares_addrinfo_node* node = found->nodes; node != nullptr; node = node->ai_next) {
+    if (query.addresses.size() == kMostAddresses / 2) break;
+    std::string text = numericOf(node->ai_addr, node->ai_addrlen);
+    if (!text.empty()) query.addresses.push_back(std::move(text));
+  }
+  ares_freeaddrinfo(found);
+}
+
+class Resolver {
+ public:
+  explicit Resolver(const Way& way) {
+    std::array<char, 2> lookups{"b"};  // name servers only
+    ares_options options{};
+    options.flags = ARES_FLAG_NOSEARCH | ARES_FLAG_NOALIASES;
+    options.timeout = kTryTime;
+    options.tries = kTries;
+    options.lookups = lookups.data();
+    options.sock_state_cb = [](void* self, ares_socket_t socket, int readable, int writable) {
+      auto& sockets = static_cast<Resolver*>(self)->sockets_;
+      const int events = (readable != 0 ? POLLIN : 0) | (writable != 0 ? POLLOUT : 0);
+      if (events == 0) {
+        sockets.erase(socket);
+      } else {
+        sockets[socket] = static_cast<short>(events);
+      }
+    };
+    options.sock_state_cb_data = this;
+    const int mask = ARES_OPT_FLAGS | ARES_OPT_TIMEOUTMS | ARES_OPT_TRIES | ARES_OPT_LOOKUPS |
+                     ARES_OPT_SOCK_STATE_CB;
+    if (!isLibraryReady() || ares_init_options(&channel_, &options, mask) != ARES_SUCCESS) {
+      channel_ = nullptr;
+      return;
+    }
+    if (!way.interface.empty()) ares_set_local_dev(channel_, way.interface.c_str());
+    const std::string list = listOf(way.nameServers);
+    hasServers_ =
+        way.nameServers.empty() ||
+        (!list.empty() && ares_set_servers_ports_csv(channel_, list.c_str()) == ARES_SUCCESS);
+  }
+  ~Resolver() {
+    if (channel_ != nullptr) ares_destroy(channel_);  // calls back for what is not done
+  }
+  Resolver(const Resolver&) = delete;
+  Resolver& operator=(const Resolver&) = delete;
+
+  bool isUsable() const { return channel_ != nullptr; }
+  bool hasServers() const { return hasServers_; }
+
+  void ask(const std::string& name, const Patience& patience) {
+    for (std::size_t i = 0; i < queries_.size(); ++i) {
+      ares_addrinfo_hints hints{};
+      hints.ai_flags = ARES_AI_NOSORT;
+      hints.ai_family = i == 0 ? AF_INET : AF_INET6;
+      hints.ai_socktype = SOCK_STREAM;
+      ares_getaddrinfo(channel_, name.c_str(), nullptr, &hints, take, &queries_.at(i));
+    }
+    Clock::time_point deadline = patience.deadline;
+    bool oneHasAddresses = false;
+    while (std::any_of(queries_.begin(), queries_.end(), [](const Query& q) { return !q.done; })) {
+      const Patience left{deadline, patience.cancellation};
+      if (left.isOver()) break;
+      process(left);
+      if (oneHasAddresses || addresses().empty()) continue;
+      oneHasAddresses = true;
+      deadline = std::min(deadline, Clock::now() + kForTheOther);
+    }
+  }
+
+  std::vector<std::string> addresses() const {
+    std::vector<std::string> all = queries_[0].addresses;
+    all.insert(all.end(), queries_[1].addresses.begin(), queries_[1].addresses.end());
+    return all;
+  }
+
+  std::string problem() const {
+    // That there is no IPv4 address says less than what became of the other question.
+    return problemOf(queries_[0].status == ARES_ENODATA ? queries_[1].status : queries_[0].status);
+  }
+
+ private:
+  void process(const Patience& patience) {
+    std::vector<pollfd> watched{{patience.cancellation.descriptor(), POLLIN, 0}};
+    for (const auto& [socket, events] : sockets_) watched.push_back({socket, events, 0});
+    const auto left = patience.left();
+    timeval most{left.count() / 1000, (left.count() % 1000) * 1000};
+    timeval next{};
+    const timeval* wait = ares_timeout(channel_, &most, &next);
+    const int milliseconds = static_cast<int>(wait->tv_sec * 1000 + (wait->tv_usec + 999) / 1000);
+    if (poll(watched.data(), watched.size(), milliseconds) <= 0) {
+      ares_process_fd(channel_, ARES_SOCKET_BAD, ARES_SOCKET_BAD);  // it looks at its timeouts
+      return;
+    }
+    for (std::size_t i = 1; i < watched.size(); ++i) {
+      const short events = watched[i].revents;
+      if (events == 0) continue;
+      ares_process_fd(channel_, (events & ~POLLOUT) != 0 ? watched[i].fd : ARES_SOCKET_BAD,
+                      (events & POLLOUT) != 0 ? watched[i].fd : ARES_SOCKET_BAD);
+    }
+  }
+
+  ares_channel channel_ = nullptr;
+  bool hasServers_ = false;
+  std::map<ares_socket_t, short> sockets_;  // with poll's events
+  std::array<Query, 2> queries_;
+};
+
+}  // namespace
+
+checks::Known<NameAnswer> resolve(const std::string& name, const Way& way,
+                                  const Patience& patience) {
+  const Patience ours = patience.atMost(kInAll);
+  if (ours.isOver()) return calledOff();
+  NameAnswer answer;
+  answer.resolution.name = name;
+  if (addressOf(name, 0, way.interface)) {
+    answer.addresses = {name};
+    answer.resolution.resolved = true;
+    return answer;
+  }
+  if (name.empty() || name.size() > 253 || name.find('\0') != std::string::npos) {
+    answer.resolution.problem = "malformed name";
+    return answer;
+  }
+  Resolver resolver(way);
+  if (!resolver.isUsable()) {
+    return checks::Unknown{checks::Reason::failed, "The resolver could not be set up."};
+  }
+  if (!resolver.hasServers()) {
+    answer.resolution.problem = "no name server";
+    return answer;
+  }
+  resolver.ask(name, ours);
+  if (patience.cancellation.isCancelled()) return calledOff();
+  answer.addresses = resolver.addresses();
+  answer.resolution.resolved = !answer.addresses.empty();
+  if (!answer.resolution.resolved) answer.resolution.problem = resolver.problem();
+  return answer;
+}
+
+}  // namespace wifi_profile::machine

@@ -1,0 +1,77 @@
+#include <nlohmann/json.hpp>
+#include <optional>
+
+#include "devices/linux/reach/Http.h"
+#include "devices/linux/reach/Sockets.h"
+#include "devices/linux/reach/Web.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+using checks::PortalProbe;
+using Answer = PortalProbe::Answer;
+
+constexpr std::chrono::milliseconds kTime{5000};
+
+// RFC 8908, 5: "captive" has to be there. Nothing: the API does not say.
+std::optional<bool> isCaptive(const std::string& body) {
+  const auto json = nlohmann::json::parse(body, nullptr, false);
+  if (!json.is_object()) return {};
+  const auto captive = json.find("captive");
+  if (captive == json.end() || !captive->is_boolean()) return {};
+  return captive->get<bool>();
+}
+
+std::optional<PortalProbe> askApi(const std::string& url, const Way& way,
+                                  const Patience& patience) {
+  if (const auto parts = partsOf(url); !parts || parts->scheme != "https") return {};
+  const HttpAnswer answer = exchange({.url = url,
+                                      .bodyLimit = std::size_t{8} * 1024,
+                                      .headers = {"Accept: application/captive+json"},
+                                      .post = {}},
+                                     way, patience);
+  if (!answer.problem.empty() || answer.cutOff || answer.status != 200) return {};
+  const auto captive = isCaptive(answer.body);
+  if (!captive) return {};
+  if (*captive) return PortalProbe{Answer::portal, "the network's own answer: captive"};
+  return PortalProbe{Answer::open, "the network's own answer: not captive"};
+}
+
+PortalProbe judge(const HttpAnswer& answer, const std::string& expectedText) {
+  const std::string status = "status " + std::to_string(answer.status);
+  if (!answer.redirect.empty() && answer.status / 100 == 3) {
+    return {Answer::portal, shortText(status + " to " + answer.redirect)};
+  }
+  if (answer.status == 511) return {Answer::portal, status};
+  if (answer.status == 204) return {Answer::open, status};
+  const bool whole = answer.problem.empty();
+  if (answer.status == 200) {
+    if (!expectedText.empty() && answer.body.find(expectedText) != std::string::npos) {
+      return {Answer::open, status};
+    }
+    if (whole && answer.body.empty()) return {Answer::open, status + ", empty"};
+    if (whole) return {Answer::portal, status + ", another page"};
+  }
+  return {Answer::noAnswer, whole ? status : answer.problem};
+}
+
+}  // namespace
+
+checks::Known<PortalProbe> probePortal(const PortalQuestion& question, const Way& way,
+                                       const Patience& patience) {
+  if (patience.isOver()) return calledOff();
+  if (!question.apiUrl.empty()) {
+    const auto told = askApi(question.apiUrl, way, patience.atMost(kTime));
+    if (told) return *told;
+  }
+  if (patience.isOver()) return calledOff();
+  if (const auto parts = partsOf(question.url); !parts || parts->scheme != "http") {
+    return PortalProbe{Answer::noAnswer, "no address of http"};
+  }
+  const HttpAnswer answer =
+      exchange({.url = question.url, .headers = {}, .post = {}}, way, patience.atMost(kTime));
+  if (patience.cancellation.isCancelled()) return calledOff();
+  return judge(answer, question.expectedText);
+}
+
+}  // namespace wifi_profile::machine

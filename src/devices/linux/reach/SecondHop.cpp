@@ -1,0 +1,78 @@
+#include <arpa/inet.h>
+#include <array>
+#include <cstring>
+#include <ctime>
+#include <linux/errqueue.h>
+#include <netinet/in.h>
+#include <netinet/ip_icmp.h>
+#include <sys/uio.h>
+
+#include "devices/linux/reach/RouterQuestions.h"
+#include "devices/linux/reach/Sockets.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+constexpr int kTries = 3;
+constexpr std::chrono::milliseconds kTryTime{650};
+constexpr std::uint16_t kFirstPort = 33434;  // where nobody listens, by custom
+
+// Who sent the error that the socket got, if it says that a packet's time was exceeded.
+std::optional<std::string> offender(int socket) {
+  std::array<char, 64> data{};
+  alignas(cmsghdr) std::array<char, 512> control{};
+  iovec vector{data.data(), data.size()};
+  msghdr message{};
+  message.msg_iov = &vector;
+  message.msg_iovlen = 1;
+  message.msg_control = control.data();
+  message.msg_controllen = control.size();
+  if (recvmsg(socket, &message, MSG_ERRQUEUE | MSG_DONTWAIT) < 0) return {};
+  for (cmsghdr* part = CMSG_FIRSTHDR(&message); part != nullptr;
+       part = CMSG_NXTHDR(&message, part)) {
+    constexpr std::size_t kLength = sizeof(sock_extended_err) + sizeof(sockaddr_in);
+    if (part->cmsg_level != IPPROTO_IP || part->cmsg_type != IP_RECVERR) continue;
+    if (part->cmsg_len < CMSG_LEN(kLength)) continue;
+    sock_extended_err error{};
+    std::memcpy(&error, CMSG_DATA(part), sizeof(error));
+    sockaddr_in from{};
+    std::memcpy(&from, CMSG_DATA(part) + sizeof(error), sizeof(from));
+    if (error.ee_origin != SO_EE_ORIGIN_ICMP || error.ee_type != ICMP_TIME_EXCEEDED) continue;
+    if (from.sin_family != AF_INET) continue;
+    std::array<char, INET_ADDRSTRLEN> text{};
+    inet_ntop(AF_INET, &from.sin_addr, text.data(), text.size());
+    return hostAddress(text.data());
+  }
+  return {};
+}
+
+std::optional<std::string> probe(const Address& target, const std::string& interface,
+                                 const Patience& patience) {
+  const Descriptor socket = openSocket(AF_INET, SOCK_DGRAM, 0, interface);
+  if (!socket) return {};
+  const int hops = 2;
+  const int yes = 1;
+  setsockopt(socket.number(), IPPROTO_IP, IP_TTL, &hops, sizeof(hops));
+  setsockopt(socket.number(), IPPROTO_IP, IP_RECVERR, &yes, sizeof(yes));
+  // Connected: only errors about packets to the target come in.
+  if (connect(socket.number(), target.get(), target.size) != 0) return {};
+  const std::array<char, 8> nothing{};
+  if (send(socket.number(), nothing.data(), nothing.size(), MSG_NOSIGNAL) < 0) return {};
+  if (waitFor(socket.number(), 0, patience) != Waited::ready) return {};
+  return offender(socket.number());
+}
+
+}  // namespace
+
+std::optional<std::string> findSecondHop(const std::string& gateway, const std::string& target,
+                                         const std::string& interface, const Patience& patience) {
+  for (int i = 0; i < kTries && !patience.isOver(); ++i) {
+    const auto address = addressOf(target, static_cast<std::uint16_t>(kFirstPort + i), interface);
+    if (!address || address->family() != AF_INET) return {};
+    const auto hop = probe(*address, interface, patience.atMost(kTryTime));
+    if (hop && *hop != gateway) return hop;
+  }
+  return {};
+}
+
+}  // namespace wifi_profile::machine

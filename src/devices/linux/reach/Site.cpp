@@ -1,0 +1,51 @@
+#include "devices/linux/reach/Http.h"
+#include "devices/linux/reach/Sockets.h"
+#include "devices/linux/reach/Web.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+constexpr std::chrono::milliseconds kReachTime{5000};
+constexpr std::chrono::milliseconds kPageTime{10000};
+constexpr int kMostRedirects = 5;
+
+// Why this is not the page; empty: it is.
+std::string problemOf(const HttpAnswer& answer, const std::string& expectedText) {
+  if (!answer.problem.empty()) return answer.problem;
+  if (answer.status != 200) return "status " + std::to_string(answer.status);
+  if (answer.cutOff) return "too long";
+  if (answer.body.find(expectedText) == std::string::npos) return "another page";
+  return {};
+}
+
+}  // namespace
+
+checks::Known<checks::SiteReach> reachSite(const std::string& url, const Way& way,
+                                           const Patience& patience) {
+  if (patience.isOver()) return calledOff();
+  const HttpAnswer answer = exchange({.url = url, .connectOnly = true, .headers = {}, .post = {}},
+                                     way, patience.atMost(kReachTime));
+  if (patience.cancellation.isCancelled()) return calledOff();
+  return checks::SiteReach{answer.problem.empty(), answer.problem};
+}
+
+checks::Known<checks::SitePage> retrievePage(const std::string& url,
+                                             const std::string& expectedText, const Way& way,
+                                             const Patience& patience) {
+  const Patience ours = patience.atMost(kPageTime);
+  if (ours.isOver()) return calledOff();
+  std::string next = url;
+  for (int redirects = 0; redirects <= kMostRedirects; ++redirects) {
+    const HttpAnswer answer =
+        exchange({.url = next, .useProxy = true, .headers = {}, .post = {}}, way, ours);
+    if (patience.cancellation.isCancelled()) return calledOff();
+    if (answer.redirect.empty() || answer.status / 100 != 3) {
+      const std::string problem = problemOf(answer, expectedText);
+      return checks::SitePage{problem.empty(), problem};
+    }
+    next = answer.redirect;
+  }
+  return checks::SitePage{false, "too many redirects"};
+}
+
+}  // namespace wifi_profile::machine
