@@ -1,0 +1,179 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "devices/linux/reach/HttpServers.h"
+#include "devices/linux/reach/Names.h"
+#include "devices/linux/reach/Web.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr char kA = 1, kCname = 5, kAaaa = 28;
+
+std::string bytes(std::initializer_list<int> values) {
+  std::string text;
+  for (const int value : values) text += static_cast<char>(value);
+  return text;
+}
+
+char typeOf(const std::string& question) { return question[question.size() - 3]; }
+
+std::string record(char type, const std::string& data) {
+  return bytes({0xc0, 12, 0, type, 0, 1, 0, 0, 0, 60, 0, static_cast<int>(data.size())}) + data;
+}
+
+// The question's own answer: RFC 1035, 4.1.
+std::string answer(const std::string& question, int code, const std::string& records = "") {
+  std::string text = question;
+  text[2] = static_cast<char>(0x81);
+  text[3] = static_cast<char>(0x80 | code);
+  text[7] = records.empty() ? 0 : 1;
+  return text + records;
+}
+
+std::vector<std::string> addressesOfBoth(const std::string& question) {
+  if (typeOf(question) == kA) return {answer(question, 0, record(kA, bytes({127, 0, 0, 1})))};
+  return {answer(question, 0, record(kAaaa, std::string(15, '\0') + '\1'))};
+}
+
+Way wayTo(const UdpServer& server) { return {"", {kHere + ":" + std::to_string(server.port())}}; }
+
+NameAnswer ask(const UdpServer& server, const std::string& name = "site.test") {
+  const Cancellation never;
+  const auto answer = resolve(name, wayTo(server), patient(never));
+  EXPECT_TRUE(answer);
+  return answer ? *answer : NameAnswer{};
+}
+
+std::string problemAnswering(const UdpServer::Answer& with) {
+  const UdpServer server(with);
+  const NameAnswer answer = ask(server);
+  EXPECT_FALSE(answer.resolution.resolved);
+  EXPECT_TRUE(answer.addresses.empty());
+  EXPECT_GT(server.questions(), 0);
+  return answer.resolution.problem;
+}
+
+TEST(Names, HaveAddressesOfBothProtocols) {
+  const UdpServer server(addressesOfBoth);
+  const NameAnswer answer = ask(server);
+  EXPECT_TRUE(answer.resolution.resolved);
+  EXPECT_EQ(answer.resolution.name, "site.test");
+  EXPECT_EQ(answer.resolution.problem, "");
+  EXPECT_EQ(answer.addresses, (std::vector<std::string>{"127.0.0.1", "::1"}));
+}
+
+TEST(Names, ResolveWithOneProtocolWhenNothingComesForTheOther) {
+  const UdpServer server([](const std::string& question) {
+    return typeOf(question) == kA ? addressesOfBoth(question) : std::vector<std::string>{};
+  });
+  EXPECT_EQ(ask(server).addresses, std::vector<std::string>{"127.0.0.1"});
+}
+
+TEST(Names, DoNotResolveWithAnAnswerThatSaysSo) {
+  const auto code = [](int number) {
+    return [number](const std::string& question) {
+      return std::vector<std::string>{answer(question, number)};
+    };
+  };
+  EXPECT_EQ(problemAnswering(code(3)), "no such name");
+  EXPECT_EQ(problemAnswering(code(0)), "no address of this name");
+  EXPECT_NE(problemAnswering(code(2)), "");
+  EXPECT_NE(problemAnswering(code(5)), "");
+}
+
+TEST(Names, DoNotResolveToThemselves) {
+  EXPECT_NE(problemAnswering([](const std::string& question) {
+              return std::vector<std::string>{answer(question, 0, record(kCname, "\xc0\x0c"))};
+            }),
+            "");
+}
+
+TEST(Names, TimeOutWithSilenceGarbageAndTheAnswersOfOthers) {
+  const Cancellation never;
+  const auto timesOut = [&](const UdpServer::Answer& with) {
+    const UdpServer server(with);
+    const auto answer = resolve("site.test", wayTo(server), {Clock::now() + 300ms, never});
+    ASSERT_TRUE(answer);
+    EXPECT_FALSE(answer->resolution.resolved);
+    EXPECT_EQ(answer->resolution.problem, "timed out");
+  };
+  timesOut([](const std::string&) { return std::vector<std::string>{}; });
+  timesOut([](const std::string& question) {
+    auto texts = addressesOfBoth(question);
+    texts[0][0] = static_cast<char>(texts[0][0] ^ 0x55);  // another question's number
+    return texts;
+  });
+  timesOut([](const std::string&) {
+    return std::vector<std::string>{"", "x", std::string(600, '\xff')};
+  });
+}
+
+TEST(Names, DoNotResolveWithABrokenAnswer) {
+  EXPECT_NE(problemAnswering([](const std::string& question) {
+              return std::vector<std::string>{
+                  answer(question, 0, bytes({0xc0, 12, 0, kA, 0, 1, 0, 0, 0, 60, 0, 40, 1}))};
+            }),
+            "");
+}
+
+TEST(Names, AreNotAskedForWhereThereIsNothingToAsk) {
+  const Cancellation never;
+  const UdpServer server(addressesOfBoth);
+  EXPECT_EQ(ask(server, "192.0.2.7").addresses, std::vector<std::string>{"192.0.2.7"});
+  EXPECT_EQ(ask(server, "").resolution.problem, "malformed name");
+  EXPECT_EQ(ask(server, std::string(300, 'x')).resolution.problem, "malformed name");
+  EXPECT_EQ(server.questions(), 0);
+  const auto none = resolve("site.test", {"", {"a,b", ""}}, patient(never));
+  ASSERT_TRUE(none);
+  EXPECT_EQ(none->resolution.problem, "no name server");
+}
+
+TEST(Names, OfAnAliasInThisMachinesHostsFileAreAskedOfTheServer) {
+  const UdpServer server(
+      [](const std::string& question) { return std::vector<std::string>{answer(question, 3)}; });
+  std::string name(256, '\0');
+  gethostname(name.data(), name.size());
+  name.resize(name.find('\0'));
+  EXPECT_FALSE(ask(server, name).resolution.resolved);
+  EXPECT_GT(server.questions(), 0);
+}
+
+TEST(Names, EndWhenTheyAreCalledOff) {
+  Cancellation cancellation;
+  const UdpServer silent([&](const std::string&) {
+    cancellation.cancel();
+    return std::vector<std::string>{};
+  });
+  const auto began = Clock::now();
+  EXPECT_FALSE(resolve("site.test", wayTo(silent), {Clock::now() + 1h, cancellation}));
+  EXPECT_LT(Clock::now() - began, 3s);  // sooner than after the second try
+}
+
+TEST(Names, InAddressesOfTheWebAreAskedOfTheLinksServers) {
+  const Cancellation never;
+  const UdpServer server(addressesOfBoth);
+  const TcpServer web(answering(page("200 OK", "online")));
+  const std::string port = std::to_string(web.port());
+  const auto got =
+      retrievePage("http://site.test:" + port + "/", "online", wayTo(server), patient(never));
+  ASSERT_TRUE(got);
+  EXPECT_TRUE(got->retrieved) << got->problem;
+  const auto redirected = [&] {
+    const TcpServer first(
+        answering(page("302 Found", "", "Location: http://other.test:" + port + "/\r\n")));
+    return retrievePage(urlOf(first), "online", wayTo(server), patient(never));
+  }();
+  ASSERT_TRUE(redirected);
+  EXPECT_TRUE(redirected->retrieved) << redirected->problem;
+  const UdpServer empty(
+      [](const std::string& question) { return std::vector<std::string>{answer(question, 3)}; });
+  const auto site = reachSite("http://site.test/", wayTo(empty), patient(never));
+  ASSERT_TRUE(site);
+  EXPECT_EQ(site->problem, "name: no such name");
+}
+
+}  // namespace
+}  // namespace wifi_profile::machine
