@@ -12,6 +12,10 @@ namespace wifi_profile {
 namespace {
 
 constexpr const char* kRunExamples = R"(Examples:
+  wifi-profile run
+      this machine's Wi-Fi
+  wifi-profile run --pick --site https://intranet.example/
+      the same with a network that is chosen first, and a site of one's own to reach
   wifi-profile run --device demo
       the built-in demonstration, in real time
   wifi-profile run --device demo --network-name "Café Linde" --output text
@@ -29,7 +33,16 @@ constexpr const char* kRunExamples = R"(Examples:
 
 Exit status: 0 done; 2 to 7 for the status codes -2 to -7; 64 wrong command line or parameters;
 65 unusable scenario; 69 no such device; 74 output that cannot be written; 75 torn down before the
-end; 130 interrupted.
+end; 78 unusable settings; 130 interrupted.
+)";
+
+constexpr const char* kScanExamples = R"(Examples:
+  wifi-profile scan
+      the networks in range, each with its strongest access point; * is the joined one
+  wifi-profile scan --all --max-scan-cache-age 0
+      every access point, by a new scan
+  wifi-profile scan --json | jq -r '.[] | select(.security == "None") | .ssid'
+      the open ones, in a script
 )";
 
 constexpr const char* kTestsExamples = R"(Examples:
@@ -70,8 +83,12 @@ CLI::App* addRun(CLI::App& app, RunOptions& run, RunTexts& texts) {
   command->footer(kRunExamples);
   command
       ->add_option("--device", run.device,
-                   "demo, linux, linux:IFNAME, or the path of a scenario file")
+                   "linux, linux:IFNAME, demo, or the path of a scenario file [linux]")
       ->type_name("DEVICE");
+  command
+      ->add_option("--site", run.site,
+                   "Page that this machine is to reach (http or https) [https://example.com/]")
+      ->type_name("URL");
   CLI::Option* const parameters =
       command
           ->add_option("--parameters", run.parametersFile,
@@ -105,6 +122,23 @@ CLI::App* addRun(CLI::App& app, RunOptions& run, RunTexts& texts) {
   return command;
 }
 
+CLI::App* addScan(CLI::App& app, ScanOptions& scan) {
+  CLI::App* command = app.add_subcommand("scan", "List the networks in range");
+  command->footer(kScanExamples);
+  command
+      ->add_option("--device", scan.device,
+                   "linux, linux:IFNAME, demo, or the path of a scenario file [linux]")
+      ->type_name("DEVICE");
+  command->add_flag("--all", scan.all, "Every access point, not only the strongest of a name");
+  command
+      ->add_option("--max-scan-cache-age", scan.maxScanCacheAge,
+                   "Oldest scan to accept, in seconds (0 to 600) [60]")
+      ->type_name("SECONDS")
+      ->check(CLI::Range(0, 600));
+  command->add_flag("--json", scan.json, "As JSON, for programs");
+  return command;
+}
+
 EarlyExit failed(const CLI::App& app, const std::string& message) {
   const auto commands = app.get_subcommands();
   const std::string command = commands.empty() ? "" : " " + commands.front()->get_name();
@@ -119,12 +153,14 @@ Command parseCommandLine(std::vector<std::string> arguments) {
                "wifi-profile");
   app.set_version_flag("--version", std::string("wifi-profile ") + WIFI_PROFILE_VERSION);
   app.require_subcommand(0, 1);
-  app.footer("To begin with: wifi-profile run --device demo\n");
+  app.footer("To begin with: wifi-profile run, or without Wi-Fi: wifi-profile run --device demo\n");
   RunOptions run;
   RunTexts texts;
   TestsOptions tests;
   ExplainOptions explain;
   CLI::App* const runCommand = addRun(app, run, texts);
+  ScanOptions scan;
+  CLI::App* const scanCommand = addScan(app, scan);
   CLI::App* const testsCommand = app.add_subcommand("tests", "List the catalogue of tests");
   testsCommand->add_flag("--json", tests.json, "As JSON, for programs");
   testsCommand->footer(kTestsExamples);
@@ -152,9 +188,11 @@ Command parseCommandLine(std::vector<std::string> arguments) {
   } catch (const CLI::ParseError& error) {
     return failed(app, error.what());
   }
+  if (scanCommand->parsed()) return scan;
   if (testsCommand->parsed()) return tests;
   if (explainCommand->parsed()) return explain;
-  if (!runCommand->parsed()) return failed(app, "found no command, expected run, tests or explain");
+  if (!runCommand->parsed())
+    return failed(app, "found no command, expected run, scan, tests or explain");
   if (!texts.ui.empty()) {
     run.ui = texts.ui == "none" ? Ui::none : texts.ui == "window" ? Ui::window : Ui::terminal;
   }

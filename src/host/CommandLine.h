@@ -24,6 +24,15 @@ struct RunOptions {
   std::optional<std::string> traceFile;
   bool virtualTime = false;
   std::optional<std::string> language;
+  std::optional<std::string> site;
+};
+
+// Options of `scan`.
+struct ScanOptions {
+  std::optional<std::string> device;
+  int maxScanCacheAge = 60;  // seconds
+  bool all = false;
+  bool json = false;
 };
 
 struct TestsOptions {
@@ -41,7 +50,7 @@ struct EarlyExit {
   std::string text;
 };
 
-using Command = std::variant<RunOptions, TestsOptions, ExplainOptions, EarlyExit>;
+using Command = std::variant<RunOptions, ScanOptions, TestsOptions, ExplainOptions, EarlyExit>;
 
 // `arguments` without the program's name.
 Command parseCommandLine(std::vector<std::string> arguments);

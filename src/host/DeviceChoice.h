@@ -6,6 +6,7 @@
 #include <string>
 #include <variant>
 
+#include "checks/AirFacts.h"
 #include "host/CommandLine.h"
 #include "host/DiagnosticRun.h"
 
@@ -26,8 +27,17 @@ struct ChosenDevice {
   bool hasUser;  // a script says what the user does
 };
 
-// Reads the scenario, or looks for this machine's radio.
+// Reads the scenario, or the settings and then looks for this machine's radio.
 std::variant<ChosenDevice, Failure> chooseDevice(const RunOptions& options);
+
+// What a table of networks is made from.
+struct NetworksInRange {
+  checks::Scan scan;
+  std::optional<std::string> joinedBssid;  // nothing: not joined, or not known
+};
+
+// The scan of a scenario's world, or of this machine's radio.
+std::variant<NetworksInRange, Failure> networksInRange(const ScanOptions& options);
 
 // The file that a device on paper is read from; nothing for the others.
 std::optional<std::string> scenarioFileOf(const std::optional<std::string>& device);

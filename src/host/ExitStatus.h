@@ -10,6 +10,7 @@ inline constexpr int kExitScenario = 65;      // unusable scenario, or a step th
 inline constexpr int kExitNoDevice = 69;      // a device that is not there
 inline constexpr int kExitOutput = 74;        // output that cannot be written
 inline constexpr int kExitTornDown = 75;      // torn down before the run finished
+inline constexpr int kExitSettings = 78;      // settings that cannot be used
 inline constexpr int kExitInterrupted = 130;  // SIGINT, SIGTERM or SIGHUP
 
 }  // namespace wifi_profile

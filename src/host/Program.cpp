@@ -9,6 +9,7 @@
 #include "host/ExitStatus.h"
 #include "host/ExplainCommand.h"
 #include "host/Files.h"
+#include "host/ScanCommand.h"
 #include "host/TestsCommand.h"
 #include "runtime/SafeText.h"
 
@@ -20,6 +21,8 @@ int print(const std::string& text) {
   std::fputs("wifi-profile: standard output cannot be written\n", stderr);
   return kExitOutput;
 }
+
+int execute(const ScanOptions& options) { return scanCommand(options); }
 
 int execute(const TestsOptions& options) { return print(options.json ? testsJson() : testsText()); }
 

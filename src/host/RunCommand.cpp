@@ -23,11 +23,6 @@
 namespace wifi_profile {
 namespace {
 
-int complain(const Failure& failure) {
-  writeAll(stderr, "wifi-profile: " + safeText(failure.message) + "\n");
-  return failure.status;
-}
-
 std::string_view languageFor(const RunOptions& options) {
   if (options.language) return *options.language;
   for (const char* const name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {

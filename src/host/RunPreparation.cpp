@@ -11,6 +11,7 @@
 #include "host/ExitStatus.h"
 #include "host/Files.h"
 #include "host/Inputs.h"
+#include "runtime/SafeText.h"
 
 namespace wifi_profile {
 namespace {
@@ -28,6 +29,11 @@ bool readsFrom(const RunOptions& options, const std::string& file) {
 }
 
 }  // namespace
+
+int complain(const Failure& failure) {
+  writeAll(stderr, "wifi-profile: " + safeText(failure.message) + "\n");
+  return failure.status;
+}
 
 bool environmentHas(const char* name) {
   const char* const value = std::getenv(name);

@@ -25,6 +25,9 @@ std::variant<PreparedRun, Failure> prepareRun(const RunOptions& options);
 // The screen that was asked for. By itself: the terminal, where a person is at one.
 Ui uiOf(const RunOptions& options);
 
+// Writes what went wrong to standard error, and returns the status.
+int complain(const Failure& failure);
+
 bool environmentHas(const char* name);
 // A terminal that can be drawn on.
 bool isTerminal(int descriptor);

@@ -101,7 +101,24 @@ void takeFacts(FieldsReader& fields, checks::Facts& facts) {
        "what stands between the router and the internet");
 }
 
-void readSettings(const ValueReader& value, checks::Settings& settings) {
+// One time for all tests, or times by the tests' names.
+void readDelay(const ValueReader& value, World& world) {
+  if (!as<Dictionary>(value.value())) {
+    world.delay = value.seconds(kLongestTime);
+    return;
+  }
+  value.object([&](FieldsReader& fields) {
+    for (const auto& [id, name] : kDiagnosticsTestNames) {
+      fields.take(name, [&, test = id](const ValueReader& field) {
+        world.delays[test] = field.seconds(kLongestTime);
+      });
+    }
+  });
+}
+
+}  // namespace
+
+void readCheckSettings(const ValueReader& value, checks::Settings& settings) {
   constexpr int kMost = 1'000'000;
   value.object([&](FieldsReader& fields) {
     takeInteger(fields, "poorSignalBelow", -127, 0, settings.poorSignalBelow);
@@ -126,28 +143,12 @@ void readSettings(const ValueReader& value, checks::Settings& settings) {
   });
 }
 
-// One time for all tests, or times by the tests' names.
-void readDelay(const ValueReader& value, World& world) {
-  if (!as<Dictionary>(value.value())) {
-    world.delay = value.seconds(kLongestTime);
-    return;
-  }
-  value.object([&](FieldsReader& fields) {
-    for (const auto& [id, name] : kDiagnosticsTestNames) {
-      fields.take(name, [&, test = id](const ValueReader& field) {
-        world.delays[test] = field.seconds(kLongestTime);
-      });
-    }
-  });
-}
-
-}  // namespace
-
 World readWorld(const ValueReader& value) {
   World world;
   value.object([&](FieldsReader& fields) {
     takeFacts(fields, world.facts);
-    fields.take("settings", [&](const ValueReader& field) { readSettings(field, world.settings); });
+    fields.take("settings",
+                [&](const ValueReader& field) { readCheckSettings(field, world.settings); });
     fields.take("delay", [&](const ValueReader& field) { readDelay(field, world); });
   });
   return world;

@@ -10,4 +10,8 @@ namespace wifi_profile::scenario {
 // world leaves out. Pure; what will not do is noted in the reader.
 World readWorld(const ValueReader& value);
 
+// Reads what is set about the checks, by the names of the members of `settings`; what is not set
+// stays. Pure; what will not do is noted in the reader.
+void readCheckSettings(const ValueReader& value, checks::Settings& settings);
+
 }  // namespace wifi_profile::scenario

@@ -1,0 +1,25 @@
+#include "devices/linux/LinuxDevice.h"
+
+#include "devices/linux/LinuxRadio.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+// Who has hardware for WAPI lives where people say WLAN.
+bool saysWlan(Machine& machine) {
+  const Cancellation nobody;
+  const auto radio = machine.radio({Clock::now() + std::chrono::seconds(2), nobody});
+  return radio && radio->knowsWapi;
+}
+
+}  // namespace
+
+LinuxDevice::LinuxDevice(const std::shared_ptr<Machine>& machine, const checks::Settings& settings,
+                         Trace& trace)
+    : service(std::make_shared<LinuxService>(machine, settings, trace)),
+      backEnds{service,
+               std::make_shared<LinuxRadio>(machine->interface().name, machine->systemBus(), trace,
+                                            Rfkill(machine->interface().name)),
+               capabilityOf(saysWlan(*machine), trace), automationOf(false, trace)} {}
+
+}  // namespace wifi_profile::machine

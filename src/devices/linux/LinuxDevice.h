@@ -1,0 +1,22 @@
+// This machine as a whole: what stands behind the diagnostic's questions.
+#pragma once
+
+#include <memory>
+
+#include "checks/Settings.h"
+#include "devices/DeviceBackEnds.h"
+#include "devices/linux/LinuxService.h"
+#include "devices/linux/Machine.h"
+
+namespace wifi_profile::machine {
+
+struct LinuxDevice {
+  // `trace` must outlive the device.
+  LinuxDevice(const std::shared_ptr<Machine>& machine, const checks::Settings& settings,
+              Trace& trace);
+
+  std::shared_ptr<LinuxService> service;
+  DeviceBackEnds backEnds;
+};
+
+}  // namespace wifi_profile::machine

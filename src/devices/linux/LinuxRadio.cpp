@@ -1,0 +1,78 @@
+#include "devices/linux/LinuxRadio.h"
+
+#include <chrono>
+#include <poll.h>
+#include <utility>
+
+#include "devices/linux/bus/ConnectionManager.h"
+#include "platform/DiagnosticLog.h"
+#include "platform/WorkQueues.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+constexpr std::chrono::seconds kManagerLimit{5};
+// The watching thread looks up this often even without news.
+constexpr std::chrono::hours kLongWait{1};
+
+}  // namespace
+
+LinuxRadio::LinuxRadio(std::string interface, std::shared_ptr<Bus> systemBus, Trace& trace,
+                       Rfkill rfkill)
+    : ManagedRadio(1, trace),
+      interface_(std::move(interface)),
+      bus_(std::move(systemBus)),
+      rfkill_(std::move(rfkill)) {
+  const auto closed = rfkill_.open();
+  if (!closed) {
+    on_ = rfkill_.poweredOn().value_or(true);
+  } else if (closed->reason == checks::Reason::noHardware) {
+    on_ = false;
+  } else {
+    const auto byManager =
+        ConnectionManager(*bus_).isRadioOn(interface_, {Clock::now() + kManagerLimit, ended_});
+    on_ = !byManager || *byManager;
+  }
+}
+
+LinuxRadio::~LinuxRadio() {
+  ended_.cancel();
+  if (watcher_.joinable()) watcher_.join();
+}
+
+void LinuxRadio::beginWatching() {
+  if (rfkill_.descriptor() < 0) return;
+  std::call_once(watching_, [this] { watcher_ = std::thread([this] { watch(); }); });
+}
+
+void LinuxRadio::watch() {
+  while (!ended_.isCancelled()) {
+    const Waited waited = waitFor(rfkill_.descriptor(), POLLIN, {Clock::now() + kLongWait, ended_});
+    if (waited != Waited::ready) continue;
+    rfkill_.handleEvents([this](Rfkill::News news) {
+      on_ = news == Rfkill::News::on;
+      postNotification();
+    });
+  }
+}
+
+void LinuxRadio::switchPower(bool on) {
+  if (!on) return;  // nothing of the diagnostic switches a radio off
+  WorkQueues::shared()->postToGlobal([kept = shared_from_this(), this] { switchOn(); });
+}
+
+// The connection manager remembers that it was switched on; the switches work without one.
+void LinuxRadio::switchOn() {
+  const auto byManager =
+      ConnectionManager(*bus_).setRadioOn(interface_, true, {Clock::now() + kManagerLimit, ended_});
+  if (!byManager) return;
+  Rfkill rfkill(interface_);
+  auto why = rfkill.open();
+  if (!why) why = rfkill.switchOn();
+  if (!why) return;
+  DiagnosticLogHandleForCategory(0).error([&] {
+    return "Wi-Fi could not be switched on. " + byManager->sentence + " " + why->sentence;
+  });
+}
+
+}  // namespace wifi_profile::machine

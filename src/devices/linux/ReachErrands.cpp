@@ -1,0 +1,140 @@
+#include "devices/linux/ReachErrands.h"
+
+#include "devices/linux/reach/Names.h"
+#include "devices/linux/reach/Outside.h"
+#include "devices/linux/reach/Ping.h"
+#include "devices/linux/reach/Web.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+using checks::Fact;
+using checks::Facts;
+using checks::Known;
+using checks::Unknown;
+using std::chrono::milliseconds;
+
+// Longest times; none is longer than 13 s, so that the last is in 15 s after the scan.
+constexpr milliseconds kNameLimit{8'500};
+constexpr milliseconds kPingLimit{4'500};
+constexpr milliseconds kOutsideLimit{4'000};
+constexpr milliseconds kPortalLimit{10'500};
+constexpr milliseconds kReachLimit{5'500};
+constexpr milliseconds kPageLimit{10'500};
+
+// What every errand begins with: without a link, or an address, nothing can be sent.
+template <class T>
+struct ReachErrand {
+  std::string name;
+  Fact fact;
+  Known<T> Facts::*member;
+  milliseconds limit;
+  std::function<Known<T>(const Facts& known, const Way& way, const Patience& patience)> find;
+};
+
+template <class T>
+void add(std::vector<Errand>& errands, const std::string& interface, ReachErrand<T> reach) {
+  errands.push_back(
+      {.name = reach.name,
+       .gives = {reach.fact},
+       .after = {Fact::link, Fact::scan, Fact::addresses, Fact::activeProfile},
+       .limit = reach.limit,
+       .run = [interface, reach](const Facts& known, const Patience& patience) -> Found {
+         Known<T> fact;
+         if (!known.link) {
+           fact = known.link.why();
+         } else if (!known.addresses) {
+           fact = known.addresses.why();
+         } else {
+           fact = reach.find(known, {interface, known.addresses->dnsServers}, patience);
+         }
+         return [member = reach.member, fact](Facts& facts) { facts.*member = fact; };
+       }});
+}
+
+Unknown noRouter() {
+  return {checks::Reason::notTold,
+          "The network named no router: renew the address (join again), or look at the router's "
+          "DHCP settings."};
+}
+
+Known<std::string> addressOf(const std::string& host, const Way& way, const Patience& patience) {
+  const auto answer = resolve(host, way, patience);
+  if (!answer) return answer.why();
+  if (!answer->addresses.empty()) return answer->addresses.front();
+  return Unknown{checks::Reason::failed,
+                 "The address of " + host + " could not be looked up (" +
+                     answer->resolution.problem +
+                     "): mend DNS first, or set a numeric address to ping."};
+}
+
+Known<checks::Pings> pingRouter(const Facts& known, const Way& way, const Patience& patience) {
+  const auto& addresses = *known.addresses;
+  const auto& router = addresses.ipv4Gateway ? addresses.ipv4Gateway : addresses.ipv6Gateway;
+  if (!router) return noRouter();
+  return ping(*router, way.interface, {}, patience);
+}
+
+Known<checks::RouterOutside> lookOutside(const Facts& known, const std::string& host,
+                                         const Way& way, const Patience& patience) {
+  if (!known.addresses->ipv4Gateway) return noRouter();
+  const auto target = addressOf(host, way, patience.atMost(milliseconds(2'000)));
+  return routerOutside(*known.addresses->ipv4Gateway, target ? *target : "", way.interface,
+                       patience);
+}
+
+}  // namespace
+
+void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
+                     const Targets& targets) {
+  add<checks::Pings>(
+      errands, interface,
+      {"ping of the router", Fact::lanPings, &Facts::lanPings, kPingLimit, pingRouter});
+  add<checks::Pings>(
+      errands, interface,
+      {"ping of the Internet", Fact::wanPings, &Facts::wanPings, kNameLimit + kPingLimit,
+       [targets](const Facts&, const Way& way, const Patience& patience) -> Known<checks::Pings> {
+         const auto address = addressOf(targets.pingHost, way, patience);
+         if (!address) return address.why();
+         PingPlan plan;
+         plan.ports = kSitePorts;
+         return ping(*address, way.interface, plan, patience);
+       }});
+  add<checks::NameResolution>(
+      errands, interface,
+      {"look-up of a name", Fact::nameResolution, &Facts::nameResolution, kNameLimit,
+       [targets](const Facts&, const Way& way,
+                 const Patience& patience) -> Known<checks::NameResolution> {
+         const auto answer = resolve(targets.name, way, patience);
+         if (!answer) return answer.why();
+         return answer->resolution;
+       }});
+  add<checks::PortalProbe>(
+      errands, interface,
+      {"look for a sign-in page", Fact::portalProbe, &Facts::portalProbe, kPortalLimit,
+       [targets](const Facts& known, const Way& way, const Patience& patience) {
+         const auto& profile = known.activeProfile;
+         return probePortal({.url = targets.portalUrl,
+                             .expectedText = targets.portalText,
+                             .apiUrl = profile ? profile->captivePortalApi.value_or("") : ""},
+                            way, patience);
+       }});
+  add<checks::SiteReach>(errands, interface,
+                         {"connection to the site", Fact::siteReach, &Facts::siteReach, kReachLimit,
+                          [targets](const Facts&, const Way& way, const Patience& patience) {
+                            return reachSite(targets.siteUrl, way, patience);
+                          }});
+  add<checks::SitePage>(errands, interface,
+                        {"page of the site", Fact::sitePage, &Facts::sitePage, kPageLimit,
+                         [targets](const Facts&, const Way& way, const Patience& patience) {
+                           return retrievePage(targets.siteUrl, targets.siteText, way, patience);
+                         }});
+  add<checks::RouterOutside>(
+      errands, interface,
+      {"look at the router's outside", Fact::routerOutside, &Facts::routerOutside, kOutsideLimit,
+       [targets](const Facts& known, const Way& way, const Patience& patience) {
+         return lookOutside(known, targets.pingHost, way, patience);
+       }});
+}
+
+}  // namespace wifi_profile::machine

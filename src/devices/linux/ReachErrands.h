@@ -1,0 +1,17 @@
+// How it is found out what can be reached.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "devices/linux/Gathering.h"
+#include "devices/linux/Targets.h"
+
+namespace wifi_profile::machine {
+
+// Adds the errands that send something through the interface. They begin when the scan is done,
+// which takes the radio off its channel, and run side by side. Without a link they end at once.
+void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
+                     const Targets& targets);
+
+}  // namespace wifi_profile::machine

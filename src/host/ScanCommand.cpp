@@ -1,0 +1,134 @@
+#include "host/ScanCommand.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <fmt/format.h>
+#include <unistd.h>
+#include <vector>
+
+#include "checks/SecurityKinds.h"
+#include "host/DeviceChoice.h"
+#include "host/ExitStatus.h"
+#include "host/Files.h"
+#include "host/RunPreparation.h"
+#include "host/ScanRows.h"
+#include "platform/Array.h"
+#include "platform/Number.h"
+#include "runtime/JsonWriter.h"
+#include "runtime/SafeText.h"
+
+namespace wifi_profile {
+namespace {
+
+constexpr const char* kPlain = "\033[0m";
+
+// A signal that carries video calls, one that carries pages, and one that does not carry far.
+std::string_view colorOf(int signal) {
+  constexpr int kStrong = -60;
+  constexpr int kWeak = -75;
+  return signal >= kStrong ? "\033[32m" : signal >= kWeak ? "\033[33m" : "\033[31m";
+}
+
+std::string orDash(std::string_view text) { return text.empty() ? "-" : std::string(text); }
+
+std::string numberOrDash(int number, std::string_view unit) {
+  return number == 0 ? "-" : fmt::format("{}{}", number, unit);
+}
+
+std::string nameText(const checks::AccessPoint& accessPoint) {
+  return accessPoint.ssid ? safeText(*accessPoint.ssid) : "(hidden)";
+}
+
+// The columns but for the name, which comes last: nobody knows how wide it is.
+constexpr std::size_t kColumns = 7;
+using Cells = std::array<std::string, kColumns>;
+
+Cells cellsOf(const ScanRow& row, bool all) {
+  const checks::AccessPoint& one = *row.accessPoint;
+  return {one.signal ? fmt::format("{} dBm", *one.signal) : "-",
+          orDash(bandText(one)),
+          one.channel ? std::to_string(one.channel->primary) : "-",
+          numberOrDash(widthOf(one), " MHz"),
+          orDash(checks::textOf(one.security)),
+          orDash(generationOf(one)),
+          all ? one.bssid : std::to_string(row.accessPoints)};
+}
+
+ObjectRef numberOrNull(int number) {
+  return number == 0 ? nullPlaceholder() : Number::withInteger(number);
+}
+
+ObjectRef textOrNull(std::string_view text) {
+  return text.empty() ? nullPlaceholder() : ObjectRef(makeText(text));
+}
+
+ObjectRef objectOf(const ScanRow& row) {
+  const checks::AccessPoint& one = *row.accessPoint;
+  return makeDictionary({
+      {"accessPoints", Number::withInteger(static_cast<std::int64_t>(row.accessPoints))},
+      {"band", textOrNull(bandText(one))},
+      {"bssid", makeText(one.bssid)},
+      {"channel", numberOrNull(one.channel ? one.channel->primary : 0)},
+      {"generation", textOrNull(generationOf(one))},
+      {"hidden", Number::withBool(one.hidesName)},
+      {"joined", Number::withBool(row.joined)},
+      {"security", textOrNull(checks::textOf(one.security))},
+      {"signal", numberOrNull(one.signal.value_or(0))},
+      {"ssid", one.ssid ? ObjectRef(makeText(*one.ssid)) : nullPlaceholder()},
+      {"width", numberOrNull(widthOf(one))},
+  });
+}
+
+}  // namespace
+
+std::string scanText(const NetworksInRange& networks, const ScanStyle& style) {
+  const auto rows = scanRows(networks.scan, networks.joinedBssid, style.all);
+  if (rows.empty()) return "No networks in range.\n";
+  std::vector<Cells> table{
+      {"Signal", "Band", "Channel", "Width", "Security", "Wi-Fi", style.all ? "BSSID" : "Points"}};
+  for (const ScanRow& row : rows) table.push_back(cellsOf(row, style.all));
+  std::array<std::size_t, kColumns> widths{};
+  for (const Cells& cells : table) {
+    for (std::size_t i = 0; i < kColumns; ++i) widths[i] = std::max(widths[i], cells[i].size());
+  }
+  std::string text;
+  for (std::size_t line = 0; line < table.size(); ++line) {
+    const ScanRow* row = line == 0 ? nullptr : &rows[line - 1];
+    const bool colored = style.color && row && row->accessPoint->signal;
+    text += row && row->joined ? "* " : "  ";
+    for (std::size_t i = 0; i < kColumns; ++i) {
+      if (i == 0 && colored) text += colorOf(*row->accessPoint->signal);
+      // Numbers stand under each other's last digit.
+      const bool right = i == 0 || i == 2 || i == 3 || (i == 6 && !style.all);
+      text += right ? fmt::format("{:>{}}", table[line][i], widths[i])
+                    : fmt::format("{:<{}}", table[line][i], widths[i]);
+      if (i == 0 && colored) text += kPlain;
+      text += "  ";
+    }
+    text += row ? nameText(*row->accessPoint) : "Name";
+    text += '\n';
+  }
+  return text;
+}
+
+std::string scanJson(const NetworksInRange& networks, bool all) {
+  std::vector<ObjectRef> objects;
+  for (const ScanRow& row : scanRows(networks.scan, networks.joinedBssid, all)) {
+    objects.push_back(objectOf(row));
+  }
+  return jsonText(std::make_shared<const Array>(std::move(objects))) + "\n";
+}
+
+int scanCommand(const ScanOptions& options) {
+  const auto networks = networksInRange(options);
+  if (const auto* failure = std::get_if<Failure>(&networks)) return complain(*failure);
+  const auto& found = std::get<NetworksInRange>(networks);
+  const bool color = isTerminal(STDOUT_FILENO) && !environmentHas("NO_COLOR");
+  const std::string text = options.json ? scanJson(found, options.all)
+                                        : scanText(found, {.all = options.all, .color = color});
+  if (writeAll(stdout, text)) return kExitDone;
+  return complain({kExitOutput, cannotBeWritten("standard output", errno)});
+}
+
+}  // namespace wifi_profile

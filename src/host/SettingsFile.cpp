@@ -1,0 +1,118 @@
+#include "host/SettingsFile.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fmt/format.h>
+
+#include "devices/scenario/ValueReader.h"
+#include "devices/scenario/WorldReader.h"
+#include "runtime/JsonReader.h"
+
+namespace wifi_profile {
+namespace {
+
+using scenario::FieldsReader;
+using scenario::ValueReader;
+
+constexpr std::string_view kName = "wifi-profile/settings.json";
+// RFC 1035, 2.3.4; addresses are shorter.
+constexpr std::size_t kLongestHost = 253;
+
+bool isPlain(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return c > ' ' && c < '\x7f'; });
+}
+
+void takeText(FieldsReader& fields, std::string_view key, std::string& text) {
+  fields.take(key, [&](const ValueReader& field) { text = field.text(); });
+}
+
+void takeHost(FieldsReader& fields, std::string_view key, std::string& host) {
+  fields.take(key, [&](const ValueReader& field) {
+    host = field.text();
+    if (host.empty() || host.size() > kLongestHost || !isPlain(host) ||
+        host.find('/') != std::string::npos) {
+      field.fail("the name or the numeric address of a host");
+    }
+  });
+}
+
+void takeWebAddress(FieldsReader& fields, std::string_view key, std::string& address,
+                    std::string_view kind) {
+  fields.take(key, [&](const ValueReader& field) {
+    address = field.text();
+    if (isWebAddress(address) && address.starts_with(kind)) return;
+    field.fail(fmt::format("an address such as {}",
+                           kind == "http://" ? "http://example.com/" : "https://example.com/"));
+  });
+}
+
+void readSettings(const ValueReader& document, ToolSettings& settings) {
+  document.object([&](FieldsReader& fields) {
+    fields.take("checks", [&](const ValueReader& field) {
+      scenario::readCheckSettings(field, settings.checks);
+    });
+    fields.take("internet", [&](const ValueReader& internet) {
+      internet.object([&](FieldsReader& parts) {
+        takeHost(parts, "pingHost", settings.targets.pingHost);
+        takeHost(parts, "name", settings.targets.name);
+        takeWebAddress(parts, "portalUrl", settings.targets.portalUrl, "http://");
+        takeText(parts, "portalText", settings.targets.portalText);
+      });
+    });
+    fields.take("site", [&](const ValueReader& site) {
+      site.object([&](FieldsReader& parts) {
+        takeWebAddress(parts, "url", settings.targets.siteUrl, "http");
+        takeText(parts, "text", settings.targets.siteText);
+      });
+    });
+  });
+}
+
+}  // namespace
+
+bool isWebAddress(std::string_view text) {
+  for (const std::string_view kind : {"http://", "https://"}) {
+    if (!text.starts_with(kind)) continue;
+    const std::string_view rest = text.substr(kind.size());
+    return isPlain(text) && !rest.empty() && rest.front() != '/' && rest.front() != ':';
+  }
+  return false;
+}
+
+std::vector<std::string> settingsFiles() {
+  std::vector<std::string> files{fmt::format("/etc/{}", kName)};
+  const char* const config = std::getenv("XDG_CONFIG_HOME");
+  const char* const home = std::getenv("HOME");
+  if (config && *config == '/') {  // a path that is not absolute counts for nothing
+    files.push_back(fmt::format("{}/{}", config, kName));
+  } else if (home && *home != '\0') {
+    files.push_back(fmt::format("{}/.config/{}", home, kName));
+  }
+  return files;
+}
+
+std::variant<ToolSettings, Problem> readSettingsFiles(const std::vector<std::string>& files) {
+  ToolSettings settings;
+  for (const std::string& file : files) {
+    std::error_code notThere;
+    if (!std::filesystem::exists(file, notThere)) continue;
+    auto content = readFile(file);
+    if (auto* problem = std::get_if<Problem>(&content)) return std::move(*problem);
+    const auto document = readJson(std::get<std::string>(content));
+    if (const auto* fault = std::get_if<JsonFault>(&document)) {
+      return unexpected(fmt::format("{}:{}:{}", file, fault->line, fault->column), fault->found,
+                        fault->expected);
+    }
+    std::optional<scenario::Fault> fault;
+    readSettings(ValueReader(std::get<ObjectRef>(document), "", fault), settings);
+    if (fault) {
+      return unexpected(fmt::format("{}: {}", file,
+                                    fault->pointer.empty() ? "at the top" : "at " + fault->pointer),
+                        fault->found, fault->expected);
+    }
+  }
+  return settings;
+}
+
+}  // namespace wifi_profile
