@@ -48,6 +48,14 @@ std::vector<std::uint32_t> switchesIn(const std::filesystem::path& folder, std::
   return numbers;
 }
 
+// Whether a file of sysfs says 1; nothing when it cannot be read.
+std::optional<bool> isSet(const std::filesystem::path& file) {
+  const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  char digit = 0;
+  if (descriptor.number() < 0 || read(descriptor.number(), &digit, 1) != 1) return std::nullopt;
+  return digit != '0';
+}
+
 }  // namespace
 
 std::optional<RfkillEvent> parseRfkillEvent(ieee80211::Bytes bytes) {
@@ -101,12 +109,18 @@ std::optional<Unknown> Rfkill::open() {
   }
   own_ = switchesIn(folder / "phy80211", error);
   if (own_.empty()) return Unknown{Reason::notSupported, "The Wi-Fi radio has no switch."};
+  for (const std::uint32_t index : own_) {
+    const auto one = folder / "phy80211" / ("rfkill" + std::to_string(index));
+    const auto soft = isSet(one / "soft");
+    const auto hard = isSet(one / "hard");
+    if (soft && hard) switches_[index] = {*soft, *hard};
+  }
   device_ = Descriptor(::open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (device_.number() < 0) {
     const int number = errno;
     if (number == EACCES || number == EPERM) {
-      return Unknown{Reason::notPermitted, "This user may not read the radio's switches in " +
-                                               path_ + ". Its owner may allow it."};
+      return Unknown{Reason::notPermitted,
+                     "This user gets no news of the radio's switches: may not read " + path_ + "."};
     }
     return Unknown{Reason::notSupported, "The kernel does not show the radio's switches (" + path_ +
                                              "): " + std::generic_category().message(number)};

@@ -52,7 +52,8 @@ class Rfkill {
                   std::string interfaces = "/sys/class/net");
 
   // Looks for the switches and their state. noHardware: the interface is gone; notSupported: the
-  // radio has no switch, or the kernel does not show any; then the radio counts as on.
+  // radio has no switch, which counts as on, or the kernel does not show it; notPermitted: there
+  // will be no news, but `poweredOn` tells how it is now; call `open` again to look again.
   std::optional<checks::Unknown> open();
 
   // Whether no switch of the radio is off. Nothing before `open`, and for a radio without switches.

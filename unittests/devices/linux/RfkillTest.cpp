@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <filesystem>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <linux/rfkill.h>
@@ -150,6 +151,19 @@ TEST_F(Switches, ThatARadioLacksAreNotSupported) {
   ASSERT_TRUE(problem);
   EXPECT_EQ(problem->reason, Reason::notSupported);
   EXPECT_EQ(switches.switchOn()->reason, Reason::notSupported);
+}
+
+TEST_F(Switches, ThatGiveNoNewsAreKnownAsTheyAreNow) {
+  for (const char* state : {"0", "1"}) {
+    const fs::path one = folder_ / "wlan0" / "phy80211" / "rfkill3";
+    std::ofstream(one / "soft") << state << '\n';
+    std::ofstream(one / "hard") << "0\n";
+    fs::remove(device());
+    Rfkill switches = rfkill();
+    EXPECT_TRUE(switches.open());
+    EXPECT_EQ(switches.poweredOn(), *state == '0');
+    EXPECT_THAT(newsOf(switches), IsEmpty());
+  }
 }
 
 TEST_F(Switches, OfAKernelWithoutTheDeviceAreNotSupported) {

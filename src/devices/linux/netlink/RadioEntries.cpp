@@ -53,8 +53,11 @@ void addToRadio(const Attributes& attributes, checks::Radio& radio) {
 
 void finishChannels(checks::Radio& radio) {
   std::ranges::stable_sort(radio.channels, {}, &checks::RadioChannel::frequency);
-  const auto rest = std::ranges::unique(radio.channels, {}, &checks::RadioChannel::frequency);
-  radio.channels.erase(rest.begin(), rest.end());
+  const auto isSame = [](const auto& one, const auto& other) {
+    return one.frequency == other.frequency;
+  };
+  radio.channels.erase(std::unique(radio.channels.begin(), radio.channels.end(), isSame),
+                       radio.channels.end());
 }
 
 std::vector<checks::RadioInterface> interfacesOf(const std::vector<WifiInterface>& all,

@@ -102,7 +102,8 @@ std::optional<milliseconds> ageOf(const Attributes& bss, std::chrono::nanosecond
 }
 
 bool isJoined(const Attributes& bss) {
-  const auto status = bss.number<std::uint32_t>(NL80211_BSS_STATUS);
+  const std::uint32_t status =
+      bss.number<std::uint32_t>(NL80211_BSS_STATUS).value_or(NL80211_BSS_STATUS_AUTHENTICATED);
   return status == NL80211_BSS_STATUS_ASSOCIATED || status == NL80211_BSS_STATUS_IBSS_JOINED;
 }
 

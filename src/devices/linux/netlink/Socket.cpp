@@ -54,14 +54,13 @@ Message messageOf(const nlmsghdr* header, int protocol) {
 
 void Request::Deleter::operator()(nl_msg* message) const { nlmsg_free(message); }
 
-Request::Request(int family, int command, Kind kind)
-    : message_(nlmsg_alloc()), dump_(kind == Kind::dump) {
+Request::Request(int family, int command, Kind kind) : message_(nlmsg_alloc()) {
   require(message_ && genlmsg_put(message_.get(), NL_AUTO_PORT, NL_AUTO_SEQ, family, 0,
                                   flagsOf(kind), static_cast<std::uint8_t>(command), 1));
 }
 
 Request::Request(int type, ieee80211::Bytes fields, Kind kind)
-    : message_(nlmsg_alloc_simple(type, flagsOf(kind))), dump_(kind == Kind::dump) {
+    : message_(nlmsg_alloc_simple(type, flagsOf(kind))) {
   std::vector<std::uint8_t> copy(fields.begin(), fields.end());
   require(message_ && nlmsg_append(message_.get(), copy.data(), copy.size(), NLMSG_ALIGNTO) == 0);
 }

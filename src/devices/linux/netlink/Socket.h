@@ -39,7 +39,6 @@ class Request {
     void operator()(nl_msg* message) const;
   };
   std::unique_ptr<nl_msg, Deleter> message_;
-  bool dump_;
 };
 
 // What the kernel sent.

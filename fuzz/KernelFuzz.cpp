@@ -1,0 +1,94 @@
+// Any bytes as what the kernel says: whatever they are, the facts keep their ranges.
+
+#include <cstdio>
+#include <cstdlib>
+#include <linux/nl80211.h>
+#include <linux/rtnetlink.h>
+#include <set>
+
+#include "KernelInput.h"
+#include "devices/linux/Rfkill.h"
+#include "devices/linux/netlink/Addresses.h"
+#include "devices/linux/netlink/LinkEntries.h"
+#include "devices/linux/netlink/RadioEntries.h"
+#include "devices/linux/netlink/ScanEntries.h"
+
+using namespace wifi_profile;
+using namespace wifi_profile::machine;
+
+namespace {
+
+void require(bool holds, const char* rule) {
+  if (holds) return;
+  std::fprintf(stderr, "does not hold: %s\n", rule);
+  std::abort();
+}
+
+bool isName(const std::string& name) { return !name.empty() && name.size() <= 32; }
+bool isAddress(const std::string& text) { return text.size() == 17; }
+
+// The attributes at the top are entries, one each.
+void readScan(Bytes bytes) {
+  std::vector<ScanEntry> entries;
+  for (const Attribute& one : Attributes(bytes)) {
+    auto entry = scanEntryOf(Attributes(one.payload), std::chrono::seconds(1000));
+    if (!entry) continue;
+    require(entry->others.size() <= ScanEntry::kMostAnnounced, "others are bounded");
+    require(!entry->age || entry->age->count() >= 0, "ages are not negative");
+    linkOf({}, StationEntry{}, entry);
+    entries.push_back(std::move(*entry));
+  }
+  const auto list = scanListOf(std::move(entries));
+  std::set<std::string> seen;
+  for (const checks::AccessPoint& point : list.scan.accessPoints) {
+    require(seen.insert(point.bssid).second, "each BSSID comes once");
+    require(isAddress(point.bssid), "a BSSID is an address");
+    require(!point.ssid || isName(*point.ssid), "a name has 1 to 32 bytes");
+    require(!point.transmitterBssid || isAddress(*point.transmitterBssid), "a sender has one, too");
+    require(!point.dtimPeriod || *point.dtimPeriod > 0, "a DTIM period is positive");
+    require(!point.beaconInterval || *point.beaconInterval > 0, "so is a beacon interval");
+  }
+}
+
+void readOthers(Bytes bytes) {
+  const Attributes attributes(bytes);
+  if (const auto one = interfaceOf(attributes)) {
+    require(!one->ssid || isName(*one->ssid), "a joined network has a name");
+  }
+  const auto station = stationEntryOf(attributes);
+  require(!station || isAddress(station->address), "a station has an address");
+  checks::Radio radio;
+  addToRadio(attributes, radio);
+  finishChannels(radio);
+  require(radio.channels.size() <= 1024, "channels are bounded");
+  if (const auto survey = surveyOf(attributes)) {
+    require(!survey->busy || survey->busy <= survey->active, "busy is part of the time");
+  }
+  const auto regulatory = regulatoryOf(attributes);
+  require(!regulatory || regulatory->country.size() == 2, "a country has two letters");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+  if (size == 0) return 0;
+  const Bytes bytes(data + 1, size - 1);
+  switch (static_cast<KernelInput>(*data % kKernelInputs)) {
+    case KernelInput::scanEntry:
+      readScan(bytes);
+      break;
+    case KernelInput::others:
+      readOthers(bytes);
+      break;
+    case KernelInput::addresses: {
+      const std::vector<std::uint8_t> payload(bytes.begin(), bytes.end());
+      addressesOf(4, {{.type = RTM_NEWADDR, .payload = payload}},
+                  {{.type = RTM_NEWROUTE, .payload = payload}});
+      break;
+    }
+    case KernelInput::rfkill:
+      require(!parseRfkillEvent(bytes) || bytes.size() >= 8, "an event has 8 bytes");
+      break;
+  }
+  return 0;
+}
