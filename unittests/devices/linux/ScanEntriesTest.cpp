@@ -138,6 +138,20 @@ TEST(ScanList, IsAsOldAsTheYoungestThatIsNotJoined) {
             milliseconds(7000));
 }
 
+TEST(ScanList, IsNotYoungerForWhatIsHeardWithoutScans) {
+  ScanEntry joined = entry("02:00:00:00:00:01", milliseconds(10));
+  joined.joined = true;
+  // The hidden half of the joined network, and the one whose beacons it shares with another one.
+  const ScanEntry hidden = entry("02:00:00:00:00:01", milliseconds(20));
+  ScanEntry sender = entry("02:00:00:00:00:02", milliseconds(30));
+  sender.others.emplace_back().bssid = "02:00:00:00:00:01";
+  sender.others.emplace_back().bssid = "02:00:00:00:00:03";
+  const ScanEntry sibling = entry("02:00:00:00:00:03", milliseconds(40));
+  EXPECT_FALSE(scanListOf({joined, hidden, sender, sibling}).age);
+  const ScanEntry other = entry("02:00:00:00:00:04", milliseconds(5000));
+  EXPECT_EQ(scanListOf({joined, hidden, sender, sibling, other}).age, milliseconds(5000));
+}
+
 TEST(ScanList, KeepsTheEntryWithTheNameAndThatItIsHidden) {
   ScanEntry hidden = entry("02:00:00:00:00:01", milliseconds(10));
   hidden.accessPoint.hidesName = true;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <linux/nl80211.h>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "devices/linux/netlink/Interfaces.h"
 #include "ieee80211/AccessPointElements.h"
@@ -115,6 +116,32 @@ bool isBetter(const ScanEntry& one, const ScanEntry& other) {
   return one.age && (!other.age || *one.age < *other.age);
 }
 
+// The BSSIDs that are heard without scans: the joined one, and all that share beacons with it.
+std::unordered_set<std::string> heardAlways(const std::vector<ScanEntry>& entries) {
+  std::unordered_set<std::string> always;
+  for (const ScanEntry& entry : entries) {
+    if (entry.joined) always.insert(entry.accessPoint.bssid);
+  }
+  const std::unordered_set<std::string> joined = always;
+  for (const ScanEntry& entry : entries) {
+    const auto isJoinedTo = [&joined](const auto& other) { return joined.contains(other.bssid); };
+    if (!isJoinedTo(entry.accessPoint) && std::ranges::none_of(entry.others, isJoinedTo)) continue;
+    always.insert(entry.accessPoint.bssid);
+    for (const AccessPoint& other : entry.others) always.insert(other.bssid);
+  }
+  return always;
+}
+
+std::optional<milliseconds> ageOf(const std::vector<ScanEntry>& entries) {
+  const auto always = heardAlways(entries);
+  std::optional<milliseconds> youngest;
+  for (const ScanEntry& entry : entries) {
+    if (!entry.age || always.contains(entry.accessPoint.bssid)) continue;
+    youngest = youngest ? std::min(*youngest, *entry.age) : *entry.age;
+  }
+  return youngest;
+}
+
 class ListMaker {
  public:
   void add(ScanEntry&& entry) {
@@ -224,11 +251,9 @@ std::optional<ScanEntry> scanEntryOf(const Attributes& bss, std::chrono::nanosec
 
 ScanList scanListOf(std::vector<ScanEntry> entries) {
   ScanList list;
+  list.age = ageOf(entries);
   ListMaker maker;
-  for (ScanEntry& entry : entries) {
-    if (!entry.joined && entry.age && (!list.age || *entry.age < *list.age)) list.age = entry.age;
-    maker.add(std::move(entry));
-  }
+  for (ScanEntry& entry : entries) maker.add(std::move(entry));
   maker.addAnnounced();
   list.scan = std::move(maker).scan();
   return list;

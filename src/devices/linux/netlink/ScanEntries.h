@@ -16,8 +16,10 @@ namespace wifi_profile::machine {
 // The newest scan and how old it is.
 struct ScanList {
   checks::Scan scan;
-  // Since an access point was last heard that the radio is not joined to: the joined one is heard
-  // all the time, the others only in scans. Nothing: there is none, or the driver does not say.
+  // Since an access point was last heard that is heard in scans only: the joined one, and those
+  // that share its beacons, are heard all the time. Right after a scan it is as long as the radio
+  // then spent on other channels. Nothing: there is no such access point, or the driver does not
+  // say.
   std::optional<std::chrono::milliseconds> age;
 
   bool operator==(const ScanList&) const = default;
