@@ -43,7 +43,7 @@ std::uint16_t checksumOf(const Echo& echo) {
 // A raw socket of IPv4 gets the IP header as well.
 Bytes withoutHeader(Bytes packet, bool rawIPv4) {
   if (!rawIPv4 || packet.empty()) return packet;
-  const std::size_t header = (packet[0] & 0x0fU) * 4U;
+  const std::size_t header = std::size_t{packet[0] & 0x0fU} * 4;
   return packet.subspan(std::min(header, packet.size()));
 }
 

@@ -44,7 +44,6 @@ std::string listOf(const std::vector<std::string>& servers) {
 std::string problemOf(int status) {
   switch (status) {
     case ARES_SUCCESS:
-      return "no address of this name";
     case ARES_ENODATA:
       return "no address of this name";
     case ARES_ENOTFOUND:

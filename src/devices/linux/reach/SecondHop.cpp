@@ -69,7 +69,7 @@ std::optional<std::string> findSecondHop(const std::string& gateway, const std::
   for (int i = 0; i < kTries && !patience.isOver(); ++i) {
     const auto address = addressOf(target, static_cast<std::uint16_t>(kFirstPort + i), interface);
     if (!address || address->family() != AF_INET) return {};
-    const auto hop = probe(*address, interface, patience.atMost(kTryTime));
+    auto hop = probe(*address, interface, patience.atMost(kTryTime));
     if (hop && *hop != gateway) return hop;
   }
   return {};
