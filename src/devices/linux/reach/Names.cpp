@@ -12,7 +12,7 @@
 namespace wifi_profile::machine {
 namespace {
 
-constexpr int kTryTime = 2000;  // ms
+constexpr int kTryTime = 2000;  // ms; the library doubles it for the second
 constexpr int kTries = 2;
 constexpr std::size_t kMostServers = 4;
 constexpr std::size_t kMostAddresses = 16;
