@@ -23,11 +23,11 @@ struct NameAnswer {
   std::vector<std::string> addresses;  // numeric, no more than 16, those of IPv4 first
 };
 
-// Asks the servers for A and AAAA, 2 s a try, two tries each, 8 s in all. Ends 300 ms after one of
-// the two brought addresses. No file of hosts, search list or alias is looked at. An address stands
-// for itself. Problems: "no such name", "no address of this name", "timed out", "refused", "server
-// failed", "malformed answer", "no name server", "malformed name". Unknown: failed, when the
-// resolver cannot be set up.
+// Asks the servers for A and AAAA. Each is tried twice, for 2 s and for 4 s (so one dead server
+// takes 6 s), all of them for 8 s. Ends 300 ms after one of the two brought addresses. No file of
+// hosts, search list or alias is looked at. An address stands for itself. Problems: "no such name",
+// "no address of this name", "timed out", "refused", "server failed", "malformed answer", "no name
+// server", "malformed name". Unknown: failed, when the resolver cannot be set up.
 checks::Known<NameAnswer> resolve(const std::string& name, const Way& way,
                                   const Patience& patience);
 
