@@ -82,17 +82,6 @@ std::optional<RfkillEvent> parseRfkillEvent(ieee80211::Bytes bytes) {
   return event;
 }
 
-Descriptor::~Descriptor() {
-  if (number_ >= 0) close(number_);
-}
-
-Descriptor::Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
-
-Descriptor& Descriptor::operator=(Descriptor&& other) noexcept {
-  std::swap(number_, other.number_);
-  return *this;
-}
-
 Rfkill::Rfkill(std::string interface, std::string device, std::string interfaces)
     : interface_(std::move(interface)),
       path_(std::move(device)),

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "checks/Known.h"
+#include "devices/linux/Descriptor.h"
 #include "ieee80211/Bytes.h"
 
 namespace wifi_profile::machine {
@@ -28,19 +29,6 @@ struct RfkillEvent {
 // From an event's bytes: 8, or more of a newer kernel, of which the first 8 count. Nothing for
 // fewer, and for operations that are no news. Pure.
 std::optional<RfkillEvent> parseRfkillEvent(ieee80211::Bytes bytes);
-
-// A descriptor that is closed at the end.
-class Descriptor {
- public:
-  explicit Descriptor(int number = -1) : number_(number) {}
-  ~Descriptor();
-  Descriptor(Descriptor&& other) noexcept;
-  Descriptor& operator=(Descriptor&& other) noexcept;
-  int number() const { return number_; }  // -1: none
-
- private:
-  int number_;
-};
 
 // Belongs to one thread at a time. No operation waits.
 class Rfkill {

@@ -31,11 +31,6 @@ bool bindToAddress(int socket, int family, const std::string& interface) {
 
 }  // namespace
 
-void Descriptor::reset() {
-  if (number_ >= 0) close(number_);
-  number_ = -1;
-}
-
 std::optional<Address> addressOf(const std::string& text, std::uint16_t port,
                                  const std::string& interface) {
   addrinfo hints{};

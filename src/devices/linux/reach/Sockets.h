@@ -6,32 +6,12 @@
 #include <string>
 #include <string_view>
 #include <sys/socket.h>
-#include <utility>
 
 #include "checks/Known.h"
+#include "devices/linux/Descriptor.h"
 #include "devices/linux/Patience.h"
 
 namespace wifi_profile::machine {
-
-// Owns a file descriptor; negative: none.
-class Descriptor {
- public:
-  explicit Descriptor(int number = -1) : number_(number) {}
-  ~Descriptor() { reset(); }
-  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
-  Descriptor& operator=(Descriptor&& other) noexcept {
-    std::swap(number_, other.number_);
-    return *this;
-  }
-
-  int number() const { return number_; }
-  explicit operator bool() const { return number_ >= 0; }
-  int release() { return std::exchange(number_, -1); }
-  void reset();
-
- private:
-  int number_;
-};
 
 // An address of IPv4 or IPv6 with a port.
 struct Address {
