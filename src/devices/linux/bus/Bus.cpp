@@ -1,5 +1,6 @@
 #include "devices/linux/bus/Bus.h"
 
+#include <functional>
 #include <mutex>
 #include <poll.h>
 #include <sdbus-c++/sdbus-c++.h>

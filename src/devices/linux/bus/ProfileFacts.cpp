@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <arpa/inet.h>
 #include <array>
-#include <cstring>
 
 #include "devices/linux/bus/ProfileSecurity.h"
 
@@ -91,10 +90,16 @@ bool hasProxy(const BusValue& proxy) {
 
 // NetworkManager's numbers: 1 yes, 2 no, 3 probably, 4 probably not.
 std::optional<bool> meteredFrom(const BusValue& value) {
-  const auto number = value.integer();
-  if (number == 1 || number == 3) return true;
-  if (number == 2 || number == 4) return false;
-  return std::nullopt;
+  switch (value.integer().value_or(0)) {
+    case 1:
+    case 3:
+      return true;
+    case 2:
+    case 4:
+      return false;
+    default:
+      return std::nullopt;
+  }
 }
 
 std::optional<bool> meteredFrom(const ActiveProfileSources& sources) {

@@ -9,6 +9,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+// sdbus-c++ 1.2 forgets a connection to an address that cannot be reached. Connections to the
+// system's and the session's bus are made in another way.
+extern "C" const char* __lsan_default_suppressions();  // NOLINT: the sanitizer's name
+extern "C" const char* __lsan_default_suppressions() { return "leak:libsystemd.so"; }
+
 namespace wifi_profile::machine {
 
 namespace fs = std::filesystem;
