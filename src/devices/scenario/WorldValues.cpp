@@ -81,7 +81,7 @@ std::string readCountry(const ValueReader& value) {
 
 std::string readIpv4(const ValueReader& value) {
   const auto text = as<Text>(value.value());
-  const std::string address = text ? text->string() : "";
+  std::string address = text ? text->string() : "";
   const char* next = address.data();
   const char* const end = next + address.size();
   for (int part = 0; part < 4; ++part) {
