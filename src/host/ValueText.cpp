@@ -16,7 +16,7 @@
 namespace wifi_profile {
 namespace {
 
-constexpr std::size_t kLongestText = 160;  // characters that are shown of one text
+constexpr std::size_t kLongestText = 320;  // characters that are shown of one text
 constexpr std::size_t kMostEntries = 12;   // entries that are shown of one dictionary
 
 // A summary's entry and what it is called; the rows' order is the order in which they are shown.
@@ -69,7 +69,14 @@ std::string textOf(std::uint64_t integer) { return fmt::format("{}", integer); }
 std::string textOf(double number) {
   if (std::isnan(number)) return "not a number";
   if (std::isinf(number)) return number < 0 ? "minus infinity" : "infinity";
-  return fmt::format("{:.6g}", number);
+  constexpr double kLeast = 0.001;
+  constexpr double kMost = 1e6;
+  const double size = std::abs(number);
+  if (size != 0 && (size < kLeast || size >= kMost)) return fmt::format("{:.3g}", number);
+  std::string text = fmt::format("{:.3f}", number);
+  text.erase(text.find_last_not_of('0') + 1);
+  if (text.back() == '.') text.pop_back();
+  return text;
 }
 
 // A value without parts; any other as JSON.

@@ -26,7 +26,9 @@ const std::map<std::string, Rooms> kArrows{
     {"checks", {"platform", "ieee80211"}},
     {"devices", {"platform", "ieee80211", "checks"}},
     {"screens", {"platform", "runtime"}},
-    {"host", {"platform", "controller", "tests", "wifi", "ui", "runtime", "devices", "screens"}},
+    {"host",
+     {"platform", "controller", "tests", "wifi", "ui", "runtime", "ieee80211", "checks", "devices",
+      "screens"}},
 };
 
 // Files outside the host that may include a package's headers, by the first part of the path.

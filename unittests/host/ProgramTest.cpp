@@ -181,7 +181,7 @@ TEST_F(Program, UsesColourAndABarOnATerminalOnly) {
 }
 
 TEST_F(Program, RefusesAWrongCommandLine) {
-  expectRefusal(run(""), 64, "found no command, expected run, tests or explain");
+  expectRefusal(run(""), 64, "found no command, expected run, scan, tests or explain");
   expectRefusal(run("run --nonsense"), 64, "--nonsense");
   expectRefusal(run("run --time soon"), 64, "found \"soon\", expected real or virtual");
   expectRefusal(run("run --output xml"), 64, "found \"xml\", expected text or json");

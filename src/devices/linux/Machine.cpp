@@ -1,6 +1,7 @@
 #include "devices/linux/Machine.h"
 
 #include <algorithm>
+#include <ctime>
 #include <unistd.h>
 
 #include "devices/linux/Coexistence.h"
@@ -25,6 +26,12 @@ constexpr milliseconds kServicesLimit{5'000};
 constexpr milliseconds kScanLimit{20'000};
 // How long to wait before a manager is asked again for a scan that it found too soon.
 constexpr milliseconds kBeforeAskingAgain{1'000};
+
+std::chrono::nanoseconds sinceBoot() {
+  timespec now{};
+  clock_gettime(CLOCK_BOOTTIME, &now);
+  return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+}
 
 template <class T>
 Found put(Known<T> checks::Facts::*member, Known<T> fact) {
@@ -67,12 +74,19 @@ Known<checks::Scan> Machine::scan(std::chrono::seconds oldest, const Patience& p
   Nl80211 kernel;
   if (oldest.count() > 0) {
     const auto list = kernel.scan(interface_, patience);
-    if (list && list->age && *list->age <= oldest) return list->scan;
+    if (list && isYoung(*list, oldest, patience)) return list->scan;
   }
   if (const NotDone why = makeScan(kernel, patience)) return *why;
   const auto list = kernel.scan(interface_, patience);
   if (!list) return list.why();
   return list->scan;
+}
+
+// Where only the joined access point is in range the list does not tell, and the manager may know.
+bool Machine::isYoung(const ScanList& list, std::chrono::seconds oldest, const Patience& patience) {
+  if (list.age) return *list.age <= oldest;
+  const auto last = ConnectionManager(*systemBus_).lastScan(interface_.name, patience);
+  return last && *last && sinceBoot() - **last <= oldest;
 }
 
 // The kernel lets only some users scan; the connection manager lets all who sit at the machine.

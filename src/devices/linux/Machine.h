@@ -33,6 +33,8 @@ class Machine final : public FactFinder {
  private:
   Machine(WifiInterface interface, Targets targets);
 
+  // Whether the kernel's list is of a scan that is no older than that.
+  bool isYoung(const ScanList& list, std::chrono::seconds oldest, const Patience& patience);
   NotDone makeScan(Nl80211& kernel, const Patience& patience);
   Found findConnection(const Patience& patience);
 

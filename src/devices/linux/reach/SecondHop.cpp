@@ -17,7 +17,8 @@ constexpr int kTries = 3;
 constexpr std::chrono::milliseconds kTryTime{650};
 constexpr std::uint16_t kFirstPort = 33434;  // where nobody listens, by custom
 
-// Who sent the error that the socket got, if it says that a packet's time was exceeded.
+// Who sent the error that the socket got: a router that the packet's time ended at, or the target
+// itself, where nobody listens, or whoever forbids the packet.
 std::optional<std::string> offender(int socket) {
   std::array<char, 64> data{};
   alignas(cmsghdr) std::array<char, 512> control{};
@@ -37,7 +38,8 @@ std::optional<std::string> offender(int socket) {
     std::memcpy(&error, CMSG_DATA(part), sizeof(error));
     sockaddr_in from{};
     std::memcpy(&from, CMSG_DATA(part) + sizeof(error), sizeof(from));
-    if (error.ee_origin != SO_EE_ORIGIN_ICMP || error.ee_type != ICMP_TIME_EXCEEDED) continue;
+    const bool tells = error.ee_type == ICMP_TIME_EXCEEDED || error.ee_type == ICMP_DEST_UNREACH;
+    if (error.ee_origin != SO_EE_ORIGIN_ICMP || !tells) continue;
     if (from.sin_family != AF_INET) continue;
     std::array<char, INET_ADDRSTRLEN> text{};
     inet_ntop(AF_INET, &from.sin_addr, text.data(), text.size());
