@@ -64,6 +64,7 @@ BusDaemon::BusDaemon() : folder_(newFolder()) {
   // What it has to say is of no interest, but for its address.
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
   posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
   const int problem = posix_spawnp(&process_, "dbus-daemon", &actions, nullptr,
                                    const_cast<char* const*>(arguments.data()), environ);

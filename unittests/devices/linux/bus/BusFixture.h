@@ -39,7 +39,8 @@ class BusDaemon {
   pid_t process_ = -1;
 };
 
-// A service with a thread of its own. Everything is added before `start`, and ends with it.
+// A service with a thread of its own. Everything is added before `start`, and ends with it; answers
+// that a method keeps belong to the method.
 class FakeService {
  public:
   FakeService(const std::string& address, std::string name);
@@ -52,6 +53,16 @@ class FakeService {
   void method(const std::string& path, const std::string& interface, const std::string& name,
               Function function) {
     object(path).registerMethod(name).onInterface(interface).implementedAs(std::move(function));
+  }
+  // Takes calls and never answers.
+  template <class Answer, class... Arguments>
+  void silentMethod(const std::string& path, const std::string& interface,
+                    const std::string& name) {
+    using Result = sdbus::Result<Answer>;
+    method(path, interface, name,
+           [kept = std::make_shared<std::vector<Result>>()](Result&& result, const Arguments&...) {
+             kept->push_back(std::move(result));
+           });
   }
   template <class T>
   void property(const std::string& path, const std::string& interface, const std::string& name,

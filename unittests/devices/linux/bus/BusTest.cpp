@@ -131,24 +131,21 @@ class SilentService {
  public:
   explicit SilentService(const std::string& address)
       : service_(std::make_unique<FakeService>(address, kName)) {
-    service_->method("/object", kName, "Get", [this](sdbus::Result<bool>&& result) {
-      kept_ = std::move(result);
-      asked_.set_value();
-    });
+    service_->method(
+        "/object", kName, "Get",
+        [this, kept = std::make_shared<sdbus::Result<bool>>()](sdbus::Result<bool>&& result) {
+          *kept = std::move(result);
+          asked_.set_value();
+        });
     service_->start();
   }
   ~SilentService() { end(); }
   void waitUntilAsked() { ASSERT_EQ(asked_.get_future().wait_for(30s), std::future_status::ready); }
-  // What is kept belongs to the service's connection.
-  void end() {
-    kept_ = {};
-    service_.reset();
-  }
+  void end() { service_.reset(); }
 
  private:
   std::unique_ptr<FakeService> service_;
   std::promise<void> asked_;
-  sdbus::Result<bool> kept_;
 };
 
 TEST_F(BusTest, ACallToAServiceThatNeverAnswersEndsAtTheDeadline) {
@@ -195,9 +192,11 @@ TEST_F(BusTest, AServiceThatComesBackIsAskedAgain) {
 TEST_F(BusTest, AnswersAreInTheOrderOfTheCalls) {
   FakeService service(daemon_.address(), kName);
   // Answers in the opposite order.
-  std::vector<std::pair<std::string, sdbus::Result<std::string>>> kept;
+  using Kept = std::vector<std::pair<std::string, sdbus::Result<std::string>>>;
   service.method("/object", kName, "Get",
-                 [&kept](sdbus::Result<std::string>&& result, const std::string& text) {
+                 [all = std::make_shared<Kept>()](sdbus::Result<std::string>&& result,
+                                                  const std::string& text) {
+                   Kept& kept = *all;
                    kept.emplace_back(text, std::move(result));
                    if (kept.size() < 3) return;
                    for (; !kept.empty(); kept.pop_back()) {

@@ -172,17 +172,12 @@ TEST_F(ConnectionManagerTest, WithoutABusEverythingIsNoService) {
 }
 
 TEST_F(ConnectionManagerTest, ANetworkManagerThatIsSilentIsNotReplacedByAnother) {
-  sdbus::Result<ObjectPath> kept;
   FakeService silent(daemon_.address(), "org.freedesktop.NetworkManager");
-  silent.method("/org/freedesktop/NetworkManager", "org.freedesktop.NetworkManager",
-                "GetDeviceByIpIface",
-                [&kept](sdbus::Result<ObjectPath>&& result, const std::string&) {
-                  kept = std::move(result);
-                });
+  silent.silentMethod<ObjectPath, std::string>(
+      "/org/freedesktop/NetworkManager", "org.freedesktop.NetworkManager", "GetDeviceByIpIface");
   silent.start();
   const auto second = iwd();
   EXPECT_EQ(manager_.kind("wlan0", shortPatience()).why().reason, Reason::tookTooLong);
-  kept = {};
 }
 
 TEST_F(ConnectionManagerTest, IwdTellsNetworksAndScansButNotAddresses) {

@@ -170,11 +170,12 @@ TEST_F(NetworkManagerTest, TellsTheServersOfTheOneIpVersionThatIsThere) {
 TEST_F(NetworkManagerTest, SixtyProfilesAreAskedForAtOnce) {
   // Answers when all have been asked for: one question at a time would never be answered.
   std::vector<ObjectPath> paths;
-  std::vector<sdbus::Result<Sections>> kept;
+  auto all = std::make_shared<std::vector<sdbus::Result<Sections>>>();
   for (int number = 0; number < 60; ++number) {
     const std::string path = "/profile/" + std::to_string(number);
     paths.emplace_back(path);
-    service_.method(path, kProfile, "GetSettings", [&kept](sdbus::Result<Sections>&& result) {
+    service_.method(path, kProfile, "GetSettings", [all](sdbus::Result<Sections>&& result) {
+      auto& kept = *all;
       kept.push_back(std::move(result));
       if (kept.size() < 60) return;
       for (std::size_t index = 0; index < kept.size(); ++index) {
@@ -182,6 +183,7 @@ TEST_F(NetworkManagerTest, SixtyProfilesAreAskedForAtOnce) {
       }
     });
   }
+  all.reset();  // it belongs to the methods
   service_.list(paths);
   service_.start();
   const auto networks = manager_.savedNetworks(patience());
@@ -218,10 +220,8 @@ TEST_F(NetworkManagerTest, ProfilesThatCannotBeReadAreLeftOut) {
 }
 
 TEST_F(NetworkManagerTest, OneProfileThatIsNeverToldEndsAtTheDeadline) {
-  sdbus::Result<Sections> kept;
   service_.list({ObjectPath(kProfilePath)});
-  service_.method(kProfilePath, kProfile, "GetSettings",
-                  [&kept](sdbus::Result<Sections>&& result) { kept = std::move(result); });
+  service_.silentMethod<Sections>(kProfilePath, kProfile, "GetSettings");
   service_.start();
   EXPECT_EQ(manager_.savedNetworks(shortPatience()).why().reason, Reason::tookTooLong);
 }
@@ -313,18 +313,17 @@ TEST_F(NetworkManagerTest, TheRadioIsNotSwitchedWithoutPermission) {
 
 TEST_F(NetworkManagerTest, ARestartInTheMiddleIsUnknownAndTheNextCallIsAnswered) {
   std::promise<void> asked;
-  sdbus::Result<ObjectPath> kept;
   auto first = std::make_unique<FakeService>(daemon_.address(), kName);
   first->method(kRoot, kName, "GetDeviceByIpIface",
-                [&](sdbus::Result<ObjectPath>&& result, const std::string&) {
-                  kept = std::move(result);
+                [&asked, kept = std::make_shared<sdbus::Result<ObjectPath>>()](
+                    sdbus::Result<ObjectPath>&& result, const std::string&) {
+                  *kept = std::move(result);
                   asked.set_value();
                 });
   first->start();
   auto answer =
       std::async(std::launch::async, [&] { return manager_.activeProfile("wlan0", patience()); });
   ASSERT_EQ(asked.get_future().wait_for(30s), std::future_status::ready);
-  kept = {};  // it belongs to the service's connection
   first.reset();
   EXPECT_EQ(answer.get().why().reason, Reason::noService);
   service_.joined(wifiProfile("Home"));
