@@ -170,13 +170,14 @@ std::vector<Errand> Machine::errands(std::chrono::seconds oldestScan) {
   return all;
 }
 
+// In the order of how much depends on it: a manager that does not answer holds nothing else up.
 Found Machine::findConnection(const Patience& patience) {
-  ConnectionManager manager(*systemBus_);
-  auto profile = manager.activeProfile(interface_.name, patience);
-  auto saved = manager.savedNetworks(interface_.name, patience);
   auto addresses = readAddresses(interface_.index, patience);
+  ConnectionManager manager(*systemBus_);
   const auto servers = manager.dnsServers(interface_.name, patience);
   if (addresses && servers) addresses->dnsServers = *servers;
+  auto profile = manager.activeProfile(interface_.name, patience);
+  auto saved = manager.savedNetworks(interface_.name, patience);
   return [profile, saved, addresses](checks::Facts& facts) {
     facts.activeProfile = profile;
     facts.savedNetworks = saved;

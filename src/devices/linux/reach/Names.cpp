@@ -92,6 +92,19 @@ void take(void* argument, int status, int /*timeouts*/, ares_addrinfo* found) {
   ares_freeaddrinfo(found);
 }
 
+bool asksThisMachine(ares_channel channel) {
+  ares_addr_port_node* servers = nullptr;
+  if (ares_get_servers_ports(channel, &servers) != ARES_SUCCESS) return false;
+  bool local = false;
+  for (const auto* server = servers; server != nullptr; server = server->next) {
+    constexpr std::uint32_t kLoopback = 127;  // the address' first byte
+    local |= server->family == AF_INET ? ntohl(server->addr.addr4.s_addr) >> 24U == kLoopback
+                                       : IN6_IS_ADDR_LOOPBACK(&server->addr.addr6) != 0;
+  }
+  ares_free_data(servers);
+  return local;
+}
+
 class Resolver {
  public:
   explicit Resolver(const Way& way) {
@@ -117,11 +130,14 @@ class Resolver {
       channel_ = nullptr;
       return;
     }
-    if (!way.interface.empty()) ares_set_local_dev(channel_, way.interface.c_str());
     const std::string list = listOf(way.nameServers);
     hasServers_ =
         way.nameServers.empty() ||
         (!list.empty() && ares_set_servers_ports_csv(channel_, list.c_str()) == ARES_SUCCESS);
+    // A resolver on this machine asks the link's servers by itself.
+    if (!way.interface.empty() && !asksThisMachine(channel_)) {
+      ares_set_local_dev(channel_, way.interface.c_str());
+    }
   }
   ~Resolver() {
     if (channel_ != nullptr) ares_destroy(channel_);  // calls back for what is not done

@@ -7,6 +7,7 @@
 #include <netinet/ip_icmp.h>
 #include <sys/uio.h>
 
+#include "checks/IpAddresses.h"
 #include "devices/linux/reach/RouterQuestions.h"
 #include "devices/linux/reach/Sockets.h"
 
@@ -38,12 +39,16 @@ std::optional<std::string> offender(int socket) {
     std::memcpy(&error, CMSG_DATA(part), sizeof(error));
     sockaddr_in from{};
     std::memcpy(&from, CMSG_DATA(part) + sizeof(error), sizeof(from));
-    const bool tells = error.ee_type == ICMP_TIME_EXCEEDED || error.ee_type == ICMP_DEST_UNREACH;
-    if (error.ee_origin != SO_EE_ORIGIN_ICMP || !tells) continue;
+    if (error.ee_origin != SO_EE_ORIGIN_ICMP) continue;
     if (from.sin_family != AF_INET) continue;
     std::array<char, INET_ADDRSTRLEN> text{};
     inet_ntop(AF_INET, &from.sin_addr, text.data(), text.size());
-    return hostAddress(text.data());
+    if (error.ee_type == ICMP_TIME_EXCEEDED) return hostAddress(text.data());
+    // A target of one's own house says nothing about the way out.
+    if (error.ee_type == ICMP_DEST_UNREACH &&
+        checks::ipv4KindOf(text.data()) == checks::Ipv4Kind::global) {
+      return hostAddress(text.data());
+    }
   }
   return {};
 }
