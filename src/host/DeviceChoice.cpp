@@ -15,12 +15,7 @@ namespace wifi_profile {
 namespace {
 
 constexpr std::string_view kDemo = "demo";
-
 constexpr std::string_view kMachine = "linux";
-
-bool isMachine(const std::optional<std::string>& device) {
-  return !device || *device == kMachine || device->starts_with("linux:");
-}
 
 std::variant<scenario::Scenario, Failure> readDevice(const std::string& device) {
   auto content = device == kDemo ? std::string(kDemoScenario) : readFile(device);
@@ -88,7 +83,6 @@ std::variant<ChosenDevice, Failure> chooseMachine(const RunOptions& options) {
                                 .backEnds = device.backEnds,
                                 .close = [service = device.service] { service->close(); }};
                           },
-                      .onPaper = false,
                       .hasUser = false};
 }
 
@@ -106,12 +100,16 @@ std::variant<NetworksInRange, Failure> networksOfMachine(const ScanOptions& opti
 
 }  // namespace
 
+bool isOnPaper(const std::optional<std::string>& device) {
+  return device && *device != kMachine && !device->starts_with("linux:");
+}
+
 std::optional<std::string> scenarioFileOf(const std::optional<std::string>& device) {
-  return isMachine(device) || device == kDemo ? std::nullopt : device;
+  return isOnPaper(device) && device != kDemo ? device : std::nullopt;
 }
 
 std::variant<ChosenDevice, Failure> chooseDevice(const RunOptions& options) {
-  if (isMachine(options.device)) return chooseMachine(options);
+  if (!isOnPaper(options.device)) return chooseMachine(options);
   if (options.site) {
     return Failure{kExitUsage, unexpected("--site", "a device on paper",
                                           "this machine (--device linux): a device on paper "
@@ -125,12 +123,11 @@ std::variant<ChosenDevice, Failure> chooseDevice(const RunOptions& options) {
   const bool hasUser = scenario->user.has_value();
   return ChosenDevice{
       .make = [scenario](Pace& pace, Trace& trace) { return onPaper(*scenario, pace, trace); },
-      .onPaper = true,
       .hasUser = hasUser};
 }
 
 std::variant<NetworksInRange, Failure> networksInRange(const ScanOptions& options) {
-  if (isMachine(options.device)) return networksOfMachine(options);
+  if (!isOnPaper(options.device)) return networksOfMachine(options);
   auto read = readDevice(*options.device);
   if (auto* failure = std::get_if<Failure>(&read)) return std::move(*failure);
   const auto& world = std::get<scenario::Scenario>(read).world;

@@ -23,9 +23,11 @@ using MakeDevice = std::function<RunDevice(Pace& pace, Trace& trace)>;
 
 struct ChosenDevice {
   MakeDevice make;
-  bool onPaper;
   bool hasUser;  // a script says what the user does
 };
+
+// Whether it is a scenario, not this machine.
+bool isOnPaper(const std::optional<std::string>& device);
 
 // Reads the scenario, or the settings and then looks for this machine's radio.
 std::variant<ChosenDevice, Failure> chooseDevice(const RunOptions& options);

@@ -63,6 +63,10 @@ std::variant<PreparedRun, Failure> prepareRun(const RunOptions& options) {
     return usage(
         unexpected("--time", "virtual", "real: a person at a screen needs time (or --ui none)"));
   }
+  if (options.virtualTime && !isOnPaper(options.device)) {
+    return usage(
+        unexpected("--time", "virtual", "real: only a device on paper can do without real time"));
+  }
   if (options.device == "-" && options.parametersFile == "-") {
     return usage(
         unexpected("--device and --parameters", "- for both", "standard input for one of them"));
@@ -75,10 +79,6 @@ std::variant<PreparedRun, Failure> prepareRun(const RunOptions& options) {
   PreparedRun run{.inputs = std::get<std::shared_ptr<WiFiProfileInputs>>(inputs),
                   .makeDevice = std::move(device.make),
                   .traceFile = nullptr};
-  if (options.virtualTime && !device.onPaper) {
-    return usage(
-        unexpected("--time", "virtual", "real: only a device on paper can do without real time"));
-  }
   if (run.inputs->reprofileWithNetworksListUI() && !device.hasUser && ui == Ui::none) {
     return usage(unexpected(placeOfPick(options), "a device without a user",
                             "a scenario with \"user\" steps, or --ui terminal or window: "

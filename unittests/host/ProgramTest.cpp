@@ -1,9 +1,11 @@
 // The program as people and scripts meet it: what it prints where, and how it exits.
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 #include <sstream>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -276,6 +278,61 @@ TEST_F(Program, RefusesADeviceThatIsNotThere) {
   expectRefusal(run("run --device linux:wlan7"), 69, "linux:wlan7");
 }
 
+TEST_F(Program, ListsTheNetworksInRange) {
+  const Outcome outcome = run("scan --device demo");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_THAT(outcome.out, AllOf(StartsWith("   Signal  Band"), HasSubstr("\n* "),
+                                 HasSubstr("  Birkenweg 12\n"), Not(HasSubstr("\x1b"))));
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(Program, ListsTheNetworksInRangeForPrograms) {
+  const auto rows = nlohmann::json::parse(run("scan --device demo --json").out);
+  const auto all = nlohmann::json::parse(run("scan --device demo --json --all").out);
+  EXPECT_EQ(std::count_if(rows.begin(), rows.end(), [](const auto& row) { return row["joined"]; }),
+            1);
+  EXPECT_GT(all.size(), rows.size());
+}
+
+TEST_F(Program, FindsNoNetworksOnADeviceWithoutAir) {
+  expectRefusal(run("scan --device " + file("scenario.json", R"({"scenario":1})")), 69,
+                "a scenario whose world has one");
+  expectRefusal(run("scan --device /nowhere/x.json"), 65, "/nowhere/x.json");
+  expectRefusal(run("scan --max-scan-cache-age 601"), 64, "601");
+}
+
+// No machine has an interface with a name as long as this one.
+constexpr const char* kNoInterface = "--device linux:no-such-interface-anywhere";
+
+TEST_F(Program, SaysThatThisMachineHasNoSuchInterface) {
+  // Which of the two sentences it is depends on the machine: it may have no Wi-Fi at all.
+  for (const char* command : {"run ", "scan "}) {
+    const Outcome outcome = run(std::string(command) + kNoInterface);
+    expectRefusal(outcome, 69, "linux:no-such-interface-anywhere: ");
+    EXPECT_THAT(outcome.err, HasSubstr(" Without Wi-Fi there is --device demo.\n"));
+  }
+}
+
+TEST_F(Program, TakesASiteForThisMachineOnly) {
+  expectRefusal(run("run --device demo --site https://example.com/"), 64, "--site: found a device");
+  expectRefusal(run(std::string("run --site example.com ") + kNoInterface), 64,
+                "--site: found \"example.com\", expected an address such as https://example.com/");
+}
+
+TEST_F(Program, RunsThisMachineInRealTimeOnly) {
+  expectRefusal(run(std::string("run --time virtual ") + kNoInterface), 64,
+                "--time: found virtual, expected real");
+}
+
+TEST_F(Program, RefusesSettingsThatCannotBeUsed) {
+  std::system(("mkdir -p '" + path("wifi-profile") + "'").c_str());
+  file("wifi-profile/settings.json", R"({"checks":{"poorSignalBelow":1}})");
+  const std::string config = "XDG_CONFIG_HOME='" + path("") + "'";
+  expectRefusal(run(std::string("run ") + kNoInterface, config), 78,
+                "wifi-profile/settings.json: at /checks/poorSignalBelow: found the number 1");
+  EXPECT_EQ(run("run --device demo --time virtual", config).status, 0) << "they are not for it";
+}
+
 TEST_F(Program, SaysWhenOutputCannotBeWritten) {
   const Outcome trace = run("run --device demo --time virtual --trace /nonexistent/trace");
   expectRefusal(trace, 74, "/nonexistent/trace: found No such file");
@@ -338,7 +395,7 @@ TEST_F(Program, AnInterruptEndsAWaitOfTheScriptToo) {
 }
 
 TEST_F(Program, HelpsWithExamplesForEveryCommand) {
-  for (const char* command : {"run", "tests", "explain"}) {
+  for (const char* command : {"run", "scan", "tests", "explain"}) {
     const Outcome outcome = run(std::string(command) + " --help");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.out, HasSubstr(std::string("wifi-profile ") + command));

@@ -24,10 +24,10 @@ LinuxRadio::LinuxRadio(std::string interface, std::shared_ptr<Bus> systemBus, Tr
       bus_(std::move(systemBus)),
       rfkill_(std::move(rfkill)) {
   const auto closed = rfkill_.open();
-  if (!closed) {
-    on_ = rfkill_.poweredOn().value_or(true);
-  } else if (closed->reason == checks::Reason::noHardware) {
+  if (closed && closed->reason == checks::Reason::noHardware) {
     on_ = false;
+  } else if (const auto bySwitches = rfkill_.poweredOn()) {
+    on_ = *bySwitches;  // as they are now, even if there will be no news of them
   } else {
     const auto byManager =
         ConnectionManager(*bus_).isRadioOn(interface_, {Clock::now() + kManagerLimit, ended_});
@@ -56,6 +56,13 @@ void LinuxRadio::watch() {
   }
 }
 
+// For want of news from the switches.
+void LinuxRadio::tellByItself() {
+  if (rfkill_.isHardBlocked()) return;  // which no manager can change
+  on_ = true;
+  postNotification();
+}
+
 void LinuxRadio::switchPower(bool on) {
   if (!on) return;  // nothing of the diagnostic switches a radio off
   WorkQueues::shared()->postToGlobal([kept = shared_from_this(), this] { switchOn(); });
@@ -65,7 +72,10 @@ void LinuxRadio::switchPower(bool on) {
 void LinuxRadio::switchOn() {
   const auto byManager =
       ConnectionManager(*bus_).setRadioOn(interface_, true, {Clock::now() + kManagerLimit, ended_});
-  if (!byManager) return;
+  if (!byManager) {
+    if (rfkill_.descriptor() < 0) tellByItself();
+    return;
+  }
   Rfkill rfkill(interface_);
   auto why = rfkill.open();
   if (!why) why = rfkill.switchOn();

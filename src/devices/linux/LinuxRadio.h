@@ -16,7 +16,8 @@ namespace wifi_profile::machine {
 
 // One radio. Its switches tell of changes by themselves, by whatever they were turned; a thread
 // waits for that from the first registration of a callback on. A radio that was taken out counts as
-// off. One without switches counts as the connection manager says, else as on.
+// off. One without switches counts as the connection manager says, else as on; one without news of
+// its switches as they were in the beginning, until the manager has switched it on.
 class LinuxRadio final : public ManagedRadio {
  public:
   // `trace` must outlive the radio.
@@ -32,10 +33,11 @@ class LinuxRadio final : public ManagedRadio {
 
   void watch();
   void switchOn();
+  void tellByItself();
 
   const std::string interface_;
   const std::shared_ptr<Bus> bus_;
-  Rfkill rfkill_;  // of the watching thread, once there is one
+  Rfkill rfkill_;  // of the watching thread, once there is one; without news it stays as it is
   std::atomic<bool> on_ = true;
   Cancellation ended_;
   std::once_flag watching_;

@@ -1,0 +1,137 @@
+// What goes through the interface, where nothing can: no link, no address, no router.
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+#include "devices/linux/ReachErrands.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+using checks::Fact;
+using checks::Facts;
+using checks::Reason;
+using checks::Unknown;
+
+constexpr Fact kReachFacts[]{Fact::lanPings,     Fact::wanPings,  Fact::nameResolution,
+                             Fact::portalProbe,  Fact::siteReach, Fact::sitePage,
+                             Fact::routerOutside};
+
+// Why a fact of this kind is not known; nothing: it is.
+std::optional<Unknown> whyNot(const Facts& facts, Fact fact) {
+  const auto why = [](const auto& known) {
+    return known ? std::nullopt : std::optional<Unknown>(known.why());
+  };
+  switch (fact) {
+    case Fact::lanPings:
+      return why(facts.lanPings);
+    case Fact::wanPings:
+      return why(facts.wanPings);
+    case Fact::nameResolution:
+      return why(facts.nameResolution);
+    case Fact::portalProbe:
+      return why(facts.portalProbe);
+    case Fact::siteReach:
+      return why(facts.siteReach);
+    case Fact::sitePage:
+      return why(facts.sitePage);
+    default:
+      return why(facts.routerOutside);
+  }
+}
+
+class ReachErrands : public testing::Test {
+ protected:
+  ReachErrands() { addReachErrands(errands_, "lo", {}); }
+
+  const Errand& errandOf(Fact fact) const {
+    return *std::find_if(errands_.begin(), errands_.end(),
+                         [fact](const Errand& errand) { return errand.gives.holds(fact); });
+  }
+  // Its patience is over, so an errand that tried to send something would find that out only.
+  Unknown whyNotAfter(Fact fact, const Facts& known) const {
+    Facts facts;
+    errandOf(fact).run(known, {Clock::now(), cancellation_})(facts);
+    return whyNot(facts, fact).value_or(Unknown{Reason::failed, "It is known."});
+  }
+
+  std::vector<Errand> errands_;
+  Cancellation cancellation_;
+};
+
+TEST_F(ReachErrands, GiveEachFactOnce) {
+  EXPECT_EQ(errands_.size(), std::size(kReachFacts));
+  for (const Fact fact : kReachFacts) {
+    EXPECT_EQ(std::count_if(errands_.begin(), errands_.end(),
+                            [fact](const Errand& errand) { return errand.gives.holds(fact); }),
+              1);
+  }
+}
+
+TEST_F(ReachErrands, BeginAfterTheScanAndEndWithin15SecondsOfIt) {
+  for (const Errand& errand : errands_) {
+    for (const Fact fact : {Fact::link, Fact::scan, Fact::addresses, Fact::activeProfile}) {
+      EXPECT_TRUE(errand.after.holds(fact)) << errand.name;
+    }
+    EXPECT_FALSE(errand.after.meets({Fact::lanPings, Fact::nameResolution})) << errand.name;
+    EXPECT_LE(errand.limit, std::chrono::seconds(15)) << errand.name;
+  }
+}
+
+TEST_F(ReachErrands, WithoutALinkSayWhyThereIsNone) {
+  Facts known;
+  known.link = Unknown{Reason::notJoined, "There is no link."};
+  known.addresses = checks::Addresses{.ipv4Gateway = "127.0.0.1"};
+  for (const Fact fact : kReachFacts) {
+    EXPECT_EQ(whyNotAfter(fact, known), known.link.why()) << errandOf(fact).name;
+  }
+}
+
+TEST_F(ReachErrands, WithoutAddressesSayWhyThereAreNone) {
+  Facts known;
+  known.link = checks::Link{.interface = "lo", .ssid = "Home"};
+  known.addresses = Unknown{Reason::failed, "There are no addresses."};
+  for (const Fact fact : kReachFacts) {
+    EXPECT_EQ(whyNotAfter(fact, known), known.addresses.why()) << errandOf(fact).name;
+  }
+}
+
+TEST_F(ReachErrands, WithoutARouterSayThatTheNetworkNamedNone) {
+  Facts known;
+  known.link = checks::Link{.interface = "lo", .ssid = "Home"};
+  known.addresses = checks::Addresses{};
+  for (const Fact fact : {Fact::lanPings, Fact::routerOutside}) {
+    const Unknown why = whyNotAfter(fact, known);
+    EXPECT_EQ(why.reason, Reason::notTold);
+    EXPECT_NE(why.sentence.find("named no router"), std::string::npos) << why.sentence;
+  }
+}
+
+TEST_F(ReachErrands, PingTheRouterThatTheNetworkNamed) {
+  Facts known;
+  known.link = checks::Link{.interface = "lo", .ssid = "Home"};
+  known.addresses = checks::Addresses{.ipv4Gateway = "127.0.0.1"};
+  Facts facts;
+  errandOf(Fact::lanPings)
+      .run(known, {Clock::now() + std::chrono::seconds(30), cancellation_})(facts);
+  ASSERT_TRUE(facts.lanPings) << facts.lanPings.why().sentence;
+  EXPECT_EQ(facts.lanPings->target, "127.0.0.1");
+  EXPECT_FALSE(facts.lanPings->answers.empty());
+}
+
+TEST_F(ReachErrands, WithoutNameServersOfAnAddressPingNothing) {
+  std::vector<Errand> errands;
+  addReachErrands(errands, "lo", {.pingHost = "no_such..name"});
+  Facts known;
+  known.link = checks::Link{.interface = "lo", .ssid = "Home"};
+  known.addresses = checks::Addresses{};
+  Facts facts;
+  errands[1].run(known, {Clock::now() + std::chrono::seconds(30), cancellation_})(facts);
+  ASSERT_FALSE(facts.wanPings);
+  EXPECT_NE(facts.wanPings.why().sentence.find("could not be looked up (malformed name)"),
+            std::string::npos)
+      << facts.wanPings.why().sentence;
+}
+
+}  // namespace
+}  // namespace wifi_profile::machine
