@@ -106,28 +106,29 @@ constexpr std::array kRows{
         .measures = "Whether the profile of the joined network sets IPv4 up in another way than "
                     "automatically: by hand, shared, link-local, switched off; or adds addresses "
                     "or a gateway.",
-        .from = "NetworkManager's settings of the active connection: ipv4.method, addresses, "
-                "gateway",
+        .from = "NetworkManager's settings of the active connection: ipv4.method, address-data (or "
+                "addresses), gateway",
         .threshold = "any method but automatic (\"auto\", which is DHCP: RFC 2131), or an addition",
         .why = "Settings that fit another network are a usual reason why one does not work",
         .unknownWhen = kProfileUnknownWhen},
-    Check{.id = DiagnosticsTestID::CustomIPv6,
-          .answer = customIpv6,
-          .needs = {Fact::activeProfile},
-          .measures = "The same of IPv6.",
-          .from = "NetworkManager's settings of the active connection: ipv6.method, addresses, "
-                  "gateway",
-          .threshold = "any method but automatic (router advertisements, RFC 4862, or DHCPv6), or "
-                       "an addition",
-          .why = "As CustomIPv4",
-          .unknownWhen = kProfileUnknownWhen},
+    Check{
+        .id = DiagnosticsTestID::CustomIPv6,
+        .answer = customIpv6,
+        .needs = {Fact::activeProfile},
+        .measures = "The same of IPv6.",
+        .from = "NetworkManager's settings of the active connection: ipv6.method, address-data (or "
+                "addresses), gateway",
+        .threshold = "any method but automatic (\"auto\", \"dhcp\": router advertisements, RFC "
+                     "4862, or DHCPv6; \"ignore\", which leaves it to the kernel), or an addition",
+        .why = "As CustomIPv4",
+        .unknownWhen = kProfileUnknownWhen},
     Check{.id = DiagnosticsTestID::CustomDNS,
           .answer = customDns,
           .needs = {Fact::activeProfile},
           .measures = "Whether the profile of the joined network names DNS servers or refuses the "
                       "network's own.",
-          .from = "NetworkManager's settings of the active connection: dns and ignore-auto-dns of "
-                  "ipv4 and ipv6",
+          .from = "NetworkManager's settings of the active connection: dns-data (or dns) and "
+                  "ignore-auto-dns of ipv4 and ipv6",
           .threshold = "one server, or the refusal",
           .why = "Names of the network's own devices and sign-in pages need its own servers",
           .unknownWhen = kProfileUnknownWhen},
@@ -135,9 +136,9 @@ constexpr std::array kRows{
           .answer = customProxy,
           .needs = {Fact::activeProfile, Fact::sessionProxy},
           .measures = "Whether the profile of the joined network or the session has a proxy.",
-          .from =
-              "NetworkManager's proxy settings of the active connection; http_proxy, "
-              "https_proxy and all_proxy in the environment; the desktop portal's ProxyResolver",
+          .from = "NetworkManager's proxy settings of the active connection (method, pac-url, "
+                  "pac-script); http_proxy, https_proxy and all_proxy in the environment, in "
+                  "either case; org.freedesktop.portal.ProxyResolver of the desktop",
           .threshold = "one proxy",
           .why = "A proxy that is not there in this network makes pages fail",
           .unknownWhen = "one of the two is not known, unless the other has a proxy"},
@@ -162,8 +163,8 @@ constexpr std::array kRows{
           .needs = {Fact::coexistence, Fact::bluetooth},
           .measures = "Whether the driver lets Wi-Fi and Bluetooth take turns on the antenna, and "
                       "a Bluetooth device is connected, so that they do.",
-          .from = "a parameter of the Wi-Fi driver's module below /sys/module; BlueZ: Connected of "
-                  "org.bluez.Device1",
+          .from = "bt_coex_active, btcoex_enable or btcoex among the parameters of the Wi-Fi "
+                  "driver's module below /sys/module; BlueZ: Connected of org.bluez.Device1",
           .threshold = "one connected device",
           .why = "While one of them sends, the other one waits",
           .unknownWhen = "the driver does not say, as most do not; it says yes, and Bluetooth is "

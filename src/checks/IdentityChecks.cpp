@@ -183,8 +183,9 @@ constexpr std::array kRows{
               "its addresses are those that phones give out, it says it is a personal "
               "device's. They are hints: any maker's phone, and a computer that shares "
               "its connection, look the same.",
-          .from = "Metered of NetworkManager's device and profiles; the IPv4 address; "
-                  "Interworking element",
+          .from = "NetworkManager: Metered of the device, connection.metered of the profiles, a "
+                  "phone's words in the vendor options of its DHCP answer; the IPv4 address "
+                  "(rtnetlink); Interworking element",
           .threshold = "metered, an address in `hotspotSubnets`, or access network type 4",
           .why = "Interworking: IEEE 802.11-2020, 9.4.2.91. The subnets are customs of systems, "
                  "not standards",

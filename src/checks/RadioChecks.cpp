@@ -153,8 +153,8 @@ constexpr std::array kRows{
           .answer = poorSignal,
           .needs = {Fact::link, Fact::scan, Fact::surveys},
           .measures = "How strong the access point is received; with it the noise, where known.",
-          .from = "joined: NL80211_STA_INFO_BEACON_SIGNAL_AVG or _SIGNAL_AVG, else as for others: "
-                  "NL80211_BSS_SIGNAL_MBM; noise: NL80211_SURVEY_INFO_NOISE",
+          .from = "joined: NL80211_STA_INFO_BEACON_SIGNAL_AVG, _SIGNAL_AVG or _SIGNAL, else as for "
+                  "others: NL80211_BSS_SIGNAL_MBM; noise: NL80211_SURVEY_INFO_NOISE",
           .threshold = "below -75 dBm (`poorSignalBelow`)",
           .why = "This project's choice, between strengths at which Wi-Fi works well and those at "
                  "which the fast rates are lost",

@@ -140,7 +140,7 @@ constexpr std::array kRows{
               "With it what is remembered of the network; its security is the number of "
               "the list below.",
           .from = "HTTP GET without following redirects, or the address that DHCP gave (RFC 8910, "
-                  "RFC 8908); Interworking element (ASRA bit)",
+                  "RFC 8908), as NetworkManager passes it on; Interworking element (ASRA bit)",
           .threshold = "a redirect or another page; the ASRA bit",
           .why = "Interworking: IEEE 802.11-2020, 9.4.2.91",
           .unknownWhen = "joined: nothing answers. Otherwise: the access point does not announce "
