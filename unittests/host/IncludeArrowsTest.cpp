@@ -29,7 +29,6 @@ const std::map<std::string, Rooms> kArrows{
     {"host",
      {"platform", "controller", "tests", "wifi", "ui", "runtime", "ieee80211", "checks", "devices",
       "screens"}},
-     {"platform", "controller", "tests", "wifi", "ui", "runtime", "devices", "screens", "checks"}},
 };
 
 // Files outside the host that may include a package's headers, by the first part of the path.

@@ -6,7 +6,6 @@
 namespace wifi_profile::machine {
 namespace {
 
-using checks::Fact;
 using checks::FactSet;
 
 // Everything that tests of a run ask for.

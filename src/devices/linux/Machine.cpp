@@ -91,22 +91,29 @@ bool Machine::isYoung(const ScanList& list, std::chrono::seconds oldest, const P
 
 // The kernel lets only some users scan; the connection manager lets all who sit at the machine.
 NotDone Machine::makeScan(Nl80211& kernel, const Patience& patience) {
-  const NotDone byKernel = kernel.triggerScan(interface_, patience);
+  NotDone byKernel = kernel.triggerScan(interface_, patience);
   if (!byKernel || byKernel->reason != checks::Reason::notPermitted) return byKernel;
-  if (const NotDone why = kernel.watchScans(patience)) return why;
+  if (NotDone why = kernel.watchScans(patience)) return why;
   ConnectionManager manager(*systemBus_);
   while (true) {
     const auto started = manager.requestScan(interface_.name, patience);
     if (!started) return started.why();
     if (*started == ScanStart::started) return kernel.awaitScanResults(interface_, patience);
     // Too soon: one is under way, or the last one was just now.
-    const NotDone none = kernel.awaitScanResults(interface_, patience.atMost(kBeforeAskingAgain));
+    NotDone none = kernel.awaitScanResults(interface_, patience.atMost(kBeforeAskingAgain));
     if (!none || patience.isOver()) return none;
   }
 }
 
 std::vector<Errand> Machine::errands(std::chrono::seconds oldestScan) {
   std::vector<Errand> all;
+  addKernelErrands(all, oldestScan);
+  addServiceErrands(all);
+  addReachErrands(all, interface_.name, targets_);
+  return all;
+}
+
+void Machine::addKernelErrands(std::vector<Errand>& all, std::chrono::seconds oldestScan) {
   all.push_back({.name = "kernel's answer about the link",
                  .gives = {Fact::link, Fact::radio, Fact::regulatory},
                  .after = {},
@@ -136,6 +143,16 @@ std::vector<Errand> Machine::errands(std::chrono::seconds oldestScan) {
                  .run = [this](const checks::Facts&, const Patience& patience) {
                    return put(&checks::Facts::surveys, Nl80211().surveys(interface_, patience));
                  }});
+  all.push_back({.name = "driver's answer about Bluetooth",
+                 .gives = {Fact::coexistence},
+                 .after = {},
+                 .limit = kKernelLimit,
+                 .run = [this](const checks::Facts&, const Patience&) {
+                   return put(&checks::Facts::coexistence, readCoexistence(interface_.name));
+                 }});
+}
+
+void Machine::addServiceErrands(std::vector<Errand>& all) {
   all.push_back({.name = "answer of the connection manager",
                  .gives = {Fact::activeProfile, Fact::savedNetworks, Fact::addresses},
                  .after = {},
@@ -159,15 +176,6 @@ std::vector<Errand> Machine::errands(std::chrono::seconds oldestScan) {
                    return put(&checks::Facts::sessionProxy,
                               readSessionProxy(environ, session.get(), patience));
                  }});
-  all.push_back({.name = "driver's answer about Bluetooth",
-                 .gives = {Fact::coexistence},
-                 .after = {},
-                 .limit = kKernelLimit,
-                 .run = [this](const checks::Facts&, const Patience&) {
-                   return put(&checks::Facts::coexistence, readCoexistence(interface_.name));
-                 }});
-  addReachErrands(all, interface_.name, targets_);
-  return all;
 }
 
 // In the order of how much depends on it: a manager that does not answer holds nothing else up.

@@ -36,6 +36,8 @@ class Machine final : public FactFinder {
   // Whether the kernel's list is of a scan that is no older than that.
   bool isYoung(const ScanList& list, std::chrono::seconds oldest, const Patience& patience);
   NotDone makeScan(Nl80211& kernel, const Patience& patience);
+  void addKernelErrands(std::vector<Errand>& all, std::chrono::seconds oldestScan);
+  void addServiceErrands(std::vector<Errand>& all);
   Found findConnection(const Patience& patience);
 
   const WifiInterface interface_;
