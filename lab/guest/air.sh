@@ -6,7 +6,7 @@
 #     ssid=TEXT bssid=MAC channel=N
 #     security=open|wep|wpa1|wpa2|wpa2+wpa3|wpa3  password=TEXT (wep: 10 hexadecimal digits)
 #     hidden               the name is not in the beacons
-#     rates=b              802.11b alone
+#     rates=b|mixed        802.11b alone, or beside the faster ones (they are alone when not given)
 #     ht40                 a 40 MHz wide channel, also in 2.4 GHz
 #     country=XX           the country in the beacons (XX: two letters)
 #     load=S:U:A           the BSS Load element: stations, utilisation (of 255), admission capacity
@@ -72,11 +72,13 @@ securityLines() { # SECURITY PASSWORD
 channelLines() { # WORD...
   channel=$(given channel 6 "$@")
   printf 'channel=%s\n' "$channel"
-  if [ "$(given rates all "$@")" = b ]; then
+  if [ "$(given rates fast "$@")" = b ]; then
     printf 'hw_mode=b\n'
     return
   fi
   if [ "$channel" -gt 14 ]; then printf 'hw_mode=a\n'; else printf 'hw_mode=g\n'; fi
+  [ "$(given rates fast "$@")" = mixed ] ||
+    printf 'basic_rates=60 120 240\nsupported_rates=60 90 120 180 240 360 480 540\n'
   # WEP and TKIP are not allowed together with 802.11n.
   case $(given security open "$@") in wep | wpa1) return ;; esac
   printf 'ieee80211n=1\nwmm_enabled=1\n'
@@ -90,7 +92,7 @@ accessPoint() {
   file=/tmp/hostapd-$accessPoints.conf
   {
     printf 'interface=%s\ndriver=nl80211\nctrl_interface=/run/hostapd\n' "$radio"
-    printf 'ssid=%s\nutf8_ssid=1\n' "$(given ssid Home "$@")"
+    printf 'ssid=%s\nutf8_ssid=1\n' "$(given ssid Birchlane "$@")"
     bssid=$(given bssid '' "$@")
     [ -z "$bssid" ] || printf 'bssid=%s\n' "$bssid"
     [ -n "$(given away '' "$@")" ] || printf 'bridge=%s\n' "$home"

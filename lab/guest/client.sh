@@ -11,7 +11,8 @@
 #   saved COUNT          so many profiles besides, before NetworkManager starts
 #   asOrdinary COMMAND...   runs it as a user without privileges
 #   radioSwitch block|unblock   the software switch of the client's radio (the access points have their own)
-#   bluetooth COUNT      BlueZ with so many emulated controllers
+#   bluetooth COUNT [PAIRED]   BlueZ with so many emulated controllers; the first remembers PAIRED devices as paired
+#   settings             the program's targets are in the lab's own Internet ("program" calls it)
 
 # Both are cheap, and nobody minds them twice.
 systemBus() {
@@ -71,12 +72,12 @@ join() {
 
 atHome() {
   air 1
-  accessPoint ssid=Home channel=6 security=wpa2 password="correct horse" country=DE signal=-45
+  accessPoint ssid=Birchlane channel=6 security=wpa2 password="correct horse" country=DE signal=-45
   wired "$@"
   networkManager
-  profile Home password="correct horse"
-  seen Home
-  join Home
+  profile Birchlane password="correct horse"
+  seen Birchlane
+  join Birchlane
 }
 
 saved() {
@@ -126,6 +127,27 @@ bluetooth() {
   modprobe hci_vhci || stop "no emulated Bluetooth"
   btvirt -L "-l$1" >/tmp/btvirt.log 2>&1 &
   within 10 test -e "/sys/class/bluetooth/hci$(($1 - 1))" || stop "no controller: $(cat /tmp/btvirt.log)"
+  bluetooth_paired=0
+  while [ "$bluetooth_paired" -lt "${2:-0}" ]; do
+    bluetooth_paired=$((bluetooth_paired + 1))
+    bluetooth_store=$(printf '/var/lib/bluetooth/00:AA:01:00:00:00/02:BB:00:00:00:%02X' "$bluetooth_paired")
+    mkdir -p "$bluetooth_store"
+    {
+      printf '[General]\nName=Thing %s\nSupportedTechnologies=LE;\nAddressType=public\n' "$bluetooth_paired"
+      printf '[LongTermKey]\nKey=%032X\nAuthenticated=0\nEncSize=16\nEDiv=1\nRand=1\n' "$bluetooth_paired"
+    } >"$bluetooth_store/info"
+  done
   /usr/libexec/bluetooth/bluetoothd -n >/tmp/bluetoothd.log 2>&1 &
   within 20 shows '^Controller' bluetoothctl list || stop "BlueZ has no controller: $(cat /tmp/bluetoothd.log)"
+}
+
+settings() {
+  mkdir -p /etc/wifi-profile
+  cat >/etc/wifi-profile/settings.json <<'END'
+{
+  "internet": {"pingHost": "203.0.113.80", "name": "connectivity.test",
+               "portalUrl": "http://connectivity.test/check.txt", "portalText": "online"},
+  "site": {"url": "http://connectivity.test/check.txt", "text": "online"}
+}
+END
 }

@@ -1,15 +1,13 @@
 # Shell helpers: the wired side of the access points, behind the bridge of air.sh.
 #
-#     client --air-- [air: 192.168.50.1] ------------------------ [world]
-#                                        or, with double-nat:
-#     client --air-- [air: 192.168.50.1] -- [street: 10.0.0.1] -- [world]
+#     client --air-- [air: 192.168.50.1] -- [street: 198.51.100.1, with double-nat 10.0.0.1] -- [world]
 #
 # In "world" answer a DNS server (203.0.113.53) and a web server (203.0.113.80, connectivity.test).
 #   wired WORD...
 #     dns=dead         the DNS server that DHCP names is not there
 #     gateway=dead     the router that DHCP names is not there
 #     captive          every web page is answered with a redirection to a login page
-#     double-nat       a second router translates addresses as well
+#     double-nat       the street translates addresses as well, and its own are private
 #     ipv6             the router announces 2001:db8:50::/64
 #   lossy PERCENT      from now on that share of the packets to the client is lost
 
@@ -69,16 +67,17 @@ wired() {
   known "dns gateway captive double-nat ipv6" "$@"
   world
   inAir ip addr add 192.168.50.1/24 dev "$home"
+  ip netns add street
+  cable street world 192.0.2
   if [ -n "$(given double-nat '' "$@")" ]; then
-    ip netns add street
     cable air street 10.0.0
-    cable street world 198.51.100
-    translate air to-street
     translate street to-world
   else
-    cable air world 198.51.100
-    translate air to-world
+    cable air street 198.51.100
+    ip netns exec street sh -c 'echo 1 >/proc/sys/net/ipv4/ip_forward'
+    ip -n world route add 198.51.100.0/24 via 192.0.2.2
   fi
+  translate air to-street
   wired_dns=192.168.50.1 wired_router=192.168.50.1
   [ "$(given dns alive "$@")" = alive ] || wired_dns=192.168.50.253
   [ "$(given gateway alive "$@")" = alive ] || wired_router=192.168.50.254

@@ -8,3 +8,6 @@ seen Office
 join Office
 expect "the profile has it" shows '^proxy.pac-url:http://proxy.test/proxy.pac$' nmcli -t -f proxy connection show Office
 expect "the Internet is reached" shows full nmcli networking connectivity check
+expect "the program runs" program run --max-scan-cache-age 600
+expect "the proxy is raised" raised device.isUsingCustomWebProxy
+expect "nothing else is raised" healthy device.isUsingCustomWebProxy

@@ -11,3 +11,6 @@ expect "the security is WPA of the first kind" shows '^Attic:WPA1$' nmcli -t -f 
 expect "the pairwise cipher is TKIP" shows 'Pairwise ciphers: TKIP' iw dev wlan0 scan dump
 refuse "there is RSN" shows 'RSN:' iw dev wlan0 scan dump
 expect "frames go through" ping -c 3 -i 0.2 192.168.50.1
+expect "the program runs" program run --max-scan-cache-age 600
+expect "the first WPA is raised" raised currentNetwork.isUsingWPASecurity
+expect "nothing else is raised" healthy currentNetwork.isUsingWPASecurity
