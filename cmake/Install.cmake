@@ -24,6 +24,9 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/WiFiProfileConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/WiFiProfileConfigVersion.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/WiFiProfile)
 install(FILES ${PROJECT_SOURCE_DIR}/docs/scenario.schema.json DESTINATION ${CMAKE_INSTALL_DATADIR}/wifi-profile)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/SETTINGS.md ${PROJECT_SOURCE_DIR}/docs/CHECKS.md
+              ${PROJECT_SOURCE_DIR}/docs/SCENARIO.md
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/wifi-profile)
 install(FILES ${PROJECT_SOURCE_DIR}/docs/wifi-profile.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
 # The window, and how desktops and software centres list it.

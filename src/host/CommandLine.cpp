@@ -31,6 +31,9 @@ constexpr const char* kRunExamples = R"(Examples:
   echo '{"maxScanCacheAge":60,"reprofileWithUI":false}' | wifi-profile run --device demo --parameters -
       the parameters as a host passes them
 
+Settings of this machine's tests, as JSON: /etc/wifi-profile/settings.json, then
+wifi-profile/settings.json in XDG_CONFIG_HOME or ~/.config.
+
 Exit status: 0 done; 2 to 7 for the status codes -2 to -7; 64 wrong command line or parameters;
 65 unusable scenario; 69 no such device; 74 output that cannot be written; 75 torn down before the
 end; 78 unusable settings; 130 interrupted.
@@ -87,7 +90,7 @@ CLI::App* addRun(CLI::App& app, RunOptions& run, RunTexts& texts) {
       ->type_name("DEVICE");
   command
       ->add_option("--site", run.site,
-                   "Page that this machine is to reach (http or https) [https://example.com/]")
+                   "Page that this machine is to reach (http or https) [the settings' site]")
       ->type_name("URL");
   CLI::Option* const parameters =
       command

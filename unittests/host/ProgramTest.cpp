@@ -370,6 +370,15 @@ TEST_F(Program, EndsAtAnInterruptThroughTheHostsTeardown) {
   EXPECT_LT(trace.find("host.teardown"), trace.find("host.finished"));
 }
 
+TEST_F(Program, ListsTheNetworksThatTheReadmeShows) {
+  std::ifstream readme(WIFI_PROFILE_SOURCE_DIR "/README.md");
+  std::string line;
+  while (std::getline(readme, line) && line != "    $ wifi-profile scan --device demo") continue;
+  std::string shown;
+  while (std::getline(readme, line) && !line.empty()) shown += line.substr(4) + "\n";
+  EXPECT_EQ(run("scan --device demo").out, shown);
+}
+
 TEST_F(Program, PrintsWhatTheReadmeShows) {
   const std::string report = run("run --device demo --time virtual --output text").out;
   std::ifstream readme(WIFI_PROFILE_SOURCE_DIR "/README.md");
