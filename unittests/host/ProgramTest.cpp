@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+#include <regex>
 #include <sstream>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -401,6 +402,34 @@ TEST_F(Program, AnInterruptEndsAWaitOfTheScriptToo) {
                               path("trace") + "; do sleep 0.05; done; kill -TERM $pid; wait $pid";
   EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 130);
   EXPECT_EQ(content("out"), "");
+}
+
+TEST_F(Program, HasItsOptionsAndExitStatusesInEveryDocument) {
+  const auto textOf = [](const std::string& file) {
+    std::ostringstream text;
+    text << std::ifstream(WIFI_PROFILE_SOURCE_DIR + file).rdbuf();
+    return text.str();
+  };
+  const std::string readme = textOf("/README.md");
+  const std::string page =
+      std::regex_replace(textOf("/docs/wifi-profile.1"), std::regex(R"(\\-)"), "-");
+  int options = 0;
+  for (const char* command : {"run", "scan", "tests"}) {
+    std::istringstream help(run(std::string(command) + " --help").out);
+    for (std::string line; std::getline(help, line);) {
+      std::smatch option;
+      if (!std::regex_search(line, option, std::regex("^ +(--[a-z-]+)"))) continue;
+      EXPECT_THAT(page, HasSubstr(option.str(1)));
+      EXPECT_THAT(readme, HasSubstr("`" + option.str(1)));
+      ++options;
+    }
+  }
+  EXPECT_EQ(options, 16);
+  for (const char* status : {"64", "65", "69", "74", "75", "78", "130"}) {
+    EXPECT_THAT(page, HasSubstr(std::string(".B ") + status + "\n"));
+    EXPECT_THAT(readme, HasSubstr(std::string("\n| ") + status + " | "));
+    EXPECT_THAT(run("run --help").out, HasSubstr(status));
+  }
 }
 
 TEST_F(Program, HelpsWithExamplesForEveryCommand) {
