@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
 #include <fmt/format.h>
 
 #include "host/ExitStatus.h"
@@ -137,7 +138,13 @@ CLI::App* addScan(CLI::App& app, ScanOptions& scan) {
       ->add_option("--max-scan-cache-age", scan.maxScanCacheAge,
                    "Oldest scan to accept, in seconds (0 to 600) [60]")
       ->type_name("SECONDS")
-      ->check(CLI::Range(0, 600));
+      ->check([](const std::string& given) {
+        int age = 0;
+        const char* const last = given.data() + given.size();
+        const auto [end, error] = std::from_chars(given.data(), last, age);
+        if (error == std::errc() && end == last && age >= 0 && age <= 600) return std::string();
+        return fmt::format("found \"{}\", expected a whole number from 0 to 600 (seconds)", given);
+      });
   command->add_flag("--json", scan.json, "As JSON, for programs");
   return command;
 }

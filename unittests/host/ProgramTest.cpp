@@ -299,7 +299,18 @@ TEST_F(Program, FindsNoNetworksOnADeviceWithoutAir) {
   expectRefusal(run("scan --device " + file("scenario.json", R"({"scenario":1})")), 69,
                 "a scenario whose world has one");
   expectRefusal(run("scan --device /nowhere/x.json"), 65, "/nowhere/x.json");
-  expectRefusal(run("scan --max-scan-cache-age 601"), 64, "601");
+}
+
+TEST_F(Program, RefusesAnAgeThatIsNoneInTheSameWordsForEveryCommand) {
+  for (const char* command : {"run --device demo", "scan --device demo"}) {
+    const std::string age = std::string(command) + " --max-scan-cache-age ";
+    for (const char* given : {"x", "-1", "1.5", "''", "7s"}) {
+      expectRefusal(run(age + given), 64, "expected a whole number from 0 to 600 (seconds)");
+    }
+    expectRefusal(run(age + "601"), 64, "from 0 to 600 (seconds)");
+  }
+  EXPECT_EQ(run("scan --device demo --max-scan-cache-age 600").status, 0);
+  EXPECT_EQ(run("scan --device demo --max-scan-cache-age 0").status, 0);
 }
 
 // No machine has an interface with a name as long as this one.
