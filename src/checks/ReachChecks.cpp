@@ -143,16 +143,16 @@ constexpr std::array kRows{
           .threshold = "one answer",
           .why = kPingsWhy,
           .unknownWhen = "not joined, or no ping could be sent"},
-    Check{
-        .id = DiagnosticsTestID::ResolveDNS,
-        .answer = resolveDns,
-        .needs = {Fact::link, Fact::nameResolution},
-        .measures = "Whether the link's DNS servers give an address for a name.",
-        .from = "questions for A and AAAA records through the Wi-Fi interface, to the name servers "
-                "that NetworkManager has for it, else to those that the system has configured",
-        .threshold = "one address",
-        .why = "DNS: RFC 1035, RFC 3596",
-        .unknownWhen = "not joined, or the question could not be sent"},
+    Check{.id = DiagnosticsTestID::ResolveDNS,
+          .answer = resolveDns,
+          .needs = {Fact::link, Fact::nameResolution},
+          .measures = "Whether the link's DNS servers give an address for a name.",
+          .from =
+              "questions for A and AAAA records through the Wi-Fi interface, to the name servers "
+              "that NetworkManager has for it, else to those that the system has configured",
+          .threshold = "one address",
+          .why = "DNS: RFC 1035, RFC 3596",
+          .unknownWhen = "not joined, or the question could not be sent"},
     Check{.id = DiagnosticsTestID::DetectDoubleNAT,
           .answer = doubleNat,
           .needs = {Fact::link, Fact::routerOutside},

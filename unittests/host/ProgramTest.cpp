@@ -1,66 +1,14 @@
 // The program as people and scripts meet it: what it prints where, and how it exits.
 
-#include <algorithm>
-#include <cstdlib>
-#include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
-#include <regex>
-#include <sstream>
-#include <sys/wait.h>
-#include <unistd.h>
+#include "host/ProgramFixture.h"
 
+namespace wifi_profile {
 namespace {
 
 using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
-
-struct Outcome {
-  int status;
-  std::string out;
-  std::string err;
-};
-
-class Program : public ::testing::Test {
- protected:
-  Program() : folder_(::testing::TempDir() + "program-" + std::to_string(::getpid()) + "/") {
-    std::system(("mkdir -p '" + folder_ + "'").c_str());
-  }
-  ~Program() override { std::system(("rm -rf '" + folder_ + "'").c_str()); }
-
-  // Runs the program by the shell, in an environment without a language.
-  Outcome run(const std::string& arguments, const std::string& before = "") const {
-    const std::string command = before + " LC_ALL=C " WIFI_PROFILE_PROGRAM " " + arguments + " >'" +
-                                path("out") + "' 2>'" + path("err") + "' </dev/null";
-    const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, content("out"), content("err")};
-  }
-  std::string path(const std::string& name) const { return folder_ + name; }
-  std::string content(const std::string& name) const {
-    std::ostringstream text;
-    text << std::ifstream(path(name), std::ios::binary).rdbuf();
-    return text.str();
-  }
-  std::string file(const std::string& name, const std::string& text) const {
-    std::ofstream(path(name), std::ios::binary) << text;
-    return "'" + path(name) + "'";
-  }
-  // Expects one line on standard error with these pieces, the status, and no output.
-  void expectRefusal(const Outcome& outcome, int status, const std::string& piece) const {
-    EXPECT_EQ(outcome.status, status) << outcome.err;
-    EXPECT_EQ(outcome.out, "");
-    EXPECT_THAT(outcome.err, AllOf(StartsWith("wifi-profile: "), HasSubstr(piece)));
-  }
-  std::string runFile(const std::string& text) const {
-    return "run --time virtual --device " + file("scenario.json", text);
-  }
-
- private:
-  std::string folder_;
-};
 
 TEST_F(Program, PrintsTheRecordAloneOnOneLine) {
   const Outcome outcome = run("run --device demo --time virtual");
@@ -279,72 +227,6 @@ TEST_F(Program, RefusesADeviceThatIsNotThere) {
   expectRefusal(run("run --device linux:wlan7"), 69, "linux:wlan7");
 }
 
-TEST_F(Program, ListsTheNetworksInRange) {
-  const Outcome outcome = run("scan --device demo");
-  EXPECT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_THAT(outcome.out, AllOf(StartsWith("   Signal  Band"), HasSubstr("\n* "),
-                                 HasSubstr("  Birkenweg 12\n"), Not(HasSubstr("\x1b"))));
-  EXPECT_EQ(outcome.err, "");
-}
-
-TEST_F(Program, ListsTheNetworksInRangeForPrograms) {
-  const auto rows = nlohmann::json::parse(run("scan --device demo --json").out);
-  const auto all = nlohmann::json::parse(run("scan --device demo --json --all").out);
-  EXPECT_EQ(std::count_if(rows.begin(), rows.end(), [](const auto& row) { return row["joined"]; }),
-            1);
-  EXPECT_GT(all.size(), rows.size());
-}
-
-TEST_F(Program, FindsNoNetworksOnADeviceWithoutAir) {
-  expectRefusal(run("scan --device " + file("scenario.json", R"({"scenario":1})")), 69,
-                "a scenario whose world has one");
-  expectRefusal(run("scan --device /nowhere/x.json"), 65, "/nowhere/x.json");
-}
-
-TEST_F(Program, RefusesAnAgeThatIsNoneInTheSameWordsForEveryCommand) {
-  for (const char* command : {"run --device demo", "scan --device demo"}) {
-    const std::string age = std::string(command) + " --max-scan-cache-age ";
-    for (const char* given : {"x", "-1", "1.5", "''", "7s"}) {
-      expectRefusal(run(age + given), 64, "expected a whole number from 0 to 600 (seconds)");
-    }
-    expectRefusal(run(age + "601"), 64, "from 0 to 600 (seconds)");
-  }
-  EXPECT_EQ(run("scan --device demo --max-scan-cache-age 600").status, 0);
-  EXPECT_EQ(run("scan --device demo --max-scan-cache-age 0").status, 0);
-}
-
-// No machine has an interface with a name as long as this one.
-constexpr const char* kNoInterface = "--device linux:no-such-interface-anywhere";
-
-TEST_F(Program, SaysThatThisMachineHasNoSuchInterface) {
-  // Which of the two sentences it is depends on the machine: it may have no Wi-Fi at all.
-  for (const char* command : {"run ", "scan "}) {
-    const Outcome outcome = run(std::string(command) + kNoInterface);
-    expectRefusal(outcome, 69, "linux:no-such-interface-anywhere: ");
-    EXPECT_THAT(outcome.err, HasSubstr(" Without Wi-Fi there is --device demo.\n"));
-  }
-}
-
-TEST_F(Program, TakesASiteForThisMachineOnly) {
-  expectRefusal(run("run --device demo --site https://example.com/"), 64, "--site: found a device");
-  expectRefusal(run(std::string("run --site example.com ") + kNoInterface), 64,
-                "--site: found \"example.com\", expected an address such as https://example.com/");
-}
-
-TEST_F(Program, RunsThisMachineInRealTimeOnly) {
-  expectRefusal(run(std::string("run --time virtual ") + kNoInterface), 64,
-                "--time: found virtual, expected real");
-}
-
-TEST_F(Program, RefusesSettingsThatCannotBeUsed) {
-  std::system(("mkdir -p '" + path("wifi-profile") + "'").c_str());
-  file("wifi-profile/settings.json", R"({"checks":{"poorSignalBelow":1}})");
-  const std::string config = "XDG_CONFIG_HOME='" + path("") + "'";
-  expectRefusal(run(std::string("run ") + kNoInterface, config), 78,
-                "wifi-profile/settings.json: at /checks/poorSignalBelow: found the number 1");
-  EXPECT_EQ(run("run --device demo --time virtual", config).status, 0) << "they are not for it";
-}
-
 TEST_F(Program, SaysWhenOutputCannotBeWritten) {
   const Outcome trace = run("run --device demo --time virtual --trace /nonexistent/trace");
   expectRefusal(trace, 74, "/nonexistent/trace: found No such file");
@@ -382,15 +264,6 @@ TEST_F(Program, EndsAtAnInterruptThroughTheHostsTeardown) {
   EXPECT_LT(trace.find("host.teardown"), trace.find("host.finished"));
 }
 
-TEST_F(Program, ListsTheNetworksThatTheReadmeShows) {
-  std::ifstream readme(WIFI_PROFILE_SOURCE_DIR "/README.md");
-  std::string line;
-  while (std::getline(readme, line) && line != "    $ wifi-profile scan --device demo") continue;
-  std::string shown;
-  while (std::getline(readme, line) && !line.empty()) shown += line.substr(4) + "\n";
-  EXPECT_EQ(run("scan --device demo").out, shown);
-}
-
 TEST_F(Program, PrintsWhatTheReadmeShows) {
   const std::string report = run("run --device demo --time virtual --output text").out;
   std::ifstream readme(WIFI_PROFILE_SOURCE_DIR "/README.md");
@@ -415,34 +288,6 @@ TEST_F(Program, AnInterruptEndsAWaitOfTheScriptToo) {
   EXPECT_EQ(content("out"), "");
 }
 
-TEST_F(Program, HasItsOptionsAndExitStatusesInEveryDocument) {
-  const auto textOf = [](const std::string& file) {
-    std::ostringstream text;
-    text << std::ifstream(WIFI_PROFILE_SOURCE_DIR + file).rdbuf();
-    return text.str();
-  };
-  const std::string readme = textOf("/README.md");
-  const std::string page =
-      std::regex_replace(textOf("/docs/wifi-profile.1"), std::regex(R"(\\-)"), "-");
-  int options = 0;
-  for (const char* command : {"run", "scan", "tests"}) {
-    std::istringstream help(run(std::string(command) + " --help").out);
-    for (std::string line; std::getline(help, line);) {
-      std::smatch option;
-      if (!std::regex_search(line, option, std::regex("^ +(--[a-z-]+)"))) continue;
-      EXPECT_THAT(page, HasSubstr(option.str(1)));
-      EXPECT_THAT(readme, HasSubstr("`" + option.str(1)));
-      ++options;
-    }
-  }
-  EXPECT_EQ(options, 16);
-  for (const char* status : {"64", "65", "69", "74", "75", "78", "130"}) {
-    EXPECT_THAT(page, HasSubstr(std::string(".B ") + status + "\n"));
-    EXPECT_THAT(readme, HasSubstr(std::string("\n| ") + status + " | "));
-    EXPECT_THAT(run("run --help").out, HasSubstr(status));
-  }
-}
-
 TEST_F(Program, HelpsWithExamplesForEveryCommand) {
   for (const char* command : {"run", "scan", "tests", "explain"}) {
     const Outcome outcome = run(std::string(command) + " --help");
@@ -455,3 +300,4 @@ TEST_F(Program, HelpsWithExamplesForEveryCommand) {
 }
 
 }  // namespace
+}  // namespace wifi_profile
