@@ -43,8 +43,11 @@ shows() {
 #   healthy [KEY...]        the run completed, and every finding is as in a healthy home, but those named: all
 #                           are known and no alarm is raised. Without BlueZ those of Bluetooth are not known.
 raised() { value "$1" true; }
-value() { jq -e --argjson wanted "$2" ".data.$1 == \$wanted" /out/record.json; }
-absent() { jq -e --arg key "$1" '($key / ".") as [$part, $name] | .data[$part] | has($name) | not' /out/record.json; }
+value() {
+  grep -F "$1=" /out/findings
+  grep -qxF -e "$1=$2" /out/findings
+}
+absent() { ! grep -F "$1=" /out/findings; }
 unknown() {
   cat /out/program.log
   absent "$1" && grep -qE -e "$2" /out/program.log
@@ -65,21 +68,25 @@ whenFalse="currentNetwork.pingedLAN currentNetwork.pingedWAN currentNetwork.reso
 ofBluetooth="device.isLargePairedBT device.isLargeConnectedBT"
 
 healthy() {
+  healthy_alarms=$whenTrue
   if [ -e /tmp/bluetoothd.log ]; then
     healthy_alarms="$whenTrue $ofBluetooth"
   else
-    healthy_alarms=$whenTrue
     for healthy_key in $ofBluetooth; do unknown "$healthy_key" BlueZ || return 1; done
   fi
   # The only answer that no scene can have: what simulated radios and a Bluetooth device do to each other.
-  unknown device.isHYBRIDBTCoexistenceMode 'Bluetooth Coex' || return 1
-  jq -e --arg alarms "$healthy_alarms" --arg good "$whenFalse" --arg but "$*" '
-    def keys($text): ($text | [splits("\\s+")]) - ($but | [splits("\\s+")]);
-    def wrong($keys; $wanted):
-      .data as $data | $keys | map(select(. as $key | ($data | getpath($key / ".")) != $wanted));
-    (.statusCode == 0)
-      and ({notFalse: wrong(keys($alarms); false), notTrue: wrong(keys($good); true)}
-           | if . == {notFalse: [], notTrue: []} then true else (tojson | debug | false) end)' /out/record.json
+  unknown device.isHYBRIDBTCoexistenceMode 'Bluetooth Coex' >/dev/null || return 1
+  {
+    echo statusCode=0
+    for healthy_key in $healthy_alarms; do echo "$healthy_key=false"; done
+    for healthy_key in $whenFalse; do echo "$healthy_key=true"; done
+  } >/tmp/healthy
+  for healthy_key; do
+    grep -qE "^$healthy_key=" /tmp/healthy || { echo "not among what healthy looks at: $healthy_key"; return 1; }
+    sed -i "/^$healthy_key=/d" /tmp/healthy
+  done
+  echo "not so:"
+  ! grep -vxF -f /out/findings /tmp/healthy
 }
 
 # ends STATUS COMMAND...  the command's exit status is this one
@@ -91,9 +98,29 @@ ends() {
   [ "$ends_status" -eq "$ends_wanted" ]
 }
 
-# program ARGUMENT...  runs the program under test; its record is /out/record.json, its words /out/program.log
+# onTerminal ARGUMENT...  the program in a terminal of 80 columns, with a person: "press" types (as printf does), "drawn
+# PATTERN" looks at all that was drawn since it began; wait "$onTerminal" for its end. One at a time.
+onTerminal() {
+  [ -e /etc/wifi-profile/settings.json ] || settings
+  rm -f /tmp/keys
+  mkfifo /tmp/keys
+  TERM=linux script -qfec "stty rows 24 cols 80; /lab/program/run $* >/out/record.json 2>/out/program.log" \
+    /dev/null </tmp/keys >/out/terminal 2>&1 &
+  onTerminal=$!
+  exec 3>/tmp/keys
+}
+# shellcheck disable=SC2059  # its escapes are wanted
+press() { printf "$1" >&3; }
+drawn() { grep -aqE -e "$1" /out/terminal; }
+
+# program ARGUMENT...  runs the program under test: its record is /out/record.json, its words /out/program.log
 program() {
   [ -x /lab/program/run ] || stop "no program came along: lab/run --program PATH"
   [ -e /etc/wifi-profile/settings.json ] || settings
-  ${program_user:-} /lab/program/run "$@" >/out/record.json 2>/out/program.log </dev/null
+  program_status=0
+  ${program_user:-} /lab/program/run "$@" >/out/record.json 2>/out/program.log </dev/null || program_status=$?
+  # A line a value, "KEY=JSON": looking there is much cheaper than a jq each time.
+  jq -r 'def line($path): "\($path | map(tostring) | join("."))=\(getpath($path) | tojson)";
+    objects | {statusCode} + .data | line(paths)' /out/record.json >/out/findings
+  return "$program_status"
 }

@@ -14,5 +14,5 @@ expect "and how many stations it has" shows 'station count: 9' iw dev wlan0 scan
 expect "five networks share the channel" shows '^5$' sh -c "nmcli -t -f CHAN device wifi list --rescan no | grep -cx 6"
 expect "the program runs" program run --max-scan-cache-age 600
 expect "the channel is crowded" raised currentNetwork.isChannelCongested
-refuse "it is the recommended one" value 'currentNetwork["2GHzChannel"]' 6
+refuse "it is the recommended one" value currentNetwork.2GHzChannel 6
 expect "nothing else is raised" healthy currentNetwork.isChannelCongested currentNetwork.is2GHzCongested

@@ -1,0 +1,23 @@
+# The list of networks on a terminal, where somebody switches Wi-Fi on; then it goes off.
+atHome
+radioSwitch block
+expect "Wi-Fi is off" within 10 shows '^disabled$' nmcli -t radio wifi
+onTerminal run --pick --ui terminal --output json
+expect "it asks whether to switch Wi-Fi on" within 20 drawn 'Wi-Fi is off'
+refuse "it does so without an answer" shows '^enabled$' nmcli -t radio wifi
+press '\r'
+expect "yes switches it on" within 20 shows '^enabled$' nmcli -t radio wifi
+expect "the list shows the network" within 60 drawn Birchlane
+radioSwitch block
+expect "it says that Wi-Fi went off" within 20 drawn 'Wi-Fi was switched off'
+press q
+expect "the exit status says so" ends 5 wait "$onTerminal"
+expect "so does the record" jq -e '.statusCode == -5' /out/record.json
+
+onTerminal run --pick --ui terminal --output json
+expect "it asks again" within 20 drawn 'Wi-Fi is off'
+press '\t\r'
+expect "no leaves it off" within 20 drawn 'was not switched on'
+press q
+expect "the exit status says so, too" ends 4 wait "$onTerminal"
+expect "Wi-Fi is still off" shows '^disabled$' nmcli -t radio wifi
