@@ -1,7 +1,7 @@
 # The interface goes away, as with a USB adapter that is pulled.
 atHome
 iw event >/tmp/radio-events &
-program run &
+program run --max-scan-cache-age 0 &
 running=$!
 within 30 shows 'scan started' cat /tmp/radio-events || stop "the program does not scan"
 iw dev wlan0 del

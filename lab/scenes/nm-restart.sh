@@ -2,7 +2,7 @@
 atHome
 nmcli connection modify Birchlane connection.autoconnect yes
 iw event >/tmp/radio-events &
-program run &
+program run --max-scan-cache-age 0 &
 running=$!
 within 30 shows 'scan started' cat /tmp/radio-events || stop "the program does not scan"
 kill "$(cat /run/NetworkManager/NetworkManager.pid)"
