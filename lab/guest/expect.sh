@@ -98,19 +98,21 @@ ends() {
   [ "$ends_status" -eq "$ends_wanted" ]
 }
 
-# onTerminal ARGUMENT...  the program in a terminal of 80 columns, with a person: "press" types (as printf does), "drawn
-# PATTERN" looks at all that was drawn since it began; wait "$onTerminal" for its end. One at a time.
+# onTerminal ARGUMENT...  the program in a terminal of 80 columns, with a person: "press" types (as printf does),
+# "drawn PATTERN" looks at all that was drawn since it began; "closed STATUS" waits for its end, with this exit
+# status. One at a time.
 onTerminal() {
   [ -e /etc/wifi-profile/settings.json ] || settings
   rm -f /tmp/keys
   mkfifo /tmp/keys
   TERM=linux script -qfec "stty rows 24 cols 80; /lab/program/run $* >/out/record.json 2>/out/program.log" \
     /dev/null </tmp/keys >/out/terminal 2>&1 &
-  onTerminal=$!
+  onTerminal_process=$!
   exec 3>/tmp/keys
 }
 # shellcheck disable=SC2059  # its escapes are wanted
 press() { printf "$1" >&3; }
+closed() { ends "$1" wait "$onTerminal_process"; }
 drawn() { grep -aqE -e "$1" /out/terminal; }
 
 # program ARGUMENT...  runs the program under test: its record is /out/record.json, its words /out/program.log

@@ -11,7 +11,7 @@ expect "the list shows the network" within 60 drawn Birchlane
 radioSwitch block
 expect "it says that Wi-Fi went off" within 20 drawn 'Wi-Fi was switched off'
 press q
-expect "the exit status says so" ends 5 wait "$onTerminal"
+expect "the exit status says so" closed 5
 expect "so does the record" jq -e '.statusCode == -5' /out/record.json
 
 onTerminal run --pick --ui terminal --output json
@@ -19,5 +19,5 @@ expect "it asks again" within 20 drawn 'Wi-Fi is off'
 press '\t\r'
 expect "no leaves it off" within 20 drawn 'was not switched on'
 press q
-expect "the exit status says so, too" ends 4 wait "$onTerminal"
+expect "the exit status says so, too" closed 4
 expect "Wi-Fi is still off" shows '^disabled$' nmcli -t radio wifi

@@ -18,7 +18,9 @@ expect "the router is pinged, by connecting" raised currentNetwork.pingedLAN
 expect "so is the Internet" raised currentNetwork.pingedWAN
 expect "the pings were measured" value currentNetwork.pingLANResult.packetLoss 0
 expect "double NAT is looked for" value currentNetwork.hasDoubleNATConfiguration false
+expect "the list that NetworkManager had scanned is good enough" healthy
 # Without a seat the user may not scan: what only a scan tells is not known, with the reason.
+expect "the program runs" programAsOrdinary run --max-scan-cache-age 0
 denied="isUsingOpenSecurity isUsingWEPSecurity isUsingWPASecurity isUsingLegacyRates isUsingAmbiguousNetworkName
   isHiddenNetwork isPasspointNetwork hasConflictingPHYMode11AC hasConflictingPHYMode11N isChannelCongested
   is2GHzCongested is5GHzCongested hasHT40Channel foundConflictingCountryCode foundHiddenNetworks"
