@@ -10,7 +10,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace wifi_profile {
+namespace wifi_profile::testing {
 
 struct Outcome {
   int status;
@@ -58,4 +58,4 @@ class Program : public ::testing::Test {
   std::string folder_;
 };
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::testing

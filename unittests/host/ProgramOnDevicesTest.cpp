@@ -6,7 +6,7 @@
 
 #include "host/ProgramFixture.h"
 
-namespace wifi_profile {
+namespace wifi_profile::testing {
 namespace {
 
 using ::testing::AllOf;
@@ -120,4 +120,4 @@ TEST_F(ProgramOnDevices, HasItsOptionsAndExitStatusesInEveryDocument) {
 }
 
 }  // namespace
-}  // namespace wifi_profile
+}  // namespace wifi_profile::testing

@@ -2,7 +2,7 @@
 
 #include "host/ProgramFixture.h"
 
-namespace wifi_profile {
+namespace wifi_profile::testing {
 namespace {
 
 using ::testing::AllOf;
@@ -300,4 +300,4 @@ TEST_F(Program, HelpsWithExamplesForEveryCommand) {
 }
 
 }  // namespace
-}  // namespace wifi_profile
+}  // namespace wifi_profile::testing
