@@ -5,6 +5,7 @@ set(installed_targets wifi_profile wifi_profile_runtime wifi_profile_screens wif
     wifi_profile_checks wifi_profile_devices wifi_profile_scenario)
 if(NOT WIFI_PROFILE_CORE_ONLY)
   list(APPEND installed_targets wifi-profile)
+  install(TARGETS wifi-profile-run DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/wifi-profile)
 endif()
 install(TARGETS ${installed_targets} EXPORT WiFiProfileTargets
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}

@@ -105,7 +105,7 @@ onTerminal() {
   [ -e /etc/wifi-profile/settings.json ] || settings
   rm -f /tmp/keys
   mkfifo /tmp/keys
-  TERM=linux script -qfec "stty rows 24 cols 80; /lab/program/run $* >/out/record.json 2>/out/program.log" \
+  TERM=linux script -qfec "stty rows 24 cols 80; /lab/program/wifi-profile $* >/out/record.json 2>/out/program.log" \
     /dev/null </tmp/keys >/out/terminal 2>&1 &
   onTerminal_process=$!
   exec 3>/tmp/keys
@@ -117,10 +117,10 @@ drawn() { grep -aqE -e "$1" /out/terminal; }
 
 # program ARGUMENT...  runs the program under test: its record is /out/record.json, its words /out/program.log
 program() {
-  [ -x /lab/program/run ] || stop "no program came along: lab/run --program PATH"
+  [ -x /lab/program/wifi-profile ] || stop "no program came along: lab/run --program PATH"
   [ -e /etc/wifi-profile/settings.json ] || settings
   program_status=0
-  ${program_user:-} /lab/program/run "$@" >/out/record.json 2>/out/program.log </dev/null || program_status=$?
+  ${program_user:-} /lab/program/wifi-profile "$@" >/out/record.json 2>/out/program.log </dev/null || program_status=$?
   # A line a value, "KEY=JSON": looking there is much cheaper than a jq each time.
   jq -r 'def line($path): "\($path | map(tostring) | join("."))=\(getpath($path) | tojson)";
     objects | {statusCode} + .data | line(paths)' /out/record.json >/out/findings

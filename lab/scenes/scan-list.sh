@@ -34,7 +34,7 @@ costs() {
   /usr/bin/time -f %M -o /tmp/memory "$@" >/dev/null
   say "$costs_text: $((costs_ended - costs_began)) ms, $(tail -n 1 /tmp/memory) KiB"
 }
-ours="/lab/program/ld-linux-x86-64.so.2 --library-path /lab/program /lab/program/program"
+ours="/lab/program/ld-linux-x86-64.so.2 --library-path /lab/program /lab/program/wifi-profile.elf"
 # shellcheck disable=SC2086  # several words
 for form in "" --json --all; do costs "scan $form" $ours scan --max-scan-cache-age 600 $form; done
 costs "nmcli" nmcli device wifi list --rescan no

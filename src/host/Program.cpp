@@ -2,7 +2,6 @@
 
 #include <cstdio>
 #include <fcntl.h>
-#include <filesystem>
 #include <fmt/format.h>
 #include <unistd.h>
 
@@ -53,47 +52,18 @@ void occupyStandardDescriptors() {
   if (descriptor > STDERR_FILENO) close(descriptor);
 }
 
-// Becomes the window's program, with the same arguments. Returns only where that cannot be had.
-void becomeWindowProgram(char** argv) {
-  std::error_code unknown;
-  const std::filesystem::path own = std::filesystem::read_symlink("/proc/self/exe", unknown);
-  const auto beside = own.parent_path();
-  const auto installed = beside / ".." / WIFI_PROFILE_LIBEXEC / "wifi-profile";
-  for (const auto& folder : {beside, installed}) {
-    execv((folder / "wifi-profile-window").c_str(), argv);
-  }
-}
-
 struct Execute {
-  char** argv;
-  Ui drawn;
-  const MakeScreen& makeScreen;
+  const Run& run;
 
+  int operator()(const RunOptions& options) const { return run(options); }
   int operator()(const auto& options) const { return execute(options); }
-
-  int operator()(RunOptions options) const {
-    if (drawn == Ui::window && !options.ui) options.ui = Ui::window;
-    if (!options.ui || *options.ui == drawn || *options.ui == Ui::none) {
-      return runCommand(options, makeScreen);
-    }
-    if (*options.ui == Ui::window) {
-      becomeWindowProgram(argv);
-      std::fputs(
-          "wifi-profile: --ui: found window, but no wifi-profile-window beside this program; "
-          "expected terminal or none, or the window to be installed\n",
-          stderr);
-    } else {
-      std::fputs("wifi-profile: --ui: found terminal, expected window from this program\n", stderr);
-    }
-    return kExitUsage;
-  }
 };
 
 }  // namespace
 
-int runProgram(int argc, char** argv, Ui drawn, const MakeScreen& makeScreen) {
+int runProgram(int argc, char** argv, const Run& run) {
   occupyStandardDescriptors();
-  return std::visit(Execute{argv, drawn, makeScreen}, parseCommandLine({argv + 1, argv + argc}));
+  return std::visit(Execute{run}, parseCommandLine({argv + 1, argv + argc}));
 }
 
 }  // namespace wifi_profile

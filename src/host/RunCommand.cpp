@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <unistd.h>
 
+#include "host/Console.h"
 #include "host/DiagnosticRun.h"
 #include "host/ExitStatus.h"
 #include "host/Files.h"
@@ -128,8 +129,15 @@ int runOn(RunLoop& loop, const RunOptions& options, PreparedRun prepared,
 
 }  // namespace
 
-int runCommand(const RunOptions& options, const MakeScreen& makeScreen) {
+int runCommand(const RunOptions& options, Ui drawn, const MakeScreen& makeScreen) {
   const Ui ui = uiOf(options);
+  if (ui != Ui::none && ui != drawn) {
+    const bool window = ui == Ui::window;
+    return complain({kExitUsage, unexpected("--ui", window ? "window" : "terminal",
+                                            std::string(window ? "terminal" : "window") +
+                                                " or none: this program draws no other screen")
+                                     .message});
+  }
   auto prepared = prepareRun(options);
   const auto* failure = std::get_if<Failure>(&prepared);
   // On a terminal a message is seen where it is written, and nothing is drawn for it.

@@ -15,7 +15,8 @@ namespace wifi_profile {
 // ...".
 using MakeScreen = std::function<std::variant<std::shared_ptr<PersonScreen>, std::string>()>;
 
-// Runs the diagnostic once and prints its record. Returns the exit status.
-int runCommand(const RunOptions& options, const MakeScreen& makeScreen);
+// Runs the diagnostic once and prints its record. `drawn` is the screen that `makeScreen` makes,
+// and the only one there is besides none. Returns the exit status.
+int runCommand(const RunOptions& options, Ui drawn, const MakeScreen& makeScreen);
 
 }  // namespace wifi_profile

@@ -1,17 +1,14 @@
 #include "host/RunPreparation.h"
 
 #include <cerrno>
-#include <cstdlib>
-#include <cstring>
 #include <filesystem>
-#include <fmt/format.h>
 #include <system_error>
 #include <unistd.h>
 
 #include "host/ExitStatus.h"
 #include "host/Files.h"
 #include "host/Inputs.h"
-#include "runtime/SafeText.h"
+#include "host/NamedDevice.h"
 
 namespace wifi_profile {
 namespace {
@@ -30,31 +27,11 @@ bool readsFrom(const RunOptions& options, const std::string& file) {
 
 }  // namespace
 
-int complain(const Failure& failure) {
-  writeAll(stderr, "wifi-profile: " + safeText(failure.message) + "\n");
-  return failure.status;
-}
-
-bool environmentHas(const char* name) {
-  const char* const value = std::getenv(name);
-  return value && *value != '\0';
-}
-
-bool isTerminal(int descriptor) {
-  const char* const kind = std::getenv("TERM");
-  return isatty(descriptor) != 0 && !(kind && std::strcmp(kind, "dumb") == 0);
-}
-
 Ui uiOf(const RunOptions& options) {
   if (options.ui) return *options.ui;
   // In virtual time there is no time for a person.
   const bool onTerminal = isTerminal(STDIN_FILENO) && isTerminal(STDOUT_FILENO);
   return onTerminal && !options.virtualTime ? Ui::terminal : Ui::none;
-}
-
-std::string cannotBeWritten(std::string_view place, int error) {
-  return unexpected(place, std::generic_category().message(error), "an output that can be written")
-      .message;
 }
 
 std::variant<PreparedRun, Failure> prepareRun(const RunOptions& options) {

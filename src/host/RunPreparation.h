@@ -2,8 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
-#include <string_view>
 #include <variant>
 
 #include "controller/WiFiProfileInputs.h"
@@ -24,15 +22,5 @@ std::variant<PreparedRun, Failure> prepareRun(const RunOptions& options);
 
 // The screen that was asked for. By itself: the terminal, where a person is at one.
 Ui uiOf(const RunOptions& options);
-
-// Writes what went wrong to standard error, and returns the status.
-int complain(const Failure& failure);
-
-bool environmentHas(const char* name);
-// A terminal that can be drawn on.
-bool isTerminal(int descriptor);
-
-// That a place cannot be written to, with the `errno` of that.
-std::string cannotBeWritten(std::string_view place, int error);
 
 }  // namespace wifi_profile

@@ -2,19 +2,20 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
+#include <cerrno>
 #include <fmt/format.h>
 #include <unistd.h>
 #include <vector>
 
 #include "checks/SecurityKinds.h"
-#include "host/DeviceChoice.h"
+#include "host/Console.h"
 #include "host/ExitStatus.h"
 #include "host/Files.h"
-#include "host/RunPreparation.h"
 #include "host/ScanRows.h"
 #include "platform/Array.h"
+#include "platform/Dictionary.h"
 #include "platform/Number.h"
+#include "platform/Text.h"
 #include "runtime/JsonWriter.h"
 #include "runtime/SafeText.h"
 

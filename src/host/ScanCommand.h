@@ -3,7 +3,8 @@
 
 #include <string>
 
-#include "host/DeviceChoice.h"
+#include "host/CommandLine.h"
+#include "host/NetworksInRange.h"
 
 namespace wifi_profile {
 

@@ -1,4 +1,4 @@
-// `wifi-profile-window`: the program with the window.
+// `wifi-profile-window`: runs with the screen in a window, or with none.
 
 #include <QGuiApplication>
 #include <QIcon>
@@ -6,9 +6,10 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "host/Console.h"
 #include "host/ExitStatus.h"
 #include "host/Program.h"
-#include "host/RunPreparation.h"
+#include "host/RunCommand.h"
 #include "screens/window/WindowScreen.h"
 
 namespace {
@@ -47,5 +48,8 @@ int main(int argc, char** argv) {
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QGuiApplication::desktopFileName()));
     return std::make_shared<WindowScreen>();
   };
-  return runProgram(argc, argv, Ui::window, makeScreen);
+  return runProgram(argc, argv, [&](RunOptions options) {
+    if (!options.ui) options.ui = Ui::window;
+    return runCommand(options, Ui::window, makeScreen);
+  });
 }

@@ -1,12 +1,37 @@
-#include <cstdlib>
+// `wifi-profile`: every command. For `run` it becomes the program that draws the screen, so that
+// what only a run needs does not weigh on the others.
 
+#include <filesystem>
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include "host/Console.h"
+#include "host/ExitStatus.h"
 #include "host/Program.h"
-#include "screens/terminal/TerminalScreen.h"
+
+namespace {
+
+// Becomes that program, with the same arguments. Returns only where it cannot be had.
+void becomeProgram(const char* name, char** argv) {
+  std::error_code unknown;
+  const std::filesystem::path own = std::filesystem::read_symlink("/proc/self/exe", unknown);
+  const auto beside = own.parent_path();
+  const auto installed = beside / ".." / WIFI_PROFILE_LIBEXEC / "wifi-profile";
+  for (const auto& folder : {beside, installed}) execv((folder / name).c_str(), argv);
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   using namespace wifi_profile;
-  return runProgram(argc, argv, Ui::terminal, [] {
-    const char* const noColor = std::getenv("NO_COLOR");
-    return makeTerminalScreen({.color = !noColor || *noColor == '\0'});
+  return runProgram(argc, argv, [argv](const RunOptions& options) {
+    const bool window = options.ui == Ui::window;
+    const char* const program = window ? "wifi-profile-window" : "wifi-profile-run";
+    becomeProgram(program, argv);
+    return complain(
+        {kExitUsage, fmt::format("{}: found no {} beside this program or in its libexec folder, "
+                                 "expected it to be installed{}",
+                                 window ? "--ui window" : "run", program,
+                                 window ? "; or try --ui terminal" : "")});
   });
 }

@@ -27,8 +27,9 @@ class Program : public ::testing::Test {
   ~Program() override { std::system(("rm -rf '" + folder_ + "'").c_str()); }
 
   // Runs the program by the shell, in an environment without a language.
-  Outcome run(const std::string& arguments, const std::string& before = "") const {
-    const std::string command = before + " LC_ALL=C " WIFI_PROFILE_PROGRAM " " + arguments + " >'" +
+  Outcome run(const std::string& arguments, const std::string& before = "",
+              const std::string& program = WIFI_PROFILE_PROGRAM) const {
+    const std::string command = before + " LC_ALL=C " + program + " " + arguments + " >'" +
                                 path("out") + "' 2>'" + path("err") + "' </dev/null";
     const int status = std::system(command.c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, content("out"), content("err")};

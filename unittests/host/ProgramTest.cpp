@@ -1,5 +1,7 @@
 // The program as people and scripts meet it: what it prints where, and how it exits.
 
+#include <filesystem>
+
 #include "host/ProgramFixture.h"
 
 namespace wifi_profile::testing {
@@ -225,6 +227,31 @@ TEST_F(Program, NamesTheStepOfAScriptThatCannotBeDone) {
 TEST_F(Program, RefusesADeviceThatIsNotThere) {
   expectRefusal(run("run"), 69, "--device demo");
   expectRefusal(run("run --device linux:wlan7"), 69, "linux:wlan7");
+}
+
+// The names of the libraries that a program needs stand in it as they are.
+TEST_F(Program, LeavesTheLibrariesOfARunToAProgramOfItsOwn) {
+  const auto needs = [](const std::string& program, const char* library) {
+    std::ostringstream bytes;
+    bytes << std::ifstream(program, std::ios::binary).rdbuf();
+    return bytes.str().find(library) != std::string::npos;
+  };
+  for (const char* const library : {"libcurl.so", "libicui18n.so", "libncursesw.so"}) {
+    EXPECT_FALSE(needs(WIFI_PROFILE_PROGRAM, library)) << library;
+    EXPECT_TRUE(needs(WIFI_PROFILE_PROGRAM "-run", library)) << library;
+  }
+}
+
+TEST_F(Program, SaysThatTheProgramOfARunIsMissing) {
+  const std::string alone = path("wifi-profile");
+  std::filesystem::copy_file(WIFI_PROFILE_PROGRAM, alone);
+  expectRefusal(run("run --device demo", "", alone), 64, "found no wifi-profile-run beside");
+  EXPECT_EQ(run("scan --device demo", "", alone).status, 0);
+}
+
+TEST_F(Program, DrawsNoOtherScreenThanItsOwn) {
+  expectRefusal(run("run --device demo --ui window", "", WIFI_PROFILE_PROGRAM "-run"), 64,
+                "--ui: found window, expected terminal or none");
 }
 
 TEST_F(Program, SaysWhenOutputCannotBeWritten) {

@@ -87,8 +87,8 @@ TEST(WindowProgram, ShowsWhatKeepsARunFromBeginning) {
   options.ui = Ui::window;
   std::string shown;
   QTimer person;
-  const int status =
-      runCommand(options, [&]() -> std::variant<std::shared_ptr<PersonScreen>, std::string> {
+  const int status = runCommand(
+      options, Ui::window, [&]() -> std::variant<std::shared_ptr<PersonScreen>, std::string> {
         auto screen = std::make_shared<WindowScreen>();
         QObject::connect(&person, &QTimer::timeout, [weak = std::weak_ptr(screen), &shown] {
           const auto there = weak.lock();

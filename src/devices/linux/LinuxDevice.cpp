@@ -1,12 +1,13 @@
 #include "devices/linux/LinuxDevice.h"
 
 #include "devices/linux/LinuxRadio.h"
+#include "devices/linux/MachineFacts.h"
 
 namespace wifi_profile::machine {
 namespace {
 
 // Who has hardware for WAPI lives where people say WLAN.
-bool saysWlan(Machine& machine) {
+bool saysWlan(const Machine& machine) {
   const Cancellation nobody;
   const auto radio = machine.radio({Clock::now() + std::chrono::seconds(2), nobody});
   return radio && radio->knowsWapi;
@@ -14,9 +15,10 @@ bool saysWlan(Machine& machine) {
 
 }  // namespace
 
-LinuxDevice::LinuxDevice(const std::shared_ptr<Machine>& machine, const checks::Settings& settings,
-                         Trace& trace)
-    : service(std::make_shared<LinuxService>(machine, settings, trace)),
+LinuxDevice::LinuxDevice(const std::shared_ptr<const Machine>& machine, const Targets& targets,
+                         const checks::Settings& settings, Trace& trace)
+    : service(std::make_shared<LinuxService>(std::make_shared<MachineFacts>(machine, targets),
+                                             settings, trace)),
       backEnds{service,
                std::make_shared<LinuxRadio>(machine->interface().name, machine->systemBus(), trace,
                                             Rfkill(machine->interface().name)),

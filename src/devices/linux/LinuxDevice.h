@@ -7,13 +7,14 @@
 #include "devices/DeviceBackEnds.h"
 #include "devices/linux/LinuxService.h"
 #include "devices/linux/Machine.h"
+#include "devices/linux/Targets.h"
 
 namespace wifi_profile::machine {
 
 struct LinuxDevice {
   // `trace` must outlive the device.
-  LinuxDevice(const std::shared_ptr<Machine>& machine, const checks::Settings& settings,
-              Trace& trace);
+  LinuxDevice(const std::shared_ptr<const Machine>& machine, const Targets& targets,
+              const checks::Settings& settings, Trace& trace);
 
   std::shared_ptr<LinuxService> service;
   DeviceBackEnds backEnds;

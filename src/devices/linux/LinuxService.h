@@ -48,8 +48,7 @@ class LinuxService final : public VqClient {
   // Code of a request that was cancelled; the others are those of checks::Reason.
   static constexpr std::int64_t kCancelled = 2;
 
-  // Longest time for a scan of the list, and for the status.
-  static constexpr std::chrono::milliseconds kScanLimit{20'000};
+  // Longest time for the status.
   static constexpr std::chrono::milliseconds kStatusLimit{2'000};
 
  private:

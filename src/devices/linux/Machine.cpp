@@ -2,28 +2,18 @@
 
 #include <algorithm>
 #include <ctime>
-#include <unistd.h>
 
-#include "devices/linux/Coexistence.h"
-#include "devices/linux/ReachErrands.h"
-#include "devices/linux/bus/Bluez.h"
 #include "devices/linux/bus/ConnectionManager.h"
-#include "devices/linux/bus/SessionProxies.h"
-#include "devices/linux/netlink/Addresses.h"
 
 namespace wifi_profile::machine {
 namespace {
 
-using checks::Fact;
 using checks::Known;
 using checks::Unknown;
 using std::chrono::milliseconds;
 
-// Longest times, from the beginning of each errand. What answers at all answers in much less.
+// The kernel knows its interfaces at once.
 constexpr milliseconds kKernelLimit{3'000};
-constexpr milliseconds kServicesLimit{5'000};
-// A joined radio goes back to its channel between others, so a scan of all of them takes seconds.
-constexpr milliseconds kScanLimit{20'000};
 // How long to wait before a manager is asked again for a scan that it found too soon.
 constexpr milliseconds kBeforeAskingAgain{1'000};
 
@@ -31,11 +21,6 @@ std::chrono::nanoseconds sinceBoot() {
   timespec now{};
   clock_gettime(CLOCK_BOOTTIME, &now);
   return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
-}
-
-template <class T>
-Found put(Known<T> checks::Facts::*member, Known<T> fact) {
-  return [member, fact = std::move(fact)](checks::Facts& facts) { facts.*member = fact; };
 }
 
 Unknown noInterface(const std::string& name) {
@@ -46,8 +31,7 @@ Unknown noInterface(const std::string& name) {
 
 }  // namespace
 
-std::variant<std::shared_ptr<Machine>, Unknown> Machine::open(const std::string& interface,
-                                                              Targets targets) {
+std::variant<std::shared_ptr<Machine>, Unknown> Machine::open(const std::string& interface) {
   const Cancellation nobody;
   Nl80211 kernel;
   const auto all = kernel.interfaces({Clock::now() + kKernelLimit, nobody});
@@ -56,21 +40,18 @@ std::variant<std::shared_ptr<Machine>, Unknown> Machine::open(const std::string&
     return interface.empty() ? !one.name.empty() : one.name == interface;
   });
   if (found == all->end()) return noInterface(interface);
-  return std::shared_ptr<Machine>(new Machine(*found, std::move(targets)));
+  return std::shared_ptr<Machine>(new Machine(*found));
 }
 
-Machine::Machine(WifiInterface interface, Targets targets)
-    : interface_(std::move(interface)), targets_(std::move(targets)) {}
-
-Known<checks::Link> Machine::link(const Patience& patience) {
+Known<checks::Link> Machine::link(const Patience& patience) const {
   return Nl80211().link(interface_, patience);
 }
 
-Known<checks::Radio> Machine::radio(const Patience& patience) {
+Known<checks::Radio> Machine::radio(const Patience& patience) const {
   return Nl80211().radio(interface_, patience);
 }
 
-Known<checks::Scan> Machine::scan(std::chrono::seconds oldest, const Patience& patience) {
+Known<checks::Scan> Machine::scan(std::chrono::seconds oldest, const Patience& patience) const {
   Nl80211 kernel;
   if (oldest.count() > 0) {
     const auto list = kernel.scan(interface_, patience);
@@ -83,14 +64,15 @@ Known<checks::Scan> Machine::scan(std::chrono::seconds oldest, const Patience& p
 }
 
 // Where only the joined access point is in range the list does not tell, and the manager may know.
-bool Machine::isYoung(const ScanList& list, std::chrono::seconds oldest, const Patience& patience) {
+bool Machine::isYoung(const ScanList& list, std::chrono::seconds oldest,
+                      const Patience& patience) const {
   if (list.age) return *list.age <= oldest;
   const auto last = ConnectionManager(*systemBus_).lastScan(interface_.name, patience);
   return last && *last && sinceBoot() - **last <= oldest;
 }
 
 // The kernel lets only some users scan; the connection manager lets all who sit at the machine.
-NotDone Machine::makeScan(Nl80211& kernel, const Patience& patience) {
+NotDone Machine::makeScan(Nl80211& kernel, const Patience& patience) const {
   NotDone byKernel = kernel.triggerScan(interface_, patience);
   if (!byKernel || byKernel->reason != checks::Reason::notPermitted) return byKernel;
   if (NotDone why = kernel.watchScans(patience)) return why;
@@ -103,94 +85,6 @@ NotDone Machine::makeScan(Nl80211& kernel, const Patience& patience) {
     NotDone none = kernel.awaitScanResults(interface_, patience.atMost(kBeforeAskingAgain));
     if (!none || patience.isOver()) return none;
   }
-}
-
-std::vector<Errand> Machine::errands(std::chrono::seconds oldestScan) {
-  std::vector<Errand> all;
-  addKernelErrands(all, oldestScan);
-  addServiceErrands(all);
-  addReachErrands(all, interface_.name, targets_);
-  return all;
-}
-
-void Machine::addKernelErrands(std::vector<Errand>& all, std::chrono::seconds oldestScan) {
-  all.push_back({.name = "kernel's answer about the link",
-                 .gives = {Fact::link, Fact::radio, Fact::regulatory},
-                 .after = {},
-                 .limit = kKernelLimit,
-                 .run = [this](const checks::Facts&, const Patience& patience) -> Found {
-                   Nl80211 kernel;
-                   auto link = kernel.link(interface_, patience);
-                   auto radio = kernel.radio(interface_, patience);
-                   auto regulatory = kernel.regulatory(interface_, patience);
-                   return [link, radio, regulatory](checks::Facts& facts) {
-                     facts.link = link;
-                     facts.radio = radio;
-                     facts.regulatory = regulatory;
-                   };
-                 }});
-  all.push_back({.name = "scan",
-                 .gives = {Fact::scan},
-                 .after = {Fact::link},
-                 .limit = kScanLimit,
-                 .run = [this, oldestScan](const checks::Facts&, const Patience& patience) {
-                   return put(&checks::Facts::scan, scan(oldestScan, patience));
-                 }});
-  all.push_back({.name = "survey of the channels",
-                 .gives = {Fact::surveys},
-                 .after = {Fact::scan},  // which visits the channels
-                 .limit = kKernelLimit,
-                 .run = [this](const checks::Facts&, const Patience& patience) {
-                   return put(&checks::Facts::surveys, Nl80211().surveys(interface_, patience));
-                 }});
-  all.push_back({.name = "driver's answer about Bluetooth",
-                 .gives = {Fact::coexistence},
-                 .after = {},
-                 .limit = kKernelLimit,
-                 .run = [this](const checks::Facts&, const Patience&) {
-                   return put(&checks::Facts::coexistence, readCoexistence(interface_.name));
-                 }});
-}
-
-void Machine::addServiceErrands(std::vector<Errand>& all) {
-  all.push_back({.name = "answer of the connection manager",
-                 .gives = {Fact::activeProfile, Fact::savedNetworks, Fact::addresses},
-                 .after = {},
-                 .limit = kServicesLimit,
-                 .run = [this](const checks::Facts&, const Patience& patience) {
-                   return findConnection(patience);
-                 }});
-  all.push_back({.name = "answer of BlueZ",
-                 .gives = {Fact::bluetooth},
-                 .after = {},
-                 .limit = kServicesLimit,
-                 .run = [this](const checks::Facts&, const Patience& patience) {
-                   return put(&checks::Facts::bluetooth, readBluetooth(*systemBus_, patience));
-                 }});
-  all.push_back({.name = "answer of the desktop about proxies",
-                 .gives = {Fact::sessionProxy},
-                 .after = {},
-                 .limit = kServicesLimit,
-                 .run = [](const checks::Facts&, const Patience& patience) {
-                   const auto session = Bus::session();
-                   return put(&checks::Facts::sessionProxy,
-                              readSessionProxy(environ, session.get(), patience));
-                 }});
-}
-
-// In the order of how much depends on it: a manager that does not answer holds nothing else up.
-Found Machine::findConnection(const Patience& patience) {
-  auto addresses = readAddresses(interface_.index, patience);
-  ConnectionManager manager(*systemBus_);
-  const auto servers = manager.dnsServers(interface_.name, patience);
-  if (addresses && servers) addresses->dnsServers = *servers;
-  auto profile = manager.activeProfile(interface_.name, patience);
-  auto saved = manager.savedNetworks(interface_.name, patience);
-  return [profile, saved, addresses](checks::Facts& facts) {
-    facts.activeProfile = profile;
-    facts.savedNetworks = saved;
-    facts.addresses = addresses;
-  };
 }
 
 }  // namespace wifi_profile::machine

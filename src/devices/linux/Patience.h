@@ -38,6 +38,10 @@ struct Patience {
   Patience atMost(std::chrono::milliseconds time) const;
 };
 
+// Longest time for a scan: a joined radio goes back to its channel between others, so all of them
+// take seconds.
+inline constexpr std::chrono::milliseconds kScanLimit{20'000};
+
 enum class Waited { ready, deadline, cancelled };
 
 // Waits until `descriptor` has one of poll's `events` (or an error), the deadline has passed or the

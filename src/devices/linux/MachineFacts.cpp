@@ -1,0 +1,133 @@
+#include "devices/linux/MachineFacts.h"
+
+#include <unistd.h>
+#include <utility>
+
+#include "devices/linux/Coexistence.h"
+#include "devices/linux/ReachErrands.h"
+#include "devices/linux/bus/Bluez.h"
+#include "devices/linux/bus/ConnectionManager.h"
+#include "devices/linux/bus/SessionProxies.h"
+#include "devices/linux/netlink/Addresses.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+using checks::Fact;
+using checks::Known;
+using std::chrono::milliseconds;
+
+// Longest times, from the beginning of each errand. What answers at all answers in much less.
+constexpr milliseconds kKernelLimit{3'000};
+constexpr milliseconds kServicesLimit{5'000};
+
+template <class T>
+Found put(Known<T> checks::Facts::*member, Known<T> fact) {
+  return [member, fact = std::move(fact)](checks::Facts& facts) { facts.*member = fact; };
+}
+
+}  // namespace
+
+MachineFacts::MachineFacts(std::shared_ptr<const Machine> machine, Targets targets)
+    : machine_(std::move(machine)), targets_(std::move(targets)) {}
+
+Known<checks::Link> MachineFacts::link(const Patience& patience) {
+  return machine_->link(patience);
+}
+
+Known<checks::Scan> MachineFacts::scan(std::chrono::seconds oldest, const Patience& patience) {
+  return machine_->scan(oldest, patience);
+}
+
+std::vector<Errand> MachineFacts::errands(std::chrono::seconds oldestScan) {
+  std::vector<Errand> all;
+  addKernelErrands(all, oldestScan);
+  addServiceErrands(all);
+  addReachErrands(all, machine_->interface().name, targets_);
+  return all;
+}
+
+void MachineFacts::addKernelErrands(std::vector<Errand>& all, std::chrono::seconds oldestScan) {
+  all.push_back({.name = "kernel's answer about the link",
+                 .gives = {Fact::link, Fact::radio, Fact::regulatory},
+                 .after = {},
+                 .limit = kKernelLimit,
+                 .run = [this](const checks::Facts&, const Patience& patience) -> Found {
+                   Nl80211 kernel;
+                   auto link = kernel.link(machine_->interface(), patience);
+                   auto radio = kernel.radio(machine_->interface(), patience);
+                   auto regulatory = kernel.regulatory(machine_->interface(), patience);
+                   return [link, radio, regulatory](checks::Facts& facts) {
+                     facts.link = link;
+                     facts.radio = radio;
+                     facts.regulatory = regulatory;
+                   };
+                 }});
+  all.push_back({.name = "scan",
+                 .gives = {Fact::scan},
+                 .after = {Fact::link},
+                 .limit = kScanLimit,
+                 .run = [this, oldestScan](const checks::Facts&, const Patience& patience) {
+                   return put(&checks::Facts::scan, scan(oldestScan, patience));
+                 }});
+  all.push_back({.name = "survey of the channels",
+                 .gives = {Fact::surveys},
+                 .after = {Fact::scan},  // which visits the channels
+                 .limit = kKernelLimit,
+                 .run = [this](const checks::Facts&, const Patience& patience) {
+                   return put(&checks::Facts::surveys,
+                              Nl80211().surveys(machine_->interface(), patience));
+                 }});
+  all.push_back({.name = "driver's answer about Bluetooth",
+                 .gives = {Fact::coexistence},
+                 .after = {},
+                 .limit = kKernelLimit,
+                 .run = [this](const checks::Facts&, const Patience&) {
+                   return put(&checks::Facts::coexistence,
+                              readCoexistence(machine_->interface().name));
+                 }});
+}
+
+void MachineFacts::addServiceErrands(std::vector<Errand>& all) {
+  all.push_back({.name = "answer of the connection manager",
+                 .gives = {Fact::activeProfile, Fact::savedNetworks, Fact::addresses},
+                 .after = {},
+                 .limit = kServicesLimit,
+                 .run = [this](const checks::Facts&, const Patience& patience) {
+                   return findConnection(patience);
+                 }});
+  all.push_back({.name = "answer of BlueZ",
+                 .gives = {Fact::bluetooth},
+                 .after = {},
+                 .limit = kServicesLimit,
+                 .run = [this](const checks::Facts&, const Patience& patience) {
+                   return put(&checks::Facts::bluetooth,
+                              readBluetooth(*machine_->systemBus(), patience));
+                 }});
+  all.push_back({.name = "answer of the desktop about proxies",
+                 .gives = {Fact::sessionProxy},
+                 .after = {},
+                 .limit = kServicesLimit,
+                 .run = [](const checks::Facts&, const Patience& patience) {
+                   const auto session = Bus::session();
+                   return put(&checks::Facts::sessionProxy,
+                              readSessionProxy(environ, session.get(), patience));
+                 }});
+}
+
+// In the order of how much depends on it: a manager that does not answer holds nothing else up.
+Found MachineFacts::findConnection(const Patience& patience) {
+  auto addresses = readAddresses(machine_->interface().index, patience);
+  ConnectionManager manager(*machine_->systemBus());
+  const auto servers = manager.dnsServers(machine_->interface().name, patience);
+  if (addresses && servers) addresses->dnsServers = *servers;
+  auto profile = manager.activeProfile(machine_->interface().name, patience);
+  auto saved = manager.savedNetworks(machine_->interface().name, patience);
+  return [profile, saved, addresses](checks::Facts& facts) {
+    facts.activeProfile = profile;
+    facts.savedNetworks = saved;
+    facts.addresses = addresses;
+  };
+}
+
+}  // namespace wifi_profile::machine

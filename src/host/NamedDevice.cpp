@@ -1,0 +1,60 @@
+#include "host/NamedDevice.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+
+#include "devices/scenario/ScenarioReader.h"
+#include "host/DemoScenario.h"
+#include "host/ExitStatus.h"
+#include "host/Files.h"
+#include "runtime/JsonReader.h"
+
+namespace wifi_profile {
+namespace {
+
+constexpr std::string_view kDemo = "demo";
+constexpr std::string_view kMachine = "linux";
+constexpr std::string_view kInterfaceOfMachine = "linux:";
+
+}  // namespace
+
+bool isOnPaper(const std::optional<std::string>& device) {
+  return device && *device != kMachine && !device->starts_with(kInterfaceOfMachine);
+}
+
+std::optional<std::string> scenarioFileOf(const std::optional<std::string>& device) {
+  return isOnPaper(device) && device != kDemo ? device : std::nullopt;
+}
+
+std::variant<scenario::Scenario, Failure> readScenarioDevice(const std::string& device) {
+  auto content = device == kDemo ? std::string(kDemoScenario) : readFile(device);
+  if (const auto* problem = std::get_if<Problem>(&content)) {
+    return Failure{kExitScenario, problem->message};
+  }
+  const auto document = readJson(std::get<std::string>(content));
+  if (const auto* fault = std::get_if<JsonFault>(&document)) {
+    const std::string place = fmt::format("{}:{}:{}", device, fault->line, fault->column);
+    return Failure{kExitScenario, unexpected(place, fault->found, fault->expected).message};
+  }
+  auto read = scenario::readScenario(std::get<ObjectRef>(document));
+  if (const auto* fault = std::get_if<scenario::Fault>(&read)) {
+    const std::string place = fmt::format(
+        "{}: {}", device, fault->pointer.empty() ? "at the top" : "at " + fault->pointer);
+    return Failure{kExitScenario, unexpected(place, fault->found, fault->expected).message};
+  }
+  return std::get<scenario::Scenario>(std::move(read));
+}
+
+std::variant<std::shared_ptr<const machine::Machine>, Failure> openMachine(
+    const std::optional<std::string>& device) {
+  const bool namesInterface = device && device->starts_with(kInterfaceOfMachine);
+  auto opened =
+      machine::Machine::open(namesInterface ? device->substr(kInterfaceOfMachine.size()) : "");
+  if (const auto* why = std::get_if<checks::Unknown>(&opened)) {
+    return Failure{kExitNoDevice, fmt::format("{}{} Without Wi-Fi there is --device demo.",
+                                              device ? *device + ": " : "", why->sentence)};
+  }
+  return std::get<std::shared_ptr<machine::Machine>>(std::move(opened));
+}
+
+}  // namespace wifi_profile
