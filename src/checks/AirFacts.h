@@ -32,7 +32,8 @@ struct AccessPoint {
   std::string bssid = {};  // as in Link
   // 1 to 32 bytes; nothing when it never told its name.
   std::optional<std::string> ssid = std::nullopt;
-  bool hidesName = false;                    // the name in its beacons is empty or zeros
+  // The name in its beacons is empty or zeros; nothing when none of them was heard.
+  std::optional<bool> hidesName = std::nullopt;
   std::optional<int> signal = std::nullopt;  // dBm
   std::optional<ieee80211::OperatingChannel> channel = std::nullopt;
   std::optional<int> beaconInterval = std::nullopt;  // TU

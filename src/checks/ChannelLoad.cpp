@@ -50,9 +50,12 @@ std::optional<double> shareOf(const ChannelSurvey& survey) {
   if (!survey.transmit && survey.inUse) return std::nullopt;
   const auto transmit = survey.transmit.value_or(std::chrono::milliseconds(0));
   const auto none = std::chrono::milliseconds(0);
-  if (*survey.busy < none || transmit < none || transmit >= *survey.active) return std::nullopt;
+  if (transmit < none || *survey.busy < transmit || *survey.active < *survey.busy) {
+    return std::nullopt;
+  }
+  if (transmit == *survey.active) return std::nullopt;
   const auto others = static_cast<double>((*survey.busy - transmit).count());
-  return std::clamp(others / static_cast<double>((*survey.active - transmit).count()), 0.0, 1.0);
+  return others / static_cast<double>((*survey.active - transmit).count());
 }
 
 }  // namespace
@@ -68,9 +71,10 @@ ChannelLoads::ChannelLoads(const Question& question, const Subject* subject)
 void ChannelLoads::collectBoxes(const Question& question, const Subject* subject) {
   std::map<BoxKey, Box> boxes;
   for (const AccessPoint& accessPoint : facts_.scan->accessPoints) {
-    if (!accessPoint.channel || accessPoint.signal.value_or(kHeardWell - 1) < kHeardWell) continue;
+    if (!accessPoint.channel || accessPoint.signal.value_or(kHeardWell) < kHeardWell) continue;
     const OperatingChannel& channel = *accessPoint.channel;
     Box& box = boxes[boxOf(accessPoint, channel)];
+    if (accessPoint.signal) box.isHeardWell = true;
     box.band = channel.band;
     box.primary = channel.primary;
     const auto disturbed = disturbedBy(channel);
@@ -112,11 +116,10 @@ std::optional<double> ChannelLoads::neighbours(Band band, int channel) const {
   double count = 0;
   for (const Box& box : boxes_) {
     if (box.band != band) continue;
-    if (box.primary == channel) {
-      count += 1;
-    } else if (box.overlapped.contains(channel)) {
-      count += kOverlapping;
-    }
+    const bool isHere = box.primary == channel;
+    if (!isHere && !box.overlapped.contains(channel)) continue;
+    if (!box.isHeardWell) return std::nullopt;
+    count += isHere ? 1 : kOverlapping;
   }
   return count;
 }

@@ -55,6 +55,7 @@ class ChannelLoads {
     ieee80211::Band band = ieee80211::Band::ghz2;
     int primary = 0;
     std::set<int> overlapped;
+    bool isHeardWell = false;  // no: the driver does not say how strong it is
   };
 
   void collectBoxes(const Question& question, const Subject* subject);

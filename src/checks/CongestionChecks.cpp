@@ -71,6 +71,15 @@ Dictionary::Entries recommendations(const Facts& facts, const ChannelLoads& load
   return info;
 }
 
+// Why there is no measure of a channel.
+Unknown whyNoLoad(const Facts& facts) {
+  if (!facts.scan) return facts.scan.why();
+  return notTold(
+      "The driver says neither how busy the channels are nor how strong the access points are "
+      "heard: "
+      "another adapter may.");
+}
+
 Answer congestedChannel(const Question& question) {
   return aboutSubject(question, [&](const Subject& subject) -> Answer {
     const auto channel = channelOf(subject);
@@ -80,7 +89,7 @@ Answer congestedChannel(const Question& question) {
     }
     const ChannelLoads loads(question, &subject);
     const auto load = loads.of(channel->band, channel->primary);
-    if (!load) return question.facts.scan.why();
+    if (!load) return whyNoLoad(question.facts);
     auto info = recommendations(question.facts, loads);
     info["CurrentChannel"] = std::make_shared<const ChannelRecord>(channel->primary);
     return finding(loads.isCongested(*load), std::move(info));
@@ -101,7 +110,7 @@ Answer congestedBand(const Question& question, Band band) {
   const Known<Subject> subject = subjectOf(question);
   const ChannelLoads loads(question, subject ? &*subject : nullptr);
   const auto best = loads.best(band, candidates);
-  if (!best) return facts.scan.why();
+  if (!best) return whyNoLoad(facts);
   return finding(loads.isCongested(best->load), recommendations(facts, loads));
 }
 
@@ -120,18 +129,21 @@ constexpr std::array kRows{
     Check{.id = DiagnosticsTestID::CongestedChannel,
           .answer = congestedChannel,
           .needs = {Fact::link, Fact::scan, Fact::surveys, Fact::radio},
-          .measures = "How busy the network's primary 20 MHz channel is. Boxes count 1 on this "
-                      "channel and 1.5 where they only overlap it, each once, from -82 dBm on; "
-                      "those of the network itself do not count. Recommended is the least busy "
-                      "channel of its class, all compared by the same measure.",
+          .measures =
+              "How busy the network's primary 20 MHz channel is. Boxes count 1 on this "
+              "channel and 1.5 where they only overlap it, each once, from -82 dBm on; "
+              "those of the network itself do not count. Recommended is the least busy "
+              "channel of its class, all compared by one measure, which may be another than "
+              "the network's own channel is judged by.",
           .from = kFrom,
           .threshold = kThreshold,
           .why = "The shares and the count are this project's choice. BSS Load: IEEE 802.11-2020, "
                  "9.4.2.27; 100 TU, the usual beacon interval, are 102.4 ms; -82 dBm: the start of "
                  "a 20 MHz OFDM frame of this strength must make a receiver take the channel for "
                  "busy, 802.11-2020, 17.3.10.6",
-          .unknownWhen = "the channel is not told; neither a survey nor a scan is there. Channels "
-                         "are recommended only when the radio's allowed ones are known"},
+          .unknownWhen =
+              "the channel is not told; there is no survey, and no scan with strengths. Channels "
+              "are recommended only when the radio's allowed ones are known"},
     Check{.id = DiagnosticsTestID::Congested2GHz,
           .answer = congested2GHz,
           .needs = {Fact::link, Fact::scan, Fact::surveys, Fact::radio},
@@ -140,8 +152,9 @@ constexpr std::array kRows{
           .from = kFrom,
           .threshold = kThreshold,
           .why = "As CongestedChannel. 1, 6 and 11 are 25 MHz apart: 802.11-2020, 15.4.4.3",
-          .unknownWhen = "the radio's allowed channels are not known, or none of these is; neither "
-                         "a survey nor a scan is there"},
+          .unknownWhen =
+              "the radio's allowed channels are not known, or none of these is; there is "
+              "no survey, and no scan with strengths"},
     Check{.id = DiagnosticsTestID::Congested5GHz,
           .answer = congested5GHz,
           .needs = {Fact::link, Fact::scan, Fact::surveys, Fact::radio},
@@ -150,7 +163,7 @@ constexpr std::array kRows{
           .threshold = kThreshold,
           .why = "As CongestedChannel",
           .unknownWhen = "the radio's allowed channels are not known, or it has none in this band; "
-                         "neither a survey nor a scan is there"},
+                         "there is no survey, and no scan with strengths"},
 };
 
 }  // namespace

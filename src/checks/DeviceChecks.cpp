@@ -82,8 +82,9 @@ Answer bluetoothCoexistence(const Question& question) {
   const Known<Bluetooth>& bluetooth = question.facts.bluetooth;
   if (!coexistence) return coexistence.why();
   if (!coexistence->takesTurns) return finding(false);
-  if (!bluetooth) return bluetooth.why();
-  return finding(bluetooth->connected > 0);
+  if (bluetooth) return finding(bluetooth->connected > 0);
+  if (bluetooth.why().reason == Reason::noHardware) return finding(false);
+  return bluetooth.why();
 }
 
 Answer directLink(const Question& question) {

@@ -32,13 +32,23 @@ Answer ambiguousName(const Question& question) {
         [&](const std::string& pattern) { return matchesPattern(subject.name, pattern); });
     if (isCommon) return finding(true, info);
     if (!question.facts.scan) return question.facts.scan.why();
-    return finding(isUsedInSeveralKinds(accessPointsNamedLike(question, subject)), info);
+    const auto named = accessPointsNamedLike(question, subject);
+    if (isUsedInSeveralKinds(named)) return finding(true, info);
+    const bool isAnyUnknown = std::ranges::any_of(
+        named, [](const AccessPoint* accessPoint) { return !keyKindOf(accessPoint->security); });
+    if (isAnyUnknown) {
+      return notTold(
+          "An access point of this name does not say clearly how it is secured: scan again.");
+    }
+    return finding(false, info);
   });
 }
 
 Answer hiddenNetwork(const Question& question) {
-  return aboutAccessPoint(
-      question, [](const AccessPoint& accessPoint) { return finding(accessPoint.hidesName); });
+  return aboutAccessPoint(question, [](const AccessPoint& accessPoint) -> Answer {
+    if (accessPoint.hidesName) return finding(*accessPoint.hidesName);
+    return notTold("No beacon of the access point was heard, only its answers: scan again.");
+  });
 }
 
 Answer passpoint(const Question& question) {
@@ -56,14 +66,16 @@ std::optional<bool> isMetered(const Known<ActiveProfile>& profile) {
   return profile ? profile->metered : std::nullopt;
 }
 
+// There are phones that choose any subnet: another one says nothing.
 std::optional<bool> isInHotspotSubnet(const Question& question) {
   const Known<Addresses>& addresses = question.facts.addresses;
   if (!addresses || addresses->ipv4.empty()) return std::nullopt;
-  return std::ranges::any_of(addresses->ipv4, [&](const std::string& address) {
+  const bool isIn = std::ranges::any_of(addresses->ipv4, [&](const std::string& address) {
     return std::ranges::any_of(question.settings.hotspotSubnets, [&](const std::string& subnet) {
       return isInSubnet(address, subnet);
     });
   });
+  return isIn ? std::optional(true) : std::nullopt;
 }
 
 Answer joinedHotspot(const Question& question, const Subject& subject) {
@@ -101,13 +113,10 @@ Answer personalHotspot(const Question& question) {
   });
 }
 
-// The first that is neither empty nor zeros alone.
+// Null when it is not told, empty, or zeros alone.
 TextRef modelName(const AccessPoint& accessPoint) {
-  for (const auto& text : {accessPoint.model, accessPoint.maker}) {
-    const std::string trimmed = withoutZeros(text.value_or(""));
-    if (!trimmed.empty()) return makeText(trimmed);
-  }
-  return nullptr;
+  const std::string trimmed = withoutZeros(accessPoint.model.value_or(""));
+  return trimmed.empty() ? nullptr : makeText(trimmed);
 }
 
 bool isAmong(const std::string& maker, const std::vector<std::string>& parts) {
@@ -163,8 +172,10 @@ constexpr std::array kRows{
           .threshold = "one of `ambiguousNames`, or two kinds: open, WEP, password, sign-in",
           .why = "Devices know a network by name and kind of keys. The list is this project's "
                  "collection of common names",
-          .unknownWhen = "not joined, or the named network was not heard; there is no scan, unless "
-                         "the name alone decides"},
+          .unknownWhen =
+              "not joined, or the named network was not heard; unless the name alone decides, "
+              "there is no scan, or one of its access points does not say how it is "
+              "secured"},
     Check{.id = DiagnosticsTestID::HiddenNetwork,
           .answer = hiddenNetwork,
           .needs = {Fact::link, Fact::scan},
@@ -173,24 +184,25 @@ constexpr std::array kRows{
           .threshold = "empty, or zeros alone",
           .why = "The name is in the frames of whoever joins, so that it stays no secret, and "
                  "devices must call for it",
-          .unknownWhen = "the access point was not heard"},
-    Check{.id = DiagnosticsTestID::NimoPersonalHotspot,
-          .answer = personalHotspot,
-          .needs = {Fact::link, Fact::scan, Fact::activeProfile, Fact::addresses,
-                    Fact::savedNetworks},
-          .measures =
-              "Hints that the network is a phone's shared connection: it charges by volume, "
-              "its addresses are those that phones give out, it says it is a personal "
-              "device's. They are hints: any maker's phone, and a computer that shares "
-              "its connection, look the same.",
-          .from = "NetworkManager: Metered of the device, connection.metered of the profiles, a "
-                  "phone's words in the vendor options of its DHCP answer; the IPv4 address "
-                  "(rtnetlink); Interworking element",
-          .threshold = "metered, an address in `hotspotSubnets`, or access network type 4",
-          .why = "Interworking: IEEE 802.11-2020, 9.4.2.91. The subnets are customs of systems, "
-                 "not standards",
-          .unknownWhen = "none of the hints is known; of a network not joined, when it has no "
-                         "Interworking element and is not remembered as metered"},
+          .unknownWhen = "the access point was not heard, or answered only"},
+    Check{
+        .id = DiagnosticsTestID::NimoPersonalHotspot,
+        .answer = personalHotspot,
+        .needs = {Fact::link, Fact::scan, Fact::activeProfile, Fact::addresses,
+                  Fact::savedNetworks},
+        .measures = "Hints that the network is a phone's shared connection: it charges by volume, "
+                    "its addresses are those that phones give out, it says it is a personal "
+                    "device's. They are hints: any maker's phone, and a computer that shares "
+                    "its connection, look the same.",
+        .from = "NetworkManager: Metered of the device, connection.metered of the profiles, a "
+                "phone's words in the vendor options of its DHCP answer; the IPv4 address "
+                "(rtnetlink); Interworking element",
+        .threshold = "metered, an address in `hotspotSubnets`, or access network type 4",
+        .why = "Interworking: IEEE 802.11-2020, 9.4.2.91. The subnets are customs of systems, "
+               "not standards",
+        .unknownWhen = "neither the manager nor the access point says anything, and the address is "
+                       "not one of those; of a network not joined, when it has no "
+                       "Interworking element and is not remembered as metered"},
     Check{.id = DiagnosticsTestID::Passpoint,
           .answer = passpoint,
           .needs = {Fact::link, Fact::scan},

@@ -13,12 +13,14 @@
 namespace wifi_profile::checks {
 namespace {
 
-using KindsByName = std::map<std::string, std::set<KeyKind>>;
+// Nothing stands for an access point that does not say clearly.
+using KindsByName = std::map<std::string, std::set<std::optional<KeyKind>>>;
 
 // Whether the air has the name in other kinds only.
 bool contradicts(const KindsByName& air, const std::string& name, KeyKind saved) {
   const auto heard = air.find(name);
-  return heard != air.end() && !heard->second.contains(saved);
+  return heard != air.end() && !heard->second.contains(saved) &&
+         !heard->second.contains(std::nullopt);
 }
 
 Answer conflictingSecurity(const Question& question) {
@@ -27,20 +29,19 @@ Answer conflictingSecurity(const Question& question) {
   KindsByName air;
   if (facts.scan) {
     for (const AccessPoint& accessPoint : facts.scan->accessPoints) {
-      const auto kind = keyKindOf(accessPoint.security);
-      if (accessPoint.ssid && kind) air[*accessPoint.ssid].insert(*kind);
+      if (accessPoint.ssid) air[*accessPoint.ssid].insert(keyKindOf(accessPoint.security));
     }
   }
   KindsByName all;
-  bool isConflicting = false;
   for (const SavedNetwork& saved : *facts.savedNetworks) {
     const auto kind = keyKindOf(saved.security);
     if (!kind || saved.ssid.empty()) continue;
     auto& kinds = all[saved.ssid];
     kinds.insert(*kind);
-    if (kinds.size() > 1 || contradicts(air, saved.ssid, *kind)) isConflicting = true;
+    if (kinds.size() > 1 || contradicts(air, saved.ssid, *kind)) return finding(true);
   }
-  return finding(isConflicting);
+  if (!facts.scan) return facts.scan.why();
+  return finding(false);
 }
 
 Answer largeList(const Question& question) {
@@ -94,10 +95,12 @@ Answer captivePortal(const Question& question) {
     if (subject.link) {
       if (!facts.portalProbe) return facts.portalProbe.why();
       if (facts.portalProbe->answer == PortalProbe::Answer::noAnswer) {
-        return Unknown{Reason::failed, "The page that shows whether one must sign in did not come" +
-                                           (facts.portalProbe->detail.empty()
-                                                ? "."
-                                                : " (" + facts.portalProbe->detail + ").")};
+        return Unknown{
+            Reason::failed,
+            "The page that shows whether one must sign in did not come, so "
+            "open any page in a browser to see" +
+                (facts.portalProbe->detail.empty() ? "."
+                                                   : " (" + facts.portalProbe->detail + ").")};
       }
       isCaptive = facts.portalProbe->answer == PortalProbe::Answer::portal;
     } else if (!isMarked) {
@@ -128,22 +131,28 @@ constexpr std::array kRows{
           .threshold = "two kinds of: open (with OWE), WEP, password (WPA, WPA2 or WPA3 Personal), "
                        "sign-in (Enterprise)",
           .why = "One of them is out of date, or somebody else's network has the same name. The "
-                 "kinds are this project's: within one, one profile serves all",
-          .unknownWhen = "none of these services runs, or the user may not read them. Without a "
-                         "scan only the remembered ones are compared"},
+                 "kinds are this project's: boxes that change from one security of a kind to the "
+                 "next keep name and key",
+          .unknownWhen = "none of these services runs, or the user may not read them; those that "
+                         "are remembered agree, and there is no scan"},
     Check{.id = DiagnosticsTestID::CaptivePortal,
           .answer = captivePortal,
           .needs = {Fact::link, Fact::scan, Fact::portalProbe, Fact::savedNetworks},
           .measures =
               "Whether the joined network answers plain HTTP in the place of the page asked "
-              "for; of another one whether it announces that more is to do after joining. "
+              "for (a network that names an address for this question is asked there, and that "
+              "answer counts alone); of another one whether it announces that more is to do after "
+              "joining. "
               "With it what is remembered of the network; its security is the number of "
               "the list below.",
           .from = "HTTP GET without following redirects, or the address that DHCP gave (RFC 8910, "
                   "RFC 8908), as NetworkManager passes it on; Interworking element (ASRA bit)",
-          .threshold = "a redirect or another page; the ASRA bit",
+          .threshold =
+              "a redirect, another page or status 511; 204 and 200 without a body are open; "
+              "the ASRA bit",
           .why = "Interworking: IEEE 802.11-2020, 9.4.2.91",
-          .unknownWhen = "joined: nothing answers. Otherwise: the access point does not announce "
+          .unknownWhen = "joined: nothing answers, or with another status. Otherwise: the access "
+                         "point does not announce "
                          "it, which does not mean that there is none"},
     Check{.id = DiagnosticsTestID::LargePNL,
           .answer = largeList,

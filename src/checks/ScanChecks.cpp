@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <array>
 #include <map>
-#include <set>
 
 #include "checks/Answers.h"
 #include "checks/Rows.h"
@@ -40,17 +39,16 @@ Answer conflictingCountries(const Question& question) {
     if (accessPoint.country && isCountry(*accessPoint.country)) ++counts[*accessPoint.country];
   }
   const auto kernel = kernelCountry(facts);
+  const bool differ = kernel ? counts.size() > counts.count(*kernel) : counts.size() > 1;
+  if (!differ && !facts.regulatory) return facts.regulatory.why();
   auto adopted = kernel ? kernel : countryOfSubject(question);
   if (!adopted && !counts.empty()) {
     adopted =
         std::ranges::max_element(counts, {}, [](const auto& entry) { return entry.second; })->first;
   }
-  std::set<std::string> all;
-  for (const auto& [country, count] : counts) all.insert(country);
-  if (kernel) all.insert(*kernel);
   Dictionary::Entries info;
   if (adopted) info["AdoptedCountryCode"] = makeText(*adopted);
-  return finding(all.size() > 1, std::move(info));
+  return finding(differ, std::move(info));
 }
 
 ObjectRef scanResult(const AccessPoint& accessPoint) {
@@ -59,12 +57,10 @@ ObjectRef scanResult(const AccessPoint& accessPoint) {
       accessPoint.signal.value_or(kUnknownStrength));
 }
 
-// The strongest first; of equal ones that with the lower address.
+// The strongest first.
 ObjectRef scanResults(std::vector<const AccessPoint*> accessPoints) {
   std::ranges::sort(accessPoints, [](const AccessPoint* one, const AccessPoint* other) {
-    const int strength = one->signal.value_or(kUnknownStrength);
-    const int otherStrength = other->signal.value_or(kUnknownStrength);
-    return strength != otherStrength ? strength > otherStrength : one->bssid < other->bssid;
+    return isStronger(*one, *other);
   });
   std::vector<ObjectRef> results;
   results.reserve(accessPoints.size());
@@ -77,7 +73,7 @@ Answer hiddenScanResults(const Question& question) {
   if (!scan) return scan.why();
   std::vector<const AccessPoint*> hidden;
   for (const AccessPoint& accessPoint : scan->accessPoints) {
-    if (accessPoint.hidesName && !accessPoint.ssid) hidden.push_back(&accessPoint);
+    if (accessPoint.hidesName == true) hidden.push_back(&accessPoint);
   }
   const bool isAny = !hidden.empty();
   return finding(isAny, {{"ScanResults", scanResults(std::move(hidden))}});
@@ -102,14 +98,15 @@ constexpr std::array kRows{
           .threshold = "two different codes; 00, 98, 99 and XX are none",
           .why = "The country decides which channels and powers are allowed. Country element: IEEE "
                  "802.11-2020, 9.4.2.8",
-          .unknownWhen = "there is no scan. Where the kernel's country is not known, only the "
-                         "access points are compared"},
+          .unknownWhen = "there is no scan; the access points agree, and the kernel's country "
+                         "cannot be read"},
     Check{.id = DiagnosticsTestID::HiddenScanResults,
           .answer = hiddenScanResults,
           .needs = {Fact::scan},
-          .measures = "Access points whose beacons hide their name, and whose name is not known in "
-                      "another way.",
-          .from = "SSID elements of beacons and probe responses",
+          .measures =
+              "Access points whose beacons hide their name, also those whose name is known from "
+              "their answers.",
+          .from = "SSID elements of beacons",
           .threshold = "one",
           .why = "A hidden SSID is empty or zeros, a widespread custom that the standard does not "
                  "describe",

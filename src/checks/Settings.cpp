@@ -5,8 +5,7 @@ namespace wifi_profile::checks {
 Settings defaultSettings() {
   Settings settings;
   settings.ambiguousNames = {
-      // What boxes of many makers are called until somebody gives them a name. Names that end with
-      // a long number of the box's own are left out: they are nobody else's.
+      // What boxes of many makers are called until somebody gives them a name.
       "2wire*", "androidap*", "asus", "asus_5g", "belkin*", "buffalo*", "cisco", "d-link*",
       "dlink*", "fritz!box*", "huawei", "linksys*", "netgear*", "tenda_*", "tp-link*", "trendnet*",
       "xiaomi", "zyxel",

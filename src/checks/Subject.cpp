@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <limits>
 #include <string>
-#include <tuple>
 
 #include "checks/Answers.h"
 
@@ -18,11 +17,11 @@ bool asksForJoined(const Question& question) {
   return link && link->ssid == question.networkName->string();
 }
 
-// Weaker ones are less; of equal ones that with the higher address, so that the order of the scan
-// does not count.
-auto strength(const AccessPoint& accessPoint) {
-  return std::tuple(accessPoint.signal.value_or(std::numeric_limits<int>::min()),
-                    accessPoint.bssid);
+// Why nobody knows whether the named network is the joined one; nothing when it is known.
+std::optional<Unknown> whyNotKnownWhetherJoined(const Question& question) {
+  const Known<Link>& link = question.facts.link;
+  if (!question.networkName || link || link.why().reason == Reason::notJoined) return std::nullopt;
+  return link.why();
 }
 
 Subject joined(const Facts& facts) {
@@ -47,7 +46,7 @@ Known<Subject> inRange(const Facts& facts, std::string_view name) {
   const AccessPoint* strongest = nullptr;
   for (const AccessPoint& accessPoint : facts.scan->accessPoints) {
     if (accessPoint.ssid != name) continue;
-    if (!strongest || strength(*strongest) < strength(accessPoint)) strongest = &accessPoint;
+    if (!strongest || isStronger(accessPoint, *strongest)) strongest = &accessPoint;
   }
   if (!strongest) {
     return Unknown{Reason::notInRange, "The network \"" + shortened(name, kLongestName) +
@@ -60,9 +59,17 @@ Known<Subject> inRange(const Facts& facts, std::string_view name) {
 
 Known<Subject> subjectOf(const Question& question) {
   const Facts& facts = question.facts;
+  if (auto why = whyNotKnownWhetherJoined(question)) return *std::move(why);
   if (!asksForJoined(question)) return inRange(facts, question.networkName->string());
   if (!facts.link) return facts.link.why();
   return joined(facts);
+}
+
+bool isStronger(const AccessPoint& one, const AccessPoint& other) {
+  constexpr int kUnknown = std::numeric_limits<int>::min();
+  const int strength = one.signal.value_or(kUnknown);
+  const int otherStrength = other.signal.value_or(kUnknown);
+  return strength != otherStrength ? strength > otherStrength : one.bssid < other.bssid;
 }
 
 std::optional<ieee80211::OperatingChannel> channelOf(const Subject& subject) {
@@ -96,6 +103,7 @@ std::vector<const AccessPoint*> accessPointsNamedLike(const Question& question,
 }
 
 std::optional<Unknown> whyNotAMember(const Question& question) {
+  if (auto why = whyNotKnownWhetherJoined(question)) return why;
   if (asksForJoined(question)) return std::nullopt;
   return Unknown{Reason::outsideNetwork,
                  "Only a member of the network can find this out: join it, and run again."};

@@ -18,9 +18,13 @@ struct Subject {
 };
 
 // Without a name, or with the joined network's: the joined access point. With another one the
-// strongest access point that has it; one of unknown strength counts as weakest. Unknown when there
-// is none, or when nobody knows what is joined or in range.
+// strongest access point that has it. Unknown when there is none, or when nobody knows what is
+// joined or in range.
 Known<Subject> subjectOf(const Question& question);
+
+// Unknown strengths come last; of equal ones the lower address comes first, so that the order of
+// the scan does not count.
+bool isStronger(const AccessPoint& one, const AccessPoint& other);
 
 // Where in the air it is: as the scan heard it, unless the link has another primary channel now, or
 // there was nothing heard. Nothing: neither says.

@@ -72,7 +72,7 @@ ObjectRef objectOf(const ScanRow& row) {
       {"bssid", makeText(one.bssid)},
       {"channel", numberOrNull(one.channel ? one.channel->primary : 0)},
       {"generation", textOrNull(generationOf(one))},
-      {"hidden", Number::withBool(one.hidesName)},
+      {"hidden", one.hidesName ? Number::withBool(*one.hidesName) : nullPlaceholder()},
       {"joined", Number::withBool(row.joined)},
       {"security", textOrNull(checks::textOf(one.security))},
       {"signal", numberOrNull(one.signal.value_or(0))},

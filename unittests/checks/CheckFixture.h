@@ -50,6 +50,7 @@ inline AccessPoint accessPoint(std::string bssid, std::string ssid, int signal, 
   AccessPoint made;
   made.bssid = std::move(bssid);
   made.ssid = std::move(ssid);
+  made.hidesName = false;
   made.signal = signal;
   made.channel = channelAt(band, channel);
   made.beaconInterval = 100;

@@ -118,18 +118,22 @@ TEST_F(CongestionChecks, DoNotBelieveASurveyThatIsShortOrImpossible) {
   survey(5180, 1000, 1000, 1000);
   survey(5180, 1000, -5, 0);
   survey(5180, 1000, 500, -1);
+  survey(5180, 1000, 100, 500);
+  survey(5180, 1000, 5000, 0);
   survey(5180, 1000, 500, {}, true);  // its own frames are not told
   EXPECT_EQ(load()->measure, Measure::neighbours);
   survey(5180, 103, 50, {});
   EXPECT_EQ(load()->measure, Measure::busyTime);
 }
 
-TEST_F(CongestionChecks, KeepImpossibleSharesBetween0And1) {
-  survey(5180, 1000, 100, 500);
+TEST_F(CongestionChecks, CannotCountBoxesOfUnknownStrength) {
+  auto& silent = add(accessPoint("02:aa:aa:aa:aa:10", "Silent", 0, 36));
+  silent.signal.reset();
+  EXPECT_EQ(load(), std::nullopt);
+  EXPECT_THAT(ask(Id::CongestedChannel), isUnknownFor(Reason::notTold));
+  silent.channel->primary = 149;  // far away
+  silent.channel->extent.reset();
   EXPECT_EQ(load()->amount, 0);
-  facts.surveys->clear();
-  survey(5180, 1000, 5000, 0);
-  EXPECT_EQ(load()->amount, 1);
 }
 
 TEST_F(CongestionChecks, BelieveTheOwnAccessPointsUtilizationFirst) {

@@ -65,6 +65,12 @@ TEST_F(SavedNetworkChecks, FindKeysThatNobodyInRangeHas) {
   add(accessPoint("02:00:00:00:00:01", kName, -50, 36)).security = Security::none;
   EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), says(false));
   facts.scan = Unknown{Reason::failed, ""};
+  EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), isUnknownFor(Reason::failed));
+}
+
+TEST_F(SavedNetworkChecks, AccuseNoKeyWhereAnAccessPointIsUnclear) {
+  save(kName, Security::none);
+  add(accessPoint("02:00:00:00:00:01", kName, -50, 36)).security = Security::unknown;
   EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), says(false));
 }
 

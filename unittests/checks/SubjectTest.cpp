@@ -43,6 +43,13 @@ TEST_F(SubjectTest, OfAnotherNameNeedsNoJoinedNetwork) {
   EXPECT_EQ(subject()->heard, &own());
 }
 
+TEST_F(SubjectTest, OfANameIsUnknownWhereNobodyKnowsWhatIsJoined) {
+  facts.link = Unknown{Reason::tookTooLong, "The kernel did not answer."};
+  askAbout(kName);
+  EXPECT_EQ(subject().why(), facts.link.why());
+  EXPECT_EQ(whyNotAMember({facts, settings, networkName}), facts.link.why());
+}
+
 TEST_F(SubjectTest, IsNotInRangeWhenNobodyHasTheName) {
   askAbout("Elsewhere");
   EXPECT_EQ(subject().why().reason, Reason::notInRange);

@@ -25,7 +25,10 @@ using ::testing::Not;
 
 AccessPoint point(const std::string& bssidEnd, std::optional<std::string> ssid,
                   std::optional<int> signal) {
-  return {.bssid = "02:00:00:00:00:" + bssidEnd, .ssid = std::move(ssid), .signal = signal};
+  return {.bssid = "02:00:00:00:00:" + bssidEnd,
+          .ssid = std::move(ssid),
+          .hidesName = false,
+          .signal = signal};
 }
 
 // The ends of the rows' BSSIDs, in order.

@@ -119,7 +119,9 @@ checks::AccessPoint readAccessPoint(const ValueReader& value) {
     fields.take("ssid", [&](const ValueReader& field) {
       if (!isNullPlaceholder(field.value())) point.ssid = readSsid(field);
     });
-    takeFlag(fields, "hidden", point.hidesName);
+    bool hidden = false;
+    takeFlag(fields, "hidden", hidden);
+    point.hidesName = hidden;
     takeInteger(fields, "signal", kLeastPower, kMostPower, point.signal);
     point.channel = takeOperatingChannel(fields);
     takeBeaconTimes(fields, point);

@@ -66,7 +66,7 @@ TEST(ScanEntry, TellsWhatTheAttributesAndTheElementsSay) {
   const checks::AccessPoint& point = all->accessPoint;
   EXPECT_EQ(point.bssid, "02:00:00:00:00:10");
   EXPECT_EQ(point.ssid, "Home");
-  EXPECT_FALSE(point.hidesName);
+  EXPECT_EQ(point.hidesName, false);
   EXPECT_EQ(point.signal, -45);
   ASSERT_TRUE(point.channel);
   EXPECT_EQ(point.channel->primary, 6);
@@ -86,19 +86,19 @@ TEST(ScanEntry, WithoutABssidIsNone) {
 TEST(ScanEntry, HasTheNameOfTheProbeResponseAndHidesItAsTheBeaconDoes) {
   const auto point = accessPoint(answered() + newest(ssid("Secret")) + beacon(ssid("")));
   EXPECT_EQ(point.ssid, "Secret");
-  EXPECT_TRUE(point.hidesName);
-  EXPECT_FALSE(accessPoint(answered() + newest(ssid("Home")) + beacon(ssid("Home"))).hidesName);
+  EXPECT_EQ(point.hidesName, true);
+  EXPECT_EQ(accessPoint(answered() + newest(ssid("Home")) + beacon(ssid("Home"))).hidesName, false);
 }
 
 TEST(ScanEntry, OfABeaconAloneHidesWhatTheBeaconHides) {
   const auto zeros = accessPoint(newest(element(kSsidId, Octets(6, 0))));
-  EXPECT_TRUE(zeros.hidesName);
+  EXPECT_EQ(zeros.hidesName, true);
   EXPECT_FALSE(zeros.ssid);
-  EXPECT_FALSE(accessPoint(newest(ssid("Home"))).hidesName);
+  EXPECT_EQ(accessPoint(newest(ssid("Home"))).hidesName, false);
 }
 
 TEST(ScanEntry, OfAProbeResponseAloneDoesNotTellWhetherItHides) {
-  EXPECT_FALSE(accessPoint(answered() + newest(ssid("Home"))).hidesName);
+  EXPECT_EQ(accessPoint(answered() + newest(ssid("Home"))).hidesName, std::nullopt);
 }
 
 TEST(ScanEntry, TakesFromTheBeaconWhatTheProbeResponseLacks) {
@@ -163,7 +163,7 @@ TEST(ScanList, KeepsTheEntryWithTheNameAndThatItIsHidden) {
     ASSERT_EQ(points.size(), 1U);
     const auto& point = points.begin()->second;
     EXPECT_EQ(point.ssid, "Secret");
-    EXPECT_TRUE(point.hidesName);
+    EXPECT_EQ(point.hidesName, true);
     EXPECT_EQ(point.country, "DE");
   }
 }

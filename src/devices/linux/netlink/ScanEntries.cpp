@@ -61,7 +61,7 @@ std::optional<AccessPoint> announced(const AccessPoint& sender,
   point.bssid = addressText(*other.bssid);
   if (point.bssid == sender.bssid) return std::nullopt;
   point.transmitterBssid = sender.bssid;
-  point.hidesName = other.network.ssid && other.network.ssid->hidden;
+  if (other.network.ssid) point.hidesName = other.network.ssid->hidden;
   point.signal = sender.signal;
   point.channel = sender.channel;
   point.modes = sender.modes;
@@ -174,7 +174,7 @@ class ListMaker {
  private:
   static void join(ScanEntry& kept, ScanEntry&& other) {
     // The kernel lists a hidden network twice when its name was told: as it hides, and with it.
-    const bool hides = kept.accessPoint.hidesName || other.accessPoint.hidesName;
+    const auto hides = std::max(kept.accessPoint.hidesName, other.accessPoint.hidesName);
     if (isBetter(other, kept)) std::swap(kept, other);
     kept.accessPoint.hidesName = hides;
     fill(kept.accessPoint.dtimPeriod, other.accessPoint.dtimPeriod);
