@@ -1,4 +1,5 @@
-// Writes entries made by hand, with the beacons of the tests in them, as inputs of fuzz_kernel.
+// Writes inputs of fuzz_kernel: what a kernel really said, and entries made by hand with the
+// beacons of the tests in them.
 //   kernel_corpus FOLDER
 
 #include <cstdio>
@@ -10,6 +11,7 @@
 #include <map>
 
 #include "KernelInput.h"
+#include "devices/linux/Captures.h"
 #include "devices/linux/NetlinkBytes.h"
 
 using namespace wifi_profile::machine;
@@ -67,8 +69,20 @@ Octets others() {
          attribute(NL80211_ATTR_REG_ALPHA2, "DE");
 }
 
+// Each size of each command's answer once: a list that is asked for twice says the same.
+void addCaptured(std::map<std::string, Octets>& made) {
+  for (const CapturedMessage& message : capturedMessages(kCapture)) {
+    const Octets& bytes = message.attributes;
+    const auto bss = Attributes(bytes).find(NL80211_ATTR_BSS);
+    made["captured-" + std::to_string(message.command) + "-" + std::to_string(bytes.size())] =
+        bss ? input(KernelInput::scanEntry, attribute(0, Octets(bss->begin(), bss->end())))
+            : input(KernelInput::others, bytes);
+  }
+}
+
 std::map<std::string, Octets> inputs() {
   std::map<std::string, Octets> made;
+  addCaptured(made);
   for (const auto& sample : wifi_profile::ieee80211::samples()) {
     made["scan-" + sample.name] = input(KernelInput::scanEntry, scanOf(sample));
   }

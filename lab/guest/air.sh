@@ -12,6 +12,7 @@
 #     load=S:U:A           the BSS Load element: stations, utilisation (of 255), admission capacity
 #     signal=DBM           how strong the client receives it (-30 when not given)
 #     away                 not connected to the wired side
+#     with=KEY=VALUE,...   more of hostapd's settings
 #   gone NUMBER, back NUMBER   the access point of that number goes out of, and comes into, range
 
 home=br-home # the bridge behind the access points
@@ -86,7 +87,7 @@ channelLines() { # WORD...
 }
 
 accessPoint() {
-  known "ssid bssid channel security password hidden rates ht40 country load signal away" "$@"
+  known "ssid bssid channel security password hidden rates ht40 country load signal away with" "$@"
   accessPoints=$((accessPoints + 1))
   radio=wlan$accessPoints
   file=/tmp/hostapd-$accessPoints.conf
@@ -104,6 +105,7 @@ accessPoint() {
     [ -z "$load" ] || printf 'bss_load_test=%s\n' "$load"
     channelLines "$@"
     securityLines "$(given security open "$@")" "$(given password '' "$@")"
+    given with '' "$@" | tr , '\n'
   } >"$file"
   inAir hostapd -B -f "/tmp/hostapd-$accessPoints.log" "$file" >/tmp/hostapd.out 2>&1 ||
     stop "hostapd does not start: $(tail -n 3 /tmp/hostapd.out "/tmp/hostapd-$accessPoints.log" | xargs)"
