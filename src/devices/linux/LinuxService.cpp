@@ -1,12 +1,27 @@
 #include "devices/linux/LinuxService.h"
 
+#include "checks/Subject.h"
 #include "devices/DeviceBackEnds.h"
 #include "platform/Number.h"
 
 namespace wifi_profile::machine {
 namespace {
 
+using checks::Fact;
 using checks::FactSet;
+
+// What is found out by sending something through the joined network.
+constexpr FactSet kReachFacts{Fact::lanPings,     Fact::wanPings,  Fact::nameResolution,
+                              Fact::portalProbe,  Fact::siteReach, Fact::sitePage,
+                              Fact::routerOutside};
+
+FactSet withoutReach(FactSet facts) {
+  FactSet rest{};
+  for (int i = 0; i < checks::kFactCount; ++i) {
+    if (facts.holds(Fact(i)) && !kReachFacts.holds(Fact(i))) rest = rest.with({Fact(i)});
+  }
+  return rest;
+}
 
 // Everything that tests of a run ask for.
 FactSet allFacts() {
@@ -65,7 +80,7 @@ LinuxService::Outcome LinuxService::serve(const VqDiagnosticsTestRequest& reques
 std::optional<checks::Facts> LinuxService::factsFor(const VqDiagnosticsTestRequest& request) {
   if (request.testID() != DiagnosticsTestID::NoScanResults) {
     const auto running = gathering(request);
-    return running ? running->await(checks::checkOf(request.testID()).needs) : std::nullopt;
+    return running ? awaitFacts(*running, request) : std::nullopt;
   }
   const auto cancellation = std::make_shared<Cancellation>();
   {
@@ -81,11 +96,27 @@ std::optional<checks::Facts> LinuxService::factsFor(const VqDiagnosticsTestReque
   return facts;
 }
 
+// A network that is not to be tested is not to be probed, either: nothing is sent before a test of
+// the joined network wants it.
+std::optional<checks::Facts> LinuxService::awaitFacts(Gathering& running,
+                                                      const VqDiagnosticsTestRequest& request) {
+  const FactSet needs = checks::checkOf(request.testID()).needs;
+  if (!needs.meets(kReachFacts)) return running.await(needs);
+  if (const TextRef name = networkNameOf(request)) {
+    auto known = running.await(withoutReach(needs));
+    if (!known) return std::nullopt;
+    const checks::Question question{.facts = *known, .settings = settings_, .networkName = name};
+    if (checks::whyNotAMember(question)) return known;
+  }
+  running.begin(kReachFacts);
+  return running.await(needs);
+}
+
 std::shared_ptr<Gathering> LinuxService::gathering(const VqDiagnosticsTestRequest& request) {
   const std::lock_guard lock(mutex_);
   if (!gathering_ && !closed_) {
     gathering_ = std::make_shared<Gathering>(finder_->errands(oldestScanOf(request)));
-    gathering_->begin(allFacts());
+    gathering_->begin(withoutReach(allFacts()));
   }
   return gathering_;
 }

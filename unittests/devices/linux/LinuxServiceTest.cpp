@@ -5,6 +5,7 @@
 #include "devices/linux/LinuxService.h"
 #include "platform/Array.h"
 #include "platform/Number.h"
+#include "tests/Batches.h"
 
 namespace wifi_profile::machine {
 namespace {
@@ -25,6 +26,7 @@ class Finder final : public FactFinder {
   bool scansForEver = false;
   std::atomic<int> scans = 0;
   std::atomic<int> runs = 0;
+  std::atomic<int> sendings = 0;
   std::chrono::seconds oldest{-1};
 
   checks::Known<checks::Link> link(const Patience& /*patience*/) override { return facts.link; }
@@ -40,7 +42,16 @@ class Finder final : public FactFinder {
 
   std::vector<Errand> errands(std::chrono::seconds oldestScan) override {
     ++runs;
-    return {{.name = "link",
+    return {{.name = "sending",
+             .gives = {Fact::lanPings, Fact::wanPings, Fact::nameResolution, Fact::portalProbe,
+                       Fact::siteReach, Fact::sitePage, Fact::routerOutside},
+             .after = {},
+             .limit = std::chrono::minutes(1),
+             .run = [this](const Facts&, const Patience&) -> Found {
+               ++sendings;
+               return [](Facts& all) { all.portalProbe = checks::PortalProbe{}; };
+             }},
+            {.name = "link",
              .gives = {Fact::link},
              .after = {},
              .limit = std::chrono::minutes(1),
@@ -71,10 +82,13 @@ class LinuxServiceTest : public ::testing::Test {
 
   DiagnosticsTestResults ask(DiagnosticsTestID test, VqErrorRef& error,
                              std::int64_t oldestScan = 60) {
-    return service.runDiagnosticsTests(
-        {VqDiagnosticsTestRequest::requestWithTestID(
-            test, makeDictionary({{"MaxScanCacheAge", Number::withInteger(oldestScan)}}))},
-        nullptr, nullptr, error);
+    return ask(test, error, {{"MaxScanCacheAge", Number::withInteger(oldestScan)}});
+  }
+  DiagnosticsTestResults ask(DiagnosticsTestID test, VqErrorRef& error,
+                             Dictionary::Entries configuration) {
+    return service.runDiagnosticsTests({VqDiagnosticsTestRequest::requestWithTestID(
+                                           test, makeDictionary(std::move(configuration)))},
+                                       nullptr, nullptr, error);
   }
 
   NoTrace trace;
@@ -107,6 +121,23 @@ TEST_F(LinuxServiceTest, FindsEverythingOutOnceARun) {
   EXPECT_EQ(finder->runs, 1);
   EXPECT_EQ(finder->scans, 1);
   EXPECT_EQ(finder->oldest, std::chrono::seconds(60));
+}
+
+TEST_F(LinuxServiceTest, SendsNothingForTestsOfTheDevice) {
+  VqErrorRef error;
+  for (const DiagnosticsTestID test : kDeviceConfigurationBatch) ask(test, error);
+  EXPECT_EQ(finder->sendings, 0);
+  ask(DiagnosticsTestID::PingLAN, error);
+  EXPECT_EQ(finder->sendings, 1);
+}
+
+TEST_F(LinuxServiceTest, SendsNothingThroughTheJoinedNetworkForTestsOfAnother) {
+  VqErrorRef error;
+  ask(DiagnosticsTestID::CaptivePortal, error, {{"NetworkName", makeText("Elsewhere")}});
+  EXPECT_EQ(finder->sendings, 0);
+  error = nullptr;
+  ask(DiagnosticsTestID::CaptivePortal, error, {{"NetworkName", makeText("Home")}});
+  EXPECT_EQ(finder->sendings, 1);
 }
 
 TEST_F(LinuxServiceTest, ACancelEndsTheRunAndTheNextFindsOutAnew) {
