@@ -1,6 +1,7 @@
 #include "devices/linux/Gathering.h"
 
 #include <algorithm>
+#include <system_error>
 
 namespace wifi_profile::machine {
 namespace {
@@ -98,10 +99,22 @@ void Gathering::begin(FactSet facts) {
 void Gathering::beginLocked(FactSet facts) {
   if (cancellation_.isCancelled()) return;
   for (Task& task : tasks_) {
-    if (task.thread.joinable() || !task.errand.gives.meets(facts)) continue;
-    task.thread = std::thread([this, &task] { perform(task); });
+    if (task.settled || task.thread.joinable() || !task.errand.gives.meets(facts)) continue;
+    try {
+      task.thread = std::thread([this, &task] { perform(task); });
+    } catch (const std::system_error&) {
+      giveUpLocked(task, {checks::Reason::failed,
+                          "The system has no threads left: close other programs, and try again."});
+      continue;
+    }
     beginLocked(task.errand.after);
   }
+}
+
+void Gathering::giveUpLocked(Task& task, const checks::Unknown& why) {
+  forgetAll(facts_, task.errand.gives, why);
+  task.settled = true;
+  changed_.notify_all();
 }
 
 void Gathering::perform(Task& task) {
@@ -164,15 +177,11 @@ std::optional<Clock::time_point> Gathering::nextOverdue() const {
 }
 
 void Gathering::settleOverdue() {
-  bool settled = false;
   for (Task& task : tasks_) {
     if (task.settled || !task.overdue || Clock::now() < *task.overdue) continue;
-    forgetAll(facts_, task.errand.gives,
-              {checks::Reason::tookTooLong,
-               "The " + task.errand.name + " took too long: try again in a while."});
-    task.settled = settled = true;
+    giveUpLocked(task, {checks::Reason::tookTooLong,
+                        "The " + task.errand.name + " took too long: try again in a while."});
   }
-  if (settled) changed_.notify_all();
 }
 
 }  // namespace wifi_profile::machine

@@ -36,7 +36,7 @@ struct Errand {
 class Gathering {
  public:
   // Every fact is given by one errand at most; those given by none are settled from the start, as
-  // not known.
+  // not known. Throws std::system_error when the system has no descriptors left.
   explicit Gathering(std::vector<Errand> errands);
   // Calls everything off, and waits for it.
   ~Gathering();
@@ -64,6 +64,7 @@ class Gathering {
   };
 
   void beginLocked(checks::FactSet facts);
+  void giveUpLocked(Task& task, const checks::Unknown& why);
   void perform(Task& task);
   void settleOverdue();
   bool isSettled(checks::FactSet facts) const;

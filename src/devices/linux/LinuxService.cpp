@@ -1,5 +1,8 @@
 #include "devices/linux/LinuxService.h"
 
+#include <algorithm>
+#include <system_error>
+
 #include "checks/Subject.h"
 #include "devices/DeviceBackEnds.h"
 #include "platform/Number.h"
@@ -34,12 +37,21 @@ VqErrorRef errorOf(const checks::Unknown& unknown) {
   return makeError(static_cast<std::int64_t>(unknown.reason), unknown.sentence);
 }
 
-// "MaxScanCacheAge" of a request's configuration; without one no cached scan is good enough.
+// "MaxScanCacheAge" of a request's configuration; without one, or with one that is no time, no
+// cached scan is good enough.
 std::chrono::seconds oldestScanOf(const VqDiagnosticsTestRequest& request) {
+  constexpr double kOldest = 1e9;  // older than any list
   const DictionaryRef& configuration = request.configuration();
-  const auto age =
+  const auto number =
       configuration ? as<Number>(configuration->objectForKey("MaxScanCacheAge")) : nullptr;
-  return std::chrono::seconds(age ? static_cast<std::int64_t>(age->toDouble()) : 0);
+  const double age = number ? number->toDouble() : 0;
+  return std::chrono::seconds(age > 0 ? static_cast<std::int64_t>(std::min(age, kOldest)) : 0);
+}
+
+// What else the system may lack ends in Unknown where it is asked for.
+VqErrorRef nothingLeft() {
+  return errorOf({checks::Reason::failed,
+                  "The system has no descriptors left: close other programs, and try again."});
 }
 
 }  // namespace
@@ -68,7 +80,12 @@ DiagnosticsTestResults LinuxService::runDiagnosticsTests(const VqDiagnosticsTest
 
 LinuxService::Outcome LinuxService::serve(const VqDiagnosticsTestRequest& request) {
   traceRequest(trace_, request);
-  const auto facts = factsFor(request);
+  std::optional<checks::Facts> facts;
+  try {
+    facts = factsFor(request);
+  } catch (const std::system_error&) {
+    return nothingLeft();
+  }
   if (!facts) return makeError(kCancelled, "cancelled");
   const checks::Answer answer =
       checks::checkOf(request.testID())
@@ -123,13 +140,17 @@ std::shared_ptr<Gathering> LinuxService::gathering(const VqDiagnosticsTestReques
 
 std::shared_ptr<const VqStatus> LinuxService::queryStatusForPeer(const VqPeer* /*peer*/,
                                                                  VqErrorRef& error) {
-  const Cancellation nobody;
-  const auto link = finder_->link({Clock::now() + kStatusLimit, nobody});
   VqWiFiStatus wifi;
-  if (link) {
-    wifi = {makeText(link->ssid), makeText(link->bssid)};
-  } else if (link.why().reason != checks::Reason::notJoined) {
-    error = errorOf(link.why());
+  try {
+    const Cancellation nobody;
+    const auto link = finder_->link({Clock::now() + kStatusLimit, nobody});
+    if (link) {
+      wifi = {makeText(link->ssid), makeText(link->bssid)};
+    } else if (link.why().reason != checks::Reason::notJoined) {
+      error = errorOf(link.why());
+    }
+  } catch (const std::system_error&) {
+    error = nothingLeft();
   }
   traceStatus(trace_, wifi, error);
   return std::make_shared<const VqStatus>(VqStatus{std::make_shared<const VqWiFiStatus>(wifi)});

@@ -1,5 +1,6 @@
 #include <atomic>
 #include <gtest/gtest.h>
+#include <pthread.h>
 #include <thread>
 
 #include "devices/linux/Gathering.h"
@@ -143,6 +144,46 @@ TEST(Gathering, ACancelReachesThoseThatHaveNotBegun) {
   while (begun == 0) std::this_thread::yield();
   gathering.cancel();
   EXPECT_FALSE(gathering.await({Fact::surveys}));
+}
+
+// While it lives, no thread can be had: there is no room for a stack.
+class NoThreads {
+ public:
+  NoThreads() {
+    pthread_getattr_default_np(&before_);
+    pthread_attr_t huge;
+    pthread_attr_init(&huge);
+    pthread_attr_setstacksize(&huge, std::size_t{1} << 47U);
+    pthread_setattr_default_np(&huge);
+    pthread_attr_destroy(&huge);
+  }
+  ~NoThreads() {
+    pthread_setattr_default_np(&before_);
+    pthread_attr_destroy(&before_);
+  }
+  NoThreads(const NoThreads&) = delete;
+  NoThreads& operator=(const NoThreads&) = delete;
+
+ private:
+  pthread_attr_t before_{};
+};
+
+TEST(Gathering, AnErrandWithoutAThreadFails) {
+  Errand second = linkErrand("never");
+  second.gives = {Fact::surveys};
+  second.after = {Fact::link};
+  Gathering gathering({linkErrand("Home"), second});
+  std::optional<Facts> facts;
+  {
+    const NoThreads none;
+    facts = gathering.await({Fact::link, Fact::surveys});
+  }
+  ASSERT_TRUE(facts);
+  ASSERT_FALSE(facts->link);
+  EXPECT_EQ(facts->link.why().reason, Reason::failed);
+  EXPECT_NE(facts->link.why().sentence.find("no threads left"), std::string::npos);
+  EXPECT_EQ(facts->surveys.why(), facts->link.why());
+  EXPECT_FALSE(gathering.await({Fact::link})->link);  // whatever there is later
 }
 
 TEST(Gathering, ItsEndCallsOffWhatIsUnderWay) {

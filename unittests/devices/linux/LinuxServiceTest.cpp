@@ -1,5 +1,7 @@
 #include <atomic>
 #include <gtest/gtest.h>
+#include <limits>
+#include <sys/resource.h>
 #include <thread>
 
 #include "devices/linux/LinuxService.h"
@@ -121,6 +123,47 @@ TEST_F(LinuxServiceTest, FindsEverythingOutOnceARun) {
   EXPECT_EQ(finder->runs, 1);
   EXPECT_EQ(finder->scans, 1);
   EXPECT_EQ(finder->oldest, std::chrono::seconds(60));
+}
+
+TEST_F(LinuxServiceTest, TakesAnAgeThatIsNoTimeForNone) {
+  VqErrorRef error;
+  for (const double age : {std::numeric_limits<double>::quiet_NaN(), -1.0, -1e300}) {
+    ask(DiagnosticsTestID::NoScanResults, error, {{"MaxScanCacheAge", Number::withDouble(age)}});
+    EXPECT_EQ(finder->oldest, std::chrono::seconds(0)) << age;
+  }
+  for (const double age : {1e9, 1e300, std::numeric_limits<double>::infinity()}) {
+    ask(DiagnosticsTestID::NoScanResults, error, {{"MaxScanCacheAge", Number::withDouble(age)}});
+    EXPECT_EQ(finder->oldest, std::chrono::seconds(1'000'000'000)) << age;
+  }
+}
+
+// While it lives, no descriptor can be had.
+class NoDescriptors {
+ public:
+  NoDescriptors() {
+    getrlimit(RLIMIT_NOFILE, &before_);
+    const rlimit none{0, before_.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &none);
+  }
+  ~NoDescriptors() { setrlimit(RLIMIT_NOFILE, &before_); }
+  NoDescriptors(const NoDescriptors&) = delete;
+  NoDescriptors& operator=(const NoDescriptors&) = delete;
+
+ private:
+  rlimit before_{};
+};
+
+TEST_F(LinuxServiceTest, WithoutDescriptorsAnswersWithErrors) {
+  const NoDescriptors none;
+  for (const auto test : {DiagnosticsTestID::NoScanResults, DiagnosticsTestID::PoorSignal}) {
+    VqErrorRef error;
+    EXPECT_FALSE(ask(test, error));
+    ASSERT_NE(error, nullptr);
+    EXPECT_EQ(error->code(), static_cast<std::int64_t>(Reason::failed));
+  }
+  VqErrorRef error;
+  EXPECT_EQ(service.queryStatusForPeer(nullptr, error)->wifi->ssidString, nullptr);
+  EXPECT_NE(error, nullptr);
 }
 
 TEST_F(LinuxServiceTest, SendsNothingForTestsOfTheDevice) {
