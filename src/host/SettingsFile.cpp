@@ -5,35 +5,58 @@
 #include <filesystem>
 #include <fmt/format.h>
 
+#include "checks/IpAddresses.h"
+#include "devices/linux/reach/Http.h"
 #include "devices/scenario/ValueReader.h"
 #include "devices/scenario/WorldReader.h"
+#include "devices/scenario/WorldValues.h"
 #include "runtime/JsonReader.h"
 
 namespace wifi_profile {
 namespace {
 
 using scenario::FieldsReader;
+using scenario::takeText;
 using scenario::ValueReader;
 
 constexpr std::string_view kName = "wifi-profile/settings.json";
 // RFC 1035, 2.3.4; addresses are shorter.
 constexpr std::size_t kLongestHost = 253;
+constexpr std::size_t kLongestLabel = 63;
 
 bool isPlain(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return c > ' ' && c < '\x7f'; });
 }
 
-void takeText(FieldsReader& fields, std::string_view key, std::string& text) {
-  fields.take(key, [&](const ValueReader& field) { text = field.text(); });
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+bool isLabel(std::string_view label) {
+  return !label.empty() && label.size() <= kLongestLabel &&
+         std::all_of(label.begin(), label.end(), [](char c) {
+           return isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '-' ||
+                  c == '_';
+         });
+}
+
+// Labels with dots between them, and perhaps one behind the last. No name ends in a number (RFC
+// 3696, 2): such a text is a broken address.
+bool isHostName(std::string_view name) {
+  if (name.size() > kLongestHost) return false;
+  if (name.ends_with('.')) name.remove_suffix(1);
+  while (true) {
+    const std::size_t dot = name.find('.');
+    const std::string_view label = name.substr(0, dot);
+    if (!isLabel(label)) return false;
+    if (dot == std::string_view::npos) return !std::all_of(label.begin(), label.end(), isDigit);
+    name.remove_prefix(dot + 1);
+  }
 }
 
 void takeHost(FieldsReader& fields, std::string_view key, std::string& host) {
   fields.take(key, [&](const ValueReader& field) {
     host = field.text();
-    if (host.empty() || host.size() > kLongestHost || !isPlain(host) ||
-        host.find('/') != std::string::npos) {
-      field.fail("the name or the numeric address of a host");
-    }
+    if (checks::ipv4KindOf(host) || checks::ipv6KindOf(host) || isHostName(host)) return;
+    field.fail("the name or the numeric address of a host");
   });
 }
 
@@ -71,11 +94,14 @@ void readSettings(const ValueReader& document, ToolSettings& settings) {
 
 }  // namespace
 
-bool isWebAddress(std::string_view text) {
+// The reader of addresses that fetches them later takes more for one than is good in a settings
+// file, such as one slash in the place of two.
+bool isWebAddress(const std::string& text) {
   for (const std::string_view kind : {"http://", "https://"}) {
     if (!text.starts_with(kind)) continue;
-    const std::string_view rest = text.substr(kind.size());
-    return isPlain(text) && !rest.empty() && rest.front() != '/' && rest.front() != ':';
+    const auto parts = machine::partsOf(text);
+    const bool hasHost = text.size() > kind.size() && text[kind.size()] != '/';
+    return hasHost && isPlain(text) && parts && parts->port != "0";
   }
   return false;
 }

@@ -25,7 +25,8 @@ std::vector<std::string> settingsFiles();
 // The defaults, changed by what each of the files sets; files that are not there set nothing.
 std::variant<ToolSettings, Problem> readSettingsFiles(const std::vector<std::string>& files);
 
-// Whether a text is the address of a page: http or https, a host, no blanks.
-bool isWebAddress(std::string_view text);
+// Whether a text is the address of a page: http or https, a host, a port of 1 to 65535 if there is
+// one, no blanks.
+bool isWebAddress(const std::string& text);
 
 }  // namespace wifi_profile

@@ -351,13 +351,17 @@ TEST(WorldReader, ReadsAddresses) {
                                                .ipv6Gateway = "fe80::2",
                                                .dnsServers = {"192.168.1.1"}}));
   EXPECT_EQ(*facts(R"({"addresses":{}})").addresses, checks::Addresses{});
-  for (const char* address :
-       {"", "1.2.3", "1.2.3.4.5", "1.2.3.256", "1.2.3.", "1..2.3", "a", "1.2.3.4 ", "-1.2.3.4"}) {
+  for (const char* address : {"", "1.2.3", "1.2.3.4.5", "1.2.3.256", "1.2.3.", "1..2.3", "a",
+                              "1.2.3.4 ", "-1.2.3.4", "192.0.2.01"}) {
     EXPECT_EQ(faultIn(R"({"addresses":{"ipv4Gateway":")" + std::string(address) + R"("}})")
                   .find("/world/addresses/ipv4Gateway: found the text"),
               0U)
         << address;
   }
+  EXPECT_EQ(faultIn(R"({"addresses":{"ipv6":["fe80::1","fe80::1%wlan0"]}})"),
+            "/world/addresses/ipv6/1: found the text \"fe80::1%wlan0\", expected an IPv6 address "
+            "such as \"2001:db8::1\"");
+  EXPECT_NE(faultIn(R"({"addresses":{"ipv6Gateway":"192.0.2.1"}})"), "");
 }
 
 TEST(WorldReader, ReadsTheActiveProfile) {
@@ -493,6 +497,27 @@ TEST(WorldReader, ReadsSettingsByName) {
             "/world/settings/congestedBusyShare: found the number 70, expected a number from 0 to "
             "1");
   EXPECT_NE(faultIn(R"({"settings":{"poorSignal":-70}})"), "");
+}
+
+TEST(WorldReader, TakesNetworksAndFirstBytesThatCanMatch) {
+  for (const char* subnet : {"", "192.168.43.0", "192.168.43.0/", "192.168.43.0/33", "a/24",
+                             "192.168.43/24", "fe80::/64", "10.0.0.0/8 "}) {
+    EXPECT_EQ(faultIn(R"({"settings":{"hotspotSubnets":["10.0.0.0/0",")" + std::string(subnet) +
+                      R"("]}})"),
+              "/world/settings/hotspotSubnets/1: found the text \"" + std::string(subnet) +
+                  "\", expected a network such as \"192.168.43.0/24\"");
+  }
+  EXPECT_EQ(
+      worldOf(R"({"settings":{"baseStationAddressBlocks":["02:21:8D","02","02:21:8d:00:00:01"]}})")
+          .settings.baseStationAddressBlocks,
+      (std::vector<std::string>{"02:21:8d", "02", "02:21:8d:00:00:01"}));
+  for (const char* block : {"", "02-21-8D", "0", "02:", "02:2", "02:2g", "2:21:8d", ":02",
+                            "02:21:8d:00:00:01:02", "02218d"}) {
+    EXPECT_EQ(
+        faultIn(R"({"settings":{"baseStationAddressBlocks":[")" + std::string(block) + R"("]}})"),
+        "/world/settings/baseStationAddressBlocks/0: found the text \"" + std::string(block) +
+            "\", expected the first bytes of an address, such as \"02:21:8d\"");
+  }
 }
 
 TEST(WorldReader, ReadsDelaysOfAllTestsOrOfSome) {

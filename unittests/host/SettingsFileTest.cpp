@@ -126,16 +126,30 @@ TEST_F(SettingsFiles, WithAFaultAreRefusedWithItsPointer) {
   EXPECT_THAT(problem(R"({"internet":{"ping":"x"}})"), HasSubstr("one: at /internet/ping: found"));
 }
 
+// A name of as many labels, each as long as can be.
+std::string labels(int count) {
+  std::string name(63, 'a');
+  for (int i = 1; i < count; ++i) name += "." + std::string(63, 'a');
+  return name;
+}
+
 TEST_F(SettingsFiles, NameHostsAsHosts) {
   for (const std::string& host :
        {std::string(), std::string("a b"), std::string("http://x/"), std::string("\\u0007"),
-        std::string("b\xc3\xbc"), std::string(254, 'a')}) {
+        std::string("b\xc3\xbc"), std::string("example.com:80"), std::string("999.1.1.1"),
+        std::string("192.0.2.1."), std::string("1"), std::string("[2001:db8::1]"),
+        std::string("2001:db8::12345"), std::string("a..b"), std::string("."), std::string(64, 'a'),
+        labels(4) + ".a"}) {
     const std::string text = R"({"internet":{"pingHost":")" + host + "\"}}";
     EXPECT_THAT(problem(text), HasSubstr("one: at /internet/pingHost: found ")) << host;
   }
-  const std::string longest(253, 'a');
-  EXPECT_EQ(settings(R"({"internet":{"name":")" + longest + "\"}}").targets.name, longest);
-  EXPECT_EQ(settings(R"({"internet":{"pingHost":"2001:db8::1"}})").targets.pingHost, "2001:db8::1");
+  const std::string longest = labels(4).substr(2);
+  ASSERT_EQ(longest.size(), 253U);
+  for (const std::string& host :
+       {longest, std::string("192.0.2.1"), std::string("2001:db8::1"), std::string("_a-1.Example."),
+        std::string("router"), std::string("1.example")}) {
+    EXPECT_EQ(settings(R"({"internet":{"name":")" + host + "\"}}").targets.name, host);
+  }
 }
 
 TEST_F(SettingsFiles, LookForSignInPagesOverPlainHttpOnly) {
@@ -180,8 +194,10 @@ TEST(WebAddress, IsHttpWithAHost) {
                               "http://192.0.2.1:80/a?b#c"}) {
     EXPECT_TRUE(isWebAddress(address)) << address;
   }
-  for (const char* address : {"", "http://", "https:///x", "http://:80/", "ftp://x/", "example.com",
-                              "http://a b/", "http://a\n", "HTTP//a", "http://\xc3\xbc/"}) {
+  for (const char* address :
+       {"", "http://", "https:///x", "http://:80/", "ftp://x/", "example.com", "http://a b/",
+        "http://a\n", "HTTP//a", "http://\xc3\xbc/", "https://example.com:99999/",
+        "https://example.com:0/", "https://[::1", "http://?x", "https://user@/"}) {
     EXPECT_FALSE(isWebAddress(address)) << address;
   }
 }

@@ -46,13 +46,12 @@ checks::SavedNetwork readSavedNetwork(const ValueReader& value) {
 checks::Addresses readAddresses(const ValueReader& value) {
   checks::Addresses addresses;
   value.object([&](FieldsReader& fields) {
-    fields.take("ipv4", [&](const ValueReader& field) {
-      field.list([&](const ValueReader& address) { addresses.ipv4.push_back(readIpv4(address)); });
-    });
-    takeTexts(fields, "ipv6", addresses.ipv6);
+    takeTexts(fields, "ipv4", addresses.ipv4, readIpv4);
+    takeTexts(fields, "ipv6", addresses.ipv6, readIpv6);
     fields.take("ipv4Gateway",
                 [&](const ValueReader& field) { addresses.ipv4Gateway = readIpv4(field); });
-    takeText(fields, "ipv6Gateway", addresses.ipv6Gateway);
+    fields.take("ipv6Gateway",
+                [&](const ValueReader& field) { addresses.ipv6Gateway = readIpv6(field); });
     takeTexts(fields, "dnsServers", addresses.dnsServers);
   });
   return addresses;

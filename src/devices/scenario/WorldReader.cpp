@@ -1,5 +1,6 @@
 #include "devices/scenario/WorldReader.h"
 
+#include "checks/IpAddresses.h"
 #include "devices/scenario/Scenario.h"
 #include "devices/scenario/WorldParts.h"
 #include "devices/scenario/WorldValues.h"
@@ -101,6 +102,27 @@ void takeFacts(FieldsReader& fields, checks::Facts& facts) {
        "what stands between the router and the internet");
 }
 
+// An IPv4 network, such as 192.168.43.0/24.
+std::string readSubnet(const ValueReader& value) {
+  std::string subnet = value.text();
+  if (!checks::isInSubnet(subnet.substr(0, subnet.find('/')), subnet)) {
+    value.fail("a network such as \"192.168.43.0/24\"");
+  }
+  return subnet;
+}
+
+// The first bytes of addresses, made lower-case.
+std::string readAddressBlock(const ValueReader& value) {
+  constexpr std::string_view kAnyRest = "00:00:00:00:00:00";
+  const std::string block = value.text();
+  const bool isWhole = block.size() % 3 == 2 && block.size() <= kAnyRest.size();
+  const auto address =
+      isWhole ? addressIn(block + std::string(kAnyRest.substr(block.size()))) : std::nullopt;
+  if (address) return address->substr(0, block.size());
+  value.fail("the first bytes of an address, such as \"02:21:8d\"");
+  return {};
+}
+
 // One time for all tests, or times by the tests' names.
 void readDelay(const ValueReader& value, World& world) {
   if (!as<Dictionary>(value.value())) {
@@ -137,9 +159,10 @@ void readCheckSettings(const ValueReader& value, checks::Settings& settings) {
       settings.congestedNeighbours = field.number(0, kMost);
     });
     takeTexts(fields, "ambiguousNames", settings.ambiguousNames);
-    takeTexts(fields, "hotspotSubnets", settings.hotspotSubnets);
+    takeTexts(fields, "hotspotSubnets", settings.hotspotSubnets, readSubnet);
     takeTexts(fields, "baseStationMakers", settings.baseStationMakers);
-    takeTexts(fields, "baseStationAddressBlocks", settings.baseStationAddressBlocks);
+    takeTexts(fields, "baseStationAddressBlocks", settings.baseStationAddressBlocks,
+              readAddressBlock);
   });
 }
 

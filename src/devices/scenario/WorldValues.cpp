@@ -1,8 +1,8 @@
 #include "devices/scenario/WorldValues.h"
 
 #include <algorithm>
-#include <charconv>
 
+#include "checks/IpAddresses.h"
 #include "platform/Number.h"
 
 namespace wifi_profile::scenario {
@@ -27,9 +27,14 @@ void takeFlag(FieldsReader& fields, std::string_view key, std::optional<bool>& t
 }
 
 void takeTexts(FieldsReader& fields, std::string_view key, std::vector<std::string>& target) {
+  takeTexts(fields, key, target, [](const ValueReader& text) { return text.text(); });
+}
+
+void takeTexts(FieldsReader& fields, std::string_view key, std::vector<std::string>& target,
+               std::string (*read)(const ValueReader&)) {
   fields.take(key, [&](const ValueReader& field) {
     target.clear();
-    field.list([&](const ValueReader& text) { target.push_back(text.text()); });
+    field.list([&](const ValueReader& text) { target.push_back(read(text)); });
   });
 }
 
@@ -54,19 +59,23 @@ std::string readSsid(const ValueReader& value) {
   return "?";
 }
 
-std::string readBssid(const ValueReader& value) {
+std::optional<std::string> addressIn(std::string text) {
   constexpr std::string_view kPattern = "xx:xx:xx:xx:xx:xx";
-  const auto text = as<Text>(value.value());
-  std::string address = text ? text->string() : "";
   const auto isDigit = [](char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f'); };
-  for (char& c : address) {
+  for (char& c : text) {
     if (c >= 'A' && c <= 'F') c = static_cast<char>(c - 'A' + 'a');
   }
   const bool fits =
-      std::equal(address.begin(), address.end(), kPattern.begin(), kPattern.end(),
+      std::equal(text.begin(), text.end(), kPattern.begin(), kPattern.end(),
                  [&](char c, char pattern) { return pattern == 'x' ? isDigit(c) : c == pattern; });
-  if (!fits) value.fail("an address such as \"02:00:00:00:00:01\"");
-  return fits ? address : "02:00:00:00:00:00";
+  return fits ? std::optional(std::move(text)) : std::nullopt;
+}
+
+std::string readBssid(const ValueReader& value) {
+  const auto text = as<Text>(value.value());
+  if (const auto address = addressIn(text ? text->string() : "")) return *address;
+  value.fail("an address such as \"02:00:00:00:00:01\"");
+  return "02:00:00:00:00:00";
 }
 
 std::string readCountry(const ValueReader& value) {
@@ -81,20 +90,16 @@ std::string readCountry(const ValueReader& value) {
 
 std::string readIpv4(const ValueReader& value) {
   const auto text = as<Text>(value.value());
-  std::string address = text ? text->string() : "";
-  const char* next = address.data();
-  const char* const end = next + address.size();
-  for (int part = 0; part < 4; ++part) {
-    unsigned number = 0;
-    const auto [after, error] = std::from_chars(next, end, number);
-    const bool dotted = part == 3 ? after == end : after != end && *after == '.';
-    if (error != std::errc() || number > 255 || !dotted) {
-      value.fail("an IPv4 address such as \"192.0.2.1\"");
-      return "0.0.0.0";
-    }
-    next = after + 1;
-  }
-  return address;
+  if (text && checks::ipv4KindOf(text->string())) return text->string();
+  value.fail("an IPv4 address such as \"192.0.2.1\"");
+  return "0.0.0.0";
+}
+
+std::string readIpv6(const ValueReader& value) {
+  const auto text = as<Text>(value.value());
+  if (text && checks::ipv6KindOf(text->string())) return text->string();
+  value.fail("an IPv6 address such as \"2001:db8::1\"");
+  return "::";
 }
 
 Security readSecurity(const ValueReader& value) {

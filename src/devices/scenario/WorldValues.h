@@ -34,14 +34,21 @@ void takeText(FieldsReader& fields, std::string_view key, std::optional<std::str
 void takeFlag(FieldsReader& fields, std::string_view key, bool& target);
 void takeFlag(FieldsReader& fields, std::string_view key, std::optional<bool>& target);
 void takeTexts(FieldsReader& fields, std::string_view key, std::vector<std::string>& target);
+// The same of a list of texts that `read` must take.
+void takeTexts(FieldsReader& fields, std::string_view key, std::vector<std::string>& target,
+               std::string (*read)(const ValueReader&));
 void takeInteger(FieldsReader& fields, std::string_view key, int least, int most, int& target);
 void takeInteger(FieldsReader& fields, std::string_view key, int least, int most,
                  std::optional<int>& target);
+
+// The MAC address that is a text, made lower-case; nothing: it is none.
+std::optional<std::string> addressIn(std::string text);
 
 std::string readSsid(const ValueReader& value);     // 1 to 32 bytes
 std::string readBssid(const ValueReader& value);    // made lower-case
 std::string readCountry(const ValueReader& value);  // two capital letters
 std::string readIpv4(const ValueReader& value);     // dotted
+std::string readIpv6(const ValueReader& value);     // without a scope
 ieee80211::Security readSecurity(const ValueReader& value);
 ieee80211::Band readBand(const ValueReader& value);
 
