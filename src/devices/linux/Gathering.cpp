@@ -10,9 +10,6 @@ using checks::Fact;
 using checks::Facts;
 using checks::FactSet;
 
-// What an errand may overrun its limit by before it is left behind.
-constexpr std::chrono::milliseconds kGrace{250};
-
 void forget(Facts& facts, Fact fact, const checks::Unknown& why) {
   switch (fact) {
     case Fact::link:

@@ -17,9 +17,8 @@ using checks::Fact;
 using checks::Known;
 using std::chrono::milliseconds;
 
-// Longest times, from the beginning of each errand. What answers at all answers in much less.
+// From the beginning of an errand. The kernel answers in much less.
 constexpr milliseconds kKernelLimit{3'000};
-constexpr milliseconds kServicesLimit{5'000};
 
 template <class T>
 Found put(Known<T> checks::Facts::*member, Known<T> fact) {

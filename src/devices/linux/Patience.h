@@ -42,6 +42,13 @@ struct Patience {
 // take seconds.
 inline constexpr std::chrono::milliseconds kScanLimit{20'000};
 
+// Longest time for an answer of the machine's services, which answer at once or hang. A run sends
+// nothing through the link before it has theirs, or has given them up.
+inline constexpr std::chrono::milliseconds kServicesLimit{1'400};
+
+// What an errand may overrun its limit by before it is left behind.
+inline constexpr std::chrono::milliseconds kGrace{250};
+
 enum class Waited { ready, deadline, cancelled };
 
 // Waits until `descriptor` has one of poll's `events` (or an error), the deadline has passed or the

@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "devices/linux/LinuxService.h"
+#include "devices/linux/ReachErrands.h"
 #include "platform/Array.h"
 #include "platform/Number.h"
 #include "tests/Batches.h"
@@ -172,6 +173,16 @@ TEST_F(LinuxServiceTest, SendsNothingForTestsOfTheDevice) {
   EXPECT_EQ(finder->sendings, 0);
   ask(DiagnosticsTestID::PingLAN, error);
   EXPECT_EQ(finder->sendings, 1);
+}
+
+// What is sent first waits for the services at most, where the scan is the kernel's last one.
+TEST(LimitsOfARun, LeaveTheLastAnswerWithin15SecondsOfTheScan) {
+  std::vector<Errand> errands;
+  addReachErrands(errands, "lo", {});
+  for (const Errand& errand : errands) {
+    EXPECT_LT(kServicesLimit + kGrace + errand.limit + kGrace, std::chrono::seconds(15))
+        << errand.name;
+  }
 }
 
 TEST_F(LinuxServiceTest, SendsNothingThroughTheJoinedNetworkForTestsOfAnother) {
