@@ -126,6 +126,16 @@ CLI::App* addRun(CLI::App& app, RunOptions& run, RunTexts& texts) {
   return command;
 }
 
+int scanCacheAge(const std::string& given) {
+  int age = 0;
+  const char* const last = given.data() + given.size();
+  const auto [end, error] = std::from_chars(given.data(), last, age);
+  if (error == std::errc() && end == last && age >= 0 && age <= 600) return age;
+  throw CLI::ValidationError(
+      "--max-scan-cache-age",
+      fmt::format("found \"{}\", expected a whole number from 0 to 600 (seconds)", given));
+}
+
 CLI::App* addScan(CLI::App& app, ScanOptions& scan) {
   CLI::App* command = app.add_subcommand("scan", "List the networks in range");
   command->footer(kScanExamples);
@@ -135,16 +145,11 @@ CLI::App* addScan(CLI::App& app, ScanOptions& scan) {
       ->type_name("DEVICE");
   command->add_flag("--all", scan.all, "Every access point, not only the strongest of a name");
   command
-      ->add_option("--max-scan-cache-age", scan.maxScanCacheAge,
-                   "Oldest scan to accept, in seconds (0 to 600) [60]")
-      ->type_name("SECONDS")
-      ->check([](const std::string& given) {
-        int age = 0;
-        const char* const last = given.data() + given.size();
-        const auto [end, error] = std::from_chars(given.data(), last, age);
-        if (error == std::errc() && end == last && age >= 0 && age <= 600) return std::string();
-        return fmt::format("found \"{}\", expected a whole number from 0 to 600 (seconds)", given);
-      });
+      ->add_option_function<std::string>(
+          "--max-scan-cache-age",
+          [&scan](const std::string& given) { scan.maxScanCacheAge = scanCacheAge(given); },
+          "Oldest scan to accept, in seconds (0 to 600) [60]")
+      ->type_name("SECONDS");
   command->add_flag("--json", scan.json, "As JSON, for programs");
   return command;
 }

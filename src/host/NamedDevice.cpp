@@ -47,9 +47,16 @@ std::variant<scenario::Scenario, Failure> readScenarioDevice(const std::string& 
 
 std::variant<std::shared_ptr<const machine::Machine>, Failure> openMachine(
     const std::optional<std::string>& device) {
-  const bool namesInterface = device && device->starts_with(kInterfaceOfMachine);
-  auto opened =
-      machine::Machine::open(namesInterface ? device->substr(kInterfaceOfMachine.size()) : "");
+  std::string interface;
+  if (device && device->starts_with(kInterfaceOfMachine)) {
+    interface = device->substr(kInterfaceOfMachine.size());
+    if (interface.empty()) {
+      return Failure{kExitUsage, unexpected("--device", "\"linux:\" without a name",
+                                            "linux, or linux:IFNAME such as linux:wlan0")
+                                     .message};
+    }
+  }
+  auto opened = machine::Machine::open(interface);
   if (const auto* why = std::get_if<checks::Unknown>(&opened)) {
     return Failure{kExitNoDevice, fmt::format("{}{} Without Wi-Fi there is --device demo.",
                                               device ? *device + ": " : "", why->sentence)};

@@ -1,5 +1,7 @@
 #include "host/NetworksInRange.h"
 
+#include <fmt/format.h>
+
 #include "host/ExitStatus.h"
 #include "host/Files.h"
 #include "host/NamedDevice.h"
@@ -32,6 +34,10 @@ std::variant<NetworksInRange, Failure> networksInRange(const ScanOptions& option
   auto read = readScenarioDevice(*options.device);
   if (auto* failure = std::get_if<Failure>(&read)) return std::move(*failure);
   const auto& world = std::get<scenario::Scenario>(read).world;
+  if (world && !world->facts.scan && !world->facts.scan.why().sentence.empty()) {
+    return Failure{kExitNoDevice,
+                   fmt::format("{}: {}", *options.device, world->facts.scan.why().sentence)};
+  }
   if (!world || !world->facts.scan) {
     return Failure{kExitNoDevice, unexpected(*options.device, "no \"scan\" in a \"world\"",
                                              "a scenario whose world has one")

@@ -35,19 +35,30 @@ TEST_F(ProgramOnDevices, ListsTheNetworksInRangeForPrograms) {
 TEST_F(ProgramOnDevices, FindsNoNetworksOnADeviceWithoutAir) {
   expectRefusal(run("scan --device " + file("scenario.json", R"({"scenario":1})")), 69,
                 "a scenario whose world has one");
+  const std::string off =
+      file("off.json", R"({"scenario":1,"world":{"scan":{"unknown":"radioOff"}}})");
+  expectRefusal(run("scan --device " + off), 69, "off.json: Wi-Fi is switched off.");
   expectRefusal(run("scan --device /nowhere/x.json"), 65, "/nowhere/x.json");
 }
 
 TEST_F(ProgramOnDevices, RefusesAnAgeThatIsNoneInTheSameWordsForEveryCommand) {
   for (const char* command : {"run --device demo", "scan --device demo"}) {
     const std::string age = std::string(command) + " --max-scan-cache-age ";
-    for (const char* given : {"x", "-1", "1.5", "''", "7s"}) {
+    for (const char* given : {"x", "-1", "1.5", "''", "7s", "0x10", "+5"}) {
       expectRefusal(run(age + given), 64, "expected a whole number from 0 to 600 (seconds)");
     }
     expectRefusal(run(age + "601"), 64, "from 0 to 600 (seconds)");
   }
-  EXPECT_EQ(run("scan --device demo --max-scan-cache-age 600").status, 0);
-  EXPECT_EQ(run("scan --device demo --max-scan-cache-age 0").status, 0);
+  for (const char* age : {"0", "08", "600", "0600"}) {
+    EXPECT_EQ(run(std::string("scan --device demo --max-scan-cache-age ") + age).status, 0) << age;
+  }
+}
+
+TEST_F(ProgramOnDevices, WantsANameWhereOneIsAnnounced) {
+  for (const char* command : {"run", "scan"}) {
+    expectRefusal(run(std::string(command) + " --device linux:"), 64,
+                  "--device: found \"linux:\" without a name, expected linux, or linux:IFNAME");
+  }
 }
 
 // No machine has an interface with a name as long as this one.
