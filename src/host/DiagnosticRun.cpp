@@ -142,8 +142,8 @@ void DiagnosticRun::tearDown() {
   }
   script_.end();
   surroundings_.trace.event("host.teardown", {});
+  device_.close();  // before the requests go on that the teardown cancels
   controller_->teardown();
-  device_.close();
 }
 
 bool DiagnosticRun::isOver() const {

@@ -35,7 +35,7 @@ struct RunDevice {
   // For a device on paper: its parts that a script works on, and the script.
   std::optional<scenario::ScenarioDevice> paper = std::nullopt;
   std::vector<scenario::Step> user = {};
-  // For a machine: the host has torn the run down, and nothing more is to be found out.
+  // For a machine: the host tears the run down, and nothing more is to be found out.
   std::function<void()> close = [] {};
 };
 

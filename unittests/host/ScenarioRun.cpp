@@ -64,8 +64,10 @@ ScenarioResult runScenario(const std::string& json, RunLoop& loop, const Wish& w
   {
     TraceFile trace(loop, TraceFile::File(std::fopen(tracePath.c_str(), "wb")));
     ProgressLine line(lines.get(), ProgressLine::Shows::lines);
+    RunDevice device = onPaper(std::get<scenario::Scenario>(read), loop, trace);
+    if (wish.traceClose) device.close = [&trace] { trace.event("device.close", {}); };
     const auto run = std::make_shared<DiagnosticRun>(
-        onPaper(std::get<scenario::Scenario>(read), loop, trace), inputsFor(wish),
+        std::move(device), inputsFor(wish),
         Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>(wish.language),
                      std::make_shared<IcuNameCollator>(wish.language), wish.person});
     Journal journal;

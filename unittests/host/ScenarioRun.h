@@ -34,6 +34,7 @@ struct Wish {
   bool pick = false;
   std::string_view language = kKeysLanguage;
   std::shared_ptr<PersonScreen> person;
+  bool traceClose = false;  // the device's end is an event, "device.close"
 };
 
 // A scenario file of the project, such as "scenarios/demo.json".

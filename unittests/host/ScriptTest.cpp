@@ -36,6 +36,15 @@ TEST(Script, TeardownDuringATestEndsWithoutARecordAndDrainsTheWork) {
   EXPECT_THAT(result.trace, HasSubstr(R"("event":"host.finished")"));  // late, and only shown
 }
 
+// Or else a request could begin something between the cancel and that.
+TEST(Script, ATeardownClosesTheDeviceBeforeItCancelsItsRequests) {
+  Wish wish;
+  wish.traceClose = true;
+  const auto result = runInVirtualTime(R"({"scenario":1,"user":[]})", 0, wish);
+  EXPECT_LT(positionOf(result.trace, "host.teardown"), positionOf(result.trace, "device.close"));
+  EXPECT_LT(positionOf(result.trace, "device.close"), result.trace.rfind("service.cancel"));
+}
+
 TEST(Script, ACancelReachesARequestThatWaitsOutADelay) {
   const auto result = runWithScript(R"([{"teardown":true,"duringTest":"PingLAN"}])");
   EXPECT_THAT(result.lines, HasSubstr("Ping LAN failed with error: cancelled"));
