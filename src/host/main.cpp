@@ -15,6 +15,7 @@ namespace {
 void becomeProgram(const char* name, char** argv) {
   std::error_code unknown;
   const std::filesystem::path own = std::filesystem::read_symlink("/proc/self/exe", unknown);
+  if (own.empty()) return;  // or else the names would be of the working directory
   const auto beside = own.parent_path();
   const auto installed = beside / ".." / WIFI_PROFILE_LIBEXEC / "wifi-profile";
   for (const auto& folder : {beside, installed}) execv((folder / name).c_str(), argv);
