@@ -75,7 +75,7 @@ ObjectRef objectOf(const ScanRow& row) {
       {"hidden", one.hidesName ? Number::withBool(*one.hidesName) : nullPlaceholder()},
       {"joined", Number::withBool(row.joined)},
       {"security", textOrNull(checks::textOf(one.security))},
-      {"signal", numberOrNull(one.signal.value_or(0))},
+      {"signal", one.signal ? ObjectRef(Number::withInteger(*one.signal)) : nullPlaceholder()},
       {"ssid", one.ssid ? ObjectRef(makeText(*one.ssid)) : nullPlaceholder()},
       {"width", numberOrNull(widthOf(one))},
   });

@@ -18,7 +18,7 @@ int signalOf(const checks::AccessPoint& accessPoint) {
 
 bool isBefore(const ScanRow& a, const ScanRow& b) {
   const auto key = [](const ScanRow& row) {
-    return std::tuple(-static_cast<long>(signalOf(*row.accessPoint)),
+    return std::tuple(-static_cast<long long>(signalOf(*row.accessPoint)),
                       row.accessPoint->ssid.value_or(""), row.accessPoint->bssid);
   };
   return key(a) < key(b);

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <limits>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -211,6 +212,15 @@ TEST(ScanJson, HasTheRowsInOrderOnOneLine) {
             R"("generation":null,"hidden":true,"joined":false,"security":null,)"
             R"("signal":null,"ssid":null,"width":null}])"
             "\n");
+}
+
+TEST(ScanJson, TakesASignalOf0ForOne) {
+  const auto rows = nlohmann::json::parse(scanJson(
+      {.scan = {{point("01", "Near", 0), point("02", "Odd", std::numeric_limits<int>::min())}},
+       .joinedBssid = std::nullopt},
+      false));
+  EXPECT_EQ(rows[0]["signal"], 0);
+  EXPECT_EQ(rows[1]["signal"], std::numeric_limits<int>::min());
 }
 
 TEST(ScanJson, HasEveryAccessPointWhenAskedFor) {
