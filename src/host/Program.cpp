@@ -1,10 +1,12 @@
 #include "host/Program.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include "host/Console.h"
 #include "host/ExitStatus.h"
 #include "host/ExplainCommand.h"
 #include "host/Files.h"
@@ -17,8 +19,7 @@ namespace {
 
 int print(const std::string& text) {
   if (writeAll(stdout, text)) return kExitDone;
-  std::fputs("wifi-profile: standard output cannot be written\n", stderr);
-  return kExitOutput;
+  return complain({kExitOutput, cannotBeWritten("standard output", errno)});
 }
 
 int execute(const ScanOptions& options) { return scanCommand(options); }

@@ -263,6 +263,12 @@ TEST_F(Program, SaysWhenOutputCannotBeWritten) {
   const int status =
       std::system(WIFI_PROFILE_PROGRAM " run --device demo --time virtual >/dev/full 2>/dev/null");
   EXPECT_EQ(WEXITSTATUS(status), 74);
+  for (const char* command : {"tests", "explain", "scan --device demo", "--version"}) {
+    const std::string line =
+        std::string(WIFI_PROFILE_PROGRAM " ") + command + " >/dev/full 2>'" + path("err") + "'";
+    EXPECT_EQ(WEXITSTATUS(std::system(line.c_str())), 74) << command;
+    EXPECT_THAT(content("err"), StartsWith("wifi-profile: standard output: found No space"));
+  }
 }
 
 TEST_F(Program, PrintsNoRecordOfATornDownRun) {
