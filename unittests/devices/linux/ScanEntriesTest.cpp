@@ -112,7 +112,11 @@ TEST(ScanEntry, LeavesOutSignalsThatNoRadioHas) {
   const auto signal = [](std::int32_t hundredths) {
     return accessPoint(numberAttribute(NL80211_BSS_SIGNAL_MBM, hundredths)).signal;
   };
-  EXPECT_EQ(signal(-9250), -92);
+  EXPECT_EQ(signal(-9250), -93);  // rounded down
+  EXPECT_EQ(signal(-7501), -76);
+  EXPECT_EQ(signal(-7500), -75);
+  EXPECT_EQ(signal(-50), -1);
+  EXPECT_EQ(signal(150), 1);
   EXPECT_FALSE(signal(-2'000'000'000));
   EXPECT_FALSE(signal(10'000));
 }

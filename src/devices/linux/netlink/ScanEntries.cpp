@@ -79,13 +79,14 @@ bool hasElement(Bytes elements, std::uint8_t id) {
   return false;
 }
 
-// In dBm. Other values are a broken driver's.
+// In dBm, rounded down: what is weaker than a threshold stays weaker. Other values are a broken
+// driver's.
 std::optional<int> signalOf(const Attributes& bss) {
   constexpr int kWeakest = -150;
   constexpr int kStrongest = 50;
   const auto hundredths = bss.number<std::int32_t>(NL80211_BSS_SIGNAL_MBM);
   if (!hundredths) return std::nullopt;
-  const int signal = *hundredths / 100;
+  const int signal = *hundredths / 100 - (*hundredths % 100 < 0 ? 1 : 0);
   if (signal < kWeakest || signal > kStrongest) return std::nullopt;
   return signal;
 }
