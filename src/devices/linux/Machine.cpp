@@ -1,7 +1,6 @@
 #include "devices/linux/Machine.h"
 
 #include <algorithm>
-#include <ctime>
 
 #include "devices/linux/bus/ConnectionManager.h"
 
@@ -16,12 +15,6 @@ using std::chrono::milliseconds;
 constexpr milliseconds kKernelLimit{3'000};
 // How long to wait before a manager is asked again for a scan that it found too soon.
 constexpr milliseconds kBeforeAskingAgain{1'000};
-
-std::chrono::nanoseconds sinceBoot() {
-  timespec now{};
-  clock_gettime(CLOCK_BOOTTIME, &now);
-  return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
-}
 
 Unknown noInterface(const std::string& name) {
   return {checks::Reason::noHardware, "There is no Wi-Fi interface \"" + name +
@@ -39,7 +32,7 @@ std::variant<std::shared_ptr<Machine>, Unknown> Machine::open(const std::string&
   const auto found = std::find_if(all->begin(), all->end(), [&](const WifiInterface& one) {
     return interface.empty() ? !one.name.empty() : one.name == interface;
   });
-  if (found == all->end()) return noInterface(interface);
+  if (found == all->end()) return interface.empty() ? noWifiDevice() : noInterface(interface);
   return std::shared_ptr<Machine>(new Machine(*found));
 }
 

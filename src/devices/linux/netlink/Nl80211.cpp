@@ -20,8 +20,6 @@ using checks::Known;
 using checks::Reason;
 using checks::Unknown;
 
-const Unknown kNoHardware{Reason::noHardware,
-                          "There is no Wi-Fi device, or its driver is not loaded."};
 const Unknown kGone{Reason::noHardware, "The Wi-Fi interface is gone."};
 
 Request about(int family, int command, Request::Kind kind, const WifiInterface& interface) {
@@ -40,12 +38,6 @@ int groupOf(const Attributes& family, std::string_view name) {
   return 0;
 }
 
-std::chrono::nanoseconds sinceBoot() {
-  timespec now{};
-  clock_gettime(CLOCK_BOOTTIME, &now);
-  return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
-}
-
 // The name of the driver that a link in sysfs leads to; empty: not known.
 std::string driverOf(const std::string& interface) {
   if (interface.empty() || interface.find('/') != std::string::npos) return {};
@@ -59,19 +51,29 @@ std::string driverOf(const std::string& interface) {
 
 }  // namespace
 
+std::chrono::nanoseconds sinceBoot() {
+  timespec now{};
+  clock_gettime(CLOCK_BOOTTIME, &now);
+  return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+}
+
+Unknown noWifiDevice() {
+  return {Reason::noHardware, "There is no Wi-Fi device, or its driver is not loaded."};
+}
+
 NotDone Nl80211::open(const Patience& patience) {
   if (family_ != 0) return std::nullopt;
   Request request(GENL_ID_CTRL, CTRL_CMD_GETFAMILY, Request::Kind::one);
   request.put(CTRL_ATTR_FAMILY_NAME, NL80211_GENL_NAME);
   std::vector<Message> answers;
   const int error = requests_.ask(request, patience, answers);
-  if (error == ENOENT) return kNoHardware;
+  if (error == ENOENT) return noWifiDevice();
   if (error != 0) return unknownFor(error, "its Wi-Fi devices");
-  if (answers.empty()) return kNoHardware;
+  if (answers.empty()) return noWifiDevice();
   const Attributes family(answers.front().payload);
   family_ = family.number<std::uint16_t>(CTRL_ATTR_FAMILY_ID).value_or(0);
   scanGroup_ = groupOf(family, NL80211_MULTICAST_GROUP_SCAN);
-  if (family_ == 0) return kNoHardware;
+  if (family_ == 0) return noWifiDevice();
   return std::nullopt;
 }
 
@@ -92,7 +94,7 @@ Known<std::vector<WifiInterface>> Nl80211::interfaces(const Patience& patience) 
   for (const Message& answer : *answers) {
     if (auto one = interfaceOf(Attributes(answer.payload))) interfaces.push_back(std::move(*one));
   }
-  if (interfaces.empty()) return kNoHardware;
+  if (interfaces.empty()) return noWifiDevice();
   sortForUse(interfaces);
   return interfaces;
 }

@@ -27,6 +27,12 @@ namespace wifi_profile::machine {
 // What comes without a value: nothing when it was done, otherwise why it was not.
 using NotDone = std::optional<checks::Unknown>;
 
+// The time by the clock that kernel and managers date scans with (CLOCK_BOOTTIME).
+std::chrono::nanoseconds sinceBoot();
+
+// Why nothing is known where no radio is.
+checks::Unknown noWifiDevice();
+
 class Nl80211 {
  public:
   // Looks for nl80211. noHardware: no Wi-Fi driver is there; notSupported: a kernel or a container
