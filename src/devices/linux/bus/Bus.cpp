@@ -113,6 +113,8 @@ class Connecting {
         result->connection = connect();
       } catch (const sdbus::Error& error) {
         result->error = error;
+      } catch (const std::exception& other) {
+        result->error = sdbus::Error("org.freedesktop.DBus.Error.NoMemory", other.what());
       }
       result->ended.cancel();
     }).detach();
@@ -145,10 +147,11 @@ class Bus::Connection {
   explicit Connection(Connect connect) : connect_(std::move(connect)) {}
 
   std::vector<BusAnswer> call(const std::vector<BusCall>& calls, const Patience& patience) {
+    std::unique_lock turn(turn_, std::defer_lock);
+    // After the turn, so that it goes before it: calls are given up through the connection.
     Pending pending;
     pending.answers.resize(calls.size());
     pending.left = calls.size();
-    std::unique_lock turn(turn_, std::defer_lock);
     // Not a timed wait: that would not see that the work is called off.
     while (!turn.try_lock() && !patience.isOver()) {
       waitFor(-1, 0, patience.atMost(std::chrono::milliseconds(10)));
@@ -173,15 +176,28 @@ class Bus::Connection {
       }
       pump(pending, patience);
     } catch (const sdbus::Error& lost) {
-      loseConnection(pending, failure(Kind::noBus, lost.getName(), lost.getMessage()));
+      BusAnswer why = failure(lost);
+      if (why.error->kind != Kind::notPermitted) why.error->kind = Kind::noBus;
+      loseConnection(pending, why);
     } catch (const std::system_error& exhausted) {  // no thread, no descriptor
       loseConnection(pending, failure(Kind::noBus, {}, exhausted.what()));
     }
   }
 
+  // Whether there is a connection that the bus has not ended since it was used last.
+  bool isConnected(const Patience& patience) {
+    try {
+      // What has come since are answers that nobody waits for any more, or the connection's end.
+      while (connection_ && !patience.isOver() && connection_->processPendingRequest()) continue;
+    } catch (const sdbus::Error&) {
+      connection_.reset();
+    }
+    return connection_ != nullptr;
+  }
+
   // False: the patience is over.
   bool connect(const Patience& patience) {
-    if (connection_) return true;
+    if (isConnected(patience)) return true;
     if (!connecting_) connecting_.emplace(connect_);
     if (!connecting_->wait(patience)) return false;
     auto ended = std::move(*connecting_);
