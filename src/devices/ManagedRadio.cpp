@@ -57,30 +57,39 @@ ManagedRadio::ManagedRadio(std::size_t deviceCount, Trace& trace)
 
 ManagedRadio::~ManagedRadio() = default;
 
+// Under the mutex, so that nobody is told any more once the last release has returned: after it
+// there may be no queues to post to. What is posted keeps no radio, whose last owner must not be
+// one of its own threads.
 void ManagedRadio::postNotification() {
-  auto kept = weak_from_this().lock();
-  if (!kept) return;  // it is being destroyed
-  WorkQueues::shared()->postToMain([self = std::move(kept)] {
-    struct Listener {
-      WiFiDeviceClientRef device;
-      WiFiDevicePowerCallback callback;
-      std::shared_ptr<void> context;
-    };
-    std::vector<Listener> listeners;
-    {
-      const std::lock_guard lock(self->mutex_);
-      if (self->state_->clients.empty()) return;
-      for (const auto& device : self->state_->devices) {
-        auto context = device->context.lock();
-        if (!device->callback || !context) continue;
-        listeners.push_back({device.get(), device->callback, std::move(context)});
-      }
-    }
-    for (const Listener& listener : listeners) {
-      self->trace_.event("device.power", {});
-      listener.callback(listener.device, listener.context);
-    }
+  const std::lock_guard lock(mutex_);
+  const auto& devices = state_->devices;
+  const auto listens = [](const auto& device) { return device->callback != nullptr; };
+  if (state_->clients.empty() || std::none_of(devices.begin(), devices.end(), listens)) return;
+  WorkQueues::shared()->postToMain([weak = weak_from_this()] {
+    if (const auto self = weak.lock()) self->notify();
   });
+}
+
+void ManagedRadio::notify() {
+  struct Listener {
+    WiFiDeviceClientRef device;
+    WiFiDevicePowerCallback callback;
+    std::shared_ptr<void> context;
+  };
+  std::vector<Listener> listeners;
+  {
+    const std::lock_guard lock(mutex_);
+    if (state_->clients.empty()) return;
+    for (const auto& device : state_->devices) {
+      auto context = device->context.lock();
+      if (!device->callback || !context) continue;
+      listeners.push_back({device.get(), device->callback, std::move(context)});
+    }
+  }
+  for (const Listener& listener : listeners) {
+    trace_.event("device.power", {});
+    listener.callback(listener.device, listener.context);
+  }
 }
 
 int ManagedRadio::containsRadio() {
@@ -119,26 +128,31 @@ WiFiDeviceListRef ManagedRadio::copyDevices(WiFiManagerClientRef /*manager*/) {
   return state_->lists.back().get();
 }
 
-std::size_t ManagedRadio::deviceCount(WiFiDeviceListRef devices) { return devices->devices.size(); }
+std::size_t ManagedRadio::deviceCount(WiFiDeviceListRef devices) {
+  const std::lock_guard lock(mutex_);
+  return owns(state_->lists, devices) ? devices->devices.size() : 0;
+}
 
 WiFiDeviceClientRef ManagedRadio::deviceAt(WiFiDeviceListRef devices, std::size_t index) {
-  return devices->devices.at(index);
+  const std::lock_guard lock(mutex_);
+  if (!owns(state_->lists, devices) || index >= devices->devices.size()) return nullptr;
+  return devices->devices[index];
+}
+
+bool ManagedRadio::isClient(WiFiManagerClientRef manager) {
+  const std::lock_guard lock(mutex_);
+  return owns(state_->clients, manager);
 }
 
 int ManagedRadio::getPower(WiFiManagerClientRef manager) {
-  bool known = false;
-  {
-    const std::lock_guard lock(mutex_);
-    known = owns(state_->clients, manager);
-  }
-  const int answer = known && isPoweredOn() ? 1 : 0;
+  const int answer = isClient(manager) && isPoweredOn() ? 1 : 0;
   trace_.event("manager.getPower", {{"answer", integer(answer)}});
   return answer;
 }
 
-void ManagedRadio::setPower(WiFiManagerClientRef /*manager*/, int power) {
+void ManagedRadio::setPower(WiFiManagerClientRef manager, int power) {
   trace_.event("manager.setPower", {{"power", integer(power)}});
-  switchPower(power != 0);
+  if (isClient(manager)) switchPower(power != 0);
 }
 
 void ManagedRadio::registerPowerCallback(WiFiDeviceClientRef device,
@@ -147,6 +161,7 @@ void ManagedRadio::registerPowerCallback(WiFiDeviceClientRef device,
   trace_.event("device.registerPowerCallback", {});
   {
     const std::lock_guard lock(mutex_);
+    if (!owns(state_->devices, device)) return;
     device->callback = callback;
     device->context = std::move(context);
   }
@@ -156,7 +171,7 @@ void ManagedRadio::registerPowerCallback(WiFiDeviceClientRef device,
 void ManagedRadio::retain(WiFiDeviceClientRef device) {
   trace_.event("device.retain", {});
   const std::lock_guard lock(mutex_);
-  ++device->references;
+  if (owns(state_->devices, device)) ++device->references;
 }
 
 void ManagedRadio::release(WiFiManagerClientRef manager) {
@@ -168,12 +183,13 @@ void ManagedRadio::release(WiFiManagerClientRef manager) {
 void ManagedRadio::release(WiFiDeviceClientRef device) {
   trace_.event("device.release", {});
   const std::lock_guard lock(mutex_);
-  dropReference(*device);
+  if (owns(state_->devices, device)) dropReference(*device);
 }
 
 void ManagedRadio::release(WiFiDeviceListRef devices) {
   trace_.event("devices.release", {});
   const std::lock_guard lock(mutex_);
+  if (!owns(state_->lists, devices)) return;
   for (const WiFiDeviceClientRef device : devices->devices) dropReference(*device);
   drop(state_->lists, devices);
 }

@@ -38,7 +38,8 @@ class ManagedRadio : public WiFiManagerService, public std::enable_shared_from_t
   // `trace` must outlive the radio.
   ManagedRadio(std::size_t deviceCount, Trace& trace);
 
-  // Posts a power notification to the main queue, for every callback that is registered by then.
+  // Posts a power notification to the main queue, for every callback that is registered by then;
+  // nothing where there is none now. Any thread, also one that the radio's destructor waits for.
   void postNotification();
 
  private:
@@ -49,6 +50,9 @@ class ManagedRadio : public WiFiManagerService, public std::enable_shared_from_t
   virtual void switchPower(bool on) = 0;
   // A callback was registered: from now on changes of power are to be told.
   virtual void beginWatching() {}
+
+  void notify();
+  bool isClient(WiFiManagerClientRef manager);
 
   struct State;
   Trace& trace_;

@@ -104,6 +104,29 @@ TEST_F(ScenarioRadioTest, TellsNobodyAfterTheReleases) {
   EXPECT_EQ(*notifications, 0);
 }
 
+TEST_F(ScenarioRadioTest, NeedsNoQueuesWhereNobodyListens) {
+  make({});
+  listen();
+  radio->release(device);
+  radio->release(manager);
+  const ScopedInstall<WorkQueues> none{nullptr};
+  radio->switchFromOutside(false);
+  EXPECT_EQ(*notifications, 0);
+}
+
+TEST_F(ScenarioRadioTest, HandlesThatWereReleasedDoNothing) {
+  make({.power = false});
+  listen();
+  const auto devices = radio->copyDevices(manager);
+  radio->release(devices);
+  EXPECT_EQ(radio->deviceCount(devices), 0U);
+  EXPECT_EQ(radio->deviceAt(devices, 0), nullptr);
+  radio->release(devices);
+  radio->release(manager);
+  radio->setPower(manager, 1);
+  EXPECT_EQ(radio->getPower(radio->createClient(0)), 0);
+}
+
 TEST_F(ScenarioRadioTest, TellsNobodyWhoIsGone) {
   make({});
   listen();
