@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <poll.h>
+#include <system_error>
 #include <utility>
 
 #include "devices/linux/bus/ConnectionManager.h"
@@ -42,7 +43,15 @@ LinuxRadio::~LinuxRadio() {
 
 void LinuxRadio::beginWatching() {
   if (rfkill_.descriptor() < 0) return;
-  std::call_once(watching_, [this] { watcher_ = std::thread([this] { watch(); }); });
+  std::call_once(watching_, [this] {
+    try {
+      watcher_ = std::thread([this] { watch(); });
+    } catch (const std::system_error& exhausted) {  // there is no news then
+      DiagnosticLogHandleForCategory(0).error([&] {
+        return std::string("Changes of Wi-Fi's power go unnoticed: ") + exhausted.what();
+      });
+    }
+  });
 }
 
 void LinuxRadio::watch() {
@@ -68,20 +77,22 @@ void LinuxRadio::switchPower(bool on) {
   WorkQueues::shared()->postToGlobal([kept = shared_from_this(), this] { switchOn(); });
 }
 
-// The connection manager remembers that it was switched on; the switches work without one.
+// The connection manager remembers that it was switched on; the switches work without one. A
+// manager agrees also where only hands can: then the switches have the reason.
 void LinuxRadio::switchOn() {
   const auto byManager =
       ConnectionManager(*bus_).setRadioOn(interface_, true, {Clock::now() + kManagerLimit, ended_});
-  if (!byManager) {
+  Rfkill switches = rfkill_.another();
+  auto why = switches.open();
+  if (!byManager && !switches.isHardBlocked()) {
     if (rfkill_.descriptor() < 0) tellByItself();
     return;
   }
-  Rfkill rfkill(interface_);
-  auto why = rfkill.open();
-  if (!why) why = rfkill.switchOn();
+  if (!why || switches.isHardBlocked()) why = switches.switchOn();
   if (!why) return;
   DiagnosticLogHandleForCategory(0).error([&] {
-    return "Wi-Fi could not be switched on. " + byManager->sentence + " " + why->sentence;
+    return "Wi-Fi could not be switched on. " + (byManager ? byManager->sentence + " " : "") +
+           why->sentence;
   });
 }
 

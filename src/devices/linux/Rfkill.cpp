@@ -25,6 +25,9 @@ constexpr std::size_t kEventBytes = RFKILL_EVENT_SIZE_V1;
 // More than any machine has switches; whatever else is left comes the next time.
 constexpr int kMostEvents = 256;
 
+const Unknown kNoSwitch{Reason::notSupported,
+                        "The Wi-Fi radio has no switch. Use the device's own, where it has one."};
+
 // The number in a name such as rfkill3.
 std::optional<std::uint32_t> numberOf(std::string_view name) {
   constexpr std::string_view kFront = "rfkill";
@@ -94,10 +97,11 @@ std::optional<Unknown> Rfkill::open() {
   const auto folder = std::filesystem::path(interfaces_) / interface_;
   std::error_code error;
   if (!std::filesystem::exists(folder, error)) {
-    return Unknown{Reason::noHardware, "The Wi-Fi interface is gone."};
+    return Unknown{Reason::noHardware,
+                   "The Wi-Fi interface is gone. Plug it in again, or use another one."};
   }
   own_ = switchesIn(folder / "phy80211", error);
-  if (own_.empty()) return Unknown{Reason::notSupported, "The Wi-Fi radio has no switch."};
+  if (own_.empty()) return kNoSwitch;
   for (const std::uint32_t index : own_) {
     const auto one = folder / "phy80211" / ("rfkill" + std::to_string(index));
     const auto soft = isSet(one / "soft");
@@ -109,10 +113,12 @@ std::optional<Unknown> Rfkill::open() {
     const int number = errno;
     if (number == EACCES || number == EPERM) {
       return Unknown{Reason::notPermitted,
-                     "This user gets no news of the radio's switches: may not read " + path_ + "."};
+                     "This user gets no news of the radio's switches: may not read " + path_ +
+                         ". Run as root, or log in at the machine itself."};
     }
     return Unknown{Reason::notSupported, "The kernel does not show the radio's switches (" + path_ +
-                                             "): " + std::generic_category().message(number)};
+                                             "): " + std::generic_category().message(number) +
+                                             ". Load the module rfkill."};
   }
   readEvents();
   return std::nullopt;
@@ -159,7 +165,7 @@ void Rfkill::handleEvents(const std::function<void(News)>& tell) {
 }
 
 std::optional<Unknown> Rfkill::switchOn() {
-  if (own_.empty()) return Unknown{Reason::notSupported, "The Wi-Fi radio has no switch."};
+  if (own_.empty()) return kNoSwitch;
   if (isHardBlocked()) {
     return Unknown{Reason::radioOff,
                    "Wi-Fi is switched off by a switch or a key on the device. Turn that on."};
@@ -174,10 +180,12 @@ std::optional<Unknown> Rfkill::switchOn() {
     const int number = errno;
     if (number == EACCES || number == EPERM) {
       return Unknown{Reason::notPermitted,
-                     "This user may not switch Wi-Fi on. Members of the group netdev may."};
+                     "This user may not switch Wi-Fi on. Run as root, or as a member of the group "
+                     "netdev."};
     }
     return Unknown{Reason::failed,
-                   "Wi-Fi cannot be switched on: " + std::generic_category().message(number)};
+                   "Wi-Fi cannot be switched on: " + std::generic_category().message(number) +
+                       ". Use rfkill unblock wifi."};
   }
   return std::nullopt;
 }

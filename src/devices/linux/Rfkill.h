@@ -39,6 +39,9 @@ class Rfkill {
   explicit Rfkill(std::string interface, std::string device = "/dev/rfkill",
                   std::string interfaces = "/sys/class/net");
 
+  // For the same radio, with the same paths; not opened. Any thread.
+  Rfkill another() const { return Rfkill(interface_, path_, interfaces_); }
+
   // Looks for the switches and their state. noHardware: the interface is gone; notSupported: the
   // radio has no switch, which counts as on, or the kernel does not show it; notPermitted: there
   // will be no news, but `poweredOn` tells how it is now; call `open` again to look again.
@@ -49,7 +52,8 @@ class Rfkill {
   // Whether a switch is off that only hands can turn, or the firmware.
   bool isHardBlocked() const;
 
-  // Readable when there are events; -1 before `open`.
+  // Readable when there are events; -1 before `open`, and where that gave notPermitted or the
+  // kernel does not show the switches.
   int descriptor() const { return device_.number(); }
   // Takes what has come, and tells each change of `poweredOn`, and once that the last switch went
   // away with its radio. Does nothing when nothing has come.

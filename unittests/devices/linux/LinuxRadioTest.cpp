@@ -79,9 +79,9 @@ class LinuxRadioTest : public testing::Test {
 
   std::string device() const { return (folder_ / "device").string(); }
   fs::path switchFolder() const { return folder_ / kInterface / "phy80211" / "rfkill3"; }
-  void setSwitch(bool blocked) const {
+  void setSwitch(bool blocked, bool byHand = false) const {
     std::ofstream(switchFolder() / "soft") << (blocked ? "1\n" : "0\n");
-    std::ofstream(switchFolder() / "hard") << "0\n";
+    std::ofstream(switchFolder() / "hard") << (byHand ? "1\n" : "0\n");
   }
   void happens(const Octets& bytes) const {
     EXPECT_EQ(write(fifo_.number(), bytes.data(), bytes.size()),
@@ -201,13 +201,24 @@ TEST_F(LinuxRadioTest, SaysInTheLogWhyItCouldNotBeSwitchedOn) {
   setSwitch(true);
   make();
   listen();
+  fs::remove_all(folder_ / kInterface);
   radio_->setPower(manager_, 1);
   ASSERT_TRUE(comes([&] { return !log_->lines().empty(); }));
-  // No manager, and below the real sysfs there is no such interface.
   EXPECT_THAT(log_->lines().front(), HasSubstr("0 error Wi-Fi could not be switched on. "));
   EXPECT_THAT(log_->lines().front(), HasSubstr("The Wi-Fi interface is gone."));
   EXPECT_FALSE(isOn());
   EXPECT_EQ(*notifications_, 0);
+}
+
+TEST_F(LinuxRadioTest, IsSwitchedOnWithoutAManager) {
+  setSwitch(true);
+  make();
+  listen();
+  radio_->setPower(manager_, 1);
+  // What is written to the switches comes out of the FIFO as their news.
+  EXPECT_TRUE(comes([&] { return *notifications_ == 1; }));
+  EXPECT_TRUE(isOn());
+  EXPECT_TRUE(log_->lines().empty());
 }
 
 TEST_F(LinuxRadioTest, IsNeverSwitchedOff) {
@@ -261,6 +272,17 @@ TEST_F(ManagedLinuxRadioTest, TellsByItselfThatItWasSwitchedOnWhereNoNewsCanBeHa
   EXPECT_TRUE(comes([&] { return *notifications_ == 1; }));
   EXPECT_TRUE(isOn());
   EXPECT_TRUE(enabled);
+}
+
+TEST_F(ManagedLinuxRadioTest, SaysInTheLogThatOnlyHandsCanSwitchItOn) {
+  setSwitch(true, true);
+  make(daemon.address());
+  listen();
+  radio_->setPower(manager_, 1);
+  ASSERT_TRUE(comes([&] { return !log_->lines().empty(); }));
+  EXPECT_THAT(log_->lines().front(), HasSubstr("a switch or a key on the device"));
+  EXPECT_TRUE(enabled) << "the manager agreed";
+  EXPECT_FALSE(isOn());
 }
 
 TEST_F(ManagedLinuxRadioTest, LeavesTheNewsToTheSwitchWhereItTells) {
