@@ -35,7 +35,9 @@ void readScan(Bytes bytes) {
     if (!entry) continue;
     require(entry->others.size() <= ScanEntry::kMostAnnounced, "others are bounded");
     require(!entry->age || entry->age->count() >= 0, "ages are not negative");
-    linkOf({}, StationEntry{}, entry);
+    WifiInterface station;
+    station.role = checks::RadioInterface::Role::station;
+    linkOf(station, StationEntry{}, entry);
     entries.push_back(std::move(*entry));
   }
   const auto list = scanListOf(std::move(entries));

@@ -17,6 +17,7 @@ WifiInterface wlan0() {
   WifiInterface interface;
   interface.name = "wlan0";
   interface.index = 4;
+  interface.role = Role::station;
   interface.ssid = "Home";
   interface.frequency = 2437;
   return interface;
@@ -57,6 +58,16 @@ TEST(WifiInterfaces, AreReadWhole) {
   expected.mac = "02:00:00:00:01:00";
   expected.role = Role::station;
   EXPECT_EQ(*read, expected);
+}
+
+TEST(WifiInterfaces, OfAMeshWithoutAChannelAreNoPeerLinks) {
+  for (const std::uint32_t type : {NL80211_IFTYPE_MESH_POINT, NL80211_IFTYPE_ADHOC}) {
+    const Octets down = numberAttribute(NL80211_ATTR_WIPHY, std::uint32_t{2}) +
+                        numberAttribute(NL80211_ATTR_IFTYPE, type);
+    EXPECT_EQ(readInterface(down)->role, Role::other);
+    const Octets channel = numberAttribute(NL80211_ATTR_WIPHY_FREQ, std::uint32_t{2437});
+    EXPECT_EQ(readInterface(down + channel)->role, Role::peerLink);
+  }
 }
 
 TEST(WifiInterfaces, WithoutARadioAreNone) {
@@ -115,6 +126,12 @@ TEST(StationEntry, OfADirectLinkIsNotTheAccessPoint) {
       NL80211_STA_INFO_STA_FLAGS, octetsOf(nl80211_sta_flag_update{.mask = bit, .set = bit})))));
   EXPECT_TRUE(readStation(station(attribute(
       NL80211_STA_INFO_STA_FLAGS, octetsOf(nl80211_sta_flag_update{.mask = bit, .set = 0})))));
+}
+
+TEST(Link, OfAnAccessPointsGuestIsNone) {
+  WifiInterface interface = wlan0();
+  interface.role = Role::accessPoint;
+  EXPECT_FALSE(linkOf(interface, StationEntry{.address = "02:00:00:00:01:00"}, {}));
 }
 
 TEST(Link, WithoutAStationEntryIsNone) { EXPECT_FALSE(linkOf(wlan0(), {}, {})); }

@@ -12,7 +12,7 @@ namespace {
 
 using Role = checks::RadioInterface::Role;
 
-Role roleOf(std::optional<std::uint32_t> type) {
+Role roleOf(std::optional<std::uint32_t> type, bool hasChannel) {
   switch (type.value_or(NL80211_IFTYPE_UNSPECIFIED)) {
     case NL80211_IFTYPE_STATION:
       return Role::station;
@@ -22,9 +22,11 @@ Role roleOf(std::optional<std::uint32_t> type) {
     case NL80211_IFTYPE_P2P_CLIENT:
     case NL80211_IFTYPE_P2P_GO:
     case NL80211_IFTYPE_NAN:
+      return Role::peerLink;
+    // Meant for it, but down or alone: without a channel there is no link.
     case NL80211_IFTYPE_ADHOC:
     case NL80211_IFTYPE_MESH_POINT:
-      return Role::peerLink;
+      return hasChannel ? Role::peerLink : Role::other;
     default:
       return Role::other;
   }
@@ -53,13 +55,14 @@ std::optional<WifiInterface> interfaceOf(const Attributes& attributes) {
   interface.name = attributes.text(NL80211_ATTR_IFNAME).value_or("");
   interface.index = attributes.number<std::int32_t>(NL80211_ATTR_IFINDEX).value_or(0);
   interface.mac = addressText(attributes.find(NL80211_ATTR_MAC).value_or(Bytes()));
-  interface.role = roleOf(attributes.number<std::uint32_t>(NL80211_ATTR_IFTYPE));
   const auto ssid = attributes.find(NL80211_ATTR_SSID);
   if (ssid && !ssid->empty() && ssid->size() <= ieee80211::kLongestSsid) {
     interface.ssid = ieee80211::toText(*ssid);
   }
   const auto frequency = attributes.number<std::int32_t>(NL80211_ATTR_WIPHY_FREQ);
   if (frequency && *frequency > 0) interface.frequency = *frequency;
+  interface.role = roleOf(attributes.number<std::uint32_t>(NL80211_ATTR_IFTYPE),
+                          interface.frequency.has_value());
   return interface;
 }
 

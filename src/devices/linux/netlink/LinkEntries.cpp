@@ -47,7 +47,8 @@ std::optional<StationEntry> stationEntryOf(const Attributes& attributes) {
 std::optional<checks::Link> linkOf(const WifiInterface& interface,
                                    const std::optional<StationEntry>& station,
                                    const std::optional<ScanEntry>& joined) {
-  if (!station) return std::nullopt;
+  // The stations of an access point are its guests.
+  if (!station || interface.role != checks::RadioInterface::Role::station) return std::nullopt;
   checks::Link link;
   link.interface = interface.name;
   link.bssid = station->address;

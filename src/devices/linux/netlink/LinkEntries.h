@@ -27,7 +27,8 @@ struct StationEntry {
 // an address, or a direct link to another member (TDLS).
 std::optional<StationEntry> stationEntryOf(const Attributes& attributes);
 
-// Nothing when they are not joined: without a station entry, or without a name. The scan list's
+// Nothing when they are not joined: without a station entry, without a name, or where the interface
+// is no station, such as an access point that others have joined. The scan list's
 // entry of the joined access point may be missing; it fills in what the others lack, and tells the
 // BSSID where the station entry's address is none.
 std::optional<checks::Link> linkOf(const WifiInterface& interface,

@@ -133,7 +133,8 @@ int NetlinkSocket::askOnce(Request& request, const Patience& patience,
     int error = await(patience, received);
     if (error == 0) {
       take(received, header->nlmsg_seq, progress, answers);
-      if (answers.size() > kMostMessages || progress.bytes > kMostBytes) error = EMSGSIZE;
+      const bool tooMany = protocol_ == NETLINK_GENERIC && answers.size() > kMostMessages;
+      if (tooMany || progress.bytes > kMostBytes) error = EMSGSIZE;
     }
     if (error == 0) continue;
     // What is still to come must not be taken for another question's answer.
@@ -230,26 +231,29 @@ checks::Unknown unknownFor(int error, std::string_view subject) {
   switch (error) {
     case ENODEV:
     case ENXIO:
-      return {Reason::noHardware, "The Wi-Fi interface is gone, and with it " + what + "."};
+      return {Reason::noHardware, "The Wi-Fi interface is gone, and with it " + what +
+                                      ". Plug it in again, or use another one."};
     case EPERM:
     case EACCES:
       return {Reason::notPermitted, "This user may not ask the kernel for " + what +
-                                        "; that needs the capability CAP_NET_ADMIN."};
+                                        "; that needs the capability CAP_NET_ADMIN. Run as root."};
     case EOPNOTSUPP:
     case EPROTONOSUPPORT:
     case EAFNOSUPPORT:
-      return {Reason::notSupported, "The driver or the kernel cannot tell " + what + "."};
+      return {Reason::notSupported, "The driver or the kernel cannot tell " + what +
+                                        ". Use another Wi-Fi device, or a newer kernel."};
     case ENETDOWN:
     case ERFKILL:
       return {Reason::radioOff, "Wi-Fi is off, so the kernel could not tell " + what +
                                     ". Switch it on and try again."};
     case ETIMEDOUT:
-      return {Reason::tookTooLong, "The kernel did not tell " + what + " in time."};
+      return {Reason::tookTooLong, "The kernel did not tell " + what + " in time. Try again."};
     case ECANCELED:
-      return {Reason::tookTooLong, "The kernel was asked for " + what + ", but it was called off."};
+      return {Reason::tookTooLong,
+              "The kernel was asked for " + what + ", but it was called off. Start again."};
     default:
-      return {Reason::failed,
-              "The kernel did not tell " + what + ": " + std::generic_category().message(error)};
+      return {Reason::failed, "The kernel did not tell " + what + ": " +
+                                  std::generic_category().message(error) + ". Try again."};
   }
 }
 

@@ -48,7 +48,8 @@ struct Message {
   std::vector<std::uint8_t> payload;  // after the headers of netlink and of generic netlink
 };
 
-// Answers are bounded: a dump has at most kMostMessages of at most kMostBytes altogether, and one
+// Answers are bounded: a dump has at most kMostBytes altogether, of generic netlink also at most
+// kMostMessages (a tunnel may come with thousands of routes, each of them small), and one
 // that changed under way is asked for anew at most kMostRestarts times; then it counts as it came.
 // Messages of others than the kernel are passed over. Not opened until it is used.
 class NetlinkSocket {
