@@ -42,7 +42,8 @@ Known<Coexistence> readCoexistence(const std::string& interface, const fs::path&
       sysfs / "class/net" / fs::path(interface).filename() / "device/driver";
   const std::string driver = linkedName(driverLink);
   if (driver.empty()) {
-    return Unknown{Reason::noHardware, "No driver is behind " + interface + "."};
+    return Unknown{Reason::noHardware, "No driver is behind " + interface +
+                                           ". Plug the device in again, or use another one."};
   }
   const std::string module = linkedName(driverLink / "module");
   const fs::path parameters = sysfs / "module" / (module.empty() ? driver : module) / "parameters";
@@ -57,10 +58,12 @@ Known<Coexistence> readCoexistence(const std::string& interface, const fs::path&
     if (!file || !(file >> text)) continue;
     if (const auto flag = flagFrom(text)) return Coexistence{driver, parameter, *flag};
     return Unknown{Reason::failed, "The parameter " + std::string(parameter) + " of " + driver +
-                                       " is neither on nor off."};
+                                       " is neither on nor off. Set it (modprobe.d)."};
   }
   return Unknown{Reason::notSupported,
-                 "The driver " + driver + " has no parameter about taking turns with Bluetooth."};
+                 "The driver " + driver +
+                     " has no parameter about taking turns with Bluetooth. Ask "
+                     "its maker, or use another device."};
 }
 
 }  // namespace wifi_profile::machine

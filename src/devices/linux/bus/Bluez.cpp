@@ -21,7 +21,10 @@ Known<Bluetooth> bluetoothFrom(const BusValue& objects) {
     bluetooth.connected += device.at("Connected").boolean().value_or(false) ? 1 : 0;
   }
   if (!hasAdapter) {
-    return Unknown{Reason::noHardware, "This device has no Bluetooth adapter that BlueZ knows."};
+    return Unknown{
+        Reason::noHardware,
+        "This device has no Bluetooth adapter that BlueZ knows. Plug one in, or load its "
+        "driver."};
   }
   return bluetooth;
 }
@@ -32,7 +35,8 @@ Known<Bluetooth> readBluetooth(Bus& system, const Patience& patience) {
   const BusAnswer answer = system.call(
       {*owner.first().text(), "/", "org.freedesktop.DBus.ObjectManager", "GetManagedObjects", {}},
       patience);
-  if (!answer.isGood()) return unknownFrom(answer, kBluez);
+  // Without any object there is not even the manager's own.
+  if (!answer.isGood() || answer.first().map().empty()) return unknownFrom(answer, kBluez);
   return bluetoothFrom(answer.first());
 }
 

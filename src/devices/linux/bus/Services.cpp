@@ -5,15 +5,26 @@ namespace wifi_profile::machine {
 using checks::Reason;
 using checks::Unknown;
 
+namespace {
+
+constexpr BusRemedies kSystemBus{"Start it (systemctl start dbus).",
+                                 "Run as root, or log in at the machine itself."};
+constexpr BusRemedies kSessionBus{"Run inside the desktop's session.",
+                                  "Run as the user whose desktop it is."};
+
+}  // namespace
+
 const Service kNetworkManager{
     "org.freedesktop.NetworkManager", "NetworkManager",
-    "Start it (systemctl start NetworkManager), or ask whoever manages the network here."};
-const Service kIwd{"net.connman.iwd", "iwd", "Start it (systemctl start iwd)."};
+    "Start it (systemctl start NetworkManager), or ask whoever manages the network here.",
+    kSystemBus};
+const Service kIwd{"net.connman.iwd", "iwd", "Start it (systemctl start iwd).", kSystemBus};
 const Service kSupplicant{"fi.w1.wpa_supplicant1", "wpa_supplicant",
-                          "Start it with its D-Bus interface (wpa_supplicant -u)."};
-const Service kBluez{"org.bluez", "BlueZ", "Start it (systemctl start bluetooth)."};
+                          "Start it with its D-Bus interface (wpa_supplicant -u).", kSystemBus};
+const Service kBluez{"org.bluez", "BlueZ", "Start it (systemctl start bluetooth).", kSystemBus};
 const Service kPortal{"org.freedesktop.portal.Desktop", "The desktop's portal",
-                      "Install a portal for this desktop (xdg-desktop-portal)."};
+                      "Start it (systemctl --user start xdg-desktop-portal), or install one.",
+                      kSessionBus};
 
 Unknown unknownFrom(const BusError& error, const Service& service) {
   const std::string name = service.name;
@@ -21,24 +32,28 @@ Unknown unknownFrom(const BusError& error, const Service& service) {
   switch (error.kind) {
     case BusError::Kind::noBus:
       return {Reason::noService, "The message bus (D-Bus) cannot be reached (" + words + "), so " +
-                                     name + " cannot be asked."};
+                                     name + " cannot be asked. " + service.bus.noBus};
     case BusError::Kind::noService:
       return {Reason::noService, name + " is not running. " + service.remedy};
     case BusError::Kind::noSuchThing:
-      return {Reason::notTold, name + " does not know what it was asked for (" + words + ")."};
+      return {Reason::notTold,
+              name + " does not know what it was asked for (" + words + "). Install a newer one."};
     case BusError::Kind::notPermitted:
-      return {Reason::notPermitted, name + " does not let this user ask (" + words +
-                                        "). Run as root, or log in at the machine itself."};
+      return {Reason::notPermitted,
+              name + " does not let this user ask (" + words + "). " + service.bus.notPermitted};
     case BusError::Kind::tookTooLong:
-      return {Reason::tookTooLong, name + " did not answer in time."};
+      return {Reason::tookTooLong, name + " did not answer in time. Try again, or restart it."};
     case BusError::Kind::calledOff:
-      return {Reason::tookTooLong, name + " was not waited for: the run was called off."};
+      return {Reason::tookTooLong,
+              name + " was not waited for: the run was called off. Start again."};
     case BusError::Kind::unreadable:
-      return {Reason::failed, name + " gave an answer that makes no sense."};
+      return {Reason::failed, name +
+                                  " gave an answer that makes no sense. Restart it, or "
+                                  "install a newer one."};
     case BusError::Kind::failed:
       break;
   }
-  return {Reason::failed, name + " refused: " + words};
+  return {Reason::failed, name + " refused: " + words + ". Try again, or restart it."};
 }
 
 Unknown unknownFrom(const BusAnswer& answer, const Service& service) {

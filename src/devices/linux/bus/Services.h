@@ -8,10 +8,18 @@
 
 namespace wifi_profile::machine {
 
+// What to do when a message bus cannot be reached, and when it, or a service on it, does not let
+// this user ask: sentences.
+struct BusRemedies {
+  const char* noBus;
+  const char* notPermitted;
+};
+
 struct Service {
   const char* busName;
   const char* name;    // as people call it
   const char* remedy;  // a sentence: what to do when it is not running
+  const BusRemedies& bus;
 };
 
 extern const Service kNetworkManager;
