@@ -9,22 +9,15 @@
 namespace wifi_profile {
 namespace {
 
-NetworksInRange networksOf(const checks::Known<checks::Scan>& scan,
-                           const checks::Known<checks::Link>& link) {
-  NetworksInRange networks{.scan = *scan, .joinedBssid = std::nullopt};
-  if (link) networks.joinedBssid = link->bssid;
-  return networks;
-}
-
 std::variant<NetworksInRange, Failure> networksOfMachine(const ScanOptions& options) {
   auto opened = openMachine(options.device);
   if (auto* failure = std::get_if<Failure>(&opened)) return std::move(*failure);
   const auto& machine = *std::get<std::shared_ptr<const machine::Machine>>(opened);
   const machine::Cancellation nobody;  // an interrupt ends the program
   const machine::Patience patience{machine::Clock::now() + machine::kScanLimit, nobody};
-  const auto scan = machine.scan(std::chrono::seconds(options.maxScanCacheAge), patience);
-  if (!scan) return Failure{kExitNoDevice, scan.why().sentence};
-  return networksOf(scan, machine.link(patience));
+  auto list = machine.scan(std::chrono::seconds(options.maxScanCacheAge), patience);
+  if (!list) return Failure{kExitNoDevice, list.why().sentence};
+  return NetworksInRange{std::move(list->scan), std::move(list->joinedBssid)};
 }
 
 }  // namespace
@@ -43,7 +36,9 @@ std::variant<NetworksInRange, Failure> networksInRange(const ScanOptions& option
                                              "a scenario whose world has one")
                                       .message};
   }
-  return networksOf(world->facts.scan, world->facts.link);
+  NetworksInRange networks{*world->facts.scan, std::nullopt};
+  if (const auto& link = world->facts.link) networks.joinedBssid = link->bssid;
+  return networks;
 }
 
 }  // namespace wifi_profile

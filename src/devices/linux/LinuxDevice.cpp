@@ -9,7 +9,7 @@ namespace {
 // Who has hardware for WAPI lives where people say WLAN.
 bool saysWlan(const Machine& machine) {
   const Cancellation nobody;
-  const auto radio = machine.radio({Clock::now() + std::chrono::seconds(2), nobody});
+  const auto radio = machine.abilities({Clock::now() + std::chrono::seconds(2), nobody});
   return radio && radio->knowsWapi;
 }
 

@@ -13,6 +13,8 @@ using std::chrono::milliseconds;
 
 // The kernel knows its interfaces at once.
 constexpr milliseconds kKernelLimit{3'000};
+// Of a manager that does not say when it scanned last, so that the scan has most of the time.
+constexpr milliseconds kManagerLimit{2'000};
 // How long to wait before a manager is asked again for a scan that it found too soon.
 constexpr milliseconds kBeforeAskingAgain{1'000};
 
@@ -40,27 +42,26 @@ Known<checks::Link> Machine::link(const Patience& patience) const {
   return Nl80211().link(interface_, patience);
 }
 
-Known<checks::Radio> Machine::radio(const Patience& patience) const {
-  return Nl80211().radio(interface_, patience);
+Known<checks::Radio> Machine::abilities(const Patience& patience) const {
+  return Nl80211().abilities(interface_, patience);
 }
 
-Known<checks::Scan> Machine::scan(std::chrono::seconds oldest, const Patience& patience) const {
+Known<ScanList> Machine::scan(std::chrono::seconds oldest, const Patience& patience) const {
   Nl80211 kernel;
   if (oldest.count() > 0) {
-    const auto list = kernel.scan(interface_, patience);
-    if (list && isYoung(*list, oldest, patience)) return list->scan;
+    auto list = kernel.scan(interface_, patience);
+    if (list && isYoung(*list, oldest, patience)) return list;
   }
   if (const NotDone why = makeScan(kernel, patience)) return *why;
-  const auto list = kernel.scan(interface_, patience);
-  if (!list) return list.why();
-  return list->scan;
+  return kernel.scan(interface_, patience);
 }
 
 // Where only the joined access point is in range the list does not tell, and the manager may know.
 bool Machine::isYoung(const ScanList& list, std::chrono::seconds oldest,
                       const Patience& patience) const {
   if (list.age) return *list.age <= oldest;
-  const auto last = ConnectionManager(*systemBus_).lastScan(interface_.name, patience);
+  const auto last =
+      ConnectionManager(*systemBus_).lastScan(interface_.name, patience.atMost(kManagerLimit));
   return last && *last && sinceBoot() - **last <= oldest;
 }
 
@@ -75,8 +76,13 @@ NotDone Machine::makeScan(Nl80211& kernel, const Patience& patience) const {
     if (!started) return started.why();
     if (*started == ScanStart::started) return kernel.awaitScanResults(interface_, patience);
     // Too soon: one is under way, or the last one was just now.
-    NotDone none = kernel.awaitScanResults(interface_, patience.atMost(kBeforeAskingAgain));
+    const Patience little = patience.atMost(kBeforeAskingAgain);
+    NotDone none = kernel.awaitScanResults(interface_, little);
     if (!none || patience.isOver()) return none;
+    const bool mayPass = none->reason == checks::Reason::tookTooLong ||
+                         none->reason == checks::Reason::failed;  // such as a scan given up
+    if (!mayPass) return none;
+    waitFor(-1, 0, little);  // what failed, failed at once
   }
 }
 

@@ -18,14 +18,17 @@ class Machine final {
   static std::variant<std::shared_ptr<Machine>, checks::Unknown> open(const std::string& interface);
 
   const WifiInterface& interface() const { return interface_; }
-  // The one connection to the bus of the system.
+  // The one connection to the bus of the system, and that to the session's.
   const std::shared_ptr<Bus>& systemBus() const { return systemBus_; }
+  const std::shared_ptr<Bus>& sessionBus() const { return sessionBus_; }
 
   checks::Known<checks::Link> link(const Patience& patience) const;
-  checks::Known<checks::Radio> radio(const Patience& patience) const;
+  // Without its interfaces.
+  checks::Known<checks::Radio> abilities(const Patience& patience) const;
 
-  // A scan no older than `oldest`; with 0 a new one.
-  checks::Known<checks::Scan> scan(std::chrono::seconds oldest, const Patience& patience) const;
+  // A scan no older than `oldest`; with 0 a new one. The list also has what earlier scans heard in
+  // the 30 s before it and this one did not.
+  checks::Known<ScanList> scan(std::chrono::seconds oldest, const Patience& patience) const;
 
  private:
   explicit Machine(WifiInterface interface) : interface_(std::move(interface)) {}
@@ -36,6 +39,7 @@ class Machine final {
 
   const WifiInterface interface_;
   const std::shared_ptr<Bus> systemBus_ = Bus::system();
+  const std::shared_ptr<Bus> sessionBus_ = Bus::session();
 };
 
 }  // namespace wifi_profile::machine

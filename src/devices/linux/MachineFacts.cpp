@@ -35,7 +35,9 @@ Known<checks::Link> MachineFacts::link(const Patience& patience) {
 }
 
 Known<checks::Scan> MachineFacts::scan(std::chrono::seconds oldest, const Patience& patience) {
-  return machine_->scan(oldest, patience);
+  auto list = machine_->scan(oldest, patience);
+  if (!list) return list.why();
+  return std::move(list->scan);
 }
 
 std::vector<Errand> MachineFacts::errands(std::chrono::seconds oldestScan) {
@@ -107,10 +109,9 @@ void MachineFacts::addServiceErrands(std::vector<Errand>& all) {
                  .gives = {Fact::sessionProxy},
                  .after = {},
                  .limit = kServicesLimit,
-                 .run = [](const checks::Facts&, const Patience& patience) {
-                   const auto session = Bus::session();
+                 .run = [this](const checks::Facts&, const Patience& patience) {
                    return put(&checks::Facts::sessionProxy,
-                              readSessionProxy(environ, session.get(), patience));
+                              readSessionProxy(environ, *machine_->sessionBus(), patience));
                  }});
 }
 

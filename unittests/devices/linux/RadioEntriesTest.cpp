@@ -51,16 +51,20 @@ TEST(Radio, KnowsWapiByItsCipher) {
   EXPECT_FALSE(radioOf({attribute(NL80211_ATTR_CIPHER_SUITES, Octets{1, 0x72, 0x14})}).knowsWapi);
 }
 
-TEST(Radio, HasTheInterfacesOfItsNumber) {
-  WifiInterface mine;
-  mine.name = "wlan0";
-  mine.wiphy = 1;
-  mine.role = checks::RadioInterface::Role::station;
-  WifiInterface others;
-  others.name = "wlan1";
-  const std::vector<checks::RadioInterface> expected{
-      {.name = "wlan0", .role = checks::RadioInterface::Role::station}};
-  EXPECT_EQ(interfacesOf({mine, others}, 1), expected);
+TEST(Radio, HasTheInterfacesOfItsNumberBesidesTheOneInUse) {
+  using Role = checks::RadioInterface::Role;
+  WifiInterface inUse;
+  inUse.name = "wlan0";
+  inUse.index = 3;
+  inUse.wiphy = 1;
+  inUse.role = Role::peerLink;
+  WifiInterface peer = inUse;
+  peer.name = "mesh0";
+  peer.index = 4;
+  WifiInterface ofAnotherRadio;
+  ofAnotherRadio.name = "wlan1";
+  const std::vector<checks::RadioInterface> expected{{.name = "mesh0", .role = Role::peerLink}};
+  EXPECT_EQ(interfacesBeside(inUse, {inUse, peer, ofAnotherRadio}), expected);
 }
 
 std::optional<checks::ChannelSurvey> survey(const Octets& information) {

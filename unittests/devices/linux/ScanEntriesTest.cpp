@@ -142,6 +142,13 @@ TEST(ScanList, IsAsOldAsTheYoungestThatIsNotJoined) {
             milliseconds(7000));
 }
 
+TEST(ScanList, NamesTheJoinedAccessPoint) {
+  ScanEntry joined = entry("02:00:00:00:00:02", {});
+  EXPECT_FALSE(scanListOf({entry("02:00:00:00:00:01", {}), joined}).joinedBssid);
+  joined.joined = true;
+  EXPECT_EQ(scanListOf({entry("02:00:00:00:00:01", {}), joined}).joinedBssid, "02:00:00:00:00:02");
+}
+
 TEST(ScanList, IsNotYoungerForWhatIsHeardWithoutScans) {
   ScanEntry joined = entry("02:00:00:00:00:01", milliseconds(10));
   joined.joined = true;

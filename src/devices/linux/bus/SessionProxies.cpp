@@ -23,6 +23,17 @@ bool isNamed(std::string_view name, std::string_view lowerCase) {
                     [](char a, char b) { return lowered(a) == b; });
 }
 
+bool isSet(const char* const* environment, std::string_view variable) {
+  for (const char* const* entry = environment; entry && *entry; ++entry) {
+    const std::string_view text(*entry);
+    if (text.size() > variable.size() + 1 && text.starts_with(variable) &&
+        text[variable.size()] == '=') {
+      return true;
+    }
+  }
+  return false;
+}
+
 }  // namespace
 
 SessionProxy proxyInEnvironment(const char* const* environment) {
@@ -38,26 +49,28 @@ SessionProxy proxyInEnvironment(const char* const* environment) {
   return {};
 }
 
-Known<SessionProxy> readSessionProxy(const char* const* environment, Bus* session,
+Known<SessionProxy> readSessionProxy(const char* const* environment, Bus& session,
                                      const Patience& patience) {
   SessionProxy proxy = proxyInEnvironment(environment);
-  if (!proxy.source.empty() || !session) return proxy;
+  if (!proxy.source.empty()) return proxy;
   using Kind = BusError::Kind;
-  // Where there is no desktop, or its portal does not know of proxies, there are no settings.
-  const auto hasNoSettings = [](const BusAnswer& answer) {
-    return answer.error &&
-           (answer.error->kind == Kind::noBus || answer.error->kind == Kind::noService ||
-            answer.error->kind == Kind::noSuchThing);
+  const bool hasDesktop = isSet(environment, "XDG_CURRENT_DESKTOP");
+  const bool hasSession = hasDesktop || isSet(environment, "DBUS_SESSION_BUS_ADDRESS");
+  const auto hasNoSettings = [&](const BusAnswer& answer) {
+    if (!answer.error) return false;
+    if (answer.error->kind == Kind::noBus) return !hasSession;
+    return !hasDesktop &&
+           (answer.error->kind == Kind::noService || answer.error->kind == Kind::noSuchThing);
   };
-  const BusAnswer owner = session->ownerOf(kPortal.busName, patience);
+  const BusAnswer owner = session.ownerOf(kPortal.busName, patience);
   if (hasNoSettings(owner)) return proxy;
   if (!owner.isGood()) return unknownFrom(owner, kPortal);
-  const BusAnswer answer = session->call({*owner.first().text(),
-                                          "/org/freedesktop/portal/desktop",
-                                          "org.freedesktop.portal.ProxyResolver",
-                                          "Lookup",
-                                          {"http://example.com/"}},
-                                         patience);
+  const BusAnswer answer = session.call({*owner.first().text(),
+                                         "/org/freedesktop/portal/desktop",
+                                         "org.freedesktop.portal.ProxyResolver",
+                                         "Lookup",
+                                         {"http://example.com/"}},
+                                        patience);
   if (hasNoSettings(answer)) return proxy;
   if (!answer.isGood()) return unknownFrom(answer, kPortal);
   const BusValue::List& proxies = answer.first().list();

@@ -12,9 +12,11 @@ namespace wifi_profile::machine {
 // case; an empty one sets nothing. `environment` is like `environ`: "NAME=value" until a null.
 checks::SessionProxy proxyInEnvironment(const char* const* environment);
 
-// The environment, and then the settings of the desktop, from its portal where that is running.
-// `session` may be null: no session bus. Unknown where a portal that is running does not answer.
-checks::Known<checks::SessionProxy> readSessionProxy(const char* const* environment, Bus* session,
+// The environment, and then the settings of the desktop, from its portal. Where the environment
+// names neither a desktop (XDG_CURRENT_DESKTOP) nor a session bus (DBUS_SESSION_BUS_ADDRESS), no
+// bus means no settings, and where it names no desktop, no portal does. Otherwise unknown where
+// there is no answer.
+checks::Known<checks::SessionProxy> readSessionProxy(const char* const* environment, Bus& session,
                                                      const Patience& patience);
 
 }  // namespace wifi_profile::machine

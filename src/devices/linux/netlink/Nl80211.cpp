@@ -20,7 +20,8 @@ using checks::Known;
 using checks::Reason;
 using checks::Unknown;
 
-const Unknown kGone{Reason::noHardware, "The Wi-Fi interface is gone."};
+const Unknown kGone{Reason::noHardware,
+                    "The Wi-Fi interface is gone. Plug it in again, or use another one."};
 
 Request about(int family, int command, Request::Kind kind, const WifiInterface& interface) {
   Request request(family, command, kind);
@@ -58,7 +59,9 @@ std::chrono::nanoseconds sinceBoot() {
 }
 
 Unknown noWifiDevice() {
-  return {Reason::noHardware, "There is no Wi-Fi device, or its driver is not loaded."};
+  return {Reason::noHardware,
+          "There is no Wi-Fi device, or its driver is not loaded. Plug one in, or load its driver "
+          "(modprobe)."};
 }
 
 NotDone Nl80211::open(const Patience& patience) {
@@ -179,6 +182,13 @@ Known<std::vector<checks::ChannelSurvey>> Nl80211::surveys(const WifiInterface& 
 Known<checks::Radio> Nl80211::radio(const WifiInterface& interface, const Patience& patience) {
   const auto all = interfaces(patience);
   if (!all) return all.why();
+  auto radio = abilities(interface, patience);
+  if (radio) radio->interfaces = interfacesBeside(interface, *all);
+  return radio;
+}
+
+Known<checks::Radio> Nl80211::abilities(const WifiInterface& interface, const Patience& patience) {
+  if (auto problem = open(patience)) return *problem;
   Request request(family_, NL80211_CMD_GET_WIPHY, Request::Kind::dump);
   request.putFlag(NL80211_ATTR_SPLIT_WIPHY_DUMP).put(NL80211_ATTR_WIPHY, interface.wiphy);
   const auto answers = ask(request, "the abilities of the radio", patience);
@@ -195,7 +205,6 @@ Known<checks::Radio> Nl80211::radio(const WifiInterface& interface, const Patien
   if (!found) return kGone;
   finishChannels(radio);
   radio.driver = driverOf(interface.name);
-  radio.interfaces = interfacesOf(*all, interface.wiphy);
   return radio;
 }
 

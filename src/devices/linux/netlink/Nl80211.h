@@ -50,9 +50,9 @@ class Nl80211 {
   // empty list is a list. Any user.
   checks::Known<ScanList> scan(const WifiInterface& interface, const Patience& patience);
 
-  // Scans all channels, also with probes for any network, and returns when the results are there;
-  // or when those of a scan are that was under way. notPermitted: ordinary users may not; radioOff;
-  // failed: the scan was given up half-way; tookTooLong.
+  // Scans all channels, also with probes for any network, and returns when the results are there. A
+  // scan of somebody else's that is under way is let end first. notPermitted: ordinary users may
+  // not; radioOff; failed: the scan was given up half-way; tookTooLong.
   NotDone triggerScan(const WifiInterface& interface, const Patience& patience);
 
   // For scans that somebody else is asked to do: from `watchScans` on, results are remembered,
@@ -65,8 +65,10 @@ class Nl80211 {
   checks::Known<std::vector<checks::ChannelSurvey>> surveys(const WifiInterface& interface,
                                                             const Patience& patience);
 
-  // What the radio can do, and which interfaces it has.
+  // What the radio can do, and which interfaces it has besides this one.
   checks::Known<checks::Radio> radio(const WifiInterface& interface, const Patience& patience);
+  // The same without the interfaces, for one question less.
+  checks::Known<checks::Radio> abilities(const WifiInterface& interface, const Patience& patience);
 
   // The country whose rules the interface's radio follows: its own where it manages them itself,
   // otherwise the kernel's. notTold: a mixture of several countries' rules.
@@ -83,10 +85,11 @@ class Nl80211 {
   checks::Known<WifiInterface> now(const WifiInterface& interface, const Patience& patience);
   checks::Known<std::vector<ScanEntry>> scanEntries(const WifiInterface& interface,
                                                     const Patience& patience);
-  int startScan(const WifiInterface& interface, const Patience& patience);
+  // `flags` are nl80211's; errno's number.
+  int startScan(const WifiInterface& interface, const Patience& patience, std::uint32_t flags);
   // Of an event: its end, where it is one of the interface.
   static std::optional<ScanEnd> scanEnd(const Message& event, const WifiInterface& interface);
-  // Waits for an event; errno's number where there was none.
+  // Waits for an event; errno's number where there was none. ENOBUFS: some were lost.
   int awaitScanEnd(const WifiInterface& interface, const Patience& patience, ScanEnd& end);
 
   NetlinkSocket requests_{kProtocol};

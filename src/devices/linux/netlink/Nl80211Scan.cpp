@@ -44,11 +44,6 @@ int Nl80211::awaitScanEnd(const WifiInterface& interface, const Patience& patien
   while (true) {
     Message event;
     const int error = events_.nextEvent(patience, event);
-    // Some events were lost, and ours may have been among them. The list tells how old it is.
-    if (error == ENOBUFS) {
-      end = ScanEnd::results;
-      return 0;
-    }
     if (error != 0) return error;
     if (event.type != family_) continue;
     if (const auto read = scanEnd(event, interface)) {
@@ -67,30 +62,44 @@ NotDone Nl80211::awaitScanResults(const WifiInterface& interface, const Patience
   return std::nullopt;
 }
 
-int Nl80211::startScan(const WifiInterface& interface, const Patience& patience) {
+int Nl80211::startScan(const WifiInterface& interface, const Patience& patience,
+                       std::uint32_t flags) {
   Request request(family_, NL80211_CMD_TRIGGER_SCAN, Request::Kind::one);
   request.put(NL80211_ATTR_IFINDEX, static_cast<std::uint32_t>(interface.index));
   // One name, the empty one: probes for any network.
   request.putEmptyList(NL80211_ATTR_SCAN_SSIDS);
+  if (flags != 0) request.put(NL80211_ATTR_SCAN_FLAGS, flags);
   std::vector<Message> answers;
   return requests_.ask(request, patience, answers);
 }
 
 NotDone Nl80211::triggerScan(const WifiInterface& interface, const Patience& patience) {
   if (auto problem = watchScans(patience)) return problem;
+  // Of 6 GHz only the channels that access points of other bands announce, and those that are for
+  // being found on: the others are most of them, and would take seconds.
+  std::uint32_t flags = NL80211_SCAN_FLAG_COLOCATED_6GHZ;
   while (true) {
-    const int error = startScan(interface, patience);
-    if (error == 0) return awaitScanResults(interface, patience);
-    if (error != EBUSY) return unknownFor(error, kSubject);
-    // Another scan is under way. It may have ended before we listened: then ours can begin.
+    const int error = startScan(interface, patience, flags);
+    if (flags != 0 && (error == EOPNOTSUPP || error == EINVAL)) {
+      flags = 0;
+      continue;
+    }
+    // Another scan may be under way, perhaps of one channel only: ours begins after it. It may also
+    // have ended before we listened.
     constexpr std::chrono::milliseconds kUntilNextTry{1000};
+    const bool isOurs = error == 0;
+    if (!isOurs && error != EBUSY) return unknownFor(error, kSubject);
     ScanEnd end{};
-    const Patience little = patience.atMost(kUntilNextTry);
-    const int awaited = awaitScanEnd(interface, little, end);
-    if (awaited == 0 && end == ScanEnd::results) return std::nullopt;
-    if (awaited != 0 && (awaited != ETIMEDOUT || patience.isOver())) {
+    const int awaited =
+        awaitScanEnd(interface, isOurs ? patience : patience.atMost(kUntilNextTry), end);
+    // Events were lost, and ours may have been among them: one more scan has its own.
+    if (awaited == ENOBUFS) continue;
+    if (awaited != 0 && (isOurs || awaited != ETIMEDOUT || patience.isOver())) {
       return unknownFor(awaited, kSubject);
     }
+    if (!isOurs) continue;
+    if (end == ScanEnd::aborted) return abortedScan();
+    return std::nullopt;
   }
 }
 

@@ -60,11 +60,12 @@ void finishChannels(checks::Radio& radio) {
                        radio.channels.end());
 }
 
-std::vector<checks::RadioInterface> interfacesOf(const std::vector<WifiInterface>& all,
-                                                 std::uint32_t wiphy) {
+std::vector<checks::RadioInterface> interfacesBeside(const WifiInterface& inUse,
+                                                     const std::vector<WifiInterface>& all) {
   std::vector<checks::RadioInterface> interfaces;
   for (const WifiInterface& one : all) {
-    if (one.wiphy == wiphy) interfaces.push_back({.name = one.name, .role = one.role});
+    const bool isOther = one.wiphy == inUse.wiphy && one.index != inUse.index;
+    if (isOther) interfaces.push_back({.name = one.name, .role = one.role});
   }
   return interfaces;
 }

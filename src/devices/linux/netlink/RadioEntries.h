@@ -15,9 +15,9 @@ namespace wifi_profile::machine {
 void addToRadio(const Attributes& attributes, checks::Radio& radio);
 void finishChannels(checks::Radio& radio);
 
-// Of the interfaces that have this radio.
-std::vector<checks::RadioInterface> interfacesOf(const std::vector<WifiInterface>& all,
-                                                 std::uint32_t wiphy);
+// The other interfaces of the same radio.
+std::vector<checks::RadioInterface> interfacesBeside(const WifiInterface& inUse,
+                                                     const std::vector<WifiInterface>& all);
 
 // From an answer to NL80211_CMD_GET_SURVEY. Nothing without a frequency. Times that contradict each
 // other (busier than it listened) are left out.

@@ -253,6 +253,8 @@ std::optional<ScanEntry> scanEntryOf(const Attributes& bss, std::chrono::nanosec
 ScanList scanListOf(std::vector<ScanEntry> entries) {
   ScanList list;
   list.age = ageOf(entries);
+  const auto joined = std::ranges::find_if(entries, &ScanEntry::joined);
+  if (joined != entries.end()) list.joinedBssid = joined->accessPoint.bssid;
   ListMaker maker;
   for (ScanEntry& entry : entries) maker.add(std::move(entry));
   maker.addAnnounced();

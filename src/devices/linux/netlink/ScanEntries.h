@@ -21,6 +21,7 @@ struct ScanList {
   // then spent on other channels. Nothing: there is no such access point, or the driver does not
   // say.
   std::optional<std::chrono::milliseconds> age;
+  std::optional<std::string> joinedBssid = std::nullopt;  // nothing: not joined
 
   bool operator==(const ScanList&) const = default;
 };

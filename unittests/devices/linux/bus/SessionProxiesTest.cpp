@@ -45,10 +45,13 @@ class SessionProxyTest : public BusFixture {
     service.start();
     return read(patience());
   }
-  checks::Known<checks::SessionProxy> read(const Patience& patience) {
-    const char* const empty[] = {nullptr};
-    return readSessionProxy(empty, bus_.get(), patience);
+  checks::Known<checks::SessionProxy> read(const Patience& patience,
+                                           const char* variable = nullptr) {
+    const char* const environment[] = {variable, nullptr};
+    return readSessionProxy(environment, *bus_, patience);
   }
+  static constexpr const char* kDesktop = "XDG_CURRENT_DESKTOP=GNOME";
+  static constexpr const char* kSession = "DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent/socket";
 };
 
 TEST_F(SessionProxyTest, OfTheDesktopIsAnythingButADirectConnection) {
@@ -58,18 +61,29 @@ TEST_F(SessionProxyTest, OfTheDesktopIsAnythingButADirectConnection) {
   EXPECT_EQ(answered({})->source, "");
 }
 
-TEST_F(SessionProxyTest, IsNoneWithoutAPortalAndWithoutABus) {
+TEST_F(SessionProxyTest, OfNoSessionIsNoneWithoutAPortalAndWithoutABus) {
   EXPECT_EQ(read(patience()), checks::Known<checks::SessionProxy>(checks::SessionProxy{}));
   bus_ = Bus::at("unix:path=/nonexistent/socket");
   EXPECT_EQ(read(patience()), checks::Known<checks::SessionProxy>(checks::SessionProxy{}));
-  bus_ = nullptr;
-  EXPECT_EQ(read(patience()), checks::Known<checks::SessionProxy>(checks::SessionProxy{}));
 }
 
-TEST_F(SessionProxyTest, IsNoneWhereThePortalDoesNotKnowOfProxies) {
+TEST_F(SessionProxyTest, IsNoneWhereAPortalWithoutADesktopDoesNotKnowOfProxies) {
   FakeService service(daemon_.address(), "org.freedesktop.portal.Desktop");
   service.start();
   EXPECT_EQ(read(patience()), checks::Known<checks::SessionProxy>(checks::SessionProxy{}));
+  EXPECT_EQ(read(patience(), kDesktop).why().reason, Reason::notTold);
+}
+
+TEST_F(SessionProxyTest, OfADesktopIsUnknownWhereItsPortalIsNotRunning) {
+  EXPECT_EQ(read(patience(), kDesktop).why().reason, Reason::noService);
+  EXPECT_TRUE(read(patience(), kSession)) << "a session without a desktop has no portal";
+  EXPECT_TRUE(read(patience(), "XDG_CURRENT_DESKTOP=")) << "an empty variable says nothing";
+}
+
+TEST_F(SessionProxyTest, OfASessionIsUnknownWhereItsBusIsNotThere) {
+  bus_ = Bus::at("unix:path=/nonexistent/socket");
+  EXPECT_EQ(read(patience(), kSession).why().reason, Reason::noService);
+  EXPECT_EQ(read(patience(), kDesktop).why().reason, Reason::noService);
 }
 
 TEST_F(SessionProxyTest, IsUnknownWhereThePortalDoesNotAnswer) {
@@ -83,8 +97,7 @@ TEST_F(SessionProxyTest, IsUnknownWhereThePortalDoesNotAnswer) {
 TEST_F(SessionProxyTest, OfTheEnvironmentAsksNobody) {
   const char* const environment[] = {"http_proxy=http://proxy.test", nullptr};
   const Patience over{Clock::now(), cancellation_};
-  EXPECT_EQ(readSessionProxy(environment, bus_.get(), over)->source,
-            "http_proxy in the environment");
+  EXPECT_EQ(readSessionProxy(environment, *bus_, over)->source, "http_proxy in the environment");
 }
 
 }  // namespace
