@@ -10,6 +10,8 @@ using checks::Reason;
 using checks::Unknown;
 
 Known<Bluetooth> bluetoothFrom(const BusValue& objects) {
+  // BlueZ always has an object of its own: this is no list of objects.
+  if (objects.map().empty()) return unknownFrom(BusAnswer{}, kBluez);
   bool hasAdapter = false;
   Bluetooth bluetooth;
   for (const auto& [path, interfaces] : objects.map()) {
@@ -35,8 +37,7 @@ Known<Bluetooth> readBluetooth(Bus& system, const Patience& patience) {
   const BusAnswer answer = system.call(
       {*owner.first().text(), "/", "org.freedesktop.DBus.ObjectManager", "GetManagedObjects", {}},
       patience);
-  // Without any object there is not even the manager's own.
-  if (!answer.isGood() || answer.first().map().empty()) return unknownFrom(answer, kBluez);
+  if (!answer.isGood()) return unknownFrom(answer, kBluez);
   return bluetoothFrom(answer.first());
 }
 

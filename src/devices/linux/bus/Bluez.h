@@ -8,7 +8,8 @@
 
 namespace wifi_profile::machine {
 
-// noHardware where there is no adapter. Pure; `objects` is ObjectManager.GetManagedObjects.
+// noHardware where there is no adapter; failed where there are no objects at all. Pure; `objects`
+// is ObjectManager.GetManagedObjects.
 checks::Known<checks::Bluetooth> bluetoothFrom(const BusValue& objects);
 
 // noService where BlueZ is not running or there is no bus. Any thread.

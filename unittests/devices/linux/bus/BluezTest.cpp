@@ -14,11 +14,15 @@ constexpr auto kAdapter = "org.bluez.Adapter1";
 constexpr auto kDevice = "org.bluez.Device1";
 
 TEST(BluetoothFacts, WithoutAdapterAreNoHardware) {
-  EXPECT_EQ(bluetoothFrom({}).why().reason, Reason::noHardware);
   EXPECT_EQ(bluetoothFrom(map({{"/org/bluez", map({{"org.bluez.AgentManager1", map({})}})}}))
                 .why()
                 .reason,
             Reason::noHardware);
+}
+
+TEST(BluetoothFacts, WithoutAnyObjectFailed) {
+  EXPECT_EQ(bluetoothFrom({}).why().reason, Reason::failed);
+  EXPECT_EQ(bluetoothFrom(text("objects")).why().reason, Reason::failed);
 }
 
 TEST(BluetoothFacts, OfWrongTypesAreAsIfOff) {
