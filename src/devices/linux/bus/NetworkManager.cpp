@@ -113,6 +113,7 @@ Known<std::vector<SavedNetwork>> NetworkManager::savedNetworks(const Patience& p
   const BusValue::List& paths = listed.first().list();
   const std::size_t count = std::min(paths.size(), kLongestBusList);
   std::vector<SavedNetwork> networks;
+  std::size_t refused = 0;
   for (std::size_t begin = 0; begin < count; begin += kCallsAtATime) {
     std::vector<BusCall> calls;
     for (std::size_t index = begin; index < std::min(count, begin + kCallsAtATime); ++index) {
@@ -121,8 +122,10 @@ Known<std::vector<SavedNetwork>> NetworkManager::savedNetworks(const Patience& p
     for (const BusAnswer& answer : bus_.call(calls, patience)) {
       using Kind = BusError::Kind;
       // A profile may be forgotten meanwhile, or be another user's.
-      if (answer.error && answer.error->kind != Kind::noSuchThing &&
-          answer.error->kind != Kind::notPermitted && answer.error->kind != Kind::unreadable) {
+      const bool isRefused = answer.error && answer.error->kind == Kind::notPermitted;
+      if (isRefused && ++refused == count) return unknownFrom(answer, kNetworkManager);
+      if (answer.error && answer.error->kind != Kind::noSuchThing && !isRefused &&
+          answer.error->kind != Kind::unreadable) {
         return unknownFrom(answer, kNetworkManager);
       }
       if (auto network = savedNetworkFrom(answer.first())) networks.push_back(std::move(*network));

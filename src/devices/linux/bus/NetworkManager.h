@@ -31,7 +31,8 @@ class NetworkManager {
   // Of the link, IPv4 first; notJoined where the interface has no configuration.
   checks::Known<std::vector<std::string>> dnsServers(const std::string& interface,
                                                      const Patience& patience);
-  // Of all interfaces; at most kLongestBusList. A profile that this user may not read is left out.
+  // Of all interfaces; at most kLongestBusList. A profile that this user may not read is left
+  // out; notPermitted where that is all of them.
   checks::Known<std::vector<checks::SavedNetwork>> savedNetworks(const Patience& patience);
 
   // When the last scan of the interface ended, on CLOCK_BOOTTIME; nothing: it never did.

@@ -71,7 +71,8 @@ Security securityFromSupplicant(const BusValue& properties) {
   if (methods.contains("OWE")) return Security::owe;
   if (methods.contains("IEEE8021X")) return Security::wep;
   if (!methods.contains("NONE")) return Security::unknown;
-  return isSet("wep_key0") ? Security::wep : Security::none;
+  constexpr const char* kKeys[] = {"wep_key0", "wep_key1", "wep_key2", "wep_key3"};
+  return std::any_of(std::begin(kKeys), std::end(kKeys), isSet) ? Security::wep : Security::none;
 }
 
 Security securityFromIwd(const std::string& type) {

@@ -219,6 +219,17 @@ TEST_F(NetworkManagerTest, ProfilesThatCannotBeReadAreLeftOut) {
   EXPECT_EQ(networks->front().ssid, "Good");
 }
 
+TEST_F(NetworkManagerTest, ProfilesThatAreAllRefusedAreNotPermitted) {
+  service_.list({ObjectPath("/first"), ObjectPath("/second")});
+  for (const char* const path : {"/first", "/second"}) {
+    service_.method(path, kProfile, "GetSettings", []() -> Sections {
+      throw sdbus::Error("org.freedesktop.NetworkManager.Settings.PermissionDenied");
+    });
+  }
+  service_.start();
+  EXPECT_EQ(manager_.savedNetworks(patience()).why().reason, Reason::notPermitted);
+}
+
 TEST_F(NetworkManagerTest, OneProfileThatIsNeverToldEndsAtTheDeadline) {
   service_.list({ObjectPath(kProfilePath)});
   service_.silentMethod<Sections>(kProfilePath, kProfile, "GetSettings");

@@ -54,6 +54,7 @@ Security ofSupplicant(const char* methods, BusValue::Map more = {}) {
 TEST(ProfileSecurity, IsReadFromTheWordsOfWpaSupplicant) {
   EXPECT_EQ(ofSupplicant("NONE"), Security::none);
   EXPECT_EQ(ofSupplicant("NONE", {{"wep_key0", text("*")}}), Security::wep);
+  EXPECT_EQ(ofSupplicant("NONE", {{"wep_key3", text("*")}}), Security::wep);
   EXPECT_EQ(ofSupplicant("IEEE8021X"), Security::wep);
   EXPECT_EQ(ofSupplicant("OWE"), Security::owe);
   EXPECT_EQ(ofSupplicant("WPA-PSK"), Security::wpa2Personal);
