@@ -27,6 +27,16 @@ Unknown notTold(Kind kind, const char* what) {
 }  // namespace
 
 Known<Kind> ConnectionManager::kind(const std::string& interface, const Patience& patience) {
+  if (kind_ && kindOf_ == interface) return *kind_;
+  const auto found = findKind(interface, patience);
+  if (found) {
+    kind_ = *found;
+    kindOf_ = interface;
+  }
+  return found;
+}
+
+Known<Kind> ConnectionManager::findKind(const std::string& interface, const Patience& patience) {
   const auto byNetworkManager = NetworkManager(bus_).manages(interface, patience);
   if (byNetworkManager && *byNetworkManager) return Kind::networkManager;
   const auto isAbsent = [](const Known<bool>& manages) {

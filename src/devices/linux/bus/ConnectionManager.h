@@ -1,6 +1,7 @@
-// Whoever manages the interface's connections: NetworkManager, else iwd, else wpa_supplicant. Each
-// call finds out anew who that is. Where nobody is, and where there is no bus, everything is
-// Unknown, noService. Any thread.
+// Whoever manages the interface's connections: NetworkManager, else iwd, else wpa_supplicant. Who
+// that is, is found out once for an object, which lives no longer than a piece of work. Where
+// nobody is, and where there is no bus, everything is Unknown, noService. An object belongs to one
+// thread at a time.
 #pragma once
 
 #include <optional>
@@ -43,7 +44,11 @@ class ConnectionManager {
                                             const Patience& patience);
 
  private:
+  checks::Known<Kind> findKind(const std::string& interface, const Patience& patience);
+
   Bus& bus_;
+  std::optional<Kind> kind_;
+  std::string kindOf_;  // the interface
 };
 
 }  // namespace wifi_profile::machine

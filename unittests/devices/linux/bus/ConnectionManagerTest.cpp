@@ -147,6 +147,15 @@ TEST_F(ConnectionManagerTest, WpaSupplicantIsAskedWhereNobodyElseIs) {
   EXPECT_EQ(manager_.kind("wlan0", patience()), Known<Kind>(Kind::supplicant));
 }
 
+TEST_F(ConnectionManagerTest, WhoManagesIsFoundOutOnceAndAnewForAnotherInterface) {
+  {
+    const auto first = iwd();
+    EXPECT_EQ(manager_.kind("wlan0", patience()), Known<Kind>(Kind::iwd));
+  }
+  EXPECT_EQ(manager_.kind("wlan0", patience()), Known<Kind>(Kind::iwd));
+  EXPECT_EQ(manager_.kind("wlan1", patience()).why().reason, Reason::noService);
+}
+
 TEST_F(ConnectionManagerTest, ANetworkManagerThatNobodyElseStandsInForIsNamed) {
   const auto only = networkManager(10);
   const auto kind = manager_.kind("wlan0", patience());
