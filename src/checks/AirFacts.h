@@ -27,7 +27,7 @@ struct Link {
   bool operator==(const Link&) const = default;
 };
 
-// An access point as the last scan heard it. A box with several networks has several of these.
+// An access point as it was heard last. A box with several networks has several of these.
 struct AccessPoint {
   std::string bssid = {};  // as in Link
   // 1 to 32 bytes; nothing when it never told its name.
@@ -56,7 +56,7 @@ struct AccessPoint {
   bool operator==(const AccessPoint&) const = default;
 };
 
-// The newest scan.
+// The newest scan, and what others heard in the 30 s before it and it did not.
 struct Scan {
   std::vector<AccessPoint> accessPoints = {};  // each BSSID once, in no particular order
 
