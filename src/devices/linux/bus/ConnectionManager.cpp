@@ -28,7 +28,7 @@ Unknown notTold(Kind kind, const char* what) {
 
 Known<Kind> ConnectionManager::kind(const std::string& interface, const Patience& patience) {
   if (kind_ && kindOf_ == interface) return *kind_;
-  const auto found = findKind(interface, patience);
+  auto found = findKind(interface, patience);
   if (found) {
     kind_ = *found;
     kindOf_ = interface;

@@ -175,6 +175,24 @@ TEST_F(BusTest, AThreadThatWaitsForItsTurnIsCalledOffToo) {
   EXPECT_EQ(first.get().error->kind, Kind::calledOff);
 }
 
+TEST_F(BusTest, CallsThatSeveralThreadsGiveUpLeaveTheBusAsItWas) {
+  FakeService service(daemon_.address(), kName);
+  service.silentMethod<bool>("/object", kName, "Get");
+  service.start();
+  const std::vector<BusCall> calls(10, ask("Get"));
+  const auto giveUp = [&] {
+    for (int round = 0; round < 10; ++round) {
+      for (const BusAnswer& answer : bus_->call(calls, patience().atMost(5ms))) {
+        EXPECT_EQ(answer.error->kind, Kind::tookTooLong);
+      }
+    }
+  };
+  std::vector<std::future<void>> threads;
+  for (int count = 0; count < 4; ++count) threads.push_back(std::async(std::launch::async, giveUp));
+  for (auto& thread : threads) thread.get();
+  EXPECT_TRUE(bus_->ownerOf(kName, patience()).isGood());
+}
+
 TEST_F(BusTest, AServiceThatEndsBeforeItAnswersIsNoService) {
   SilentService service(daemon_.address());
   auto answer = std::async(std::launch::async, [&] { return bus_->call(ask("Get"), patience()); });
