@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <curl/curl.h>
 #include <memory>
 #include <netinet/in.h>
@@ -70,31 +71,38 @@ std::string partOf(CURLU* url, CURLUPart part, unsigned flags) {
   return result;
 }
 
-bool isOfThisMachine(const curl_sockaddr& address) {
-  const auto* generic = &address.addr;
-  if (address.family == AF_INET) {
-    const auto* ofIPv4 = reinterpret_cast<const sockaddr_in*>(generic);
-    return ntohl(ofIPv4->sin_addr.s_addr) >> 24U == 127;
-  }
-  const auto* ofIPv6 = reinterpret_cast<const sockaddr_in6*>(generic);
-  return address.family == AF_INET6 && IN6_IS_ADDR_LOOPBACK(&ofIPv6->sin6_addr);
+// In the place of a name's addresses that were not found, so that the library does not look for
+// them by itself. Nothing can be sent there.
+constexpr const char* kNowhere = "255.255.255.255";
+
+bool isNowhere(const Address& address) {
+  return address.family() == AF_INET &&
+         reinterpret_cast<const sockaddr_in*>(address.get())->sin_addr.s_addr == INADDR_NONE;
 }
 
 // What one transfer collects.
 struct Transfer {
   const std::string& interface;
   std::size_t bodyLimit;
-  HttpAnswer answer;
+  bool mayStayHere = false;  // a proxy on this machine is not behind the interface
+  bool wentNowhere = false;
+  HttpAnswer answer = {};
   std::size_t headerBytes = 0;
 };
 
-curl_socket_t openBound(void* self, curlsocktype /*purpose*/, curl_sockaddr* address) {
-  Descriptor socket(::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol));
+curl_socket_t openBound(void* self, curlsocktype /*purpose*/, curl_sockaddr* to) {
+  auto& transfer = *static_cast<Transfer*>(self);
+  Address address;
+  address.size = std::min<socklen_t>(to->addrlen, sizeof(address.storage));
+  std::memcpy(&address.storage, &to->addr, address.size);
+  transfer.wentNowhere = isNowhere(address);
+  if (transfer.wentNowhere) return CURL_SOCKET_BAD;
+  // Whoever answers a name or redirects must not choose this machine's own services.
+  const bool here = !transfer.interface.empty() && staysHere(address);
+  if (here && !transfer.mayStayHere) return CURL_SOCKET_BAD;
+  Descriptor socket(::socket(to->family, to->socktype | SOCK_CLOEXEC, to->protocol));
   if (!socket) return CURL_SOCKET_BAD;
-  // A proxy on this machine is not behind the interface.
-  if (!isOfThisMachine(*address) &&
-      !bindToInterface(socket.number(), address->family,
-                       static_cast<const Transfer*>(self)->interface)) {
+  if (!here && !bindToInterface(socket.number(), to->family, transfer.interface)) {
     return CURL_SOCKET_BAD;
   }
   return socket.release();
@@ -175,23 +183,31 @@ bool environmentNamesProxy() {
   });
 }
 
-// What the library is told of the host's addresses; empty: nothing, as the host is one, or a proxy
-// may know it.
+bool mayUseProxy(const HttpRequest& request) { return request.useProxy && environmentNamesProxy(); }
+
+// Numeric, and of this machine.
+bool isHere(const std::string& host) {
+  const auto address = addressOf(host, 0, {});
+  return address && staysHere(*address);
+}
+
 struct Addresses {
-  std::string entry;
-  std::string problem;
+  std::string entry;    // what the library is told; empty: nothing
+  std::string problem;  // why there are none
 };
 
 Addresses addressesOf(const UrlParts& url, const HttpRequest& request, const Way& way,
                       const Patience& patience) {
   if (addressOf(url.host, 0, way.interface)) return {};
-  const auto answer = resolve(url.host, way, patience);
+  auto answer = resolve(url.host, way, patience);
   if (!answer) return {{}, "timed out"};
-  if (!answer->resolution.resolved) {
-    if (request.useProxy && environmentNamesProxy()) return {};
-    return {{}, "name: " + answer->resolution.problem};
-  }
+  if (!way.interface.empty()) std::erase_if(answer->addresses, isHere);
   std::string entry = url.host + ":" + url.port + ":";
+  if (answer->addresses.empty()) {
+    return {mayUseProxy(request) ? entry + kNowhere : "",  // a proxy may know it
+            answer->resolution.resolved ? "the name stands for this machine"
+                                        : "name: " + answer->resolution.problem};
+  }
   for (const std::string& address : answer->addresses) {
     if (entry.back() != ':') entry += ',';
     entry += address.find(':') == std::string::npos ? address : "[" + address + "]";
@@ -260,15 +276,16 @@ std::string resolvedUrl(const std::string& base, const std::string& reference) {
 }
 
 HttpAnswer exchange(const HttpRequest& request, const Way& way, const Patience& patience) {
-  Transfer transfer{way.interface, request.bodyLimit, {}, 0};
+  Transfer transfer{.interface = way.interface, .bodyLimit = request.bodyLimit};
   const auto failed = [&](std::string problem) {
     transfer.answer.problem = std::move(problem);
     return transfer.answer;
   };
   const auto url = partsOf(request.url);
   if (!url) return failed("no address of http or https");
+  transfer.mayStayHere = mayUseProxy(request) && !isHere(url->host);
   const Addresses addresses = addressesOf(*url, request, way, patience);
-  if (!addresses.problem.empty()) return failed(addresses.problem);
+  if (addresses.entry.empty() && !addresses.problem.empty()) return failed(addresses.problem);
 
   const NoBrokenPipe noBrokenPipe;
   List headers;
@@ -291,6 +308,7 @@ HttpAnswer exchange(const HttpRequest& request, const Way& way, const Patience& 
   curl_easy_getinfo(easy.get(), CURLINFO_REDIRECT_URL, &redirect);
   if (redirect != nullptr) answer.redirect = redirect;
   if (!answer.cutOff) answer.problem = problemOf(code, easy.get());
+  if (code == CURLE_COULDNT_CONNECT && transfer.wentNowhere) answer.problem = addresses.problem;
   curl_multi_remove_handle(multi.get(), easy.get());
   return answer;
 }

@@ -51,6 +51,24 @@ std::optional<Address> addressOf(const std::string& text, std::uint16_t port,
   return address;
 }
 
+bool staysHere(const Address& address) {
+  const auto isHere = [](const in_addr& ofIPv4) {
+    const std::uint32_t first = ntohl(ofIPv4.s_addr) >> 24U;
+    return first == 127 || first == 0;
+  };
+  if (address.family() == AF_INET) {
+    return isHere(reinterpret_cast<const sockaddr_in*>(address.get())->sin_addr);
+  }
+  if (address.family() != AF_INET6) return false;
+  const in6_addr& ofIPv6 = reinterpret_cast<const sockaddr_in6*>(address.get())->sin6_addr;
+  if (IN6_IS_ADDR_V4MAPPED(&ofIPv6)) {
+    in_addr mapped{};
+    std::memcpy(&mapped, &ofIPv6.s6_addr[12], sizeof(mapped));
+    return isHere(mapped);
+  }
+  return IN6_IS_ADDR_LOOPBACK(&ofIPv6) || IN6_IS_ADDR_UNSPECIFIED(&ofIPv6);
+}
+
 bool bindToInterface(int socket, int family, const std::string& interface) {
   if (interface.empty()) return true;
   if (setsockopt(socket, SOL_SOCKET, SO_BINDTODEVICE, interface.c_str(),

@@ -27,6 +27,10 @@ struct Address {
 std::optional<Address> addressOf(const std::string& text, std::uint16_t port,
                                  const std::string& interface);
 
+// Whether what is sent there stays on this machine: loopback, and the address of none, which the
+// kernel takes for it.
+bool staysHere(const Address& address);
+
 // Everything that the socket sends goes out through the interface (empty: any), and nothing else
 // comes in where the kernel lets this user say so. False with errno when there is no such
 // interface, or it has no address of this family.

@@ -175,5 +175,16 @@ TEST(Names, InAddressesOfTheWebAreAskedOfTheLinksServers) {
   EXPECT_EQ(site->problem, "name: no such name");
 }
 
+TEST(Names, ThatStandForThisMachineAreNotVisitedThroughAnInterface) {
+  const Cancellation never;
+  const UdpServer server(addressesOfBoth);
+  const TcpServer own(answering(page("200 OK", "online")));
+  const auto site = reachSite("http://site.test:" + std::to_string(own.port()) + "/",
+                              {"lo", wayTo(server).nameServers}, patient(never));
+  ASSERT_TRUE(site);
+  EXPECT_EQ(site->problem, "the name stands for this machine");
+  EXPECT_EQ(own.connections(), 0);
+}
+
 }  // namespace
 }  // namespace wifi_profile::machine

@@ -236,5 +236,16 @@ TEST(Site, IsNotReachedThroughAnInterfaceThatIsNotThere) {
   EXPECT_FALSE(site->reached);
 }
 
+TEST(Web, SendsNothingToThisMachineWhereAnInterfaceIsNamed) {
+  const Cancellation never;
+  const TcpServer own(answering(page("200 OK", "online")));
+  const std::string port = ":" + std::to_string(own.port()) + "/";
+  for (const std::string host : {"127.0.0.1", "0.0.0.0", "[::ffff:127.0.0.1]", "[::1]", "[::]"}) {
+    retrievePage("http://" + host + port, "", {"lo", {}}, patient(never));
+    probePortal({"http://" + host + port, "", ""}, {"lo", {}}, patient(never));
+  }
+  EXPECT_EQ(own.connections(), 0);
+}
+
 }  // namespace
 }  // namespace wifi_profile::machine
