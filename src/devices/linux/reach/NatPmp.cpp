@@ -18,10 +18,14 @@ class Session {
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  // The library's socket is connected already: once more, by the route of the interface.
+  // The library's socket is connected already, by the system's route, and keeps the address that it
+  // got with it until it is let go.
   bool bindTo(const std::string& interface, const Address& gateway) {
-    if (!usable_ || !bindToInterface(state_.s, AF_INET, interface)) return false;
-    return interface.empty() || connect(state_.s, gateway.get(), gateway.size) == 0;
+    if (!usable_ || interface.empty()) return usable_;
+    const sockaddr nobody{.sa_family = AF_UNSPEC, .sa_data = {}};
+    return connect(state_.s, &nobody, sizeof(nobody)) == 0 &&
+           bindToInterface(state_.s, AF_INET, interface) &&
+           connect(state_.s, gateway.get(), gateway.size) == 0;
   }
 
   std::optional<in_addr> ask(const Patience& patience) {

@@ -32,6 +32,8 @@ TEST(NatPmp, TellsTheOuterAddress) {
   const Cancellation never;
   const UdpServer router(toldByNatPmp, ownAddress(), kNatPmpPort);
   EXPECT_EQ(askNatPmp(ownAddress(), "", patient(never)), "203.113.7.9");
+  EXPECT_EQ(askNatPmp(ownAddress(), "lo", patient(never)), "203.113.7.9");
+  EXPECT_EQ(askNatPmp(ownAddress(), "none0", patient(never)), std::nullopt);
 }
 
 TEST(NatPmp, IsNotBelievedWithARefusalGarbageOrNoHostsAddress) {
