@@ -53,7 +53,7 @@ struct SiteReach {
 
 // A page of the site.
 struct SitePage {
-  bool retrieved = false;  // whole, with status 200 and the content expected
+  bool retrieved = false;  // with status 200 and the content expected
   std::string problem = {};
 
   bool operator==(const SitePage&) const = default;

@@ -17,6 +17,7 @@
 namespace wifi_profile::machine {
 namespace {
 
+constexpr const char* kMoreRoom = "close programs, as memory or open files ran out";
 constexpr std::size_t kMostHeaderBytes = std::size_t{64} * 1024;
 
 template <auto release>
@@ -86,9 +87,25 @@ struct Transfer {
   std::size_t bodyLimit;
   bool mayStayHere = false;  // a proxy on this machine is not behind the interface
   bool wentNowhere = false;
+  bool opened = false;      // one socket at least
+  std::string remedy = {};  // for the one that could not be
   HttpAnswer answer = {};
   std::size_t headerBytes = 0;
 };
+
+// Empty: the network gave no address of the protocol.
+std::string remedyForSocket(int error, const std::string& interface) {
+  switch (error) {
+    case EADDRNOTAVAIL:
+      return {};
+    case ENODEV:
+      return "look whether " + shortText(interface) + " is still there and switched on";
+    case EAFNOSUPPORT:
+      return "switch on the protocol (IPv4 or IPv6) of the site's addresses";
+    default:
+      return kMoreRoom;
+  }
+}
 
 curl_socket_t openBound(void* self, curlsocktype /*purpose*/, curl_sockaddr* to) {
   auto& transfer = *static_cast<Transfer*>(self);
@@ -101,10 +118,11 @@ curl_socket_t openBound(void* self, curlsocktype /*purpose*/, curl_sockaddr* to)
   const bool here = !transfer.interface.empty() && staysHere(address);
   if (here && !transfer.mayStayHere) return CURL_SOCKET_BAD;
   Descriptor socket(::socket(to->family, to->socktype | SOCK_CLOEXEC, to->protocol));
-  if (!socket) return CURL_SOCKET_BAD;
-  if (!here && !bindToInterface(socket.number(), to->family, transfer.interface)) {
+  if (!socket || (!here && !bindToInterface(socket.number(), to->family, transfer.interface))) {
+    transfer.remedy = remedyForSocket(errno, transfer.interface);
     return CURL_SOCKET_BAD;
   }
+  transfer.opened = true;
   return socket.release();
 }
 
@@ -175,6 +193,23 @@ std::string problemOf(CURLcode code, CURL* easy) {
   }
 }
 
+// As in HttpAnswer.
+std::string remedyFor(CURLcode code, const Transfer& transfer) {
+  switch (code) {
+    case CURLE_SSL_CACERT_BADFILE:
+      return "install the package ca-certificates";
+    case CURLE_FAILED_INIT:
+    case CURLE_UNRECOVERABLE_POLL:
+      return kMoreRoom;
+    case CURLE_OUT_OF_MEMORY:  // which an endless header is told as, too
+      return transfer.opened ? "" : kMoreRoom;
+    case CURLE_COULDNT_CONNECT:
+      return transfer.opened ? "" : transfer.remedy;
+    default:
+      return {};
+  }
+}
+
 bool environmentNamesProxy() {
   constexpr std::array kNames{"http_proxy", "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY"};
   return std::any_of(kNames.begin(), kNames.end(), [](const char* name) {
@@ -194,25 +229,32 @@ bool isHere(const std::string& host) {
 struct Addresses {
   std::string entry;    // what the library is told; empty: nothing
   std::string problem;  // why there are none
+  std::string remedy;   // as in HttpAnswer
 };
 
 Addresses addressesOf(const UrlParts& url, const HttpRequest& request, const Way& way,
                       const Patience& patience) {
   if (addressOf(url.host, 0, way.interface)) return {};
   auto answer = resolve(url.host, way, patience);
-  if (!answer) return {{}, "timed out"};
+  if (!answer) {
+    if (answer.why().reason == checks::Reason::failed) {
+      return {{}, "no name can be looked up", kMoreRoom};
+    }
+    return {{}, "timed out", {}};
+  }
   if (!way.interface.empty()) std::erase_if(answer->addresses, isHere);
   std::string entry = url.host + ":" + url.port + ":";
   if (answer->addresses.empty()) {
     return {mayUseProxy(request) ? entry + kNowhere : "",  // a proxy may know it
             answer->resolution.resolved ? "the name stands for this machine"
-                                        : "name: " + answer->resolution.problem};
+                                        : "name: " + answer->resolution.problem,
+            {}};
   }
   for (const std::string& address : answer->addresses) {
     if (entry.back() != ':') entry += ',';
     entry += address.find(':') == std::string::npos ? address : "[" + address + "]";
   }
-  return {entry, {}};
+  return {entry, {}, {}};
 }
 
 void setUp(CURL* easy, const HttpRequest& request, Transfer& transfer, const curl_slist* headers,
@@ -239,12 +281,15 @@ void setUp(CURL* easy, const HttpRequest& request, Transfer& transfer, const cur
 
 CURLcode perform(CURLM* multi, CURL* easy, const Patience& patience) {
   if (curl_multi_add_handle(multi, easy) != CURLM_OK) return CURLE_FAILED_INIT;
-  CURLcode result = CURLE_OPERATION_TIMEDOUT;
   int running = 1;
-  while (curl_multi_perform(multi, &running) == CURLM_OK && running > 0 && !patience.isOver()) {
+  while (running > 0 && !patience.isOver()) {
+    if (curl_multi_perform(multi, &running) != CURLM_OK) return CURLE_FAILED_INIT;
+    if (running == 0) break;
     curl_waitfd called{patience.cancellation.descriptor(), CURL_WAIT_POLLIN, 0};
-    curl_multi_poll(multi, &called, 1, static_cast<int>(patience.left().count()), nullptr);
+    const int most = static_cast<int>(patience.left().count());
+    if (curl_multi_poll(multi, &called, 1, most, nullptr) != CURLM_OK) return CURLE_FAILED_INIT;
   }
+  CURLcode result = CURLE_OPERATION_TIMEDOUT;
   int left = 0;
   while (const CURLMsg* message = curl_multi_info_read(multi, &left)) {
     if (message->msg == CURLMSG_DONE) result = message->data.result;
@@ -275,23 +320,31 @@ std::string resolvedUrl(const std::string& base, const std::string& reference) {
   return partOf(url.get(), CURLUPART_URL, 0);
 }
 
+checks::Unknown notAsked(const HttpAnswer& answer) {
+  return {checks::Reason::failed,
+          "The site could not be asked (" + answer.problem + "): " + answer.remedy + "."};
+}
+
 HttpAnswer exchange(const HttpRequest& request, const Way& way, const Patience& patience) {
   Transfer transfer{.interface = way.interface, .bodyLimit = request.bodyLimit};
-  const auto failed = [&](std::string problem) {
+  const auto failed = [&](std::string problem, std::string remedy = {}) {
     transfer.answer.problem = std::move(problem);
+    transfer.answer.remedy = std::move(remedy);
     return transfer.answer;
   };
+  if (!isLibraryReady()) return failed("no memory", kMoreRoom);
   const auto url = partsOf(request.url);
   if (!url) return failed("no address of http or https");
   transfer.mayStayHere = mayUseProxy(request) && !isHere(url->host);
   const Addresses addresses = addressesOf(*url, request, way, patience);
-  if (addresses.entry.empty() && !addresses.problem.empty()) return failed(addresses.problem);
+  if (addresses.entry.empty() && !addresses.problem.empty())
+    return failed(addresses.problem, addresses.remedy);
 
   const NoBrokenPipe noBrokenPipe;
   List headers;
   for (const std::string& header : request.headers) {
     curl_slist* longer = curl_slist_append(headers.get(), header.c_str());
-    if (longer == nullptr) return failed("no memory");
+    if (longer == nullptr) return failed("no memory", kMoreRoom);
     static_cast<void>(headers.release());
     headers.reset(longer);
   }
@@ -299,7 +352,7 @@ HttpAnswer exchange(const HttpRequest& request, const Way& way, const Patience& 
       addresses.entry.empty() ? nullptr : curl_slist_append(nullptr, addresses.entry.c_str()));
   const Multi multi(curl_multi_init());
   const Easy easy(curl_easy_init());
-  if (!multi || !easy) return failed("no memory");
+  if (!multi || !easy) return failed("no memory", kMoreRoom);
   setUp(easy.get(), request, transfer, headers.get(), resolved.get());
   const CURLcode code = perform(multi.get(), easy.get(), patience);
   HttpAnswer& answer = transfer.answer;
@@ -307,7 +360,10 @@ HttpAnswer exchange(const HttpRequest& request, const Way& way, const Patience& 
   const char* redirect = nullptr;
   curl_easy_getinfo(easy.get(), CURLINFO_REDIRECT_URL, &redirect);
   if (redirect != nullptr) answer.redirect = redirect;
-  if (!answer.cutOff) answer.problem = problemOf(code, easy.get());
+  if (!answer.cutOff) {
+    answer.problem = problemOf(code, easy.get());
+    answer.remedy = remedyFor(code, transfer);
+  }
   if (code == CURLE_COULDNT_CONNECT && transfer.wentNowhere) answer.problem = addresses.problem;
   curl_multi_remove_handle(multi.get(), easy.get());
   return answer;

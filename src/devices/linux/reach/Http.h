@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "checks/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/reach/Names.h"
 
@@ -27,7 +28,12 @@ struct HttpAnswer {
   std::string redirect;  // where to, absolute; empty: nowhere
   // In a few words; empty: the whole answer is there (or cut off), or it is connected.
   std::string problem;
+  // What would help, when the problem is this machine's own and says nothing of the other side.
+  std::string remedy;
 };
+
+// Of an answer with a remedy.
+checks::Unknown notAsked(const HttpAnswer& answer);
 
 // Ends with problem "timed out" at the deadline, and soon after it was called off.
 HttpAnswer exchange(const HttpRequest& request, const Way& way, const Patience& patience);

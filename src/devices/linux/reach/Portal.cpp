@@ -71,6 +71,7 @@ checks::Known<PortalProbe> probePortal(const PortalQuestion& question, const Way
   const HttpAnswer answer =
       exchange({.url = question.url, .headers = {}, .post = {}}, way, patience.atMost(kTime));
   if (patience.cancellation.isCancelled()) return calledOff();
+  if (!answer.remedy.empty()) return notAsked(answer);
   return judge(answer, question.expectedText);
 }
 

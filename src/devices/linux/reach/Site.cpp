@@ -9,13 +9,18 @@ constexpr std::chrono::milliseconds kReachTime{5000};
 constexpr std::chrono::milliseconds kPageTime{10000};
 constexpr int kMostRedirects = 5;
 
-// Why this is not the page; empty: it is.
-std::string problemOf(const HttpAnswer& answer, const std::string& expectedText) {
-  if (!answer.problem.empty()) return answer.problem;
-  if (answer.status != 200) return "status " + std::to_string(answer.status);
-  if (answer.cutOff) return "too long";
-  if (answer.body.find(expectedText) == std::string::npos) return "another page";
-  return {};
+checks::Known<checks::SitePage> judge(const HttpAnswer& answer, const std::string& expectedText) {
+  const auto isNot = [](std::string problem) {
+    return checks::SitePage{false, std::move(problem)};
+  };
+  if (!answer.remedy.empty()) return notAsked(answer);
+  if (!answer.problem.empty()) return isNot(answer.problem);
+  if (answer.status != 200) return isNot("status " + std::to_string(answer.status));
+  if (answer.body.find(expectedText) != std::string::npos) return checks::SitePage{true, {}};
+  if (!answer.cutOff) return isNot("another page");
+  return checks::Unknown{checks::Reason::notTold,
+                         "The first 64 KiB of the page do not have the text expected: set "
+                         "\"text\" of \"site\" in the settings to one near its beginning."};
 }
 
 }  // namespace
@@ -26,6 +31,7 @@ checks::Known<checks::SiteReach> reachSite(const std::string& url, const Way& wa
   const HttpAnswer answer = exchange({.url = url, .connectOnly = true, .headers = {}, .post = {}},
                                      way, patience.atMost(kReachTime));
   if (patience.cancellation.isCancelled()) return calledOff();
+  if (!answer.remedy.empty()) return notAsked(answer);
   return checks::SiteReach{answer.problem.empty(), answer.problem};
 }
 
@@ -40,8 +46,7 @@ checks::Known<checks::SitePage> retrievePage(const std::string& url,
         exchange({.url = next, .useProxy = true, .headers = {}, .post = {}}, way, ours);
     if (patience.cancellation.isCancelled()) return calledOff();
     if (answer.redirect.empty() || answer.status / 100 != 3) {
-      const std::string problem = problemOf(answer, expectedText);
-      return checks::SitePage{problem.empty(), problem};
+      return judge(answer, expectedText);
     }
     next = answer.redirect;
   }

@@ -2,7 +2,9 @@
 //
 // Addresses are http or https. Names in them are asked of the way's name servers. Details and
 // problems are a few words in printable ASCII, whatever the other side sent. The user agent is
-// "wifi-profile/VERSION"; no cookies, no credentials, no compression, HTTP/1.1.
+// "wifi-profile/VERSION"; no cookies, no credentials, no compression, HTTP/1.1. Unknown (failed),
+// with what would help, where it is this machine that cannot ask: no trusted certificates, no
+// memory, no interface of that name.
 #pragma once
 
 #include <string>
@@ -32,9 +34,10 @@ checks::Known<checks::PortalProbe> probePortal(const PortalQuestion& question, c
 checks::Known<checks::SiteReach> reachSite(const std::string& url, const Way& way,
                                            const Patience& patience);
 
-// Gets the page within 10 s in all: at most 5 redirects, to http and https only, and at most 64
-// KiB. A proxy is used when the environment names one (http_proxy, https_proxy, HTTPS_PROXY,
-// all_proxy, ALL_PROXY, and no_proxy for exceptions).
+// Gets the page within 10 s in all: at most 5 redirects, to http and https only, and the first 64
+// KiB. The text (empty: any will do) must be in these; where they do not have it and the page goes
+// on, it is unknown (notTold). A proxy is used when the environment names one (http_proxy,
+// https_proxy, HTTPS_PROXY, all_proxy, ALL_PROXY, and no_proxy for exceptions).
 checks::Known<checks::SitePage> retrievePage(const std::string& url,
                                              const std::string& expectedText, const Way& way,
                                              const Patience& patience);

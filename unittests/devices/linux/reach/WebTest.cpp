@@ -146,10 +146,15 @@ TEST(Page, EndsWhereTooMuchIsSent) {
     };
   };
   const std::string bytes(4096, 'x');
-  EXPECT_EQ(problemAnswering(flood("HTTP/1.1 200 OK\r\n\r\nonline", bytes)), "too long");
-  EXPECT_EQ(problemAnswering(flood("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n",
-                                   "1000\r\n" + bytes + "\r\n")),
-            "too long");
+  EXPECT_EQ(problemAnswering(flood("HTTP/1.1 200 OK\r\n\r\nonline", bytes)), "");
+  EXPECT_EQ(problemAnswering(flood("HTTP/1.1 404 Not Found\r\n\r\nonline", bytes)), "status 404");
+  const TcpServer another(
+      flood("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n", "1000\r\n" + bytes + "\r\n"));
+  const Cancellation never;
+  const auto unknown = retrievePage(urlOf(another), "online", kAnyWay, patient(never));
+  ASSERT_FALSE(unknown);
+  EXPECT_NE(unknown.why().sentence.find("first 64 KiB"), std::string::npos);
+  EXPECT_TRUE(retrievePage(urlOf(another), "", kAnyWay, patient(never))->retrieved);
   EXPECT_NE(problemAnswering(flood("HTTP/1.1 200 OK\r\n", "A: " + bytes + "\r\n")), "");
   EXPECT_NE(problemAnswering(flood("HTTP/1.1 200 OK\r\nA: ", bytes)), "");
   EXPECT_NE(problemAnswering(flood("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
@@ -228,12 +233,16 @@ TEST(Site, IsNotReachedWhereItRefuses) {
   EXPECT_EQ(*site, (checks::SiteReach{false, "refused"}));
 }
 
-TEST(Site, IsNotReachedThroughAnInterfaceThatIsNotThere) {
+TEST(Web, IsUnknownThroughAnInterfaceThatIsNotThere) {
   const Cancellation never;
-  // Addresses of this machine are not behind any interface, so it is another one.
-  const auto site = reachSite("http://203.0.113.80/", {"none0", {}}, patient(never));
-  ASSERT_TRUE(site);
-  EXPECT_FALSE(site->reached);
+  const std::string url = "http://203.0.113.80/";
+  const Way way{"none0", {}};
+  for (const auto& why :
+       {reachSite(url, way, patient(never)).why(), retrievePage(url, "", way, patient(never)).why(),
+        probePortal({url, "", ""}, way, patient(never)).why()}) {
+    EXPECT_EQ(why.reason, checks::Reason::failed);
+    EXPECT_NE(why.sentence.find("whether none0 is still there"), std::string::npos) << why.sentence;
+  }
 }
 
 TEST(Web, SendsNothingToThisMachineWhereAnInterfaceIsNamed) {
