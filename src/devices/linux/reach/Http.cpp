@@ -18,6 +18,8 @@ namespace wifi_profile::machine {
 namespace {
 
 constexpr const char* kMoreRoom = "close programs, as memory or open files ran out";
+// The library does not wait for the socket of a second address before it was told to go on.
+constexpr std::chrono::milliseconds kLook{200};
 constexpr std::size_t kMostHeaderBytes = std::size_t{64} * 1024;
 
 template <auto release>
@@ -280,13 +282,16 @@ void setUp(CURL* easy, const HttpRequest& request, Transfer& transfer, const cur
 }
 
 CURLcode perform(CURLM* multi, CURL* easy, const Patience& patience) {
+  // Of it, the first of several addresses gets half, the next half of what is left.
+  curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS,
+                   std::max(1L, static_cast<long>(patience.left().count())));
   if (curl_multi_add_handle(multi, easy) != CURLM_OK) return CURLE_FAILED_INIT;
   int running = 1;
   while (running > 0 && !patience.isOver()) {
     if (curl_multi_perform(multi, &running) != CURLM_OK) return CURLE_FAILED_INIT;
     if (running == 0) break;
     curl_waitfd called{patience.cancellation.descriptor(), CURL_WAIT_POLLIN, 0};
-    const int most = static_cast<int>(patience.left().count());
+    const auto most = static_cast<int>(std::min(patience.left(), kLook).count());
     if (curl_multi_poll(multi, &called, 1, most, nullptr) != CURLM_OK) return CURLE_FAILED_INIT;
   }
   CURLcode result = CURLE_OPERATION_TIMEDOUT;

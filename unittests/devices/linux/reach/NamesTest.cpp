@@ -186,5 +186,29 @@ TEST(Names, ThatStandForThisMachineAreNotVisitedThroughAnInterface) {
   EXPECT_EQ(own.connections(), 0);
 }
 
+TEST(Names, WithADeadAddressLeaveTimeForTheNext) {
+  const Cancellation never;
+  const TcpServer site([](int) {});
+  // A queue of connections that is full: further ones get no answer.
+  const std::string dead = "127.0.0.2";
+  const Descriptor listener = boundSocket(dead, SOCK_STREAM, site.port());
+  ASSERT_EQ(listen(listener.number(), 0), 0);
+  const auto address = addressOf(dead, site.port(), "");
+  const Descriptor first = openSocket(AF_INET, SOCK_STREAM, 0, "");
+  const Descriptor second = openSocket(AF_INET, SOCK_STREAM, 0, "");
+  connect(first.number(), address->get(), address->size);
+  connect(second.number(), address->get(), address->size);
+  const UdpServer server([](const std::string& question) {
+    if (typeOf(question) != kA) return std::vector<std::string>{answer(question, 0)};
+    std::string both = answer(question, 0, record(kA, bytes({127, 0, 0, 2})));
+    both[7] = 2;
+    return std::vector<std::string>{both + record(kA, bytes({127, 0, 0, 1}))};
+  });
+  const std::string url = "http://site.test:" + std::to_string(site.port()) + "/";
+  const auto reached = reachSite(url, wayTo(server), patient(never));
+  ASSERT_TRUE(reached);
+  EXPECT_TRUE(reached->reached) << reached->problem;
+}
+
 }  // namespace
 }  // namespace wifi_profile::machine
