@@ -1,5 +1,8 @@
 #include "devices/linux/ReachErrands.h"
 
+#include <algorithm>
+
+#include "checks/IpAddresses.h"
 #include "devices/linux/reach/Names.h"
 #include "devices/linux/reach/Outside.h"
 #include "devices/linux/reach/Ping.h"
@@ -14,7 +17,7 @@ using checks::Known;
 using checks::Unknown;
 using std::chrono::milliseconds;
 
-// Longest times; none is longer than 13 s, so that the last is in 15 s after the scan.
+// Longest times; none is longer than 13 s, so that the last ends within 15 s of the scan.
 constexpr milliseconds kNameLimit{8'500};
 constexpr milliseconds kPingLimit{4'500};
 constexpr milliseconds kOutsideLimit{4'000};
@@ -58,14 +61,39 @@ Unknown noRouter() {
           "DHCP settings."};
 }
 
-Known<std::string> addressOf(const std::string& host, const Way& way, const Patience& patience) {
+// Of this network or machine, in the place of a host in the Internet.
+bool isOfTheHouse(const std::string& address) {
+  const auto ofIPv4 = checks::ipv4KindOf(address);
+  if (ofIPv4) return *ofIPv4 != checks::Ipv4Kind::global;
+  return checks::ipv6KindOf(address) == checks::Ipv6Kind::uniqueLocal || address == "::1" ||
+         address == "::" || address.starts_with("fe80:");
+}
+
+// The first of those that the network has a router for; the first at all where none is.
+const std::string& reachable(const std::vector<std::string>& addresses,
+                             const checks::Addresses& own) {
+  const bool byIPv6 = !own.ipv4Gateway && own.ipv6Gateway;
+  const auto found = std::ranges::find_if(addresses, [byIPv6](const std::string& address) {
+    return (address.find(':') != std::string::npos) == byIPv6;
+  });
+  return found == addresses.end() ? addresses.front() : *found;
+}
+
+Known<std::string> addressInTheInternet(const std::string& host, const checks::Addresses& own,
+                                        const Way& way, const Patience& patience) {
   const auto answer = resolve(host, way, patience);
   if (!answer) return answer.why();
-  if (!answer->addresses.empty()) return answer->addresses.front();
+  if (answer->addresses.empty()) {
+    return Unknown{checks::Reason::failed,
+                   "The address of " + host + " could not be looked up (" +
+                       answer->resolution.problem +
+                       "): mend DNS first, or set a numeric address to ping."};
+  }
+  const std::string& address = reachable(answer->addresses, own);
+  if (address == host || !isOfTheHouse(address)) return address;
   return Unknown{checks::Reason::failed,
-                 "The address of " + host + " could not be looked up (" +
-                     answer->resolution.problem +
-                     "): mend DNS first, or set a numeric address to ping."};
+                 "The name servers give an address of the house (" + address + ") for " + host +
+                     ": sign in to the network first, or set a numeric address to ping."};
 }
 
 Known<checks::Pings> pingRouter(const Facts& known, const Way& way, const Patience& patience) {
@@ -75,12 +103,13 @@ Known<checks::Pings> pingRouter(const Facts& known, const Way& way, const Patien
   return ping(*router, way.interface, {}, patience);
 }
 
-Known<checks::RouterOutside> lookOutside(const Facts& known, const std::string& host,
-                                         const Way& way, const Patience& patience) {
-  if (!known.addresses->ipv4Gateway) return noRouter();
-  const auto target = addressOf(host, way, patience.atMost(milliseconds(2'000)));
-  return routerOutside(*known.addresses->ipv4Gateway, target ? *target : "", way.interface,
-                       patience);
+Known<checks::Pings> pingInternet(const Facts& known, const std::string& host, const Way& way,
+                                  const Patience& patience) {
+  const auto address = addressInTheInternet(host, *known.addresses, way, patience);
+  if (!address) return address.why();
+  PingPlan plan;
+  plan.ports = kSitePorts;
+  return ping(*address, way.interface, plan, patience);
 }
 
 }  // namespace
@@ -93,12 +122,8 @@ void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
   add<checks::Pings>(
       errands, interface,
       {"ping of the Internet", Fact::wanPings, &Facts::wanPings, kNameLimit + kPingLimit,
-       [targets](const Facts&, const Way& way, const Patience& patience) -> Known<checks::Pings> {
-         const auto address = addressOf(targets.pingHost, way, patience);
-         if (!address) return address.why();
-         PingPlan plan;
-         plan.ports = kSitePorts;
-         return ping(*address, way.interface, plan, patience);
+       [targets](const Facts& known, const Way& way, const Patience& patience) {
+         return pingInternet(known, targets.pingHost, way, patience);
        }});
   add<checks::NameResolution>(
       errands, interface,
@@ -132,8 +157,11 @@ void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
   add<checks::RouterOutside>(
       errands, interface,
       {"look at the router's outside", Fact::routerOutside, &Facts::routerOutside, kOutsideLimit,
-       [targets](const Facts& known, const Way& way, const Patience& patience) {
-         return lookOutside(known, targets.pingHost, way, patience);
+       [targets](const Facts& known, const Way& way,
+                 const Patience& patience) -> Known<checks::RouterOutside> {
+         const auto& gateway = known.addresses->ipv4Gateway;
+         if (!gateway) return noRouter();
+         return routerOutside(*gateway, targets.pingHost, way, patience);
        }});
 }
 

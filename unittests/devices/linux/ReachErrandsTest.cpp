@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "devices/linux/ReachErrands.h"
+#include "devices/linux/reach/LocalServers.h"
 
 namespace wifi_profile::machine {
 namespace {
@@ -131,6 +132,53 @@ TEST_F(ReachErrands, WithoutNameServersOfAnAddressPingNothing) {
   EXPECT_NE(facts.wanPings.why().sentence.find("could not be looked up (malformed name)"),
             std::string::npos)
       << facts.wanPings.why().sentence;
+}
+
+// A server of names that gives each the addresses 192.168.0.1 (the house's) and 2001:db8::1.
+std::vector<std::string> addressesOfBoth(const std::string& question) {
+  std::string text = question;
+  text[2] = static_cast<char>(0x81);
+  text[3] = static_cast<char>(0x80);
+  text[7] = 1;
+  const bool ofIPv4 = question[question.size() - 3] == 1;
+  const std::string data =
+      ofIPv4 ? std::string("\xc0\xa8\0\1", 4) : "\x20\1\r\xb8" + std::string(11, '\0') + "\1";
+  const std::string type(1, question[question.size() - 3]);
+  return {text + "\xc0\x0c" + std::string(1, '\0') + type + std::string("\0\1\0\0\0\x3c\0", 7) +
+          std::string(1, static_cast<char>(data.size())) + data};
+}
+
+class ReachOfTheInternet : public ReachErrands {
+ protected:
+  ReachOfTheInternet() { known_.link = checks::Link{.interface = "lo", .ssid = "Home"}; }
+
+  Facts after(Fact fact, checks::Addresses addresses) {
+    addresses.dnsServers = {"127.0.0.1:" + std::to_string(server_.port())};
+    known_.addresses = addresses;
+    Facts facts;
+    errandOf(fact).run(known_, patient(cancellation_))(facts);
+    return facts;
+  }
+
+  const UdpServer server_{addressesOfBoth};
+  Facts known_;
+};
+
+TEST_F(ReachOfTheInternet, IsNotPingedWhereTheNameServersGiveAnAddressOfTheHouse) {
+  const Facts facts = after(Fact::wanPings, {.ipv4Gateway = "192.168.0.1"});
+  ASSERT_FALSE(facts.wanPings);
+  EXPECT_NE(facts.wanPings.why().sentence.find("of the house (192.168.0.1)"), std::string::npos)
+      << facts.wanPings.why().sentence;
+}
+
+TEST_F(ReachOfTheInternet, IsPingedByIPv6WhereOnlyThatHasARouter) {
+  const Facts facts = after(Fact::wanPings, {.ipv6Gateway = "fe80::1"});
+  // Whether it can be pinged here or not.
+  EXPECT_EQ(facts.wanPings ? facts.wanPings->target : "2001:db8::1", "2001:db8::1");
+  if (!facts.wanPings) {
+    EXPECT_EQ(facts.wanPings.why().sentence.find("of the house"), std::string::npos)
+        << facts.wanPings.why().sentence;
+  }
 }
 
 }  // namespace

@@ -3,33 +3,56 @@
 #include <future>
 #include <system_error>
 
+#include "checks/IpAddresses.h"
 #include "devices/linux/reach/RouterQuestions.h"
 #include "devices/linux/reach/Sockets.h"
 
 namespace wifi_profile::machine {
 
+namespace {
+
+constexpr std::chrono::milliseconds kNameTime{2000};
+
+// Whether it tells what stands behind the router.
+bool isOutside(const std::optional<std::string>& address) {
+  const auto kind = address ? checks::ipv4KindOf(*address) : std::nullopt;
+  return kind && (*kind == checks::Ipv4Kind::global || checks::isBehindTranslation(*kind));
+}
+
+std::optional<std::string> secondHopTo(const std::string& host, const std::string& gateway,
+                                       const Way& way, const Patience& patience) {
+  const auto answer = resolve(host, way, patience.atMost(kNameTime));
+  // Those of IPv4 are first.
+  if (!answer || answer->addresses.empty()) return {};
+  return findSecondHop(gateway, answer->addresses.front(), way.interface, patience);
+}
+
+}  // namespace
+
 checks::Known<checks::RouterOutside> routerOutside(const std::string& gateway,
-                                                   const std::string& wanTarget,
-                                                   const std::string& interface,
+                                                   const std::string& wanHost, const Way& way,
                                                    const Patience& patience) {
   if (patience.isOver()) return calledOff();
   const auto router = hostAddress(gateway);
   if (!router) {
     return checks::Unknown{checks::Reason::failed,
-                           "\"" + shortText(gateway) + "\" is no IPv4 address of a router."};
+                           "\"" + shortText(gateway) +
+                               "\" is no IPv4 address of a router: renew the address (join "
+                               "again), or look at the router's DHCP settings."};
   }
   checks::RouterOutside outside;
   try {
     auto byNatPmp =
-        std::async(std::launch::async, [&] { return askNatPmp(*router, interface, patience); });
+        std::async(std::launch::async, [&] { return askNatPmp(*router, way.interface, patience); });
     auto byUpnp =
-        std::async(std::launch::async, [&] { return askUpnp(*router, interface, patience); });
-    outside.secondHop = findSecondHop(*router, wanTarget, interface, patience);
+        std::async(std::launch::async, [&] { return askUpnp(*router, way.interface, patience); });
+    outside.secondHop = secondHopTo(wanHost, *router, way, patience);
     outside.address = byNatPmp.get();
     const auto other = byUpnp.get();
-    if (!outside.address) outside.address = other;
+    if (!isOutside(outside.address) && other) outside.address = other;
   } catch (const std::system_error&) {
-    return checks::Unknown{checks::Reason::failed, "The system has no threads left."};
+    return checks::Unknown{checks::Reason::failed,
+                           "The system has no threads left: close programs."};
   }
   if (patience.cancellation.isCancelled()) return calledOff();
   return outside;

@@ -127,15 +127,35 @@ TEST(Upnp, BelievesNoDescriptionThatIsElsewhere) {
 TEST(Outside, IsKnownWithWhatCouldBeFoundOut) {
   const Cancellation never;
   const UdpServer router(toldByNatPmp, ownAddress(), kNatPmpPort);
-  const auto told = routerOutside(ownAddress(), kHere, "", patient(never));
+  const auto told = routerOutside(ownAddress(), kHere, {}, patient(never));
   ASSERT_TRUE(told);
   EXPECT_EQ(told->address, "203.113.7.9");
   EXPECT_EQ(told->secondHop, std::nullopt);  // it is this machine itself
 }
 
+TEST(Outside, IsWhatUpnpTellsWhereNatPmpsAddressSaysNothing) {
+  const Cancellation never;
+  const UdpServer natPmp(
+      [](const std::string&) { return std::vector<std::string>{natPmpAnswer(0, "\xa9\xfe\1\1")}; },
+      ownAddress(), kNatPmpPort);
+  EXPECT_EQ(routerOutside(ownAddress(), "", {}, patient(never))->address, "169.254.1.1");
+  const UpnpRouter upnp(reply("203.0.113.9"));
+  EXPECT_EQ(routerOutside(ownAddress(), "", {}, patient(never))->address, "203.0.113.9");
+}
+
+TEST(Outside, IsAskedForWhileANameIsLookedUpInVain) {
+  const Cancellation never;
+  const UdpServer silent([](const std::string&) { return std::vector<std::string>{}; });
+  const UdpServer router(toldByNatPmp, ownAddress(), kNatPmpPort);
+  const Way way{"", {kHere + ":" + std::to_string(silent.port())}};
+  const auto told = routerOutside(ownAddress(), "site.test", way, {Clock::now() + 300ms, never});
+  ASSERT_TRUE(told);
+  EXPECT_EQ(told->address, "203.113.7.9");
+}
+
 TEST(Outside, IsKnownToBeSilent) {
   const Cancellation never;
-  const auto told = routerOutside(ownAddress(), "", "", {Clock::now() + 300ms, never});
+  const auto told = routerOutside(ownAddress(), "", {}, {Clock::now() + 300ms, never});
   ASSERT_TRUE(told);
   EXPECT_EQ(*told, checks::RouterOutside{});
 }
@@ -143,7 +163,7 @@ TEST(Outside, IsKnownToBeSilent) {
 TEST(Outside, IsUnknownWithoutARoutersAddress) {
   const Cancellation never;
   for (const char* text : {"", "fe80::1", "router", "224.0.0.1"}) {
-    const auto told = routerOutside(text, "", "", patient(never));
+    const auto told = routerOutside(text, "", {}, patient(never));
     ASSERT_FALSE(told) << text;
     EXPECT_EQ(told.why().reason, checks::Reason::failed) << text;
   }
@@ -157,7 +177,7 @@ TEST(Outside, EndsWhenItIsCalledOff) {
         return std::vector<std::string>{};
       },
       ownAddress(), kNatPmpPort);
-  const auto told = routerOutside(ownAddress(), "", "", {Clock::now() + 1h, cancellation});
+  const auto told = routerOutside(ownAddress(), "", {}, {Clock::now() + 1h, cancellation});
   ASSERT_FALSE(told);
   EXPECT_EQ(told.why().reason, checks::Reason::tookTooLong);
 }
