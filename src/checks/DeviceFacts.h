@@ -81,7 +81,8 @@ struct Addresses {
       {};  // RFC 5952; without scope and prefix length; not tentative ones
   std::optional<std::string> ipv4Gateway = std::nullopt;
   std::optional<std::string> ipv6Gateway = std::nullopt;
-  std::vector<std::string> dnsServers = {};  // of the link, in order; empty: not known
+  // Of the link, in order; it may have none. Unset: not known.
+  std::optional<std::vector<std::string>> dnsServers = std::nullopt;
 
   bool operator==(const Addresses&) const = default;
 };

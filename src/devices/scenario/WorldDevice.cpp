@@ -52,7 +52,10 @@ checks::Addresses readAddresses(const ValueReader& value) {
                 [&](const ValueReader& field) { addresses.ipv4Gateway = readIpv4(field); });
     fields.take("ipv6Gateway",
                 [&](const ValueReader& field) { addresses.ipv6Gateway = readIpv6(field); });
-    takeTexts(fields, "dnsServers", addresses.dnsServers);
+    fields.take("dnsServers", [&](const ValueReader& field) {
+      auto& servers = addresses.dnsServers.emplace();
+      field.list([&](const ValueReader& server) { servers.push_back(server.text()); });
+    });
   });
   return addresses;
 }

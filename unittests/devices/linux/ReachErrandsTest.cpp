@@ -153,7 +153,7 @@ class ReachOfTheInternet : public ReachErrands {
   ReachOfTheInternet() { known_.link = checks::Link{.interface = "lo", .ssid = "Home"}; }
 
   Facts after(Fact fact, checks::Addresses addresses) {
-    addresses.dnsServers = {"127.0.0.1:" + std::to_string(server_.port())};
+    addresses.dnsServers = std::vector{"127.0.0.1:" + std::to_string(server_.port())};
     known_.addresses = addresses;
     Facts facts;
     errandOf(fact).run(known_, patient(cancellation_))(facts);

@@ -99,9 +99,13 @@ Known<std::vector<std::string>> NetworkManager::dnsServers(const std::string& in
   const auto answers = bus_.call({getProperties(found->owner, ip4.value_or(none), kIp4Config),
                                   getProperties(found->owner, ip6.value_or(none), kIp6Config)},
                                  patience);
-  if (!answers[0].isGood() && !answers[1].isGood())
-    return unknownFrom(answers[ip4 ? 0 : 1], kNetworkManager);
-  return dnsServersFrom(answers[0].first(), answers[1].first());
+  auto servers = dnsServersFrom(answers[0].first(), answers[1].first());
+  // That there are none is known when both have said so.
+  if (servers.empty() && ip4 && !answers[0].isGood())
+    return unknownFrom(answers[0], kNetworkManager);
+  if (servers.empty() && ip6 && !answers[1].isGood())
+    return unknownFrom(answers[1], kNetworkManager);
+  return servers;
 }
 
 Known<std::vector<SavedNetwork>> NetworkManager::savedNetworks(const Patience& patience) {

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <ares.h>
+#include <arpa/inet.h>
 #include <array>
 #include <map>
+#include <memory>
 #include <netdb.h>
 #include <poll.h>
 
@@ -92,17 +94,31 @@ void take(void* argument, int status, int /*timeouts*/, ares_addrinfo* found) {
   ares_freeaddrinfo(found);
 }
 
+using Servers = std::unique_ptr<ares_addr_port_node, decltype(&ares_free_data)>;
+
+bool isHere(const ares_addr_port_node& server) {
+  std::array<char, INET6_ADDRSTRLEN> text{};
+  inet_ntop(server.family, &server.addr, text.data(), text.size());
+  const auto address = addressOf(text.data(), 0, {});
+  return address && staysHere(*address);
+}
+
+// True when all servers are on this machine. Otherwise takes those out that are, as they cannot be
+// asked through an interface.
 bool asksThisMachine(ares_channel channel) {
-  ares_addr_port_node* servers = nullptr;
-  if (ares_get_servers_ports(channel, &servers) != ARES_SUCCESS) return false;
-  bool local = false;
-  for (const auto* server = servers; server != nullptr; server = server->next) {
-    constexpr std::uint32_t kLoopback = 127;  // the address' first byte
-    local |= server->family == AF_INET ? ntohl(server->addr.addr4.s_addr) >> 24U == kLoopback
-                                       : IN6_IS_ADDR_LOOPBACK(&server->addr.addr6) != 0;
+  ares_addr_port_node* first = nullptr;
+  if (ares_get_servers_ports(channel, &first) != ARES_SUCCESS) return false;
+  const Servers servers(first, ares_free_data);
+  std::vector<ares_addr_port_node> others;
+  for (const auto* server = first; server != nullptr; server = server->next) {
+    if (!isHere(*server)) others.push_back(*server);
   }
-  ares_free_data(servers);
-  return local;
+  if (others.empty()) return first != nullptr;
+  for (std::size_t i = 0; i < others.size(); ++i) {
+    others[i].next = i + 1 < others.size() ? &others[i + 1] : nullptr;
+  }
+  ares_set_servers_ports(channel, others.data());
+  return false;
 }
 
 class Resolver {
@@ -130,9 +146,9 @@ class Resolver {
       channel_ = nullptr;
       return;
     }
-    const std::string list = listOf(way.nameServers);
+    const std::string list = way.nameServers ? listOf(*way.nameServers) : "";
     hasServers_ =
-        way.nameServers.empty() ||
+        !way.nameServers ||
         (!list.empty() && ares_set_servers_ports_csv(channel_, list.c_str()) == ARES_SUCCESS);
     // A resolver on this machine asks the link's servers by itself.
     if (!way.interface.empty() && !asksThisMachine(channel_)) {
@@ -225,7 +241,9 @@ checks::Known<NameAnswer> resolve(const std::string& name, const Way& way,
   }
   Resolver resolver(way);
   if (!resolver.isUsable()) {
-    return checks::Unknown{checks::Reason::failed, "The resolver could not be set up."};
+    return checks::Unknown{checks::Reason::failed,
+                           "The resolver could not be set up: close programs, as memory or open "
+                           "files ran out."};
   }
   if (!resolver.hasServers()) {
     answer.resolution.problem = "no name server";

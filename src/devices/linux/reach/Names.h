@@ -1,6 +1,7 @@
 // Names asked of name servers. See Ping.h for what all functions of this folder have in common.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,8 +15,9 @@ namespace wifi_profile::machine {
 struct Way {
   std::string interface;  // empty: as the system routes
   // The link's name servers: "address", "address:port" or "[address]:port"; an IPv6 address may
-  // have a "%zone". No more than four are asked. Empty: those that the system has configured.
-  std::vector<std::string> nameServers;
+  // have a "%zone". No more than four are asked. One on this machine is asked, without the
+  // interface, only where there is no other. Unset: those that the system has configured.
+  std::optional<std::vector<std::string>> nameServers;
 };
 
 struct NameAnswer {

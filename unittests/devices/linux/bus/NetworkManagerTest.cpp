@@ -167,6 +167,26 @@ TEST_F(NetworkManagerTest, TellsTheServersOfTheOneIpVersionThatIsThere) {
   EXPECT_EQ(*servers, std::vector<std::string>{"192.0.2.1"});
 }
 
+TEST_F(NetworkManagerTest, TellsThatALinkHasNoServers) {
+  service_.property(kDevicePath, kDevice, "Ip4Config", ObjectPath("/ip4/1"));
+  service_.property(kDevicePath, kDevice, "Ip6Config", ObjectPath("/"));
+  service_.property("/ip4/1", "org.freedesktop.NetworkManager.IP4Config", "NameserverData",
+                    std::vector<Properties>{});
+  service_.start();
+  const auto servers = manager_.dnsServers("wlan0", patience());
+  ASSERT_TRUE(servers);
+  EXPECT_EQ(*servers, std::vector<std::string>());
+}
+
+TEST_F(NetworkManagerTest, DoesNotTellThatALinkHasNoServersWhereHalfOfItIsNotTold) {
+  service_.property(kDevicePath, kDevice, "Ip4Config", ObjectPath("/ip4/1"));  // which is not there
+  service_.property(kDevicePath, kDevice, "Ip6Config", ObjectPath("/ip6/1"));
+  service_.property("/ip6/1", "org.freedesktop.NetworkManager.IP6Config", "Nameservers",
+                    std::vector<std::vector<std::uint8_t>>{});
+  service_.start();
+  EXPECT_FALSE(manager_.dnsServers("wlan0", patience()));
+}
+
 TEST_F(NetworkManagerTest, SixtyProfilesAreAskedForAtOnce) {
   // Answers when all have been asked for: one question at a time would never be answered.
   std::vector<ObjectPath> paths;

@@ -10,6 +10,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
+using Servers = std::vector<std::string>;
+
 constexpr char kA = 1, kCname = 5, kAaaa = 28;
 
 std::string bytes(std::initializer_list<int> values) {
@@ -38,7 +40,9 @@ std::vector<std::string> addressesOfBoth(const std::string& question) {
   return {answer(question, 0, record(kAaaa, std::string(15, '\0') + '\1'))};
 }
 
-Way wayTo(const UdpServer& server) { return {"", {kHere + ":" + std::to_string(server.port())}}; }
+Way wayTo(const UdpServer& server) {
+  return {"", Servers{kHere + ":" + std::to_string(server.port())}};
+}
 
 NameAnswer ask(const UdpServer& server, const std::string& name = "site.test") {
   const Cancellation never;
@@ -126,9 +130,27 @@ TEST(Names, AreNotAskedForWhereThereIsNothingToAsk) {
   EXPECT_EQ(ask(server, "").resolution.problem, "malformed name");
   EXPECT_EQ(ask(server, std::string(300, 'x')).resolution.problem, "malformed name");
   EXPECT_EQ(server.questions(), 0);
-  const auto none = resolve("site.test", {"", {"a,b", ""}}, patient(never));
+  const auto none = resolve("site.test", {"", Servers{"a,b", ""}}, patient(never));
   ASSERT_TRUE(none);
   EXPECT_EQ(none->resolution.problem, "no name server");
+}
+
+TEST(Names, AreNotAskedOfTheSystemsServersWhereTheLinkHasNone) {
+  const Cancellation never;
+  const auto none = resolve("site.test", {"", Servers{}}, patient(never));
+  ASSERT_TRUE(none);
+  EXPECT_FALSE(none->resolution.resolved);
+  EXPECT_EQ(none->resolution.problem, "no name server");
+}
+
+TEST(Names, AreAskedOfTheInterfacesServersAloneWhereOneIsOfThisMachine) {
+  const Cancellation never;
+  const UdpServer own(addressesOfBoth);
+  const std::string server = kHere + ":" + std::to_string(own.port());
+  EXPECT_FALSE(
+      resolve("site.test", {"lo", Servers{server, "192.0.2.53"}}, {Clock::now() + 300ms, never})
+          ->resolution.resolved);
+  EXPECT_EQ(own.questions(), 0);
 }
 
 TEST(Names, OfAnAliasInThisMachinesHostsFileAreAskedOfTheServer) {

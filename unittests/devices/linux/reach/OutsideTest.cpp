@@ -147,7 +147,7 @@ TEST(Outside, IsAskedForWhileANameIsLookedUpInVain) {
   const Cancellation never;
   const UdpServer silent([](const std::string&) { return std::vector<std::string>{}; });
   const UdpServer router(toldByNatPmp, ownAddress(), kNatPmpPort);
-  const Way way{"", {kHere + ":" + std::to_string(silent.port())}};
+  const Way way{"", std::vector{kHere + ":" + std::to_string(silent.port())}};
   const auto told = routerOutside(ownAddress(), "site.test", way, {Clock::now() + 300ms, never});
   ASSERT_TRUE(told);
   EXPECT_EQ(told->address, "203.113.7.9");

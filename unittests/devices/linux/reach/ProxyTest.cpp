@@ -18,7 +18,7 @@ class Proxy : public testing::Test {
 
   // By the interface of this machine, whose servers know no name.
   checks::SitePage retrieve(const std::string& url) const {
-    const Way way{"lo", {kHere + ":" + std::to_string(names_.port())}};
+    const Way way{"lo", std::vector{kHere + ":" + std::to_string(names_.port())}};
     const auto page = retrievePage(url, "online", way, patient(never_));
     EXPECT_TRUE(page);
     return page ? *page : checks::SitePage{};
