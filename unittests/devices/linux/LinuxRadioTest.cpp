@@ -12,6 +12,7 @@
 #include <thread>
 #include <unistd.h>
 
+#include "devices/linux/Lines.h"
 #include "devices/linux/LinuxRadio.h"
 #include "devices/linux/NetlinkBytes.h"
 #include "devices/linux/bus/BusFixture.h"
@@ -30,24 +31,6 @@ constexpr const char* kInterface = "wlan-of-a-test-only";
 
 struct NoTrace final : Trace {
   void event(std::string_view /*name*/, const Fields& /*fields*/) override {}
-};
-
-// What was logged, by any thread.
-class Lines final : public DiagnosticLog {
- public:
-  bool isEnabled(int /*category*/, LogLevel /*level*/) const override { return true; }
-  void write(int category, LogLevel level, const std::string& text) override {
-    const std::lock_guard lock(mutex_);
-    lines_.push_back(std::to_string(category) + " " + std::string(nameOf(level)) + " " + text);
-  }
-  std::vector<std::string> lines() const {
-    const std::lock_guard lock(mutex_);
-    return lines_;
-  }
-
- private:
-  mutable std::mutex mutex_;
-  std::vector<std::string> lines_;
 };
 
 Octets event(std::uint8_t operation, bool soft = false) {

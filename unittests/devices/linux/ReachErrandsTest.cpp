@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+#include "devices/linux/Lines.h"
 #include "devices/linux/ReachErrands.h"
 #include "devices/linux/reach/LocalServers.h"
 
@@ -56,6 +57,8 @@ class ReachErrands : public testing::Test {
     return whyNot(facts, fact).value_or(Unknown{Reason::failed, "It is known."});
   }
 
+  std::shared_ptr<Lines> log_ = std::make_shared<Lines>();
+  ScopedInstall<DiagnosticLog> installedLog_{log_};
   std::vector<Errand> errands_;
   Cancellation cancellation_;
 };
@@ -132,6 +135,21 @@ TEST_F(ReachErrands, WithoutNameServersOfAnAddressPingNothing) {
   EXPECT_NE(facts.wanPings.why().sentence.find("could not be looked up (malformed name)"),
             std::string::npos)
       << facts.wanPings.why().sentence;
+}
+
+TEST_F(ReachErrands, SayInTheLogWhySomethingWasNotReached) {
+  std::vector<Errand> errands;
+  addReachErrands(errands, "lo", {.name = "no_such..name"});
+  Facts known;
+  known.link = checks::Link{.interface = "lo", .ssid = "Home"};
+  known.addresses = checks::Addresses{.dnsServers = std::vector<std::string>()};
+  Facts facts;
+  for (const std::size_t lookUpAndSite : {2U, 4U}) {
+    errands.at(lookUpAndSite).run(known, patient(cancellation_))(facts);
+  }
+  EXPECT_EQ(log_->lines(), (std::vector<std::string>{
+                               "0 error The look-up of a name: no name server.",
+                               "0 error The connection to the site: name: no name server."}));
 }
 
 // A server of names that gives each the addresses 192.168.0.1 (the house's) and 2001:db8::1.
