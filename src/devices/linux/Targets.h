@@ -1,4 +1,5 @@
-// Where the tests of the Internet go. Nothing is sent anywhere else.
+// Where the tests of the Internet go. docs/SETTINGS.md says what else is sent something: all of it
+// belongs to the network, or to what these redirect to.
 #pragma once
 
 #include <string>
@@ -11,7 +12,7 @@ struct Targets {
   std::string pingHost = "example.com";           // a name or a numeric address
   std::string name = "example.com";               // to be looked up
   std::string portalUrl = "http://example.com/";  // plain HTTP
-  std::string portalText = "Example Domain";      // in its page; empty: the page is empty
+  std::string portalText = "Example Domain";      // in its page; an empty page will do, too
   std::string siteUrl = "https://example.com/";
   std::string siteText = "Example Domain";  // in its page; empty: any page will do
 

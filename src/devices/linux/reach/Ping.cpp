@@ -24,7 +24,9 @@ checks::Unknown failed(std::string sentence) {
 checks::Known<checks::Pings> ping(const std::string& target, const std::string& interface,
                                   const PingPlan& plan, const Patience& patience) {
   const auto address = addressOf(target, 0, interface);
-  if (!address) return failed("\"" + shortText(target) + "\" is no address to ping.");
+  if (!address)
+    return failed("\"" + shortText(target) +
+                  "\" is no address to ping: set a numeric one, or a name.");
   const Patience ours = patience.atMost(plan.time);
   if (ours.isOver()) return calledOff();
 
@@ -38,7 +40,12 @@ checks::Known<checks::Pings> ping(const std::string& target, const std::string& 
     pings.byConnecting = true;
     roundTrips = pingByConnecting(target, interface, plan, ours);
   }
-  if (!roundTrips) return failed("No socket could be opened on " + shortText(interface) + ".");
+  if (!roundTrips) {
+    return failed("No socket could be opened" +
+                  (interface.empty() ? "" : " on " + shortText(interface)) +
+                  ": look whether the interface is still there and has an address of this "
+                  "protocol (IPv4 or IPv6).");
+  }
   if (patience.cancellation.isCancelled()) return calledOff();
   pings.sent = static_cast<int>(roundTrips->size());
   for (const auto& roundTrip : *roundTrips) {

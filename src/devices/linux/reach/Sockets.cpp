@@ -105,7 +105,8 @@ std::string shortText(std::string_view text) {
 }
 
 checks::Unknown calledOff() {
-  return {checks::Reason::tookTooLong, "It was called off, or there was no time left for it."};
+  return {checks::Reason::tookTooLong,
+          "It was called off, or there was no time left for it: run the tests again."};
 }
 
 }  // namespace wifi_profile::machine
