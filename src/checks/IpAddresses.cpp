@@ -43,7 +43,7 @@ std::optional<Ipv4Kind> ipv4KindOf(const std::string& address) {
   if (isIn(front(10), 8) || isIn(front(172, 16), 12) || isIn(front(192, 168), 16)) {
     return Ipv4Kind::privateUse;
   }
-  if (isIn(front(100, 64), 10)) return Ipv4Kind::sharedSpace;
+  if (isIn(front(100, 64), 10) || isIn(front(192, 0), 24)) return Ipv4Kind::sharedSpace;
   if (isIn(front(169, 254), 16)) return Ipv4Kind::linkLocal;
   if (isIn(front(127), 8)) return Ipv4Kind::loopback;
   if (isIn(front(0), 8) || isIn(front(224), 3)) return Ipv4Kind::noHost;

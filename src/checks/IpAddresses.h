@@ -9,7 +9,8 @@ namespace wifi_profile::checks {
 
 enum class Ipv4Kind {
   privateUse,   // RFC 1918: 10/8, 172.16/12, 192.168/16
-  sharedSpace,  // RFC 6598: 100.64/10, between a provider's translator and its customers
+  sharedSpace,  // between a provider's translator and its customers: RFC 6598: 100.64/10, and
+                // RFC 6333 (IPv4 in IPv6): 192.0.0/24
   linkLocal,    // RFC 3927: 169.254/16, chosen by the device itself
   loopback,     // RFC 1122: 127/8
   noHost,       // 0/8, and 224/4 and above: nothing that a host can have for its own

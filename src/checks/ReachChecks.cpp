@@ -122,6 +122,7 @@ Answer ipv6Assigned(const Question& question) {
 constexpr std::string_view kPingsFrom =
     "ICMP or ICMPv6 echoes through the Wi-Fi interface; where the kernel does not allow them, TCP "
     "connections, of which a refusal is an answer, too";
+constexpr std::string_view kPingsThreshold = "one answer to 3, sent 1 s apart, within 4 s in all";
 constexpr std::string_view kPingsWhy =
     "ICMP echo: RFC 792, RFC 4443. Count: number sent; loss: percent of them, 0 to 100; least, "
     "most, mean and (population's) standard deviation: milliseconds";
@@ -132,7 +133,7 @@ constexpr std::array kRows{
           .needs = {Fact::link, Fact::lanPings},
           .measures = "Whether the router answers, and how fast.",
           .from = kPingsFrom,
-          .threshold = "one answer",
+          .threshold = kPingsThreshold,
           .why = kPingsWhy,
           .unknownWhen = "not joined, no router is known, or no ping could be sent"},
     Check{.id = DiagnosticsTestID::PingWAN,
@@ -140,17 +141,20 @@ constexpr std::array kRows{
           .needs = {Fact::link, Fact::wanPings},
           .measures = "Whether a host in the Internet answers, and how fast.",
           .from = kPingsFrom,
-          .threshold = "one answer",
+          .threshold = kPingsThreshold,
           .why = kPingsWhy,
-          .unknownWhen = "not joined, or no ping could be sent"},
+          .unknownWhen = "not joined, the address of a name cannot be looked up or is one of the "
+                         "house, or no ping could be sent"},
     Check{.id = DiagnosticsTestID::ResolveDNS,
           .answer = resolveDns,
           .needs = {Fact::link, Fact::nameResolution},
           .measures = "Whether the link's DNS servers give an address for a name.",
           .from =
               "questions for A and AAAA records through the Wi-Fi interface, to the name servers "
-              "that NetworkManager has for it, else to those that the system has configured",
-          .threshold = "one address",
+              "that NetworkManager has for it; without NetworkManager to those that the system has "
+              "configured",
+          .threshold = "one address, after a first try of 2 s and a second of 4 s for each server, "
+                       "within 8 s in all",
           .why = "DNS: RFC 1035, RFC 3596",
           .unknownWhen = "not joined, or the question could not be sent"},
     Check{.id = DiagnosticsTestID::DetectDoubleNAT,
@@ -161,7 +165,8 @@ constexpr std::array kRows{
                       "in, which can be wrong where a provider uses such addresses inside.",
           .from = "NAT-PMP, UPnP IGD (GetExternalIPAddress); the sender of ICMP Time Exceeded for "
                   "packets that may go two steps",
-          .threshold = "10/8, 172.16/12, 192.168/16 (RFC 1918), 100.64/10 (RFC 6598)",
+          .threshold = "10/8, 172.16/12, 192.168/16 (RFC 1918), 100.64/10 (RFC 6598), "
+                       "192.0.0/24 (RFC 6333)",
           .why = "These addresses do not go through the Internet. NAT-PMP: RFC 6886",
           .unknownWhen = "not joined, or neither address is told"},
     Check{.id = DiagnosticsTestID::ReachOrvane,
@@ -169,17 +174,21 @@ constexpr std::array kRows{
           .needs = {Fact::link, Fact::siteReach},
           .measures = "Whether the site that is set takes connections.",
           .from = "a TCP connection, and with https a TLS handshake with a trusted certificate",
-          .threshold = "connected",
+          .threshold = "connected within 5 s",
           .why = "A filter may let echoes through, and connections not",
-          .unknownWhen = "not joined, or no site is set"},
+          .unknownWhen = "not joined, or this machine cannot ask (no trusted certificates, no "
+                         "memory)"},
     Check{.id = DiagnosticsTestID::RetrieveOrvane,
           .answer = retrievePage,
           .needs = {Fact::link, Fact::sitePage},
           .measures = "Whether the page that is set comes as it should.",
           .from = "HTTP GET",
-          .threshold = "whole, with status 200 and the content expected",
+          .threshold = "status 200, with the content expected in the first 64 KiB, within 10 s and "
+                       "after at most 5 redirects",
           .why = "Sign-in pages and filters answer in the place of sites. HTTP: RFC 9110",
-          .unknownWhen = "not joined, or no page is set"},
+          .unknownWhen =
+              "not joined, the page goes on after 64 KiB without the content expected, or "
+              "this machine cannot ask (no trusted certificates, no memory)"},
     Check{.id = DiagnosticsTestID::IPv4Assigned,
           .answer = ipv4Assigned,
           .needs = {Fact::link, Fact::addresses},
