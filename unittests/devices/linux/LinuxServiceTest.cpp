@@ -4,6 +4,7 @@
 #include <sys/resource.h>
 #include <thread>
 
+#include "devices/linux/Lines.h"
 #include "devices/linux/LinuxService.h"
 #include "devices/linux/ReachErrands.h"
 #include "platform/Array.h"
@@ -177,6 +178,7 @@ TEST_F(LinuxServiceTest, SendsNothingForTestsOfTheDevice) {
 
 // What is sent first waits for the services at most, where the scan is the kernel's last one.
 TEST(LimitsOfARun, LeaveTheLastAnswerWithin15SecondsOfTheScan) {
+  const ScopedInstall<DiagnosticLog> log(std::make_shared<Lines>());
   std::vector<Errand> errands;
   addReachErrands(errands, "lo", {});
   for (const Errand& errand : errands) {
