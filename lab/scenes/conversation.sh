@@ -30,6 +30,10 @@ expect "the program scans" program scan --all --json --max-scan-cache-age 0
 expect "all networks are there" jq -e 'map(.ssid // "-") | unique == ["-", "Airport", "Attic", "Birchlane", "Cellar",
   "Garden", "Quiet"]' /out/record.json
 
+began=$(tr -d . </proc/uptime | cut -d' ' -f1)
+/lab/program/wifi-profile run --max-scan-cache-age 600 >/dev/null 2>&1
+say "a run with the list at hand: $((($(tr -d . </proc/uptime | cut -d' ' -f1) - began) * 10)) ms"
+
 # asked COUNT PATTERN  so many calls of the run look like that
 asked() { [ "$(grep -cE "$2" /out/calls)" -eq "$1" ]; }
 program_user="strace -f -q -e trace=connect,sendmsg,sendto -s 64 -o /out/calls"

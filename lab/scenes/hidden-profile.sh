@@ -12,4 +12,6 @@ expect "the program runs" program run --max-scan-cache-age 600
 expect "the joined network is hidden" raised currentNetwork.isHiddenNetwork
 expect "a remembered network is hidden" raised device.doesPNLContainHiddenNetworks
 expect "the name is known all the same" value currentNetwork.networkName '"Secret"'
-expect "nothing else is raised" healthy currentNetwork.isHiddenNetwork device.doesPNLContainHiddenNetworks
+expect "it is one of those in range" value currentNetwork.hiddenNetworkCount 1
+expect "nothing else is raised" healthy currentNetwork.isHiddenNetwork currentNetwork.foundHiddenNetworks \
+  device.doesPNLContainHiddenNetworks

@@ -15,6 +15,7 @@ for key in IPv4 IPv6 DNS WebProxy; do
   expect "how $key was set up is not known" unknown "device.isUsingCustom$key" 'Custom .*NetworkManager cannot be asked'
 done
 expect "nor what is remembered" unknown device.isLargePNL 'Large PNL .*NetworkManager cannot be asked'
+expect "nor whether the network is a phone's" unknown currentNetwork.isNimoPersonalHotspot 'Hotspot .*NetworkManager cannot be asked'
 expect "nothing is raised" healthy device.isUsingCustomIPv4 device.isUsingCustomIPv6 device.isUsingCustomDNS \
   device.isUsingCustomWebProxy device.isLargePNL device.doesPNLContainHiddenNetworks \
-  device.doesPNLContainConflictingSecurityType
+  device.doesPNLContainConflictingSecurityType currentNetwork.isNimoPersonalHotspot
