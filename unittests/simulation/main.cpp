@@ -7,7 +7,7 @@
 #include "simulation/Arguments.h"
 #include "simulation/Run.h"
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef WIFI_PROFILE_SANITIZED
 #include <sanitizer/common_interface_defs.h>
 #endif
 
@@ -53,7 +53,7 @@ Outcome play(const Arguments& arguments, std::uint64_t seed) {
 
 int playAll(const Arguments& arguments) {
   std::signal(SIGABRT, aborted);
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef WIFI_PROFILE_SANITIZED
   __sanitizer_set_death_callback(writeSeed);
 #endif
   for (std::uint64_t run = 0; run < arguments.runs; ++run) {
