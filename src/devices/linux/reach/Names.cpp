@@ -14,7 +14,7 @@
 namespace wifi_profile::machine {
 namespace {
 
-constexpr int kTryTime = 2000;  // ms; the library doubles it for the second
+constexpr int kTryTime = 2000;  // ms
 constexpr int kTries = 2;
 constexpr std::size_t kMostServers = 4;
 constexpr std::size_t kMostAddresses = 16;
@@ -94,8 +94,6 @@ void take(void* argument, int status, int /*timeouts*/, ares_addrinfo* found) {
   ares_freeaddrinfo(found);
 }
 
-using Servers = std::unique_ptr<ares_addr_port_node, decltype(&ares_free_data)>;
-
 bool isHere(const ares_addr_port_node& server) {
   std::array<char, INET6_ADDRSTRLEN> text{};
   inet_ntop(server.family, &server.addr, text.data(), text.size());
@@ -103,22 +101,27 @@ bool isHere(const ares_addr_port_node& server) {
   return address && staysHere(*address);
 }
 
-// True when all servers are on this machine. Otherwise takes those out that are, as they cannot be
-// asked through an interface.
-bool asksThisMachine(ares_channel channel) {
+std::vector<ares_addr_port_node> serversOf(ares_channel channel) {
   ares_addr_port_node* first = nullptr;
-  if (ares_get_servers_ports(channel, &first) != ARES_SUCCESS) return false;
-  const Servers servers(first, ares_free_data);
-  std::vector<ares_addr_port_node> others;
+  if (ares_get_servers_ports(channel, &first) != ARES_SUCCESS) return {};
+  const std::unique_ptr<ares_addr_port_node, decltype(&ares_free_data)> owned(first,
+                                                                              ares_free_data);
+  std::vector<ares_addr_port_node> servers;
   for (const auto* server = first; server != nullptr; server = server->next) {
-    if (!isHere(*server)) others.push_back(*server);
+    servers.push_back(*server);
   }
-  if (others.empty()) return first != nullptr;
-  for (std::size_t i = 0; i < others.size(); ++i) {
-    others[i].next = i + 1 < others.size() ? &others[i + 1] : nullptr;
+  return servers;
+}
+
+// Each for kTries rounds. The library doubles its time for every round of its own, so it has one,
+// through a list that names them as often.
+void setServers(ares_channel channel, const std::vector<ares_addr_port_node>& servers) {
+  std::vector<ares_addr_port_node> rounds;
+  for (int i = 0; i < kTries; ++i) rounds.insert(rounds.end(), servers.begin(), servers.end());
+  for (std::size_t i = 0; i < rounds.size(); ++i) {
+    rounds[i].next = i + 1 < rounds.size() ? &rounds[i + 1] : nullptr;
   }
-  ares_set_servers_ports(channel, others.data());
-  return false;
+  ares_set_servers_ports(channel, rounds.empty() ? nullptr : rounds.data());
 }
 
 class Resolver {
@@ -128,7 +131,7 @@ class Resolver {
     ares_options options{};
     options.flags = ARES_FLAG_NOSEARCH | ARES_FLAG_NOALIASES;
     options.timeout = kTryTime;
-    options.tries = kTries;
+    options.tries = 1;
     options.lookups = lookups.data();
     options.sock_state_cb = [](void* self, ares_socket_t socket, int readable, int writable) {
       auto& sockets = static_cast<Resolver*>(self)->sockets_;
@@ -150,10 +153,14 @@ class Resolver {
     hasServers_ =
         !way.nameServers ||
         (!list.empty() && ares_set_servers_ports_csv(channel_, list.c_str()) == ARES_SUCCESS);
-    // A resolver on this machine asks the link's servers by itself.
-    if (!way.interface.empty() && !asksThisMachine(channel_)) {
+    auto servers = serversOf(channel_);
+    // A resolver on this machine cannot be asked through an interface, and asks the link's servers
+    // by itself: it is left out where there are others.
+    if (!way.interface.empty() && !std::ranges::all_of(servers, isHere)) {
+      std::erase_if(servers, isHere);
       ares_set_local_dev(channel_, way.interface.c_str());
     }
+    setServers(channel_, servers);
   }
   ~Resolver() {
     if (channel_ != nullptr) ares_destroy(channel_);  // calls back for what is not done

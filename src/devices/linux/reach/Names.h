@@ -25,8 +25,8 @@ struct NameAnswer {
   std::vector<std::string> addresses;  // numeric, no more than 16, those of IPv4 first
 };
 
-// Asks the servers for A and AAAA. Each is tried twice, for 2 s and for 4 s (so one dead server
-// takes 6 s), all of them for 8 s. Ends 300 ms after one of the two brought addresses. No file of
+// Asks the servers for A and AAAA. Each is tried twice, for 2 s (so one dead server takes 4 s),
+// all of them for 8 s. Ends 300 ms after one of the two brought addresses. No file of
 // hosts, search list or alias is looked at. An address stands for itself. Problems: "no such name",
 // "no address of this name", "timed out", "refused", "server failed", "malformed answer", "no name
 // server", "malformed name". Unknown: failed, when the resolver cannot be set up.

@@ -115,6 +115,15 @@ TEST(Names, TimeOutWithSilenceGarbageAndTheAnswersOfOthers) {
   });
 }
 
+TEST(Names, AreAskedTwiceAndForTheSameTime) {
+  const UdpServer silent([](const std::string&) { return std::vector<std::string>{}; });
+  const auto began = Clock::now();
+  EXPECT_EQ(ask(silent).resolution.problem, "timed out");
+  EXPECT_EQ(silent.questions(), 4);  // for both protocols' addresses
+  EXPECT_GE(Clock::now() - began, 4s);
+  EXPECT_LT(Clock::now() - began, 6s);  // which a second try of 4 s would take
+}
+
 TEST(Names, DoNotResolveWithABrokenAnswer) {
   EXPECT_NE(problemAnswering([](const std::string& question) {
               return std::vector<std::string>{
