@@ -43,7 +43,6 @@ struct AccessPoint {
   ieee80211::PhyModes modes = {};
   std::optional<std::string> country = std::nullopt;     // two capital letters
   std::optional<int> channelUtilization = std::nullopt;  // BSS Load, 0 to 255
-  std::optional<int> stations = std::nullopt;            // BSS Load
   // Interworking: 0 private to 15 wildcard; 4 is a personal device's network.
   std::optional<int> accessNetworkType = std::nullopt;
   bool additionalStepNeeded = false;  // Interworking says so: a page to agree to, for instance
@@ -98,7 +97,6 @@ struct RadioInterface {
 };
 
 struct Radio {
-  std::string driver = {};  // such as iwlwifi; empty: not known
   std::vector<RadioChannel> channels = {};
   std::vector<RadioInterface> interfaces = {};
   bool knowsWapi = false;  // has the cipher of WAPI

@@ -58,8 +58,7 @@ struct SavedNetwork {
 };
 
 struct Bluetooth {
-  bool powered = false;  // any adapter
-  int paired = 0;        // devices of all adapters
+  int paired = 0;  // devices of all adapters
   int connected = 0;
 
   bool operator==(const Bluetooth&) const = default;
@@ -67,8 +66,6 @@ struct Bluetooth {
 
 // Whether Wi-Fi and Bluetooth take turns on the antenna, where the driver says.
 struct Coexistence {
-  std::string driver = {};
-  std::string parameter = {};  // the one that says so
   bool takesTurns = false;
 
   bool operator==(const Coexistence&) const = default;

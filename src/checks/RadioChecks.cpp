@@ -83,23 +83,10 @@ Answer legacyRates(const Question& question) {
   });
 }
 
-struct NamedMode {
-  bool PhyModes::*mode;
-  const char* text;
-};
-
-constexpr std::array<NamedMode, 7> kModes{{{&PhyModes::a, "802.11a"},
-                                           {&PhyModes::b, "802.11b"},
-                                           {&PhyModes::g, "802.11g"},
-                                           {&PhyModes::n, "802.11n"},
-                                           {&PhyModes::ac, "802.11ac"},
-                                           {&PhyModes::ax, "802.11ax"},
-                                           {&PhyModes::be, "802.11be"}}};
-
 ObjectRef textsOf(const PhyModes& modes) {
   std::vector<ObjectRef> texts;
-  for (const NamedMode& named : kModes) {
-    if (modes.*named.mode) texts.push_back(makeText(named.text));
+  for (const auto& [name, mode] : ieee80211::kPhyModeNames) {
+    if (modes.*mode) texts.push_back(makeText(name));
   }
   return std::make_shared<const Array>(std::move(texts));
 }

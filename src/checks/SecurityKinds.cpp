@@ -5,31 +5,8 @@ namespace wifi_profile::checks {
 using ieee80211::Security;
 
 std::string_view textOf(Security security) {
-  switch (security) {
-    case Security::none:
-      return "None";
-    case Security::owe:
-      return "OWE";
-    case Security::wep:
-      return "WEP";
-    case Security::wpaPersonal:
-      return "WPA Personal";
-    case Security::wpaEnterprise:
-      return "WPA Enterprise";
-    case Security::wpa2Personal:
-      return "WPA2 Personal";
-    case Security::wpa2Enterprise:
-      return "WPA2 Enterprise";
-    case Security::wpa2Wpa3Personal:
-      return "WPA2/WPA3 Personal";
-    case Security::wpa2Wpa3Enterprise:
-      return "WPA2/WPA3 Enterprise";
-    case Security::wpa3Personal:
-      return "WPA3 Personal";
-    case Security::wpa3Enterprise:
-      return "WPA3 Enterprise";
-    case Security::unknown:
-      break;
+  for (const auto& [name, named] : kSecurityNames) {
+    if (named == security && security != Security::unknown) return name;
   }
   return {};
 }

@@ -2,14 +2,30 @@
 // thread.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "ieee80211/Security.h"
 
 namespace wifi_profile::checks {
 
-// Such as "WPA2 Personal"; empty for unknown.
+inline constexpr std::array<std::pair<std::string_view, ieee80211::Security>, 12> kSecurityNames{
+    {{"unknown", ieee80211::Security::unknown},
+     {"None", ieee80211::Security::none},
+     {"OWE", ieee80211::Security::owe},
+     {"WEP", ieee80211::Security::wep},
+     {"WPA Personal", ieee80211::Security::wpaPersonal},
+     {"WPA Enterprise", ieee80211::Security::wpaEnterprise},
+     {"WPA2 Personal", ieee80211::Security::wpa2Personal},
+     {"WPA2 Enterprise", ieee80211::Security::wpa2Enterprise},
+     {"WPA2/WPA3 Personal", ieee80211::Security::wpa2Wpa3Personal},
+     {"WPA2/WPA3 Enterprise", ieee80211::Security::wpa2Wpa3Enterprise},
+     {"WPA3 Personal", ieee80211::Security::wpa3Personal},
+     {"WPA3 Enterprise", ieee80211::Security::wpa3Enterprise}}};
+
+// The name, but nothing for unknown.
 std::string_view textOf(ieee80211::Security security);
 
 // Securities of one kind can belong to one network and one profile: a box that goes from WPA2 to

@@ -1,7 +1,10 @@
 // Which generations of the standard a network speaks. Pure functions; any thread.
 #pragma once
 
+#include <array>
 #include <optional>
+#include <string_view>
+#include <utility>
 
 #include "ieee80211/Channels.h"
 #include "ieee80211/ElementSet.h"
@@ -21,6 +24,16 @@ struct PhyModes {
 
   bool operator==(const PhyModes&) const = default;
 };
+
+// By their names, oldest first.
+inline constexpr std::array<std::pair<std::string_view, bool PhyModes::*>, 7> kPhyModeNames{
+    {{"802.11a", &PhyModes::a},
+     {"802.11b", &PhyModes::b},
+     {"802.11g", &PhyModes::g},
+     {"802.11n", &PhyModes::n},
+     {"802.11ac", &PhyModes::ac},
+     {"802.11ax", &PhyModes::ax},
+     {"802.11be", &PhyModes::be}}};
 
 // Without a band neither a, b, g nor ac.
 PhyModes readPhyModes(const ElementSet& elements, const std::optional<Rates>& rates,

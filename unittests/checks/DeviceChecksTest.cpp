@@ -8,7 +8,7 @@ class DeviceChecks : public CheckTest {
   DeviceChecks() {
     facts.activeProfile = ActiveProfile{};
     facts.sessionProxy = SessionProxy{};
-    facts.bluetooth = Bluetooth{.powered = true, .paired = 10, .connected = 3};
+    facts.bluetooth = Bluetooth{.paired = 10, .connected = 3};
     facts.radio = Radio{};
   }
 };
@@ -72,7 +72,7 @@ TEST_F(DeviceChecks, FindAProxyOfProfileOrSession) {
 TEST_F(DeviceChecks, CountBluetoothDevicesAboveTheThresholds) {
   EXPECT_THAT(ask(Id::BluetoothPaired), says(false));
   EXPECT_THAT(ask(Id::BluetoothConnected), says(false));
-  facts.bluetooth = Bluetooth{.powered = true, .paired = 11, .connected = 4};
+  facts.bluetooth = Bluetooth{.paired = 11, .connected = 4};
   EXPECT_THAT(ask(Id::BluetoothPaired), says(true));
   EXPECT_THAT(ask(Id::BluetoothPaired), tells("BTPairedCount", isInteger(11)));
   EXPECT_THAT(ask(Id::BluetoothConnected), says(true));
@@ -81,12 +81,12 @@ TEST_F(DeviceChecks, CountBluetoothDevicesAboveTheThresholds) {
 
 TEST_F(DeviceChecks, CallTheAntennaSharedWhileABluetoothDeviceIsConnected) {
   EXPECT_THAT(ask(Id::BTCoex), isUnknownFor(Reason::notTold));
-  facts.coexistence = Coexistence{.driver = "iwlwifi", .parameter = "bt_coex_active"};
+  facts.coexistence = Coexistence{};
   facts.bluetooth = Unknown{Reason::noService, ""};
   EXPECT_THAT(ask(Id::BTCoex), says(false));
   facts.coexistence->takesTurns = true;
   EXPECT_THAT(ask(Id::BTCoex), isUnknownFor(Reason::noService));
-  facts.bluetooth = Bluetooth{.powered = true, .paired = 2, .connected = 0};
+  facts.bluetooth = Bluetooth{.paired = 2, .connected = 0};
   EXPECT_THAT(ask(Id::BTCoex), says(false));
   facts.bluetooth->connected = 1;
   EXPECT_THAT(ask(Id::BTCoex), says(true));

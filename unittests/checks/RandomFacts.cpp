@@ -163,10 +163,8 @@ void makeDevice(Maker& make, Facts& facts) {
                                                  .captivePortalApi = make.maybeText()});
   facts.savedNetworks = make.known(make.list<SavedNetwork>(60, [&] { return make.saved(); }));
   facts.sessionProxy = make.known(SessionProxy{make.text()});
-  facts.bluetooth =
-      make.known(Bluetooth{.powered = true, .paired = make.number(), .connected = make.number()});
-  facts.coexistence =
-      make.known(Coexistence{.driver = "", .parameter = "", .takesTurns = make.oneIn(2)});
+  facts.bluetooth = make.known(Bluetooth{.paired = make.number(), .connected = make.number()});
+  facts.coexistence = make.known(Coexistence{.takesTurns = make.oneIn(2)});
 }
 
 void makeReach(Maker& make, Facts& facts) {

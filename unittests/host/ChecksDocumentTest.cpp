@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "checks/Checks.h"
+#include "checks/Reasons.h"
 #include "checks/SecurityKinds.h"
 #include "tests/Batches.h"
 #include "tests/Catalogue.h"
@@ -55,27 +56,6 @@ its text what would help.
 |---|---|---|---|---|---|---|
 )";
 
-struct ReasonText {
-  checks::Reason reason;
-  const char* name;
-  const char* text;
-};
-
-constexpr ReasonText kReasons[] = {
-    {checks::Reason::notJoined, "notJoined", "the radio is not joined to a network"},
-    {checks::Reason::notInRange, "notInRange", "no access point of that name was heard"},
-    {checks::Reason::notTold, "notTold", "the access point, the driver or a service does not say"},
-    {checks::Reason::notPermitted, "notPermitted", "the user may not ask"},
-    {checks::Reason::notSupported, "notSupported", "the driver or the kernel cannot tell"},
-    {checks::Reason::noService, "noService", "the service that knows is not running"},
-    {checks::Reason::noHardware, "noHardware", "there is no such device"},
-    {checks::Reason::radioOff, "radioOff", "Wi-Fi is switched off"},
-    {checks::Reason::tookTooLong, "tookTooLong", "the deadline passed"},
-    {checks::Reason::failed, "failed", "the system refused, for a reason of its own"},
-    {checks::Reason::outsideNetwork, "outsideNetwork",
-     "only a member of the network can find it out"},
-};
-
 void writeChecks(std::ostream& out) {
   out << kMachineIntroduction;
   for (const checks::Check& check : checks::allChecks()) {
@@ -84,8 +64,9 @@ void writeChecks(std::ostream& out) {
         << " | " << check.unknownWhen << " |\n";
   }
   out << "\n| Error code | Name | Means |\n|---|---|---|\n";
-  for (const ReasonText& row : kReasons) {
-    out << "| " << static_cast<int>(row.reason) << " | " << row.name << " | " << row.text << " |\n";
+  for (const auto& [name, text] : checks::kReasons) {
+    out << "| " << static_cast<int>(text.reason) << " | " << name << " | " << text.sentence
+        << " |\n";
   }
   out << "\nNumbers of security in a remembered network:";
   using ieee80211::Security;

@@ -56,7 +56,7 @@ Known<Coexistence> readCoexistence(const std::string& interface, const fs::path&
     }
     std::string text;
     if (!file || !(file >> text)) continue;
-    if (const auto flag = flagFrom(text)) return Coexistence{driver, parameter, *flag};
+    if (const auto flag = flagFrom(text)) return Coexistence{*flag};
     return Unknown{Reason::failed, "The parameter " + std::string(parameter) + " of " + driver +
                                        " is neither on nor off. Set it (modprobe.d)."};
   }

@@ -39,7 +39,8 @@ struct ReachErrand {
 // Why an answer is no; empty: it is not.
 std::string problemOf(const checks::Pings& pings) {
   if (!pings.answers.empty()) return {};
-  return pings.byConnecting ? "no connection was answered" : "no echo was answered";
+  return (pings.byConnecting ? "no connection was answered by " : "no echo was answered by ") +
+         pings.target;
 }
 std::string problemOf(const checks::NameResolution& resolution) { return resolution.problem; }
 std::string problemOf(const checks::SiteReach& site) { return site.problem; }

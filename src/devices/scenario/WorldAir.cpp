@@ -97,12 +97,9 @@ int readRate(const ValueReader& value) {
 }
 
 PhyModes readModes(const ValueReader& value) {
-  static constexpr std::pair<std::string_view, bool PhyModes::*> kChoices[]{
-      {"802.11a", &PhyModes::a},  {"802.11b", &PhyModes::b},   {"802.11g", &PhyModes::g},
-      {"802.11n", &PhyModes::n},  {"802.11ac", &PhyModes::ac}, {"802.11ax", &PhyModes::ax},
-      {"802.11be", &PhyModes::be}};
   PhyModes modes;
-  value.list([&](const ValueReader& mode) { modes.*readChoice(mode, kChoices) = true; });
+  value.list(
+      [&](const ValueReader& mode) { modes.*readChoice(mode, ieee80211::kPhyModeNames) = true; });
   return modes;
 }
 
@@ -133,7 +130,6 @@ checks::AccessPoint readAccessPoint(const ValueReader& value) {
     fields.take("modes", [&](const ValueReader& field) { point.modes = readModes(field); });
     fields.take("country", [&](const ValueReader& field) { point.country = readCountry(field); });
     takeInteger(fields, "utilization", 0, 255, point.channelUtilization);
-    takeInteger(fields, "stations", 0, 65535, point.stations);
     takeInteger(fields, "accessNetworkType", 0, 15, point.accessNetworkType);
     takeFlag(fields, "additionalStepNeeded", point.additionalStepNeeded);
     takeFlag(fields, "passpoint", point.isPasspoint);
@@ -238,7 +234,6 @@ std::vector<checks::ChannelSurvey> readSurveys(const ValueReader& value) {
 checks::Radio readRadio(const ValueReader& value) {
   checks::Radio radio;
   value.object([&](FieldsReader& fields) {
-    takeText(fields, "driver", radio.driver);
     fields.take("channels", [&](const ValueReader& field) {
       field.list([&](const ValueReader& kind) { readRadioChannels(kind, radio.channels); });
     });

@@ -91,7 +91,6 @@ checks::SessionProxy readSessionProxy(const ValueReader& value) {
 checks::Bluetooth readBluetooth(const ValueReader& value) {
   checks::Bluetooth bluetooth;
   value.object([&](FieldsReader& fields) {
-    takeFlag(fields, "powered", bluetooth.powered);
     takeInteger(fields, "paired", 0, kMostThings, bluetooth.paired);
     takeInteger(fields, "connected", 0, kMostThings, bluetooth.connected);
   });
@@ -101,8 +100,6 @@ checks::Bluetooth readBluetooth(const ValueReader& value) {
 checks::Coexistence readCoexistence(const ValueReader& value) {
   checks::Coexistence coexistence;
   value.object([&](FieldsReader& fields) {
-    takeText(fields, "driver", coexistence.driver);
-    takeText(fields, "parameter", coexistence.parameter);
     fields.require("takesTurns",
                    [&](const ValueReader& field) { coexistence.takesTurns = field.boolean(); });
   });

@@ -1,6 +1,7 @@
 #include "devices/scenario/WorldReader.h"
 
 #include "checks/IpAddresses.h"
+#include "checks/Reasons.h"
 #include "devices/scenario/Scenario.h"
 #include "devices/scenario/WorldParts.h"
 #include "devices/scenario/WorldValues.h"
@@ -12,49 +13,13 @@ using checks::Known;
 using checks::Reason;
 using checks::Unknown;
 
-struct ReasonSentence {
-  Reason reason;
-  std::string_view sentence;
-};
-
-constexpr ReasonSentence kSentences[]{
-    {Reason::notJoined, "The radio is not joined to a network."},
-    {Reason::notInRange, "No access point of that name was heard."},
-    {Reason::notTold, "The scenario's world does not say it."},
-    {Reason::notPermitted, "The user may not ask for it."},
-    {Reason::notSupported, "The driver or the kernel cannot tell."},
-    {Reason::noService, "The service that knows it is not running."},
-    {Reason::noHardware, "There is no such device."},
-    {Reason::radioOff, "Wi-Fi is switched off."},
-    {Reason::tookTooLong, "It took too long."},
-    {Reason::failed, "The system refused."},
-    {Reason::outsideNetwork, "Only a member of the network can find it out."},
-};
-
-Reason readReason(const ValueReader& value) {
-  static constexpr std::pair<std::string_view, Reason> kChoices[]{
-      {"notJoined", Reason::notJoined},
-      {"notInRange", Reason::notInRange},
-      {"notTold", Reason::notTold},
-      {"notPermitted", Reason::notPermitted},
-      {"notSupported", Reason::notSupported},
-      {"noService", Reason::noService},
-      {"noHardware", Reason::noHardware},
-      {"radioOff", Reason::radioOff},
-      {"tookTooLong", Reason::tookTooLong},
-      {"failed", Reason::failed},
-      {"outsideNetwork", Reason::outsideNetwork}};
-  return readChoice(value, kChoices);
-}
-
 Unknown readUnknown(const ValueReader& value) {
   Unknown unknown;
   value.object([&](FieldsReader& fields) {
-    fields.require("unknown",
-                   [&](const ValueReader& field) { unknown.reason = readReason(field); });
-    for (const auto& [reason, sentence] : kSentences) {
-      if (reason == unknown.reason) unknown.sentence = sentence;
-    }
+    fields.require("unknown", [&](const ValueReader& field) {
+      const checks::ReasonText named = readChoice(field, checks::kReasons);
+      unknown = {named.reason, std::string(named.sentence)};
+    });
     takeText(fields, "sentence", unknown.sentence);
   });
   return unknown;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "checks/IpAddresses.h"
+#include "checks/SecurityKinds.h"
 #include "platform/Number.h"
 
 namespace wifi_profile::scenario {
@@ -103,21 +104,7 @@ std::string readIpv6(const ValueReader& value) {
 }
 
 Security readSecurity(const ValueReader& value) {
-  static constexpr std::pair<std::string_view, Security> kChoices[]{
-      {"unknown", Security::unknown},
-      {"None", Security::none},
-      {"OWE", Security::owe},
-      {"WEP", Security::wep},
-      {"WPA Personal", Security::wpaPersonal},
-      {"WPA Enterprise", Security::wpaEnterprise},
-      {"WPA2 Personal", Security::wpa2Personal},
-      {"WPA2 Enterprise", Security::wpa2Enterprise},
-      {"WPA2/WPA3 Personal", Security::wpa2Wpa3Personal},
-      {"WPA2/WPA3 Enterprise", Security::wpa2Wpa3Enterprise},
-      {"WPA3 Personal", Security::wpa3Personal},
-      {"WPA3 Enterprise", Security::wpa3Enterprise},
-  };
-  return readChoice(value, kChoices);
+  return readChoice(value, checks::kSecurityNames);
 }
 
 Band readBand(const ValueReader& value) {

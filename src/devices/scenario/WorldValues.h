@@ -3,6 +3,7 @@
 #pragma once
 
 #include <chrono>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,8 +17,9 @@
 namespace wifi_profile::scenario {
 
 // One of several texts, each of which stands for a value. The first one is the default.
-template <class T, std::size_t count>
-T readChoice(const ValueReader& value, const std::pair<std::string_view, T> (&choices)[count]) {
+// `choices`: pairs of text and value.
+template <class Choices>
+auto readChoice(const ValueReader& value, const Choices& choices) {
   const auto text = as<Text>(value.value());
   std::string expected;
   for (const auto& [name, choice] : choices) {
@@ -25,7 +27,7 @@ T readChoice(const ValueReader& value, const std::pair<std::string_view, T> (&ch
     expected += (expected.empty() ? "one of \"" : ", \"") + std::string(name) + "\"";
   }
   value.fail(std::move(expected));
-  return choices[0].second;
+  return std::begin(choices)->second;
 }
 
 // Fields that need not be there: the target keeps its value without them.

@@ -62,7 +62,6 @@ TEST(CapturedScan, HasWhatARouterSaysOfItself) {
   EXPECT_EQ(router.maker, "Fictional Radios");
   EXPECT_EQ(router.model, "Home Box");
   EXPECT_EQ(router.country, "DE");
-  EXPECT_EQ(router.stations, 3);
   EXPECT_EQ(router.channelUtilization, 120);
   EXPECT_EQ(router.channel->primary, 6);
   EXPECT_EQ(router.beaconInterval, 100);

@@ -45,17 +45,17 @@ class CoexistenceTest : public testing::Test {
 TEST_F(CoexistenceTest, IsTheParameterOfTheDriversModule) {
   driver("rtl8723be", "rtl8723be");
   parameter("rtl8723be", "btcoex", "0\n");
-  EXPECT_EQ(read(), Known<Coexistence>({"rtl8723be", "btcoex", false}));
+  EXPECT_EQ(read(), Known<Coexistence>(Coexistence{false}));
   parameter("rtl8723be", "btcoex", "2\n");
-  EXPECT_EQ(read(), Known<Coexistence>({"rtl8723be", "btcoex", true}));
+  EXPECT_EQ(read(), Known<Coexistence>(Coexistence{true}));
 }
 
 TEST_F(CoexistenceTest, IsABooleanOfTheKernels) {
   driver("wifi_pci", "wifi");
   parameter("wifi", "bt_coex_active", "Y\n");
-  EXPECT_EQ(read(), Known<Coexistence>({"wifi_pci", "bt_coex_active", true}));
+  EXPECT_EQ(read(), Known<Coexistence>(Coexistence{true}));
   parameter("wifi", "bt_coex_active", "N\n");
-  EXPECT_EQ(read(), Known<Coexistence>({"wifi_pci", "bt_coex_active", false}));
+  EXPECT_EQ(read(), Known<Coexistence>(Coexistence{false}));
 }
 
 TEST_F(CoexistenceTest, OfADriverWithoutTheParameterIsNotSupported) {

@@ -74,7 +74,6 @@ TEST(ScanEntry, TellsWhatTheAttributesAndTheElementsSay) {
   EXPECT_EQ(point.security, Security::wpa2Personal);
   EXPECT_TRUE(point.modes.g);
   EXPECT_EQ(point.country, "DE");
-  EXPECT_EQ(point.stations, 9);
   EXPECT_EQ(point.channelUtilization, 230);
 }
 

@@ -16,9 +16,7 @@ Known<Bluetooth> bluetoothFrom(const BusValue& objects) {
   Bluetooth bluetooth;
   for (const auto& [path, interfaces] : objects.map()) {
     const BusValue& device = interfaces.at("org.bluez.Device1");
-    const BusValue& adapter = interfaces.at("org.bluez.Adapter1");
-    hasAdapter = hasAdapter || !adapter.map().empty();
-    bluetooth.powered = bluetooth.powered || adapter.at("Powered").boolean().value_or(false);
+    hasAdapter = hasAdapter || !interfaces.at("org.bluez.Adapter1").map().empty();
     bluetooth.paired += device.at("Paired").boolean().value_or(false) ? 1 : 0;
     bluetooth.connected += device.at("Connected").boolean().value_or(false) ? 1 : 0;
   }

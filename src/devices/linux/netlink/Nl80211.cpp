@@ -1,13 +1,11 @@
 #include "devices/linux/netlink/Nl80211.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <ctime>
 #include <linux/genetlink.h>
 #include <linux/netlink.h>
 #include <linux/nl80211.h>
-#include <unistd.h>
 
 #include "devices/linux/netlink/LinkEntries.h"
 #include "devices/linux/netlink/RadioEntries.h"
@@ -37,17 +35,6 @@ int groupOf(const Attributes& family, std::string_view name) {
     return group.number<std::int32_t>(CTRL_ATTR_MCAST_GRP_ID).value_or(0);
   }
   return 0;
-}
-
-// The name of the driver that a link in sysfs leads to; empty: not known.
-std::string driverOf(const std::string& interface) {
-  if (interface.empty() || interface.find('/') != std::string::npos) return {};
-  std::array<char, 256> target{};
-  const std::string path = "/sys/class/net/" + interface + "/device/driver";
-  const auto size = readlink(path.c_str(), target.data(), target.size());
-  if (size <= 0 || static_cast<std::size_t>(size) == target.size()) return {};
-  const std::string whole(target.data(), static_cast<std::size_t>(size));
-  return whole.substr(whole.rfind('/') + 1);  // all of it without a slash: npos + 1 is 0
 }
 
 }  // namespace
@@ -204,7 +191,6 @@ Known<checks::Radio> Nl80211::abilities(const WifiInterface& interface, const Pa
   }
   if (!found) return kGone;
   finishChannels(radio);
-  radio.driver = driverOf(interface.name);
   return radio;
 }
 

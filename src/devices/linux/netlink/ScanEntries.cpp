@@ -31,8 +31,7 @@ void fillFrom(AccessPoint& point, const NetworkElements& network) {
   if (point.basicRates.empty() && network.rates) {
     point.basicRates.assign(network.rates->basic.begin(), network.rates->basic.end());
   }
-  if (!point.stations && network.load) {
-    point.stations = network.load->stations;
+  if (!point.channelUtilization && network.load) {
     point.channelUtilization = network.load->channelUtilization;
   }
   if (!point.accessNetworkType && network.interworking) {
