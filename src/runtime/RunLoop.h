@@ -12,7 +12,8 @@ class RunLoop : public WorkQueues, public Pace {
   // is empty and no work is running, waiting or delayed on the global queue.
   virtual void runUntilIdle() = 0;
 
-  // Any thread: from now on no wait takes time. Pauses and delays under way end at once.
+  // Any thread: from now on no wait takes time. Pauses and delays under way end at once; what was
+  // delayed comes after what had been posted to the main queue by then.
   virtual void hurry() = 0;
 };
 

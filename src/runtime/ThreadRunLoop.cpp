@@ -25,6 +25,11 @@ struct ThreadRunLoop::State {
     });
   }
 
+  // What waits no longer still comes after what was posted to the main queue before.
+  void runInAHurry(Work work) {
+    main->post([this, work = std::move(work)]() mutable { runOnPool(std::move(work)); });
+  }
+
   // The main thread may be waiting for its next work: the empty work makes it look again.
   void finishedGlobal() {
     --outstanding;
@@ -74,18 +79,22 @@ void ThreadRunLoop::postToGlobalAfter(std::chrono::nanoseconds delay, Work work)
   ++state_->outstanding;
   const std::lock_guard lock(state_->mutex);
   if (state_->hurried) {
-    state_->runOnPool(std::move(work));
+    state_->runInAHurry(std::move(work));
     return;
   }
   auto timer = std::make_shared<asio::steady_timer>(state_->pool, delay);
   state_->timers.insert(timer);
   timer->async_wait(
-      [state = state_.get(), timer, work = std::move(work)](asio::error_code) mutable {
+      [state = state_.get(), timer, work = std::move(work)](asio::error_code cancelled) mutable {
         {
           const std::lock_guard relock(state->mutex);
           state->timers.erase(timer);
         }
-        state->runOnPool(std::move(work));
+        if (cancelled) {
+          state->runInAHurry(std::move(work));
+        } else {
+          state->runOnPool(std::move(work));
+        }
       });
 }
 

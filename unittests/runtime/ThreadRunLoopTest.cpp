@@ -2,7 +2,10 @@
 
 #include <future>
 #include <latch>
+#include <mutex>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include "runtime/RunLoopContract.h"
 #include "runtime/ThreadRunLoop.h"
@@ -105,6 +108,25 @@ TEST(ThreadRunLoops, WaitForNothingOnceHurried) {
   });
   loop.runUntilIdle();
   EXPECT_EQ(ran, 2);
+}
+
+TEST(ThreadRunLoops, InAHurryDelayedWorkComesAfterWhatTheMainQueueHas) {
+  ThreadRunLoop loop;
+  std::mutex mutex;
+  std::vector<std::string> order;
+  const auto note = [&](const char* what) {
+    return [&, what] {
+      const std::lock_guard lock(mutex);
+      order.emplace_back(what);
+    };
+  };
+  loop.postToGlobalAfter(std::chrono::hours(1), note("delayed"));
+  loop.postToMain(note("main"));
+  loop.hurry();
+  loop.postToGlobalAfter(std::chrono::hours(1), note("delayed"));
+  std::this_thread::sleep_for(milliseconds(50));  // the workers have time for mistakes
+  loop.runUntilIdle();
+  EXPECT_EQ(order, (std::vector<std::string>{"main", "delayed", "delayed"}));
 }
 
 TEST(ThreadRunLoops, FinishTheirWorkInAHurryBeforeTheyEnd) {
