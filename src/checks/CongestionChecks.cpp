@@ -76,8 +76,7 @@ Unknown whyNoLoad(const Facts& facts) {
   if (!facts.scan) return facts.scan.why();
   return notTold(
       "The driver says neither how busy the channels are nor how strong the access points are "
-      "heard: "
-      "another adapter may.");
+      "heard: another adapter may.");
 }
 
 Answer congestedChannel(const Question& question) {
