@@ -23,12 +23,13 @@ expect "the list that NetworkManager had scanned is good enough" healthy
 expect "the program runs" programAsOrdinary run --max-scan-cache-age 0
 denied="isUsingOpenSecurity isUsingWEPSecurity isUsingWPASecurity isUsingLegacyRates isUsingAmbiguousNetworkName
   isHiddenNetwork isPasspointNetwork hasConflictingPHYMode11AC hasConflictingPHYMode11N isChannelCongested
-  is2GHzCongested is5GHzCongested hasHT40Channel foundConflictingCountryCode foundHiddenNetworks"
+  is2GHzCongested hasHT40Channel foundConflictingCountryCode foundHiddenNetworks"
 except=device.doesPNLContainConflictingSecurityType
 expect "not known: $except" unknown "$except" 'NetworkManager does not let this user ask'
 for key in $denied; do
   expect "not known: $key" unknown "currentNetwork.$key" 'NetworkManager does not let this user ask'
   except="$except currentNetwork.$key"
 done
+# That 5 GHz is not crowded may be known all the same: one channel with a survey is enough for that.
 # shellcheck disable=SC2086  # one word a key
-expect "nothing is raised" healthy $except
+expect "nothing is raised" healthy $except currentNetwork.is5GHzCongested

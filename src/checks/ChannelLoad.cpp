@@ -45,7 +45,7 @@ bool isOn(const AccessPoint& accessPoint, Band band, int channel) {
 
 // Of one channel's survey; nothing where it is too short or cannot be true.
 std::optional<double> shareOf(const ChannelSurvey& survey) {
-  if (!survey.active || !survey.busy || *survey.active < kLongEnough) return std::nullopt;
+  if (!survey.active || !survey.busy) return std::nullopt;
   // A radio sends next to nothing where it only listens; where it works, its own frames matter.
   if (!survey.transmit && survey.inUse) return std::nullopt;
   const auto transmit = survey.transmit.value_or(std::chrono::milliseconds(0));
@@ -53,7 +53,7 @@ std::optional<double> shareOf(const ChannelSurvey& survey) {
   if (transmit < none || *survey.busy < transmit || *survey.active < *survey.busy) {
     return std::nullopt;
   }
-  if (transmit == *survey.active) return std::nullopt;
+  if (*survey.active - transmit < kLongEnough) return std::nullopt;
   const auto others = static_cast<double>((*survey.busy - transmit).count());
   return others / static_cast<double>((*survey.active - transmit).count());
 }
@@ -106,6 +106,7 @@ std::optional<double> ChannelLoads::utilization(Band band, int channel) const {
   std::optional<double> most;
   for (const AccessPoint& accessPoint : facts_.scan->accessPoints) {
     if (!isOn(accessPoint, band, channel) || !accessPoint.channelUtilization) continue;
+    if (accessPoint.signal.value_or(kHeardWell) < kHeardWell) continue;
     most = std::max(most, std::optional<double>(*accessPoint.channelUtilization));
   }
   return most;
@@ -114,13 +115,16 @@ std::optional<double> ChannelLoads::utilization(Band band, int channel) const {
 std::optional<double> ChannelLoads::neighbours(Band band, int channel) const {
   if (!facts_.scan) return std::nullopt;
   double count = 0;
+  bool areAllStrengthsKnown = true;
   for (const Box& box : boxes_) {
     if (box.band != band) continue;
     const bool isHere = box.primary == channel;
     if (!isHere && !box.overlapped.contains(channel)) continue;
-    if (!box.isHeardWell) return std::nullopt;
-    count += isHere ? 1 : kOverlapping;
+    if (!box.isHeardWell) areAllStrengthsKnown = false;
+    if (box.isHeardWell) count += isHere ? 1 : kOverlapping;
   }
+  // One more changes nothing for a channel that has too many.
+  if (!areAllStrengthsKnown && count <= settings_.congestedNeighbours) return std::nullopt;
   return count;
 }
 
@@ -155,6 +159,16 @@ bool ChannelLoads::isCongested(const Load& load) const {
   return load.amount > settings_.congestedNeighbours;
 }
 
+std::optional<bool> ChannelLoads::isCongested(Band band, const Candidate& candidate) const {
+  bool areAllKnown = true;
+  for (const int channel : candidate) {
+    const auto load = of(band, channel);
+    if (!load) areAllKnown = false;
+    if (load && isCongested(*load)) return true;
+  }
+  return areAllKnown ? std::optional(false) : std::nullopt;
+}
+
 std::optional<double> ChannelLoads::worstAmount(Measure measure, Band band,
                                                 const Candidate& candidate) const {
   std::optional<double> worst;
@@ -168,12 +182,13 @@ std::optional<double> ChannelLoads::worstAmount(Measure measure, Band band,
 
 std::optional<BestChannel> ChannelLoads::best(Band band,
                                               const std::vector<Candidate>& candidates) const {
-  const auto isCurrent = [&](const Candidate& candidate) {
-    return current_ && current_->band == band &&
-           std::ranges::find(candidate, current_->primary) != candidate.end();
+  const auto isElsewhere = [&](const Candidate& candidate) {
+    return !current_ || current_->band != band ||
+           std::ranges::find(candidate, current_->primary) == candidate.end();
   };
   for (const Measure measure : kMeasures) {
     std::optional<BestChannel> best;
+    std::tuple<bool, double, bool> rankOfBest;
     bool isKnownForAll = true;
     for (const Candidate& candidate : candidates) {
       const auto worst = worstAmount(measure, band, candidate);
@@ -181,9 +196,10 @@ std::optional<BestChannel> ChannelLoads::best(Band band,
         isKnownForAll = false;
         break;
       }
-      if (!best || *worst < best->load.amount ||
-          (*worst == best->load.amount && isCurrent(candidate))) {
+      const std::tuple rank(isCongested(band, candidate) == true, *worst, isElsewhere(candidate));
+      if (!best || rank < rankOfBest) {
         best = BestChannel{candidate.front(), {measure, *worst}};
+        rankOfBest = rank;
       }
     }
     if (isKnownForAll && best) return best;

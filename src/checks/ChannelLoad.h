@@ -42,10 +42,14 @@ class ChannelLoads {
   // By the first measure that is known; nothing when none is.
   std::optional<Load> of(ieee80211::Band band, int channel) const;
   bool isCongested(const Load& load) const;
+  // Each channel by what is known of it. A wide candidate is when one of its channels is. Nothing:
+  // it is not known of all of them, and none of those known is congested.
+  std::optional<bool> isCongested(ieee80211::Band band, const Candidate& candidate) const;
 
   // The least loaded of the candidates, of which a wide one counts as its worst part, by the first
   // measure that is known for all; of equal ones that with the subject's channel, then the first.
-  // Nothing without candidates or without a common measure.
+  // One that is congested by a better measure comes after those that are not. Nothing without
+  // candidates or without a common measure.
   std::optional<BestChannel> best(ieee80211::Band band,
                                   const std::vector<Candidate>& candidates) const;
 

@@ -75,7 +75,7 @@ Dictionary::Entries recommendations(const Facts& facts, const ChannelLoads& load
 Unknown whyNoLoad(const Facts& facts) {
   if (!facts.scan) return facts.scan.why();
   return notTold(
-      "The driver says neither how busy the channels are nor how strong the access points are "
+      "The driver says neither how busy the channels are nor how strong all access points are "
       "heard: another adapter may.");
 }
 
@@ -95,7 +95,7 @@ Answer congestedChannel(const Question& question) {
   });
 }
 
-// A band is crowded when even its best channel is: another channel would not help.
+// A band is crowded when all of its channels are: another one would not help.
 Answer congestedBand(const Question& question, Band band) {
   const Facts& facts = question.facts;
   if (!facts.radio) return facts.radio.why();
@@ -103,14 +103,19 @@ Answer congestedBand(const Question& question, Band band) {
       band == Band::ghz2 ? candidatesOf2GHz(*facts.radio) : candidatesOf5GHz(*facts.radio, true);
   if (candidates.empty()) {
     return Unknown{Reason::notSupported,
-                   "The radio, or the law of the country it is set to, has no channel in this "
-                   "band: use another adapter, or check the country."};
+                   "The radio, or the law of the country it is set to, has none of the channels "
+                   "that count in this band: use another adapter, or check the country."};
   }
   const Known<Subject> subject = subjectOf(question);
   const ChannelLoads loads(question, subject ? &*subject : nullptr);
-  const auto best = loads.best(band, candidates);
-  if (!best) return whyNoLoad(facts);
-  return finding(loads.isCongested(best->load), recommendations(facts, loads));
+  bool areAllKnown = true;
+  for (const Candidate& candidate : candidates) {
+    const auto isCongested = loads.isCongested(band, candidate);
+    if (isCongested == false) return finding(false, recommendations(facts, loads));
+    if (!isCongested) areAllKnown = false;
+  }
+  if (!areAllKnown) return whyNoLoad(facts);
+  return finding(true, recommendations(facts, loads));
 }
 
 Answer congested2GHz(const Question& question) { return congestedBand(question, Band::ghz2); }
@@ -118,8 +123,10 @@ Answer congested5GHz(const Question& question) { return congestedBand(question, 
 
 constexpr std::string_view kFrom =
     "first what is known of: survey (NL80211_SURVEY_INFO_TIME, _TIME_BUSY, _TIME_TX; at least 103 "
-    "ms), BSS Load element, access points of the scan; allowed channels from "
-    "NL80211_BAND_ATTR_FREQS";
+    "ms without the radio's own frames, which must be told of the channel in use), BSS Load "
+    "element "
+    "(the network's own, else the highest of those from -82 dBm on), access points of the scan; "
+    "allowed channels from NL80211_BAND_ATTR_FREQS";
 constexpr std::string_view kThreshold =
     "busy 0.7 of the time or more (`congestedBusyShare`), utilization 192 of 255 or more "
     "(`congestedUtilization`), more than 6 boxes of others (`congestedNeighbours`)";
@@ -132,8 +139,8 @@ constexpr std::array kRows{
               "How busy the network's primary 20 MHz channel is. Boxes count 1 on this "
               "channel and 1.5 where they only overlap it, each once, from -82 dBm on; "
               "those of the network itself do not count. Recommended is the least busy "
-              "channel of its class, all compared by one measure, which may be another than "
-              "the network's own channel is judged by.",
+              "channel of its class, all compared by one measure; those that are crowded by what "
+              "is known of them come last.",
           .from = kFrom,
           .threshold = kThreshold,
           .why = "The shares and the count are this project's choice. BSS Load: IEEE 802.11-2020, "
@@ -146,23 +153,26 @@ constexpr std::array kRows{
     Check{.id = DiagnosticsTestID::Congested2GHz,
           .answer = congested2GHz,
           .needs = {Fact::link, Fact::scan, Fact::surveys, Fact::radio},
-          .measures = "How busy the best of the channels 1, 6 and 11 is: if even that one is, "
-                      "another channel does not help.",
+          .measures = "Whether all of the channels 1, 6 and 11 are crowded, each by what is known "
+                      "of it: then another channel does not help.",
           .from = kFrom,
           .threshold = kThreshold,
           .why = "As CongestedChannel. 1, 6 and 11 are 25 MHz apart: 802.11-2020, 15.4.4.3",
           .unknownWhen =
-              "the radio's allowed channels are not known, or none of these is; there is "
-              "no survey, and no scan with strengths"},
-    Check{.id = DiagnosticsTestID::Congested5GHz,
-          .answer = congested5GHz,
-          .needs = {Fact::link, Fact::scan, Fact::surveys, Fact::radio},
-          .measures = "How busy the best allowed 20 MHz channel of the band is.",
-          .from = kFrom,
-          .threshold = kThreshold,
-          .why = "As CongestedChannel",
-          .unknownWhen = "the radio's allowed channels are not known, or it has none in this band; "
-                         "there is no survey, and no scan with strengths"},
+              "the radio's allowed channels are not known, or none of these is; of one there is no "
+              "survey, and no scan with strengths, and no other is known not to be crowded"},
+    Check{
+        .id = DiagnosticsTestID::Congested5GHz,
+        .answer = congested5GHz,
+        .needs = {Fact::link, Fact::scan, Fact::surveys, Fact::radio},
+        .measures = "Whether all allowed 20 MHz channels of the band are crowded, each by what is "
+                    "known of it.",
+        .from = kFrom,
+        .threshold = kThreshold,
+        .why = "As CongestedChannel",
+        .unknownWhen =
+            "the radio's allowed channels are not known, or it has none in this band; of one there "
+            "is no survey, and no scan with strengths, and no other is known not to be crowded"},
 };
 
 }  // namespace

@@ -168,8 +168,8 @@ constexpr std::array kRows{
                   "driver's module below /sys/module; BlueZ: Connected of org.bluez.Device1",
           .threshold = "one connected device",
           .why = "While one of them sends, the other one waits",
-          .unknownWhen = "the driver does not say, as most do not; it says yes, and Bluetooth is "
-                         "not known"},
+          .unknownWhen = "the driver does not say, as most do not; it says yes, and what Bluetooth "
+                         "does is not known (without an adapter: nothing)"},
     Check{.id = DiagnosticsTestID::PYNXRealTimeMode,
           .answer = directLink,
           .needs = {Fact::radio},

@@ -160,8 +160,10 @@ constexpr std::array kRows{
           .from = "WPS element (Manufacturer, Model Name); the BSSID",
           .threshold = "one of `baseStationMakers` or `baseStationAddressBlocks`",
           .why = "Whose base stations are meant is for the person who sets the lists",
-          .unknownWhen = "makers are set, and the access point was not heard or does not say who "
-                         "made it, which most say in probe responses only"},
+          .unknownWhen =
+              "the named network was not heard; makers are set, and the access point was "
+              "not heard or does not say who made it, which most say in probe responses "
+              "only"},
     Check{.id = DiagnosticsTestID::AmbiguousNetworkName,
           .answer = ambiguousName,
           .needs = {Fact::link, Fact::scan},
@@ -185,24 +187,25 @@ constexpr std::array kRows{
           .why = "The name is in the frames of whoever joins, so that it stays no secret, and "
                  "devices must call for it",
           .unknownWhen = "the access point was not heard, or answered only"},
-    Check{
-        .id = DiagnosticsTestID::NimoPersonalHotspot,
-        .answer = personalHotspot,
-        .needs = {Fact::link, Fact::scan, Fact::activeProfile, Fact::addresses,
-                  Fact::savedNetworks},
-        .measures = "Hints that the network is a phone's shared connection: it charges by volume, "
-                    "its addresses are those that phones give out, it says it is a personal "
-                    "device's. They are hints: any maker's phone, and a computer that shares "
-                    "its connection, look the same.",
-        .from = "NetworkManager: Metered of the device, connection.metered of the profiles, a "
-                "phone's words in the vendor options of its DHCP answer; the IPv4 address "
-                "(rtnetlink); Interworking element",
-        .threshold = "metered, an address in `hotspotSubnets`, or access network type 4",
-        .why = "Interworking: IEEE 802.11-2020, 9.4.2.91. The subnets are customs of systems, "
-               "not standards",
-        .unknownWhen = "neither the manager nor the access point says anything, and the address is "
-                       "not one of those; of a network not joined, when it has no "
-                       "Interworking element and is not remembered as metered"},
+    Check{.id = DiagnosticsTestID::NimoPersonalHotspot,
+          .answer = personalHotspot,
+          .needs = {Fact::link, Fact::scan, Fact::activeProfile, Fact::addresses,
+                    Fact::savedNetworks},
+          .measures =
+              "Hints that the network is a phone's shared connection: it charges by volume, "
+              "its addresses are those that phones give out, it says it is a personal "
+              "device's. They are hints: any maker's phone, and a computer that shares "
+              "its connection, look the same.",
+          .from = "NetworkManager: Metered of the device, connection.metered of the profiles, a "
+                  "phone's words in the vendor options of its DHCP answer; the IPv4 address "
+                  "(rtnetlink); Interworking element",
+          .threshold = "metered, an address in `hotspotSubnets`, or access network type 4",
+          .why = "Interworking: IEEE 802.11-2020, 9.4.2.91. The subnets are customs of systems, "
+                 "not standards",
+          .unknownWhen =
+              "neither the manager nor the access point says anything, and the address is "
+              "not one of those; of a network not joined, when it was not heard, or has no "
+              "Interworking element and is not remembered as metered"},
     Check{.id = DiagnosticsTestID::Passpoint,
           .answer = passpoint,
           .needs = {Fact::link, Fact::scan},

@@ -91,26 +91,28 @@ ObjectRef textsOf(const PhyModes& modes) {
   return std::make_shared<const Array>(std::move(texts));
 }
 
-// Whether some of the network's access points in the subject's band have the mode and some have
-// not. One without any mode did not tell.
+// Whether some of the network's access points in one of the bands have the mode and some have not.
+// One without any mode did not tell.
 Answer conflictingMode(const Question& question, bool PhyModes::*mode,
                        std::initializer_list<Band> bandsWithMode) {
   return aboutSubject(question, [&](const Subject& subject) -> Answer {
     if (!subject.heard) return subject.notHeard;
-    const AccessPoint& own = *subject.heard;
-    const auto channel = channelOf(subject);
-    if (!channel || own.modes == PhyModes{}) {
+    const PhyModes& own = subject.heard->modes;
+    if (!channelOf(subject) || own == PhyModes{}) {
       return notTold("The access point does not say its band or its radio modes: scan again.");
     }
-    bool isConflicting = false;
-    if (std::ranges::find(bandsWithMode, channel->band) != bandsWithMode.end()) {
-      for (const AccessPoint* other : accessPointsNamedLike(question, subject)) {
-        if (!other->channel || other->channel->band != channel->band) continue;
-        if (other->modes == PhyModes{}) continue;
-        if (other->modes.*mode != own.modes.*mode) isConflicting = true;
-      }
-    }
-    return finding(isConflicting, {{"SupportedPHYModes", textsOf(own.modes)}});
+    const auto named = accessPointsNamedLike(question, subject);
+    const auto isThere = [&](Band band, bool hasMode) {
+      return std::ranges::any_of(named, [&](const AccessPoint* accessPoint) {
+        const auto channel =
+            accessPoint == subject.heard ? channelOf(subject) : accessPoint->channel;
+        return channel && channel->band == band && accessPoint->modes != PhyModes{} &&
+               accessPoint->modes.*mode == hasMode;
+      });
+    };
+    const bool isConflicting = std::ranges::any_of(
+        bandsWithMode, [&](Band band) { return isThere(band, true) && isThere(band, false); });
+    return finding(isConflicting, {{"SupportedPHYModes", textsOf(own)}});
   });
 }
 
@@ -173,7 +175,7 @@ constexpr std::array kRows{
           .threshold = "one that differs",
           .why = "A device that goes from one to the other becomes slower without being told. Only "
                  "5 GHz: 802.11ac has no other band (IEEE 802.11-2020, 21.1.1)",
-          .unknownWhen = "the access point was not heard, or tells neither rates nor modes"},
+          .unknownWhen = "the access point was not heard, or does not tell its band or its modes"},
     Check{.id = DiagnosticsTestID::ConflictingPHYMode11N,
           .answer = conflictingModeN,
           .needs = {Fact::link, Fact::scan},
@@ -182,7 +184,7 @@ constexpr std::array kRows{
           .from = kModesFrom,
           .threshold = "one that differs",
           .why = "As ConflictingPHYMode11AC; 6 GHz has no 802.11n",
-          .unknownWhen = "the access point was not heard, or tells neither rates nor modes"},
+          .unknownWhen = "the access point was not heard, or does not tell its band or its modes"},
     Check{.id = DiagnosticsTestID::LegacyRates11b,
           .answer = legacyRates,
           .needs = {Fact::link, Fact::scan},

@@ -16,11 +16,12 @@ namespace {
 // Nothing stands for an access point that does not say clearly.
 using KindsByName = std::map<std::string, std::set<std::optional<KeyKind>>>;
 
-// Whether the air has the name in other kinds only.
-bool contradicts(const KindsByName& air, const std::string& name, KeyKind saved) {
+// Whether the air has the name in other kinds only; nothing where an access point does not say.
+std::optional<bool> contradicts(const KindsByName& air, const std::string& name, KeyKind saved) {
   const auto heard = air.find(name);
-  return heard != air.end() && !heard->second.contains(saved) &&
-         !heard->second.contains(std::nullopt);
+  if (heard == air.end() || heard->second.contains(saved)) return false;
+  if (heard->second.contains(std::nullopt)) return std::nullopt;
+  return true;
 }
 
 Answer conflictingSecurity(const Question& question) {
@@ -34,13 +35,24 @@ Answer conflictingSecurity(const Question& question) {
   }
   KindsByName all;
   for (const SavedNetwork& saved : *facts.savedNetworks) {
-    const auto kind = keyKindOf(saved.security);
-    if (!kind || saved.ssid.empty()) continue;
-    auto& kinds = all[saved.ssid];
-    kinds.insert(*kind);
-    if (kinds.size() > 1 || contradicts(air, saved.ssid, *kind)) return finding(true);
+    if (!saved.ssid.empty()) all[saved.ssid].insert(keyKindOf(saved.security));
+  }
+  bool isSure = true;
+  for (const auto& [name, kinds] : all) {
+    std::size_t known = 0;
+    for (const auto& kind : kinds) {
+      const auto isContradicted = kind ? contradicts(air, name, *kind) : std::nullopt;
+      known += kind ? 1 : 0;
+      if (known > 1 || isContradicted == true) return finding(true);
+      if (!isContradicted && (kinds.size() > 1 || air.contains(name))) isSure = false;
+    }
   }
   if (!facts.scan) return facts.scan.why();
+  if (!isSure) {
+    return notTold(
+        "A remembered network, or an access point of its name, does not say clearly how it is "
+        "secured: scan again, or set its security anew.");
+  }
   return finding(false);
 }
 
@@ -58,17 +70,22 @@ Answer containsHidden(const Question& question) {
   return finding(std::ranges::any_of(*saved, &SavedNetwork::isHidden));
 }
 
-// The profile of that name; of several the one joined last, then the first.
-const SavedNetwork* savedNetworkNamed(const Facts& facts, std::string_view name) {
+// The subject's profile; of several of that name one with its kind of keys, the one joined last,
+// then the first.
+const SavedNetwork* profileOf(const Facts& facts, const Subject& subject) {
   if (!facts.savedNetworks) return nullptr;
-  const auto isBefore = [](const std::optional<Date>& one, const std::optional<Date>& other) {
-    if (!one || !other) return !one && other;
-    return one->secondsSinceReferenceDate < other->secondsSinceReferenceDate;
+  const auto kind = subject.heard ? keyKindOf(subject.heard->security) : std::nullopt;
+  const auto isBefore = [&](const SavedNetwork& one, const SavedNetwork& other) {
+    const bool fits = kind && keyKindOf(one.security) == kind;
+    const bool otherFits = kind && keyKindOf(other.security) == kind;
+    if (fits != otherFits) return otherFits;
+    if (!one.lastJoined || !other.lastJoined) return !one.lastJoined && other.lastJoined;
+    return one.lastJoined->secondsSinceReferenceDate < other.lastJoined->secondsSinceReferenceDate;
   };
   const SavedNetwork* found = nullptr;
   for (const SavedNetwork& saved : *facts.savedNetworks) {
-    if (saved.ssid != name) continue;
-    if (!found || isBefore(found->lastJoined, saved.lastJoined)) found = &saved;
+    if (saved.ssid != subject.name) continue;
+    if (!found || isBefore(*found, saved)) found = &saved;
   }
   return found;
 }
@@ -109,7 +126,7 @@ Answer captivePortal(const Question& question) {
                      "it, and run again."};
     }
     Dictionary::Entries info;
-    if (const SavedNetwork* saved = savedNetworkNamed(facts, subject.name)) {
+    if (const SavedNetwork* saved = profileOf(facts, subject)) {
       info["PreferredNetwork"] = recordOf(question, subject, *saved, isCaptive || isMarked);
     }
     return finding(isCaptive, std::move(info));
@@ -122,38 +139,41 @@ constexpr std::string_view kSavedUnknownWhen =
     "none of these services runs, or the user may not read them";
 
 constexpr std::array kRows{
-    Check{.id = DiagnosticsTestID::ConflictingSecurityTypeInPNL,
-          .answer = conflictingSecurity,
-          .needs = {Fact::savedNetworks, Fact::scan},
-          .measures = "Whether one name is remembered with different kinds of keys, or with one "
-                      "that none of the access points of that name in range has.",
-          .from = kSavedFrom,
-          .threshold = "two kinds of: open (with OWE), WEP, password (WPA, WPA2 or WPA3 Personal), "
-                       "sign-in (Enterprise)",
-          .why = "One of them is out of date, or somebody else's network has the same name. The "
-                 "kinds are this project's: boxes that change from one security of a kind to the "
-                 "next keep name and key",
-          .unknownWhen = "none of these services runs, or the user may not read them; those that "
-                         "are remembered agree, and there is no scan"},
-    Check{.id = DiagnosticsTestID::CaptivePortal,
-          .answer = captivePortal,
-          .needs = {Fact::link, Fact::scan, Fact::portalProbe, Fact::savedNetworks},
-          .measures =
-              "Whether the joined network answers plain HTTP in the place of the page asked "
-              "for (a network that names an address for this question is asked there, and that "
-              "answer counts alone); of another one whether it announces that more is to do after "
-              "joining. "
-              "With it what is remembered of the network; its security is the number of "
-              "the list below.",
-          .from = "HTTP GET without following redirects, or the address that DHCP gave (RFC 8910, "
-                  "RFC 8908), as NetworkManager passes it on; Interworking element (ASRA bit)",
-          .threshold =
-              "a redirect, another page or status 511; 204 and 200 without a body are open; "
-              "the ASRA bit",
-          .why = "Interworking: IEEE 802.11-2020, 9.4.2.91",
-          .unknownWhen = "joined: nothing answers, or with another status. Otherwise: the access "
-                         "point does not announce "
-                         "it, which does not mean that there is none"},
+    Check{
+        .id = DiagnosticsTestID::ConflictingSecurityTypeInPNL,
+        .answer = conflictingSecurity,
+        .needs = {Fact::savedNetworks, Fact::scan},
+        .measures = "Whether one name is remembered with different kinds of keys, or with one "
+                    "that none of the access points of that name in range has.",
+        .from = kSavedFrom,
+        .threshold = "two kinds of: open (with OWE), WEP, password (WPA, WPA2 or WPA3 Personal), "
+                     "sign-in (Enterprise)",
+        .why = "One of them is out of date, or somebody else's network has the same name. The "
+               "kinds are this project's: boxes that change from one security of a kind to the "
+               "next keep name and key",
+        .unknownWhen =
+            "none of these services runs, or the user may not read them; those that are remembered "
+            "agree, and there is no scan, or one of that name does not say how it is secured"},
+    Check{
+        .id = DiagnosticsTestID::CaptivePortal,
+        .answer = captivePortal,
+        .needs = {Fact::link, Fact::scan, Fact::portalProbe, Fact::savedNetworks},
+        .measures =
+            "Whether the joined network answers plain HTTP in the place of the page asked "
+            "for (a network that names an address for this question is asked there, and that "
+            "answer counts alone); of another one whether it announces that more is to do after "
+            "joining. "
+            "With it what is remembered of the network (of several profiles that with its kind of "
+            "keys, the one joined last); its security is the number of the list below. There "
+            "isCaptive also tells of the announcement, and isMultiAP of the scan.",
+        .from = "HTTP GET without following redirects, or the address that DHCP gave (RFC 8910, "
+                "RFC 8908), as NetworkManager passes it on; Interworking element (ASRA bit)",
+        .threshold = "a redirect, another page or status 511; 204 and 200 without a body are open; "
+                     "the ASRA bit",
+        .why = "Interworking: IEEE 802.11-2020, 9.4.2.91",
+        .unknownWhen = "joined: nothing answers, or with another status. Otherwise: the access "
+                       "point does not announce "
+                       "it, which does not mean that there is none"},
     Check{.id = DiagnosticsTestID::LargePNL,
           .answer = largeList,
           .needs = {Fact::savedNetworks},

@@ -179,10 +179,48 @@ TEST_F(CongestionChecks, StayOnTheChannelWhereOthersAreNoBetter) {
 }
 
 TEST_F(CongestionChecks, CompareAllChannelsByOneMeasure) {
-  survey(5180, 1000, 990, 0);  // the only channel with a survey
+  survey(5180, 1000, 600, 0);  // the only channel with a survey
   EXPECT_THAT(recommended("5GHzNonDFSChannel"), isChannel(36));
   for (const int frequency : {5200, 5745, 5765}) survey(frequency, 1000, frequency / 10, 0);
   EXPECT_THAT(recommended("5GHzNonDFSChannel"), isChannel(40));
+}
+
+TEST_F(CongestionChecks, RecommendNoCrowdedChannelWhereThereIsAnother) {
+  survey(5180, 1000, 900, 0);
+  EXPECT_THAT(recommended("5GHzNonDFSChannel"), isChannel(40));
+  EXPECT_THAT(recommended("5GHz40MHzChannel"), isChannel(52));
+}
+
+TEST_F(CongestionChecks, JudgeABandByWhatIsKnownOfEachChannel) {
+  facts.radio->channels = {{.frequency = 5180}, {.frequency = 5745}};
+  survey(5180, 1000, 900, 0);
+  EXPECT_THAT(ask(Id::Congested5GHz), says(false));
+  addBoxes(7, 149);
+  EXPECT_THAT(ask(Id::Congested5GHz), says(true));
+  facts.surveys->back().busy = milliseconds(100);
+  addBoxes(7, 36);
+  EXPECT_THAT(ask(Id::Congested5GHz), says(false));
+}
+
+TEST_F(CongestionChecks, DoNotBelieveTheUtilizationThatAWeakOneHears) {
+  auto& far = add(accessPoint("06:10:20:30:40:50", "Far", -83, 36));
+  far.channelUtilization = 255;
+  EXPECT_THAT(ask(Id::CongestedChannel), says(false));
+  far.signal = -82;
+  EXPECT_THAT(ask(Id::CongestedChannel), says(true));
+}
+
+TEST_F(CongestionChecks, AreSureWhereTooManyAreHeardWellAnyhow) {
+  addBoxes(7, 36);
+  add(accessPoint("06:10:20:30:40:50", "Unknown", -60, 36)).signal.reset();
+  EXPECT_THAT(ask(Id::CongestedChannel), says(true));
+}
+
+TEST_F(CongestionChecks, NeedTimeInWhichTheRadioListened) {
+  survey(5180, 1000, 1000, 898);
+  EXPECT_EQ(load()->measure, Measure::neighbours);
+  facts.surveys->back().transmit = milliseconds(897);
+  EXPECT_EQ(load()->measure, Measure::busyTime);
 }
 
 TEST_F(CongestionChecks, RecommendNothingForARadioThatIsNotKnown) {

@@ -115,6 +115,19 @@ TEST_F(RadioChecks, DoNotCompareWithAnAccessPointThatTellsNoMode) {
   EXPECT_THAT(ask(Id::ConflictingPHYMode11AC), isUnknownFor(Reason::notTold));
 }
 
+TEST_F(RadioChecks, CompareModesInABandThatTheJoinedOneIsNotIn) {
+  facts.link->frequency = 2412;
+  own().channel = channelAt(Band::ghz2, 1);
+  auto& one = add(accessPoint("02:10:20:30:40:98", kName, -70, 36));
+  one.modes = {.a = true, .n = true, .ac = true};
+  const auto other = accessPoint("02:10:20:30:40:99", kName, -70, 149);
+  add(other).modes = {.a = true, .n = true, .ac = true};
+  EXPECT_THAT(ask(Id::ConflictingPHYMode11AC), says(false));
+  facts.scan->accessPoints.back().modes.ac = false;
+  EXPECT_THAT(ask(Id::ConflictingPHYMode11AC), says(true));
+  EXPECT_THAT(ask(Id::ConflictingPHYMode11N), says(false));
+}
+
 TEST_F(RadioChecks, Compare80211acIn5GHzAlone) {
   facts.link->frequency = 2412;
   own().channel = channelAt(Band::ghz2, 1);

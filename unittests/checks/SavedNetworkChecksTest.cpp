@@ -43,7 +43,7 @@ TEST_F(SavedNetworkChecks, FindOneNameWithDifferentKeys) {
   auto& second = save("Twice", Security::wpa3Personal);
   EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), says(false));
   second.security = Security::unknown;
-  EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), says(false));
+  EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), isUnknownFor(Reason::notTold));
   for (const Security other : {Security::none, Security::owe, Security::wep,
                                Security::wpaEnterprise, Security::wpa3Enterprise}) {
     second.security = other;
@@ -71,6 +71,10 @@ TEST_F(SavedNetworkChecks, FindKeysThatNobodyInRangeHas) {
 TEST_F(SavedNetworkChecks, AccuseNoKeyWhereAnAccessPointIsUnclear) {
   save(kName, Security::none);
   add(accessPoint("02:00:00:00:00:01", kName, -50, 36)).security = Security::unknown;
+  EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), isUnknownFor(Reason::notTold));
+  facts.savedNetworks->back().security = Security::unknown;
+  EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), isUnknownFor(Reason::notTold));
+  facts.savedNetworks->back().ssid = "Elsewhere";
   EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), says(false));
 }
 
@@ -130,6 +134,16 @@ TEST_F(SavedNetworkChecks, CallANetworkOfSeveralAccessPointsHeardOrRemembered) {
   EXPECT_TRUE(record()->isMultiAP);
   own().additionalStepNeeded = true;
   EXPECT_TRUE(record()->isCaptive);
+}
+
+TEST_F(SavedNetworkChecks, RememberOfANetworkTheProfileWithItsKeys) {
+  facts.portalProbe = PortalProbe{PortalProbe::Answer::open, ""};
+  own().security = Security::none;
+  save(kName, Security::wpa2Personal).lastJoined = Date{2};
+  save(kName, Security::none).lastJoined = Date{1};
+  EXPECT_EQ(record()->security, static_cast<int>(Security::none));
+  own().security = Security::unknown;
+  EXPECT_EQ(record()->security, static_cast<int>(Security::wpa2Personal));
 }
 
 TEST_F(SavedNetworkChecks, NeedTheListOfThem) {
