@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <tuple>
+#include <utility>
 
 namespace wifi_profile::checks {
 namespace {
@@ -120,8 +121,11 @@ std::optional<double> ChannelLoads::neighbours(Band band, int channel) const {
     if (box.band != band) continue;
     const bool isHere = box.primary == channel;
     if (!isHere && !box.overlapped.contains(channel)) continue;
-    if (!box.isHeardWell) areAllStrengthsKnown = false;
-    if (box.isHeardWell) count += isHere ? 1 : kOverlapping;
+    if (box.isHeardWell) {
+      count += isHere ? 1 : kOverlapping;
+    } else {
+      areAllStrengthsKnown = false;
+    }
   }
   // One more changes nothing for a channel that has too many.
   if (!areAllStrengthsKnown && count <= settings_.congestedNeighbours) return std::nullopt;
@@ -180,15 +184,14 @@ std::optional<double> ChannelLoads::worstAmount(Measure measure, Band band,
   return worst;
 }
 
-std::optional<BestChannel> ChannelLoads::best(Band band,
-                                              const std::vector<Candidate>& candidates) const {
+std::optional<int> ChannelLoads::best(Band band, const std::vector<Candidate>& candidates) const {
   const auto isElsewhere = [&](const Candidate& candidate) {
     return !current_ || current_->band != band ||
            std::ranges::find(candidate, current_->primary) == candidate.end();
   };
   for (const Measure measure : kMeasures) {
-    std::optional<BestChannel> best;
-    std::tuple<bool, double, bool> rankOfBest;
+    using Rank = std::tuple<bool, double, bool>;  // the least is best
+    std::optional<std::pair<Rank, int>> best;
     bool isKnownForAll = true;
     for (const Candidate& candidate : candidates) {
       const auto worst = worstAmount(measure, band, candidate);
@@ -196,13 +199,10 @@ std::optional<BestChannel> ChannelLoads::best(Band band,
         isKnownForAll = false;
         break;
       }
-      const std::tuple rank(isCongested(band, candidate) == true, *worst, isElsewhere(candidate));
-      if (!best || rank < rankOfBest) {
-        best = BestChannel{candidate.front(), {measure, *worst}};
-        rankOfBest = rank;
-      }
+      const Rank rank(isCongested(band, candidate) == true, *worst, isElsewhere(candidate));
+      if (!best || rank < best->first) best = {rank, candidate.front()};
     }
-    if (isKnownForAll && best) return best;
+    if (isKnownForAll && best) return best->second;
   }
   return std::nullopt;
 }

@@ -28,11 +28,6 @@ struct Load {
 // One 20 MHz channel, or several that a wide channel takes: the first is the one to recommend.
 using Candidate = std::vector<int>;
 
-struct BestChannel {
-  int channel = 0;
-  Load load;
-};
-
 class ChannelLoads {
  public:
   // Looks into the question. The subject's own network (nil: none) does not count among the
@@ -50,8 +45,7 @@ class ChannelLoads {
   // measure that is known for all; of equal ones that with the subject's channel, then the first.
   // One that is congested by a better measure comes after those that are not. Nothing without
   // candidates or without a common measure.
-  std::optional<BestChannel> best(ieee80211::Band band,
-                                  const std::vector<Candidate>& candidates) const;
+  std::optional<int> best(ieee80211::Band band, const std::vector<Candidate>& candidates) const;
 
  private:
   // Networks of one box on one channel.

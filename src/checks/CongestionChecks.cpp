@@ -62,7 +62,7 @@ Dictionary::Entries recommendations(const Facts& facts, const ChannelLoads& load
   if (!facts.radio) return info;
   const auto recommend = [&](const char* key, Band band, const Candidates& candidates) {
     const auto best = loads.best(band, candidates);
-    if (best) info[key] = std::make_shared<const ChannelRecord>(best->channel);
+    if (best) info[key] = std::make_shared<const ChannelRecord>(*best);
   };
   recommend("2GHzChannel", Band::ghz2, candidatesOf2GHz(*facts.radio));
   recommend("5GHzChannel", Band::ghz5, candidatesOf5GHz(*facts.radio, true));
