@@ -75,10 +75,12 @@ Answer containsHidden(const Question& question) {
 const SavedNetwork* profileOf(const Facts& facts, const Subject& subject) {
   if (!facts.savedNetworks) return nullptr;
   const auto kind = subject.heard ? keyKindOf(subject.heard->security) : std::nullopt;
+  const auto fits = [&](const SavedNetwork& saved) {
+    const auto own = keyKindOf(saved.security);
+    return own && kind && *own == *kind;
+  };
   const auto isBefore = [&](const SavedNetwork& one, const SavedNetwork& other) {
-    const bool fits = kind && keyKindOf(one.security) == kind;
-    const bool otherFits = kind && keyKindOf(other.security) == kind;
-    if (fits != otherFits) return otherFits;
+    if (fits(one) != fits(other)) return fits(other);
     if (!one.lastJoined || !other.lastJoined) return !one.lastJoined && other.lastJoined;
     return one.lastJoined->secondsSinceReferenceDate < other.lastJoined->secondsSinceReferenceDate;
   };

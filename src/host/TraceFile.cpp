@@ -13,7 +13,10 @@ void TraceFile::event(std::string_view name, const Fields& fields) {
     std::string line = "{\"seq\":" + std::to_string(sequence_) + ",\"thread\":\"" +
                        (queues_.onMainThread() ? "main" : "background") +
                        "\",\"event\":" + jsonString(name);
-    for (const auto& [key, value] : fields) line += "," + jsonString(key) + ":" + jsonText(value);
+    for (const auto& [key, value] : fields) {
+      line += ',' + jsonString(key);
+      line += ':' + jsonText(value);
+    }
     line += "}\n";
     // A line at a time reaches the file, so that a reader can follow the run.
     const bool written = std::fwrite(line.data(), 1, line.size(), file_.get()) == line.size();

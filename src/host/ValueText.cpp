@@ -92,7 +92,8 @@ std::string textOf(const ObjectRef& value) {
 std::string textOf(const Array& array) {
   std::string list;
   for (const ObjectRef& element : array.elements()) {
-    list += (list.empty() ? "" : "/") + textOf(element);
+    if (!list.empty()) list += '/';
+    list += textOf(element);
   }
   return list.empty() ? "none" : shortened(std::move(list));
 }

@@ -72,13 +72,14 @@ std::optional<OperatingChannel> readOperatingChannel(const ElementSet& elements,
                                                      std::optional<int> frequency) {
   const Operations all = readOperations(elements);
   const auto named = namedPrimary(elements, all);
-  const auto heard = frequency ? bandOf(*frequency) : std::nullopt;
+  std::optional<Band> heard;
+  if (frequency) heard = bandOf(*frequency);
   if (!named || (frequency && !heard)) return std::nullopt;
   OperatingChannel channel;
   if (*named != 0) {
     channel.primary = *named;
     channel.band = all.he.sixGhz ? Band::ghz6 : *named <= 14 ? Band::ghz2 : Band::ghz5;
-    if (heard && *heard != channel.band) return std::nullopt;
+    if (heard.value_or(channel.band) != channel.band) return std::nullopt;
   } else if (heard) {
     channel.primary = channelOf(*frequency).value_or(0);
     channel.band = *heard;

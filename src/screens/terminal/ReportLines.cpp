@@ -83,7 +83,7 @@ class Writer {
     for (std::size_t i = 0; i < kReportMarks; ++i) {
       if (section.counts[i] == 0) continue;
       Glyphs count = mark(look_.marks.findings[i]);
-      const Glyphs number = glyphsOf(" " + std::to_string(section.counts[i]));
+      const Glyphs number = glyphsOf(' ' + std::to_string(section.counts[i]));
       count.insert(count.end(), number.begin(), number.end());
       const int width = widthOf(count);
       if (column + width > look_.extent.columns - 1) return;

@@ -28,6 +28,7 @@ class BusValue {
 
   BusValue() = default;  // nothing
   explicit BusValue(Content content) : content_(std::move(content)) {}
+  explicit BusValue(Map map) : content_(std::move(map)) {}
 
   bool isNothing() const { return std::holds_alternative<std::monostate>(content_); }
   std::optional<bool> boolean() const;

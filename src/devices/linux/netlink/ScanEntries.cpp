@@ -213,7 +213,7 @@ std::optional<ScanEntry> scanEntryOf(const Attributes& bss, std::chrono::nanosec
 
   ieee80211::ReceivedFrame frame;
   frame.bssid.emplace();
-  std::ranges::copy(bssid, frame.bssid->begin());
+  std::copy_n(bssid.begin(), frame.bssid->size(), frame.bssid->begin());
   frame.capabilities = bss.number<std::uint16_t>(NL80211_BSS_CAPABILITY).value_or(0);
   const auto frequency = bss.number<std::int32_t>(NL80211_BSS_FREQUENCY);
   if (frequency && *frequency > 0) entry.frequency = frame.frequency = *frequency;

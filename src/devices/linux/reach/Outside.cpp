@@ -36,7 +36,7 @@ checks::Known<checks::RouterOutside> routerOutside(const std::string& gateway,
   const auto router = hostAddress(gateway);
   if (!router) {
     return checks::Unknown{checks::Reason::failed,
-                           "\"" + shortText(gateway) +
+                           '"' + shortText(gateway) +
                                "\" is no IPv4 address of a router: renew the address (join "
                                "again), or look at the router's DHCP settings."};
   }

@@ -25,7 +25,7 @@ checks::Known<checks::Pings> ping(const std::string& target, const std::string& 
                                   const PingPlan& plan, const Patience& patience) {
   const auto address = addressOf(target, 0, interface);
   if (!address)
-    return failed("\"" + shortText(target) +
+    return failed('"' + shortText(target) +
                   "\" is no address to ping: set a numeric one, or a name.");
   const Patience ours = patience.atMost(plan.time);
   if (ours.isOver()) return calledOff();
