@@ -73,7 +73,10 @@ void WiFiProfileViewController::refreshNetworkList(const ObjectRef& /*sender*/) 
                                                           self->currentNetworkData());
     self->dedupScanResultsToHighestRSSI();
     self->takeSelectedNetworkOutAfterRefresh(hadSelection);
-    self->sortWiFiScanResults();
+    // The table keeps the rows of names that it has, in their order.
+    self->filteredWiFiScanResults.set(sortedByNameAfter(self->previousScanFilteredWiFiScanResults(),
+                                                        self->filteredWiFiScanResults(),
+                                                        self->nameOrder_));
     WorkQueues::shared()->postToMain([self, hadSelection] { self->showRefreshed(hadSelection); });
   });
 }

@@ -82,6 +82,66 @@ std::vector<Chosen> choose(const Elements& elements, const VqWiFiStatus& status,
   return chosen;
 }
 
+// An element of a list that is being sorted.
+struct Row {
+  Number name;
+  std::uint32_t position;  // in the list
+};
+using Rows = std::vector<Row>;
+
+// Stable. Whether the rows were in order already.
+bool sortByKey(Rows& rows, const NameOrder::Pass& names) {
+  const auto isBefore = [&](const Row& one, const Row& other) {
+    return names.hasSmallerKey(one.name, other.name);
+  };
+  // Mostly, one network was put behind a list that is in order.
+  const auto rest = std::is_sorted_until(rows.begin(), rows.end(), isBefore);
+  if (rest == rows.end()) return true;
+  std::stable_sort(rest, rows.end(), isBefore);
+  std::inplace_merge(rows.begin(), rest, rows.end(), isBefore);
+  return false;
+}
+
+// Of rows sorted by key.
+bool hasEqualKeys(const Rows& rows, const NameOrder::Pass& names) {
+  return std::adjacent_find(rows.begin(), rows.end(), [&](const Row& one, const Row& other) {
+           return !names.hasSmallerKey(one.name, other.name);
+         }) != rows.end();
+}
+
+// Sorts rows with equal keys by their places in `before`; those that it lacks come last. Whether
+// they were in order already.
+bool takeOrderOf(const NetworkList& before, Rows& rows, NameOrder::Pass& names) {
+  std::vector<Number> namesBefore;
+  namesBefore.reserve(before.size());
+  for (const ScanResultRef& network : before) {
+    namesBefore.push_back(names.numberOf(network->ssidString()));
+  }
+  // The rows of a name, one after the other.
+  std::vector<std::uint32_t> first(names.count(), kNone);
+  std::vector<std::uint32_t> next(rows.size(), kNone);
+  for (std::size_t i = rows.size(); i-- > 0;) {
+    next[i] = std::exchange(first[rows[i].name], static_cast<std::uint32_t>(i));
+  }
+  std::vector<std::uint32_t> place(rows.size(), kNone);  // in `before`, by position in the list
+  std::uint32_t i = 0;
+  for (const Number name : namesBefore) {
+    if (const std::uint32_t row = first[name]; row != kNone) {
+      place[rows[row].position] = i;
+      first[name] = next[row];
+    }
+    ++i;
+  }
+  const auto isBefore = [&](const Row& one, const Row& other) {
+    if (names.hasSmallerKey(one.name, other.name)) return true;
+    if (names.hasSmallerKey(other.name, one.name)) return false;
+    return place[one.position] < place[other.position];
+  };
+  if (std::is_sorted(rows.begin(), rows.end(), isBefore)) return true;
+  std::stable_sort(rows.begin(), rows.end(), isBefore);
+  return false;
+}
+
 template <class T>
 std::shared_ptr<const T> shared(T value) {
   return std::make_shared<const T>(std::move(value));
@@ -117,26 +177,26 @@ Deduplicated deduplicated(const ArrayRef& results, const VqWiFiStatusRef& status
 }
 
 NetworkListRef sortedByName(const NetworkListRef& list, NameOrder& order) {
+  return sortedByNameAfter(nullptr, list, order);
+}
+
+NetworkListRef sortedByNameAfter(const NetworkListRef& before, const NetworkListRef& list,
+                                 NameOrder& order) {
   if (!list) return list;
   NameOrder::Pass names(order, NameOrder::Pass::Of::list);
-  std::vector<std::pair<Number, std::uint32_t>> rows;  // the name, and the position in `list`
+  Rows rows;
   rows.reserve(list->size());
   for (const ScanResultRef& network : *list) {
-    rows.emplace_back(names.numberOf(network->ssidString()),
-                      static_cast<std::uint32_t>(rows.size()));
+    rows.push_back(
+        {names.numberOf(network->ssidString()), static_cast<std::uint32_t>(rows.size())});
   }
   names.inOrder();
-  const auto before = [&](const auto& one, const auto& other) {
-    return names.hasSmallerKey(one.first, other.first);
-  };
-  // Mostly, one network was put behind a list that is in order.
-  const auto rest = std::is_sorted_until(rows.begin(), rows.end(), before);
-  if (rest == rows.end()) return list;
-  std::stable_sort(rest, rows.end(), before);
-  std::inplace_merge(rows.begin(), rest, rows.end(), before);
+  const bool wasInOrder = sortByKey(rows, names);
+  const bool keptOrder = !before || !hasEqualKeys(rows, names) || takeOrderOf(*before, rows, names);
+  if (wasInOrder && keptOrder) return list;
   NetworkList sorted;
   sorted.reserve(list->size());
-  for (const auto& row : rows) sorted.push_back((*list)[row.second]);
+  for (const Row& row : rows) sorted.push_back((*list)[row.position]);
   return shared(std::move(sorted));
 }
 

@@ -31,6 +31,14 @@ Deduplicated deduplicated(const ArrayRef& results, const VqWiFiStatusRef& status
 // object when it is in order already. nil for nil.
 NetworkListRef sortedByName(const NetworkListRef& list, NameOrder& order);
 
+// The list by name for people; of names that compare equal, those that `before` has come first, in
+// its order, then the others in the order that they have. A table that shows `before` then keeps
+// its rows in the order of the list. Where both lists have a name more than once, the first of it
+// goes where the first was, and so on. The same object when it is in order already. nil for nil;
+// `before` nil: an empty list.
+NetworkListRef sortedByNameAfter(const NetworkListRef& before, const NetworkListRef& list,
+                                 NameOrder& order);
+
 // The list without every element that is this very object. The same list when there is none.
 NetworkListRef without(const NetworkListRef& list, const ScanResultRef& network);
 

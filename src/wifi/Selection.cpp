@@ -27,6 +27,17 @@ std::optional<std::int64_t> indexIn(const NetworkListRef& list, const ScanResult
   return found - list->begin();
 }
 
+// Where a network stands that was put in and sorted: behind names that compare equal. A list that
+// had this very object before has it twice; next to each other, either row will do.
+std::optional<std::int64_t> indexOfAdded(const NetworkListRef& list, const ScanResultRef& network) {
+  if (!list) return std::nullopt;
+  const auto last = std::find(list->rbegin(), list->rend(), network);
+  if (last == list->rend()) return std::nullopt;
+  const auto first =
+      std::find_if(last, list->rend(), [&](const auto& other) { return other != network; });
+  return list->rend() - first;
+}
+
 }  // namespace
 
 void WiFiProfileViewController::updateSelectedNetwork(const ScanResultRef& network) {
@@ -87,7 +98,7 @@ void WiFiProfileViewController::deleteSelectedNetwork(std::int64_t row) {
 void WiFiProfileViewController::insertPreviousSelectedNetwork(const ScanResultRef& previous) {
   std::vector<IndexPath> paths;  // none if a scan has just replaced the list
   WorkQueues::shared()->runOnGlobalAndWait([&] {
-    if (const auto row = indexIn(filteredWiFiScanResults(), previous)) {
+    if (const auto row = indexOfAdded(filteredWiFiScanResults(), previous)) {
       paths.push_back({kNetworksSection, *row});
     }
   });

@@ -29,15 +29,6 @@ bool areSame(const TextRef& one, const TextRef& other) {
   return one == other || equalNames(one, other);
 }
 
-bool haveEqualSortKeys(const TextRef& one, const TextRef& other) {
-  if (!one || !other) return false;
-  std::string keyOfOne;
-  std::string keyOfOther;
-  NameCollator::shared()->appendSortKey(one->string(), keyOfOne);
-  NameCollator::shared()->appendSortKey(other->string(), keyOfOther);
-  return keyOfOne == keyOfOther;
-}
-
 bool holds(const std::vector<std::int64_t>& rows, std::size_t row) {
   return std::find(rows.begin(), rows.end(), static_cast<std::int64_t>(row)) != rows.end();
 }
@@ -184,15 +175,13 @@ void WatchingScreen::checkAfterWork() {
   if (displays_ + refreshes_ == 0 && !mayShowSomethingElse_) checkShownAgainstList();
 }
 
-// Between two list operations the table shows the list. Names that compare equal may stand the
-// other way round: a network that comes back goes behind them, and a rescan, which starts from a
-// dictionary, need not have it there.
+// Between two list operations the table shows the list.
 void WatchingScreen::checkShownAgainstList() {
   for (std::size_t i = 0; i < sections_.size(); ++i) {
     const Titles& shown = sections_[i].shown;
     const Titles list = titlesOfSource(i);
     history_.require(
-        std::equal(shown.begin(), shown.end(), list.begin(), list.end(), haveEqualSortKeys),
+        std::equal(shown.begin(), shown.end(), list.begin(), list.end(), areSame),
         [&] { return "the table shows" + textOf(shown) + " for a list of" + textOf(list); });
   }
 }

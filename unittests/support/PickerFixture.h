@@ -1,6 +1,7 @@
 // The network picker on a screen, among fakes.
 #pragma once
 
+#include <algorithm>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -72,6 +73,13 @@ class PickerFixture : public DiagnosticFixture {
   }
   // A row of the networks' section.
   void tapRow(std::int64_t row) { controller->tableView()->tap({1, row}); }
+  // The first row that shows the name.
+  void tapNetwork(const std::string& name) {
+    const Titles rows = networkRows();
+    const auto found = std::find(rows.begin(), rows.end(), name);
+    ASSERT_NE(found, rows.end()) << name;
+    tapRow(found - rows.begin());
+  }
   void tapOther() { tapRow(controller->networksOffset() - 1); }
   void tapAction(const std::string& title) {
     const auto alert = controller->presentedAlert();

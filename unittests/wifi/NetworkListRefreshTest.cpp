@@ -79,6 +79,45 @@ TEST_F(Refresh, RemembersTheRowsThatTheTableShows) {
   EXPECT_EQ(controller->previousScanFilteredNetworks()->networks(), before);
 }
 
+// --- Names that compare equal
+
+TEST_F(Refresh, LeavesNamesThatCompareEqualWhereTheirRowsAre) {
+  joinNothing();
+  nextScanHears({"Guest", "guest", "Cafe"});
+  showPicker();
+  tapNetwork("Guest");
+  tapNetwork("Cafe");
+  ASSERT_THAT(networkRows(), ElementsAre("guest", "Guest", "OTHER"));
+  nextScanHears({"Guest", "guest", "Cafe"});
+  pull();
+  EXPECT_THAT(networkRows(), ElementsAre("guest", "Guest", "OTHER"));
+  tapNetwork("guest");
+  EXPECT_EQ(selectedName(), "guest");
+}
+
+TEST_F(Refresh, PutsTheJoinedNetworkWhereItsRowIs) {
+  joinTo("guest");
+  nextScanHears({"guest", "Cafe", "Guest", "GUEST"});
+  showPicker();
+  tapNetwork("GUEST");
+  tapNetwork("Cafe");
+  ASSERT_THAT(networkRows(), ElementsAre("Guest", "guest", "GUEST", "OTHER"));
+  nextScanHears({"guest", "Cafe", "Guest", "GUEST"});
+  pull();
+  EXPECT_THAT(networkRows(), ElementsAre("Guest", "guest", "GUEST", "OTHER"));
+  tapRow(1);
+  EXPECT_EQ(selectedName(), "guest");
+}
+
+TEST_F(Refresh, PutsNewNamesBehindThoseThatCompareEqual) {
+  joinNothing();
+  nextScanHears({"guest"});
+  showPicker();
+  nextScanHears({"GUEST", "guest", "Guest"});
+  pull();
+  EXPECT_THAT(networkRows(), ElementsAre("guest", "GUEST", "Guest", "OTHER"));
+}
+
 // --- With nothing selected when it begins
 
 TEST_F(Refresh, SelectsTheNetworkJoinedMeanwhileAndInsertsItsRow) {

@@ -260,6 +260,39 @@ TEST_F(ScanList, PutsAnAppendedNetworkBehindThoseThatCompareEqual) {
   EXPECT_THAT(namesOf(longer), ElementsAre("cafe", "HOME", "Home", "hOME", "Zoo"));
 }
 
+TEST_F(ScanList, KeepsTheOrderBeforeAmongNamesThatCompareEqual) {
+  const auto before = listOf({heard("home"), heard("Home"), heard("Zoo")});
+  const auto after = listOf({heard("cafe"), heard("HOME"), heard("Home"), heard("hOME"),
+                             heard("home"), heard("zoo"), heard("Zoo")});
+  EXPECT_THAT(namesOf(sortedByNameAfter(before, after, order)),
+              ElementsAre("cafe", "home", "Home", "HOME", "hOME", "Zoo", "zoo"));
+}
+
+TEST_F(ScanList, PutsAnAppendedNetworkWhereItsNameWasBefore) {
+  const auto before = listOf({heard("home"), heard("HOME"), heard("Home")});
+  const auto after = listOf({heard("HOME"), heard("Home"), heard("home")});
+  EXPECT_THAT(namesOf(sortedByNameAfter(before, after, order)),
+              ElementsAre("home", "HOME", "Home"));
+}
+
+TEST_F(ScanList, PutsTheRowsOfANameThatStandsTwiceWhereTheyWereBefore) {
+  const auto before = listOf({heard("Home"), heard("home"), heard("Home")});
+  const auto first = heard("Home", -10);
+  const auto second = heard("Home", -20);
+  const auto sortedAfter = sortedByNameAfter(before, listOf({first, second, heard("home")}), order);
+  EXPECT_THAT(namesOf(sortedAfter), ElementsAre("Home", "home", "Home"));
+  EXPECT_EQ(sortedAfter->front(), first);
+  EXPECT_EQ(sortedAfter->back(), second);
+}
+
+TEST_F(ScanList, StaysTheSameObjectWhenItIsInTheOrderBefore) {
+  const auto before = listOf({heard("home"), heard("Home")});
+  const auto after = listOf({heard("cafe"), heard("home"), heard("Home"), heard("HOME")});
+  EXPECT_EQ(sortedByNameAfter(before, after, order), after);
+  EXPECT_EQ(sortedByNameAfter(nullptr, after, order), after);
+  EXPECT_EQ(sortedByNameAfter(before, nullptr, order), nullptr);
+}
+
 TEST_F(ScanList, SortsNamesThatNoScanHeard) {
   list({heard("Home")});
   EXPECT_THAT(namesOf(sorted(listOf({heard("d"), heard("C"), heard("b"), heard("A")}))),
