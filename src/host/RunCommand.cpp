@@ -24,13 +24,17 @@
 namespace wifi_profile {
 namespace {
 
+// The name of the environment's locale for `category`, such as "LC_COLLATE".
+std::string_view localeFor(const char* category) {
+  for (const char* const name : {"LC_ALL", category, "LANG"}) {
+    if (environmentHas(name)) return std::getenv(name);
+  }
+  return "C";
+}
+
 std::string_view languageFor(const RunOptions& options) {
   if (options.language) return *options.language;
-  for (const char* const name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    if (!environmentHas(name)) continue;
-    return BuiltInStringTable::languageOfLocale(std::getenv(name)).value_or("en");
-  }
-  return "en";
+  return BuiltInStringTable::languageOfLocale(localeFor("LC_MESSAGES")).value_or("en");
 }
 
 // What standard error shows beside a screen.
@@ -102,7 +106,7 @@ int runOn(RunLoop& loop, const RunOptions& options, PreparedRun prepared,
   const auto run = std::make_shared<DiagnosticRun>(
       prepared.makeDevice(loop, trace), std::move(prepared.inputs),
       Surroundings{loop, trace, line, Installed<StringTable>::get(),
-                   std::make_shared<IcuNameCollator>(languageFor(options)), person});
+                   std::make_shared<IcuNameCollator>(localeFor("LC_COLLATE")), person});
   PersonFollower follower(*run);
   if (person) trace.addListener(follower);
   const Interrupts interrupts([&run, &person, again = false]() mutable {

@@ -4,6 +4,7 @@
 #include <cassert>
 #include <cstdint>
 #include <unicode/ucol.h>
+#include <unicode/uloc.h>
 #include <unicode/ustring.h>
 #include <vector>
 
@@ -16,17 +17,29 @@ constexpr std::int32_t kUsualKey = 512;
 
 constexpr UChar32 kReplacement = 0xFFFD;
 
-UCollator* openedCollator(const char* language) {
+// What ICU calls a locale of the environment; empty: the root of all locales.
+std::string icuLocale(std::string_view locale) {
+  const std::string_view name = locale.substr(0, locale.find_first_of(".@"));
+  if (name == "C" || name == "POSIX") return {};
+  std::array<char, ULOC_FULLNAME_CAPACITY> canonical{};
   UErrorCode status = U_ZERO_ERROR;
-  UCollator* const collator = ucol_open(language, &status);
+  const std::int32_t length = uloc_canonicalize(std::string(locale).c_str(), canonical.data(),
+                                                ULOC_FULLNAME_CAPACITY, &status);
+  if (U_FAILURE(status) || length >= ULOC_FULLNAME_CAPACITY) return {};
+  return canonical.data();
+}
+
+UCollator* openedCollator(const char* locale) {
+  UErrorCode status = U_ZERO_ERROR;
+  UCollator* const collator = ucol_open(locale, &status);
   if (U_FAILURE(status)) return nullptr;
   ucol_setStrength(collator, UCOL_SECONDARY);
   return collator;
 }
 
-UCollator* collatorOf(const std::string& language) {
-  UCollator* const own = openedCollator(language.c_str());
-  return own ? own : openedCollator("");  // the root of all languages
+UCollator* collatorOf(std::string_view locale) {
+  UCollator* const own = openedCollator(icuLocale(locale).c_str());
+  return own ? own : openedCollator("");
 }
 
 // The name in UTF-16, in `units`, which must have as many elements as the name has bytes.
@@ -62,8 +75,7 @@ void appendKey(const UCollator& collator, const UChar* units, std::int32_t lengt
 
 void IcuNameCollator::Closer::operator()(UCollator* collator) const { ucol_close(collator); }
 
-IcuNameCollator::IcuNameCollator(std::string_view language)
-    : collator_(collatorOf(std::string(language))) {}
+IcuNameCollator::IcuNameCollator(std::string_view locale) : collator_(collatorOf(locale)) {}
 
 const IcuLetterKeys* IcuNameCollator::letterKeys() const {
   std::call_once(letterKeysMade_, [this] {

@@ -1,4 +1,4 @@
-// The order of names in a person's language, by ICU.
+// The order of names in a person's locale, by ICU.
 #pragma once
 
 #include <memory>
@@ -15,9 +15,10 @@ namespace wifi_profile {
 // Letter case is ignored, accents count. Bytes that are not valid UTF-8 stand for U+FFFD.
 class IcuNameCollator final : public NameCollator {
  public:
-  // `language`: an ISO 639-1 code such as "de". A language without rules of its own has the rules
-  // that all languages share. Without any rules, as when ICU's data is missing, keys are the names.
-  explicit IcuNameCollator(std::string_view language);
+  // `locale`: a locale's name as the environment has it, such as "sv_SE.UTF-8". "C", "POSIX" and
+  // locales without rules of their own have the rules that all locales share. Without any rules, as
+  // when ICU's data is missing, keys are the names.
+  explicit IcuNameCollator(std::string_view locale);
 
   void appendSortKey(std::string_view name, std::string& key) const override;
 
@@ -26,7 +27,7 @@ class IcuNameCollator final : public NameCollator {
     void operator()(UCollator* collator) const;
   };
 
-  // Made at the first key, which takes some milliseconds. Null: not in the language's order.
+  // Made at the first key, which takes some milliseconds. Null: not in the locale's order.
   const IcuLetterKeys* letterKeys() const;
 
   const std::unique_ptr<UCollator, Closer> collator_;  // null: there are no rules

@@ -95,6 +95,30 @@ TEST_F(Program, SpeaksTheLanguageAskedFor) {
   EXPECT_EQ(title(""), "WLAN Diagnostics");
 }
 
+TEST_F(Program, SortsNamesByTheLocaleWhateverTheLanguageOfTheTexts) {
+  const auto names = [this](const std::string& environment, const std::string& arguments) {
+    run(runFile(R"({"scenario":1,"answers":{"NoScanResults":[{"result":true,"didPass":true,
+                    "info":{"ScanResults":[{"ssid":"\u00C5s","bssid":"02:01"},
+                                           {"ssid":"Zoo","bssid":"02:02"}]}}]},
+                    "user":[{"teardown":true}]})") +
+            " --pick --ui none --trace " + path("trace") + arguments,
+        "", "env " + environment + " " WIFI_PROFILE_PROGRAM);
+    const std::string trace = content("trace");
+    const auto begin = trace.find(R"("networks":[)");
+    return trace.substr(begin, trace.find(']', begin) - begin);
+  };
+  const auto isAfter = [](const std::string& one, const std::string& other) {
+    return ::testing::Truly([one, other](const std::string& text) {
+      return text.find(one) != std::string::npos && text.find(one) > text.find(other);
+    });
+  };
+  EXPECT_THAT(names("LC_ALL=sv_SE.UTF-8", " --language en"), isAfter("\u00C5s", "Zoo"));
+  EXPECT_THAT(names("-u LC_ALL LC_COLLATE=sv_SE.UTF-8 LANG=de_DE.UTF-8", ""),
+              isAfter("\u00C5s", "Zoo"));
+  EXPECT_THAT(names("LC_ALL=C", " --language de"), isAfter("Zoo", "\u00C5s"));
+  EXPECT_THAT(names("LC_ALL=de_DE.UTF-8", ""), isAfter("Zoo", "\u00C5s"));
+}
+
 TEST_F(Program, TakesParametersAsAHostPassesThem) {
   const std::string parameters =
       file("parameters", R"({"maxScanCacheAge":5,"reprofileWithUI":false,"networkName":"Lab"})");

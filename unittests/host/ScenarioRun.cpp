@@ -69,7 +69,7 @@ ScenarioResult runScenario(const std::string& json, RunLoop& loop, const Wish& w
     const auto run = std::make_shared<DiagnosticRun>(
         std::move(device), inputsFor(wish),
         Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>(wish.language),
-                     std::make_shared<IcuNameCollator>(wish.language), wish.person});
+                     std::make_shared<IcuNameCollator>("C"), wish.person});
     Journal journal;
     trace.addListener(journal);
     PersonFollower follower(*run);

@@ -1,4 +1,4 @@
-// The order of names in a person's language.
+// The order of names in a person's locale.
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -11,7 +11,6 @@
 #include <unicode/unistr.h>
 #include <vector>
 
-#include "runtime/BuiltInStringTable.h"
 #include "runtime/IcuNameCollator.h"
 
 namespace wifi_profile {
@@ -19,9 +18,9 @@ namespace {
 
 using namespace std::string_literals;
 
-std::string keyOf(std::string_view name, std::string_view language = "en") {
+std::string keyOf(std::string_view name, std::string_view locale = "en") {
   std::string key;
-  IcuNameCollator(language).appendSortKey(name, key);
+  IcuNameCollator(locale).appendSortKey(name, key);
   return key;
 }
 
@@ -29,9 +28,9 @@ std::string keyOf(std::string_view name, std::string_view language = "en") {
 // without accents, of several scripts, blanks, signs and a control character.
 std::vector<std::string> randomNames(std::size_t count) {
   static const std::vector<std::string> kParts{
-      "a",  "A", "b",  "c", "h",  "n", "N", "z",  "ä",      "Ä",          "e",   "é",
-      "ñ",  "ß", "ss", "1", "10", " ", "-", "_",  "あ",     "ア",         "ー",  "中",
-      "爱", "ب", "ا",  "ш", "Ш",  "ﬁ", "☃", "한", "\u0301", "\U0001F4F6", "\x01"};
+      "a",  "A",  "b", "c", "h", "l",  "j", "d",  "ž",  "å",      "n",          "N",   "z",  "ä",
+      "Ä",  "e",  "é", "ñ", "ß", "ss", "1", "10", " ",  "-",      "_",          "あ",  "ア", "ー",
+      "中", "爱", "ب", "ا", "ш", "Ш",  "ﬁ", "☃",  "한", "\u0301", "\U0001F4F6", "\x01"};
   std::mt19937 random(20250611);
   std::vector<std::string> names(count);
   for (std::string& name : names) {
@@ -59,6 +58,24 @@ TEST(IcuNameCollator, CountsBlanksAndSigns) {
   EXPECT_LT(keyOf("a-b"), keyOf("ab"));
 }
 
+TEST(IcuNameCollator, FollowsTheRulesOfALocaleOfTheEnvironment) {
+  EXPECT_LT(keyOf("Å", "en_US.UTF-8"), keyOf("Z", "en_US.UTF-8"));
+  for (const char* locale : {"sv_SE", "sv_SE.UTF-8", "sv_SE.iso88591@euro", "sv"}) {
+    EXPECT_LT(keyOf("Z", locale), keyOf("Å", locale)) << locale;
+  }
+  EXPECT_LT(keyOf("ch", "en_GB.UTF-8"), keyOf("h", "en_GB.UTF-8"));
+  EXPECT_LT(keyOf("h", "cs_CZ.UTF-8"), keyOf("ch", "cs_CZ.UTF-8"));
+  EXPECT_LT(keyOf("zz", "da_DK.UTF-8"), keyOf("aa", "da_DK.UTF-8"));
+}
+
+TEST(IcuNameCollator, HasTheSharedRulesWithoutALocale) {
+  for (const char* locale : {"C", "POSIX", "C.UTF-8", "", ".", "@", "_", "no such locale.@"}) {
+    EXPECT_EQ(keyOf("Ñandú", locale), keyOf("Ñandú", "en")) << locale;
+    EXPECT_EQ(keyOf("ñandÚ", locale), keyOf("Ñandú", locale)) << locale;
+  }
+  EXPECT_EQ(keyOf("Ñandú", std::string(10'000, 'x')), keyOf("Ñandú", "en"));
+}
+
 TEST(IcuNameCollator, FollowsTheRulesOfTheLanguage) {
   EXPECT_LT(keyOf("ña", "en"), keyOf("nz", "en"));
   EXPECT_LT(keyOf("nz", "es"), keyOf("ña", "es"));
@@ -74,15 +91,17 @@ TEST(IcuNameCollator, HasTheSharedRulesForOtherLanguages) {
   }
 }
 
-TEST(IcuNameCollator, OrdersKeysAsTheLanguageComparesNames) {
+TEST(IcuNameCollator, OrdersKeysAsTheLocaleComparesNames) {
   const auto names = randomNames(3000);
-  for (const std::string_view language : BuiltInStringTable::languages()) {
+  for (const char* const locale :
+       {"ar", "cs_CZ", "da_DK", "de", "en", "es", "es@collation=traditional", "fr", "fr_CA", "hr",
+        "hu", "ja", "nb_NO", "sk_SK", "sv_SE", "zh"}) {
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<UCollator, void (*)(UCollator*)> reference(
-        ucol_open(std::string(language).c_str(), &status), [](UCollator* it) { ucol_close(it); });
-    ASSERT_TRUE(U_SUCCESS(status)) << language;
+        ucol_open(locale, &status), [](UCollator* it) { ucol_close(it); });
+    ASSERT_TRUE(U_SUCCESS(status)) << locale;
     ucol_setStrength(reference.get(), UCOL_SECONDARY);
-    const IcuNameCollator collator(language);
+    const IcuNameCollator collator(locale);
     std::vector<std::string> keys(names.size());
     std::vector<icu::UnicodeString> units(names.size());
     for (std::size_t i = 0; i < names.size(); ++i) {
@@ -94,7 +113,7 @@ TEST(IcuNameCollator, OrdersKeysAsTheLanguageComparesNames) {
         const int expected = ucol_strcoll(reference.get(), units[i].getBuffer(), units[i].length(),
                                           units[j].getBuffer(), units[j].length());
         ASSERT_EQ(sign(keys[i].compare(keys[j])), sign(expected))
-            << language << ": '" << names[i] << "', '" << names[j] << "'";
+            << locale << ": '" << names[i] << "', '" << names[j] << "'";
       }
     }
   }
