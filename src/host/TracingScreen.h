@@ -31,6 +31,10 @@ class TracingScreen final : public toolkit::Screen {
   void alertTextWasEdited(const toolkit::Alert& alert) override;
   void alertActionWasTapped(const toolkit::Alert& alert,
                             const toolkit::AlertAction& action) override;
+  // No event: what follows tells of it.
+  void alertWasDismissed(const toolkit::Alert& alert) override {
+    screen_->alertWasDismissed(alert);
+  }
 
  private:
   std::shared_ptr<toolkit::Screen> screen_;

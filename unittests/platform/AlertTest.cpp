@@ -45,6 +45,21 @@ TEST_F(Alerts, AreGoneBeforeTheActionIsDoneSoThatItMayPresentAnother) {
   EXPECT_THAT(screen->told, ElementsAre("alert SURE", "alert action YES", "alert REALLY"));
 }
 
+TEST_F(Alerts, TellTheScreenThatTheyAreGoneBeforeTheActionIsDone) {
+  const auto yes = add(alert, "YES", [&] { EXPECT_THAT(screen->dismissed, ElementsAre("SURE")); });
+  owner->present(alert, true);
+  EXPECT_THAT(screen->dismissed, IsEmpty());
+  alert->tap(*yes);
+  EXPECT_THAT(screen->dismissed, ElementsAre("SURE"));
+}
+
+TEST_F(Alerts, TellTheScreenThatTheyGoWithTheView) {
+  owner->present(alert, true);
+  owner->present(std::make_shared<Alert>("NEVER SHOWN"), true);
+  owner->disappear();
+  EXPECT_THAT(screen->dismissed, ElementsAre("SURE"));
+}
+
 TEST_F(Alerts, KeepTheirActionsInTheOrderInWhichTheyCame) {
   const auto no = add(alert, "NO", nullptr);
   const auto yes = add(alert, "YES", nullptr);

@@ -161,6 +161,10 @@ class RecordingScreen final : public NoScreen {
                             const toolkit::AlertAction& action) override {
     told.push_back("alert action " + action.title());
   }
+  void alertWasDismissed(const toolkit::Alert& alert) override {
+    dismissed.push_back(alert.message());
+  }
+  std::vector<std::string> dismissed;  // alerts
 
  private:
   static std::string inWords(toolkit::IndexPath path) {

@@ -214,7 +214,6 @@ TEST_F(PowerQuestionDialog, KeepsTheFocusInside) {
 
 TEST_F(PowerQuestionDialog, GoesWhenTheListDoes) {
   controller->disappear();
-  model().syncSoon();
   rest();
   EXPECT_EQ(item("alertButton0"), nullptr);
 }

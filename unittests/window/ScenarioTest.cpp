@@ -70,6 +70,31 @@ TEST_P(ScenarioInTheWindow, ComesToWhatItsScriptComesTo) {
             lastScreen(projectFile("unittests/golden/" + scenario + ".trace.ndjson")));
 }
 
+class DialogOverARun : public WindowFixture {
+ protected:
+  // The run ends while the dialog is up.
+  void expectNoDialogOverTheReport(const std::string& json) {
+    const auto document = readJson(json);
+    const auto read = scenario::readScenario(std::get<ObjectRef>(document));
+    const auto result =
+        runWith(json, deedsOf(std::get<scenario::Scenario>(read), HandKind::mouse), true);
+    EXPECT_EQ(result.stuckAt, "");
+    EXPECT_EQ(result.run.ending, Ending::finished);
+    screen->model().setReport(result.run.report);
+    EXPECT_TRUE(waitUntil([&] { return item("alertMessage") == nullptr; }));
+    EXPECT_EQ(screen->model().alertMessage(), "");
+  }
+};
+
+TEST_F(DialogOverARun, OfTheNameGoesWhenTheRadioGoesOff) {
+  expectNoDialogOverTheReport(R"({"scenario":1,"user":[{"tapOther":true},{"setPower":false}]})");
+}
+
+TEST_F(DialogOverARun, OfThePowerGoesWhenTheRadioGoesOff) {
+  expectNoDialogOverTheReport(
+      R"({"scenario":1,"device":{"power":false},"user":[{"setPower":false}]})");
+}
+
 INSTANTIATE_TEST_SUITE_P(Every, ScenarioInTheWindow, ::testing::ValuesIn(allCases()),
                          [](const auto& test) {
                            std::string name = test.param.scenario;

@@ -27,10 +27,12 @@ void Alert::tap(const AlertAction& action) {
 
 void Alert::dismiss() {
   const auto alive = shared_from_this();
-  if (const auto presenter = presenter_.lock()) presenter->presentedAlert_ = nullptr;
+  const auto presenter = presenter_.lock();
+  if (presenter) presenter->presentedAlert_ = nullptr;
   presenter_.reset();
   for (const auto& action : actions_) action->handler_ = nullptr;
   for (const auto& field : textFields_) field->onEditingChanged = nullptr;
+  if (presenter) Screen::shared()->alertWasDismissed(*this);
 }
 
 void ViewController::disappear() {

@@ -50,6 +50,8 @@ class Screen : public Interface {
   virtual void alertTextWasEdited(const Alert& /*alert*/) {}
   // Before the alert is dismissed and the action is done.
   virtual void alertActionWasTapped(const Alert& /*alert*/, const AlertAction& /*action*/) {}
+  // The alert is off the screen, answered or not; before its action is done.
+  virtual void alertWasDismissed(const Alert& /*alert*/) {}
 };
 
 }  // namespace wifi_profile::toolkit

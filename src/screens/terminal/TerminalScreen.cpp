@@ -77,10 +77,7 @@ class TerminalScreen final : public PersonScreen,
     draw();
   }
   void alertTextWasEdited(const toolkit::Alert& /*alert*/) override { draw(); }
-  void alertActionWasTapped(const toolkit::Alert& /*alert*/,
-                            const toolkit::AlertAction& /*action*/) override {
-    draw();
-  }
+  void alertWasDismissed(const toolkit::Alert& /*alert*/) override { draw(); }
 
   std::shared_ptr<MainQueue> mainQueue() const override { return queue_; }
   void show(std::shared_ptr<toolkit::ViewController> controller,

@@ -85,9 +85,4 @@ void WindowScreen::alertWasPresented(const toolkit::Alert& /*alert*/) { model_->
 
 void WindowScreen::alertTextWasEdited(const toolkit::Alert& /*alert*/) { model_->syncSoon(); }
 
-void WindowScreen::alertActionWasTapped(const toolkit::Alert& /*alert*/,
-                                        const toolkit::AlertAction& /*action*/) {
-  model_->syncSoon();
-}
-
 }  // namespace wifi_profile

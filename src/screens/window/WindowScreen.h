@@ -43,8 +43,7 @@ class WindowScreen final : public PersonScreen, public std::enable_shared_from_t
   void refreshEnded() override { model_->syncSoon(); }
   void alertWasPresented(const toolkit::Alert& alert) override;
   void alertTextWasEdited(const toolkit::Alert& alert) override;
-  void alertActionWasTapped(const toolkit::Alert& alert,
-                            const toolkit::AlertAction& action) override;
+  void alertWasDismissed(const toolkit::Alert& /*alert*/) override { model_->syncSoon(); }
 
  private:
   std::shared_ptr<QtMainQueue> queue_ = std::make_shared<QtMainQueue>();
