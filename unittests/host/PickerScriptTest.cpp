@@ -117,6 +117,52 @@ TEST(PickerScript, IsRepairedWhereARepeatedPowerOnAddsRowsThatAreThere) {
               ElementsAre("Bistro", "Lab", "OTHER"));
 }
 
+// Two scans that hear the same.
+ScenarioResult pickAmong(const std::string& results, const std::string& steps) {
+  Wish wish;
+  wish.pick = true;
+  return runInVirtualTime(
+      R"({"scenario":1,"answers":{"NoScanResults":[{"result":true,"didPass":true,"info":
+        {"ScanResults":)" +
+          results + R"(}}]},"user":)" + steps + "}",
+      0, wish);
+}
+
+TEST(PickerScript, TestsTheNetworkOfTheRowThatIsTappedAmongEqualNames) {
+  for (const char* const other : {"guest", "\uFF27uest"}) {
+    SCOPED_TRACE(other);
+    const auto result = pickAmong(
+        R"([{"ssid":"Guest","bssid":"02:01"},{"ssid":")" + std::string(other) +
+            R"(","bssid":"02:02"},{"ssid":"Cafe","bssid":"02:03"}])",
+        R"([{"tapNetwork":"Guest"},{"tapNetwork":"Cafe"},{"pullToRefresh":true},{"tapNetwork":")" +
+            std::string(other) + R"("},{"tapNext":true}])");
+    int requests = 0;
+    for (const auto& event : eventsOf(result, "service.request")) {
+      const auto& configuration = event["configuration"];
+      if (!configuration.is_object() || !configuration.contains("NetworkName")) continue;
+      ++requests;
+      EXPECT_EQ(configuration["NetworkName"], other);
+    }
+    EXPECT_GT(requests, 0);
+  }
+}
+
+TEST(PickerScript, EmptiesTheListWhenARescanHearsNothing) {
+  Wish wish;
+  wish.pick = true;
+  const auto result = runInVirtualTime(R"({"scenario":1,"answers":{"NoScanResults":[
+      {"times":1,"result":true,"didPass":true,"info":{"ScanResults":[
+        {"ssid":"Cafe","bssid":"02:01"},{"ssid":"Lab","bssid":"02:02"}]}},
+      {"result":true,"didPass":true,"info":{"ScanResults":[]}}]},
+      "user":[{"pullToRefresh":true},{"tapNetwork":"Cafe"}]})",
+                                       0, wish);
+  const auto last = eventsOf(result, "screen").back();
+  EXPECT_THAT(rows(last, "networks"), ElementsAre("OTHER"));
+  EXPECT_TRUE(last["addresses"].empty());
+  EXPECT_EQ(result.ending, Ending::stuck);
+  EXPECT_THAT(result.reason, HasSubstr("found no row \"Cafe\""));
+}
+
 TEST(PickerScript, GivesUpEveryHandleOnceManagerFirst) {
   for (const char* const steps :
        {R"([{"tapNext":true}])", R"([{"setPower":false}])", R"([{"teardown":true}])",
