@@ -71,7 +71,13 @@ std::variant<DictionaryRef, Problem> parametersFromOptions(const RunOptions& opt
     }
     entries["maxScanCacheAge"] = Number::withUnsigned(age);
   }
-  if (options.networkName) entries["networkName"] = makeText(*options.networkName);
+  if (options.networkName) {
+    if (options.networkName->empty()) {
+      return unexpected(kNameOption, "an empty name",
+                        "the name of a network (without the option only the joined one is tested)");
+    }
+    entries["networkName"] = makeText(*options.networkName);
+  }
   return makeDictionary(std::move(entries));
 }
 

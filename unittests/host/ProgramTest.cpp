@@ -168,13 +168,20 @@ TEST_F(Program, RefusesAWrongCommandLine) {
   expectRefusal(run("explain nonsense"), 64, "found \"nonsense\", expected a key");
 }
 
-TEST_F(Program, TakesAnEmptyNameForAName) {
+TEST_F(Program, RefusesAnEmptyNameOnTheCommandLine) {
   for (const char* form : {"--network-name=", "--network-name ''"}) {
-    const Outcome outcome =
-        run("run --device demo " + std::string(form) + " --time virtual --trace " + path("trace"));
-    EXPECT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_THAT(content("trace"), HasSubstr(R"("NetworkName":"")")) << form;
+    expectRefusal(run("run --device demo --time virtual " + std::string(form)), 64,
+                  "--network-name: found an empty name, expected the name of a network");
   }
+}
+
+TEST_F(Program, TakesAnEmptyNameOfAHostForAName) {
+  std::ofstream(path("parameters"))
+      << R"({"maxScanCacheAge": 60, "reprofileWithUI": false, "networkName": ""})";
+  const Outcome outcome = run("run --device demo --time virtual --parameters " +
+                              path("parameters") + " --trace " + path("trace"));
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_THAT(content("trace"), HasSubstr(R"("NetworkName":"")"));
 }
 
 TEST_F(Program, TakesANameThatEndsWithAnEqualsSign) {
