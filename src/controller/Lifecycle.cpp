@@ -87,6 +87,7 @@ void WiFiProfileViewController::runTests() {
 void WiFiProfileViewController::runBatchesAndScheduleEnd() {
   const TextRef selectedName = inputs()->selectedNetworkName();
   const RunPlan plan = planRun(nameOf(wifiStatus()), selectedName);
+  runPlan.set(plan);
   totalTests.set(plan.totalTests);
   configuration.set(selectedName ? makeDictionary({{"MaxScanCacheAge", inputs()->maxScanCacheAge()},
                                                    {"NetworkName", selectedName}})

@@ -30,6 +30,8 @@ RunPlan planRun(const TextRef& currentName, const TextRef& selectedName) {
       .statusCode = selectedNoMap  ? kStatusSelectedNetworkExcluded
                     : currentNoMap ? kStatusCurrentNetworkExcluded
                                    : kStatusCompleted,
+      .currentName = currentName,
+      .selectedName = selectedName,
   };
 }
 

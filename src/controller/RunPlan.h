@@ -14,8 +14,10 @@ bool isExcludedFromRuns(const TextRef& name);
 struct RunPlan {
   bool runCurrentNetwork;
   bool runSelectedNetwork;
-  std::int32_t totalTests;  // 11, 27, 40 or 56
-  std::int64_t statusCode;  // with which the run will end: 0, -6 or -7
+  std::int32_t totalTests;         // 11, 27, 40 or 56
+  std::int64_t statusCode;         // with which the run will end: 0, -6 or -7
+  TextRef currentName = nullptr;   // nil: not joined
+  TextRef selectedName = nullptr;  // nil: none
 };
 
 // Plans a run on a device joined to `currentName` (nil: not joined) with `selectedName` (nil: none)

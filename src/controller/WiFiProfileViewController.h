@@ -9,8 +9,10 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "controller/RunPlan.h"
 #include "controller/WiFiProfileInputs.h"
 #include "platform/Array.h"
 #include "platform/DiagnosticsService.h"
@@ -77,6 +79,7 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
   Property<std::int32_t> totalTests;
   Property<TextRef> previousSelectedNetworkName;
   Property<std::shared_ptr<WiFiProfileInputs>> inputs;
+  Property<std::optional<RunPlan>> runPlan;  // for the host; empty until the tests begin
 
   // --- Lifecycle (controller/Lifecycle.cpp)
 

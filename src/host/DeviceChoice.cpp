@@ -34,7 +34,8 @@ std::variant<ChosenDevice, Failure> chooseMachine(const RunOptions& options) {
           [machine, settings](Pace&, Trace& trace) {
             const machine::LinuxDevice device(machine, settings.targets, settings.checks, trace);
             return RunDevice{.backEnds = device.backEnds,
-                             .close = [service = device.service] { service->close(); }};
+                             .close = [service = device.service] { service->close(); },
+                             .site = settings.targets.siteUrl};
           },
       .hasUser = false};
 }

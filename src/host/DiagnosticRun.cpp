@@ -222,7 +222,8 @@ void DiagnosticRun::finishedWasSet(bool finished) {
     outcome_ = Outcome{
         .statusCode = std::get<std::int64_t>(controller_->result().statusCode()->value()),
         .data = copyOfSections(controller_->result().data()),
-        .selectedNetworkName = inputs_->selectedNetworkName(),
+        .plan = controller_->runPlan(),
+        .site = device_.site,
     };
   }
   surroundings_.loop.postToMain([this] { tearDown(); });

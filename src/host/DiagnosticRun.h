@@ -12,7 +12,7 @@
 #include "controller/WiFiProfileViewController.h"
 #include "devices/scenario/ScenarioDevice.h"
 #include "host/ProgressLine.h"
-#include "host/Report.h"
+#include "host/ReportDocument.h"
 #include "host/Script.h"
 #include "host/TraceFile.h"
 #include "platform/NameCollator.h"
@@ -37,6 +37,7 @@ struct RunDevice {
   std::vector<scenario::Step> user = {};
   // For a machine: the host tears the run down, and nothing more is to be found out.
   std::function<void()> close = [] {};
+  std::string site = {};  // address of the page that it tries to reach; empty: not known
 };
 
 // `pace` and `trace` must outlive the device.

@@ -3,6 +3,7 @@
 #include "controller/ErrorLog.h"
 #include "platform/Dictionary.h"
 #include "platform/Number.h"
+#include "platform/Text.h"
 #include "tests/Catalogue.h"
 
 namespace wifi_profile {
@@ -30,13 +31,13 @@ Section sectionOf(const CatalogueTest& test, const DictionaryRef& configuration)
 
 void Journal::event(std::string_view name, const Fields& fields) {
   const std::lock_guard lock(mutex_);
+  if (ended_) return;
   if (name == "service.request") {
     noteRequest(fields);
   } else if (name == "service.status") {
-    underWay_.reset();
-    statusQueryIsLast_ = true;
-    const auto code = as<Number>(fieldOf(fields, "error"));
-    if (!code || code->toDouble() == 0) joinedNetworkName_ = as<Text>(fieldOf(fields, "ssid"));
+    noteStatus(fields);
+  } else if (name == "service.cancel") {
+    ended_ = true;
   } else if (name == "log") {
     noteLine(textOf(fields, "text"));
   }
@@ -45,33 +46,45 @@ void Journal::event(std::string_view name, const Fields& fields) {
 void Journal::noteRequest(const Fields& fields) {
   const auto id = testNamed(textOf(fields, "test"));
   if (!id) return;
-  const auto configuration = as<Dictionary>(fieldOf(fields, "configuration"));
-  statusQueryIsLast_ = false;
-  underWay_ = Test{sectionOf(catalogueTest(*id), configuration), *id};
-  lines_.try_emplace(*underWay_);
+  const CatalogueTest& row = catalogueTest(*id);
+  const Test test{sectionOf(row, as<Dictionary>(fieldOf(fields, "configuration"))), *id};
+  statusQueryFailed_.erase(std::this_thread::get_id());
+  underWay_.insert_or_assign(std::this_thread::get_id(), test);
+  lines_.try_emplace(test);
+  if (row.subject == TestSubject::device) testsBegan_ = true;
+}
+
+void Journal::noteStatus(const Fields& fields) {
+  const auto thread = std::this_thread::get_id();
+  underWay_.erase(thread);
+  statusQueryFailed_.erase(thread);
+  const auto code = as<Number>(fieldOf(fields, "error"));
+  const bool failed = code && code->toDouble() != 0;
+  if (failed) statusQueryFailed_.insert(thread);
+  if (!failed && !testsBegan_) statusFailure_.clear();
 }
 
 void Journal::noteLine(const std::string& text) {
+  const auto thread = std::this_thread::get_id();
   const bool ours = text.starts_with(kErrorPrefix);
   const std::string line = ours ? text.substr(kErrorPrefix.size()) : text;
-  if (underWay_) lines_[*underWay_].push_back(line);
-  if (statusQueryIsLast_) statusFailure_ = line;
+  if (const auto test = underWay_.find(thread); test != underWay_.end()) {
+    TestLines& lines = lines_[test->second];
+    (ours ? lines.ofDiagnostic : lines.ofService).push_back(line);
+  } else if (statusQueryFailed_.contains(thread) && !testsBegan_) {
+    statusFailure_ = line;
+  }
 }
 
-std::vector<std::string> Journal::linesOf(Section section, DiagnosticsTestID test) const {
+TestLines Journal::linesOf(Section section, DiagnosticsTestID test) const {
   const std::lock_guard lock(mutex_);
   const auto found = lines_.find({section, test});
-  return found == lines_.end() ? std::vector<std::string>() : found->second;
+  return found == lines_.end() ? TestLines() : found->second;
 }
 
 bool Journal::wasRequested(Section section, DiagnosticsTestID test) const {
   const std::lock_guard lock(mutex_);
   return lines_.contains({section, test});
-}
-
-TextRef Journal::joinedNetworkName() const {
-  const std::lock_guard lock(mutex_);
-  return joinedNetworkName_;
 }
 
 std::string Journal::statusFailure() const {

@@ -45,15 +45,20 @@ std::string painted(std::string_view text, std::string_view color, ReportStyle s
 // The sentence with its values before its full stop, where a line holds both; else the values stand
 // beneath it.
 std::string sentenceLines(const ReportFinding& finding) {
-  std::string line = finding.sentence;
-  if (finding.values.empty()) return line + '\n';
+  const std::string sentence = wrapped(kWidth, kIndent, finding.sentence) + '\n';
+  if (finding.values.empty()) return sentence;
+  std::string_view line = finding.sentence;
   const bool stops = line.ends_with('.');
-  const std::string_view stop = stops ? "." : "";
-  if (stops) line.pop_back();
-  const std::string inside = fmt::format("{} ({}){}", line, fmt::join(finding.values, ", "), stop);
+  if (stops) line.remove_suffix(1);
+  const std::string_view separator = separatorAfter(finding.values.front());
+  const std::string values = fmt::format("{}", fmt::join(finding.values, separator));
+  const std::string inside = fmt::format("{} ({}){}", line, values, stops ? "." : "");
   if (kIndent + characterCount(inside) <= kWidth) return inside + '\n';
-  return fmt::format("{}{}\n{:{}}{}\n", line, stop, "", kIndent,
-                     joinedWithin(kWidth, kIndent, finding.values, ", "));
+  // Reasons are sentences; a measured value stays in one piece.
+  return fmt::format("{}{:{}}{}\n", sentence, "", kIndent,
+                     finding.mark == ReportMark::unknown
+                         ? wrapped(kWidth, kIndent, values)
+                         : joinedWithin(kWidth, kIndent, finding.values, separator));
 }
 
 std::string findingText(const ReportFinding& finding, ReportStyle style) {

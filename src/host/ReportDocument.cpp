@@ -11,7 +11,6 @@
 #include <utility>
 #include <vector>
 
-#include "controller/RunPlan.h"
 #include "controller/StatusCodes.h"
 #include "host/ExplainCommand.h"
 #include "host/ValueText.h"
@@ -41,20 +40,25 @@ constexpr ReportMark reportMarkOf(Mark mark) {
   return ReportMark::plain;
 }
 
-// Why a run ended before its tests.
+// Why a run ended early.
 struct EarlyEnd {
   std::int64_t statusCode;
-  std::string_view sentence;
+  std::string_view sentence;     // before the tests
+  std::string_view duringTests;  // without its full stop
   std::string_view advice;
 };
 constexpr std::array kEarlyEnds{
     EarlyEnd{kStatusNoWiFiManager, "Wi-Fi could not be used: no radio, or no access to it.",
+             "Wi-Fi could not be used any longer",
              "Check that the device has Wi-Fi and that its Wi-Fi service is running."},
     EarlyEnd{kStatusNoWiFiDevice, "Wi-Fi could not be used: there is no Wi-Fi interface.",
+             "The Wi-Fi interface went away",
              "Check that the Wi-Fi adapter is plugged in and its driver is loaded."},
     EarlyEnd{kStatusPowerOnDeclined, "Wi-Fi is off and was not switched on.",
+             "Wi-Fi is off and was not switched on",
              "Switch Wi-Fi on and run the diagnostic again."},
     EarlyEnd{kStatusWiFiSwitchedOff, "Wi-Fi was switched off while a network was being chosen.",
+             "Wi-Fi was switched off while the tests ran",
              "Leave Wi-Fi on and run the diagnostic again."},
 };
 
@@ -76,17 +80,32 @@ std::span<const DiagnosticsTestID> batchOf(Section section) {
   return kSelectedNetworkBatch;
 }
 
-// Every test that can write into the section: its batch in order, then the others.
-std::vector<DiagnosticsTestID> testsOf(Section section) {
+// Every test that can write into the section: its batch in order, then the others. The scan of the
+// list of networks is no test of a run: it counts only where there was no run.
+std::vector<DiagnosticsTestID> testsOf(Section section, bool isRun) {
   const auto batch = batchOf(section);
   std::vector<DiagnosticsTestID> tests(batch.begin(), batch.end());
   for (const CatalogueTest& test : kCatalogue) {
+    if (isRun && test.id == DiagnosticsTestID::NoScanResults) continue;
     if ((test.subject == TestSubject::device) == (section == Section::device) &&
         !batchHolds(batch, test.id)) {
       tests.push_back(test.id);
     }
   }
   return tests;
+}
+
+std::string withoutStop(std::string text) {
+  if (text.ends_with('.')) text.pop_back();
+  return text;
+}
+
+// What comes after "... failed with error: "; any other line as it is. Without a full stop.
+std::string reasonIn(std::string_view line) {
+  constexpr std::string_view kFailed = " failed with error: ";
+  const std::size_t at = line.find(kFailed);
+  if (at != std::string_view::npos) line.remove_prefix(at + kFailed.size());
+  return withoutStop(shownText(line));
 }
 
 // A boolean number, or an integer (0: no). Nothing for any other value.
@@ -96,24 +115,78 @@ std::optional<bool> answerOf(const ObjectRef& value) {
   return number->toDouble() != 0;
 }
 
-// "2 problems, 1 thing worth a look, 31 fine, 1 not found out".
-std::string summaryOf(std::span<const ReportSection> sections) {
-  const auto counted = [sections](ReportMark mark) {
-    std::size_t count = 0;
-    for (const auto& section : sections) count += section.counts[static_cast<std::size_t>(mark)];
-    return count;
+// The tests of the plan by section, in the order of the run.
+std::vector<Section> sectionsOf(const RunPlan& plan) {
+  std::vector<Section> sections{Section::device};
+  if (plan.runCurrentNetwork) sections.push_back(Section::currentNetwork);
+  if (plan.runSelectedNetwork) sections.push_back(Section::selectedNetwork);
+  return sections;
+}
+
+std::string plural(std::size_t count, std::string_view one, std::string_view more) {
+  return fmt::format("{} {}", count, count == 1 ? one : more);
+}
+
+std::size_t countOf(std::span<const ReportSection> sections, ReportMark mark) {
+  std::size_t count = 0;
+  for (const auto& section : sections) count += section.counts[static_cast<std::size_t>(mark)];
+  return count;
+}
+
+// "2 problems, 1 thing worth a look, 31 fine, 4 facts, 1 not known"; marks without findings are
+// left out.
+std::string countsText(std::span<const ReportSection> sections) {
+  std::vector<std::string> parts;
+  const auto add = [&](ReportMark mark, std::string_view one, std::string_view more) {
+    const std::size_t count = countOf(sections, mark);
+    if (count > 0) parts.push_back(plural(count, one, more));
   };
-  const std::size_t fine = counted(ReportMark::good) + counted(ReportMark::plain);
-  const std::size_t problems = counted(ReportMark::problem);
-  const std::size_t looks = counted(ReportMark::look);
-  const std::size_t unknown = counted(ReportMark::unknown);
-  if (fine + problems + looks + unknown == 0) return "nothing was tested";
-  std::string text = problems == 0
-                         ? "no problems"
-                         : fmt::format("{} problem{}", problems, problems == 1 ? "" : "s");
-  if (looks > 0) text += fmt::format(", {} thing{} worth a look", looks, looks == 1 ? "" : "s");
-  text += fmt::format(", {} fine", fine);
-  if (unknown > 0) text += fmt::format(", {} not found out", unknown);
+  add(ReportMark::problem, "problem", "problems");
+  add(ReportMark::look, "thing worth a look", "things worth a look");
+  add(ReportMark::good, "fine", "fine");
+  add(ReportMark::plain, "fact", "facts");
+  add(ReportMark::unknown, "not known", "not known");
+  return fmt::format("{}", fmt::join(parts, ", "));
+}
+
+// Which network the run left out although it could be there; empty: none.
+std::string leftOut(const std::optional<RunPlan>& plan) {
+  if (!plan) return {};
+  const bool current = isExcludedFromRuns(plan->currentName);
+  const bool selected =
+      isExcludedFromRuns(plan->selectedName) && !equalNames(plan->selectedName, plan->currentName);
+  if (current && selected) return "both networks were left alone (_nomap)";
+  if (current) return "the current network was left alone (_nomap)";
+  if (selected) return "the selected network was left alone (_nomap)";
+  return sectionsOf(*plan).size() == 1 ? "no network was tested" : "";
+}
+
+// Of a run that was not cut short.
+std::string summaryOf(std::span<const ReportSection> sections, const std::optional<RunPlan>& plan) {
+  std::size_t answered = 0;
+  for (const ReportMark mark :
+       {ReportMark::problem, ReportMark::look, ReportMark::plain, ReportMark::good}) {
+    answered += countOf(sections, mark);
+  }
+  const std::size_t unknown = countOf(sections, ReportMark::unknown);
+  if (answered + unknown == 0) return "nothing was tested";
+  const std::string left = leftOut(plan);
+  const std::string end = left.empty() ? "" : "; " + left;
+  if (answered == 0) {
+    return fmt::format("nothing could be found out, {} without an answer{}",
+                       plural(unknown, "test", "tests"), end);
+  }
+  if (countOf(sections, ReportMark::problem) > 0) return countsText(sections) + end;
+  return fmt::format("no problems found{}: {}{}", left.empty() ? "" : " in what was tested",
+                     countsText(sections), end);
+}
+
+// The sentence names the page that was to be reached, where that is known.
+std::string withSite(std::string_view sentence, const std::string& site) {
+  constexpr std::string_view kService = "the Orvane service";
+  std::string text(sentence);
+  const std::size_t at = text.find(kService);
+  if (at != std::string::npos && !site.empty()) text.replace(at, kService.size(), shownText(site));
   return text;
 }
 
@@ -121,16 +194,26 @@ std::string summaryOf(std::span<const ReportSection> sections) {
 class SectionReader {
  public:
   SectionReader(const Outcome& outcome, const Journal& journal, Section section)
-      : outcome_(outcome), journal_(journal), section_(section), tests_(testsOf(section)) {}
+      : outcome_(outcome),
+        journal_(journal),
+        section_(section),
+        tests_(testsOf(section, outcome.plan.has_value())) {}
 
-  bool holdsAnything() const { return anyRun(tests_); }
   ReportSection read() const;
+  // Tests of the batch that have an answer, or a reason why they have none.
+  std::size_t testsDone() const;
+  // The question of the test of the batch that was asked and is not done; empty: there is none.
+  std::string questionUnderWay() const;
 
  private:
   void addAnswered(Mark mark, std::set<std::string_view>& shownKeys, ReportSection& read) const;
+  std::vector<std::string> valuesOf(const CatalogueTest& test,
+                                    std::set<std::string_view>& shownKeys) const;
   void addUnknown(ReportSection& read) const;
+  std::vector<std::string> reasonsOf(const CatalogueTest& test) const;
 
   ObjectRef valueOf(std::string_view key) const;
+  bool isDone(DiagnosticsTestID id) const;
   bool anyRun(std::span<const DiagnosticsTestID> tests) const;
   std::string title() const;
   std::string whyNotRun() const;
@@ -151,8 +234,7 @@ ReportSection SectionReader::read() const {
   return read;
 }
 
-// The findings of one mark. A value that several tests write stands with the first one added, which
-// is the most urgent.
+// The findings of one mark.
 void SectionReader::addAnswered(Mark mark, std::set<std::string_view>& shownKeys,
                                 ReportSection& read) const {
   for (const DiagnosticsTestID id : tests_) {
@@ -164,12 +246,8 @@ void SectionReader::addAnswered(Mark mark, std::set<std::string_view>& shownKeys
     if (meaning.mark != mark) continue;
     ReportFinding finding;
     finding.mark = reportMarkOf(mark);
-    finding.sentence = meaning.sentence;
-    for (const InformationCopy& copy : test.information()) {
-      const ObjectRef value = valueOf(copy.outputKey);
-      if (!value || !shownKeys.insert(copy.outputKey).second) continue;
-      std::ranges::move(valuePieces(copy.outputKey, value), std::back_inserter(finding.values));
-    }
+    finding.sentence = withSite(meaning.sentence, outcome_.site);
+    finding.values = valuesOf(test, shownKeys);
     finding.advice = meaning.advice;
     finding.explanation = verdictExplanation(test);
     ++read.counts[static_cast<std::size_t>(finding.mark)];
@@ -177,36 +255,105 @@ void SectionReader::addAnswered(Mark mark, std::set<std::string_view>& shownKeys
   }
 }
 
-// What was asked and not answered, wholly or in part.
+// Why the answer is as it is, what was measured, and what is missing of that. What several tests
+// write stands with the first one added, which is the most urgent.
+std::vector<std::string> SectionReader::valuesOf(const CatalogueTest& test,
+                                                 std::set<std::string_view>& shownKeys) const {
+  std::vector<std::string> values;
+  const TestLines lines = journal_.linesOf(section_, test.id);
+  for (const std::string& line : lines.ofService) values.push_back(withoutStop(shownText(line)));
+  const auto isLogged = [&](std::string_view line) {
+    return std::ranges::find(lines.ofDiagnostic, line) != lines.ofDiagnostic.end();
+  };
+  if (isLogged("Info not found.")) values.emplace_back("no details were given");
+  for (const InformationCopy& copy : test.information()) {
+    const ValueFinding* const known = valueFinding(copy.outputKey);
+    if (!known) continue;
+    const ObjectRef value = valueOf(copy.outputKey);
+    const bool isMissing = !value && known->absence == Absence::gap && !copy.logName.empty() &&
+                           isLogged(std::string(copy.logName) + " not found.");
+    if ((!value && !isMissing) || !shownKeys.insert(copy.outputKey).second) continue;
+    if (isMissing) {
+      values.push_back(std::string(known->name) + " not given");
+    } else {
+      std::ranges::move(valuePieces(copy.outputKey, value), std::back_inserter(values));
+    }
+  }
+  return values;
+}
+
+// What was asked and not answered. Tests with the same reasons are one finding.
 void SectionReader::addUnknown(ReportSection& read) const {
+  struct Group {
+    std::vector<std::string> reasons;
+    std::vector<std::string> questions;
+    std::string explanation;  // of the first test
+  };
+  std::vector<Group> groups;
   for (const DiagnosticsTestID id : tests_) {
     const CatalogueTest& test = catalogueTest(id);
     const ObjectRef verdict = valueOf(test.resultKey);
+    if (answerOf(verdict) || (!verdict && !journal_.wasRequested(section_, id))) continue;
+    // Cut short: the end tells of it.
+    if (!isDone(id) && earlyEnd(outcome_.statusCode)) continue;
+    std::vector<std::string> reasons = reasonsOf(test);
+    auto group = std::ranges::find(groups, reasons, &Group::reasons);
+    if (group == groups.end()) {
+      group = groups.insert(group, {std::move(reasons), {}, verdictExplanation(test)});
+    }
+    group->questions.push_back(withSite(verdictFinding(test.resultKey)->question, outcome_.site));
+  }
+  for (Group& group : groups) {
+    const std::size_t count = group.questions.size();
+    read.counts[static_cast<std::size_t>(ReportMark::unknown)] += count;
     ReportFinding finding;
     finding.mark = ReportMark::unknown;
-    for (const std::string& line : journal_.linesOf(section_, id)) {
-      finding.values.push_back(shownText(line));
-      if (finding.values.back().ends_with('.')) finding.values.back().pop_back();
+    if (count == 1) {
+      finding.sentence = std::move(group.questions.front());
+      finding.values = std::move(group.reasons);
+      finding.explanation = std::move(group.explanation);
+    } else {
+      finding.sentence =
+          fmt::format("{} tests could not be answered: {}.", count, fmt::join(group.reasons, ", "));
+      finding.values = std::move(group.questions);
     }
-    const bool answered = answerOf(verdict).has_value();
-    if (answered && finding.values.empty()) continue;
-    if (!verdict && !journal_.wasRequested(section_, id)) continue;
-    if (!answered) {
-      if (verdict) finding.values.push_back("not an answer: " + shownText(jsonText(verdict)));
-      if (finding.values.empty()) finding.values.emplace_back("no reason was given");
-      ++read.counts[static_cast<std::size_t>(finding.mark)];
-    }
-    finding.sentence = verdictFinding(test.resultKey)->question;
-    if (answered) finding.sentence += " Answered, but not in full.";
-    finding.explanation = verdictExplanation(test);
     read.findings.push_back(std::move(finding));
   }
+}
+
+std::vector<std::string> SectionReader::reasonsOf(const CatalogueTest& test) const {
+  std::vector<std::string> reasons;
+  const TestLines lines = journal_.linesOf(section_, test.id);
+  for (const std::string& line : lines.ofDiagnostic) reasons.push_back(reasonIn(line));
+  for (const std::string& line : lines.ofService) reasons.push_back(withoutStop(shownText(line)));
+  if (const ObjectRef verdict = valueOf(test.resultKey)) {
+    reasons.push_back("not an answer: " + shownText(jsonText(verdict)));
+  }
+  if (reasons.empty()) reasons.emplace_back("no reason was given");
+  return reasons;
+}
+
+std::size_t SectionReader::testsDone() const {
+  return static_cast<std::size_t>(
+      std::ranges::count_if(batchOf(section_), [this](auto id) { return isDone(id); }));
+}
+
+std::string SectionReader::questionUnderWay() const {
+  for (const DiagnosticsTestID id : batchOf(section_)) {
+    if (!journal_.wasRequested(section_, id) || isDone(id)) continue;
+    return withSite(verdictFinding(catalogueTest(id).resultKey)->question, outcome_.site);
+  }
+  return {};
 }
 
 ObjectRef SectionReader::valueOf(std::string_view key) const {
   if (!outcome_.data) return nullptr;
   const auto findings = as<Dictionary>(outcome_.data->objectForKey(keyOf(section_)));
   return findings ? findings->objectForKey(key) : nullptr;
+}
+
+bool SectionReader::isDone(DiagnosticsTestID id) const {
+  return valueOf(catalogueTest(id).resultKey) || !journal_.linesOf(section_, id).empty();
 }
 
 // Whether one of the tests was answered, or asked at least.
@@ -218,39 +365,69 @@ bool SectionReader::anyRun(std::span<const DiagnosticsTestID> tests) const {
 
 std::string SectionReader::title() const {
   const auto titled = [](std::string_view title, const TextRef& name) {
-    return name ? fmt::format("{}: {}", title, shownText(name->string())) : std::string(title);
+    if (!name) return std::string(title);
+    const std::string shown = shownText(name->string());
+    return fmt::format("{}: {}", title, shown.empty() ? "\"\"" : shown);
   };
+  const RunPlan plan = outcome_.plan.value_or(RunPlan());
   switch (section_) {
     case Section::device:
       return "Device";
     case Section::currentNetwork:
-      return titled("Current network", journal_.joinedNetworkName());
+      return titled("Current network", plan.currentName);
     case Section::selectedNetwork:
       break;
   }
-  return titled("Selected network", outcome_.selectedNetworkName);
+  return titled("Selected network", plan.selectedName);
 }
 
 // Why the section's batch did not run, in a sentence.
 std::string SectionReader::whyNotRun() const {
   constexpr std::string_view kExcluded =
       "Left alone: a name that ends with _nomap asks not to be surveyed.";
-  const TextRef joined = journal_.joinedNetworkName();
-  const TextRef& selected = outcome_.selectedNetworkName;
+  if (section_ == Section::device || !outcome_.plan) return "Its tests were not run.";
+  const TextRef& joined = outcome_.plan->currentName;
+  const TextRef& selected = outcome_.plan->selectedName;
   if (section_ == Section::currentNetwork) {
     if (isExcludedFromRuns(joined)) return std::string(kExcluded);
     const std::string failure = journal_.statusFailure();
     if (!joined && !failure.empty()) {
       return fmt::format("The device could not be asked which network it is joined to ({}).",
-                         shownText(failure));
+                         reasonIn(failure));
     }
     if (!joined) return "The device is not joined to a network.";
-  } else if (section_ == Section::selectedNetwork) {
+  } else {
     if (!selected) return "No other network was selected.";
     if (isExcludedFromRuns(selected)) return std::string(kExcluded);
     if (equalNames(selected, joined)) return "It is the current network: see above.";
   }
   return "Its tests were not run.";
+}
+
+// Ends the document of a run that was cut short.
+void tellEarlyEnd(const EarlyEnd& end, const Outcome& outcome, const Journal& journal,
+                  Report& report) {
+  ReportFinding& told = report.earlyEnd.emplace();
+  told.mark = ReportMark::problem;
+  told.advice = end.advice;
+  if (!outcome.plan) {
+    told.sentence = end.sentence;
+    report.summary = "cut short before the tests";
+    return;
+  }
+  std::size_t done = 0;
+  for (const Section section : sectionsOf(*outcome.plan)) {
+    const SectionReader reader(outcome, journal, section);
+    done += reader.testsDone();
+    if (const std::string question = reader.questionUnderWay(); !question.empty()) {
+      told.values.push_back("under way and not answered: " + question);
+    }
+  }
+  told.sentence =
+      fmt::format("{}: {} of {} tests were done.", end.duringTests, done, outcome.plan->totalTests);
+  report.summary = fmt::format("cut short after {} of {} tests", done, outcome.plan->totalTests);
+  const std::string counts = countsText(report.sections);
+  if (!counts.empty()) report.summary += ": " + counts;
 }
 
 }  // namespace
@@ -260,15 +437,13 @@ Report reportOf(const Outcome& outcome, const Journal& journal) {
   const EarlyEnd* end = earlyEnd(outcome.statusCode);
   for (const Section section :
        {Section::device, Section::currentNetwork, Section::selectedNetwork}) {
-    const SectionReader reader(outcome, journal, section);
-    if (!end || reader.holdsAnything()) report.sections.push_back(reader.read());
+    ReportSection read = SectionReader(outcome, journal, section).read();
+    if (!end || !read.findings.empty()) report.sections.push_back(std::move(read));
   }
-  report.summary = end ? "cut short before the tests" : summaryOf(report.sections);
   if (end) {
-    report.earlyEnd.emplace();
-    report.earlyEnd->mark = ReportMark::problem;
-    report.earlyEnd->sentence = end->sentence;
-    report.earlyEnd->advice = end->advice;
+    tellEarlyEnd(*end, outcome, journal, report);
+  } else {
+    report.summary = summaryOf(report.sections, outcome.plan);
   }
   return report;
 }

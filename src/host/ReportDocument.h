@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
 
+#include "controller/RunPlan.h"
 #include "host/Journal.h"
 #include "platform/Dictionary.h"
-#include "platform/Text.h"
 #include "screens/Report.h"
 
 namespace wifi_profile {
@@ -14,13 +16,14 @@ namespace wifi_profile {
 struct Outcome {
   std::int64_t statusCode = 0;
   DictionaryRef data;           // the three sections, no longer changing; nil: all are empty
-  TextRef selectedNetworkName;  // nil: none was selected
+  std::optional<RunPlan> plan;  // empty: it ended before its tests
+  std::string site;             // address of the page that was to be reached; empty: not known
 };
 
 // The sections device, current network, selected network, in this order; those of a run that ended
-// early only where they hold something. In each, the findings as sentences with their values, and
-// what could not be found out, with why. Whatever kinds of values the record holds, there is a
-// document. Any thread.
+// early only where they hold something. In each, every test once: the findings as sentences with
+// their values, and what could not be found out, with why; tests that have the same reason stand
+// together. Whatever kinds of values the record holds, there is a document. Any thread.
 Report reportOf(const Outcome& outcome, const Journal& journal);
 
 }  // namespace wifi_profile

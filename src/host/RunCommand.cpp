@@ -10,7 +10,7 @@
 #include "host/ExitStatus.h"
 #include "host/Files.h"
 #include "host/PersonFollower.h"
-#include "host/ReportDocument.h"
+#include "host/Report.h"
 #include "host/RunPreparation.h"
 #include "runtime/BuiltInStringTable.h"
 #include "runtime/IcuNameCollator.h"

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 #include <span>
 
+#include "checks/SecurityKinds.h"
 #include "platform/Array.h"
 #include "platform/Dictionary.h"
 #include "platform/Number.h"
@@ -19,21 +20,24 @@ namespace {
 constexpr std::size_t kLongestText = 320;  // characters that are shown of one text
 constexpr std::size_t kMostEntries = 12;   // entries that are shown of one dictionary
 
-// A summary's entry and what it is called; the rows' order is the order in which they are shown.
+// A summary's entry, what it is called, and the unit of its number; the rows' order is the order in
+// which they are shown.
 struct EntryName {
   std::string_view key;
   std::string_view name;
+  std::string_view unit = {};
 };
 constexpr std::array kPingEntries{
-    EntryName{"count", "count"},    EntryName{"packetLoss", "loss"},
-    EntryName{"avg", "mean"},       EntryName{"min", "least"},
-    EntryName{"max", "most"},       EntryName{"stddev", "deviation"},
+    EntryName{"count", "count"},    EntryName{"packetLoss", "loss", "%"},
+    EntryName{"avg", "mean", "ms"}, EntryName{"min", "least", "ms"},
+    EntryName{"max", "most", "ms"}, EntryName{"stddev", "deviation", "ms"},
     EntryName{"SSID", "interface"},  // of all names, the interface's
     EntryName{"timestamp", "at"},
 };
+constexpr std::string_view kSecurity = "security";  // a number that has a name
 constexpr std::array kRememberedEntries{
     EntryName{"SSID", "name"},
-    EntryName{"security", "security"},
+    EntryName{kSecurity, "security"},
     EntryName{"isEnabled", "enabled"},
     EntryName{"isPasspoint", "Passpoint"},
     EntryName{"isCaptive", "sign-in page"},
@@ -98,12 +102,32 @@ std::string textOf(const Array& array) {
   return list.empty() ? "none" : shortened(std::move(list));
 }
 
+// The name of a remembered network's security; a number without a name stays one.
+std::string securityText(const ObjectRef& value) {
+  const auto number = as<Number>(value);
+  if (number && !number->isBoolean() && !number->isDouble()) {
+    for (const auto& [name, security] : checks::kSecurityNames) {
+      if (number->toDouble() == static_cast<double>(security)) return std::string(name);
+    }
+  }
+  return textOf(value);
+}
+
+// A number that can be measured has its unit behind it.
+std::string entryText(const EntryName& entry, const ObjectRef& value) {
+  if (entry.key == kSecurity) return securityText(value);
+  const auto number = as<Number>(value);
+  const bool hasUnit = !entry.unit.empty() && number && !number->isBoolean() &&
+                       !(number->isDouble() && !std::isfinite(number->toDouble()));
+  return hasUnit ? fmt::format("{} {}", textOf(value), entry.unit) : textOf(value);
+}
+
 std::vector<std::string> entryPieces(std::span<const EntryName> names, Dictionary::Entries rest) {
   std::vector<std::string> pieces;
   for (const EntryName& entry : names) {
     const auto found = rest.find(entry.key);
     if (found == rest.end()) continue;
-    pieces.push_back(fmt::format("{} {}", entry.name, textOf(found->second)));
+    pieces.push_back(fmt::format("{} {}", entry.name, entryText(entry, found->second)));
     rest.erase(found);
   }
   for (const auto& [key, value] : rest) {

@@ -174,7 +174,7 @@ constexpr std::array<VerdictFinding, 41> kVerdicts{{
      good("No hidden network is among those remembered.")},
 }};
 
-// A row: the key, the name, the unit, the explanation.
+// A row: the key, the name, the unit, the explanation, whether its absence is normal.
 constexpr std::array kValues{
     ValueFinding{"IPv4ConfigMethod", "method", "",
                  "How the device comes by its IPv4 address, as the service names it. Usual is to "
@@ -198,21 +198,22 @@ constexpr std::array kValues{
                  "How the network is protected, as the service names or numbers it."},
     ValueFinding{"networkName", "name", "",
                  "Name (SSID) of the network: up to 32 bytes, chosen by whoever runs it."},
-    ValueFinding{"preferredNetwork", "remembered network", "",
-                 "What the device remembers of the network: SSID, security (a number of the "
-                 "service's own), isPasspoint, isEnabled (may be joined), isCaptive (has a "
-                 "sign-in page), isHidden, isMultiAP (several access points) and lastJoined."},
+    ValueFinding{
+        "preferredNetwork", "remembered network", "",
+        "What the device remembers of the network: SSID, security (a number: the "
+        "list is in docs/CHECKS.md), isPasspoint, isEnabled (may be joined), isCaptive (has a "
+        "sign-in page), isHidden, isMultiAP (several access points) and lastJoined.",
+        Absence::normal},  // a network need not be remembered
     ValueFinding{"supportedPHYModes", "radio modes", "",
                  "Radio modes (802.11a, b, g, n, ac and so on) that the network offers."},
-    ValueFinding{"brellinModelName", "model", "", "Model of the Brellin base station."},
+    ValueFinding{"brellinModelName", "model", "", "Model of the Brellin base station.",
+                 Absence::normal},  // told in probe responses only
     ValueFinding{"pingLANResult", "pings", "",
                  "What pings to the router measured: SSID (here the interface's name), count, "
-                 "packetLoss, min, max, avg, stddev and timestamp. Times and loss are in the "
-                 "service's own units."},
+                 "packetLoss (percent), min, max, avg and stddev (milliseconds), and timestamp."},
     ValueFinding{"pingWANResult", "pings", "",
                  "What pings to the internet measured: SSID (here the interface's name), count, "
-                 "packetLoss, min, max, avg, stddev and timestamp. Times and loss are in the "
-                 "service's own units."},
+                 "packetLoss (percent), min, max, avg and stddev (milliseconds), and timestamp."},
     ValueFinding{"currentChannel", "channel", "", "Radio channel that the network uses now."},
     ValueFinding{"2GHzChannel", "best 2.4 GHz channel", "",
                  "Channel that the service recommends in the 2.4 GHz band. 1, 6 and 11 do not "
@@ -226,12 +227,14 @@ constexpr std::array kValues{
                  "give way to radar (no DFS)."},
     ValueFinding{"adoptedCountryCode", "country", "",
                  "Country whose rules for channels and power the device follows. Usual is a code "
-                 "of two letters."},
+                 "of two letters.",
+                 Absence::normal},  // no country may be known
     ValueFinding{"RSSI", "RSSI", "dBm",
                  "Strength of the received signal, a negative number: nearer to 0 is stronger."},
     ValueFinding{"noise", "noise", "dBm",
                  "Strength of the background noise, a negative number: further from 0 is quieter. "
-                 "What counts is how far the signal stands above it."},
+                 "What counts is how far the signal stands above it.",
+                 Absence::normal},  // many drivers do not give it
     ValueFinding{"hiddenNetworkCount", "hidden networks", "",
                  "Number of networks nearby that do not tell their name."},
 };

@@ -30,12 +30,16 @@ struct VerdictFinding {
   Meaning no;
 };
 
+// Whether a value that is not there is worth a word.
+enum class Absence { gap, normal };
+
 // The key of a value that a test copies into the record.
 struct ValueFinding {
   std::string_view key;
   std::string_view name;         // in a person's words
   std::string_view unit;         // such as "dBm"; empty: none, or the service's own
   std::string_view explanation;  // what the value is and which values are usual
+  Absence absence = Absence::gap;
 };
 
 // Every result key of the catalogue, in the catalogue's order.

@@ -7,6 +7,7 @@
 
 #include "host/ReportFixture.h"
 #include "runtime/SafeText.h"
+#include "tests/Batches.h"
 #include "tests/Catalogue.h"
 
 namespace wifi_profile {
@@ -77,6 +78,7 @@ TEST_F(ReportDocument, ExplainsWhatWasTestedAndWhatEachAnswerMeans) {
 }
 
 TEST_F(ReportDocument, ExplainsEveryFindingInParagraphsWithoutAnEmptyOne) {
+  planned_ = false;  // with the list's scan
   for (const CatalogueTest& test : kCatalogue) {
     (test.subject == TestSubject::device ? device_ : current_)[std::string(test.resultKey)] = yes();
   }
@@ -106,6 +108,7 @@ TEST_F(ReportDocument, OrdersFindingsByMarkWithTheUnknownLast) {
 }
 
 TEST_F(ReportDocument, CountsEachSectionByMarkAndSumsTheCountsUp) {
+  joinTo("Home");
   device_ = {{"isUsingCustomDNS", yes()}};
   current_ = {{"pingedLAN", yes()}, {"pingedWAN", no()}, {"isPasspointNetwork", no()}};
   request(DiagnosticsTestID::ResolveDNS);
@@ -116,7 +119,7 @@ TEST_F(ReportDocument, CountsEachSectionByMarkAndSumsTheCountsUp) {
   EXPECT_EQ(countOf(report.sections[1], ReportMark::plain), 1U);
   EXPECT_EQ(countOf(report.sections[1], ReportMark::good), 1U);
   EXPECT_EQ(countOf(report.sections[1], ReportMark::unknown), 1U);
-  EXPECT_EQ(report.summary, "1 problem, 1 thing worth a look, 2 fine, 1 not found out");
+  EXPECT_EQ(report.summary, "1 problem, 1 thing worth a look, 1 fine, 1 fact, 1 not known");
 }
 
 TEST_F(ReportDocument, GivesAnUnknownItsQuestionAndTheReasons) {
@@ -125,20 +128,118 @@ TEST_F(ReportDocument, GivesAnUnknownItsQuestionAndTheReasons) {
   const ReportFinding finding = onlyFinding();
   EXPECT_EQ(finding.mark, ReportMark::unknown);
   EXPECT_EQ(finding.sentence, "Can names of sites be looked up (DNS)?");
-  EXPECT_EQ(finding.values, Texts{"Resolve DNS failed with error: timed out"});
+  EXPECT_EQ(finding.values, Texts{"timed out"});
   EXPECT_EQ(finding.advice, "");
   EXPECT_TRUE(finding.explanation.starts_with("Can names of sites be looked up (DNS)?\nYes: "));
 }
 
-TEST_F(ReportDocument, ListsButDoesNotCountAnAnswerThatIsNotInFull) {
+TEST_F(ReportDocument, ShowsATestThatIsNotAnsweredInFullOnceWithWhatIsMissing) {
   request(DiagnosticsTestID::PoorSignal);
   log("RSSI not found.");
   current_ = {{"hasPoorSignal", no()}};
-  const ReportSection section = currentNetwork();
+  const ReportFinding finding = onlyFinding();
+  EXPECT_EQ(finding.mark, ReportMark::good);
+  EXPECT_EQ(finding.values, Texts{"RSSI not given"});
+  EXPECT_EQ(countOf(currentNetwork(), ReportMark::unknown), 0U);
+}
+
+TEST_F(ReportDocument, SaysNothingOfWhatIsOftenNotThere) {
+  request(DiagnosticsTestID::PoorSignal);
+  log("Noise not found.");
+  current_ = {{"hasPoorSignal", no()}, {"RSSI", integer(-50)}};
+  EXPECT_EQ(onlyFinding().values, Texts{"RSSI -50 dBm"});
+}
+
+TEST_F(ReportDocument, SaysThatNoDetailsWereGiven) {
+  request(DiagnosticsTestID::PoorSignal);
+  log("Info not found.");
+  current_ = {{"hasPoorSignal", no()}};
+  EXPECT_EQ(onlyFinding().values, Texts{"no details were given"});
+}
+
+TEST_F(ReportDocument, PutsWhyAnAnswerIsAsItIsBesideIt) {
+  request(DiagnosticsTestID::ResolveDNS);
+  logOfService("The look-up of a name: no name server.");
+  current_ = {{"resolvedDNS", no()}};
+  const ReportFinding finding = onlyFinding();
+  EXPECT_EQ(finding.mark, ReportMark::problem);
+  EXPECT_EQ(finding.values, Texts{"The look-up of a name: no name server"});
+}
+
+TEST_F(ReportDocument, PutsTestsWithTheSameReasonTogetherAndCountsEach) {
+  selectedName_ = makeText("Nope");
+  for (const auto& [test, label] : {std::pair(DiagnosticsTestID::PoorSignal, "Poor Signal"),
+                                    std::pair(DiagnosticsTestID::Passpoint, "Passpoint"),
+                                    std::pair(DiagnosticsTestID::NoSecurity, "No Security")}) {
+    request(test, "Nope");
+    log(std::string(label) + " failed with error: " +
+        (test == DiagnosticsTestID::NoSecurity ? "timed out" : "\"Nope\" was not heard."));
+  }
+  const ReportSection section = document().sections.at(2);
   ASSERT_EQ(section.findings.size(), 2U);
+  EXPECT_EQ(section.findings[0].sentence, "Is the network open, without protection?");
+  EXPECT_EQ(section.findings[0].values, Texts{"timed out"});
   EXPECT_EQ(section.findings[1].mark, ReportMark::unknown);
-  EXPECT_EQ(section.findings[1].values, Texts{"RSSI not found"});
-  EXPECT_EQ(countOf(section, ReportMark::unknown), 0U);
+  EXPECT_EQ(section.findings[1].sentence, "2 tests could not be answered: \"Nope\" was not heard.");
+  EXPECT_EQ(section.findings[1].values,
+            (Texts{"Is the network a Passpoint network?", "Is the signal weak?"}));
+  EXPECT_EQ(countOf(section, ReportMark::unknown), 3U);
+}
+
+TEST_F(ReportDocument, KeepsTheListsScanOutOfTheRunsTests) {
+  joinTo("Home");
+  device_ = {{"isUsingCustomDNS", no()}};
+  request(DiagnosticsTestID::NoScanResults);
+  log("No Scan Results failed with error: busy");
+  EXPECT_TRUE(currentNetwork().findings.empty());
+  EXPECT_EQ(document().summary, "no problems found: 1 fine");
+  current_ = {{"foundScanResults", integer(1)}};  // an earlier scan's
+  EXPECT_TRUE(currentNetwork().findings.empty());
+}
+
+TEST_F(ReportDocument, TellsThatTheListsScanFailedWhereNothingElseWasAsked) {
+  planned_ = false;
+  statusCode_ = -5;
+  request(DiagnosticsTestID::NoScanResults);
+  log("No Scan Results failed with error: busy");
+  const Report report = document();
+  ASSERT_EQ(report.sections.size(), 1U);
+  EXPECT_EQ(report.sections[0].findings.at(0).values, Texts{"busy"});
+}
+
+TEST_F(ReportDocument, NamesTheSiteByItsAddress) {
+  current_ = {{"reachedOrvane", no()}, {"retrievedOrvane", yes()}};
+  const auto sentences = [this] {
+    Texts all;
+    for (const ReportFinding& finding : currentNetwork().findings) all.push_back(finding.sentence);
+    return all;
+  };
+  EXPECT_EQ(sentences(), (Texts{"The server of the Orvane service cannot be reached.",
+                                "A page of the Orvane service can be fetched."}));
+  site_ = "https://intranet.example/";
+  EXPECT_EQ(sentences(), (Texts{"The server of https://intranet.example/ cannot be reached.",
+                                "A page of https://intranet.example/ can be fetched."}));
+}
+
+TEST_F(ReportDocument, DoesNotSayThatThereAreNoProblemsWhereNothingWasAnswered) {
+  for (const DiagnosticsTestID test : kDeviceConfigurationBatch) request(test);
+  current_ = {{"foundScanResults", integer(1)}};  // the list's
+  EXPECT_EQ(document().summary,
+            "nothing could be found out, 11 tests without an answer; no network was tested");
+}
+
+TEST_F(ReportDocument, SaysWhatWasLeftAloneBesideWhatWasTested) {
+  device_ = {{"isUsingCustomDNS", no()}};
+  joinTo("Home_nomap");
+  EXPECT_EQ(document().summary,
+            "no problems found in what was tested: 1 fine; "
+            "the current network was left alone (_nomap)");
+  selectedName_ = makeText("Cafe_NoMap");
+  EXPECT_TRUE(document().summary.ends_with("; both networks were left alone (_nomap)"));
+  joinTo("Home");
+  EXPECT_TRUE(document().summary.ends_with("; the selected network was left alone (_nomap)"));
+  selectedName_ = nullptr;
+  EXPECT_EQ(document().summary, "no problems found: 1 fine");
 }
 
 TEST_F(ReportDocument, NotesWhyASectionWasNotTestedAndOnlyThen) {
@@ -151,6 +252,7 @@ TEST_F(ReportDocument, NotesWhyASectionWasNotTestedAndOnlyThen) {
 
 TEST_F(ReportDocument, SaysWhyARunEndedEarlyAndShowsOnlySectionsThatHoldSomething) {
   EXPECT_FALSE(document().earlyEnd);
+  planned_ = false;
   statusCode_ = -5;
   current_ = {{"foundScanResults", integer(1)}};
   const Report report = document();
@@ -162,6 +264,33 @@ TEST_F(ReportDocument, SaysWhyARunEndedEarlyAndShowsOnlySectionsThatHoldSomethin
   ASSERT_EQ(report.sections.size(), 1U);
   EXPECT_EQ(report.sections[0].title, "Current network");
   EXPECT_EQ(report.sections[0].note, "");
+}
+
+TEST_F(ReportDocument, SaysHowFarARunCameThatEndedAmongItsTests) {
+  joinTo("Home");
+  statusCode_ = -5;
+  for (const DiagnosticsTestID test : kDeviceConfigurationBatch) {
+    request(test);
+    device_[std::string(catalogueTest(test).resultKey)] = no();
+  }
+  request(DiagnosticsTestID::DetectDoubleNAT);
+  log("Detect Double NAT failed with error: timed out");
+  request(DiagnosticsTestID::LongBeaconInterval);
+  journal_.event("service.cancel", {});
+  log("Long Beacon Interval failed with error: cancelled");
+  request(DiagnosticsTestID::LongDTIMInterval);
+  log("Long DTIM Interval failed with error: no answer");
+  const Report report = document();
+  ASSERT_TRUE(report.earlyEnd);
+  EXPECT_EQ(report.earlyEnd->sentence,
+            "Wi-Fi was switched off while the tests ran: 12 of 40 tests were done.");
+  EXPECT_EQ(report.earlyEnd->values,
+            Texts{"under way and not answered: Does the network announce itself too seldom?"});
+  EXPECT_EQ(report.summary, "cut short after 12 of 40 tests: 11 fine, 1 not known");
+  ASSERT_EQ(report.sections.size(), 2U);
+  EXPECT_EQ(report.sections[1].title, "Current network: Home");
+  ASSERT_EQ(report.sections[1].findings.size(), 1U);
+  EXPECT_EQ(report.sections[1].findings[0].values, Texts{"timed out"});
 }
 
 TEST_F(ReportDocument, IsThereWithoutARecord) {
@@ -181,6 +310,7 @@ TEST_F(ReportDocument, HoldsNothingThatATerminalWouldActOn) {
       if (!copy.outputKey.empty()) section[std::string(copy.outputKey)] = text(hostile);
     }
   }
+  site_ = hostile;
   current_["pingedLAN"] = text(hostile);
   request(DiagnosticsTestID::PingLAN);
   log(hostile);

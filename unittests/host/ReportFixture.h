@@ -19,10 +19,7 @@ class ReportFixture : public testing::Test {
   static ObjectRef decimal(double value) { return Number::withDouble(value); }
   static ObjectRef text(std::string_view value) { return makeText(value); }
 
-  void joinTo(std::string_view name) {
-    journal_.event("service.status",
-                   {{"error", nullptr}, {"ssid", text(name)}, {"bssid", nullptr}});
-  }
+  void joinTo(std::string_view name) { joinedName_ = makeText(name); }
 
   // `selectedName`: the "NetworkName" of the request's configuration, empty for none.
   void request(DiagnosticsTestID test, std::string_view selectedName = {}) {
@@ -40,18 +37,28 @@ class ReportFixture : public testing::Test {
                            {"text", text("[ERROR] - Wi-Fi Profile: " + line)}});
   }
 
+  // A line of the service about the test that was requested last.
+  void logOfService(const std::string& line) {
+    journal_.event("log",
+                   {{"category", integer(0)}, {"level", text("error")}, {"text", text(line)}});
+  }
+
   Report document() const {
     const DictionaryRef data = makeDictionary({{"device", makeDictionary(device_)},
                                                {"currentNetwork", makeDictionary(current_)},
                                                {"selectedNetwork", makeDictionary(selected_)}});
-    return reportOf({statusCode_, data, selectedName_}, journal_);
+    const auto plan = planned_ ? std::optional(planRun(joinedName_, selectedName_)) : std::nullopt;
+    return reportOf({statusCode_, data, plan, site_}, journal_);
   }
 
   Journal journal_;
   Dictionary::Entries device_;
   Dictionary::Entries current_;
   Dictionary::Entries selected_;
+  TextRef joinedName_;
   TextRef selectedName_;
+  bool planned_ = true;  // no: the run ended before its tests
+  std::string site_;
   std::int64_t statusCode_ = 0;
 };
 

@@ -6,13 +6,20 @@
 namespace wifi_profile {
 namespace {
 
+QString joined(const std::vector<std::string>& values) {
+  std::string text;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (i > 0) text += separatorAfter(values[i - 1]);
+    text += values[i];
+  }
+  return QString::fromStdString(text);
+}
+
 QVariantMap entryOf(const ReportFinding& finding) {
-  QStringList values;
-  for (const std::string& value : finding.values) values.push_back(QString::fromStdString(value));
   return {{"kind", "finding"},
           {"mark", static_cast<int>(finding.mark)},
           {"text", QString::fromStdString(finding.sentence)},
-          {"values", values.join(QStringLiteral(", "))},
+          {"values", joined(finding.values)},
           {"advice", QString::fromStdString(finding.advice)},
           {"explanation", QString::fromStdString(finding.explanation)}};
 }
