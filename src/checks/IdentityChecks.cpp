@@ -134,8 +134,12 @@ bool beginsWithOneOf(const std::string& address, const std::vector<std::string>&
 }
 
 Answer baseStation(const Question& question) {
+  const Settings& settings = question.settings;
+  if (settings.baseStationMakers.empty() && settings.baseStationAddressBlocks.empty()) {
+    return notTold(
+        "The settings name no makers of base stations: set `baseStationMakers` to know them.");
+  }
   return aboutSubject(question, [&](const Subject& subject) -> Answer {
-    const Settings& settings = question.settings;
     const AccessPoint* heard = subject.heard;
     const std::string& bssid = subject.link ? subject.link->bssid : heard->bssid;
     const bool isMaker =
@@ -156,14 +160,14 @@ constexpr std::array kRows{
           .answer = baseStation,
           .needs = {Fact::link, Fact::scan},
           .measures = "Whether maker or address of the access point are among those set for base "
-                      "stations. None are set at first: then the answer is no, and says nothing.",
+                      "stations. None are set at first: then it is not known.",
           .from = "WPS element (Manufacturer, Model Name); the BSSID",
           .threshold = "one of `baseStationMakers` or `baseStationAddressBlocks`",
           .why = "Whose base stations are meant is for the person who sets the lists",
           .unknownWhen =
-              "the named network was not heard; makers are set, and the access point was "
-              "not heard or does not say who made it, which most say in probe responses "
-              "only"},
+              "neither makers nor addresses are set; the named network was not heard; makers are "
+              "set, and the access point was not heard or does not say who made it, which most say "
+              "in probe responses only"},
     Check{.id = DiagnosticsTestID::AmbiguousNetworkName,
           .answer = ambiguousName,
           .needs = {Fact::link, Fact::scan},

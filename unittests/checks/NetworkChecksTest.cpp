@@ -224,7 +224,9 @@ TEST_F(NetworkChecks, TellAForeignHotspotByItsElementOrFromMemory) {
 
 TEST_F(NetworkChecks, KnowNoBaseStationUntilSomeAreSet) {
   own().maker = "Brellin";
-  EXPECT_THAT(ask(Id::BrellinBaseStation), says(false));
+  EXPECT_THAT(ask(Id::BrellinBaseStation), isUnknownFor(Reason::notTold));
+  EXPECT_NE(std::get<Unknown>(ask(Id::BrellinBaseStation)).sentence.find("baseStationMakers"),
+            std::string::npos);
   settings.baseStationMakers = {"brellin"};
   EXPECT_THAT(ask(Id::BrellinBaseStation), says(true));
 }
