@@ -50,7 +50,8 @@ Known<Subject> inRange(const Facts& facts, std::string_view name) {
   }
   if (!strongest) {
     return Unknown{Reason::notInRange, "The network \"" + shortened(name, kLongestName) +
-                                           "\" was not heard: go nearer, or scan again."};
+                                           "\" was not heard: check how its name is written, go "
+                                           "nearer, and run again."};
   }
   return Subject{.heard = strongest, .name = name};
 }
