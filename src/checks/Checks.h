@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <span>
+#include <string>
 #include <string_view>
 #include <variant>
 
@@ -61,5 +62,9 @@ std::span<const Check> allChecks();
 
 // The row of a test.
 const Check& checkOf(DiagnosticsTestID id);
+
+// Why the test's result is bad, as a sentence for the log, where the fact that it is made from says
+// so. A result has no place for it. Empty: the result is good, or the fact does not say.
+std::string problemOf(const Question& question, DiagnosticsTestID id);
 
 }  // namespace wifi_profile::checks

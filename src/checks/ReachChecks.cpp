@@ -208,7 +208,48 @@ constexpr std::array kRows{
         .unknownWhen = "not joined, or the kernel does not tell the addresses"},
 };
 
+std::string problemIn(const Pings& pings) {
+  if (!pings.answers.empty()) return {};
+  return (pings.byConnecting ? "no connection was answered by " : "no echo was answered by ") +
+         pings.target;
+}
+std::string problemIn(const NameResolution& resolution) {
+  return resolution.resolved ? "" : resolution.problem;
+}
+std::string problemIn(const SiteReach& site) { return site.reached ? "" : site.problem; }
+std::string problemIn(const SitePage& page) { return page.retrieved ? "" : page.problem; }
+std::string problemIn(const PortalProbe& probe) {
+  return probe.answer == PortalProbe::Answer::portal ? probe.detail : "";
+}
+
+template <class T>
+std::string problemSentence(std::string_view what, const Known<T>& fact) {
+  const std::string problem = fact ? problemIn(*fact) : "";
+  return problem.empty() ? "" : "The " + std::string(what) + ": " + problem + ".";
+}
+
 }  // namespace
+
+std::string problemOf(const Question& question, DiagnosticsTestID id) {
+  if (whyNotAMember(question)) return {};
+  const Facts& facts = question.facts;
+  switch (id) {
+    case DiagnosticsTestID::PingLAN:
+      return problemSentence("ping of the router", facts.lanPings);
+    case DiagnosticsTestID::PingWAN:
+      return problemSentence("ping of the Internet", facts.wanPings);
+    case DiagnosticsTestID::ResolveDNS:
+      return problemSentence("look-up of a name", facts.nameResolution);
+    case DiagnosticsTestID::CaptivePortal:
+      return problemSentence("look for a sign-in page", facts.portalProbe);
+    case DiagnosticsTestID::ReachOrvane:
+      return problemSentence("connection to the site", facts.siteReach);
+    case DiagnosticsTestID::RetrieveOrvane:
+      return problemSentence("page of the site", facts.sitePage);
+    default:
+      return {};
+  }
+}
 
 std::span<const Check> reachRows() { return kRows; }
 

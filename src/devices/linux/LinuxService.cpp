@@ -5,6 +5,7 @@
 
 #include "checks/Subject.h"
 #include "devices/DeviceBackEnds.h"
+#include "platform/DiagnosticLog.h"
 #include "platform/Number.h"
 
 namespace wifi_profile::machine {
@@ -87,10 +88,14 @@ LinuxService::Outcome LinuxService::serve(const VqDiagnosticsTestRequest& reques
     return nothingLeft();
   }
   if (!facts) return makeError(kCancelled, "cancelled");
-  const checks::Answer answer =
-      checks::checkOf(request.testID())
-          .answer({.facts = *facts, .settings = settings_, .networkName = networkNameOf(request)});
+  const checks::Question question{
+      .facts = *facts, .settings = settings_, .networkName = networkNameOf(request)};
+  const checks::Answer answer = checks::checkOf(request.testID()).answer(question);
   if (const auto* unknown = std::get_if<checks::Unknown>(&answer)) return errorOf(*unknown);
+  // On the thread that asks, while it asks: so the line belongs to this test.
+  if (const std::string problem = checks::problemOf(question, request.testID()); !problem.empty()) {
+    DiagnosticLogHandleForCategory(0).error([&] { return problem; });
+  }
   return std::get<DiagnosticsTestResult>(answer);
 }
 

@@ -7,7 +7,6 @@
 #include "devices/linux/reach/Outside.h"
 #include "devices/linux/reach/Ping.h"
 #include "devices/linux/reach/Web.h"
-#include "platform/DiagnosticLog.h"
 
 namespace wifi_profile::machine {
 namespace {
@@ -36,37 +35,14 @@ struct ReachErrand {
   std::function<Known<T>(const Facts& known, const Way& way, const Patience& patience)> find;
 };
 
-// Why an answer is no; empty: it is not.
-std::string problemOf(const checks::Pings& pings) {
-  if (!pings.answers.empty()) return {};
-  return (pings.byConnecting ? "no connection was answered by " : "no echo was answered by ") +
-         pings.target;
-}
-std::string problemOf(const checks::NameResolution& resolution) { return resolution.problem; }
-std::string problemOf(const checks::SiteReach& site) { return site.problem; }
-std::string problemOf(const checks::SitePage& page) { return page.problem; }
-std::string problemOf(const checks::PortalProbe& probe) {
-  return probe.answer == checks::PortalProbe::Answer::portal ? probe.detail : "";
-}
-std::string problemOf(const checks::RouterOutside& /*outside*/) { return {}; }
-
-// The log is told why, as a result has no place for it.
-template <class T>
-void logProblem(const DiagnosticLogHandle& log, const std::string& errand, const Known<T>& fact) {
-  const std::string problem = fact ? problemOf(*fact) : "";
-  if (!problem.empty()) log.error([&] { return "The " + errand + ": " + problem + "."; });
-}
-
 template <class T>
 void add(std::vector<Errand>& errands, const std::string& interface, ReachErrand<T> reach) {
-  // Of now: when an errand ends late, the host may have its log no more.
-  const DiagnosticLogHandle log = DiagnosticLogHandleForCategory(0);
   errands.push_back(
       {.name = reach.name,
        .gives = {reach.fact},
        .after = {Fact::link, Fact::scan, Fact::addresses, Fact::activeProfile},
        .limit = reach.limit,
-       .run = [interface, reach, log](const Facts& known, const Patience& patience) -> Found {
+       .run = [interface, reach](const Facts& known, const Patience& patience) -> Found {
          Known<T> fact;
          if (!known.link) {
            fact = known.link.why();
@@ -74,7 +50,6 @@ void add(std::vector<Errand>& errands, const std::string& interface, ReachErrand
            fact = known.addresses.why();
          } else {
            fact = reach.find(known, {interface, known.addresses->dnsServers}, patience);
-           logProblem(log, reach.name, fact);
          }
          return [member = reach.member, fact](Facts& facts) { facts.*member = fact; };
        }});

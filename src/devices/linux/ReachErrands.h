@@ -11,8 +11,7 @@ namespace wifi_profile::machine {
 
 // Adds the errands that send something through the interface. They begin when the link, the
 // addresses and the profile are asked for and the scan is done, which takes the radio off its
-// channel, and run side by side. Without a link or addresses they end at once. Why something
-// was not reached goes to the log that is installed now.
+// channel, and run side by side. Without a link or addresses they end at once.
 void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
                      const Targets& targets);
 

@@ -3,6 +3,7 @@
 #include <limits>
 #include <sys/resource.h>
 #include <thread>
+#include <utility>
 
 #include "devices/linux/Lines.h"
 #include "devices/linux/LinuxService.h"
@@ -53,7 +54,13 @@ class Finder final : public FactFinder {
              .limit = std::chrono::minutes(1),
              .run = [this](const Facts&, const Patience&) -> Found {
                ++sendings;
-               return [](Facts& all) { all.portalProbe = checks::PortalProbe{}; };
+               return [this](Facts& all) {
+                 all.portalProbe = facts.portalProbe ? facts.portalProbe : checks::PortalProbe{};
+                 all.wanPings = facts.wanPings;
+                 all.nameResolution = facts.nameResolution;
+                 all.siteReach = facts.siteReach;
+                 all.sitePage = facts.sitePage;
+               };
              }},
             {.name = "link",
              .gives = {Fact::link},
@@ -116,6 +123,78 @@ TEST_F(LinuxServiceTest, WhatIsNotKnownIsAnErrorThatSaysWhy) {
   ASSERT_NE(error, nullptr);
   EXPECT_EQ(error->code(), static_cast<std::int64_t>(Reason::notJoined));
   EXPECT_EQ(error->description(), "Join a network.");
+}
+
+// Each line with the thread that wrote it.
+class LinesOfThreads final : public DiagnosticLog {
+ public:
+  using Line = std::pair<std::thread::id, std::string>;
+
+  bool isEnabled(int /*category*/, LogLevel /*level*/) const override { return true; }
+  void write(int category, LogLevel /*level*/, const std::string& text) override {
+    const std::lock_guard lock(mutex_);
+    lines_.emplace_back(std::this_thread::get_id(), std::to_string(category) + " " + text);
+  }
+  std::vector<Line> takeLines() {
+    const std::lock_guard lock(mutex_);
+    return std::exchange(lines_, {});
+  }
+
+ private:
+  std::mutex mutex_;
+  std::vector<Line> lines_;
+};
+
+TEST_F(LinuxServiceTest, LogsWhyWithinEachTestThatIsAnsweredBadlyForIt) {
+  const auto log = std::make_shared<LinesOfThreads>();
+  const ScopedInstall<DiagnosticLog> installed(log);
+  finder->facts.wanPings = checks::Pings{.target = "192.0.2.1", .sent = 3};
+  finder->facts.nameResolution = checks::NameResolution{.problem = "no name server"};
+  finder->facts.siteReach = checks::SiteReach{.problem = "name: no name server"};
+  finder->facts.sitePage = checks::SitePage{.problem = "name: no name server"};
+  const auto linesOf = [&](DiagnosticsTestID test) {
+    VqErrorRef error;
+    ask(test, error);
+    EXPECT_EQ(error, nullptr) << nameOf(test);
+    return log->takeLines();
+  };
+  const auto me = std::this_thread::get_id();
+  using Lines = std::vector<LinesOfThreads::Line>;
+  const Lines ofName{{me, "0 The look-up of a name: no name server."}};
+  EXPECT_EQ(linesOf(DiagnosticsTestID::PingWAN),
+            (Lines{{me, "0 The ping of the Internet: no echo was answered by 192.0.2.1."}}));
+  EXPECT_EQ(linesOf(DiagnosticsTestID::PoorSignal), Lines{});
+  EXPECT_EQ(linesOf(DiagnosticsTestID::ResolveDNS), ofName);
+  EXPECT_EQ(linesOf(DiagnosticsTestID::ReachOrvane),
+            (Lines{{me, "0 The connection to the site: name: no name server."}}));
+  EXPECT_EQ(linesOf(DiagnosticsTestID::RetrieveOrvane),
+            (Lines{{me, "0 The page of the site: name: no name server."}}));
+  EXPECT_EQ(linesOf(DiagnosticsTestID::ResolveDNS), ofName);
+  std::thread other([&] {
+    VqErrorRef error;
+    ask(DiagnosticsTestID::ResolveDNS, error);
+  });
+  const auto another = other.get_id();
+  other.join();
+  EXPECT_EQ(log->takeLines(), (Lines{{another, "0 The look-up of a name: no name server."}}));
+}
+
+TEST_F(LinuxServiceTest, LogsNothingOfTheJoinedNetworkForTestsOfAnother) {
+  const auto log = std::make_shared<LinesOfThreads>();
+  const ScopedInstall<DiagnosticLog> installed(log);
+  using checks::PortalProbe;
+  finder->facts.portalProbe =
+      PortalProbe{.answer = PortalProbe::Answer::portal, .detail = "status 511"};
+  finder->facts.scan->accessPoints.push_back({.bssid = "02:00:00:00:00:02",
+                                              .ssid = "Elsewhere",
+                                              .signal = -60,
+                                              .additionalStepNeeded = true});
+  VqErrorRef error;
+  ASSERT_TRUE(ask(DiagnosticsTestID::CaptivePortal, error));
+  EXPECT_EQ(log->takeLines().size(), 1U);
+  ASSERT_TRUE(
+      ask(DiagnosticsTestID::CaptivePortal, error, {{"NetworkName", makeText("Elsewhere")}}));
+  EXPECT_EQ(log->takeLines().size(), 0U);
 }
 
 TEST_F(LinuxServiceTest, FindsEverythingOutOnceARun) {

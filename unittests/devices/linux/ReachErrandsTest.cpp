@@ -137,7 +137,7 @@ TEST_F(ReachErrands, WithoutNameServersOfAnAddressPingNothing) {
       << facts.wanPings.why().sentence;
 }
 
-TEST_F(ReachErrands, SayInTheLogWhySomethingWasNotReached) {
+TEST_F(ReachErrands, KeepWithTheFactWhySomethingWasNotReached) {
   std::vector<Errand> errands;
   addReachErrands(errands, "lo", {.name = "no_such..name"});
   Facts known;
@@ -147,9 +147,23 @@ TEST_F(ReachErrands, SayInTheLogWhySomethingWasNotReached) {
   for (const std::size_t lookUpAndSite : {2U, 4U}) {
     errands.at(lookUpAndSite).run(known, patient(cancellation_))(facts);
   }
-  EXPECT_EQ(log_->lines(), (std::vector<std::string>{
-                               "0 error The look-up of a name: no name server.",
-                               "0 error The connection to the site: name: no name server."}));
+  ASSERT_TRUE(facts.nameResolution);
+  EXPECT_EQ(facts.nameResolution->problem, "no name server");
+  ASSERT_TRUE(facts.siteReach);
+  EXPECT_EQ(facts.siteReach->problem, "name: no name server");
+}
+
+TEST_F(ReachErrands, LogNothingFromTheirThreads) {
+  std::vector<Errand> errands;
+  addReachErrands(errands, "lo", {.name = "no_such..name"});
+  Facts known;
+  known.link = checks::Link{.interface = "lo", .ssid = "Home"};
+  known.addresses = checks::Addresses{.dnsServers = std::vector<std::string>()};
+  Facts facts;
+  errands.at(2).run(known, patient(cancellation_))(facts);
+  ASSERT_TRUE(facts.nameResolution);
+  EXPECT_FALSE(facts.nameResolution->resolved);
+  EXPECT_TRUE(log_->lines().empty());
 }
 
 // A server of names that gives each the addresses 192.168.0.1 (the house's) and 2001:db8::1.
