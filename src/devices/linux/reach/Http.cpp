@@ -11,8 +11,10 @@
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
+#include <system_error>
 
 #include "devices/linux/reach/Sockets.h"
+#include "devices/linux/reach/Watchdog.h"
 
 namespace wifi_profile::machine {
 namespace {
@@ -87,6 +89,7 @@ bool isNowhere(const Address& address) {
 struct Transfer {
   const std::string& interface;
   std::size_t bodyLimit;
+  Watchdog& watchdog;
   bool mayStayHere = false;  // a proxy on this machine is not behind the interface
   bool wentNowhere = false;
   bool opened = false;      // one socket at least
@@ -124,8 +127,14 @@ curl_socket_t openBound(void* self, curlsocktype /*purpose*/, curl_sockaddr* to)
     transfer.remedy = remedyForSocket(errno, transfer.interface);
     return CURL_SOCKET_BAD;
   }
+  if (!transfer.watchdog.add(socket.number())) return CURL_SOCKET_BAD;
   transfer.opened = true;
   return socket.release();
+}
+
+int closeWatched(void* self, curl_socket_t socket) {
+  static_cast<Watchdog*>(self)->close(socket);
+  return 0;
 }
 
 std::size_t takeBody(const char* bytes, std::size_t /*one*/, std::size_t count, void* self) {
@@ -275,6 +284,8 @@ void setUp(CURL* easy, const HttpRequest& request, Transfer& transfer, const cur
   if (addresses != nullptr) curl_easy_setopt(easy, CURLOPT_RESOLVE, addresses);
   curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, openBound);
   curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, &transfer);
+  curl_easy_setopt(easy, CURLOPT_CLOSESOCKETFUNCTION, closeWatched);
+  curl_easy_setopt(easy, CURLOPT_CLOSESOCKETDATA, &transfer.watchdog);
   curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, takeBody);
   curl_easy_setopt(easy, CURLOPT_WRITEDATA, &transfer);
   curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, countHeader);
@@ -299,7 +310,46 @@ CURLcode perform(CURLM* multi, CURL* easy, const Patience& patience) {
   while (const CURLMsg* message = curl_multi_info_read(multi, &left)) {
     if (message->msg == CURLMSG_DONE) result = message->data.result;
   }
-  return result;
+  // Sockets that are shut down fail in a way of their own.
+  return result != CURLE_OK && patience.isOver() ? CURLE_OPERATION_TIMEDOUT : result;
+}
+
+HttpAnswer failure(std::string problem, std::string remedy = {}) {
+  HttpAnswer answer;
+  answer.problem = std::move(problem);
+  answer.remedy = std::move(remedy);
+  return answer;
+}
+
+HttpAnswer transferred(const HttpRequest& request, const Addresses& addresses, Transfer& transfer,
+                       const Patience& patience) {
+  const NoBrokenPipe noBrokenPipe;
+  List headers;
+  for (const std::string& header : request.headers) {
+    curl_slist* longer = curl_slist_append(headers.get(), header.c_str());
+    if (longer == nullptr) return failure("no memory", kMoreRoom);
+    static_cast<void>(headers.release());
+    headers.reset(longer);
+  }
+  const List resolved(
+      addresses.entry.empty() ? nullptr : curl_slist_append(nullptr, addresses.entry.c_str()));
+  const Multi multi(curl_multi_init());
+  const Easy easy(curl_easy_init());
+  if (!multi || !easy) return failure("no memory", kMoreRoom);
+  setUp(easy.get(), request, transfer, headers.get(), resolved.get());
+  const CURLcode code = perform(multi.get(), easy.get(), patience);
+  HttpAnswer& answer = transfer.answer;
+  curl_easy_getinfo(easy.get(), CURLINFO_RESPONSE_CODE, &answer.status);
+  const char* redirect = nullptr;
+  curl_easy_getinfo(easy.get(), CURLINFO_REDIRECT_URL, &redirect);
+  if (redirect != nullptr) answer.redirect = redirect;
+  if (!answer.cutOff) {
+    answer.problem = problemOf(code, easy.get());
+    answer.remedy = remedyFor(code, transfer);
+  }
+  if (code == CURLE_COULDNT_CONNECT && transfer.wentNowhere) answer.problem = addresses.problem;
+  curl_multi_remove_handle(multi.get(), easy.get());
+  return answer;
 }
 
 }  // namespace
@@ -331,47 +381,22 @@ checks::Unknown notAsked(const HttpAnswer& answer) {
 }
 
 HttpAnswer exchange(const HttpRequest& request, const Way& way, const Patience& patience) {
-  Transfer transfer{.interface = way.interface, .bodyLimit = request.bodyLimit};
-  const auto failed = [&](std::string problem, std::string remedy = {}) {
-    transfer.answer.problem = std::move(problem);
-    transfer.answer.remedy = std::move(remedy);
-    return transfer.answer;
-  };
-  if (!isLibraryReady()) return failed("no memory", kMoreRoom);
+  if (!isLibraryReady()) return failure("no memory", kMoreRoom);
   const auto url = partsOf(request.url);
-  if (!url) return failed("no address of http or https");
-  transfer.mayStayHere = mayUseProxy(request) && !isHere(url->host);
+  if (!url) return failure("no address of http or https");
   const Addresses addresses = addressesOf(*url, request, way, patience);
   if (addresses.entry.empty() && !addresses.problem.empty())
-    return failed(addresses.problem, addresses.remedy);
-
-  const NoBrokenPipe noBrokenPipe;
-  List headers;
-  for (const std::string& header : request.headers) {
-    curl_slist* longer = curl_slist_append(headers.get(), header.c_str());
-    if (longer == nullptr) return failed("no memory", kMoreRoom);
-    static_cast<void>(headers.release());
-    headers.reset(longer);
+    return failure(addresses.problem, addresses.remedy);
+  try {
+    Watchdog watchdog(patience);
+    Transfer transfer{.interface = way.interface,
+                      .bodyLimit = request.bodyLimit,
+                      .watchdog = watchdog,
+                      .mayStayHere = mayUseProxy(request) && !isHere(url->host)};
+    return transferred(request, addresses, transfer, patience);
+  } catch (const std::system_error&) {
+    return failure("no thread or descriptor", kMoreRoom);
   }
-  const List resolved(
-      addresses.entry.empty() ? nullptr : curl_slist_append(nullptr, addresses.entry.c_str()));
-  const Multi multi(curl_multi_init());
-  const Easy easy(curl_easy_init());
-  if (!multi || !easy) return failed("no memory", kMoreRoom);
-  setUp(easy.get(), request, transfer, headers.get(), resolved.get());
-  const CURLcode code = perform(multi.get(), easy.get(), patience);
-  HttpAnswer& answer = transfer.answer;
-  curl_easy_getinfo(easy.get(), CURLINFO_RESPONSE_CODE, &answer.status);
-  const char* redirect = nullptr;
-  curl_easy_getinfo(easy.get(), CURLINFO_REDIRECT_URL, &redirect);
-  if (redirect != nullptr) answer.redirect = redirect;
-  if (!answer.cutOff) {
-    answer.problem = problemOf(code, easy.get());
-    answer.remedy = remedyFor(code, transfer);
-  }
-  if (code == CURLE_COULDNT_CONNECT && transfer.wentNowhere) answer.problem = addresses.problem;
-  curl_multi_remove_handle(multi.get(), easy.get());
-  return answer;
 }
 
 }  // namespace wifi_profile::machine
