@@ -1,7 +1,12 @@
 #include "devices/linux/Gathering.h"
 
 #include <algorithm>
+#include <condition_variable>
+#include <list>
+#include <mutex>
 #include <system_error>
+#include <thread>
+#include <utility>
 
 namespace wifi_profile::machine {
 namespace {
@@ -75,30 +80,68 @@ void forgetAll(Facts& facts, FactSet gone, const checks::Unknown& why) {
   }
 }
 
+// For threads that did not end in time. Never destroyed: they are neither joined nor detached.
+std::vector<std::thread>& leftThreads() {
+  static auto* const kThreads = new std::vector<std::thread>;
+  return *kThreads;
+}
+std::mutex leftThreadsMutex;
+
 }  // namespace
 
-Gathering::Gathering(std::vector<Errand> errands) {
-  for (Errand& errand : errands) tasks_.emplace_back(std::move(errand));
-}
-
-Gathering::~Gathering() {
-  cancel();
-  for (Task& task : tasks_) {
-    if (task.thread.joinable()) task.thread.join();
+// What the threads share: each of them owns a part of it, so that it outlives them.
+class Gathering::Work : public std::enable_shared_from_this<Work> {
+ public:
+  Work(std::vector<Errand> errands, std::shared_ptr<const void> used) : used_(std::move(used)) {
+    for (Errand& errand : errands) tasks_.emplace_back(std::move(errand));
   }
-}
 
-void Gathering::begin(FactSet facts) {
-  const std::lock_guard lock(mutex_);
-  beginLocked(facts);
-}
+  void begin(FactSet facts) {
+    const std::lock_guard lock(mutex_);
+    beginLocked(facts);
+  }
 
-void Gathering::beginLocked(FactSet facts) {
+  std::optional<Facts> await(FactSet facts);
+  void cancel();
+  void end();
+
+ private:
+  struct Task {
+    explicit Task(Errand one) : errand(std::move(one)) {}
+    Errand errand;
+    std::thread thread;                        // joinable: it was begun
+    std::optional<Clock::time_point> overdue;  // while it runs
+    bool settled = false;
+    bool ended = false;  // its thread has nothing more to do
+  };
+
+  void beginLocked(FactSet facts);
+  void giveUpLocked(Task& task, const checks::Unknown& why);
+  void perform(Task& task);
+  void settle(Task& task, const Found& found);
+  void settleOverdue();
+  bool isSettled(FactSet facts) const;
+  std::optional<Clock::time_point> nextOverdue() const;
+
+  const std::shared_ptr<const void> used_;
+  Cancellation cancellation_;
+  std::mutex mutex_;  // guards what follows
+  std::condition_variable changed_;
+  Facts facts_;
+  std::list<Task> tasks_;
+};
+
+void Gathering::Work::beginLocked(FactSet facts) {
   if (cancellation_.isCancelled()) return;
   for (Task& task : tasks_) {
     if (task.settled || task.thread.joinable() || !task.errand.gives.meets(facts)) continue;
     try {
-      task.thread = std::thread([this, &task] { perform(task); });
+      task.thread = std::thread([work = shared_from_this(), &task] {
+        work->perform(task);
+        const std::lock_guard lock(work->mutex_);
+        task.ended = true;
+        work->changed_.notify_all();
+      });
     } catch (const std::system_error&) {
       giveUpLocked(task, {checks::Reason::failed,
                           "The system has no threads left: close other programs, and try again."});
@@ -108,13 +151,13 @@ void Gathering::beginLocked(FactSet facts) {
   }
 }
 
-void Gathering::giveUpLocked(Task& task, const checks::Unknown& why) {
+void Gathering::Work::giveUpLocked(Task& task, const checks::Unknown& why) {
   forgetAll(facts_, task.errand.gives, why);
   task.settled = true;
   changed_.notify_all();
 }
 
-void Gathering::perform(Task& task) {
+void Gathering::Work::perform(Task& task) {
   Facts known;
   {
     std::unique_lock lock(mutex_);
@@ -124,19 +167,32 @@ void Gathering::perform(Task& task) {
     known = facts_;
     task.overdue = Clock::now() + task.errand.limit + kGrace;
   }
-  changed_.notify_all();  // those who wait have one more to look after
-  const Found found = task.errand.run(known, {Clock::now() + task.errand.limit, cancellation_});
-  {
-    const std::lock_guard lock(mutex_);
-    task.overdue.reset();
-    if (task.settled || cancellation_.isCancelled()) return;
-    found(facts_);
-    task.settled = true;
+  changed_.notify_all();  // those that wait have one more to look after
+  const auto failed = [&task](const std::string& why) -> Found {
+    const checks::Unknown unknown{
+        checks::Reason::failed,
+        "The " + task.errand.name + " failed (" + why + "): close other programs, and try again."};
+    return [gives = task.errand.gives, unknown](Facts& facts) { forgetAll(facts, gives, unknown); };
+  };
+  try {
+    settle(task, task.errand.run(known, {Clock::now() + task.errand.limit, cancellation_}));
+  } catch (const std::exception& exception) {
+    settle(task, failed(exception.what()));
+  } catch (...) {
+    settle(task, failed("for a reason that is not known"));
   }
+}
+
+void Gathering::Work::settle(Task& task, const Found& found) {
+  const std::lock_guard lock(mutex_);
+  task.overdue.reset();
+  if (task.settled || cancellation_.isCancelled()) return;
+  found(facts_);
+  task.settled = true;
   changed_.notify_all();
 }
 
-std::optional<Facts> Gathering::await(FactSet facts) {
+std::optional<Facts> Gathering::Work::await(FactSet facts) {
   std::unique_lock lock(mutex_);
   beginLocked(facts);
   while (!cancellation_.isCancelled() && !isSettled(facts)) {
@@ -151,21 +207,35 @@ std::optional<Facts> Gathering::await(FactSet facts) {
   return facts_;
 }
 
-void Gathering::cancel() {
-  {
-    const std::lock_guard lock(mutex_);
-    cancellation_.cancel();
-  }
+void Gathering::Work::cancel() {
+  const std::lock_guard lock(mutex_);
+  cancellation_.cancel();
   changed_.notify_all();
 }
 
-bool Gathering::isSettled(FactSet facts) const {
+void Gathering::Work::end() {
+  cancel();
+  std::unique_lock lock(mutex_);
+  const auto isOver = [](const Task& task) { return task.ended || !task.thread.joinable(); };
+  changed_.wait_for(lock, kEndLimit,
+                    [&] { return std::all_of(tasks_.begin(), tasks_.end(), isOver); });
+  std::vector<std::thread> ended;
+  for (Task& task : tasks_) {
+    if (!task.thread.joinable()) continue;
+    const std::lock_guard left(leftThreadsMutex);
+    (task.ended ? ended : leftThreads()).push_back(std::move(task.thread));
+  }
+  lock.unlock();
+  for (std::thread& thread : ended) thread.join();
+}
+
+bool Gathering::Work::isSettled(FactSet facts) const {
   return std::all_of(tasks_.begin(), tasks_.end(), [&](const Task& task) {
     return task.settled || !task.errand.gives.meets(facts);
   });
 }
 
-std::optional<Clock::time_point> Gathering::nextOverdue() const {
+std::optional<Clock::time_point> Gathering::Work::nextOverdue() const {
   std::optional<Clock::time_point> next;
   for (const Task& task : tasks_) {
     if (task.overdue && !task.settled) next = std::min(next.value_or(*task.overdue), *task.overdue);
@@ -173,12 +243,21 @@ std::optional<Clock::time_point> Gathering::nextOverdue() const {
   return next;
 }
 
-void Gathering::settleOverdue() {
+void Gathering::Work::settleOverdue() {
   for (Task& task : tasks_) {
     if (task.settled || !task.overdue || Clock::now() < *task.overdue) continue;
     giveUpLocked(task, {checks::Reason::tookTooLong,
                         "The " + task.errand.name + " took too long: try again in a while."});
   }
 }
+
+Gathering::Gathering(std::vector<Errand> errands, std::shared_ptr<const void> used)
+    : work_(std::make_shared<Work>(std::move(errands), std::move(used))) {}
+
+Gathering::~Gathering() { work_->end(); }
+
+void Gathering::begin(FactSet facts) { work_->begin(facts); }
+std::optional<Facts> Gathering::await(FactSet facts) { return work_->await(facts); }
+void Gathering::cancel() { work_->cancel(); }
 
 }  // namespace wifi_profile::machine

@@ -2,14 +2,10 @@
 #pragma once
 
 #include <chrono>
-#include <condition_variable>
 #include <functional>
-#include <list>
-#include <mutex>
+#include <memory>
 #include <optional>
 #include <string>
-#include <thread>
-#include <utility>
 #include <vector>
 
 #include "checks/Checks.h"
@@ -31,17 +27,22 @@ struct Errand {
   std::function<Found(const checks::Facts& known, const Patience& patience)> run;
 };
 
-// Runs errands when somebody wants what they give. A fact is settled once it was found out or its
-// errand has failed, has taken too long or was called off; it never changes after that. Any thread.
+// Runs errands when what they give is wanted. A fact is settled once it was found out or its
+// errand has failed (by an exception, too), has taken too long or was called off; it never changes
+// after that. Any thread.
 class Gathering {
  public:
   // Every fact is given by one errand at most; those given by none are settled from the start, as
-  // not known. Throws std::system_error when the system has no descriptors left.
-  explicit Gathering(std::vector<Errand> errands);
-  // Calls everything off, and waits for it.
+  // not known. `used` lives for as long as an errand runs. Throws std::system_error when the system
+  // has no descriptors left.
+  explicit Gathering(std::vector<Errand> errands, std::shared_ptr<const void> used = nullptr);
+  // Calls everything off, and waits for it, but no longer than kEndLimit: an errand that goes on
+  // keeps its thread, and what that uses, up to the end of the process.
   ~Gathering();
   Gathering(const Gathering&) = delete;
   Gathering& operator=(const Gathering&) = delete;
+
+  static constexpr std::chrono::milliseconds kEndLimit{500};
 
   // Begins what gives these facts, and what that comes after. Returns at once.
   void begin(checks::FactSet facts);
@@ -50,31 +51,12 @@ class Gathering {
   // called off meanwhile, or before.
   std::optional<checks::Facts> await(checks::FactSet facts);
 
-  // Calls everything off: whoever waits goes on at once.
+  // Calls everything off: those that wait go on at once.
   void cancel();
-  const Cancellation& cancellation() const { return cancellation_; }
 
  private:
-  struct Task {
-    explicit Task(Errand one) : errand(std::move(one)) {}
-    Errand errand;
-    std::thread thread;                        // joinable: it was begun
-    std::optional<Clock::time_point> overdue;  // while it runs
-    bool settled = false;
-  };
-
-  void beginLocked(checks::FactSet facts);
-  void giveUpLocked(Task& task, const checks::Unknown& why);
-  void perform(Task& task);
-  void settleOverdue();
-  bool isSettled(checks::FactSet facts) const;
-  std::optional<Clock::time_point> nextOverdue() const;
-
-  Cancellation cancellation_;
-  mutable std::mutex mutex_;  // guards what follows
-  std::condition_variable changed_;
-  checks::Facts facts_;
-  std::list<Task> tasks_;
+  class Work;
+  std::shared_ptr<Work> work_;
 };
 
 }  // namespace wifi_profile::machine

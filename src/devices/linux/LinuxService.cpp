@@ -137,7 +137,7 @@ std::optional<checks::Facts> LinuxService::awaitFacts(Gathering& running,
 std::shared_ptr<Gathering> LinuxService::gathering(const VqDiagnosticsTestRequest& request) {
   const std::lock_guard lock(mutex_);
   if (!gathering_ && !closed_) {
-    gathering_ = std::make_shared<Gathering>(finder_->errands(oldestScanOf(request)));
+    gathering_ = std::make_shared<Gathering>(finder_->errands(oldestScanOf(request)), finder_);
     gathering_->begin(withoutReach(allFacts()));
   }
   return gathering_;

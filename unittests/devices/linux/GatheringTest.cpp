@@ -1,6 +1,8 @@
 #include <atomic>
 #include <gtest/gtest.h>
+#include <memory>
 #include <pthread.h>
+#include <stdexcept>
 #include <thread>
 
 #include "devices/linux/Gathering.h"
@@ -194,6 +196,53 @@ TEST(Gathering, ItsEndCallsOffWhatIsUnderWay) {
     while (begun == 0) std::this_thread::yield();
   }
   EXPECT_EQ(begun, 1);
+}
+
+TEST(Gathering, ItsEndWaitsForNoErrandThatIsStuck) {
+  const auto go = std::make_shared<std::atomic<bool>>(false);
+  const auto over = std::make_shared<std::atomic<bool>>(false);
+  const auto used = std::make_shared<int>(0);
+  auto gathering = std::make_unique<Gathering>(
+      std::vector{Errand{.name = "page of the site",
+                         .gives = {Fact::sitePage},
+                         .after = {},
+                         .limit = milliseconds(1),
+                         .run =
+                             [go](const Facts&, const Patience&) {
+                               while (!*go) std::this_thread::yield();
+                               return linkTo("late");
+                             }}},
+      std::shared_ptr<const void>(used.get(), [used, over](const void*) { *over = true; }));
+  gathering->await({Fact::sitePage});
+  const auto began = Clock::now();
+  gathering.reset();
+  EXPECT_LT(Clock::now() - began, milliseconds(5'000));
+  EXPECT_FALSE(*over);  // the errand still uses it
+  *go = true;
+  while (!*over) std::this_thread::yield();
+}
+
+TEST(Gathering, AnExceptionIsTheFailureOfItsErrand) {
+  Errand throwing = linkErrand("Home");
+  throwing.run = [](const Facts&, const Patience&) -> Found {
+    throw std::runtime_error("no room");
+  };
+  Errand worse = linkErrand("Home");
+  worse.gives = {Fact::scan};
+  worse.run = [](const Facts&, const Patience&) -> Found { throw 1; };
+  Errand late = linkErrand("Home");
+  late.gives = {Fact::surveys};
+  late.run = [](const Facts&, const Patience&) -> Found {
+    return [](Facts&) { throw std::runtime_error("no room"); };
+  };
+  Gathering gathering({throwing, worse, late});
+  const auto facts = gathering.await({Fact::link, Fact::scan, Fact::surveys});
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->link.why(),
+            (checks::Unknown{Reason::failed,
+                             "The link failed (no room): close other programs, and try again."}));
+  EXPECT_EQ(facts->scan.why().reason, Reason::failed);
+  EXPECT_EQ(facts->surveys.why().reason, Reason::failed);
 }
 
 }  // namespace
