@@ -153,7 +153,9 @@ constexpr std::array kRows{
               "questions for A and AAAA records through the Wi-Fi interface, to the name servers "
               "that NetworkManager has for it; without NetworkManager to those that the system has "
               "configured",
-          .threshold = "one address, after two tries of 2 s for each server, within 8 s in all",
+          .threshold =
+              "one address that a site can have (not 0/8, 127/8, 169.254/16, 224/3, ::, ::1, "
+              "fe80::/10, ff00::/8), after two tries of 2 s for each server, within 8 s in all",
           .why = "DNS: RFC 1035, RFC 3596",
           .unknownWhen = "not joined, or the question could not be sent"},
     Check{.id = DiagnosticsTestID::DetectDoubleNAT,

@@ -90,7 +90,8 @@ struct Transfer {
   const std::string& interface;
   std::size_t bodyLimit;
   Watchdog& watchdog;
-  bool mayStayHere = false;  // a proxy on this machine is not behind the interface
+  const std::vector<Address>& own;  // addresses of this machine
+  bool mayStayHere = false;         // a proxy on this machine is not behind the interface
   bool wentNowhere = false;
   bool opened = false;      // one socket at least
   std::string remedy = {};  // for the one that could not be
@@ -120,7 +121,7 @@ curl_socket_t openBound(void* self, curlsocktype /*purpose*/, curl_sockaddr* to)
   transfer.wentNowhere = isNowhere(address);
   if (transfer.wentNowhere) return CURL_SOCKET_BAD;
   // Whoever answers a name or redirects must not choose this machine's own services.
-  const bool here = !transfer.interface.empty() && staysHere(address);
+  const bool here = !transfer.interface.empty() && staysHere(address, transfer.own);
   if (here && !transfer.mayStayHere) return CURL_SOCKET_BAD;
   Descriptor socket(::socket(to->family, to->socktype | SOCK_CLOEXEC, to->protocol));
   if (!socket || (!here && !bindToInterface(socket.number(), to->family, transfer.interface))) {
@@ -170,8 +171,6 @@ std::string connectProblem(CURL* easy) {
 
 std::string problemOf(CURLcode code, CURL* easy) {
   switch (code) {
-    case CURLE_OK:
-      return {};
     case CURLE_OPERATION_TIMEDOUT:
       return "timed out";
     case CURLE_COULDNT_CONNECT:
@@ -232,9 +231,9 @@ bool environmentNamesProxy() {
 bool mayUseProxy(const HttpRequest& request) { return request.useProxy && environmentNamesProxy(); }
 
 // Numeric, and of this machine.
-bool isHere(const std::string& host) {
+bool isHere(const std::string& host, const std::vector<Address>& own) {
   const auto address = addressOf(host, 0, {});
-  return address && staysHere(*address);
+  return address && staysHere(*address, own);
 }
 
 struct Addresses {
@@ -244,7 +243,7 @@ struct Addresses {
 };
 
 Addresses addressesOf(const UrlParts& url, const HttpRequest& request, const Way& way,
-                      const Patience& patience) {
+                      const std::vector<Address>& own, const Patience& patience) {
   if (addressOf(url.host, 0, way.interface)) return {};
   auto answer = resolve(url.host, way, patience);
   if (!answer) {
@@ -253,7 +252,9 @@ Addresses addressesOf(const UrlParts& url, const HttpRequest& request, const Way
     }
     return {{}, "timed out", {}};
   }
-  if (!way.interface.empty()) std::erase_if(answer->addresses, isHere);
+  if (!way.interface.empty()) {
+    std::erase_if(answer->addresses, [&own](const auto& address) { return isHere(address, own); });
+  }
   std::string entry = url.host + ":" + url.port + ":";
   if (answer->addresses.empty()) {
     return {mayUseProxy(request) ? entry + kNowhere : "",  // a proxy may know it
@@ -343,11 +344,14 @@ HttpAnswer transferred(const HttpRequest& request, const Addresses& addresses, T
   const char* redirect = nullptr;
   curl_easy_getinfo(easy.get(), CURLINFO_REDIRECT_URL, &redirect);
   if (redirect != nullptr) answer.redirect = redirect;
-  if (!answer.cutOff) {
+  answer.complete = code == CURLE_OK || answer.cutOff;
+  if (!answer.complete) {
     answer.problem = problemOf(code, easy.get());
     answer.remedy = remedyFor(code, transfer);
   }
-  if (code == CURLE_COULDNT_CONNECT && transfer.wentNowhere) answer.problem = addresses.problem;
+  if (code == CURLE_COULDNT_CONNECT && transfer.wentNowhere && !addresses.problem.empty()) {
+    answer.problem = addresses.problem;
+  }
   curl_multi_remove_handle(multi.get(), easy.get());
   return answer;
 }
@@ -384,7 +388,9 @@ HttpAnswer exchange(const HttpRequest& request, const Way& way, const Patience& 
   if (!isLibraryReady()) return failure("no memory", kMoreRoom);
   const auto url = partsOf(request.url);
   if (!url) return failure("no address of http or https");
-  const Addresses addresses = addressesOf(*url, request, way, patience);
+  const auto own = ownAddresses();
+  if (!own) return failure("no descriptor", kMoreRoom);
+  const Addresses addresses = addressesOf(*url, request, way, *own, patience);
   if (addresses.entry.empty() && !addresses.problem.empty())
     return failure(addresses.problem, addresses.remedy);
   try {
@@ -392,7 +398,8 @@ HttpAnswer exchange(const HttpRequest& request, const Way& way, const Patience& 
     Transfer transfer{.interface = way.interface,
                       .bodyLimit = request.bodyLimit,
                       .watchdog = watchdog,
-                      .mayStayHere = mayUseProxy(request) && !isHere(url->host)};
+                      .own = *own,
+                      .mayStayHere = mayUseProxy(request) && !isHere(url->host, *own)};
     return transferred(request, addresses, transfer, patience);
   } catch (const std::system_error&) {
     return failure("no thread or descriptor", kMoreRoom);

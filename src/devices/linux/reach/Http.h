@@ -22,12 +22,12 @@ struct HttpRequest {
 };
 
 struct HttpAnswer {
-  long status = 0;       // 0: none came
-  std::string body;      // no longer than the limit
-  bool cutOff = false;   // at the limit
-  std::string redirect;  // where to, absolute; empty: nowhere
-  // In a few words; empty: the whole answer is there (or cut off), or it is connected.
-  std::string problem;
+  bool complete = false;  // the whole answer is there (or cut off), or it is connected
+  long status = 0;        // 0: none came
+  std::string body;       // no longer than the limit
+  bool cutOff = false;    // at the limit
+  std::string redirect;   // where to, absolute; empty: nowhere
+  std::string problem;    // in a few words, when it is not complete
   // What would help, when the problem is this machine's own and says nothing of the other side.
   std::string remedy;
 };

@@ -94,11 +94,11 @@ void take(void* argument, int status, int /*timeouts*/, ares_addrinfo* found) {
   ares_freeaddrinfo(found);
 }
 
-bool isHere(const ares_addr_port_node& server) {
+bool isHere(const ares_addr_port_node& server, const std::vector<Address>& own) {
   std::array<char, INET6_ADDRSTRLEN> text{};
   inet_ntop(server.family, &server.addr, text.data(), text.size());
   const auto address = addressOf(text.data(), 0, {});
-  return address && staysHere(*address);
+  return address && staysHere(*address, own);
 }
 
 std::vector<ares_addr_port_node> serversOf(ares_channel channel) {
@@ -156,8 +156,10 @@ class Resolver {
     auto servers = serversOf(channel_);
     // A resolver on this machine cannot be asked through an interface, and asks the link's servers
     // by itself: it is left out where there are others.
-    if (!way.interface.empty() && !std::ranges::all_of(servers, isHere)) {
-      std::erase_if(servers, isHere);
+    const auto own = ownAddresses().value_or(std::vector<Address>{});
+    const auto here = [&own](const auto& server) { return isHere(server, own); };
+    if (!way.interface.empty() && !std::ranges::all_of(servers, here)) {
+      std::erase_if(servers, here);
       ares_set_local_dev(channel_, way.interface.c_str());
     }
     setServers(channel_, servers);
@@ -259,8 +261,18 @@ checks::Known<NameAnswer> resolve(const std::string& name, const Way& way,
   resolver.ask(name, ours);
   if (patience.cancellation.isCancelled()) return calledOff();
   answer.addresses = resolver.addresses();
+  const std::string first = answer.addresses.empty() ? "" : answer.addresses.front();
+  if (!way.interface.empty()) {
+    std::erase_if(answer.addresses, [](const std::string& text) {
+      const auto address = addressOf(text, 0, {});
+      return !address || isOfNoSite(*address);
+    });
+  }
   answer.resolution.resolved = !answer.addresses.empty();
-  if (!answer.resolution.resolved) answer.resolution.problem = resolver.problem();
+  if (!answer.resolution.resolved) {
+    answer.resolution.problem =
+        first.empty() ? resolver.problem() : "blocked: no site has the address " + first;
+  }
   return answer;
 }
 

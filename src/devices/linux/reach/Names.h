@@ -29,7 +29,9 @@ struct NameAnswer {
 // all of them for 8 s. Ends 300 ms after one of the two brought addresses. No file of
 // hosts, search list or alias is looked at. An address stands for itself. Problems: "no such name",
 // "no address of this name", "timed out", "refused", "server failed", "malformed answer", "no name
-// server", "malformed name". Unknown: failed, when the resolver cannot be set up.
+// server", "malformed name"; where an interface is named, "blocked: ..." for addresses that no site
+// can have (loopback, none, link-local, a group, broadcast), which are left out. Unknown: failed,
+// when the resolver cannot be set up.
 checks::Known<NameAnswer> resolve(const std::string& name, const Way& way,
                                   const Patience& patience);
 

@@ -30,7 +30,7 @@ std::optional<PortalProbe> askApi(const std::string& url, const Way& way,
                                       .headers = {"Accept: application/captive+json"},
                                       .post = {}},
                                      way, patience);
-  if (!answer.problem.empty() || answer.cutOff || answer.status != 200) return {};
+  if (!answer.complete || answer.cutOff || answer.status != 200) return {};
   const auto captive = isCaptive(answer.body);
   if (!captive) return {};
   if (*captive) return PortalProbe{Answer::portal, "the network's own answer: captive"};
@@ -44,7 +44,7 @@ PortalProbe judge(const HttpAnswer& answer, const std::string& expectedText) {
   }
   if (answer.status == 511) return {Answer::portal, status};
   if (answer.status == 204) return {Answer::open, status};
-  const bool whole = answer.problem.empty();
+  const bool whole = answer.complete;
   if (answer.status == 200) {
     if (!expectedText.empty() && answer.body.find(expectedText) != std::string::npos) {
       return {Answer::open, status};

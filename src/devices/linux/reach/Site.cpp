@@ -14,7 +14,7 @@ checks::Known<checks::SitePage> judge(const HttpAnswer& answer, const std::strin
     return checks::SitePage{false, std::move(problem)};
   };
   if (!answer.remedy.empty()) return notAsked(answer);
-  if (!answer.problem.empty()) return isNot(answer.problem);
+  if (!answer.complete) return isNot(answer.problem);
   if (answer.status != 200) return isNot("status " + std::to_string(answer.status));
   if (answer.body.find(expectedText) != std::string::npos) return checks::SitePage{true, {}};
   if (!answer.cutOff) return isNot("another page");
@@ -32,7 +32,7 @@ checks::Known<checks::SiteReach> reachSite(const std::string& url, const Way& wa
                                      way, patience.atMost(kReachTime));
   if (patience.cancellation.isCancelled()) return calledOff();
   if (!answer.remedy.empty()) return notAsked(answer);
-  return checks::SiteReach{answer.problem.empty(), answer.problem};
+  return checks::SiteReach{answer.complete, answer.problem};
 }
 
 checks::Known<checks::SitePage> retrievePage(const std::string& url,

@@ -1,6 +1,7 @@
 #include "devices/linux/reach/Sockets.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <ifaddrs.h>
@@ -29,6 +30,37 @@ bool bindToAddress(int socket, int family, const std::string& interface) {
   return result == 0;
 }
 
+using Bytes = std::array<std::uint8_t, 16>;
+
+// As in IPv6, where an address of IPv4 is a mapped one. Without port and zone.
+std::optional<Bytes> bytesOf(const Address& address) {
+  Bytes bytes{};
+  if (address.family() == AF_INET) {
+    bytes[10] = bytes[11] = 0xff;
+    std::memcpy(&bytes[12], &reinterpret_cast<const sockaddr_in*>(address.get())->sin_addr, 4);
+  } else if (address.family() == AF_INET6) {
+    std::memcpy(bytes.data(), &reinterpret_cast<const sockaddr_in6*>(address.get())->sin6_addr,
+                bytes.size());
+  } else {
+    return {};
+  }
+  return bytes;
+}
+
+std::optional<std::uint32_t> ipv4In(const Bytes& bytes) {
+  constexpr std::array<std::uint8_t, 12> kMapped{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff};
+  if (!std::equal(kMapped.begin(), kMapped.end(), bytes.begin())) return {};
+  std::uint32_t number = 0;
+  for (std::size_t i = kMapped.size(); i < bytes.size(); ++i) number = number << 8U | bytes.at(i);
+  return number;
+}
+
+bool isLoopbackOrNone(const Bytes& bytes) {
+  if (const auto ofIPv4 = ipv4In(bytes)) return *ofIPv4 >> 24U == 127 || *ofIPv4 >> 24U == 0;
+  return std::all_of(bytes.begin(), bytes.end() - 1, [](std::uint8_t byte) { return byte == 0; }) &&
+         bytes.back() <= 1;
+}
+
 }  // namespace
 
 std::optional<Address> addressOf(const std::string& text, std::uint16_t port,
@@ -51,22 +83,38 @@ std::optional<Address> addressOf(const std::string& text, std::uint16_t port,
   return address;
 }
 
-bool staysHere(const Address& address) {
-  const auto isHere = [](const in_addr& ofIPv4) {
-    const std::uint32_t first = ntohl(ofIPv4.s_addr) >> 24U;
-    return first == 127 || first == 0;
-  };
-  if (address.family() == AF_INET) {
-    return isHere(reinterpret_cast<const sockaddr_in*>(address.get())->sin_addr);
+std::optional<std::vector<Address>> ownAddresses() {
+  ifaddrs* first = nullptr;
+  if (getifaddrs(&first) != 0) return {};
+  std::vector<Address> all;
+  for (const ifaddrs* entry = first; entry != nullptr; entry = entry->ifa_next) {
+    if (entry->ifa_addr == nullptr) continue;
+    const int family = entry->ifa_addr->sa_family;
+    if (family != AF_INET && family != AF_INET6) continue;
+    Address address;
+    address.size = family == AF_INET ? sizeof(sockaddr_in) : sizeof(sockaddr_in6);
+    std::memcpy(&address.storage, entry->ifa_addr, address.size);
+    all.push_back(address);
   }
-  if (address.family() != AF_INET6) return false;
-  const in6_addr& ofIPv6 = reinterpret_cast<const sockaddr_in6*>(address.get())->sin6_addr;
-  if (IN6_IS_ADDR_V4MAPPED(&ofIPv6)) {
-    in_addr mapped{};
-    std::memcpy(&mapped, &ofIPv6.s6_addr[12], sizeof(mapped));
-    return isHere(mapped);
+  freeifaddrs(first);
+  return all;
+}
+
+bool staysHere(const Address& address, const std::vector<Address>& own) {
+  const auto bytes = bytesOf(address);
+  if (!bytes) return false;
+  if (isLoopbackOrNone(*bytes)) return true;
+  return std::ranges::any_of(own, [&](const Address& one) { return bytesOf(one) == bytes; });
+}
+
+bool isOfNoSite(const Address& address) {
+  const auto bytes = bytesOf(address);
+  if (!bytes || isLoopbackOrNone(*bytes)) return true;
+  if (const auto ofIPv4 = ipv4In(*bytes)) {
+    return *ofIPv4 >> 16U == 0xa9fe || *ofIPv4 >> 28U >= 14;  // 169.254/16, 224/3
   }
-  return IN6_IS_ADDR_LOOPBACK(&ofIPv6) || IN6_IS_ADDR_UNSPECIFIED(&ofIPv6);
+  const auto first = static_cast<unsigned>((*bytes)[0] << 8U | (*bytes)[1]);
+  return (first & 0xffc0U) == 0xfe80 || first >> 8U == 0xff;
 }
 
 bool bindToInterface(int socket, int family, const std::string& interface) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <sys/socket.h>
+#include <vector>
 
 #include "checks/Known.h"
 #include "devices/linux/Descriptor.h"
@@ -27,9 +28,17 @@ struct Address {
 std::optional<Address> addressOf(const std::string& text, std::uint16_t port,
                                  const std::string& interface);
 
-// Whether what is sent there stays on this machine: loopback, and the address of none, which the
-// kernel takes for it.
-bool staysHere(const Address& address);
+// The addresses that all interfaces of this machine have now. Empty when the system has no
+// descriptors or memory left.
+std::optional<std::vector<Address>> ownAddresses();
+
+// Whether what is sent there stays on this machine: its own addresses, loopback, and the address of
+// none, which the kernel takes for it.
+bool staysHere(const Address& address, const std::vector<Address>& own);
+
+// Whether no site can have this address: loopback, none, link-local, a group or broadcast. Name
+// servers that block a name answer with these.
+bool isOfNoSite(const Address& address);
 
 // Everything that the socket sends goes out through the interface (empty: any), and nothing else
 // comes in where the kernel lets this user say so. False with errno when there is no such

@@ -120,7 +120,7 @@ std::optional<std::string> askService(const IGDdatas_service& service, const std
                             "SOAPAction: \"" + type + "#GetExternalIPAddress\""},
                 .post = envelope},
                way, patience);
-  if (!answer.problem.empty() || answer.status != 200) return {};
+  if (!answer.complete || answer.status != 200) return {};
   return addressIn(answer.body);
 }
 
@@ -133,7 +133,7 @@ std::optional<std::string> askUpnp(const std::string& gateway, const std::string
   const Patience ours = patience.atMost(kHttpTime);
   const Way way{interface, {}};
   const HttpAnswer answer = exchange({.url = location, .headers = {}, .post = {}}, way, ours);
-  if (!answer.problem.empty() || answer.status != 200 || answer.cutOff) return {};
+  if (!answer.complete || answer.status != 200 || answer.cutOff) return {};
   IGDdatas description{};
   parserootdesc(answer.body.data(), static_cast<int>(answer.body.size()), &description);
   const std::string base = textOf(description.urlbase);

@@ -213,8 +213,65 @@ TEST(Names, ThatStandForThisMachineAreNotVisitedThroughAnInterface) {
   const auto site = reachSite("http://site.test:" + std::to_string(own.port()) + "/",
                               {"lo", wayTo(server).nameServers}, patient(never));
   ASSERT_TRUE(site);
-  EXPECT_EQ(site->problem, "the name stands for this machine");
+  EXPECT_EQ(site->problem, "name: blocked: no site has the address 127.0.0.1");
   EXPECT_EQ(own.connections(), 0);
+}
+
+// A server that gives every name one address of IPv4.
+UdpServer::Answer giving(int a, int b, int c, int d) {
+  return [=](const std::string& question) {
+    const bool asked = typeOf(question) == kA;
+    return std::vector<std::string>{
+        answer(question, 0, asked ? record(kA, bytes({a, b, c, d})) : "")};
+  };
+}
+
+TEST(Names, AreNotResolvedByAnAddressThatNoSiteCanHave) {
+  const Cancellation never;
+  const auto resolved = [&](const UdpServer::Answer& with) {
+    const UdpServer server(with);
+    const auto answer = resolve("site.test", {"lo", wayTo(server).nameServers}, patient(never));
+    EXPECT_TRUE(answer);
+    EXPECT_EQ(answer->resolution.resolved, !answer->addresses.empty());
+    EXPECT_EQ(answer->resolution.resolved, answer->resolution.problem.empty());
+    return answer->resolution.resolved;
+  };
+  EXPECT_FALSE(resolved(giving(0, 0, 0, 0)));
+  EXPECT_FALSE(resolved(giving(0, 1, 2, 3)));
+  EXPECT_FALSE(resolved(giving(127, 0, 0, 1)));
+  EXPECT_FALSE(resolved(giving(169, 254, 0, 1)));
+  EXPECT_FALSE(resolved(giving(239, 255, 255, 250)));
+  EXPECT_FALSE(resolved(giving(255, 255, 255, 255)));
+  EXPECT_TRUE(resolved(giving(192, 168, 0, 1)));
+  EXPECT_TRUE(resolved(giving(203, 0, 113, 7)));
+  const auto ofIPv6 = [](int first, int second, int last) {
+    return [=](const std::string& question) {
+      const std::string data = bytes({first, second}) + std::string(13, '\0') + bytes({last});
+      const bool asked = typeOf(question) == kAaaa;
+      return std::vector<std::string>{answer(question, 0, asked ? record(kAaaa, data) : "")};
+    };
+  };
+  EXPECT_FALSE(resolved(ofIPv6(0, 0, 0)));
+  EXPECT_FALSE(resolved(ofIPv6(0, 0, 1)));
+  EXPECT_FALSE(resolved(ofIPv6(0xfe, 0x80, 1)));
+  EXPECT_FALSE(resolved(ofIPv6(0xff, 0x02, 1)));
+  EXPECT_TRUE(resolved(ofIPv6(0x20, 0x01, 1)));
+}
+
+TEST(Names, OfTheBroadcastAddressMakeNoSiteReached) {
+  const Cancellation never;
+  const UdpServer server(giving(255, 255, 255, 255));
+  for (const std::string interface : {"", "lo"}) {
+    const Way way{interface, wayTo(server).nameServers};
+    const auto site = reachSite("https://site.test/", way, patient(never));
+    ASSERT_TRUE(site);
+    EXPECT_FALSE(site->reached);
+    EXPECT_NE(site->problem, "");
+    const auto page = retrievePage("http://site.test/", "", way, patient(never));
+    ASSERT_TRUE(page);
+    EXPECT_FALSE(page->retrieved);
+    EXPECT_NE(page->problem, "");
+  }
 }
 
 TEST(Names, WithADeadAddressLeaveTimeForTheNext) {

@@ -1,18 +1,13 @@
 #include <array>
-#include <cstring>
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <net/if.h>
 #include <netinet/ip_icmp.h>
 #include <poll.h>
 #include <sched.h>
-#include <sys/ioctl.h>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 
 #include "devices/linux/reach/Echoes.h"
 #include "devices/linux/reach/LocalServers.h"
+#include "devices/linux/reach/OwnNetwork.h"
 #include "devices/linux/reach/Ping.h"
 
 namespace wifi_profile::machine {
@@ -22,39 +17,8 @@ using namespace std::chrono_literals;
 
 const PingPlan kQuick{.count = 3, .interval = 1ms, .time = 30s, .ports = {}};
 
-bool write(const char* path, const std::string& text) {
-  const Descriptor file(open(path, O_WRONLY | O_CLOEXEC));
-  return ::write(file.number(), text.data(), text.size()) == static_cast<ssize_t>(text.size());
-}
-
-// A user and network of one's own, in which the loopback interface is the only one.
-bool enterOwnNetwork() {
-  const uid_t user = getuid();
-  const gid_t group = getgid();
-  if (unshare(CLONE_NEWUSER | CLONE_NEWNET) != 0) return false;
-  write("/proc/self/setgroups", "deny");
-  if (!write("/proc/self/uid_map", "0 " + std::to_string(user) + " 1")) return false;
-  if (!write("/proc/self/gid_map", "0 " + std::to_string(group) + " 1")) return false;
-  ifreq request{};
-  std::strcpy(request.ifr_name, "lo");
-  request.ifr_flags = IFF_UP;
-  const Descriptor socket(::socket(AF_INET, SOCK_DGRAM, 0));
-  return ioctl(socket.number(), SIOCSIFFLAGS, &request) == 0;
-}
-
-constexpr int kNotPossible = 77;
-
-// Runs `test` in a process with a network of its own. Its status: 0 when `test` was true.
-int inOwnNetwork(const std::function<bool()>& test) {
-  const pid_t child = fork();
-  if (child == 0) _exit(!enterOwnNetwork() ? kNotPossible : test() ? 0 : 1);
-  int status = 0;
-  waitpid(child, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
 // A new network allows the kernel's own echoes to nobody.
-bool allowEchoes() { return write("/proc/sys/net/ipv4/ping_group_range", "0 0"); }
+bool allowEchoes() { return writeFile("/proc/sys/net/ipv4/ping_group_range", "0 0"); }
 
 // All three answered, by echoes.
 bool answered(const checks::Known<checks::Pings>& pings) {
@@ -114,7 +78,7 @@ TEST(Ping, TakesEachOfItsOwnAnswersOnceAndNobodyElses) {
     const Cancellation never;
     // The kernel answers nothing; a stranger does: garbage, another's token, and each answer
     // thrice.
-    if (!allowEchoes() || !write("/proc/sys/net/ipv4/icmp_echo_ignore_all", "1")) return false;
+    if (!allowEchoes() || !writeFile("/proc/sys/net/ipv4/icmp_echo_ignore_all", "1")) return false;
     const Descriptor air(socket(AF_INET, SOCK_RAW, IPPROTO_ICMP));
     std::atomic<bool> over = false;
     std::thread stranger([&] {

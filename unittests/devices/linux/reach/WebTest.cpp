@@ -3,6 +3,7 @@
 
 #include "devices/linux/reach/Http.h"
 #include "devices/linux/reach/HttpServers.h"
+#include "devices/linux/reach/OwnNetwork.h"
 #include "devices/linux/reach/Web.h"
 
 namespace wifi_profile::machine {
@@ -254,6 +255,28 @@ TEST(Web, SendsNothingToThisMachineWhereAnInterfaceIsNamed) {
     probePortal({"http://" + host + port, "", ""}, {"lo", {}}, patient(never));
   }
   EXPECT_EQ(own.connections(), 0);
+}
+
+TEST(Web, SendsNothingToAnyAddressOfThisMachine) {
+  const int status = inOwnNetwork([] {
+    const Cancellation never;
+    const std::string ofIPv4 = "203.0.113.80", ofIPv6 = "2001:db8::80", linkLocal = "fe80::80";
+    if (!addAddress(ofIPv4) || !addAddress(ofIPv6) || !addAddress(linkLocal)) return false;
+    const TcpServer own(answering(page("200 OK", "online")), "::");
+    const std::string port = ":" + std::to_string(own.port()) + "/";
+    for (const std::string& host : {ofIPv4, "[::ffff:" + ofIPv4 + "]", "[" + ofIPv6 + "]",
+                                    "[" + linkLocal + "]", "[" + linkLocal + "%25lo]"}) {
+      const std::string url = "http://" + host + port;
+      const Way way{"lo", {}};
+      const auto page = retrievePage(url, "online", way, patient(never));
+      const auto site = reachSite(url, way, patient(never));
+      if (!page || page->retrieved || !site || site->reached) return false;
+      probePortal({url, "", ""}, way, patient(never));
+    }
+    return own.connections() == 0;
+  });
+  if (status == kNotPossible) GTEST_SKIP() << "no user namespaces here";
+  EXPECT_EQ(status, 0);
 }
 
 }  // namespace
