@@ -128,7 +128,8 @@ class Maker {
             .sent = number(),
             .answers = list<std::chrono::duration<double>>(
                 4, [&] { return std::chrono::duration<double>(real()); }),
-            .started = Date{real()}};
+            .started = Date{real()},
+            .isNeighbour = oneIn(2)};
   }
   AddressSettings addressSettings() {
     return {.method = static_cast<AddressMethod>(below(5)),

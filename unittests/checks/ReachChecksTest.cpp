@@ -38,6 +38,13 @@ TEST_F(ReachChecks, FailWithoutAnAnswer) {
   EXPECT_THAT(ask(Id::PingWAN), says(false));
 }
 
+TEST_F(ReachChecks, PassWithoutTimesWhereTheRouterAnswersOnTheLinkOnly) {
+  facts.lanPings =
+      Pings{.target = "192.0.2.1", .sent = 3, .answers = {}, .started = {}, .isNeighbour = true};
+  EXPECT_THAT(ask(Id::PingLAN), says(true));
+  EXPECT_EQ(std::get<DiagnosticsTestResult>(ask(Id::PingLAN)).info, nullptr);
+}
+
 TEST_F(ReachChecks, KnowNothingWhereNothingWasSent) {
   for (const int sent : {0, -1}) {
     facts.wanPings = Pings{.target = "", .sent = sent, .answers = {Seconds(1)}, .started = {}};

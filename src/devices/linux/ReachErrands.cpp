@@ -20,6 +20,7 @@ using std::chrono::milliseconds;
 // Longest times; none is longer than 13 s, so that the last ends within 15 s of the scan.
 constexpr milliseconds kNameLimit{8'500};
 constexpr milliseconds kPingLimit{4'500};
+constexpr milliseconds kRouterLimit{7'000};
 constexpr milliseconds kOutsideLimit{4'000};
 constexpr milliseconds kPortalLimit{10'500};
 constexpr milliseconds kReachLimit{5'500};
@@ -100,16 +101,16 @@ Known<checks::Pings> pingRouter(const Facts& known, const Way& way, const Patien
   const auto& addresses = *known.addresses;
   const auto& router = addresses.ipv4Gateway ? addresses.ipv4Gateway : addresses.ipv6Gateway;
   if (!router) return noRouter();
-  return ping(*router, way.interface, {}, patience);
+  PingPlan plan;
+  plan.isOnLink = true;
+  return ping(*router, way.interface, plan, patience);
 }
 
 Known<checks::Pings> pingInternet(const Facts& known, const std::string& host, const Way& way,
                                   const Patience& patience) {
   const auto address = addressInTheInternet(host, *known.addresses, way, patience);
   if (!address) return address.why();
-  PingPlan plan;
-  plan.ports = kSitePorts;
-  return ping(*address, way.interface, plan, patience);
+  return ping(*address, way.interface, {}, patience);
 }
 
 }  // namespace
@@ -118,7 +119,7 @@ void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
                      const Targets& targets) {
   add<checks::Pings>(
       errands, interface,
-      {"ping of the router", Fact::lanPings, &Facts::lanPings, kPingLimit, pingRouter});
+      {"ping of the router", Fact::lanPings, &Facts::lanPings, kRouterLimit, pingRouter});
   add<checks::Pings>(
       errands, interface,
       {"ping of the Internet", Fact::wanPings, &Facts::wanPings, kNameLimit + kPingLimit,

@@ -23,6 +23,7 @@ checks::Pings readPings(const ValueReader& value) {
       }
     });
     fields.require("started", [&](const ValueReader& field) { pings.started = field.date(); });
+    takeFlag(fields, "isNeighbour", pings.isNeighbour);
   });
   return pings;
 }

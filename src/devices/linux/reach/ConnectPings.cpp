@@ -9,14 +9,13 @@
 namespace wifi_profile::machine {
 namespace {
 
-// The kernel repeats a connection's first packet after one second. What is not there sooner is
-// lost.
-constexpr std::chrono::milliseconds kBeforeRepeat{950};
+// The kernel repeats a connection's first packet after one second.
+constexpr std::chrono::milliseconds kRepeat{1000};
 
 struct Attempt {
   Descriptor socket;
+  std::size_t round;
   std::uint16_t port;
-  bool done = false;
 };
 
 // Whether the other side answered, with a connection or a refusal. Nothing: not yet.
@@ -31,96 +30,112 @@ int errorOf(int socket) {
   return getsockopt(socket, SOL_SOCKET, SO_ERROR, &error, &size) == 0 ? error : errno;
 }
 
+// Rounds of connections, each to all ports until one gave an answer, which is then the only one.
+// All of them go on until the end.
 class Connections {
  public:
-  Connections(const std::string& target, const std::string& interface)
-      : target_(target), interface_(interface) {}
+  Connections(const std::string& target, const std::string& interface, const PingPlan& plan)
+      : target_(target), interface_(interface), plan_(plan), ports_(plan.ports) {}
 
-  // One round: connects to all ports until one answers, which is then the only one. False when
-  // there is no socket for it.
-  bool run(std::vector<std::uint16_t>& ports, std::optional<RoundTrip>& roundTrip,
-           const Patience& patience) {
-    const Clock::time_point started = Clock::now();
-    attempts_.clear();
-    for (const std::uint16_t port : ports) {
-      const auto answered = start(port);
-      if (!answered) return false;
-      if (*answered) return take(port, started, ports, roundTrip);
-    }
-    while (Attempt* attempt = waitForOne(patience)) {
-      if (outcome(errorOf(attempt->socket.number())).value_or(false)) {
-        return take(attempt->port, started, ports, roundTrip);
+  // Empty when there is no socket for one of them; errno says why.
+  std::optional<RoundTrips> run(const Patience& patience) {
+    const Clock::time_point began = Clock::now();
+    while (!patience.isOver()) {
+      const auto next = began + plan_.interval * static_cast<int>(started_.size());
+      const bool all = static_cast<int>(started_.size()) >= plan_.count;
+      if (all && attempts_.empty()) break;
+      if (!all && Clock::now() >= next) {
+        if (!startRound()) return {};
+        continue;
       }
-      attempt->done = true;
+      watch({all ? patience.deadline : std::min(next, patience.deadline), patience.cancellation});
     }
-    return true;
+    leaveOutRepeated();
+    return roundTrips_;
   }
 
  private:
-  static bool take(std::uint16_t port, Clock::time_point started, std::vector<std::uint16_t>& ports,
-                   std::optional<RoundTrip>& roundTrip) {
-    roundTrip = Clock::now() - started;
-    ports = {port};
+  bool startRound() {
+    const std::size_t round = started_.size();
+    started_.push_back(Clock::now());
+    roundTrips_.emplace_back();
+    for (const std::uint16_t port : std::vector(ports_)) {
+      if (!start(round, port)) return false;
+      if (roundTrips_[round]) break;
+    }
     return true;
   }
 
-  // Nothing: no socket. True: answered at once, as this machine's own addresses do.
-  std::optional<bool> start(std::uint16_t port) {
+  bool start(std::size_t round, std::uint16_t port) {
     const auto address = addressOf(target_, port, interface_);
-    if (!address) return {};
+    if (!address) return false;
     Descriptor socket = openSocket(address->family(), SOCK_STREAM, IPPROTO_TCP, interface_);
-    if (!socket) return {};
+    if (!socket) return false;
     // Ends with a reset: nothing is left to close slowly on either side.
     const linger atOnce{1, 0};
     setsockopt(socket.number(), SOL_SOCKET, SO_LINGER, &atOnce, sizeof(atOnce));
     const int result = connect(socket.number(), address->get(), address->size);
     const auto answered = outcome(result == 0 ? 0 : errno);
-    if (answered) return *answered;
-    attempts_.push_back({std::move(socket), port});
-    return false;
+    if (!answered) {
+      attempts_.push_back({std::move(socket), round, port});
+    } else if (*answered) {  // at once, as this machine's own addresses do
+      take(round, port);
+    }
+    return true;
   }
 
-  Attempt* waitForOne(const Patience& patience) {
+  void take(std::size_t round, std::uint16_t port) {
+    roundTrips_[round] = Clock::now() - started_[round];
+    ports_ = {port};
+    std::erase_if(attempts_, [round](const Attempt& attempt) { return attempt.round == round; });
+  }
+
+  void watch(const Patience& patience) {
     std::vector<pollfd> watched{{patience.cancellation.descriptor(), POLLIN, 0}};
-    std::vector<Attempt*> waiting;
-    for (Attempt& attempt : attempts_) {
-      if (attempt.done) continue;
+    for (const Attempt& attempt : attempts_) {
       watched.push_back({attempt.socket.number(), POLLOUT, 0});
-      waiting.push_back(&attempt);
     }
-    while (!waiting.empty() && !patience.isOver()) {
-      if (poll(watched.data(), watched.size(), static_cast<int>(patience.left().count())) <= 0) {
-        continue;
-      }
-      for (std::size_t i = 0; i < waiting.size(); ++i) {
-        if (watched[i + 1].revents != 0) return waiting[i];
+    if (poll(watched.data(), watched.size(), static_cast<int>(patience.left().count())) <= 0) {
+      return;
+    }
+    for (const pollfd& one : watched) {
+      // It may be gone already, with its round.
+      const auto attempt = std::ranges::find_if(
+          attempts_, [&](const Attempt& other) { return other.socket.number() == one.fd; });
+      if (one.revents == 0 || attempt == attempts_.end()) continue;
+      const auto answered = outcome(errorOf(one.fd));
+      if (answered.value_or(false)) {
+        take(attempt->round, attempt->port);
+      } else {
+        attempts_.erase(attempt);
       }
     }
-    return nullptr;
+  }
+
+  // Where some answered before their packet was repeated, one that answered after that answered the
+  // repetition: the packet itself was lost.
+  void leaveOutRepeated() {
+    const auto early = [](const auto& one) { return one && *one < kRepeat; };
+    if (std::ranges::none_of(roundTrips_, early)) return;
+    for (auto& one : roundTrips_) {
+      if (!early(one)) one.reset();
+    }
   }
 
   const std::string& target_;
   const std::string& interface_;
-  std::vector<Attempt> attempts_;
+  const PingPlan& plan_;
+  std::vector<std::uint16_t> ports_;
+  std::vector<Clock::time_point> started_;  // the rounds
+  RoundTrips roundTrips_;
+  std::vector<Attempt> attempts_;  // those without an outcome
 };
 
 }  // namespace
 
 std::optional<RoundTrips> pingByConnecting(const std::string& target, const std::string& interface,
                                            const PingPlan& plan, const Patience& patience) {
-  RoundTrips roundTrips;
-  std::vector<std::uint16_t> ports = plan.ports;
-  const Clock::time_point started = Clock::now();
-  for (int i = 0; i < plan.count; ++i) {
-    const Patience pause{std::min(started + plan.interval * i, patience.deadline),
-                         patience.cancellation};
-    waitFor(-1, 0, pause);
-    if (patience.isOver()) break;
-    std::optional<RoundTrip>& roundTrip = roundTrips.emplace_back();
-    const Patience round = patience.atMost(std::min(kBeforeRepeat, plan.interval));
-    if (!Connections(target, interface).run(ports, roundTrip, round)) return {};
-  }
-  return roundTrips;
+  return Connections(target, interface, plan).run(patience);
 }
 
 }  // namespace wifi_profile::machine

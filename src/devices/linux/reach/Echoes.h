@@ -33,7 +33,8 @@ class EchoSocket {
 RoundTrips echo(const EchoSocket& socket, const Address& target, const PingPlan& plan,
                 const Patience& patience);
 
-// Connections instead of echoes. Nothing when no socket could be bound to the interface.
+// Connections instead of echoes. Empty when no socket could be bound to the interface; errno says
+// why.
 std::optional<RoundTrips> pingByConnecting(const std::string& target, const std::string& interface,
                                            const PingPlan& plan, const Patience& patience);
 

@@ -1,11 +1,20 @@
 #include "devices/linux/reach/Ping.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <future>
+#include <net/if.h>
+#include <poll.h>
+#include <system_error>
 
+#include "devices/linux/netlink/Neighbours.h"
 #include "devices/linux/reach/Echoes.h"
 
 namespace wifi_profile::machine {
 namespace {
+
+// So long connections wait for echoes.
+constexpr std::chrono::milliseconds kEchoesAlone{1000};
 
 constexpr double kReferenceDate = 978307200;  // 2001-01-01, in seconds of the system's clock
 
@@ -15,8 +24,46 @@ Date now() {
   return {sinceEpoch.count() - kReferenceDate};
 }
 
-checks::Unknown failed(std::string sentence) {
-  return {checks::Reason::failed, std::move(sentence)};
+// What came of both ways.
+struct Both {
+  std::optional<RoundTrips> echoes;       // empty: the user may send none
+  std::optional<RoundTrips> connections;  // empty: none was needed, or there was no socket
+  int error = 0;                          // errno's, for a socket that there was not
+};
+
+bool anyAnswered(const std::optional<RoundTrips>& roundTrips) {
+  return roundTrips &&
+         std::ranges::any_of(*roundTrips, [](const auto& roundTrip) { return bool(roundTrip); });
+}
+
+// The echoes, and after a while connections beside them. It ends with all answers of one way.
+Both pingBothWays(const std::string& target, const Address& address, const std::string& interface,
+                  const PingPlan& plan, const Patience& patience) {
+  Both both;
+  const EchoSocket socket(address.family(), interface);
+  const bool mayEcho = bool(socket);
+  if (!mayEcho && errno != EACCES && errno != EPERM) {
+    both.error = errno;
+    return both;
+  }
+  Cancellation enough;
+  const Patience ours{patience.deadline, enough};
+  auto connecting = std::async(std::launch::async, [&] {
+    if (mayEcho && waitFor(-1, 0, ours.atMost(kEchoesAlone)) == Waited::cancelled) return;
+    both.connections = pingByConnecting(target, interface, plan, ours);
+    if (!both.connections) both.error = errno;
+    if (!mayEcho || anyAnswered(both.connections)) enough.cancel();
+  });
+  auto echoing = std::async(std::launch::async, [&] {
+    if (!mayEcho) return;
+    both.echoes = echo(socket, address, plan, ours);
+    if (!ours.isOver()) enough.cancel();
+  });
+  waitFor(enough.descriptor(), POLLIN, patience);
+  enough.cancel();
+  connecting.get();
+  echoing.get();
+  return both;
 }
 
 }  // namespace
@@ -24,32 +71,36 @@ checks::Unknown failed(std::string sentence) {
 checks::Known<checks::Pings> ping(const std::string& target, const std::string& interface,
                                   const PingPlan& plan, const Patience& patience) {
   const auto address = addressOf(target, 0, interface);
-  if (!address)
-    return failed('"' + shortText(target) +
-                  "\" is no address to ping: set a numeric one, or a name.");
+  if (!address) {
+    return checks::Unknown{
+        checks::Reason::failed,
+        '"' + shortText(target) + "\" is no address to ping: set a numeric one, or a name."};
+  }
   const Patience ours = patience.atMost(plan.time);
   if (ours.isOver()) return calledOff();
 
   checks::Pings pings;
   pings.target = target;
   pings.started = now();
-  std::optional<RoundTrips> roundTrips;
-  if (const EchoSocket socket(address->family(), interface); socket) {
-    roundTrips = echo(socket, *address, plan, ours);
-  } else if (errno == EACCES || errno == EPERM) {
-    pings.byConnecting = true;
-    roundTrips = pingByConnecting(target, interface, plan, ours);
+  Both both;
+  try {
+    both = pingBothWays(target, *address, interface, plan, ours);
+  } catch (const std::system_error&) {  // no thread, no descriptor
+    return noSocket(EMFILE, interface);
   }
-  if (!roundTrips) {
-    return failed("No socket could be opened" +
-                  (interface.empty() ? "" : " on " + shortText(interface)) +
-                  ": look whether the interface is still there and has an address of this "
-                  "protocol (IPv4 or IPv6).");
-  }
+  pings.byConnecting = !both.echoes || (!anyAnswered(both.echoes) && anyAnswered(both.connections));
+  const auto& roundTrips = pings.byConnecting ? both.connections : both.echoes;
+  if (!roundTrips) return noSocket(both.error, interface);
   if (patience.cancellation.isCancelled()) return calledOff();
   pings.sent = static_cast<int>(roundTrips->size());
   for (const auto& roundTrip : *roundTrips) {
     if (roundTrip) pings.answers.push_back(*roundTrip);
+  }
+  if (pings.answers.empty() && plan.isOnLink) {
+    const auto index = static_cast<int>(if_nametoindex(interface.c_str()));
+    pings.isNeighbour = awaitNeighbour(index, target, patience.atMost(plan.neighbourTime)) ==
+                        NeighbourState::reachable;
+    if (patience.cancellation.isCancelled()) return calledOff();
   }
   return pings;
 }

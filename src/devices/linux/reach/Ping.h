@@ -20,20 +20,22 @@ namespace wifi_profile::machine {
 
 struct PingPlan {
   int count = 3;
-  std::chrono::milliseconds interval{1000};  // between the beginnings of two
-  std::chrono::milliseconds time{4000};      // in all; it ends sooner when every answer is there
-  // TCP ports for where echoes are not allowed. All are tried until one gave an answer, which is a
-  // connection or its refusal.
-  std::vector<std::uint16_t> ports = {53, 80, 443};
+  std::chrono::milliseconds interval{300};  // between the beginnings of two
+  std::chrono::milliseconds time{4000};     // in all; it ends sooner when every answer is there
+  // TCP ports. All are tried until one gave an answer, which is a connection or its refusal.
+  std::vector<std::uint16_t> ports = {443, 80, 53};
+  // After the time, how long the kernel is given to find out whether a target on the link is there:
+  // it asks an old neighbour anew after 5 s.
+  bool isOnLink = false;
+  std::chrono::milliseconds neighbourTime{2500};
 };
 
-// For a site on the Internet.
-inline const std::vector<std::uint16_t> kSitePorts = {443, 80};
-
 // ICMP or ICMPv6 echoes to `target`, a numeric address of IPv4 or IPv6, "fe80::1" of the interface
-// included. Where the user may send none: connections, each given up before the kernel would repeat
-// its first packet, so that a lost packet is a lost answer. Only answers that carry this call's own
-// random bytes count, each once. No route and no neighbour: sent, without an answer.
+// included. Only answers that carry this call's own random bytes count, each once. Where not all of
+// them were answered after 1 s, or the user may send none, connections as well, which count when no
+// echo was answered: a lost packet is a lost answer there, too, unless all answers take more than
+// 1 s, after which the kernel repeats it. Without an answer, `isNeighbour` says whether a target on
+// the link is there nevertheless. No route and no neighbour: sent, without an answer.
 // Unknown: failed, when the target is no address, or no socket could be bound to the interface.
 checks::Known<checks::Pings> ping(const std::string& target, const std::string& interface,
                                   const PingPlan& plan, const Patience& patience);

@@ -145,6 +145,17 @@ Descriptor openSocket(int family, int type, int protocol, const std::string& int
   return descriptor;
 }
 
+checks::Unknown noSocket(int error, const std::string& interface) {
+  if (error == EMFILE || error == ENFILE || error == ENOBUFS || error == ENOMEM) {
+    return {checks::Reason::failed,
+            "This machine has no descriptors or memory left: close other programs, and try again."};
+  }
+  return {checks::Reason::failed, "No socket could be opened" +
+                                      (interface.empty() ? "" : " on " + shortText(interface)) +
+                                      ": look whether the interface is still there and has an "
+                                      "address of this protocol (IPv4 or IPv6)."};
+}
+
 std::string shortText(std::string_view text) {
   std::string result(text.substr(0, 120));
   std::replace_if(

@@ -48,6 +48,9 @@ bool bindToInterface(int socket, int family, const std::string& interface);
 // A socket that does not block, bound to the interface. Without one errno says why.
 Descriptor openSocket(int family, int type, int protocol, const std::string& interface);
 
+// Why a socket could not be opened on the interface, by errno's number.
+checks::Unknown noSocket(int error, const std::string& interface);
+
 // Printable ASCII, no more than 120 bytes of it; '?' for the rest.
 std::string shortText(std::string_view text);
 

@@ -148,20 +148,64 @@ TEST(PingByConnecting, GoesOnWithThePortThatAnswered) {
   EXPECT_LE(silent.connections(), 1);  // of three rounds
 }
 
+// A port whose queue of connections is full: further ones get no answer until `accept`s.
+class FullPort {
+ public:
+  FullPort() {
+    listen(listener_.number(), 0);
+    const auto address = addressOf(kHere, port(), "");
+    for (const Descriptor* one : {&first_, &second_}) {
+      connect(one->number(), address->get(), address->size);
+    }
+  }
+  std::uint16_t port() const { return portOf(listener_); }
+  void makeRoom() {
+    for (int i = 0; i < 2; ++i) Descriptor(accept(listener_.number(), nullptr, nullptr));
+  }
+
+ private:
+  Descriptor listener_ = boundSocket(kHere, SOCK_STREAM);
+  Descriptor first_ = openSocket(AF_INET, SOCK_STREAM, 0, "");
+  Descriptor second_ = openSocket(AF_INET, SOCK_STREAM, 0, "");
+};
+
 TEST(PingByConnecting, LeavesOutWhatDoesNotAnswerInTime) {
   const Cancellation never;
-  // A queue of connections that is full: further ones get no answer.
-  const Descriptor listener = boundSocket(kHere, SOCK_STREAM);
-  ASSERT_EQ(listen(listener.number(), 0), 0);
-  const auto address = addressOf(kHere, portOf(listener), "");
-  const Descriptor first = openSocket(AF_INET, SOCK_STREAM, 0, "");
-  const Descriptor second = openSocket(AF_INET, SOCK_STREAM, 0, "");
-  connect(first.number(), address->get(), address->size);
-  connect(second.number(), address->get(), address->size);
-  PingPlan plan{.count = 2, .interval = 50ms, .ports = {portOf(listener)}};
-  const auto roundTrips = pingByConnecting(kHere, "", plan, patient(never));
+  const FullPort full;
+  const PingPlan plan{.count = 2, .interval = 50ms, .ports = {full.port()}};
+  const auto roundTrips = pingByConnecting(kHere, "", plan, {Clock::now() + 300ms, never});
   ASSERT_TRUE(roundTrips);
   EXPECT_EQ(*roundTrips, RoundTrips(2));
+}
+
+TEST(PingByConnecting, WaitsForAnswersUpToItsDeadline) {
+  const Cancellation never;
+  FullPort full;
+  std::thread slow([&] {
+    std::this_thread::sleep_for(1200ms);
+    full.makeRoom();
+  });
+  const PingPlan plan{.count = 2, .interval = 50ms, .ports = {full.port()}};
+  const auto roundTrips = pingByConnecting(kHere, "", plan, {Clock::now() + 20s, never});
+  slow.join();
+  ASSERT_TRUE(roundTrips);
+  ASSERT_EQ(roundTrips->size(), 2U);
+  EXPECT_TRUE(roundTrips->front());
+  EXPECT_GT(*roundTrips->front(), 1s);
+}
+
+TEST(Ping, ConnectsWhereEchoesAreNotAnswered) {
+  const int status = inOwnNetwork([] {
+    const Cancellation never;
+    if (!allowEchoes() || !writeFile("/proc/sys/net/ipv4/icmp_echo_ignore_all", "1")) return false;
+    PingPlan plan;
+    plan.ports = {9};  // refused, as nobody listens
+    const auto began = Clock::now();
+    const auto pings = ping("127.0.0.1", "lo", plan, patient(never));
+    return pings && pings->byConnecting && pings->answers.size() == 3 && Clock::now() - began < 4s;
+  });
+  if (status == kNotPossible) GTEST_SKIP() << "no user namespaces here";
+  EXPECT_EQ(status, 0);
 }
 
 TEST(Ping, IsUnknownWithoutAnAddressOrTheInterface) {
