@@ -80,22 +80,23 @@ Answer retrievePage(const Question& question) {
                                [](const SitePage& page) { return ability(page.retrieved); });
 }
 
-// Whether another translator is behind this router's. Nothing where the address says nothing of
-// it: it is none, or one of a router that is not connected.
-std::optional<bool> tellsTranslation(const std::optional<std::string>& address) {
-  const auto kind = address ? ipv4KindOf(*address) : std::nullopt;
-  if (!kind) return std::nullopt;
-  if (isBehindTranslation(*kind)) return true;
-  if (*kind == Ipv4Kind::global) return false;
-  return std::nullopt;
-}
-
 Answer doubleNat(const Question& question) {
   return aboutJoined<RouterOutside>(
       question, &Facts::routerOutside, [](const RouterOutside& outside) -> Answer {
-        auto isDouble = tellsTranslation(outside.address);
-        if (!isDouble) isDouble = tellsTranslation(outside.secondHop);
-        if (isDouble) return finding(*isDouble);
+        const auto kindOf = [](const auto& address) {
+          return address ? ipv4KindOf(*address) : std::nullopt;
+        };
+        // The router's own word. Other kinds are of a router that is not connected.
+        const auto own = kindOf(outside.address);
+        if (own && isBehindTranslation(*own)) return finding(true);
+        if (own == Ipv4Kind::global) return finding(false);
+        const auto next = kindOf(outside.secondHop);
+        if (next == Ipv4Kind::global) return finding(false);
+        if (next && isBehindTranslation(*next)) {
+          return notTold("The second router on the way (" + *outside.secondHop +
+                         ") has an address that is translated again, but the router does not tell "
+                         "whether it translates, too: allow UPnP or NAT-PMP in the router.");
+        }
         return notTold(
             "The router does not tell its outside address, and the second one on the way does not "
             "answer: allow UPnP or NAT-PMP in the router.");
@@ -165,14 +166,15 @@ constexpr std::array kRows{
           .answer = doubleNat,
           .needs = {Fact::link, Fact::routerOutside},
           .measures = "Whether the router's own outside address is one that is translated again. "
-                      "Where the router does not tell it, the second router on the way out stands "
-                      "in, which can be wrong where a provider uses such addresses inside.",
+                      "Where the router does not tell it, a second router on the way out with a "
+                      "global address says no; one with a translated address says nothing, as "
+                      "providers use these inside, and a first router may only route.",
           .from = "NAT-PMP, UPnP IGD (GetExternalIPAddress); the sender of ICMP Time Exceeded for "
                   "packets that may go two steps",
           .threshold = "10/8, 172.16/12, 192.168/16 (RFC 1918), 100.64/10 (RFC 6598), "
                        "192.0.0/24 (RFC 6333)",
           .why = "These addresses do not go through the Internet. NAT-PMP: RFC 6886",
-          .unknownWhen = "not joined, or neither address is told"},
+          .unknownWhen = "not joined, or neither address decides"},
     Check{.id = DiagnosticsTestID::ReachOrvane,
           .answer = reachSite,
           .needs = {Fact::link, Fact::siteReach},

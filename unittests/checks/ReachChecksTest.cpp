@@ -117,11 +117,14 @@ TEST_F(ReachChecks, FindDoubleTranslationByTheRoutersOutsideAddressFirst) {
   EXPECT_THAT(ask(Id::DetectDoubleNAT), says(false));
 }
 
-TEST_F(ReachChecks, FindDoubleTranslationByTheSecondHopElse) {
+TEST_F(ReachChecks, FindNoDoubleTranslationByTheSecondHopAlone) {
   for (const auto& address : {std::optional<std::string>(), std::optional<std::string>("0.0.0.0"),
                               std::optional<std::string>("nonsense")}) {
     facts.routerOutside = RouterOutside{.address = address, .secondHop = "172.16.0.1"};
-    EXPECT_THAT(ask(Id::DetectDoubleNAT), says(true));
+    for (const char* hop : {"172.16.0.1", "10.0.0.1", "100.64.0.1", "192.168.0.1"}) {
+      facts.routerOutside->secondHop = hop;  // of a provider, or of an office's next router
+      EXPECT_THAT(ask(Id::DetectDoubleNAT), isUnknownFor(Reason::notTold)) << hop;
+    }
     facts.routerOutside->secondHop = "203.0.113.1";
     EXPECT_THAT(ask(Id::DetectDoubleNAT), says(false));
     facts.routerOutside->secondHop.reset();

@@ -9,7 +9,7 @@
 namespace wifi_profile::machine {
 namespace {
 
-constexpr std::chrono::milliseconds kTime{1500};
+constexpr std::chrono::milliseconds kTime{1000};  // asks anew after 250 and 750 ms
 
 class Session {
  public:
@@ -39,9 +39,11 @@ class Session {
               patience.atMost(std::chrono::ceil<std::chrono::milliseconds>(repeat)));
       natpmpresp_t response{};
       const int result = readnatpmpresponseorretry(&state_, &response);
-      if (result == NATPMP_TRYAGAIN) continue;
-      if (result != 0 || response.type != NATPMP_RESPTYPE_PUBLICADDRESS) return {};
-      return response.pnu.publicaddress.addr;
+      if (result == 0 && response.type == NATPMP_RESPTYPE_PUBLICADDRESS) {
+        return response.pnu.publicaddress.addr;
+      }
+      if (result == 0 || result == NATPMP_ERR_NOGATEWAYSUPPORT) return {};
+      // A refusal or an odd answer may not be the last.
     }
     return {};
   }

@@ -15,8 +15,9 @@ namespace wifi_profile::machine {
 namespace {
 
 constexpr int kTries = 3;
-constexpr std::chrono::milliseconds kTryTime{650};
-constexpr std::uint16_t kFirstPort = 33434;  // where nobody listens, by custom
+constexpr std::chrono::milliseconds kBetweenTries{250};
+constexpr std::chrono::milliseconds kTime{1200};  // in all: a slow one still has time for the first
+constexpr std::uint16_t kPort = 33434;            // where nobody listens, by custom
 
 // Who sent the error that the socket got: a router that the packet's time ended at, or the target
 // itself, where nobody listens, or whoever forbids the packet.
@@ -53,8 +54,12 @@ std::optional<std::string> offender(int socket) {
   return {};
 }
 
-std::optional<std::string> probe(const Address& target, const std::string& interface,
-                                 const Patience& patience) {
+}  // namespace
+
+std::optional<std::string> findSecondHop(const std::string& gateway, const std::string& target,
+                                         const std::string& interface, const Patience& patience) {
+  const auto address = addressOf(target, kPort, interface);
+  if (!address || address->family() != AF_INET) return {};
   const Descriptor socket = openSocket(AF_INET, SOCK_DGRAM, 0, interface);
   if (!socket) return {};
   const int hops = 2;
@@ -62,22 +67,22 @@ std::optional<std::string> probe(const Address& target, const std::string& inter
   setsockopt(socket.number(), IPPROTO_IP, IP_TTL, &hops, sizeof(hops));
   setsockopt(socket.number(), IPPROTO_IP, IP_RECVERR, &yes, sizeof(yes));
   // Connected: only errors about packets to the target come in.
-  if (connect(socket.number(), target.get(), target.size) != 0) return {};
-  const std::array<char, 8> nothing{};
-  if (send(socket.number(), nothing.data(), nothing.size(), MSG_NOSIGNAL) < 0) return {};
-  if (waitFor(socket.number(), 0, patience) != Waited::ready) return {};
-  return offender(socket.number());
-}
-
-}  // namespace
-
-std::optional<std::string> findSecondHop(const std::string& gateway, const std::string& target,
-                                         const std::string& interface, const Patience& patience) {
-  for (int i = 0; i < kTries && !patience.isOver(); ++i) {
-    const auto address = addressOf(target, static_cast<std::uint16_t>(kFirstPort + i), interface);
-    if (!address || address->family() != AF_INET) return {};
-    auto hop = probe(*address, interface, patience.atMost(kTryTime));
-    if (hop && *hop != gateway) return hop;
+  if (connect(socket.number(), address->get(), address->size) != 0) return {};
+  const Patience ours = patience.atMost(kTime);
+  for (int tries = 0; !ours.isOver();) {
+    const std::array<char, 8> nothing{};
+    // The error of the packet before makes one fail.
+    if (tries < kTries) send(socket.number(), nothing.data(), nothing.size(), MSG_NOSIGNAL);
+    ++tries;
+    const Patience next = tries < kTries ? ours.atMost(kBetweenTries) : ours;
+    while (waitFor(socket.number(), 0, next) == Waited::ready && !next.isOver()) {
+      const auto hop = offender(socket.number());
+      if (hop && *hop != gateway) return hop;
+      // One without a message in the queue would be reported again and again.
+      int error = 0;
+      socklen_t size = sizeof(error);
+      getsockopt(socket.number(), SOL_SOCKET, SO_ERROR, &error, &size);
+    }
   }
   return {};
 }

@@ -19,7 +19,8 @@
 namespace wifi_profile::machine {
 namespace {
 
-constexpr std::chrono::milliseconds kDiscoveryTime{1500};
+constexpr std::chrono::milliseconds kDiscoveryTime{1000};
+constexpr std::chrono::milliseconds kBeforeRepeat{400};
 constexpr std::chrono::milliseconds kHttpTime{3000};
 constexpr std::uint16_t kDiscoveryPort = 1900;
 const std::string kGroup = "239.255.255.250";
@@ -54,6 +55,23 @@ bool isOfGateway(const std::string& url, const std::string& gateway) {
   return parts && parts->scheme == "http" && parts->host == gateway;
 }
 
+// Where the router itself says that it is described; empty: it does not say so in time.
+std::string locationFrom(int socket, const Address& router, const std::string& gateway,
+                         const Patience& patience) {
+  const auto& expected = reinterpret_cast<const sockaddr_in&>(router.storage);
+  while (waitFor(socket, POLLIN, patience) == Waited::ready && !patience.isOver()) {
+    std::array<char, 2048> buffer{};
+    sockaddr_in from{};
+    socklen_t size = sizeof(from);
+    const ssize_t length = recvfrom(socket, buffer.data(), buffer.size(), 0,
+                                    reinterpret_cast<sockaddr*>(&from), &size);
+    if (length <= 0 || from.sin_addr.s_addr != expected.sin_addr.s_addr) continue;
+    std::string location = locationIn({buffer.data(), static_cast<std::size_t>(length)});
+    if (isOfGateway(location, gateway)) return location;
+  }
+  return {};
+}
+
 // Where the router describes itself; empty: it does not.
 std::string discover(const std::string& gateway, const std::string& interface,
                      const Patience& patience) {
@@ -61,25 +79,20 @@ std::string discover(const std::string& gateway, const std::string& interface,
   const auto group = addressOf(kGroup, kDiscoveryPort, interface);
   const Descriptor socket = openSocket(AF_INET, SOCK_DGRAM, 0, interface);
   if (!socket || !router || !group) return {};
-  send(socket.number(), searchFor(gateway), *router);
-  if (!interface.empty()) {
+  const auto search = [&] {
+    send(socket.number(), searchFor(gateway), *router);
+    if (interface.empty()) return;
     ip_mreqn through{};
     through.imr_ifindex = static_cast<int>(if_nametoindex(interface.c_str()));
     setsockopt(socket.number(), IPPROTO_IP, IP_MULTICAST_IF, &through, sizeof(through));
     send(socket.number(), searchFor(kGroup), *group);
-  }
-  const auto& expected = reinterpret_cast<const sockaddr_in&>(router->storage);
-  while (waitFor(socket.number(), POLLIN, patience) == Waited::ready && !patience.isOver()) {
-    std::array<char, 2048> buffer{};
-    sockaddr_in from{};
-    socklen_t size = sizeof(from);
-    const ssize_t length = recvfrom(socket.number(), buffer.data(), buffer.size(), 0,
-                                    reinterpret_cast<sockaddr*>(&from), &size);
-    if (length <= 0 || from.sin_addr.s_addr != expected.sin_addr.s_addr) continue;
-    std::string location = locationIn({buffer.data(), static_cast<std::size_t>(length)});
-    if (isOfGateway(location, gateway)) return location;
-  }
-  return {};
+  };
+  search();
+  std::string location =
+      locationFrom(socket.number(), *router, gateway, patience.atMost(kBeforeRepeat));
+  if (!location.empty() || patience.isOver()) return location;
+  search();
+  return locationFrom(socket.number(), *router, gateway, patience);
 }
 
 bool isServiceType(std::string_view text) {

@@ -47,6 +47,17 @@ TEST(NatPmp, IsNotBelievedWithARefusalGarbageOrNoHostsAddress) {
   }
 }
 
+TEST(NatPmp, GoesOnAfterAnOddAnswer) {
+  const Cancellation never;
+  const UdpServer router(
+      [](const std::string&) {
+        return std::vector<std::string>{"", "x", std::string(16, 'x'), natPmpAnswer(3, "1234"),
+                                        natPmpAnswer(0, "\xcb\x71\x07\x09")};
+      },
+      ownAddress(), kNatPmpPort);
+  EXPECT_EQ(askNatPmp(ownAddress(), "", patient(never)), "203.113.7.9");
+}
+
 // A router whose services are described at `control`, which answers with `reply`.
 class UpnpRouter {
  public:
@@ -158,6 +169,19 @@ TEST(Outside, IsKnownToBeSilent) {
   const auto told = routerOutside(ownAddress(), "", {}, {Clock::now() + 300ms, never});
   ASSERT_TRUE(told);
   EXPECT_EQ(*told, checks::RouterOutside{});
+}
+
+TEST(Outside, IsWaitedForNoLongerThanASecondWhereTheRouterIsSilent) {
+  const Cancellation never;
+  const UdpServer natPmp([](const std::string&) { return std::vector<std::string>{}; },
+                         ownAddress(), kNatPmpPort);
+  const UdpServer upnp([](const std::string&) { return std::vector<std::string>{}; }, ownAddress(),
+                       kDiscoveryPort);
+  const auto began = Clock::now();
+  EXPECT_EQ(*routerOutside(ownAddress(), "", {}, patient(never)), checks::RouterOutside{});
+  EXPECT_LT(Clock::now() - began, 1400ms);
+  EXPECT_GT(natPmp.questions(), 1);  // packets get lost
+  EXPECT_GT(upnp.questions(), 1);
 }
 
 TEST(Outside, IsUnknownWithoutARoutersAddress) {
