@@ -203,6 +203,11 @@ std::string problemOf(CURLcode code, CURL* easy) {
   }
 }
 
+// An endless header is told as no memory, too.
+bool isHeaderTooLong(CURLcode code, const Transfer& transfer) {
+  return code == CURLE_OUT_OF_MEMORY && transfer.opened;
+}
+
 // As in HttpAnswer.
 std::string remedyFor(CURLcode code, const Transfer& transfer) {
   switch (code) {
@@ -211,8 +216,8 @@ std::string remedyFor(CURLcode code, const Transfer& transfer) {
     case CURLE_FAILED_INIT:
     case CURLE_UNRECOVERABLE_POLL:
       return kMoreRoom;
-    case CURLE_OUT_OF_MEMORY:  // which an endless header is told as, too
-      return transfer.opened ? "" : kMoreRoom;
+    case CURLE_OUT_OF_MEMORY:
+      return isHeaderTooLong(code, transfer) ? "" : kMoreRoom;
     case CURLE_COULDNT_CONNECT:
       return transfer.opened ? "" : transfer.remedy;
     default:
@@ -346,7 +351,8 @@ HttpAnswer transferred(const HttpRequest& request, const Addresses& addresses, T
   if (redirect != nullptr) answer.redirect = redirect;
   answer.complete = code == CURLE_OK || answer.cutOff;
   if (!answer.complete) {
-    answer.problem = problemOf(code, easy.get());
+    answer.problem =
+        isHeaderTooLong(code, transfer) ? "header too long" : problemOf(code, easy.get());
     answer.remedy = remedyFor(code, transfer);
   }
   if (code == CURLE_COULDNT_CONNECT && transfer.wentNowhere && !addresses.problem.empty()) {

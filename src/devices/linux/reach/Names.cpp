@@ -4,10 +4,14 @@
 #include <ares.h>
 #include <arpa/inet.h>
 #include <array>
+#include <cerrno>
+#include <cstring>
 #include <map>
 #include <memory>
 #include <netdb.h>
 #include <poll.h>
+#include <set>
+#include <unistd.h>
 
 #include "devices/linux/reach/Sockets.h"
 
@@ -126,7 +130,7 @@ void setServers(ares_channel channel, const std::vector<ares_addr_port_node>& se
 
 class Resolver {
  public:
-  explicit Resolver(const Way& way) {
+  Resolver(const Way& way, const Patience& patience) : way_(way), patience_(patience) {
     std::array<char, 2> lookups{"b"};  // name servers only
     ares_options options{};
     options.flags = ARES_FLAG_NOSEARCH | ARES_FLAG_NOALIASES;
@@ -143,12 +147,17 @@ class Resolver {
       }
     };
     options.sock_state_cb_data = this;
+    // The library would bind to no interface of its own, and reads for as long as there is
+    // something.
+    static constexpr ares_socket_functions kSockets{openSocketFor, closeSocket, connectSocket,
+                                                    receive, sendParts};
     const int mask = ARES_OPT_FLAGS | ARES_OPT_TIMEOUTMS | ARES_OPT_TRIES | ARES_OPT_LOOKUPS |
                      ARES_OPT_SOCK_STATE_CB;
     if (!isLibraryReady() || ares_init_options(&channel_, &options, mask) != ARES_SUCCESS) {
       channel_ = nullptr;
       return;
     }
+    ares_set_socket_functions(channel_, &kSockets, this);
     const std::string list = way.nameServers ? listOf(*way.nameServers) : "";
     hasServers_ =
         !way.nameServers ||
@@ -160,7 +169,7 @@ class Resolver {
     const auto here = [&own](const auto& server) { return isHere(server, own); };
     if (!way.interface.empty() && !std::ranges::all_of(servers, here)) {
       std::erase_if(servers, here);
-      ares_set_local_dev(channel_, way.interface.c_str());
+      bound_ = true;
     }
     setServers(channel_, servers);
   }
@@ -173,7 +182,10 @@ class Resolver {
   bool isUsable() const { return channel_ != nullptr; }
   bool hasServers() const { return hasServers_; }
 
-  void ask(const std::string& name, const Patience& patience) {
+  // Whether a socket could not be had because this machine has no more.
+  bool isExhausted() const { return exhausted_; }
+
+  void ask(const std::string& name) {
     for (std::size_t i = 0; i < queries_.size(); ++i) {
       ares_addrinfo_hints hints{};
       hints.ai_flags = ARES_AI_NOSORT;
@@ -181,10 +193,10 @@ class Resolver {
       hints.ai_socktype = SOCK_STREAM;
       ares_getaddrinfo(channel_, name.c_str(), nullptr, &hints, take, &queries_.at(i));
     }
-    Clock::time_point deadline = patience.deadline;
+    Clock::time_point deadline = patience_.deadline;
     bool oneHasAddresses = false;
     while (std::any_of(queries_.begin(), queries_.end(), [](const Query& q) { return !q.done; })) {
-      const Patience left{deadline, patience.cancellation};
+      const Patience left{deadline, patience_.cancellation};
       if (left.isOver()) break;
       process(left);
       if (oneHasAddresses || addresses().empty()) continue;
@@ -201,10 +213,65 @@ class Resolver {
 
   std::string problem() const {
     // That there is no IPv4 address says less than what became of the other question.
-    return problemOf(queries_[0].status == ARES_ENODATA ? queries_[1].status : queries_[0].status);
+    const int status = queries_[0].status == ARES_ENODATA ? queries_[1].status : queries_[0].status;
+    // The library tells every server that gave no answer of use as one that refused.
+    return problemOf(status == ARES_ECONNREFUSED && failure_ != 0 ? failure_ : status);
   }
 
  private:
+  static ares_socket_t openSocketFor(int family, int type, int protocol, void* self) {
+    auto& resolver = *static_cast<Resolver*>(self);
+    Descriptor socket =
+        openSocket(family, type, protocol, resolver.bound_ ? resolver.way_.interface : "");
+    if (!socket) resolver.exhausted_ = isExhaustion(errno);
+    if (type == SOCK_DGRAM && socket) resolver.datagrams_.insert(socket.number());
+    return socket.release();
+  }
+
+  static int closeSocket(ares_socket_t socket, void* self) {
+    static_cast<Resolver*>(self)->datagrams_.erase(socket);
+    return ::close(socket);
+  }
+
+  static int connectSocket(ares_socket_t socket, const sockaddr* to, ares_socklen_t size,
+                           void* self) {
+    Address address;
+    address.size = std::min<socklen_t>(size, sizeof(address.storage));
+    std::memcpy(&address.storage, to, address.size);
+    setZone(address, static_cast<Resolver*>(self)->way_.interface);
+    return ::connect(socket, address.get(), address.size);
+  }
+
+  // The library reads until there is nothing more, which a peer that floods it never lets happen.
+  static ares_ssize_t receive(ares_socket_t socket, void* buffer, std::size_t size, int flags,
+                              sockaddr* from, ares_socklen_t* fromSize, void* self) {
+    auto& resolver = *static_cast<Resolver*>(self);
+    if (resolver.patience_.isOver()) {
+      errno = EWOULDBLOCK;
+      return -1;
+    }
+    const ssize_t length = recvfrom(socket, buffer, size, flags, from, fromSize);
+    if (length >= 12 && resolver.datagrams_.count(socket) != 0) {
+      resolver.noteCode(static_cast<const unsigned char*>(buffer)[3] & 0x0fU);
+    }
+    return length;
+  }
+
+  static ares_ssize_t sendParts(ares_socket_t socket, const iovec* parts, int count,
+                                void* /*self*/) {
+    msghdr message{};
+    message.msg_iov = const_cast<iovec*>(parts);
+    message.msg_iovlen = static_cast<std::size_t>(count);
+    return sendmsg(socket, &message, MSG_NOSIGNAL);
+  }
+
+  // RFC 1035, 4.1.1.
+  void noteCode(unsigned code) {
+    if (code == 2) failure_ = ARES_ESERVFAIL;
+    if (code == 4) failure_ = ARES_ENOTIMP;
+    if (code == 5) failure_ = ARES_EREFUSED;
+  }
+
   void process(const Patience& patience) {
     std::vector<pollfd> watched{{patience.cancellation.descriptor(), POLLIN, 0}};
     for (const auto& [socket, events] : sockets_) watched.push_back({socket, events, 0});
@@ -225,8 +292,14 @@ class Resolver {
     }
   }
 
+  const Way& way_;
+  const Patience& patience_;
   ares_channel channel_ = nullptr;
   bool hasServers_ = false;
+  bool bound_ = false;  // its sockets, to the way's interface
+  bool exhausted_ = false;
+  int failure_ = 0;  // the library's number for what a server answered, if that is none of use
+  std::set<ares_socket_t> datagrams_;
   std::map<ares_socket_t, short> sockets_;  // with poll's events
   std::array<Query, 2> queries_;
 };
@@ -248,18 +321,16 @@ checks::Known<NameAnswer> resolve(const std::string& name, const Way& way,
     answer.resolution.problem = "malformed name";
     return answer;
   }
-  Resolver resolver(way);
-  if (!resolver.isUsable()) {
-    return checks::Unknown{checks::Reason::failed,
-                           "The resolver could not be set up: close programs, as memory or open "
-                           "files ran out."};
-  }
+  Resolver resolver(way, ours);
+  const auto exhausted = [] { return noSocket(EMFILE, {}); };
+  if (!resolver.isUsable()) return exhausted();
   if (!resolver.hasServers()) {
     answer.resolution.problem = "no name server";
     return answer;
   }
-  resolver.ask(name, ours);
+  resolver.ask(name);
   if (patience.cancellation.isCancelled()) return calledOff();
+  if (resolver.isExhausted() && resolver.addresses().empty()) return exhausted();
   answer.addresses = resolver.addresses();
   const std::string first = answer.addresses.empty() ? "" : answer.addresses.front();
   if (!way.interface.empty()) {

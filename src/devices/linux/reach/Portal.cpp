@@ -1,5 +1,6 @@
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <strings.h>
 
 #include "devices/linux/reach/Http.h"
 #include "devices/linux/reach/Sockets.h"
@@ -37,10 +38,24 @@ std::optional<PortalProbe> askApi(const std::string& url, const Way& way,
   return PortalProbe{Answer::open, "the network's own answer: not captive"};
 }
 
-PortalProbe judge(const HttpAnswer& answer, const std::string& expectedText) {
+// For the log: a query may name this device or its user.
+std::string withoutQuery(const std::string& url) { return url.substr(0, url.find_first_of("?#")); }
+
+// The same site, which wants TLS: no sign-in page can answer as that.
+bool isSameSiteByTls(const std::string& from, const std::string& to) {
+  const auto one = partsOf(from);
+  const auto other = partsOf(to);
+  return one && other && other->scheme == "https" && other->port == "443" &&
+         strcasecmp(one->host.c_str(), other->host.c_str()) == 0;
+}
+
+PortalProbe judge(const HttpAnswer& answer, const std::string& url,
+                  const std::string& expectedText) {
   const std::string status = "status " + std::to_string(answer.status);
   if (!answer.redirect.empty() && answer.status / 100 == 3) {
-    return {Answer::portal, shortText(status + " to " + answer.redirect)};
+    const bool same = isSameSiteByTls(url, answer.redirect);
+    return {same ? Answer::open : Answer::portal,
+            shortText(status + " to " + withoutQuery(answer.redirect))};
   }
   if (answer.status == 511) return {Answer::portal, status};
   if (answer.status == 204) return {Answer::open, status};
@@ -72,7 +87,7 @@ checks::Known<PortalProbe> probePortal(const PortalQuestion& question, const Way
       exchange({.url = question.url, .headers = {}, .post = {}}, way, patience.atMost(kTime));
   if (patience.cancellation.isCancelled()) return calledOff();
   if (!answer.remedy.empty()) return notAsked(answer);
-  return judge(answer, question.expectedText);
+  return judge(answer, question.url, question.expectedText);
 }
 
 }  // namespace wifi_profile::machine

@@ -74,13 +74,16 @@ std::optional<Address> addressOf(const std::string& text, std::uint16_t port,
   address.size = found->ai_addrlen;
   std::memcpy(&address.storage, found->ai_addr, found->ai_addrlen);
   freeaddrinfo(found);
-  if (address.family() == AF_INET6 && !interface.empty()) {
-    auto& ofIPv6 = reinterpret_cast<sockaddr_in6&>(address.storage);
-    if (IN6_IS_ADDR_LINKLOCAL(&ofIPv6.sin6_addr)) {
-      ofIPv6.sin6_scope_id = if_nametoindex(interface.c_str());
-    }
-  }
+  setZone(address, interface);
   return address;
+}
+
+void setZone(Address& address, const std::string& interface) {
+  if (address.family() != AF_INET6 || interface.empty()) return;
+  auto& ofIPv6 = reinterpret_cast<sockaddr_in6&>(address.storage);
+  if (IN6_IS_ADDR_LINKLOCAL(&ofIPv6.sin6_addr) && ofIPv6.sin6_scope_id == 0) {
+    ofIPv6.sin6_scope_id = if_nametoindex(interface.c_str());
+  }
 }
 
 std::optional<std::vector<Address>> ownAddresses() {
@@ -145,8 +148,12 @@ Descriptor openSocket(int family, int type, int protocol, const std::string& int
   return descriptor;
 }
 
+bool isExhaustion(int error) {
+  return error == EMFILE || error == ENFILE || error == ENOBUFS || error == ENOMEM;
+}
+
 checks::Unknown noSocket(int error, const std::string& interface) {
-  if (error == EMFILE || error == ENFILE || error == ENOBUFS || error == ENOMEM) {
+  if (isExhaustion(error)) {
     return {checks::Reason::failed,
             "This machine has no descriptors or memory left: close other programs, and try again."};
   }

@@ -48,6 +48,12 @@ bool bindToInterface(int socket, int family, const std::string& interface);
 // A socket that does not block, bound to the interface. Without one errno says why.
 Descriptor openSocket(int family, int type, int protocol, const std::string& interface);
 
+// Gives an address that is local to a link the interface as its zone, if it has none.
+void setZone(Address& address, const std::string& interface);
+
+// Whether errno's number says that this machine has no descriptors or memory left.
+bool isExhaustion(int error);
+
 // Why a socket could not be opened on the interface, by errno's number.
 checks::Unknown noSocket(int error, const std::string& interface);
 

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include "devices/linux/reach/HttpServers.h"
 #include "devices/linux/reach/Names.h"
+#include "devices/linux/reach/Ping.h"
 #include "devices/linux/reach/Web.h"
 
 namespace wifi_profile::machine {
@@ -84,8 +86,8 @@ TEST(Names, DoNotResolveWithAnAnswerThatSaysSo) {
   };
   EXPECT_EQ(problemAnswering(code(3)), "no such name");
   EXPECT_EQ(problemAnswering(code(0)), "no address of this name");
-  EXPECT_NE(problemAnswering(code(2)), "");
-  EXPECT_NE(problemAnswering(code(5)), "");
+  EXPECT_EQ(problemAnswering(code(2)), "server failed");
+  EXPECT_EQ(problemAnswering(code(5)), "refused");
 }
 
 TEST(Names, DoNotResolveToThemselves) {
@@ -256,6 +258,38 @@ TEST(Names, AreNotResolvedByAnAddressThatNoSiteCanHave) {
   EXPECT_FALSE(resolved(ofIPv6(0xfe, 0x80, 1)));
   EXPECT_FALSE(resolved(ofIPv6(0xff, 0x02, 1)));
   EXPECT_TRUE(resolved(ofIPv6(0x20, 0x01, 1)));
+}
+
+// While it lives, no descriptor can be had.
+class NoDescriptors {
+ public:
+  NoDescriptors() {
+    getrlimit(RLIMIT_NOFILE, &before_);
+    rlimit none = before_;
+    none.rlim_cur = 0;
+    setrlimit(RLIMIT_NOFILE, &none);
+  }
+  ~NoDescriptors() { setrlimit(RLIMIT_NOFILE, &before_); }
+  NoDescriptors(const NoDescriptors&) = delete;
+  NoDescriptors& operator=(const NoDescriptors&) = delete;
+
+ private:
+  rlimit before_{};
+};
+
+TEST(Names, AndSitesAreNotKnownWhereThisMachineHasNoDescriptorsLeft) {
+  const Cancellation never;
+  const Way way{"", Servers{"192.0.2.53"}};
+  const NoDescriptors none;
+  const auto answer = resolve("site.test", way, patient(never));
+  ASSERT_FALSE(answer);
+  EXPECT_NE(answer.why().sentence.find("no descriptors"), std::string::npos);
+  for (const std::string url : {"http://192.0.2.80/", "https://site.test/"}) {
+    EXPECT_FALSE(reachSite(url, way, patient(never)));
+    EXPECT_FALSE(retrievePage(url, "", way, patient(never)));
+    EXPECT_FALSE(probePortal({"http://192.0.2.80/", "", url}, way, patient(never)));
+  }
+  EXPECT_FALSE(ping("192.0.2.80", "", {}, patient(never)));
 }
 
 TEST(Names, OfTheBroadcastAddressMakeNoSiteReached) {

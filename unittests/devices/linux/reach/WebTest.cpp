@@ -58,6 +58,22 @@ TEST(Portal, IsThereWithAnotherBodyARedirectOr511) {
   EXPECT_EQ(redirected.detail.find('\x1b'), std::string::npos);
 }
 
+TEST(Portal, IsTheSameSiteByTlsNot) {
+  const auto movedTo = [](const std::string& location) {
+    return probeAnswering(page("301 Moved", "", "Location: " + location + "\r\n")).answer;
+  };
+  EXPECT_EQ(movedTo("https://127.0.0.1/login"), Answer::open);
+  EXPECT_EQ(movedTo("https://127.0.0.1:8443/"), Answer::portal);
+  EXPECT_EQ(movedTo("https://127.0.0.2/"), Answer::portal);
+  EXPECT_EQ(movedTo("http://127.0.0.1/"), Answer::portal);
+}
+
+TEST(Portal, IsToldWithoutWhatItsAddressSaysOfTheDevice) {
+  const auto told = probeAnswering(
+      page("302 Found", "", "Location: http://login.test/in?mac=02:00:00:00:00:01#me\r\n"));
+  EXPECT_EQ(told.detail, "status 302 to http://login.test/in");
+}
+
 TEST(Portal, IsNotFollowed) {
   const TcpServer login(answering(page("200 OK", "online")));
   EXPECT_EQ(probeAnswering(page("302 Found", "", "Location: " + urlOf(login) + "\r\n")).answer,
@@ -157,7 +173,7 @@ TEST(Page, EndsWhereTooMuchIsSent) {
   EXPECT_NE(unknown.why().sentence.find("first 64 KiB"), std::string::npos);
   EXPECT_TRUE(retrievePage(urlOf(another), "", kAnyWay, patient(never))->retrieved);
   EXPECT_NE(problemAnswering(flood("HTTP/1.1 200 OK\r\n", "A: " + bytes + "\r\n")), "");
-  EXPECT_NE(problemAnswering(flood("HTTP/1.1 200 OK\r\nA: ", bytes)), "");
+  EXPECT_EQ(problemAnswering(flood("HTTP/1.1 200 OK\r\nA: ", bytes)), "header too long");
   EXPECT_NE(problemAnswering(flood("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
                                    "fffffffffffffffffff\r\n",
                                    bytes)),
