@@ -85,7 +85,9 @@ Answer noScanResults(const Question& question) {
   std::vector<const AccessPoint*> all;
   for (const AccessPoint& accessPoint : scan->accessPoints) all.push_back(&accessPoint);
   const bool isNone = all.empty();
-  return finding(isNone, {{"ScanResults", scanResults(std::move(all))}});
+  // An empty list is a list: it replaces the one on the screen, so the test passes.
+  return DiagnosticsTestResult{isNone, true,
+                               makeDictionary({{"ScanResults", scanResults(std::move(all))}})};
 }
 
 constexpr std::array kRows{
@@ -116,8 +118,12 @@ constexpr std::array kRows{
           .needs = {Fact::scan},
           .measures =
               "Whether no access point at all was heard. Its list of all of them, strongest "
-              "first, feeds the list of networks; -100 dBm stands for unknown.",
-          .from = "NL80211_CMD_GET_SCAN",
+              "first, feeds the list of networks, which an empty one empties; -100 dBm stands "
+              "for unknown.",
+          .from = "NL80211_CMD_GET_SCAN: of a new scan what was last heard since it began "
+                  "(NL80211_BSS_LAST_SEEN_BOOTTIME or _SEEN_MS_AGO), or up to MaxScanCacheAge "
+                  "before that; of an earlier one all that the kernel keeps, which is 30 s; the "
+                  "joined access point always",
           .threshold = "none",
           .why = "Without any there is nothing to choose from",
           .unknownWhen = "there is no scan"},

@@ -136,9 +136,16 @@ TEST_F(NetworkChecks, ListTheScanStrongestFirst) {
                                    std::pair(kName, -61), std::pair("Unknown strength", -100)));
 }
 
-TEST_F(NetworkChecks, SayWhenNothingWasHeard) {
+// What the last scan heard is gone: its list must not stay.
+TEST_F(NetworkChecks, PassAnEmptyListWhenNothingWasHeard) {
   facts.scan->accessPoints.clear();
-  EXPECT_THAT(ask(Id::NoScanResults), says(true));
+  const auto answer = ask(Id::NoScanResults);
+  EXPECT_THAT(answer, says(true));
+  const auto& result = std::get<DiagnosticsTestResult>(answer);
+  EXPECT_TRUE(result.didPass);
+  const auto list = as<Array>(result.info->objectForKey("ScanResults"));
+  ASSERT_NE(list, nullptr);
+  EXPECT_TRUE(list->elements().empty());
   EXPECT_THAT(ask(Id::HiddenScanResults), says(false));
   facts.scan = Unknown{Reason::radioOff, ""};
   EXPECT_THAT(ask(Id::NoScanResults), isUnknownFor(Reason::radioOff));
