@@ -2,12 +2,14 @@
 
 #include <algorithm>
 
+#include "devices/linux/Rfkill.h"
 #include "devices/linux/bus/ConnectionManager.h"
 
 namespace wifi_profile::machine {
 namespace {
 
 using checks::Known;
+using checks::Reason;
 using checks::Unknown;
 using std::chrono::milliseconds;
 
@@ -17,6 +19,20 @@ constexpr milliseconds kKernelLimit{3'000};
 constexpr milliseconds kManagerLimit{2'000};
 // How long to wait before a manager is asked again for a scan that it found too soon.
 constexpr milliseconds kBeforeAskingAgain{1'000};
+// A joined radio takes 10 to 15 s to visit all channels, because it goes back to its own between
+// them; one that is not joined takes 3 to 5 s.
+constexpr milliseconds kLongestScan{15'000};
+// An access point heard by a scan has a time at or after the scan's begin. A kernel that counts
+// these times in ticks of 10 ms or less may round it down, and tells it in whole milliseconds.
+constexpr milliseconds kClockMargin{20};
+// How long to wait for an interface to come up, and how long between two tries.
+constexpr milliseconds kUntilReady{5'000};
+constexpr milliseconds kBetweenTries{200};
+
+const Unknown kNotReady{
+    checks::Reason::radioOff,
+    "Wi-Fi is off or not ready yet, so NetworkManager could not scan. Switch it "
+    "on, and try again."};
 
 Unknown noInterface(const std::string& name) {
   return {checks::Reason::noHardware, "There is no Wi-Fi interface \"" + name +
@@ -52,8 +68,9 @@ Known<ScanList> Machine::scan(std::chrono::seconds oldest, const Patience& patie
     auto list = kernel.scan(interface_, patience);
     if (list && isYoung(*list, oldest, patience)) return list;
   }
-  if (const NotDone why = makeScan(kernel, patience)) return *why;
-  return kernel.scan(interface_, patience);
+  const Began began = makeScan(kernel, patience);
+  if (!began) return began.why();
+  return kernel.scan(interface_, patience, *began - kClockMargin - oldest);
 }
 
 // Where only the joined access point is in range the list does not tell, and the manager may know.
@@ -65,25 +82,51 @@ bool Machine::isYoung(const ScanList& list, std::chrono::seconds oldest,
   return last && *last && sinceBoot() - **last <= oldest;
 }
 
+// After the switch is turned on the interface needs a moment until it is up.
+Machine::Began Machine::makeScan(Nl80211& kernel, const Patience& patience) const {
+  const Patience untilReady = patience.atMost(kUntilReady);
+  while (true) {
+    Began began = tryScan(kernel, patience);
+    if (began || began.why().reason != Reason::radioOff) return began;
+    if (untilReady.isOver() || isSwitchedOff()) return began;
+    waitFor(-1, 0, untilReady.atMost(kBetweenTries));
+  }
+}
+
 // The kernel lets only some users scan; the connection manager lets all who sit at the machine.
-NotDone Machine::makeScan(Nl80211& kernel, const Patience& patience) const {
-  NotDone byKernel = kernel.triggerScan(interface_, patience);
-  if (!byKernel || byKernel->reason != checks::Reason::notPermitted) return byKernel;
-  if (NotDone why = kernel.watchScans(patience)) return why;
+Machine::Began Machine::tryScan(Nl80211& kernel, const Patience& patience) const {
+  Began byKernel = kernel.triggerScan(interface_, patience);
+  if (byKernel || byKernel.why().reason != Reason::notPermitted) return byKernel;
+  return scanByManager(kernel, patience);
+}
+
+Machine::Began Machine::scanByManager(Nl80211& kernel, const Patience& patience) const {
+  if (NotDone why = kernel.watchScans(patience)) return *why;
   ConnectionManager manager(*systemBus_);
   while (true) {
+    const auto asked = sinceBoot();
     const auto started = manager.requestScan(interface_.name, patience);
     if (!started) return started.why();
-    if (*started == ScanStart::started) return kernel.awaitScanResults(interface_, patience);
+    if (*started == ScanStart::notReady) return kNotReady;
+    if (*started == ScanStart::started) {
+      if (NotDone why = kernel.awaitScanResults(interface_, patience)) return *why;
+      return asked;
+    }
     // Too soon: one is under way, or the last one was just now.
     const Patience little = patience.atMost(kBeforeAskingAgain);
-    NotDone none = kernel.awaitScanResults(interface_, little);
-    if (!none || patience.isOver()) return none;
-    const bool mayPass = none->reason == checks::Reason::tookTooLong ||
-                         none->reason == checks::Reason::failed;  // such as a scan given up
-    if (!mayPass) return none;
+    const NotDone none = kernel.awaitScanResults(interface_, little);
+    if (!none) return asked - kLongestScan;  // it began before it was asked for
+    const bool mayPass = none->reason == Reason::tookTooLong ||
+                         none->reason == Reason::failed;  // such as a scan given up
+    if (patience.isOver() || !mayPass) return *none;
     waitFor(-1, 0, little);  // what failed, failed at once
   }
+}
+
+bool Machine::isSwitchedOff() const {
+  Rfkill switches(interface_.name);
+  switches.open();
+  return switches.poweredOn() == false;
 }
 
 }  // namespace wifi_profile::machine

@@ -26,8 +26,9 @@ class Machine final {
   // Without its interfaces.
   checks::Known<checks::Radio> abilities(const Patience& patience) const;
 
-  // A scan no older than `oldest`; with 0 a new one. The list also has what earlier scans heard in
-  // the 30 s before it and this one did not.
+  // A scan no older than `oldest`; with 0 a new one. Of a new scan the list has what was heard
+  // since it began, or up to `oldest` before that; of an earlier one, what the kernel still keeps.
+  // Waits some seconds for a radio that was just switched on.
   checks::Known<ScanList> scan(std::chrono::seconds oldest, const Patience& patience) const;
 
  private:
@@ -35,7 +36,12 @@ class Machine final {
 
   // Whether the kernel's list is of a scan that is no older than that.
   bool isYoung(const ScanList& list, std::chrono::seconds oldest, const Patience& patience) const;
-  NotDone makeScan(Nl80211& kernel, const Patience& patience) const;
+  // Both: the time since boot from which on the scan heard what it lists.
+  using Began = checks::Known<std::chrono::nanoseconds>;
+  Began makeScan(Nl80211& kernel, const Patience& patience) const;
+  Began tryScan(Nl80211& kernel, const Patience& patience) const;
+  Began scanByManager(Nl80211& kernel, const Patience& patience) const;
+  bool isSwitchedOff() const;
 
   const WifiInterface interface_;
   const std::shared_ptr<Bus> systemBus_ = Bus::system();

@@ -141,6 +141,30 @@ TEST(ScanList, IsAsOldAsTheYoungestThatIsNotJoined) {
             milliseconds(7000));
 }
 
+std::vector<std::string> keptOf(std::vector<ScanEntry> entries, milliseconds age) {
+  removeOlderThan(age, entries);
+  std::vector<std::string> kept;
+  for (const ScanEntry& one : entries) kept.push_back(one.accessPoint.bssid);
+  return kept;
+}
+
+TEST(ScanEntries, OfANewScanAreThoseHeardSinceItBegan) {
+  EXPECT_THAT(keptOf({entry("heard", milliseconds(2999)), entry("at the start", milliseconds(3000)),
+                      entry("gone", milliseconds(3001)), entry("of unknown age")},
+                     milliseconds(3000)),
+              ElementsAre("heard", "at the start", "of unknown age"));
+}
+
+TEST(ScanEntries, OfANewScanAreAlsoTheJoinedOneAndWhatSharesItsBeacons) {
+  ScanEntry joined = entry("02:00:00:00:00:01", milliseconds(9000));
+  joined.joined = true;
+  joined.others.emplace_back().bssid = "02:00:00:00:00:02";
+  EXPECT_THAT(keptOf({joined, entry("02:00:00:00:00:02", milliseconds(9000)),
+                      entry("02:00:00:00:00:03", milliseconds(9000))},
+                     milliseconds(3000)),
+              ElementsAre("02:00:00:00:00:01", "02:00:00:00:00:02"));
+}
+
 TEST(ScanList, NamesTheJoinedAccessPoint) {
   ScanEntry joined = entry("02:00:00:00:00:02", {});
   EXPECT_FALSE(scanListOf({entry("02:00:00:00:00:01", {}), joined}).joinedBssid);

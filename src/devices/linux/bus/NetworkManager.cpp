@@ -157,10 +157,11 @@ Known<ScanStart> NetworkManager::requestScan(const std::string& interface,
   if (answer.isGood()) return ScanStart::started;
   // One name stands for several refusals; only the words differ.
   const std::string& words = answer.error->message;
-  const bool tooSoon = answer.error->name.ends_with(".NotAllowed") &&
-                       (words.find("immediately") != std::string::npos ||
-                        words.find("already") != std::string::npos);
-  if (tooSoon) return ScanStart::tooSoon;
+  const auto says = [&words](const char* word) { return words.find(word) != std::string::npos; };
+  if (answer.error->name.ends_with(".NotAllowed")) {
+    if (says("immediately") || says("already")) return ScanStart::tooSoon;
+    if (says("unavailable")) return ScanStart::notReady;
+  }
   return unknownFrom(answer, kNetworkManager);
 }
 

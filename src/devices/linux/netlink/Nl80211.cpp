@@ -144,10 +144,15 @@ Known<checks::Link> Nl80211::link(const WifiInterface& interface, const Patience
   return *link;
 }
 
-Known<ScanList> Nl80211::scan(const WifiInterface& interface, const Patience& patience) {
+Known<ScanList> Nl80211::scan(const WifiInterface& interface, const Patience& patience,
+                              std::optional<std::chrono::nanoseconds> heardSince) {
   if (auto problem = open(patience)) return *problem;
   auto entries = scanEntries(interface, patience);
   if (!entries) return entries.why();
+  if (heardSince) {
+    removeOlderThan(std::chrono::ceil<std::chrono::milliseconds>(sinceBoot() - *heardSince),
+                    *entries);
+  }
   return scanListOf(std::move(*entries));
 }
 

@@ -46,14 +46,18 @@ class Nl80211 {
   // The access point that the interface is joined to. notJoined; noHardware: the interface is gone.
   checks::Known<checks::Link> link(const WifiInterface& interface, const Patience& patience);
 
-  // The kernel's list of access points, which it keeps for 30 s after it last heard them. An
+  // The kernel's list of access points, which it keeps for 30 s after it last heard them; with
+  // `heardSince`, a time since boot, without those last heard before it (see `removeOlderThan`). An
   // empty list is a list. Any user.
-  checks::Known<ScanList> scan(const WifiInterface& interface, const Patience& patience);
+  checks::Known<ScanList> scan(const WifiInterface& interface, const Patience& patience,
+                               std::optional<std::chrono::nanoseconds> heardSince = std::nullopt);
 
-  // Scans all channels, also with probes for any network, and returns when the results are there. A
-  // scan of somebody else's that is under way is let end first. notPermitted: ordinary users may
-  // not; radioOff; failed: the scan was given up half-way; tookTooLong.
-  NotDone triggerScan(const WifiInterface& interface, const Patience& patience);
+  // Scans all channels, also with probes for any network, and returns when the results are there:
+  // the time since boot when the scan began. A scan of another program that is under way is let end
+  // first. notPermitted: ordinary users may not; radioOff; failed: the scan was given up half-way;
+  // tookTooLong.
+  checks::Known<std::chrono::nanoseconds> triggerScan(const WifiInterface& interface,
+                                                      const Patience& patience);
 
   // For scans that somebody else is asked to do: from `watchScans` on, results are remembered,
   // and `awaitScanResults` returns when some have come for the interface, at once where they came

@@ -73,12 +73,14 @@ int Nl80211::startScan(const WifiInterface& interface, const Patience& patience,
   return requests_.ask(request, patience, answers);
 }
 
-NotDone Nl80211::triggerScan(const WifiInterface& interface, const Patience& patience) {
-  if (auto problem = watchScans(patience)) return problem;
+checks::Known<std::chrono::nanoseconds> Nl80211::triggerScan(const WifiInterface& interface,
+                                                             const Patience& patience) {
+  if (auto problem = watchScans(patience)) return *problem;
   // Of 6 GHz only the channels that access points of other bands announce, and those that are for
   // being found on: the others are most of them, and would take seconds.
   std::uint32_t flags = NL80211_SCAN_FLAG_COLOCATED_6GHZ;
   while (true) {
+    const auto began = sinceBoot();
     const int error = startScan(interface, patience, flags);
     if (flags != 0 && (error == EOPNOTSUPP || error == EINVAL)) {
       flags = 0;
@@ -99,7 +101,7 @@ NotDone Nl80211::triggerScan(const WifiInterface& interface, const Patience& pat
     }
     if (!isOurs) continue;
     if (end == ScanEnd::aborted) return abortedScan();
-    return std::nullopt;
+    return began;
   }
 }
 

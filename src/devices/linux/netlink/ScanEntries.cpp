@@ -249,6 +249,13 @@ std::optional<ScanEntry> scanEntryOf(const Attributes& bss, std::chrono::nanosec
   return entry;
 }
 
+void removeOlderThan(milliseconds age, std::vector<ScanEntry>& entries) {
+  const auto always = heardAlways(entries);
+  std::erase_if(entries, [&](const ScanEntry& entry) {
+    return entry.age > age && !always.contains(entry.accessPoint.bssid);
+  });
+}
+
 ScanList scanListOf(std::vector<ScanEntry> entries) {
   ScanList list;
   list.age = ageOf(entries);

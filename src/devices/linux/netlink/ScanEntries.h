@@ -46,6 +46,10 @@ struct ScanEntry {
 // the other one. `sinceBoot` is the time now by CLOCK_BOOTTIME. Nothing without a BSSID.
 std::optional<ScanEntry> scanEntryOf(const Attributes& bss, std::chrono::nanoseconds sinceBoot);
 
+// Removes the entries that were last heard longer ago than `age`. What is heard without scans stays
+// (the joined access point, and what shares its beacons), and so does an entry of unknown age.
+void removeOlderThan(std::chrono::milliseconds age, std::vector<ScanEntry>& entries);
+
 // Each BSSID once: an entry with a name is kept before one without, then the one that was heard
 // last. A network that only another one's beacons announce is added; one that has an entry and says
 // that it is such a network gets its sender's address. At most kMostAccessPoints.

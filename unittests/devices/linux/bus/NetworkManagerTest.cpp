@@ -299,11 +299,14 @@ TEST_F(RequestScan, IsTooSoonAfterAnother) {
             checks::Known<ScanStart>(ScanStart::tooSoon));
 }
 
-TEST_F(RequestScan, IsRefusedWhereTheRadioIsNotReady) {
+TEST_F(RequestScan, WaitsForARadioThatIsNotReady) {
   EXPECT_EQ(refusedWith({"org.freedesktop.NetworkManager.Device.NotAllowed",
-                         "Scanning not allowed while unavailable"})
-                .why()
-                .reason,
+                         "Scanning not allowed while unavailable"}),
+            checks::Known<ScanStart>(ScanStart::notReady));
+}
+
+TEST_F(RequestScan, IsRefusedForOtherReasons) {
+  EXPECT_EQ(refusedWith({"org.freedesktop.NetworkManager.Device.NotAllowed", "no"}).why().reason,
             Reason::failed);
 }
 
