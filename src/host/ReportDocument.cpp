@@ -177,7 +177,8 @@ std::string summaryOf(std::span<const ReportSection> sections, const std::option
                        plural(unknown, "test", "tests"), end);
   }
   if (countOf(sections, ReportMark::problem) > 0) return countsText(sections) + end;
-  return fmt::format("no problems found{}: {}{}", left.empty() ? "" : " in what was tested",
+  const bool inFull = left.empty() && unknown == 0;
+  return fmt::format("no problems found{}: {}{}", inFull ? "" : " in what was tested",
                      countsText(sections), end);
 }
 

@@ -53,6 +53,9 @@ TEST_F(Report, SaysThatThereAreNoProblems) {
   joinTo("Home");
   device_ = {{"isUsingCustomDNS", no()}};
   EXPECT_EQ(headline(report()), "Wi-Fi profile: no problems found: 1 fine");
+  request(DiagnosticsTestID::CustomIPv4);
+  EXPECT_EQ(headline(report()),
+            "Wi-Fi profile: no problems found in what was tested: 1 fine, 1 not known");
 }
 
 TEST_F(Report, SaysSoWhenNothingWasTested) {
