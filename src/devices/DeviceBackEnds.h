@@ -3,17 +3,17 @@
 
 #include <memory>
 
+#include "devices/ManagedRadio.h"
 #include "platform/DeviceCapability.h"
 #include "platform/DiagnosticsService.h"
 #include "platform/DiagnosticsSupport.h"
 #include "platform/Trace.h"
-#include "platform/WiFiManager.h"
 
 namespace wifi_profile {
 
 struct DeviceBackEnds {
   std::shared_ptr<VqClient> service;
-  std::shared_ptr<WiFiManagerService> radio;
+  std::shared_ptr<ManagedRadio> radio;
   std::shared_ptr<DeviceCapability> capability;
   std::shared_ptr<HsTestAutomation> automation;
 };

@@ -24,6 +24,7 @@ struct ManagedRadio::State {
   std::vector<std::unique_ptr<WiFiDeviceClient>> devices;
   std::vector<std::unique_ptr<WiFiManagerClient>> clients;
   std::vector<std::unique_ptr<WiFiDeviceList>> lists;
+  std::string powerOnFailure;
 };
 
 namespace {
@@ -152,7 +153,19 @@ int ManagedRadio::getPower(WiFiManagerClientRef manager) {
 
 void ManagedRadio::setPower(WiFiManagerClientRef manager, int power) {
   trace_.event("manager.setPower", {{"power", integer(power)}});
-  if (isClient(manager)) switchPower(power != 0);
+  if (!isClient(manager)) return;
+  powerOnFailed({});
+  switchPower(power != 0);
+}
+
+std::string ManagedRadio::powerOnFailure() const {
+  const std::lock_guard lock(mutex_);
+  return state_->powerOnFailure;
+}
+
+void ManagedRadio::powerOnFailed(std::string reason) {
+  const std::lock_guard lock(mutex_);
+  state_->powerOnFailure = std::move(reason);
 }
 
 void ManagedRadio::registerPowerCallback(WiFiDeviceClientRef device,

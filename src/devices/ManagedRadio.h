@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <memory>
 #include <mutex>
+#include <string>
 
 #include "platform/Trace.h"
 #include "platform/WiFiManager.h"
@@ -34,6 +35,10 @@ class ManagedRadio : public WiFiManagerService, public std::enable_shared_from_t
   void release(WiFiDeviceClientRef device) final;
   void release(WiFiDeviceListRef devices) final;
 
+  // Why the radio stayed off when it was last to be switched on, for people; empty: it did not, or
+  // the reason is not known yet. Any thread.
+  std::string powerOnFailure() const;
+
  protected:
   // `trace` must outlive the radio.
   ManagedRadio(std::size_t deviceCount, Trace& trace);
@@ -41,6 +46,9 @@ class ManagedRadio : public WiFiManagerService, public std::enable_shared_from_t
   // Posts a power notification to the main queue, for every callback that is registered by then;
   // nothing where there is none now. Any thread, also one that the radio's destructor waits for.
   void postNotification();
+
+  // The radio could not be switched on. Any thread.
+  void powerOnFailed(std::string reason);
 
  private:
   virtual bool hasRadio() = 0;
@@ -56,7 +64,7 @@ class ManagedRadio : public WiFiManagerService, public std::enable_shared_from_t
 
   struct State;
   Trace& trace_;
-  std::mutex mutex_;  // guards the state
+  mutable std::mutex mutex_;  // guards the state
   std::unique_ptr<State> state_;
 };
 

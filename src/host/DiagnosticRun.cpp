@@ -33,9 +33,10 @@ std::shared_ptr<toolkit::Screen> drawnScreen(const Surroundings& surroundings) {
 }  // namespace
 
 struct DiagnosticRun::Installations {
-  Installations(const DeviceBackEnds& device, const Surroundings& surroundings)
+  Installations(const DeviceBackEnds& device, std::shared_ptr<VqClient> watchedService,
+                const Surroundings& surroundings)
       : queues(unowned(surroundings.loop)),
-        service(device.service),
+        service(std::move(watchedService)),
         radio(device.radio),
         capability(device.capability),
         automation(device.automation),
@@ -67,7 +68,8 @@ DiagnosticRun::DiagnosticRun(RunDevice device, std::shared_ptr<WiFiProfileInputs
                              Surroundings surroundings)
     : surroundings_(std::move(surroundings)),
       device_(std::move(device)),
-      installations_(std::make_unique<Installations>(device_.backEnds, surroundings_)),
+      scans_(std::make_shared<WatchedScans>(device_.backEnds.service)),
+      installations_(std::make_unique<Installations>(device_.backEnds, scans_, surroundings_)),
       inputs_(std::move(inputs)),
       controller_(std::make_shared<WiFiProfileViewController>()),
       script_(device_.user, surroundings_.person ? ScreenUser::person : ScreenUser::script,
@@ -84,6 +86,7 @@ Ending DiagnosticRun::run() {
   loop.postToMain([this] { start(); });
   loop.runUntilIdle();
   while (!isOver() && (script_.hasIdleStep() || surroundings_.person)) {
+    if (surroundings_.person) showEmptyList();
     if (script_.hasIdleStep()) {
       surroundings_.trace.event("screen", screenState(*controller_));
       loop.postToMain([this] { script_.performNextStep(); });
@@ -128,6 +131,28 @@ void DiagnosticRun::showTests(std::string label) {
     if (tests.done < tests.total) tests.running = self->runningTest_;
     self->surroundings_.person->showTests(tests);
   });
+}
+
+void DiagnosticRun::showEmptyList() {
+  EmptyList state =
+      emptyListOf(*controller_, scans_->latest(), device_.backEnds.radio->powerOnFailure());
+  if (!controller_->wifiPoweredOn() && !controller_->presentedAlert()) {
+    state.askForPower = [weak = weak_from_this()] {
+      if (const auto self = weak.lock()) self->askForPower();
+    };
+  }
+  const bool asks = state.askForPower != nullptr;
+  const bool asked = shownEmptyList_.askForPower != nullptr;
+  if (state.why == shownEmptyList_.why && state.reason == shownEmptyList_.reason && asks == asked) {
+    return;
+  }
+  shownEmptyList_ = state;
+  surroundings_.person->showEmptyList(std::move(state));
+}
+
+void DiagnosticRun::askForPower() {
+  if (isOver() || controller_->wifiPoweredOn() || controller_->presentedAlert()) return;
+  controller_->presentWiFiPoweredOffAlert();
 }
 
 void DiagnosticRun::personDid(scenario::Action action) {

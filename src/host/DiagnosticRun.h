@@ -15,6 +15,7 @@
 #include "host/ReportDocument.h"
 #include "host/Script.h"
 #include "host/TraceFile.h"
+#include "host/WatchedScans.h"
 #include "platform/NameCollator.h"
 #include "platform/StringTable.h"
 #include "runtime/RunLoop.h"
@@ -91,10 +92,13 @@ class DiagnosticRun final : public HxDiagnosticObserver,
   void endEarly();
   bool isOver() const;
   void whileServing(DiagnosticsTestID test);
+  void showEmptyList();
+  void askForPower();
   std::optional<std::string> perform(const scenario::Step& step);
 
   Surroundings surroundings_;
   RunDevice device_;
+  std::shared_ptr<WatchedScans> scans_;
   std::unique_ptr<Installations> installations_;
   std::shared_ptr<WiFiProfileInputs> inputs_;
   std::shared_ptr<WiFiProfileViewController> controller_;
@@ -103,6 +107,7 @@ class DiagnosticRun final : public HxDiagnosticObserver,
   std::atomic<bool> interrupted_ = false;
   bool stuck_ = false;        // main thread only
   std::string runningTest_;   // main thread only
+  EmptyList shownEmptyList_;  // main thread only; as the person's screen was told
   mutable std::mutex mutex_;  // guards what follows
   std::optional<Outcome> outcome_;
   bool tornDown_ = false;

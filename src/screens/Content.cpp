@@ -24,4 +24,22 @@ std::string screenText(std::string_view key, Replacements replacements) {
   return text;
 }
 
+std::string emptyListText(EmptyList::Why why) {
+  switch (why) {
+    case EmptyList::Why::notKnownYet:
+      return {};
+    case EmptyList::Why::noneInRange:
+      return screenText("NO_NETWORKS");
+    case EmptyList::Why::noOtherInRange:
+      return screenText("NO_OTHER_NETWORKS");
+    case EmptyList::Why::scanFailed:
+      return screenText("SCAN_FAILED");
+    case EmptyList::Why::radioOff:
+      return screenText("RADIO_OFF");
+    case EmptyList::Why::powerOnFailed:
+      return screenText("POWER_ON_FAILED");
+  }
+  return {};
+}
+
 }  // namespace wifi_profile

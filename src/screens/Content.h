@@ -12,6 +12,7 @@
 #include "platform/toolkit/ProgressView.h"
 #include "platform/toolkit/Spinner.h"
 #include "platform/toolkit/TableView.h"
+#include "screens/PersonScreen.h"
 
 namespace wifi_profile {
 
@@ -38,5 +39,8 @@ Content contentOf(const toolkit::View& view);
 // A text of the installed string table, with what is to stand for parts of it: {"{done}", "3"}.
 using Replacements = std::initializer_list<std::pair<std::string_view, std::string_view>>;
 std::string screenText(std::string_view key, Replacements replacements = {});
+
+// One sentence on an empty list; empty: there is nothing to say.
+std::string emptyListText(EmptyList::Why why);
 
 }  // namespace wifi_profile

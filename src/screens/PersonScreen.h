@@ -22,6 +22,15 @@ struct TestsDone {
   std::string running;  // label of the test under way; empty: none
 };
 
+// What there is to say while the list of networks is empty.
+struct EmptyList {
+  enum class Why { notKnownYet, noneInRange, noOtherInRange, scanFailed, radioOff, powerOnFailed };
+  Why why = Why::notKnownYet;
+  std::string reason;  // of a failure, for people; may be empty
+  // Asks again whether to turn the radio on. Empty: there is nothing to ask.
+  std::function<void()> askForPower;
+};
+
 // Draws the view of one controller and lets a person do what can be done there; then a report.
 // Texts come from the installed string table. What a person does arrives in the main queue's
 // `handleNext`. Main thread only, but for `abandon`.
@@ -36,6 +45,9 @@ class PersonScreen : public toolkit::Screen {
                     std::function<void()> askedToStop) = 0;
 
   virtual void showTests(const TestsDone& tests) = 0;
+
+  // Whenever something of it has changed.
+  virtual void showEmptyList(EmptyList state) = 0;
 
   // The run is over: shows the report, until the person closes it.
   virtual void showReport(Report report) = 0;

@@ -82,10 +82,12 @@ TEST_F(ScenarioRadioTest, SwitchesOnWhenAskedUnlessTheScenarioSaysOtherwise) {
   *notifications = 0;
   make({.power = false, .powerOnSucceeds = false});
   listen();
+  EXPECT_EQ(radio->powerOnFailure(), "");
   radio->setPower(manager, 1);
   loop.runUntilIdle();
   EXPECT_EQ(*notifications, 0);
   EXPECT_EQ(radio->getPower(manager), 0);
+  EXPECT_NE(radio->powerOnFailure(), "");
 }
 
 TEST_F(ScenarioRadioTest, TellsNobodyAfterTheReleases) {

@@ -66,6 +66,7 @@ class FakePerson final : public PersonScreen {
   }
 
   std::vector<TestsDone> tests;
+  std::vector<EmptyList> emptyLists;
   std::function<void()> askedToStop;
 
   std::shared_ptr<MainQueue> mainQueue() const override { return queue_; }
@@ -75,6 +76,7 @@ class FakePerson final : public PersonScreen {
     askedToStop = std::move(askedToEnd);
   }
   void showTests(const TestsDone& done) override { tests.push_back(done); }
+  void showEmptyList(EmptyList state) override { emptyLists.push_back(std::move(state)); }
   void showReport(Report /*report*/) override {}
   void close() override {}
   bool isClosed() const override { return true; }
@@ -175,6 +177,93 @@ TEST(PersonRun, WaitsForThePersonBeforeTheWorldGoesOn) {
   const auto result = runWithPerson("scenarios/pick-radio-lost-in-list.json", person);
   const auto tap = result.trace.find(R"("op":"deselect")");
   EXPECT_LT(tap, result.trace.find("device.power"));
+}
+
+// --- What there is to say of an empty list
+
+// A run on a device with these answers and no script, which ends when the deeds are done.
+std::shared_ptr<FakePerson> personOfEmptyList(const std::string& device, const std::string& answers,
+                                              std::vector<Deed> deeds = {}) {
+  std::shared_ptr<FakePerson> person;
+  // In an idle moment after the last deed.
+  deeds.push_back([&person, waited = 0](toolkit::ViewController&) mutable {
+    if (++waited < 20) return false;
+    person->askedToStop();
+    return true;
+  });
+  person = std::make_shared<FakePerson>(std::move(deeds));
+  ThreadRunLoop loop(person->mainQueue());
+  Wish wish;
+  wish.pick = true;
+  wish.person = person;
+  runScenario(R"({"scenario":1,"status":[{"ssid":"Home","bssid":"02:01"}],"device":)" + device +
+                  R"(,"answers":{"NoScanResults":[)" + answers + "]}}",
+              loop, wish);
+  return person;
+}
+
+TEST(EmptyListOfARun, HasNoNetworksInRange) {
+  const auto person =
+      personOfEmptyList("{}", R"({"result":true,"didPass":true,"info":{"ScanResults":[]}})");
+  EXPECT_EQ(person->emptyLists.back().why, EmptyList::Why::noneInRange);
+}
+
+TEST(EmptyListOfARun, HasTheOwnNetworkInRangeOnly) {
+  const auto person = personOfEmptyList("{}", R"({"result":true,"didPass":true,"info":
+      {"ScanResults":[{"ssid":"Home","bssid":"02:01","rssi":-40}]}})");
+  EXPECT_EQ(person->emptyLists.back().why, EmptyList::Why::noOtherInRange);
+}
+
+TEST(EmptyListOfARun, HasTheReasonOfAFailedScan) {
+  const auto person =
+      personOfEmptyList("{}", R"({"error":{"code":5,"description":"radio asleep"}})");
+  EXPECT_EQ(person->emptyLists.back().why, EmptyList::Why::scanFailed);
+  EXPECT_EQ(person->emptyLists.back().reason, "radio asleep");
+  EXPECT_EQ(person->emptyLists.back().askForPower, nullptr);
+}
+
+TEST(EmptyListOfARun, HasARadioThatIsOff) {
+  const auto person = personOfEmptyList(R"({"power":false})", "");
+  EXPECT_EQ(person->emptyLists.back().why, EmptyList::Why::radioOff);
+  EXPECT_EQ(person->emptyLists.back().askForPower, nullptr);  // it is being asked
+}
+
+TEST(EmptyListOfARun, HasTheReasonWhyTheRadioStaysOffAndAsksAgain) {
+  std::shared_ptr<FakePerson> person;
+  int questions = 0;
+  const auto yes = [&questions](toolkit::ViewController& controller) {
+    const auto alert = controller.presentedAlert();
+    if (!alert) return false;
+    EXPECT_EQ(alert->message(), "POWER_ON_WIFI");
+    ++questions;
+    alert->tap(*alert->actions().back());
+    return true;
+  };
+  const auto again = [&person](toolkit::ViewController& controller) {
+    if (controller.presentedAlert() || person->emptyLists.empty()) return false;
+    const EmptyList& state = person->emptyLists.back();
+    if (!state.askForPower) return false;
+    EXPECT_EQ(state.why, EmptyList::Why::powerOnFailed);
+    EXPECT_THAT(state.reason, HasSubstr("powerOnSucceeds"));
+    const auto ask = state.askForPower;
+    ask();
+    ask();  // once is enough
+    return true;
+  };
+  const auto stop = [&person](toolkit::ViewController&) {
+    person->askedToStop();
+    return true;
+  };
+  person = std::make_shared<FakePerson>(std::vector<Deed>{yes, again, yes, again, stop});
+  ThreadRunLoop loop(person->mainQueue());
+  Wish wish;
+  wish.pick = true;
+  wish.person = person;
+  const auto result =
+      runScenario(R"({"scenario":1,"device":{"power":false,"powerOnSucceeds":false}})", loop, wish);
+  EXPECT_EQ(result.ending, Ending::tornDown);
+  EXPECT_EQ(questions, 2);
+  EXPECT_FALSE(person->emptyLists.empty());
 }
 
 }  // namespace

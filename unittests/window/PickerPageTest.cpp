@@ -184,11 +184,39 @@ TEST_F(PickerPage, SaysThatItIsScanning) {
 
 TEST_F(PickerPage, SaysThatThereAreNoNetworks) {
   showList({});
+  drawn->showEmptyList({.why = EmptyList::Why::noneInRange, .reason = {}, .askForPower = nullptr});
+  rest();
   EXPECT_TRUE(wordsOf(shownTexts(window())).contains(words("NO_NETWORKS")));
   nextScanHears({"Alpha"});
   key(Qt::Key_F5);
   settle();
   EXPECT_FALSE(wordsOf(shownTexts(window())).contains(words("NO_NETWORKS")));
+}
+
+TEST_F(PickerPage, SaysWhyTheListIsEmpty) {
+  using Why = EmptyList::Why;
+  showList({});
+  for (const auto& [why, key] : {std::pair{Why::noOtherInRange, "NO_OTHER_NETWORKS"},
+                                 {Why::scanFailed, "SCAN_FAILED"},
+                                 {Why::radioOff, "RADIO_OFF"},
+                                 {Why::powerOnFailed, "POWER_ON_FAILED"}}) {
+    drawn->showEmptyList({.why = why, .reason = "because of <b>this</b>", .askForPower = nullptr});
+    rest();
+    ASSERT_NE(item("listStatus"), nullptr);
+    EXPECT_EQ(item("listStatus")->property("text"), words(key));
+    EXPECT_EQ(item("listReason")->property("text"), "because of <b>this</b>");
+    EXPECT_EQ(item("powerButton"), nullptr);
+  }
+}
+
+TEST_F(PickerPage, AsksAgainForThePower) {
+  showList({});
+  int asked = 0;
+  drawn->showEmptyList(
+      {.why = EmptyList::Why::radioOff, .reason = {}, .askForPower = [&] { ++asked; }});
+  rest();
+  press("powerButton");
+  EXPECT_EQ(asked, 1);
 }
 
 TEST_F(PickerPage, SaysWhyARowCannotBePressedWhileTheListIsRefreshed) {

@@ -32,6 +32,7 @@ class Album {
     takeList();
     takeEmptyList();
     takeRadioOff();
+    takePowerOnFailed();
     takeProblem();
   }
 
@@ -87,6 +88,13 @@ class Album {
     run(screen, projectFile("scenarios/pick-radio-off-no.json"),
         {shoot("power-question", hasAlert), press("alertButton0")});
     shootNow(*screen, "report-cut-short");
+  }
+
+  void takePowerOnFailed() const {
+    const auto canAsk = [](WindowModel& model) { return model.canAskForPower(); };
+    run(open(), R"({"scenario": 1, "device": {"power": false, "powerOnSucceeds": false}})",
+        {press("alertButton1"), shoot("list-power-on-failed", canAsk), press("powerButton"),
+         press("alertButton0")});
   }
 
   void takeProblem() const {

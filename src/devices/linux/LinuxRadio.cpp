@@ -90,10 +90,10 @@ void LinuxRadio::switchOn() {
   }
   if (!why || switches.isHardBlocked()) why = switches.switchOn();
   if (!why) return;
-  DiagnosticLogHandleForCategory(0).error([&] {
-    return "Wi-Fi could not be switched on. " + (byManager ? byManager->sentence + " " : "") +
-           why->sentence;
-  });
+  const std::string reason = (byManager ? byManager->sentence + " " : "") + why->sentence;
+  powerOnFailed(reason);
+  DiagnosticLogHandleForCategory(0).error(
+      [&] { return "Wi-Fi could not be switched on. " + reason; });
 }
 
 }  // namespace wifi_profile::machine

@@ -11,7 +11,11 @@ void ScenarioRadio::switchFromOutside(bool on) {
 }
 
 void ScenarioRadio::switchPower(bool on) {
-  if (settings_.powerOnSucceeds) switchFromOutside(on);
+  if (settings_.powerOnSucceeds) {
+    switchFromOutside(on);
+  } else if (on) {
+    powerOnFailed("The radio of the scenario stays off (\"powerOnSucceeds\" is false).");
+  }
 }
 
 }  // namespace wifi_profile::scenario

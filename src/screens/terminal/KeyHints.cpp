@@ -30,6 +30,7 @@ Hints listHints(const Shown& shown, const Look& look) {
   Hints hints;
   if (shown.content.table->allowsSelection()) hints.push_back(hint("Enter", "KEY_CHOOSE"));
   if (nextWorks(shown.content)) hints.push_back(hint("n", "NEXT"));
+  if (shown.emptyList.askForPower) hints.push_back(hint("p", "TURN_ON"));
   hints.insert(hints.end(), {help(), quit(), hint("/", "KEY_FIND")});
   if (refreshWorks(shown.content)) hints.push_back(hint("r", "KEY_REFRESH"));
   hints.insert(hints.end(), {move(look), pages(), ends()});
@@ -84,7 +85,9 @@ std::vector<KeyHint> helpHints(const Shown& shown, const Look& look) {
   } else if (hasList(shown.content)) {
     hints = moving;
     hints.insert(hints.end(), {hint("Enter", "KEY_CHOOSE"), hint("n", "NEXT"),
-                               hint("r", "KEY_REFRESH"), hint("/", "FIND_NAME"), quit()});
+                               hint("r", "KEY_REFRESH"), hint("/", "FIND_NAME")});
+    if (shown.emptyList.askForPower) hints.push_back(hint("p", "TURN_ON"));
+    hints.push_back(quit());
   } else {
     hints = {quit()};
   }

@@ -13,8 +13,8 @@ namespace wifi_profile {
 // The bar at the top: a title, and perhaps a button.
 void putTitle(Frame& frame, const Look& look, const Content& content, const Shown& shown);
 
-// The list of networks.
-void putList(Frame& frame, const Look& look, const Content& content, const TerminalState& state);
+// The list of networks; below an empty one the reason, where there is one.
+void putList(Frame& frame, const Look& look, const Shown& shown, const TerminalState& state);
 
 // The message, the bar, and how far the tests are.
 void putProgress(Frame& frame, const Look& look, const Content& content, const TestsDone& tests);

@@ -33,12 +33,13 @@ Glyphs turningText(const Look& look, const Glyphs& header, unsigned turn, int ro
 
 class ListPainter {
  public:
-  ListPainter(Frame& frame, const Look& look, const TableView& table, const TerminalState& state)
+  ListPainter(Frame& frame, const Look& look, const Shown& shown, const TerminalState& state)
       : frame_(frame),
         look_(look),
-        table_(table),
+        table_(*shown.content.table),
+        emptyList_(shown.emptyList),
         state_(state),
-        lines_(linesOf(table, isRoomy(look.extent))),
+        lines_(linesOf(table_, isRoomy(look.extent))),
         height_(bodyLines(look.extent)),
         first_(firstLineShown(lines_, state.list, height_)) {}
 
@@ -46,6 +47,7 @@ class ListPainter {
     for (std::size_t section = 0; section < lines_.sections.size(); ++section) {
       paintSection(static_cast<std::int64_t>(section), lines_.sections[section]);
     }
+    if (lines_.sections.back().note != kNoLine && !isTurning(table_)) paintReason();
     putMore(frame_, look_, 1, height_, first_ > 0, first_ + height_ < lines_.count);
   }
 
@@ -60,14 +62,23 @@ class ListPainter {
   void paintSection(std::int64_t section, const ListLines::Section& part) const {
     if (shows(part.header)) paintHeader(section, screenLine(part.header));
     if (shows(part.note)) {
-      const bool scanning = isTurning(table_);
       put(screenLine(part.note), kNameColumn,
-          glyphsOf(screenText(scanning ? "SCANNING" : "NO_NETWORKS")), Style::dim);
+          glyphsOf(isTurning(table_) ? screenText("SCANNING") : emptyListText(emptyList_.why)),
+          Style::dim);
     }
     const std::int64_t begin = std::max(part.firstRow, first_);
     const std::int64_t end = std::min(part.firstRow + part.rows, first_ + height_);
     for (std::int64_t line = begin; line < end; ++line) {
       paintRow({section, line - part.firstRow}, screenLine(line));
+    }
+  }
+
+  // In the lines that the list leaves free.
+  void paintReason() const {
+    std::int64_t line = lines_.count + (isRoomy(look_.extent) ? 1 : 0);
+    for (Glyphs& text : wrapped(glyphsOf(emptyList_.reason), room(kNameColumn))) {
+      if (shows(line)) put(screenLine(line), kNameColumn, std::move(text), Style::dim);
+      ++line;
     }
   }
 
@@ -105,6 +116,7 @@ class ListPainter {
   Frame& frame_;
   const Look& look_;
   const TableView& table_;
+  const EmptyList& emptyList_;
   const TerminalState& state_;
   const ListLines lines_;
   const int height_;
@@ -113,8 +125,8 @@ class ListPainter {
 
 }  // namespace
 
-void putList(Frame& frame, const Look& look, const Content& content, const TerminalState& state) {
-  ListPainter(frame, look, *content.table, state).paint();
+void putList(Frame& frame, const Look& look, const Shown& shown, const TerminalState& state) {
+  ListPainter(frame, look, shown, state).paint();
 }
 
 void putMore(Frame& frame, const Look& look, int from, int lines, bool above, bool below) {

@@ -111,6 +111,7 @@ void perform(const Shown& shown, const Effect& effect) {
   if (const auto* tap = std::get_if<effect::TapRow>(&effect)) content.table->tap(tap->path);
   if (std::holds_alternative<effect::TapNext>(effect)) content.item->rightBarButtonItem()->tap();
   if (std::holds_alternative<effect::Pull>(effect)) content.table->refreshControl()->pull();
+  if (std::holds_alternative<effect::AskForPower>(effect)) shown.emptyList.askForPower();
   if (const auto* type = std::get_if<effect::Type>(&effect)) shown.alert->type(type->text);
   if (const auto* tap = std::get_if<effect::TapAction>(&effect)) {
     shown.alert->tap(*shown.alert->actions()[tap->action]);

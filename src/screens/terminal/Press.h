@@ -22,6 +22,9 @@ struct TapNext {
 struct Pull {
   bool operator==(const Pull&) const = default;
 };
+struct AskForPower {
+  bool operator==(const AskForPower&) const = default;
+};
 struct Type {  // the whole text of the alert's field
   std::string text;
   bool operator==(const Type&) const = default;
@@ -44,8 +47,8 @@ struct Repaint {
 
 // What is to be done besides; nothing: monostate.
 using Effect =
-    std::variant<std::monostate, effect::TapRow, effect::TapNext, effect::Pull, effect::Type,
-                 effect::TapAction, effect::Stop, effect::Close, effect::Repaint>;
+    std::variant<std::monostate, effect::TapRow, effect::TapNext, effect::Pull, effect::AskForPower,
+                 effect::Type, effect::TapAction, effect::Stop, effect::Close, effect::Repaint>;
 
 struct Pressed {
   TerminalState state;
@@ -53,7 +56,8 @@ struct Pressed {
 };
 
 // A key that can do nothing now leaves the reason in `state.notice`. Keys:
-// in the list: arrows, j, k, PgUp, PgDn, Home, End, Enter, n, r, /, ?, q;
+// in the list: arrows, j, k, PgUp, PgDn, Home, End, Enter, n, r, /, ?, q, and p while the
+// radio is off;
 // in a search: characters, the edit keys, Up and Down to the hit before and after, Enter, Esc;
 // in a dialog: Tab, Shift-Tab, arrows between buttons, characters and the edit keys in its field.
 // Enter in the field presses the last action that is enabled and not of cancel style. Esc presses

@@ -62,10 +62,11 @@ Effect goOn(const Content& content, TerminalState& state) {
   return {};
 }
 
-Effect refresh(const List& list, TerminalState& state) {
-  const auto& control = list.table.refreshControl();
+Effect refresh(const Shown& shown, TerminalState& state) {
+  const auto& control = shown.content.table->refreshControl();
   if (control && !control->isRefreshing()) return effect::Pull{};
-  state.notice = screenText("LIST_BUSY");
+  const bool isOff = shown.emptyList.askForPower != nullptr;
+  state.notice = isOff ? emptyListText(shown.emptyList.why) : screenText("LIST_BUSY");
   return {};
 }
 
@@ -96,7 +97,8 @@ Effect pressedInList(const Shown& shown, TerminalState& state, const Look& look,
   if (openedHelpOrQuestion(state, key) || moved(list, state.list, key)) return {};
   if (key.name == Name::enter) return choose(list, state);
   if (key.is("n")) return goOn(shown.content, state);
-  if (key.is("r")) return refresh(list, state);
+  if (key.is("r")) return refresh(shown, state);
+  if (key.is("p") && shown.emptyList.askForPower) return effect::AskForPower{};
   if (key.is("/")) state.find = FindState{.edit = {}, .origin = state.list};
   return {};
 }

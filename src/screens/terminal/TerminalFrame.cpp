@@ -11,7 +11,7 @@ void putBody(Frame& frame, const Look& look, const Shown& shown, const TerminalS
   if (shown.report) {
     putReport(frame, look, *shown.report, state.report);
   } else if (hasList(shown.content)) {
-    putList(frame, look, shown.content, state);
+    putList(frame, look, shown, state);
   } else if (shown.content.progress) {
     putProgress(frame, look, shown.content, shown.tests);
   } else {

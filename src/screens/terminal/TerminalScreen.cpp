@@ -86,6 +86,10 @@ class TerminalScreen final : public PersonScreen,
     tests_ = tests;
     draw();
   }
+  void showEmptyList(EmptyList state) override {
+    emptyList_ = std::move(state);
+    draw();
+  }
   void showReport(Report report) override;
   void close() override;
   bool isClosed() const override { return closed_; }
@@ -126,6 +130,7 @@ class TerminalScreen final : public PersonScreen,
   std::shared_ptr<toolkit::ViewController> controller_;  // null: nothing to show yet
   std::function<void()> askedToStop_;
   TestsDone tests_;
+  EmptyList emptyList_;
   std::optional<Report> report_;
   TerminalState state_;
   bool drawIsPosted_ = false;
@@ -136,7 +141,8 @@ class TerminalScreen final : public PersonScreen,
 // --- What is shown
 
 Shown TerminalScreen::shown() const {
-  Shown shown{.content = {}, .alert = nullptr, .tests = tests_, .report = nullptr};
+  Shown shown{
+      .content = {}, .alert = nullptr, .tests = tests_, .emptyList = emptyList_, .report = nullptr};
   if (controller_) {
     shown.content = contentOf(*controller_->view());
     shown.alert = controller_->presentedAlert();

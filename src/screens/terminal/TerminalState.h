@@ -22,6 +22,7 @@ struct Shown {
   Content content;
   std::shared_ptr<toolkit::Alert> alert;  // null: none
   TestsDone tests;
+  EmptyList emptyList = {};
   const Report* report = nullptr;  // null: the run is not over
 };
 

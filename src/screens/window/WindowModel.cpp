@@ -52,6 +52,11 @@ void WindowModel::setTests(const TestsDone& tests) {
   syncSoon();
 }
 
+void WindowModel::setEmptyList(EmptyList state) {
+  emptyList_ = std::move(state);
+  syncSoon();
+}
+
 void WindowModel::setReport(Report report) {
   report_ = std::move(report);
   asksToStop_ = false;
@@ -153,13 +158,22 @@ bool WindowModel::scanning() const {
   return false;
 }
 
+// But for the row that asks for another name.
+bool WindowModel::listIsEmpty() const {
+  return table_ && table_->rowsOfSection(table_->numberOfSections() - 1).size() <= 1;
+}
+
 QString WindowModel::listStatus() const {
-  if (!table_) return {};
   if (scanning()) return text(QStringLiteral("SCANNING"));
-  if (!table_->refreshControl()) return {};  // nothing has been looked for yet
-  const std::int64_t last = table_->numberOfSections() - 1;
-  const bool empty = table_->rowsOfSection(last).size() <= 1;  // the row that asks for another name
-  return empty ? text(QStringLiteral("NO_NETWORKS")) : QString();
+  return listIsEmpty() ? QString::fromStdString(emptyListText(emptyList_.why)) : QString();
+}
+
+QString WindowModel::listReason() const {
+  return listIsEmpty() && !scanning() ? shown(emptyList_.reason) : QString();
+}
+
+bool WindowModel::canAskForPower() const {
+  return listIsEmpty() && emptyList_.askForPower && !alert_ && !stopping_;
 }
 
 QString WindowModel::testsDone() const {
@@ -239,6 +253,10 @@ void WindowModel::refresh() {
     Q_EMIT noticed(text(QStringLiteral("LIST_BUSY")));
   }
   syncSoon();
+}
+
+void WindowModel::askForPower() {
+  if (canAskForPower()) emptyList_.askForPower();
 }
 
 void WindowModel::type(const QString& text) {

@@ -34,6 +34,8 @@ class WindowModel final : public QObject {
   Q_PROPERTY(bool canRefresh READ canRefresh NOTIFY changed)
   Q_PROPERTY(bool refreshing READ refreshing NOTIFY changed)
   Q_PROPERTY(QString listStatus READ listStatus NOTIFY changed)  // empty: there are networks
+  Q_PROPERTY(QString listReason READ listReason NOTIFY changed)  // of `listStatus`; may be empty
+  Q_PROPERTY(bool canAskForPower READ canAskForPower NOTIFY changed)
   Q_PROPERTY(QString progressText READ progressText NOTIFY changed)
   Q_PROPERTY(QRectF progressTextFrame READ progressTextFrame NOTIFY changed)
   Q_PROPERTY(double progressTextSize READ progressTextSize NOTIFY changed)
@@ -60,6 +62,7 @@ class WindowModel final : public QObject {
   void setSize(toolkit::Size size);
   toolkit::Size size() const { return size_; }
   void setTests(const TestsDone& tests);
+  void setEmptyList(EmptyList state);
   void setReport(Report report);
   bool isClosed() const { return closed_; }
   // Dark or light, whatever the desktop says.
@@ -83,6 +86,8 @@ class WindowModel final : public QObject {
   bool canRefresh() const;
   bool refreshing() const;
   QString listStatus() const;
+  QString listReason() const;
+  bool canAskForPower() const;
   QString progressText() const { return progressText_; }
   QRectF progressTextFrame() const { return progressTextFrame_; }
   double progressTextSize() const { return progressTextSize_; }
@@ -108,6 +113,7 @@ class WindowModel final : public QObject {
   Q_INVOKABLE void tapRow(int index);  // the list's entry
   Q_INVOKABLE void tapNext();
   Q_INVOKABLE void refresh();
+  Q_INVOKABLE void askForPower();
   Q_INVOKABLE void type(const QString& text);
   Q_INVOKABLE void tapAction(int action);
   Q_INVOKABLE void cancelAlert();  // its action of that style; nothing where there is none
@@ -130,6 +136,7 @@ class WindowModel final : public QObject {
   void syncProgress(const toolkit::View& view);
   std::shared_ptr<toolkit::BarButtonItem> nextButton() const;
   bool scanning() const;
+  bool listIsEmpty() const;
 
   std::shared_ptr<toolkit::ViewController> controller_;
   std::function<void()> askedToStop_;
@@ -152,6 +159,7 @@ class WindowModel final : public QObject {
   QRectF progressBarFrame_;
   double progress_ = 0;
   TestsDone tests_;
+  EmptyList emptyList_;
   std::shared_ptr<toolkit::Alert> alert_;
   bool stopping_ = false;
   bool asksToStop_ = false;

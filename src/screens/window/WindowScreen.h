@@ -26,6 +26,7 @@ class WindowScreen final : public PersonScreen, public std::enable_shared_from_t
   void show(std::shared_ptr<toolkit::ViewController> controller,
             std::function<void()> askedToStop) override;
   void showTests(const TestsDone& tests) override { model_->setTests(tests); }
+  void showEmptyList(EmptyList state) override { model_->setEmptyList(std::move(state)); }
   void showReport(Report report) override { model_->setReport(std::move(report)); }
   void close() override;
   bool isClosed() const override { return closed_ || model_->isClosed(); }

@@ -180,7 +180,7 @@ TEST_F(LinuxRadioTest, TellsNobodyAfterTheRelease) {
   EXPECT_EQ(*notifications_, 0);
 }
 
-TEST_F(LinuxRadioTest, SaysInTheLogWhyItCouldNotBeSwitchedOn) {
+TEST_F(LinuxRadioTest, SaysWhyItCouldNotBeSwitchedOn) {
   setSwitch(true);
   make();
   listen();
@@ -189,6 +189,7 @@ TEST_F(LinuxRadioTest, SaysInTheLogWhyItCouldNotBeSwitchedOn) {
   ASSERT_TRUE(comes([&] { return !log_->lines().empty(); }));
   EXPECT_THAT(log_->lines().front(), HasSubstr("0 error Wi-Fi could not be switched on. "));
   EXPECT_THAT(log_->lines().front(), HasSubstr("The Wi-Fi interface is gone."));
+  EXPECT_THAT(radio_->powerOnFailure(), HasSubstr("The Wi-Fi interface is gone."));
   EXPECT_FALSE(isOn());
   EXPECT_EQ(*notifications_, 0);
 }

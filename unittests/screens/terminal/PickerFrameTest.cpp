@@ -73,9 +73,46 @@ TEST_F(ListOnATerminal, SaysThatNetworksAreLookedForInPlaceOfAHeaderWhereThereIs
 TEST_F(ListOnATerminal, SaysThatThereAreNone) {
   joinNothing();
   showList({});
+  terminal->emptyList.why = EmptyList::Why::noneInRange;
   EXPECT_EQ(line(1), " Choose a Network");
   EXPECT_EQ(line(2), "    No networks in range.");
   EXPECT_EQ(cursorLine(), "›   Other…");
+}
+
+TEST_F(ListOnATerminal, SaysWhyItIsEmpty) {
+  using Why = EmptyList::Why;
+  joinNothing();
+  showList({});
+  for (const auto& [why, text] : {std::pair{Why::notKnownYet, ""},
+                                  {Why::noOtherInRange, "    No other networks in range."},
+                                  {Why::scanFailed, "    Could not look for networks."},
+                                  {Why::radioOff, "    The radio is off."},
+                                  {Why::powerOnFailed, "    Could not turn the radio on."}}) {
+    terminal->emptyList.why = why;
+    EXPECT_EQ(line(2), text);
+  }
+}
+
+TEST_F(ListOnATerminal, SaysTheReasonBelowAnEmptyList) {
+  joinNothing();
+  showList({}, {40, 12});
+  terminal->emptyList = {.why = EmptyList::Why::powerOnFailed,
+                         .reason = "The radio is switched off by a switch\x1B of the device.",
+                         .askForPower = nullptr};
+  EXPECT_EQ(line(2), "    Could not turn the radio on.");
+  EXPECT_EQ(line(4), "");
+  EXPECT_EQ(line(5), "    The radio is switched off by a");
+  EXPECT_EQ(line(6), "    switch\\u{1B} of the device.");
+  EXPECT_EQ(line(7), "");
+}
+
+TEST_F(ListOnATerminal, SaysNothingOfAnEmptyListWhereThereAreNetworks) {
+  joinNothing();
+  showList({"Cafe"});
+  terminal->emptyList = {
+      .why = EmptyList::Why::scanFailed, .reason = "radio asleep", .askForPower = nullptr};
+  EXPECT_FALSE(shows("Could not look"));
+  EXPECT_FALSE(shows("radio asleep"));
 }
 
 TEST_F(ListOnATerminal, MarksThatThereIsMore) {

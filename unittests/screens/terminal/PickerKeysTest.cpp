@@ -112,6 +112,30 @@ TEST_F(KeysInTheList, AreShownAsFarAsTheyWork) {
   EXPECT_EQ(lastLine(), " Enter Choose  n Next  ? Help  q Quit  / Find  r Refresh  ↑↓ Move");
 }
 
+TEST_F(KeysInTheList, AskAgainForThePowerWhileTheRadioIsOff) {
+  joinNothing();
+  showList({}, {100, 24});
+  type({"p"});
+  EXPECT_THAT(terminal->effects, ::testing::IsEmpty());
+  EXPECT_FALSE(shows("Turn on"));
+  int asked = 0;
+  terminal->emptyList = {
+      .why = EmptyList::Why::radioOff, .reason = {}, .askForPower = [&] { ++asked; }};
+  EXPECT_THAT(lastLine(), ::testing::HasSubstr("p Turn on…"));
+  type({"p"});
+  EXPECT_EQ(asked, 1);
+}
+
+TEST_F(KeysInTheList, SayThatTheRadioIsOffWhereTheListCannotBeRefreshed) {
+  wifiManager->power = 0;
+  showEmptyList();
+  queues->runUntilIdle();
+  controller->presentedAlert()->tap(*controller->presentedAlert()->actions().back());
+  terminal->emptyList = {.why = EmptyList::Why::radioOff, .reason = {}, .askForPower = [] {}};
+  type({"r"});
+  EXPECT_EQ(lastLine(), " The radio is off.");
+}
+
 TEST_F(KeysInTheList, RepaintTheScreen) {
   joinNothing();
   showList({"a"});

@@ -23,11 +23,13 @@ class ValueScreen final : public NoScreen {
   Look look{.extent = {80, 24}};
   TerminalState state;
   TestsDone tests;
+  EmptyList emptyList;
   std::optional<Report> report;
   std::vector<Effect> effects;  // that were not nothing
 
   Shown shown() const {
-    Shown shown{.content = {}, .alert = nullptr, .tests = tests, .report = nullptr};
+    Shown shown{
+        .content = {}, .alert = nullptr, .tests = tests, .emptyList = emptyList, .report = nullptr};
     if (controller) {
       shown.content = contentOf(*controller->view());
       shown.alert = controller->presentedAlert();

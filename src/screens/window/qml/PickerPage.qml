@@ -99,21 +99,45 @@ FocusScope {
         }
         footer: Item {
             width: list.width
-            height: status.visible ? 72 : 0
-            Text {
-                id: status
-                objectName: "listStatus"
+            visible: profile.listStatus !== "" && list.count <= 5
+            height: visible ? statusParts.height + 48 : 0
+            Column {
+                id: statusParts
                 anchors.centerIn: parent
                 width: parent.width - 2 * profile.sideInset
-                horizontalAlignment: Text.AlignHCenter
-                wrapMode: Text.Wrap
-                visible: profile.listStatus !== "" && list.count <= 5
-                text: profile.listStatus
-                textFormat: Text.PlainText
-                font.pixelSize: 15
-                color: Theme.quietText
-                Accessible.role: Accessible.AlertMessage
-                Accessible.name: text
+                spacing: 8
+                Text {
+                    objectName: "listStatus"
+                    width: parent.width
+                    horizontalAlignment: Text.AlignHCenter
+                    wrapMode: Text.Wrap
+                    text: profile.listStatus
+                    textFormat: Text.PlainText
+                    font.pixelSize: 15
+                    color: Theme.quietText
+                    Accessible.role: Accessible.AlertMessage
+                    Accessible.name: text
+                }
+                Text {
+                    objectName: "listReason"
+                    width: parent.width
+                    visible: text !== ""
+                    horizontalAlignment: Text.AlignHCenter
+                    wrapMode: Text.Wrap
+                    text: profile.listReason
+                    textFormat: Text.PlainText
+                    font.pixelSize: 13
+                    color: Theme.quietText
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
+                }
+                FlatButton {
+                    objectName: "powerButton"
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    visible: profile.canAskForPower
+                    text: profile.text("TURN_ON")
+                    onClicked: profile.askForPower()
+                }
             }
         }
 
