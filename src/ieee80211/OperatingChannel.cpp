@@ -50,16 +50,19 @@ std::optional<Extent> readExtent(const ElementSet& elements, const Operations& a
 }
 
 // The channel that the elements name; 0: none does; nothing: they contradict each other.
-std::optional<int> namedPrimary(const ElementSet& elements, const Operations& all) {
-  for (const Kind kind : {Kind::dsParameterSet, Kind::htOperation}) {
-    if (elements.has(kind) && !elements.payload(kind)) return std::nullopt;
-  }
-  const auto ds = elements.payload(Kind::dsParameterSet);
+std::optional<int> namedPrimary(const ElementSet& elements, const Operations& all,
+                                std::optional<Band> heard) {
+  // A DS Parameter Set belongs to 2.4 GHz; some software sends one in the other bands as well.
+  const bool dsCounts = heard.value_or(Band::ghz2) == Band::ghz2;
+  const bool hasDs = dsCounts && elements.has(Kind::dsParameterSet);
+  const auto ds = hasDs ? elements.payload(Kind::dsParameterSet) : std::nullopt;
+  if (hasDs && !ds) return std::nullopt;
+  if (elements.has(Kind::htOperation) && !elements.payload(Kind::htOperation)) return std::nullopt;
   const int ofDs = ds && !ds->empty() ? ds->front() : 0;
   const int ofHt = all.ht ? all.ht->primary : 0;
   if (all.he.sixGhz) {
     // Networks of 6 GHz have neither of the two (802.11ax, 26.17.2.1).
-    if (elements.has(Kind::dsParameterSet) || elements.has(Kind::htOperation)) return std::nullopt;
+    if (hasDs || elements.has(Kind::htOperation)) return std::nullopt;
     return all.he.sixGhz->primary;
   }
   if (ofDs != 0 && ofHt != 0 && ofDs != ofHt) return std::nullopt;
@@ -71,9 +74,9 @@ std::optional<int> namedPrimary(const ElementSet& elements, const Operations& al
 std::optional<OperatingChannel> readOperatingChannel(const ElementSet& elements,
                                                      std::optional<int> frequency) {
   const Operations all = readOperations(elements);
-  const auto named = namedPrimary(elements, all);
   std::optional<Band> heard;
   if (frequency) heard = bandOf(*frequency);
+  const auto named = namedPrimary(elements, all, heard);
   if (!named || (frequency && !heard)) return std::nullopt;
   OperatingChannel channel;
   if (*named != 0) {

@@ -19,9 +19,10 @@ struct OperatingChannel {
 
 // The channel as the elements tell it, from DS Parameter Set to EHT Operation; `frequency`, in MHz,
 // is where the frame was heard, which counts where no element tells the channel (beacons of 2.4
-// GHz are heard on neighbouring channels, too). Elements that contradict each other or the band of
-// the frequency make the channel unknown; those about the width, the extent alone. A set that is
-// truncated has no extent, because the widest element comes last.
+// GHz are heard on neighbouring channels, too); a DS Parameter Set counts in 2.4 GHz only. Elements
+// that contradict each other or the band of the frequency make the channel unknown; those about the
+// width, the extent alone. A set that is truncated has no extent, because the widest element comes
+// last.
 std::optional<OperatingChannel> readOperatingChannel(const ElementSet& elements,
                                                      std::optional<int> frequency);
 

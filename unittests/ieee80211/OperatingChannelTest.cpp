@@ -46,10 +46,18 @@ TEST(OperatingChannel, OfTheElementsCountsWhenItIsHeardNextToIt) {
   EXPECT_EQ(operating(channelElement(6), 2432).value().primary, 6);
 }
 
+TEST(OperatingChannel, OfFiveAndSixGigahertzTakesNoNoticeOfADsParameterSet) {
+  EXPECT_EQ(operating(sixGhzOperation(5, 0, 5, 0) + channelElement(5), 5975),
+            known(Band::ghz6, 5, {.center = 5}));
+  EXPECT_EQ(operating(channelElement(5), 5975), extentUnknown(Band::ghz6, 5));
+  EXPECT_EQ(operating(channelElement(6) + htOperation(36, 0), 5180).value().primary, 36);
+  EXPECT_EQ(operating(channelElement(6), 5180).value().primary, 36);
+}
+
 TEST(OperatingChannel, IsUnknownWhereThingsContradict) {
   EXPECT_FALSE(operating(channelElement(6) + channelElement(7)));
   EXPECT_FALSE(operating(channelElement(6) + htOperation(7, 0)));
-  EXPECT_FALSE(operating(channelElement(6), 5180)) << "another band";
+  EXPECT_FALSE(operating(htOperation(6, 0), 5180)) << "another band";
   EXPECT_FALSE(operating(channelElement(15)));
   EXPECT_FALSE(operating(channelElement(37))) << "not on the grid";
   EXPECT_FALSE(operating(sixGhzOperation(37, 0, 37, 0) + channelElement(1)));
