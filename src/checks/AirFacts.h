@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "checks/Known.h"
 #include "ieee80211/Channels.h"
 #include "ieee80211/OperatingChannel.h"
 #include "ieee80211/PhyModes.h"
@@ -32,14 +33,16 @@ struct AccessPoint {
   std::string bssid = {};  // as in Link
   // 1 to 32 bytes; nothing when it never told its name.
   std::optional<std::string> ssid = std::nullopt;
-  // The name in its beacons is empty or zeros; nothing when none of them was heard.
+  // The name in its beacons is empty or zeros; nothing when none of them was heard. The encrypted
+  // half of an open network (OWE transition) hides nothing: the open half has the name.
   std::optional<bool> hidesName = std::nullopt;
   std::optional<int> signal = std::nullopt;  // dBm
   std::optional<ieee80211::OperatingChannel> channel = std::nullopt;
   std::optional<int> beaconInterval = std::nullopt;  // TU
   std::optional<int> dtimPeriod = std::nullopt;      // beacons
   ieee80211::Security security = ieee80211::Security::unknown;
-  std::vector<int> basicRates = {};  // in units of 500 kbit/s
+  std::vector<int> rates = {};       // in units of 500 kbit/s, in order
+  std::vector<int> basicRates = {};  // those of them that all members must know
   ieee80211::PhyModes modes = {};
   std::optional<std::string> country = std::nullopt;     // two capital letters
   std::optional<int> channelUtilization = std::nullopt;  // BSS Load, 0 to 255
@@ -51,13 +54,19 @@ struct AccessPoint {
   std::optional<std::string> model = std::nullopt;  // WPS, any bytes
   // Of another network of the same box that announced this one.
   std::optional<std::string> transmitterBssid = std::nullopt;
+  std::optional<std::chrono::milliseconds> age = std::nullopt;  // since it was last heard
+  // A connection manager heard it and tells of it what it does; what else its frames say is lost.
+  bool isSecondHand = false;
 
   bool operator==(const AccessPoint&) const = default;
 };
 
-// The newest scan, and what others heard in the 30 s before it and it did not.
+// The newest scan.
 struct Scan {
   std::vector<AccessPoint> accessPoints = {};  // each BSSID once, in no particular order
+  // Why no scan of the age that was asked for is there: access points may be missing, or be gone
+  // by now, but for the joined one. Empty: it is there.
+  std::optional<Unknown> incomplete = std::nullopt;
 
   bool operator==(const Scan&) const = default;
 };
@@ -71,6 +80,8 @@ struct ChannelSurvey {
   std::optional<std::chrono::milliseconds> busy = std::nullopt;    // of that, the channel was busy
   std::optional<std::chrono::milliseconds> transmit =
       std::nullopt;  // of that, with this radio's own frames
+  std::optional<std::chrono::milliseconds> receive =
+      std::nullopt;  // of that, with frames of the joined network to this radio or others
 
   bool operator==(const ChannelSurvey&) const = default;
 };
@@ -106,7 +117,9 @@ struct Radio {
 
 // The rules that the kernel follows.
 struct Regulatory {
-  std::string country = {};  // two capital letters; "00": the world, that is, not set
+  // Two capital letters; "00": the world, that is, not set; "98": what several countries' rules
+  // have in common.
+  std::string country = {};
 
   bool operator==(const Regulatory&) const = default;
 };

@@ -49,14 +49,16 @@ std::optional<double> shareOf(const ChannelSurvey& survey) {
   if (!survey.active || !survey.busy) return std::nullopt;
   // A radio sends next to nothing where it only listens; where it works, its own frames matter.
   if (!survey.transmit && survey.inUse) return std::nullopt;
-  const auto transmit = survey.transmit.value_or(std::chrono::milliseconds(0));
   const auto none = std::chrono::milliseconds(0);
-  if (transmit < none || *survey.busy < transmit || *survey.active < *survey.busy) {
+  const auto transmit = survey.transmit.value_or(none);
+  const auto receive = survey.receive.value_or(none);
+  const auto own = transmit + receive;
+  if (transmit < none || receive < none || *survey.busy < own || *survey.active < *survey.busy) {
     return std::nullopt;
   }
-  if (*survey.active - transmit < kLongEnough) return std::nullopt;
-  const auto others = static_cast<double>((*survey.busy - transmit).count());
-  return others / static_cast<double>((*survey.active - transmit).count());
+  if (*survey.active - own < kLongEnough) return std::nullopt;
+  const auto others = static_cast<double>((*survey.busy - own).count());
+  return others / static_cast<double>((*survey.active - own).count());
 }
 
 }  // namespace
@@ -66,7 +68,7 @@ ChannelLoads::ChannelLoads(const Question& question, const Subject* subject)
       settings_(question.settings),
       own_(subject ? subject->heard : nullptr),
       current_(subject ? channelOf(*subject) : std::nullopt) {
-  if (facts_.scan) collectBoxes(question, subject);
+  if (!whyNotWhole(facts_.scan)) collectBoxes(question, subject);
 }
 
 void ChannelLoads::collectBoxes(const Question& question, const Subject* subject) {
@@ -83,8 +85,11 @@ void ChannelLoads::collectBoxes(const Question& question, const Subject* subject
   }
   if (subject) {
     for (const AccessPoint* own : accessPointsNamedLike(question, *subject)) {
-      if (own->channel) boxes.erase(boxOf(*own, *own->channel));
+      if (!own->channel) continue;
+      const auto found = boxes.find(boxOf(*own, *own->channel));
+      if (found != boxes.end()) found->second.isOwn = true;
     }
+    if (own_ && own_->channel) boxes.erase(boxOf(*own_, *own_->channel));
   }
   for (auto& [key, box] : boxes) boxes_.push_back(std::move(box));
 }
@@ -100,10 +105,10 @@ std::optional<double> ChannelLoads::busyShare(Band band, int channel) const {
 }
 
 std::optional<double> ChannelLoads::utilization(Band band, int channel) const {
-  if (!facts_.scan) return std::nullopt;
   if (own_ && isOn(*own_, band, channel) && own_->channelUtilization) {
     return *own_->channelUtilization;
   }
+  if (whyNotWhole(facts_.scan)) return std::nullopt;
   std::optional<double> most;
   for (const AccessPoint& accessPoint : facts_.scan->accessPoints) {
     if (!isOn(accessPoint, band, channel) || !accessPoint.channelUtilization) continue;
@@ -113,12 +118,12 @@ std::optional<double> ChannelLoads::utilization(Band band, int channel) const {
   return most;
 }
 
-std::optional<double> ChannelLoads::neighbours(Band band, int channel) const {
-  if (!facts_.scan) return std::nullopt;
+std::optional<double> ChannelLoads::neighbours(Band band, int channel, Counted counted) const {
+  if (whyNotWhole(facts_.scan)) return std::nullopt;
   double count = 0;
   bool areAllStrengthsKnown = true;
   for (const Box& box : boxes_) {
-    if (box.band != band) continue;
+    if (box.band != band || (box.isOwn && counted == Counted::others)) continue;
     const bool isHere = box.primary == channel;
     if (!isHere && !box.overlapped.contains(channel)) continue;
     if (box.isHeardWell) {
@@ -132,7 +137,8 @@ std::optional<double> ChannelLoads::neighbours(Band band, int channel) const {
   return count;
 }
 
-std::optional<double> ChannelLoads::amount(Measure measure, Band band, int channel) const {
+std::optional<double> ChannelLoads::amount(Measure measure, Band band, int channel,
+                                           Counted counted) const {
   switch (measure) {
     case Measure::busyTime:
       return busyShare(band, channel);
@@ -141,12 +147,13 @@ std::optional<double> ChannelLoads::amount(Measure measure, Band band, int chann
     case Measure::neighbours:
       break;
   }
-  return neighbours(band, channel);
+  return neighbours(band, channel, counted);
 }
 
 std::optional<Load> ChannelLoads::of(Band band, int channel) const {
   for (const Measure measure : kMeasures) {
-    if (const auto known = amount(measure, band, channel)) return Load{measure, *known};
+    if (const auto known = amount(measure, band, channel, Counted::others))
+      return Load{measure, *known};
   }
   return std::nullopt;
 }
@@ -177,7 +184,7 @@ std::optional<double> ChannelLoads::worstAmount(Measure measure, Band band,
                                                 const Candidate& candidate) const {
   std::optional<double> worst;
   for (const int channel : candidate) {
-    const auto known = amount(measure, band, channel);
+    const auto known = amount(measure, band, channel, Counted::all);
     if (!known) return std::nullopt;
     worst = std::max(worst, known);
   }

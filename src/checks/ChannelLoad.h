@@ -30,8 +30,8 @@ using Candidate = std::vector<int>;
 
 class ChannelLoads {
  public:
-  // Looks into the question. The subject's own network (nil: none) does not count among the
-  // neighbours, and its boxes neither.
+  // Looks into the question. The boxes of the subject's own network (nil: none) do not count among
+  // the neighbours; `best` counts them, but for the subject's own box, which would move.
   ChannelLoads(const Question& question, const Subject* subject);
 
   // By the first measure that is known; nothing when none is.
@@ -54,13 +54,17 @@ class ChannelLoads {
     int primary = 0;
     std::set<int> overlapped;
     bool isHeardWell = false;  // no: the driver does not say how strong it is
+    bool isOwn = false;        // of the subject's network
   };
 
+  enum class Counted { others, all };  // boxes
+
   void collectBoxes(const Question& question, const Subject* subject);
-  std::optional<double> amount(Measure measure, ieee80211::Band band, int channel) const;
+  std::optional<double> amount(Measure measure, ieee80211::Band band, int channel,
+                               Counted counted) const;
   std::optional<double> busyShare(ieee80211::Band band, int channel) const;
   std::optional<double> utilization(ieee80211::Band band, int channel) const;
-  std::optional<double> neighbours(ieee80211::Band band, int channel) const;
+  std::optional<double> neighbours(ieee80211::Band band, int channel, Counted counted) const;
   std::optional<double> worstAmount(Measure measure, ieee80211::Band band,
                                     const Candidate& candidate) const;
 
@@ -68,7 +72,7 @@ class ChannelLoads {
   const Settings& settings_;
   const AccessPoint* own_;  // nil: none, or not heard
   std::optional<ieee80211::OperatingChannel> current_;
-  std::vector<Box> boxes_;  // of others
+  std::vector<Box> boxes_;  // but for the subject's
 };
 
 }  // namespace wifi_profile::checks

@@ -73,7 +73,7 @@ Dictionary::Entries recommendations(const Facts& facts, const ChannelLoads& load
 
 // Why there is no measure of a channel.
 Unknown whyNoLoad(const Facts& facts) {
-  if (!facts.scan) return facts.scan.why();
+  if (auto why = whyNotWhole(facts.scan)) return *std::move(why);
   return notTold(
       "The driver says neither how busy the channels are nor how strong all access points are "
       "heard: another adapter may.");
@@ -122,11 +122,12 @@ Answer congested2GHz(const Question& question) { return congestedBand(question, 
 Answer congested5GHz(const Question& question) { return congestedBand(question, Band::ghz5); }
 
 constexpr std::string_view kFrom =
-    "first what is known of: survey (NL80211_SURVEY_INFO_TIME, _TIME_BUSY, _TIME_TX; at least 103 "
-    "ms without the radio's own frames, which must be told of the channel in use), BSS Load "
-    "element "
-    "(the network's own, else the highest of those from -82 dBm on), access points of the scan; "
-    "allowed channels from NL80211_BAND_ATTR_FREQS";
+    "first what is known of: the difference of two surveys, one before and one after the scan and "
+    "at least 1 s apart (NL80211_SURVEY_INFO_TIME and _TIME_BUSY without the own network's "
+    "_TIME_TX and _TIME_BSS_RX; a channel that was listened to for less than 103 ms meanwhile has "
+    "none, nor has one in use whose _TIME_TX is not told), BSS Load element (the network's own, "
+    "else the highest of those from -82 dBm on), access points of the scan; allowed channels from "
+    "NL80211_BAND_ATTR_FREQS";
 constexpr std::string_view kThreshold =
     "busy 0.7 of the time or more (`congestedBusyShare`), utilization 192 of 255 or more "
     "(`congestedUtilization`), more than 6 boxes of others (`congestedNeighbours`)";
@@ -139,8 +140,8 @@ constexpr std::array kRows{
               "How busy the network's primary 20 MHz channel is. Boxes count 1 on this "
               "channel and 1.5 where they only overlap it, each once, from -82 dBm on; "
               "those of the network itself do not count. Recommended is the least busy "
-              "channel of its class, all compared by one measure; those that are crowded by what "
-              "is known of them come last.",
+              "channel of its class, all compared by one measure, for which other boxes of the "
+              "network count as well; those that are crowded by what is known of them come last.",
           .from = kFrom,
           .threshold = kThreshold,
           .why = "The shares and the count are this project's choice. BSS Load: IEEE 802.11-2020, "

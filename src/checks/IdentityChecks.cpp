@@ -31,7 +31,7 @@ Answer ambiguousName(const Question& question) {
         question.settings.ambiguousNames,
         [&](const std::string& pattern) { return matchesPattern(subject.name, pattern); });
     if (isCommon) return finding(true, info);
-    if (!question.facts.scan) return question.facts.scan.why();
+    if (auto why = whyNotWhole(question.facts.scan)) return *std::move(why);
     const auto named = accessPointsNamedLike(question, subject);
     if (isUsedInSeveralKinds(named)) return finding(true, info);
     const bool isAnyUnknown = std::ranges::any_of(
@@ -52,8 +52,14 @@ Answer hiddenNetwork(const Question& question) {
 }
 
 Answer passpoint(const Question& question) {
-  return aboutAccessPoint(
-      question, [](const AccessPoint& accessPoint) { return finding(accessPoint.isPasspoint); });
+  return aboutAccessPoint(question, [](const AccessPoint& accessPoint) -> Answer {
+    if (accessPoint.isSecondHand) {
+      return notTold(
+          "Only NetworkManager's list of access points is at hand, which does not say whether it "
+          "is a Passpoint: scan again, as root or seated at the machine.");
+    }
+    return finding(accessPoint.isPasspoint);
+  });
 }
 
 // Hints that a network is a phone's; nothing where one does not say.

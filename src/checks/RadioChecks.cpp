@@ -101,6 +101,7 @@ Answer conflictingMode(const Question& question, bool PhyModes::*mode,
     if (!channelOf(subject) || own == PhyModes{}) {
       return notTold("The access point does not say its band or its radio modes: scan again.");
     }
+    if (auto why = whyNotWhole(question.facts.scan)) return *std::move(why);
     const auto named = accessPointsNamedLike(question, subject);
     const auto isThere = [&](Band band, bool hasMode) {
       return std::ranges::any_of(named, [&](const AccessPoint* accessPoint) {

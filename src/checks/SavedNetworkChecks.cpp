@@ -47,7 +47,7 @@ Answer conflictingSecurity(const Question& question) {
       if (!isContradicted && (kinds.size() > 1 || air.contains(name))) isSure = false;
     }
   }
-  if (!facts.scan) return facts.scan.why();
+  if (auto why = whyNotWhole(facts.scan)) return *std::move(why);
   if (!isSure) {
     return notTold(
         "A remembered network, or an access point of its name, does not say clearly how it is "

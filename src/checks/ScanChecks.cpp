@@ -13,10 +13,20 @@ namespace {
 
 constexpr int kUnknownStrength = -100;  // dBm
 
-// Two capital letters of a country; "XX" and the kernel's "00", "98" and "99" stand for none.
+// Rules that several countries have in common (the kernel's code), because two of them were named
+// to it.
+constexpr const char* kIntersection = "98";
+
+// Codes that ISO 3166-1 leaves to its users: AA, QM to QZ, XA to XZ, ZZ.
+bool isUserAssigned(const std::string& code) {
+  return code == "AA" || code == "ZZ" || code[0] == 'X' || (code[0] == 'Q' && code[1] >= 'M');
+}
+
+// Two capital letters of a country, which "EU" is not; nor are the kernel's "00", "98" and "99".
 bool isCountry(const std::string& code) {
   const auto isCapital = [](char letter) { return letter >= 'A' && letter <= 'Z'; };
-  return code.size() == 2 && std::ranges::all_of(code, isCapital) && code != "XX";
+  return code.size() == 2 && std::ranges::all_of(code, isCapital) && code != "EU" &&
+         !isUserAssigned(code);
 }
 
 std::optional<std::string> kernelCountry(const Facts& facts) {
@@ -31,16 +41,24 @@ std::optional<std::string> countryOfSubject(const Question& question) {
   return country && isCountry(*country) ? country : std::nullopt;
 }
 
+const Unknown kSecondHand{Reason::notTold,
+                          "Of some access points only NetworkManager's list is at hand, which has "
+                          "no countries: scan again, as root or seated at the machine."};
+
 Answer conflictingCountries(const Question& question) {
   const Facts& facts = question.facts;
-  if (!facts.scan) return facts.scan.why();
+  if (auto why = whyNotWhole(facts.scan)) return *std::move(why);
   std::map<std::string, int> counts;
   for (const AccessPoint& accessPoint : facts.scan->accessPoints) {
     if (accessPoint.country && isCountry(*accessPoint.country)) ++counts[*accessPoint.country];
   }
   const auto kernel = kernelCountry(facts);
-  const bool differ = kernel ? counts.size() > counts.count(*kernel) : counts.size() > 1;
+  const bool isMixed = facts.regulatory && facts.regulatory->country == kIntersection;
+  const bool differ =
+      isMixed || (kernel ? counts.size() > counts.count(*kernel) : counts.size() > 1);
   if (!differ && !facts.regulatory) return facts.regulatory.why();
+  const auto& heard = facts.scan->accessPoints;
+  if (!differ && std::ranges::any_of(heard, &AccessPoint::isSecondHand)) return kSecondHand;
   auto adopted = kernel ? kernel : countryOfSubject(question);
   if (!adopted && !counts.empty()) {
     adopted =
@@ -70,7 +88,7 @@ ObjectRef scanResults(std::vector<const AccessPoint*> accessPoints) {
 
 Answer hiddenScanResults(const Question& question) {
   const Known<Scan>& scan = question.facts.scan;
-  if (!scan) return scan.why();
+  if (auto why = whyNotWhole(scan)) return *std::move(why);
   std::vector<const AccessPoint*> hidden;
   for (const AccessPoint& accessPoint : scan->accessPoints) {
     if (accessPoint.hidesName == true) hidden.push_back(&accessPoint);
@@ -81,7 +99,7 @@ Answer hiddenScanResults(const Question& question) {
 
 Answer noScanResults(const Question& question) {
   const Known<Scan>& scan = question.facts.scan;
-  if (!scan) return scan.why();
+  if (auto why = whyNotWhole(scan)) return *std::move(why);
   std::vector<const AccessPoint*> all;
   for (const AccessPoint& accessPoint : scan->accessPoints) all.push_back(&accessPoint);
   const bool isNone = all.empty();
@@ -97,11 +115,14 @@ constexpr std::array kRows{
           .measures = "Whether the access points in range and the kernel name different countries. "
                       "Adopted is the kernel's, else the network's, else the one that most name.",
           .from = "Country elements of the scan; NL80211_ATTR_REG_ALPHA2",
-          .threshold = "two different codes; 00, 98, 99 and XX are none",
+          .threshold = "two different codes, or 98 in the kernel, which follows several countries' "
+                       "rules then; 00 (no country was set: it contradicts none, and only sends on "
+                       "fewer channels), 99, EU and the codes for users (AA, QM to QZ, XA to XZ, "
+                       "ZZ) are none",
           .why = "The country decides which channels and powers are allowed. Country element: IEEE "
                  "802.11-2020, 9.4.2.8",
           .unknownWhen = "there is no scan; the access points agree, and the kernel's country "
-                         "cannot be read"},
+                         "cannot be read, or some are known from NetworkManager alone"},
     Check{.id = DiagnosticsTestID::HiddenScanResults,
           .answer = hiddenScanResults,
           .needs = {Fact::scan},

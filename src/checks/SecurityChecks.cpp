@@ -61,8 +61,12 @@ constexpr std::array kRows{
           .needs = {Fact::link, Fact::scan},
           .measures = "Whether the network offers the first WPA and nothing newer.",
           .from = "WPA element, that there is no RSN element",
-          .threshold = "WPA Personal or WPA Enterprise; with WPA2 beside it does not count",
-          .why = "It is built around TKIP, which IEEE 802.11-2020, 12.5.2, calls deprecated",
+          .threshold = "WPA Personal or WPA Enterprise; with WPA2 beside it does not count, nor "
+                       "does WPA2 with TKIP for broadcasts (the group cipher), as such mixed "
+                       "networks have",
+          .why = "It is built around TKIP, which IEEE 802.11-2020, 12.5.2, calls deprecated. Of a "
+                 "mixed network only broadcasts are that weak: its members' own frames have the "
+                 "newer cipher",
           .unknownWhen = kUnknownWhen},
 };
 

@@ -34,6 +34,8 @@ Subject joined(const Facts& facts) {
   const auto found = std::ranges::find(accessPoints, facts.link->bssid, &AccessPoint::bssid);
   if (found != accessPoints.end()) {
     subject.heard = &*found;
+  } else if (facts.scan->incomplete) {
+    subject.notHeard = *facts.scan->incomplete;
   } else {
     subject.notHeard = {Reason::notInRange,
                         "The joined access point is not in the last scan: scan again."};
@@ -42,7 +44,7 @@ Subject joined(const Facts& facts) {
 }
 
 Known<Subject> inRange(const Facts& facts, std::string_view name) {
-  if (!facts.scan) return facts.scan.why();
+  if (auto why = whyNotWhole(facts.scan)) return *std::move(why);
   const AccessPoint* strongest = nullptr;
   for (const AccessPoint& accessPoint : facts.scan->accessPoints) {
     if (accessPoint.ssid != name) continue;
@@ -89,6 +91,11 @@ Known<int> toldBy(const Subject& subject, std::optional<int> Link::*ofLink,
   if (!subject.heard) return subject.notHeard;
   if (subject.heard->*ofAccessPoint) return *(subject.heard->*ofAccessPoint);
   return notTold("Neither the access point nor the driver says " + std::string(what) + ".");
+}
+
+std::optional<Unknown> whyNotWhole(const Known<Scan>& scan) {
+  if (!scan) return scan.why();
+  return scan->incomplete;
 }
 
 std::vector<const AccessPoint*> accessPointsNamedLike(const Question& question,

@@ -35,6 +35,9 @@ std::optional<ieee80211::OperatingChannel> channelOf(const Subject& subject);
 Known<int> toldBy(const Subject& subject, std::optional<int> Link::*ofLink,
                   std::optional<int> AccessPoint::*ofAccessPoint, std::string_view what);
 
+// Why it is not known which access points are in range, or which are not; empty: the scan tells.
+std::optional<Unknown> whyNotWhole(const Known<Scan>& scan);
+
 // Those of the scan that have the subject's name, the subject's own among them. None without a
 // scan.
 std::vector<const AccessPoint*> accessPointsNamedLike(const Question& question,

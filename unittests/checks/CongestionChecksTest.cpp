@@ -113,6 +113,12 @@ TEST_F(CongestionChecks, PreferTheRadiosSurvey) {
   EXPECT_THAT(ask(Id::CongestedChannel), says(true));
 }
 
+TEST_F(CongestionChecks, DoNotCountTheOwnNetworksTraffic) {
+  survey(5180, 1000, 900, 100, true);
+  facts.surveys->front().receive = milliseconds(700);
+  EXPECT_EQ(load(), (Load{Measure::busyTime, 0.5}));
+}
+
 TEST_F(CongestionChecks, DoNotBelieveASurveyThatIsShortOrImpossible) {
   survey(5180, 102, 50, 0);
   survey(5180, 1000, 1000, 1000);
@@ -176,6 +182,25 @@ TEST_F(CongestionChecks, StayOnTheChannelWhereOthersAreNoBetter) {
   EXPECT_THAT(recommended("5GHzChannel"), isChannel(153));
   EXPECT_THAT(recommended("5GHz40MHzChannel"), isChannel(149));
   EXPECT_THAT(recommended("2GHzChannel"), isChannel(1));
+}
+
+TEST_F(CongestionChecks, RecommendNoChannelWhereTheNetworksOtherBoxesStand) {
+  own().channel = channelAt(Band::ghz5, 36);
+  addBoxes(1, 40);
+  EXPECT_THAT(recommended("5GHzNonDFSChannel"), isChannel(36));
+  for (const char* number : {"01", "02", "03", "04", "05", "06"}) {
+    add(accessPoint(std::string("02:00:00:99:00:") + number, kName, -50, 36)).bssid[9] = number[1];
+  }
+  EXPECT_EQ(load()->amount, 0) << "they are no neighbours";
+  EXPECT_THAT(recommended("5GHzNonDFSChannel"), isChannel(149));
+}
+
+TEST_F(CongestionChecks, OfTheWholeAirAreNotKnownWithoutANewScan) {
+  addBoxes(9, 36);
+  facts.scan->incomplete = Unknown{Reason::notPermitted, "no"};
+  EXPECT_THAT(ask(Id::CongestedChannel), isUnknownFor(Reason::notPermitted));
+  own().channelUtilization = 192;
+  EXPECT_THAT(ask(Id::CongestedChannel), says(true));
 }
 
 TEST_F(CongestionChecks, CompareAllChannelsByOneMeasure) {

@@ -79,11 +79,69 @@ TEST_F(NetworkChecks, CannotSayThatCountriesAgreeWithoutTheKernels) {
 
 TEST_F(NetworkChecks, TakeAWorldDomainOfTheKernelForNone) {
   own().country = "DE";
-  for (const char* unset : {"00", "98", "99", "XX", "", "d", "de"}) {
+  for (const char* unset : {"00", "99", "XX", "", "d", "de"}) {
     facts.regulatory = Regulatory{unset};
     EXPECT_THAT(ask(Id::ConflictingCountryCode), says(false)) << unset;
     EXPECT_THAT(ask(Id::ConflictingCountryCode), tells("AdoptedCountryCode", isText("DE")));
   }
+}
+
+TEST_F(NetworkChecks, SeeAConflictWhereTheKernelFollowsSeveralCountriesRules) {
+  own().country = "DE";
+  facts.regulatory = Regulatory{"98"};
+  EXPECT_THAT(ask(Id::ConflictingCountryCode), says(true));
+  EXPECT_THAT(ask(Id::ConflictingCountryCode), tells("AdoptedCountryCode", isText("DE")));
+}
+
+TEST_F(NetworkChecks, TakeCodesThatAreNoCountrysForNone) {
+  facts.regulatory = Regulatory{"DE"};
+  auto& other = add(accessPoint("02:00:00:00:00:01", "Cafe", -50, 36));
+  for (const char* code : {"EU", "AA", "QM", "QZ", "XA", "XK", "XZ", "ZZ"}) {
+    other.country = code;
+    EXPECT_THAT(ask(Id::ConflictingCountryCode), says(false)) << code;
+  }
+  for (const char* code : {"AD", "QA", "ZA", "AT"}) {
+    other.country = code;
+    EXPECT_THAT(ask(Id::ConflictingCountryCode), says(true)) << code;
+  }
+}
+
+// A user who may not scan: of the air the answer is missing, of the joined access point it is
+// there.
+TEST_F(NetworkChecks, WithoutANewScanKnowTheJoinedAccessPointAlone) {
+  add(accessPoint("02:00:00:00:00:01", "Cafe", -50, 36)).hidesName = true;
+  facts.regulatory = Regulatory{"DE"};
+  facts.savedNetworks = std::vector<SavedNetwork>();
+  facts.scan->incomplete = Unknown{Reason::notPermitted, "no"};
+  for (const Id id : {Id::ConflictingCountryCode, Id::HiddenScanResults, Id::NoScanResults,
+                      Id::AmbiguousNetworkName, Id::ConflictingPHYMode11AC,
+                      Id::ConflictingPHYMode11N, Id::ConflictingSecurityTypeInPNL}) {
+    EXPECT_THAT(ask(id), isUnknownFor(Reason::notPermitted)) << nameOf(id);
+  }
+  for (const Id id : {Id::NoSecurity, Id::LegacyRates11b, Id::HiddenNetwork, Id::Passpoint,
+                      Id::HT402GHzChannel, Id::LongDTIMInterval}) {
+    EXPECT_THAT(ask(id), says(false)) << nameOf(id);
+  }
+  askAbout("Cafe");
+  EXPECT_THAT(ask(Id::NoSecurity), isUnknownFor(Reason::notPermitted));
+  askAbout("Bar");
+  EXPECT_THAT(ask(Id::NoSecurity), isUnknownFor(Reason::notPermitted));
+}
+
+TEST_F(NetworkChecks, OfAManagersListKnowWhatTheManagerTells) {
+  facts.regulatory = Regulatory{"DE"};
+  AccessPoint listed;
+  listed.bssid = "02:00:00:00:00:01";
+  listed.ssid = "Cafe";
+  listed.security = ieee80211::Security::none;
+  listed.isSecondHand = true;
+  add(listed);
+  EXPECT_THAT(ask(Id::ConflictingCountryCode), isUnknownFor(Reason::notTold));
+  EXPECT_THAT(ask(Id::HiddenScanResults), says(false));
+  askAbout("Cafe");
+  EXPECT_THAT(ask(Id::NoSecurity), says(true));
+  EXPECT_THAT(ask(Id::Passpoint), isUnknownFor(Reason::notTold));
+  EXPECT_THAT(ask(Id::LegacyRates11b), isUnknownFor(Reason::notTold));
 }
 
 TEST_F(NetworkChecks, AdoptTheKernelsCountryThenTheNetworksThenTheMostCommon) {

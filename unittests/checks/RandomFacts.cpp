@@ -194,6 +194,9 @@ Facts randomFacts(std::mt19937& random) {
                                .beaconInterval = make.maybeNumber(),
                                .dtimPeriod = make.maybeNumber()});
   facts.scan = make.known(Scan{make.list<AccessPoint>(20, [&] { return make.accessPoint(); })});
+  if (facts.scan && random() % 4 == 0) {
+    facts.scan->incomplete = Unknown{Reason::notPermitted, "This user may not scan."};
+  }
   facts.surveys = make.known(make.list<ChannelSurvey>(20, [&] { return make.survey(); }));
   Radio radio;
   radio.channels = make.list<RadioChannel>(40, [&] {
