@@ -1,5 +1,6 @@
 #include "devices/linux/MachineFacts.h"
 
+#include <algorithm>
 #include <unistd.h>
 #include <utility>
 
@@ -9,6 +10,7 @@
 #include "devices/linux/bus/ConnectionManager.h"
 #include "devices/linux/bus/SessionProxies.h"
 #include "devices/linux/netlink/Addresses.h"
+#include "devices/linux/netlink/RadioEntries.h"
 
 namespace wifi_profile::machine {
 namespace {
@@ -19,6 +21,8 @@ using std::chrono::milliseconds;
 
 // From the beginning of an errand. The kernel answers in much less.
 constexpr milliseconds kKernelLimit{3'000};
+// Between the two surveys of a run, so that there is a share of time to tell.
+constexpr milliseconds kBetweenSurveys{1'000};
 
 template <class T>
 Found put(Known<T> checks::Facts::*member, Known<T> fact) {
@@ -49,12 +53,15 @@ std::vector<Errand> MachineFacts::errands(std::chrono::seconds oldestScan) {
 }
 
 void MachineFacts::addKernelErrands(std::vector<Errand>& all, std::chrono::seconds oldestScan) {
+  // Written before the scan begins, and read after it.
+  const auto first = std::make_shared<FirstSurveys>();
   all.push_back({.name = "kernel's answer about the link",
                  .gives = {Fact::link, Fact::radio, Fact::regulatory},
                  .after = {},
                  .limit = kKernelLimit,
-                 .run = [this](const checks::Facts&, const Patience& patience) -> Found {
+                 .run = [this, first](const checks::Facts&, const Patience& patience) -> Found {
                    Nl80211 kernel;
+                   surveyFirst(*first, patience);
                    auto link = kernel.link(machine_->interface(), patience);
                    auto radio = kernel.radio(machine_->interface(), patience);
                    auto regulatory = kernel.regulatory(machine_->interface(), patience);
@@ -75,9 +82,8 @@ void MachineFacts::addKernelErrands(std::vector<Errand>& all, std::chrono::secon
                  .gives = {Fact::surveys},
                  .after = {Fact::scan},  // which visits the channels
                  .limit = kKernelLimit,
-                 .run = [this](const checks::Facts&, const Patience& patience) {
-                   return put(&checks::Facts::surveys,
-                              Nl80211().surveys(machine_->interface(), patience));
+                 .run = [this, first](const checks::Facts&, const Patience& patience) {
+                   return put(&checks::Facts::surveys, surveysSince(*first, patience));
                  }});
   all.push_back({.name = "driver's answer about Bluetooth",
                  .gives = {Fact::coexistence},
@@ -87,6 +93,26 @@ void MachineFacts::addKernelErrands(std::vector<Errand>& all, std::chrono::secon
                    return put(&checks::Facts::coexistence,
                               readCoexistence(machine_->interface().name));
                  }});
+}
+
+void MachineFacts::surveyFirst(FirstSurveys& first, const Patience& patience) const {
+  auto surveys = Nl80211().surveys(machine_->interface(), patience);
+  const std::lock_guard lock(first.mutex);
+  first.time = Clock::now();
+  first.surveys = std::move(surveys);
+}
+
+MachineFacts::FirstSurveys::Surveys MachineFacts::surveysSince(FirstSurveys& first,
+                                                               const Patience& patience) const {
+  std::unique_lock lock(first.mutex);
+  const auto time = first.time;
+  const auto before = first.surveys;
+  lock.unlock();
+  if (!before) return before;
+  waitFor(-1, 0, {std::min(patience.deadline, time + kBetweenSurveys), patience.cancellation});
+  auto after = Nl80211().surveys(machine_->interface(), patience);
+  if (!after) return after;
+  return surveysBetween(*before, std::move(*after));
 }
 
 void MachineFacts::addServiceErrands(std::vector<Errand>& all) {

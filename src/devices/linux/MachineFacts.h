@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <vector>
 
 #include "devices/linux/LinuxService.h"
@@ -23,6 +24,18 @@ class MachineFacts final : public FactFinder {
   void addKernelErrands(std::vector<Errand>& all, std::chrono::seconds oldestScan);
   void addServiceErrands(std::vector<Errand>& all);
   Found findConnection(const Patience& patience);
+  // The survey of a run's start. Its task may be left behind, and end while it is read.
+  struct FirstSurveys {
+    using Surveys = checks::Known<std::vector<checks::ChannelSurvey>>;
+    std::mutex mutex;  // guards what follows
+    Clock::time_point time;
+    Surveys surveys = checks::Unknown{checks::Reason::tookTooLong,
+                                      "The first survey of the channels took too long: try again "
+                                      "in a while."};
+  };
+  void surveyFirst(FirstSurveys& first, const Patience& patience) const;
+  // What happened since then, after waiting until that is long enough ago.
+  FirstSurveys::Surveys surveysSince(FirstSurveys& first, const Patience& patience) const;
 
   const std::shared_ptr<const Machine> machine_;
   const Targets targets_;

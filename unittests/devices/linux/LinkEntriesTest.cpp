@@ -60,8 +60,9 @@ TEST(WifiInterfaces, AreReadWhole) {
   EXPECT_EQ(*read, expected);
 }
 
-TEST(WifiInterfaces, OfAMeshWithoutAChannelAreNoPeerLinks) {
-  for (const std::uint32_t type : {NL80211_IFTYPE_MESH_POINT, NL80211_IFTYPE_ADHOC}) {
+TEST(WifiInterfaces, OfPeersWithoutAChannelAreNoPeerLinks) {
+  for (const std::uint32_t type : {NL80211_IFTYPE_MESH_POINT, NL80211_IFTYPE_ADHOC,
+                                   NL80211_IFTYPE_P2P_CLIENT, NL80211_IFTYPE_P2P_GO}) {
     const Octets down = numberAttribute(NL80211_ATTR_WIPHY, std::uint32_t{2}) +
                         numberAttribute(NL80211_ATTR_IFTYPE, type);
     EXPECT_EQ(readInterface(down)->role, Role::other);

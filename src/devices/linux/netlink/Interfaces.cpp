@@ -19,11 +19,11 @@ Role roleOf(std::optional<std::uint32_t> type, bool hasChannel) {
     case NL80211_IFTYPE_AP:
     case NL80211_IFTYPE_AP_VLAN:
       return Role::accessPoint;
-    case NL80211_IFTYPE_P2P_CLIENT:
-    case NL80211_IFTYPE_P2P_GO:
     case NL80211_IFTYPE_NAN:
       return Role::peerLink;
     // Meant for it, but down or alone: without a channel there is no link.
+    case NL80211_IFTYPE_P2P_CLIENT:
+    case NL80211_IFTYPE_P2P_GO:
     case NL80211_IFTYPE_ADHOC:
     case NL80211_IFTYPE_MESH_POINT:
       return hasChannel ? Role::peerLink : Role::other;

@@ -1,6 +1,7 @@
 #include "devices/linux/netlink/RadioEntries.h"
 
 #include <algorithm>
+#include <array>
 #include <linux/nl80211.h>
 
 namespace wifi_profile::machine {
@@ -83,11 +84,40 @@ std::optional<checks::ChannelSurvey> surveyOf(const Attributes& attributes) {
   survey.active = timeOf(information, NL80211_SURVEY_INFO_TIME);
   survey.busy = timeOf(information, NL80211_SURVEY_INFO_TIME_BUSY);
   survey.transmit = timeOf(information, NL80211_SURVEY_INFO_TIME_TX);
+  survey.receive = timeOf(information, NL80211_SURVEY_INFO_TIME_BSS_RX);
   if (survey.busy && (!survey.active || *survey.busy > *survey.active)) survey.busy.reset();
   if (survey.transmit && (!survey.busy || *survey.transmit > *survey.busy)) {
     survey.transmit.reset();
   }
+  if (survey.receive && (!survey.busy || *survey.receive > *survey.busy)) survey.receive.reset();
   return survey;
+}
+
+std::vector<checks::ChannelSurvey> surveysBetween(const std::vector<checks::ChannelSurvey>& first,
+                                                  std::vector<checks::ChannelSurvey> second) {
+  using checks::ChannelSurvey;
+  constexpr std::array kTimes{&ChannelSurvey::active, &ChannelSurvey::busy,
+                              &ChannelSurvey::transmit, &ChannelSurvey::receive};
+  for (ChannelSurvey& survey : second) {
+    const auto found = std::ranges::find(first, survey.frequency, &ChannelSurvey::frequency);
+    if (found == first.end()) {
+      for (const auto time : kTimes) (survey.*time).reset();
+      continue;
+    }
+    const ChannelSurvey& before = *found;
+    const bool wentBack = std::ranges::any_of(kTimes, [&](auto time) {
+      return survey.*time && before.*time && *(survey.*time) < *(before.*time);
+    });
+    if (wentBack) continue;
+    for (const auto time : kTimes) {
+      if (survey.*time && before.*time) {
+        *(survey.*time) -= *(before.*time);
+      } else {
+        (survey.*time).reset();
+      }
+    }
+  }
+  return second;
 }
 
 std::optional<checks::Regulatory> regulatoryOf(const Attributes& attributes) {
@@ -95,7 +125,7 @@ std::optional<checks::Regulatory> regulatoryOf(const Attributes& attributes) {
   if (!country || country->size() != 2) return std::nullopt;
   const bool letters =
       std::ranges::all_of(*country, [](char letter) { return letter >= 'A' && letter <= 'Z'; });
-  if (!letters && *country != "00") return std::nullopt;
+  if (!letters && *country != "00" && *country != "98") return std::nullopt;
   return checks::Regulatory{*country};
 }
 

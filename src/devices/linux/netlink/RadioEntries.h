@@ -23,8 +23,14 @@ std::vector<checks::RadioInterface> interfacesBeside(const WifiInterface& inUse,
 // other (busier than it listened) are left out.
 std::optional<checks::ChannelSurvey> surveyOf(const Attributes& attributes);
 
-// From the answer to NL80211_CMD_GET_REG: two capital letters or "00". Nothing for what is no
-// country, such as a mixture of several ones' rules.
+// What happened between two surveys of one radio: drivers count from when they were loaded, or from
+// when they came to the channel. A channel whose times went back counts since then; one that the
+// first survey lacks has no times.
+std::vector<checks::ChannelSurvey> surveysBetween(const std::vector<checks::ChannelSurvey>& first,
+                                                  std::vector<checks::ChannelSurvey> second);
+
+// From the answer to NL80211_CMD_GET_REG: two capital letters, "00" or "98". Nothing for what is
+// no country, such as the driver's own rules.
 std::optional<checks::Regulatory> regulatoryOf(const Attributes& attributes);
 
 }  // namespace wifi_profile::machine
