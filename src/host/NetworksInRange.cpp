@@ -17,6 +17,8 @@ std::variant<NetworksInRange, Failure> networksOfMachine(const ScanOptions& opti
   const machine::Patience patience{machine::Clock::now() + machine::kScanLimit, nobody};
   auto list = machine.scan(std::chrono::seconds(options.maxScanCacheAge), patience);
   if (!list) return Failure{kExitNoDevice, list.why().sentence};
+  const auto& missing = list->scan.incomplete;
+  if (missing && list->scan.accessPoints.empty()) return Failure{kExitNoDevice, missing->sentence};
   return NetworksInRange{std::move(list->scan), std::move(list->joinedBssid)};
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <fmt/format.h>
 #include <unistd.h>
 #include <vector>
@@ -64,16 +65,36 @@ ObjectRef textOrNull(std::string_view text) {
   return text.empty() ? nullPlaceholder() : ObjectRef(makeText(text));
 }
 
+// In Mbit/s.
+ObjectRef ratesOrNull(const std::vector<int>& halves) {
+  if (halves.empty()) return nullPlaceholder();
+  std::vector<ObjectRef> rates;
+  for (const int half : halves) rates.push_back(Number::withDouble(half / 2.0));
+  return std::make_shared<const Array>(std::move(rates));
+}
+
+ObjectRef secondsOrNull(std::optional<std::chrono::milliseconds> time) {
+  return time ? ObjectRef(Number::withDouble(static_cast<double>(time->count()) / 1000))
+              : nullPlaceholder();
+}
+
 ObjectRef objectOf(const ScanRow& row) {
   const checks::AccessPoint& one = *row.accessPoint;
   return makeDictionary({
       {"accessPoints", Number::withInteger(static_cast<std::int64_t>(row.accessPoints))},
+      {"age", secondsOrNull(one.age)},
       {"band", textOrNull(bandText(one))},
+      {"basicRates", ratesOrNull(one.basicRates)},
+      {"beaconInterval", numberOrNull(one.beaconInterval.value_or(0))},
       {"bssid", makeText(one.bssid)},
       {"channel", numberOrNull(one.channel ? one.channel->primary : 0)},
+      {"country", textOrNull(one.country.value_or(""))},
+      {"dtimInterval", numberOrNull(one.dtimPeriod.value_or(0))},
+      {"frequency", numberOrNull(frequencyOf(one))},
       {"generation", textOrNull(generationOf(one))},
       {"hidden", one.hidesName ? Number::withBool(*one.hidesName) : nullPlaceholder()},
       {"joined", Number::withBool(row.joined)},
+      {"rates", ratesOrNull(one.rates)},
       {"security", textOrNull(checks::textOf(one.security))},
       {"signal", one.signal ? ObjectRef(Number::withInteger(*one.signal)) : nullPlaceholder()},
       {"ssid", one.ssid ? ObjectRef(makeText(*one.ssid)) : nullPlaceholder()},
@@ -128,6 +149,9 @@ int scanCommand(const ScanOptions& options) {
   const bool color = isTerminal(STDOUT_FILENO) && !environmentHas("NO_COLOR");
   const std::string text = options.json ? scanJson(found, options.all)
                                         : scanText(found, {.all = options.all, .color = color});
+  if (found.scan.incomplete) {
+    complain({kExitDone, found.scan.incomplete->sentence + " This is what was known already."});
+  }
   if (writeAll(stdout, text)) return kExitDone;
   return complain({kExitOutput, cannotBeWritten("standard output", errno)});
 }

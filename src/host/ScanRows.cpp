@@ -67,6 +67,12 @@ std::string_view bandText(const checks::AccessPoint& accessPoint) {
   return "";
 }
 
+int frequencyOf(const checks::AccessPoint& accessPoint) {
+  if (!accessPoint.channel) return 0;
+  const auto& channel = *accessPoint.channel;
+  return ieee80211::frequencyOf(channel.band, channel.primary).value_or(0);
+}
+
 int widthOf(const checks::AccessPoint& accessPoint) {
   if (!accessPoint.channel || !accessPoint.channel->extent) return 0;
   switch (accessPoint.channel->extent->width) {

@@ -24,6 +24,8 @@ std::vector<ScanRow> scanRows(const checks::Scan& scan,
 
 // Such as "2.4 GHz"; empty: not known.
 std::string_view bandText(const checks::AccessPoint& accessPoint);
+// Of the primary channel, in MHz; 0: not known.
+int frequencyOf(const checks::AccessPoint& accessPoint);
 // MHz; 0: not known.
 int widthOf(const checks::AccessPoint& accessPoint);
 // The generation's number ("7", "6E", "6", "5", "4"), before there were numbers the letter ("g",

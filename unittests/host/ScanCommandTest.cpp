@@ -205,13 +205,35 @@ TEST(ScanText, SaysThatThereAreNone) { EXPECT_EQ(scanText({}, {}), "No networks 
 TEST(ScanJson, HasTheRowsInOrderOnOneLine) {
   const std::string text = scanJson(someNetworks(), false);
   EXPECT_EQ(text,
-            R"([{"accessPoints":2,"band":"5 GHz","bssid":"02:00:00:00:00:01","channel":100,)"
-            R"("generation":"5","hidden":false,"joined":true,"security":"WPA2/WPA3 Personal",)"
+            R"([{"accessPoints":2,"age":null,"band":"5 GHz","basicRates":null,)"
+            R"("beaconInterval":null,"bssid":"02:00:00:00:00:01","channel":100,"country":null,)"
+            R"("dtimInterval":null,"frequency":5500,"generation":"5","hidden":false,)"
+            R"("joined":true,"rates":null,"security":"WPA2/WPA3 Personal",)"
             R"("signal":-45,"ssid":"Home","width":80},)"
-            R"({"accessPoints":1,"band":null,"bssid":"02:00:00:00:00:03","channel":null,)"
-            R"("generation":null,"hidden":true,"joined":false,"security":null,)"
+            R"({"accessPoints":1,"age":null,"band":null,"basicRates":null,)"
+            R"("beaconInterval":null,"bssid":"02:00:00:00:00:03","channel":null,"country":null,)"
+            R"("dtimInterval":null,"frequency":null,"generation":null,"hidden":true,)"
+            R"("joined":false,"rates":null,"security":null,)"
             R"("signal":null,"ssid":null,"width":null}])"
             "\n");
+}
+
+TEST(ScanJson, TellsWhatBeaconsSay) {
+  AccessPoint one = point("01", "Home", -45);
+  one.beaconInterval = 100;
+  one.dtimPeriod = 2;
+  one.rates = {2, 11, 12, 108};
+  one.basicRates = {2, 11};
+  one.country = "DE";
+  one.age = std::chrono::milliseconds(1500);
+  const auto row =
+      nlohmann::json::parse(scanJson({.scan = {{one}}, .joinedBssid = std::nullopt}, false))[0];
+  EXPECT_EQ(row["beaconInterval"], 100);
+  EXPECT_EQ(row["dtimInterval"], 2);
+  EXPECT_EQ(row["rates"], (std::vector{1.0, 5.5, 6.0, 54.0}));
+  EXPECT_EQ(row["basicRates"], (std::vector{1.0, 5.5}));
+  EXPECT_EQ(row["country"], "DE");
+  EXPECT_EQ(row["age"], 1.5);
 }
 
 TEST(ScanJson, TakesASignalOf0ForOne) {
