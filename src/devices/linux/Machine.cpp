@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "devices/linux/Rfkill.h"
+#include "devices/linux/bus/AccessPointList.h"
 #include "devices/linux/bus/ConnectionManager.h"
 
 namespace wifi_profile::machine {
@@ -15,13 +16,10 @@ using std::chrono::milliseconds;
 
 // The kernel knows its interfaces at once.
 constexpr milliseconds kKernelLimit{3'000};
-// Of a manager that does not say when it scanned last, so that the scan has most of the time.
+// Of a manager that is asked for its last scan or its list: a new scan has most of the time.
 constexpr milliseconds kManagerLimit{2'000};
 // How long to wait before a manager is asked again for a scan that it found too soon.
 constexpr milliseconds kBeforeAskingAgain{1'000};
-// A joined radio takes 10 to 15 s to visit all channels, because it goes back to its own between
-// them; one that is not joined takes 3 to 5 s.
-constexpr milliseconds kLongestScan{15'000};
 // An access point heard by a scan has a time at or after the scan's begin. A kernel that counts
 // these times in ticks of 10 ms or less may round it down, and tells it in whole milliseconds.
 constexpr milliseconds kClockMargin{20};
@@ -30,7 +28,7 @@ constexpr milliseconds kUntilReady{5'000};
 constexpr milliseconds kBetweenTries{200};
 
 const Unknown kNotReady{
-    checks::Reason::radioOff,
+    Reason::radioOff,
     "Wi-Fi is off or not ready yet, so NetworkManager could not scan. Switch it "
     "on, and try again."};
 
@@ -68,18 +66,40 @@ Known<ScanList> Machine::scan(std::chrono::seconds oldest, const Patience& patie
     auto list = kernel.scan(interface_, patience);
     if (list && isYoung(*list, oldest, patience)) return list;
   }
-  const Began began = makeScan(kernel, patience);
-  if (!began) return began.why();
+  const Began began = makeScan(kernel, patience.atMost(patience.left() - kManagerLimit));
+  if (!began) return withoutNewScan(kernel, oldest, began.why(), patience);
   return kernel.scan(interface_, patience, *began - kClockMargin - oldest);
 }
 
 // Where only the joined access point is in range the list does not tell, and the manager may know.
 bool Machine::isYoung(const ScanList& list, std::chrono::seconds oldest,
                       const Patience& patience) const {
-  if (list.age) return *list.age <= oldest;
-  const auto last =
-      ConnectionManager(*systemBus_).lastScan(interface_.name, patience.atMost(kManagerLimit));
-  return last && *last && sinceBoot() - **last <= oldest;
+  const auto longest = std::min<std::chrono::nanoseconds>(oldest, wholeFor(list));
+  if (list.age) return *list.age <= longest;
+  const auto since = sinceManagersScan(patience.atMost(kManagerLimit));
+  return since && *since <= longest;
+}
+
+std::optional<std::chrono::nanoseconds> Machine::sinceManagersScan(const Patience& patience) const {
+  const auto last = ConnectionManager(*systemBus_).lastScan(interface_.name, patience);
+  if (!last || !*last) return std::nullopt;
+  return sinceBoot() - **last;
+}
+
+Known<ScanList> Machine::withoutNewScan(Nl80211& kernel, std::chrono::seconds oldest,
+                                        const Unknown& why, const Patience& patience) const {
+  if (why.reason == Reason::radioOff) return why;
+  auto list = kernel.scan(interface_, patience);
+  if (!list) return why;
+  const Patience little = patience.atMost(kManagerLimit);
+  const auto listed = ConnectionManager(*systemBus_).accessPoints(interface_.name, little);
+  const auto since = sinceManagersScan(little);
+  if (!listed || !since || *since > oldest) list->scan.incomplete = why;
+  if (listed) {
+    addSecondHand(*listed, list->scan.incomplete ? milliseconds::max() : oldest + kLongestScan,
+                  list->scan);
+  }
+  return list;
 }
 
 // After the switch is turned on the interface needs a moment until it is up.

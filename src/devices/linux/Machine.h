@@ -28,15 +28,21 @@ class Machine final {
 
   // A scan no older than `oldest`; with 0 a new one. Of a new scan the list has what was heard
   // since it began, or up to `oldest` before that; of an earlier one, what the kernel still keeps.
-  // Waits some seconds for a radio that was just switched on.
+  // Waits some seconds for a radio that was just switched on. Where no new scan can be made, the
+  // list is what the kernel and the connection manager have; it is incomplete unless the manager's
+  // last scan is young enough.
   checks::Known<ScanList> scan(std::chrono::seconds oldest, const Patience& patience) const;
 
  private:
   explicit Machine(WifiInterface interface) : interface_(std::move(interface)) {}
 
-  // Whether the kernel's list is of a scan that is no older than that.
+  checks::Known<ScanList> withoutNewScan(Nl80211& kernel, std::chrono::seconds oldest,
+                                         const checks::Unknown& why,
+                                         const Patience& patience) const;
+  std::optional<std::chrono::nanoseconds> sinceManagersScan(const Patience& patience) const;
+  // Whether the kernel's list is of a scan that is no older than that, and still has all of it.
   bool isYoung(const ScanList& list, std::chrono::seconds oldest, const Patience& patience) const;
-  // Both: the time since boot from which on the scan heard what it lists.
+  // The time since boot from which on a scan heard what it lists.
   using Began = checks::Known<std::chrono::nanoseconds>;
   Began makeScan(Nl80211& kernel, const Patience& patience) const;
   Began tryScan(Nl80211& kernel, const Patience& patience) const;

@@ -141,6 +141,21 @@ TEST(ScanList, IsAsOldAsTheYoungestThatIsNotJoined) {
             milliseconds(7000));
 }
 
+TEST(ScanList, IsWholeUntilTheKernelForgetsWhatTheScanHeardFirst) {
+  ScanEntry joined = entry("02:00:00:00:00:01");
+  EXPECT_EQ(wholeFor(scanListOf({joined})), seconds(25));
+  joined.joined = true;
+  EXPECT_EQ(wholeFor(scanListOf({joined})), seconds(15)) << "its scans take longer";
+}
+
+TEST(ScanEntry, OfTheEncryptedHalfOfAnOpenNetworkHidesNoName) {
+  const Octets twin{2, 0, 0, 0, 0, 0x20};
+  const Octets transition =
+      element(kVendorId, Octets{0x50, 0x6f, 0x9a, 28} + twin + Octets{4} + bytesOf("Cafe"));
+  EXPECT_EQ(accessPoint(newest(ssid("") + transition)).hidesName, false);
+  EXPECT_EQ(accessPoint(newest(ssid(""))).hidesName, true);
+}
+
 std::vector<std::string> keptOf(std::vector<ScanEntry> entries, milliseconds age) {
   removeOlderThan(age, entries);
   std::vector<std::string> kept;

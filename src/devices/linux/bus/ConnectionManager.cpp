@@ -97,6 +97,14 @@ Known<LastScan> ConnectionManager::lastScan(const std::string& interface,
   return NetworkManager(bus_).lastScan(interface, patience);
 }
 
+Known<std::vector<checks::AccessPoint>> ConnectionManager::accessPoints(
+    const std::string& interface, const Patience& patience) {
+  const auto manager = kind(interface, patience);
+  if (!manager) return manager.why();
+  if (*manager != Kind::networkManager) return notTold(*manager, "which access points it heard");
+  return NetworkManager(bus_).accessPoints(interface, patience);
+}
+
 Known<ScanStart> ConnectionManager::requestScan(const std::string& interface,
                                                 const Patience& patience) {
   const auto manager = kind(interface, patience);

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "checks/AirFacts.h"
 #include "checks/DeviceFacts.h"
 #include "checks/Known.h"
 #include "devices/linux/Patience.h"
@@ -34,6 +35,9 @@ class ConnectionManager {
                                                                  const Patience& patience);
   // When the manager's last scan of the interface ended; notTold where only NetworkManager tells.
   checks::Known<LastScan> lastScan(const std::string& interface, const Patience& patience);
+  // The access points that the manager lists; notTold where only NetworkManager tells.
+  checks::Known<std::vector<checks::AccessPoint>> accessPoints(const std::string& interface,
+                                                               const Patience& patience);
   // Asks for a scan, and does not wait for its end.
   checks::Known<ScanStart> requestScan(const std::string& interface, const Patience& patience);
 

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "devices/linux/bus/AccessPointList.h"
 #include "devices/linux/bus/ProfileFacts.h"
 #include "devices/linux/bus/Services.h"
+#include "devices/linux/netlink/Nl80211.h"
 
 namespace wifi_profile::machine {
 
@@ -19,6 +21,7 @@ constexpr auto kManagerPath = "/org/freedesktop/NetworkManager";
 constexpr auto kManager = "org.freedesktop.NetworkManager";
 constexpr auto kDevice = "org.freedesktop.NetworkManager.Device";
 constexpr auto kWireless = "org.freedesktop.NetworkManager.Device.Wireless";
+constexpr auto kAccessPoint = "org.freedesktop.NetworkManager.AccessPoint";
 constexpr auto kActive = "org.freedesktop.NetworkManager.Connection.Active";
 constexpr auto kSettingsPath = "/org/freedesktop/NetworkManager/Settings";
 constexpr auto kSettings = "org.freedesktop.NetworkManager.Settings";
@@ -146,6 +149,34 @@ Known<LastScan> NetworkManager::lastScan(const std::string& interface, const Pat
   const auto time = answer.first().integer();
   if (!time) return unknownFrom(answer, kNetworkManager);
   return *time < 0 ? LastScan() : LastScan(std::chrono::milliseconds(*time));
+}
+
+Known<std::vector<checks::AccessPoint>> NetworkManager::accessPoints(const std::string& interface,
+                                                                     const Patience& patience) {
+  const auto found = device(interface, patience);
+  if (!found) return found.why();
+  const BusAnswer listed =
+      bus_.call({found->owner, found->path, kWireless, "GetAllAccessPoints", {}}, patience);
+  if (!listed.isGood()) return unknownFrom(listed, kNetworkManager);
+  const BusValue::List& paths = listed.first().list();
+  const std::size_t count = std::min(paths.size(), kLongestBusList);
+  std::vector<checks::AccessPoint> points;
+  for (std::size_t begin = 0; begin < count; begin += kCallsAtATime) {
+    std::vector<BusCall> calls;
+    for (std::size_t index = begin; index < std::min(count, begin + kCallsAtATime); ++index) {
+      calls.push_back(getProperties(found->owner, paths[index].text().value_or(""), kAccessPoint));
+    }
+    for (const BusAnswer& answer : bus_.call(calls, patience)) {
+      // One may be forgotten meanwhile.
+      if (answer.error && answer.error->kind != BusError::Kind::noSuchThing) {
+        return unknownFrom(answer, kNetworkManager);
+      }
+      if (auto point = accessPointFrom(answer.first(), sinceBoot())) {
+        points.push_back(std::move(*point));
+      }
+    }
+  }
+  return points;
 }
 
 Known<ScanStart> NetworkManager::requestScan(const std::string& interface,

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "checks/AirFacts.h"
 #include "checks/DeviceFacts.h"
 #include "checks/Known.h"
 #include "devices/linux/Patience.h"
@@ -37,6 +38,10 @@ class NetworkManager {
 
   // When the last scan of the interface ended, on CLOCK_BOOTTIME; nothing: it never did.
   checks::Known<LastScan> lastScan(const std::string& interface, const Patience& patience);
+  // The access points that it lists for the interface, as `accessPointFrom` reads them; at most
+  // kLongestBusList.
+  checks::Known<std::vector<checks::AccessPoint>> accessPoints(const std::string& interface,
+                                                               const Patience& patience);
   // Asks for a scan; does not wait for its end (see `lastScan`).
   checks::Known<ScanStart> requestScan(const std::string& interface, const Patience& patience);
 

@@ -210,9 +210,10 @@ Known<checks::Regulatory> Nl80211::regulatory(const WifiInterface& interface,
     const auto regulatory = regulatoryOf(Attributes(answers->front().payload));
     if (regulatory) return *regulatory;
   }
-  return Unknown{Reason::notTold,
-                 "The kernel follows rules that are not one country's, such as the driver's own or "
-                 "a mixture. Set the country, for instance with `iw reg set`."};
+  return Unknown{
+      Reason::notTold,
+      "The kernel follows rules that are no country's, such as the driver's own. Set the "
+      "country, for instance with `iw reg set`."};
 }
 
 }  // namespace wifi_profile::machine

@@ -75,7 +75,7 @@ class Nl80211 {
   checks::Known<checks::Radio> abilities(const WifiInterface& interface, const Patience& patience);
 
   // The country whose rules the interface's radio follows: its own where it manages them itself,
-  // otherwise the kernel's. notTold: a mixture of several countries' rules.
+  // otherwise the kernel's. notTold: rules that are no country's.
   checks::Known<checks::Regulatory> regulatory(const WifiInterface& interface,
                                                const Patience& patience);
 
@@ -91,6 +91,8 @@ class Nl80211 {
                                                     const Patience& patience);
   // `flags` are nl80211's; errno's number.
   int startScan(const WifiInterface& interface, const Patience& patience, std::uint32_t flags);
+  // Of an interface that says that it cannot.
+  checks::Unknown whyNoScan(const WifiInterface& interface, const Patience& patience);
   // Of an event: its end, where it is one of the interface.
   static std::optional<ScanEnd> scanEnd(const Message& event, const WifiInterface& interface);
   // Waits for an event; errno's number where there was none. ENOBUFS: some were lost.

@@ -73,6 +73,17 @@ int Nl80211::startScan(const WifiInterface& interface, const Patience& patience,
   return requests_.ask(request, patience, answers);
 }
 
+checks::Unknown Nl80211::whyNoScan(const WifiInterface& interface, const Patience& patience) {
+  const auto current = now(interface, patience);
+  if (!current || current->role == checks::RadioInterface::Role::station) {
+    return unknownFor(EOPNOTSUPP, kSubject);
+  }
+  return {checks::Reason::notSupported,
+          "The interface is no station but an access point, a monitor or the like, which does not "
+          "scan. Use another interface, or make it a station (iw dev " +
+              current->name + " set type managed)."};
+}
+
 checks::Known<std::chrono::nanoseconds> Nl80211::triggerScan(const WifiInterface& interface,
                                                              const Patience& patience) {
   if (auto problem = watchScans(patience)) return *problem;
@@ -90,6 +101,7 @@ checks::Known<std::chrono::nanoseconds> Nl80211::triggerScan(const WifiInterface
     // have ended before we listened.
     constexpr std::chrono::milliseconds kUntilNextTry{1000};
     const bool isOurs = error == 0;
+    if (error == EOPNOTSUPP) return whyNoScan(interface, patience);
     if (!isOurs && error != EBUSY) return unknownFor(error, kSubject);
     ScanEnd end{};
     const int awaited =

@@ -28,7 +28,8 @@ void fillFrom(AccessPoint& point, const NetworkElements& network) {
   if (!point.ssid && network.ssid && !network.ssid->hidden) point.ssid = network.ssid->name;
   if (!point.dtimPeriod && network.dtim) point.dtimPeriod = network.dtim->period;
   if (point.security == ieee80211::Security::unknown) point.security = network.security;
-  if (point.basicRates.empty() && network.rates) {
+  if (point.rates.empty() && network.rates) {
+    point.rates.assign(network.rates->supported.begin(), network.rates->supported.end());
     point.basicRates.assign(network.rates->basic.begin(), network.rates->basic.end());
   }
   if (!point.channelUtilization && network.load) {
@@ -52,6 +53,13 @@ void fillFrom(AccessPoint& point, const AccessPointElements& elements) {
   if (elements.country) fill(point.country, std::optional(elements.country->code));
 }
 
+// As these elements of a beacon say. Nothing: they have no name.
+std::optional<bool> hidesName(const NetworkElements& network) {
+  if (!network.ssid) return std::nullopt;
+  // The encrypted half of an open network tells the open half's name beside its own empty one.
+  return network.ssid->hidden && !network.oweTransition;
+}
+
 // Of a network that another one's beacons announce: where and when is the sender's.
 std::optional<AccessPoint> announced(const AccessPoint& sender,
                                      const ieee80211::NontransmittedNetwork& other) {
@@ -60,8 +68,9 @@ std::optional<AccessPoint> announced(const AccessPoint& sender,
   point.bssid = addressText(*other.bssid);
   if (point.bssid == sender.bssid) return std::nullopt;
   point.transmitterBssid = sender.bssid;
-  if (other.network.ssid) point.hidesName = other.network.ssid->hidden;
+  point.hidesName = hidesName(other.network);
   point.signal = sender.signal;
+  point.age = sender.age;
   point.channel = sender.channel;
   point.modes = sender.modes;
   point.country = sender.country;
@@ -221,7 +230,7 @@ std::optional<ScanEntry> scanEntryOf(const Attributes& bss, std::chrono::nanosec
   const auto interval = bss.number<std::uint16_t>(NL80211_BSS_BEACON_INTERVAL);
   if (interval && *interval > 0) point.beaconInterval = *interval;
   entry.joined = isJoined(bss);
-  entry.age = ageOf(bss, sinceBoot);
+  entry.age = point.age = ageOf(bss, sinceBoot);
 
   // The newest frame's, of a probe response where there was one.
   const Bytes newest = bss.find(NL80211_BSS_INFORMATION_ELEMENTS).value_or(Bytes());
@@ -236,10 +245,10 @@ std::optional<ScanEntry> scanEntryOf(const Attributes& bss, std::chrono::nanosec
     frame.elements = *beacon;
     fromBeacon = parseAccessPointElements(frame);
     fillFrom(point, fromBeacon);
-    if (fromBeacon.network.ssid) point.hidesName = fromBeacon.network.ssid->hidden;
+    if (fromBeacon.network.ssid) point.hidesName = hidesName(fromBeacon.network);
     if (all->others.empty()) all = &fromBeacon;
   } else if ((beacon || beaconIsNewest) && fromNewest.network.ssid) {
-    point.hidesName = fromNewest.network.ssid->hidden;
+    point.hidesName = hidesName(fromNewest.network);
   }
   entry.nontransmitted = hasElement(newest, ieee80211::kMultipleBssidIndexId);
   for (const auto& other : all->others) {
@@ -247,6 +256,10 @@ std::optional<ScanEntry> scanEntryOf(const Attributes& bss, std::chrono::nanosec
     if (auto known = announced(point, other)) entry.others.push_back(std::move(*known));
   }
   return entry;
+}
+
+milliseconds wholeFor(const ScanList& list) {
+  return list.joinedBssid ? kKernelKeeps - kLongestScan : kKernelKeeps - kLongestScanAlone;
 }
 
 void removeOlderThan(milliseconds age, std::vector<ScanEntry>& entries) {

@@ -26,6 +26,17 @@ struct ScanList {
   bool operator==(const ScanList&) const = default;
 };
 
+// The kernel forgets an access point this long after it last heard it.
+inline constexpr std::chrono::milliseconds kKernelKeeps{30'000};
+// A joined radio takes 10 to 15 s to visit all channels, because it goes back to its own between
+// them; one that is not joined takes 3 to 5 s.
+inline constexpr std::chrono::milliseconds kLongestScan{15'000};
+inline constexpr std::chrono::milliseconds kLongestScanAlone{5'000};
+
+// For how long after a scan the kernel's list still has all that the scan heard: until what was
+// heard first is forgotten.
+std::chrono::milliseconds wholeFor(const ScanList& list);
+
 // One entry of the list.
 struct ScanEntry {
   checks::AccessPoint accessPoint;
