@@ -1,4 +1,5 @@
 # Access points go out of range: a new scan does not list them, and the list on the screen becomes empty.
+# deadline: 90
 air 2
 accessPoint ssid=Cafe channel=1 security=open signal=-50 away
 accessPoint ssid=Hotel channel=11 security=open signal=-60 away
@@ -20,6 +21,8 @@ refuse "the list on the screen is empty" drawn 'No networks'
 press r
 expect "after a refresh the list on the screen is empty" within 30 drawn 'No networks'
 press q
+expect "it asks whether to stop" within 10 drawn 'Stop the diagnostic'
+press '\t\r'
 expect "the person leaves" closed 75
 expect "a new scan lists nothing" program scan --json --max-scan-cache-age 0
 expect "that is a list, too" jq -e '. == []' /out/record.json
