@@ -316,6 +316,24 @@ TEST_F(RequestScan, IsNotPermittedToEverybody) {
       Reason::notPermitted);
 }
 
+TEST_F(NetworkManagerTest, ListsTheAccessPointsThatAreStillThere) {
+  constexpr auto kAccessPoint = "org.freedesktop.NetworkManager.AccessPoint";
+  service_.property(kDevicePath, kDevice, "State", std::uint32_t{100});
+  service_.method(kDevicePath, kWireless, "GetAllAccessPoints", [] {
+    return std::vector<ObjectPath>{ObjectPath("/point/1"), ObjectPath("/point/gone")};
+  });
+  service_.property("/point/1", kAccessPoint, "HwAddress", std::string("02:AA:00:00:00:01"));
+  service_.property("/point/1", kAccessPoint, "Ssid", bytes("Cafe"));
+  service_.property("/point/1", kAccessPoint, "Strength", std::uint8_t{75});
+  service_.start();
+  const auto points = manager_.accessPoints("wlan0", patience());
+  ASSERT_TRUE(points) << points.why().sentence;
+  ASSERT_EQ(points->size(), 1U);
+  EXPECT_EQ(points->front().bssid, "02:aa:00:00:00:01");
+  EXPECT_EQ(points->front().ssid, "Cafe");
+  EXPECT_EQ(points->front().signal, -55);
+}
+
 TEST_F(NetworkManagerTest, TheRadioIsSwitched) {
   std::promise<bool> switched;
   service_.object(kRoot)
