@@ -103,21 +103,34 @@ Answer doubleNat(const Question& question) {
       });
 }
 
-Answer ipv4Assigned(const Question& question) {
-  return aboutJoined<Addresses>(question, &Facts::addresses, [](const Addresses& addresses) {
-    return ability(std::ranges::any_of(addresses.ipv4, [](const std::string& address) {
-      const auto kind = ipv4KindOf(address);
-      return kind == Ipv4Kind::global || (kind && isBehindTranslation(*kind));
-    }));
+// One of more than the link.
+bool hasWideIpv6(const Addresses& addresses) {
+  return std::ranges::any_of(addresses.ipv6, [](const std::string& address) {
+    const auto kind = ipv6KindOf(address);
+    return kind && *kind != Ipv6Kind::other;
   });
+}
+
+Answer ipv4Assigned(const Question& question) {
+  return aboutJoined<Addresses>(
+      question, &Facts::addresses, [](const Addresses& addresses) -> Answer {
+        const bool assigned = std::ranges::any_of(addresses.ipv4, [](const std::string& address) {
+          const auto kind = ipv4KindOf(address);
+          return kind == Ipv4Kind::global || (kind && isBehindTranslation(*kind));
+        });
+        if (!assigned && addresses.ipv4.empty() && addresses.ipv6Gateway &&
+            hasWideIpv6(addresses)) {
+          return notTold(
+              "The network gives addresses of IPv6 only, which may be meant so: look at the "
+              "router's DHCP settings if it should give one of IPv4, too.");
+        }
+        return ability(assigned);
+      });
 }
 
 Answer ipv6Assigned(const Question& question) {
   return aboutJoined<Addresses>(question, &Facts::addresses, [](const Addresses& addresses) {
-    return ability(std::ranges::any_of(addresses.ipv6, [](const std::string& address) {
-      const auto kind = ipv6KindOf(address);
-      return kind && *kind != Ipv6Kind::other;
-    }));
+    return ability(hasWideIpv6(addresses));
   });
 }
 
@@ -152,7 +165,8 @@ constexpr std::array kRows{
     Check{.id = DiagnosticsTestID::ResolveDNS,
           .answer = resolveDns,
           .needs = {Fact::link, Fact::nameResolution},
-          .measures = "Whether the link's DNS servers give an address for a name.",
+          .measures = "Whether the link's DNS servers give an address for a name, and those that "
+                      "the system asks, where they are others.",
           .from =
               "questions for A and AAAA records through the Wi-Fi interface, to the name servers "
               "that NetworkManager has for it; without NetworkManager to those that the system has "
@@ -189,8 +203,8 @@ constexpr std::array kRows{
           .needs = {Fact::link, Fact::sitePage},
           .measures = "Whether the page that is set comes as it should.",
           .from = "HTTP GET",
-          .threshold = "status 200, with the content expected in the first 64 KiB, within 10 s and "
-                       "after at most 5 redirects",
+          .threshold = "status 200, with the content expected in the first 64 KiB, within 10 s, 5 "
+                       "s of them for a connection, and after at most 5 redirects",
           .why = "Sign-in pages and filters answer in the place of sites. HTTP: RFC 9110",
           .unknownWhen =
               "not joined, the page goes on after 64 KiB without the content expected, or "
@@ -203,7 +217,9 @@ constexpr std::array kRows{
           .threshold = "one; not 169.254/16 (RFC 3927), which a device gives itself, nor 0/8, "
                        "127/8, 224/4 or 240/4",
           .why = "Without one, IPv4 reaches at most the neighbours",
-          .unknownWhen = "not joined, or the kernel does not tell the addresses"},
+          .unknownWhen =
+              "not joined, the kernel does not tell the addresses, or there are addresses "
+              "and a router of IPv6 only"},
     Check{
         .id = DiagnosticsTestID::IPv6Assigned,
         .answer = ipv6Assigned,

@@ -170,7 +170,8 @@ constexpr std::array kRows{
             "isCaptive also tells of the announcement, and isMultiAP of the scan.",
         .from = "HTTP GET without following redirects, or the address that DHCP gave (RFC 8910, "
                 "RFC 8908), as NetworkManager passes it on; Interworking element (ASRA bit)",
-        .threshold = "a redirect, another page or status 511; 204 and 200 without a body are open; "
+        .threshold = "a redirect (but to the same host by https), another page or status 511; 204 "
+                     "and 200 without a body are open; "
                      "the ASRA bit",
         .why = "Interworking: IEEE 802.11-2020, 9.4.2.91",
         .unknownWhen = "joined: nothing answers, or with another status. Otherwise: the access "

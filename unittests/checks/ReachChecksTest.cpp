@@ -109,6 +109,15 @@ TEST_F(ReachChecks, FindAnIpv6AddressOfMoreThanTheLink) {
   }
 }
 
+TEST_F(ReachChecks, DoNotKnowOfAnIpv4AddressInANetworkOfIpv6Only) {
+  facts.addresses = Addresses{.ipv6 = {"2001:db8::2", "fe80::2"}, .ipv6Gateway = "fe80::1"};
+  EXPECT_THAT(ask(Id::IPv4Assigned), isUnknownFor(Reason::notTold));
+  facts.addresses->ipv4 = {"169.254.1.1"};  // an attempt that failed
+  EXPECT_THAT(ask(Id::IPv4Assigned), says(false));
+  facts.addresses = Addresses{.ipv6 = {"fe80::2"}, .ipv6Gateway = "fe80::1"};
+  EXPECT_THAT(ask(Id::IPv4Assigned), says(false));
+}
+
 TEST_F(ReachChecks, FindDoubleTranslationByTheRoutersOutsideAddressFirst) {
   facts.routerOutside = RouterOutside{.address = "100.64.1.1", .secondHop = "203.0.113.1"};
   EXPECT_THAT(ask(Id::DetectDoubleNAT), says(true));

@@ -108,12 +108,17 @@ TEST(Gateways, OfARouteWithSeveralWaysIsTheOneOverTheInterface) {
   EXPECT_EQ(addressesOf(4, {}, {several}).ipv4Gateway, "192.168.50.1");
 }
 
-TEST(Gateways, OfOtherTablesAndOfPartsOfTheNetDoNotCount) {
-  Message table = route("192.168.50.1", 0);
+TEST(Gateways, OfOtherTablesCountWhereTheMainOneHasNone) {
+  Message table = route("192.168.50.2", 0);
   table.payload = table.payload + numberAttribute(RTA_TABLE, std::uint32_t{52});
+  EXPECT_EQ(addressesOf(4, {}, {table}).ipv4Gateway, "192.168.50.2");
+  EXPECT_EQ(addressesOf(4, {}, {table, route("192.168.50.1", 600)}).ipv4Gateway, "192.168.50.1");
+}
+
+TEST(Gateways, OfPartsOfTheNetDoNotCount) {
   Message part = route("192.168.50.1", 0);
   part.payload[offsetof(rtmsg, rtm_dst_len)] = 8;
-  EXPECT_FALSE(addressesOf(4, {}, {table, part}).ipv4Gateway);
+  EXPECT_FALSE(addressesOf(4, {}, {part}).ipv4Gateway);
 }
 
 TEST(InterfaceAddresses, OfMessagesThatAreCutOffAreNone) {

@@ -8,6 +8,7 @@
 #include <linux/if_addr.h>
 #include <linux/rtnetlink.h>
 #include <sys/socket.h>
+#include <utility>
 
 #include "devices/linux/netlink/Attributes.h"
 
@@ -68,6 +69,7 @@ std::optional<InterfaceAddress> addressOf(int interface, const Message& message)
 struct DefaultRoute {
   std::string gateway;
   int family = AF_UNSPEC;
+  bool inMainTable = false;
   std::uint32_t metric = 0;
 };
 
@@ -100,11 +102,10 @@ std::optional<DefaultRoute> defaultRouteOf(int interface, const Message& message
   }
   const int family = entry->fields.rtm_family;
   if (family != AF_INET && family != AF_INET6) return std::nullopt;
-  // Other tables are for packets that rules pick out, as those of a tunnel.
   const std::uint32_t table =
       entry->attributes.number<std::uint32_t>(RTA_TABLE).value_or(entry->fields.rtm_table);
-  if (table != RT_TABLE_MAIN) return std::nullopt;
   DefaultRoute route{gatewayOf(interface, family, entry->attributes), family,
+                     table == RT_TABLE_MAIN,
                      entry->attributes.number<std::uint32_t>(RTA_PRIORITY).value_or(0)};
   if (route.gateway.empty()) return std::nullopt;
   return route;
@@ -139,7 +140,10 @@ checks::Addresses addressesOf(int interface, const std::vector<Message>& address
   for (const Message& message : routes) {
     if (auto route = defaultRouteOf(interface, message)) defaults.push_back(std::move(*route));
   }
-  std::ranges::stable_sort(defaults, {}, &DefaultRoute::metric);
+  // Other tables are for packets that rules pick out: they count where the main one has no route.
+  std::ranges::stable_sort(defaults, {}, [](const DefaultRoute& route) {
+    return std::pair(!route.inMainTable, route.metric);
+  });
   for (const DefaultRoute& route : defaults) {
     auto& gateway = route.family == AF_INET ? result.ipv4Gateway : result.ipv6Gateway;
     if (!gateway) gateway = route.gateway;

@@ -13,8 +13,9 @@ namespace wifi_profile::machine {
 
 // The interface's addresses that can be used now (not tentative, failed or deprecated ones), those
 // of wide scope first, and of each IP version the default gateway of lowest metric over this very
-// interface. `dnsServers` stays unset: the kernel does not know them. An interface without
-// addresses has empty lists; noHardware: there is no interface of that number.
+// interface, in the main table of routes if it has one. `dnsServers` stays unset: the kernel does
+// not know them. An interface without addresses has empty lists; noHardware: there is no interface
+// of that number.
 checks::Known<checks::Addresses> readAddresses(int interface, const Patience& patience);
 
 // The pure part: the payloads of RTM_NEWADDR and RTM_NEWROUTE messages, of all interfaces. Any

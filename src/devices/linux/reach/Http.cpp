@@ -22,6 +22,7 @@ namespace {
 constexpr const char* kMoreRoom = "close programs, as memory or open files ran out";
 // The library does not wait for the socket of a second address before it was told to go on.
 constexpr std::chrono::milliseconds kLook{200};
+constexpr std::chrono::milliseconds kConnectTime{5000};  // with the handshake of TLS
 constexpr std::size_t kMostHeaderBytes = std::size_t{64} * 1024;
 
 template <auto release>
@@ -300,8 +301,9 @@ void setUp(CURL* easy, const HttpRequest& request, Transfer& transfer, const cur
 
 CURLcode perform(CURLM* multi, CURL* easy, const Patience& patience) {
   // Of it, the first of several addresses gets half, the next half of what is left.
-  curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS,
-                   std::max(1L, static_cast<long>(patience.left().count())));
+  curl_easy_setopt(
+      easy, CURLOPT_CONNECTTIMEOUT_MS,
+      std::max(1L, static_cast<long>(std::min(patience.left(), kConnectTime).count())));
   if (curl_multi_add_handle(multi, easy) != CURLM_OK) return CURLE_FAILED_INIT;
   int running = 1;
   while (running > 0 && !patience.isOver()) {

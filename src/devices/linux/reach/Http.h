@@ -35,7 +35,8 @@ struct HttpAnswer {
 // Of an answer with a remedy.
 checks::Unknown notAsked(const HttpAnswer& answer);
 
-// Ends with problem "timed out" at the deadline, and soon after it was called off.
+// Ends with problem "timed out" at the deadline, after 5 s without a connection, and soon after it
+// was called off.
 HttpAnswer exchange(const HttpRequest& request, const Way& way, const Patience& patience);
 
 struct UrlParts {

@@ -1,6 +1,9 @@
+#include <cerrno>
+#include <future>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <strings.h>
+#include <system_error>
 
 #include "devices/linux/reach/Http.h"
 #include "devices/linux/reach/Sockets.h"
@@ -70,24 +73,33 @@ PortalProbe judge(const HttpAnswer& answer, const std::string& url,
   return {Answer::noAnswer, whole ? status : answer.problem};
 }
 
+checks::Known<PortalProbe> askPage(const PortalQuestion& question, const Way& way,
+                                   const Patience& patience) {
+  if (const auto parts = partsOf(question.url); !parts || parts->scheme != "http") {
+    return PortalProbe{Answer::noAnswer, "no address of http"};
+  }
+  const HttpAnswer answer =
+      exchange({.url = question.url, .headers = {}, .post = {}}, way, patience);
+  if (patience.cancellation.isCancelled()) return calledOff();
+  if (!answer.remedy.empty()) return notAsked(answer);
+  return judge(answer, question.url, question.expectedText);
+}
+
 }  // namespace
 
 checks::Known<PortalProbe> probePortal(const PortalQuestion& question, const Way& way,
                                        const Patience& patience) {
   if (patience.isOver()) return calledOff();
-  if (!question.apiUrl.empty()) {
-    const auto told = askApi(question.apiUrl, way, patience.atMost(kTime));
-    if (told) return *told;
+  const Patience ours = patience.atMost(kTime);
+  if (question.apiUrl.empty()) return askPage(question, way, ours);
+  try {
+    auto told = std::async(std::launch::async, [&] { return askApi(question.apiUrl, way, ours); });
+    auto page = askPage(question, way, ours);
+    if (const auto answer = told.get()) return *answer;
+    return page;
+  } catch (const std::system_error&) {
+    return noSocket(EMFILE, way.interface);  // no thread
   }
-  if (patience.isOver()) return calledOff();
-  if (const auto parts = partsOf(question.url); !parts || parts->scheme != "http") {
-    return PortalProbe{Answer::noAnswer, "no address of http"};
-  }
-  const HttpAnswer answer =
-      exchange({.url = question.url, .headers = {}, .post = {}}, way, patience.atMost(kTime));
-  if (patience.cancellation.isCancelled()) return calledOff();
-  if (!answer.remedy.empty()) return notAsked(answer);
-  return judge(answer, question.url, question.expectedText);
 }
 
 }  // namespace wifi_profile::machine

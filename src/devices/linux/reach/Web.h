@@ -22,10 +22,10 @@ struct PortalQuestion {
   std::string apiUrl;        // the network's own answer (RFC 8908), https; empty: it gave none
 };
 
-// Asks the API, if there is one, and if that does not say, the page, without a proxy and without
-// following a redirect. 204, 200 without a body, and 200 with the text expected: open. Another
-// body, a redirect and 511: portal. 5 s each. The API's answer is read up to 8 KiB, the page up to
-// 64 KiB.
+// Asks the API, if there is one, and the page beside it, which counts if the API does not say,
+// without a proxy and without following a redirect. 204, 200 without a body, and 200 with the text
+// expected: open. Another body, a redirect (but to the same host by https) and 511: portal. 5 s in
+// all. The API's answer is read up to 8 KiB, the page up to 64 KiB.
 checks::Known<checks::PortalProbe> probePortal(const PortalQuestion& question, const Way& way,
                                                const Patience& patience);
 
@@ -34,10 +34,11 @@ checks::Known<checks::PortalProbe> probePortal(const PortalQuestion& question, c
 checks::Known<checks::SiteReach> reachSite(const std::string& url, const Way& way,
                                            const Patience& patience);
 
-// Gets the page within 10 s in all: at most 5 redirects, to http and https only, and the first 64
-// KiB. The text (empty: any will do) must be in these; where they do not have it and the page goes
-// on, it is unknown (notTold). A proxy is used when the environment names one (http_proxy,
-// https_proxy, HTTPS_PROXY, all_proxy, ALL_PROXY, and no_proxy for exceptions).
+// Gets the page within 10 s in all (5 s for each connection): at most 5 redirects, to http and
+// https only, and the first 64 KiB. The text (empty: any will do) must be in these; where they do
+// not have it and the page goes on, it is unknown (notTold). A proxy is used when the environment
+// names one (http_proxy, https_proxy, HTTPS_PROXY, all_proxy, ALL_PROXY, and no_proxy for
+// exceptions).
 checks::Known<checks::SitePage> retrievePage(const std::string& url,
                                              const std::string& expectedText, const Way& way,
                                              const Patience& patience);
