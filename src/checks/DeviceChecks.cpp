@@ -43,13 +43,24 @@ Answer customIpv6(const Question& question) {
   return customAddresses(question, &ActiveProfile::ipv6, "IPv6ConfigMethod");
 }
 
+// Whether the system asks none of the link's own name servers.
+bool asksOthers(const Addresses& addresses) {
+  const auto& own = addresses.dnsServers;
+  const auto& asked = addresses.systemDnsServers;
+  if (!own || own->empty() || !asked || asked->empty()) return false;
+  return std::ranges::none_of(*asked, [&](const std::string& server) {
+    return std::ranges::find(*own, server) != own->end();
+  });
+}
+
 Answer customDns(const Question& question) {
   const Known<ActiveProfile>& profile = question.facts.activeProfile;
   if (!profile) return profile.why();
   const auto isCustom = [](const AddressSettings& settings) {
     return !settings.dnsServers.empty() || settings.ignoresNetworkDns;
   };
-  return finding(isCustom(profile->ipv4) || isCustom(profile->ipv6));
+  return finding(isCustom(profile->ipv4) || isCustom(profile->ipv6) ||
+                 (question.facts.addresses && asksOthers(*question.facts.addresses)));
 }
 
 // One proxy that is known is enough; that there is none, only both can say.
@@ -125,12 +136,13 @@ constexpr std::array kRows{
         .unknownWhen = kProfileUnknownWhen},
     Check{.id = DiagnosticsTestID::CustomDNS,
           .answer = customDns,
-          .needs = {Fact::activeProfile},
+          .needs = {Fact::activeProfile, Fact::addresses},
           .measures = "Whether the profile of the joined network names DNS servers or refuses the "
-                      "network's own.",
+                      "network's own, or the system asks none of the link's servers.",
           .from = "NetworkManager's settings of the active connection: dns-data (or dns) and "
-                  "ignore-auto-dns of ipv4 and ipv6",
-          .threshold = "one server, or the refusal",
+                  "ignore-auto-dns of ipv4 and ipv6; resolv.conf, and where that names "
+                  "systemd-resolved, its property DNS",
+          .threshold = "one server, the refusal, or no server in common",
           .why = "Names of the network's own devices and sign-in pages need its own servers",
           .unknownWhen = kProfileUnknownWhen},
     Check{.id = DiagnosticsTestID::CustomWebProxy,

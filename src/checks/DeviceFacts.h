@@ -80,6 +80,8 @@ struct Addresses {
   std::optional<std::string> ipv6Gateway = std::nullopt;
   // Of the link, in order; it may have none. Unset: not known.
   std::optional<std::vector<std::string>> dnsServers = std::nullopt;
+  // Those that the system asks, of this link or not. Unset: not known.
+  std::optional<std::vector<std::string>> systemDnsServers = std::nullopt;
 
   bool operator==(const Addresses&) const = default;
 };

@@ -52,6 +52,14 @@ TEST_F(DeviceChecks, FindDnsServersOfEitherVersion) {
   facts.activeProfile = ActiveProfile{};
   facts.activeProfile->ipv6.ignoresNetworkDns = true;
   EXPECT_THAT(ask(Id::CustomDNS), says(true));
+  facts.activeProfile = ActiveProfile{};
+  facts.addresses = Addresses{.dnsServers = std::vector<std::string>{"192.0.2.1", "192.0.2.2"},
+                              .systemDnsServers = std::vector<std::string>{"192.0.2.2"}};
+  EXPECT_THAT(ask(Id::CustomDNS), says(false));
+  facts.addresses->systemDnsServers = {"192.0.2.53"};
+  EXPECT_THAT(ask(Id::CustomDNS), says(true));
+  facts.addresses->dnsServers.reset();
+  EXPECT_THAT(ask(Id::CustomDNS), says(false));
 }
 
 TEST_F(DeviceChecks, FindAProxyOfProfileOrSession) {

@@ -156,7 +156,8 @@ void makeDevice(Maker& make, Facts& facts) {
                            .ipv6 = make.list<std::string>(3, [&] { return make.address(); }),
                            .ipv4Gateway = {},
                            .ipv6Gateway = {},
-                           .dnsServers = {}});
+                           .dnsServers = {},
+                           .systemDnsServers = {}});
   facts.activeProfile = make.known(ActiveProfile{.ipv4 = make.addressSettings(),
                                                  .ipv6 = make.addressSettings(),
                                                  .hasProxy = make.oneIn(3),

@@ -9,6 +9,7 @@
 #include "devices/linux/bus/Bluez.h"
 #include "devices/linux/bus/ConnectionManager.h"
 #include "devices/linux/bus/SessionProxies.h"
+#include "devices/linux/bus/SystemNameServers.h"
 #include "devices/linux/netlink/Addresses.h"
 #include "devices/linux/netlink/RadioEntries.h"
 
@@ -147,6 +148,10 @@ Found MachineFacts::findConnection(const Patience& patience) {
   ConnectionManager manager(*machine_->systemBus());
   const auto servers = manager.dnsServers(machine_->interface().name, patience);
   if (addresses && servers) addresses->dnsServers = *servers;
+  if (addresses) {
+    addresses->systemDnsServers = readSystemNameServers(
+        *machine_->systemBus(), static_cast<int>(machine_->interface().index), patience);
+  }
   auto profile = manager.activeProfile(machine_->interface().name, patience);
   auto saved = manager.savedNetworks(machine_->interface().name, patience);
   return [profile, saved, addresses](checks::Facts& facts) {

@@ -22,7 +22,7 @@ constexpr milliseconds kNameLimit{8'500};
 constexpr milliseconds kPingLimit{4'500};
 constexpr milliseconds kRouterLimit{7'000};
 constexpr milliseconds kOutsideLimit{4'000};
-constexpr milliseconds kPortalLimit{10'500};
+constexpr milliseconds kPortalLimit{5'500};
 constexpr milliseconds kReachLimit{5'500};
 constexpr milliseconds kPageLimit{10'500};
 
@@ -50,7 +50,9 @@ void add(std::vector<Errand>& errands, const std::string& interface, ReachErrand
          } else if (!known.addresses) {
            fact = known.addresses.why();
          } else {
-           fact = reach.find(known, {interface, known.addresses->dnsServers}, patience);
+           fact = reach.find(
+               known, {interface, known.addresses->dnsServers, known.addresses->systemDnsServers},
+               patience);
          }
          return [member = reach.member, fact](Facts& facts) { facts.*member = fact; };
        }});
@@ -60,6 +62,13 @@ Unknown noRouter() {
   return {checks::Reason::notTold,
           "The network named no router: renew the address (join again), or look at the router's "
           "DHCP settings."};
+}
+
+Unknown noIpv4Router() {
+  return {
+      checks::Reason::notTold,
+      "The network named a router of IPv6 only, which has no addresses to translate: nothing is "
+      "to be done."};
 }
 
 // Of this network or machine, in the place of a host in the Internet.
@@ -161,9 +170,11 @@ void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
        [targets](const Facts& known, const Way& way,
                  const Patience& patience) -> Known<checks::RouterOutside> {
          const auto& gateway = known.addresses->ipv4Gateway;
-         if (!gateway) return noRouter();
+         if (!gateway) return known.addresses->ipv6Gateway ? noIpv4Router() : noRouter();
          return routerOutside(*gateway, targets.pingHost, way, patience);
        }});
+  // Nothing is measured here, and what the scan makes late or lost is sent again.
+  errands.back().after = {Fact::link, Fact::addresses, Fact::activeProfile};
 }
 
 }  // namespace wifi_profile::machine

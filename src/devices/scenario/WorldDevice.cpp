@@ -52,10 +52,14 @@ checks::Addresses readAddresses(const ValueReader& value) {
                 [&](const ValueReader& field) { addresses.ipv4Gateway = readIpv4(field); });
     fields.take("ipv6Gateway",
                 [&](const ValueReader& field) { addresses.ipv6Gateway = readIpv6(field); });
-    fields.take("dnsServers", [&](const ValueReader& field) {
-      auto& servers = addresses.dnsServers.emplace();
-      field.list([&](const ValueReader& server) { servers.push_back(server.text()); });
-    });
+    const auto takeServers = [&](const char* name, auto& servers) {
+      fields.take(name, [&](const ValueReader& field) {
+        servers.emplace();
+        field.list([&](const ValueReader& server) { servers->push_back(server.text()); });
+      });
+    };
+    takeServers("dnsServers", addresses.dnsServers);
+    takeServers("systemDnsServers", addresses.systemDnsServers);
   });
   return addresses;
 }

@@ -74,9 +74,12 @@ TEST_F(ReachErrands, GiveEachFactOnce) {
 
 TEST_F(ReachErrands, BeginAfterTheScanAndEndWithin15SecondsOfIt) {
   for (const Errand& errand : errands_) {
-    for (const Fact fact : {Fact::link, Fact::scan, Fact::addresses, Fact::activeProfile}) {
+    for (const Fact fact : {Fact::link, Fact::addresses, Fact::activeProfile}) {
       EXPECT_TRUE(errand.after.holds(fact)) << errand.name;
     }
+    // What only asks the router need not wait for the radio.
+    EXPECT_NE(errand.after.holds(Fact::scan), errand.gives.holds(Fact::routerOutside))
+        << errand.name;
     EXPECT_FALSE(errand.after.meets({Fact::lanPings, Fact::nameResolution})) << errand.name;
     EXPECT_LE(errand.limit, std::chrono::seconds(15)) << errand.name;
   }
@@ -109,6 +112,15 @@ TEST_F(ReachErrands, WithoutARouterSayThatTheNetworkNamedNone) {
     EXPECT_EQ(why.reason, Reason::notTold);
     EXPECT_NE(why.sentence.find("named no router"), std::string::npos) << why.sentence;
   }
+}
+
+TEST_F(ReachErrands, WithARouterOfIpv6OnlySayThatThereIsNothingToTranslate) {
+  Facts known;
+  known.link = checks::Link{.interface = "lo", .ssid = "Home"};
+  known.addresses = checks::Addresses{.ipv6Gateway = "fe80::1"};
+  const Unknown why = whyNotAfter(Fact::routerOutside, known);
+  EXPECT_EQ(why.reason, Reason::notTold);
+  EXPECT_EQ(why.sentence.find("named no router"), std::string::npos) << why.sentence;
 }
 
 TEST_F(ReachErrands, PingTheRouterThatTheNetworkNamed) {

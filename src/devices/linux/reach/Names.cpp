@@ -304,12 +304,9 @@ class Resolver {
   std::array<Query, 2> queries_;
 };
 
-}  // namespace
-
-checks::Known<NameAnswer> resolve(const std::string& name, const Way& way,
-                                  const Patience& patience) {
-  const Patience ours = patience.atMost(kInAll);
-  if (ours.isOver()) return calledOff();
+// Of one set of servers.
+checks::Known<NameAnswer> ask(const std::string& name, const Way& way, const Patience& patience) {
+  if (patience.isOver()) return calledOff();
   NameAnswer answer;
   answer.resolution.name = name;
   if (addressOf(name, 0, way.interface)) {
@@ -321,7 +318,7 @@ checks::Known<NameAnswer> resolve(const std::string& name, const Way& way,
     answer.resolution.problem = "malformed name";
     return answer;
   }
-  Resolver resolver(way, ours);
+  Resolver resolver(way, patience);
   const auto exhausted = [] { return noSocket(EMFILE, {}); };
   if (!resolver.isUsable()) return exhausted();
   if (!resolver.hasServers()) {
@@ -344,6 +341,32 @@ checks::Known<NameAnswer> resolve(const std::string& name, const Way& way,
     answer.resolution.problem =
         first.empty() ? resolver.problem() : "blocked: no site has the address " + first;
   }
+  return answer;
+}
+
+// Whether the system has servers, and all of them are others than the way's.
+bool asksOthers(const Way& way) {
+  if (!way.nameServers || !way.systemServers || way.systemServers->empty()) return false;
+  return std::ranges::none_of(*way.systemServers, [&](const std::string& server) {
+    return std::ranges::find(*way.nameServers, server) != way.nameServers->end();
+  });
+}
+
+}  // namespace
+
+checks::Known<NameAnswer> resolve(const std::string& name, const Way& way,
+                                  const Patience& patience) {
+  const Patience ours = patience.atMost(kInAll);
+  auto answer = ask(name, way, ours);
+  if (!answer || !answer->resolution.resolved || !asksOthers(way)) return answer;
+  const auto asSystem = ask(name, {{}, way.systemServers}, ours);
+  if (!asSystem) return asSystem.why();
+  if (asSystem->resolution.resolved) return answer;
+  answer->addresses.clear();
+  answer->resolution.resolved = false;
+  answer->resolution.problem = "the system's own name servers (" +
+                               shortText(way.systemServers->front()) +
+                               "): " + asSystem->resolution.problem;
   return answer;
 }
 

@@ -18,6 +18,9 @@ struct Way {
   // have a "%zone". No more than four are asked. One on this machine is asked, without the
   // interface, only where there is no other. Unset: those that the system has configured.
   std::optional<std::vector<std::string>> nameServers;
+  // Those that the system asks, as it routes. Where they are others, a name must be known to them,
+  // too. Unset: not known.
+  std::optional<std::vector<std::string>> systemServers = std::nullopt;
 };
 
 struct NameAnswer {

@@ -260,6 +260,26 @@ TEST(Names, AreNotResolvedByAnAddressThatNoSiteCanHave) {
   EXPECT_TRUE(resolved(ofIPv6(0x20, 0x01, 1)));
 }
 
+TEST(Names, AreKnownOnlyIfTheSystemsOwnServersKnowThem) {
+  const Cancellation never;
+  const UdpServer links(addressesOfBoth);
+  const UdpServer knowing(addressesOfBoth);
+  const UdpServer other(
+      [](const std::string& question) { return std::vector<std::string>{answer(question, 3)}; });
+  const auto asked = [&](const UdpServer& system) {
+    Way way = wayTo(links);
+    way.systemServers = wayTo(system).nameServers;
+    return resolve("site.test", way, patient(never))->resolution;
+  };
+  EXPECT_TRUE(asked(knowing).resolved);
+  EXPECT_FALSE(asked(other).resolved);
+  EXPECT_EQ(asked(other).problem, "the system's own name servers (" + kHere + ":" +
+                                      std::to_string(other.port()) + "): no such name");
+  const int before = links.questions();
+  EXPECT_TRUE(asked(links).resolved);
+  EXPECT_EQ(links.questions(), before + 2);  // not once more
+}
+
 // While it lives, no descriptor can be had.
 class NoDescriptors {
  public:

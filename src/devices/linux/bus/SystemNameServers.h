@@ -1,0 +1,25 @@
+// The name servers that the system asks: those of resolv.conf, and where that names
+// systemd-resolved, its own. Any thread.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "devices/linux/bus/Bus.h"
+
+namespace wifi_profile::machine {
+
+// Empty where there are none, or where it is not known which servers those are that a resolver on
+// this machine asks in its turn. `interface`: number of the link.
+std::optional<std::vector<std::string>> readSystemNameServers(
+    Bus& system, int interface, const Patience& patience,
+    const std::string& resolvConf = "/etc/resolv.conf");
+
+// The pure parts: numeric addresses without those that are local to a link.
+std::vector<std::string> nameServersIn(std::string_view resolvConf);
+// From the property DNS of org.freedesktop.resolve1.Manager: the link's, and those of all links.
+std::vector<std::string> nameServersOf(int interface, const BusValue& servers);
+
+}  // namespace wifi_profile::machine
