@@ -8,6 +8,8 @@
 #include <thread>
 #include <utility>
 
+#include "devices/linux/LeftThreads.h"
+
 namespace wifi_profile::machine {
 namespace {
 
@@ -79,13 +81,6 @@ void forgetAll(Facts& facts, FactSet gone, const checks::Unknown& why) {
     if (gone.holds(Fact(fact))) forget(facts, Fact(fact), why);
   }
 }
-
-// For threads that did not end in time. Never destroyed: they are neither joined nor detached.
-std::vector<std::thread>& leftThreads() {
-  static auto* const kThreads = new std::vector<std::thread>;
-  return *kThreads;
-}
-std::mutex leftThreadsMutex;
 
 }  // namespace
 
@@ -222,8 +217,11 @@ void Gathering::Work::end() {
   std::vector<std::thread> ended;
   for (Task& task : tasks_) {
     if (!task.thread.joinable()) continue;
-    const std::lock_guard left(leftThreadsMutex);
-    (task.ended ? ended : leftThreads()).push_back(std::move(task.thread));
+    if (task.ended) {
+      ended.push_back(std::move(task.thread));
+    } else {
+      leaveBehind(std::move(task.thread));
+    }
   }
   lock.unlock();
   for (std::thread& thread : ended) thread.join();

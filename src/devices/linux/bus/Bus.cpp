@@ -7,6 +7,7 @@
 #include <system_error>
 #include <thread>
 
+#include "devices/linux/LeftThreads.h"
 #include "devices/linux/bus/MessageReader.h"
 
 namespace wifi_profile::machine {
@@ -103,12 +104,12 @@ BusAnswer overdue(const Patience& patience) {
 using Connect = std::function<std::unique_ptr<sdbus::IConnection>()>;
 
 // Connecting, which blocks until the bus has answered: on a thread of its own, so that a bus that
-// does not answer is waited for no longer than the patience lasts. Who gives up leaves the thread
-// to itself; the library ends it after 25 s.
+// does not answer is waited for no longer than the patience lasts. A thread that is given up is
+// left behind; the library ends its work after 25 s.
 class Connecting {
  public:
   explicit Connecting(Connect connect) : result_(std::make_shared<Result>()) {
-    std::thread([result = result_, connect = std::move(connect)] {
+    thread_ = std::thread([result = result_, connect = std::move(connect)] {
       try {
         result->connection = connect();
       } catch (const sdbus::Error& error) {
@@ -117,8 +118,18 @@ class Connecting {
         result->error = sdbus::Error("org.freedesktop.DBus.Error.NoMemory", other.what());
       }
       result->ended.cancel();
-    }).detach();
+    });
   }
+  ~Connecting() {
+    if (!thread_.joinable()) return;
+    if (result_->ended.isCancelled()) {
+      thread_.join();
+    } else {
+      leaveBehind(std::move(thread_));
+    }
+  }
+  Connecting(Connecting&&) = default;
+  Connecting& operator=(Connecting&&) = delete;
 
   // Whether it ended.
   bool wait(const Patience& patience) {
@@ -138,6 +149,7 @@ class Connecting {
     Cancellation ended;  // as an event; the others are read after it only
   };
   std::shared_ptr<Result> result_;
+  std::thread thread_;
 };
 
 }  // namespace

@@ -1,0 +1,17 @@
+#include "devices/linux/LeftThreads.h"
+
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace wifi_profile::machine {
+
+void leaveBehind(std::thread thread) {
+  static std::mutex mutex;
+  // Never destroyed: a thread that still runs must not be.
+  static auto* const kThreads = new std::vector<std::thread>;
+  const std::lock_guard lock(mutex);
+  kThreads->push_back(std::move(thread));
+}
+
+}  // namespace wifi_profile::machine
