@@ -223,7 +223,7 @@ class Resolver {
     auto& resolver = *static_cast<Resolver*>(self);
     Descriptor socket =
         openSocket(family, type, protocol, resolver.bound_ ? resolver.way_.interface : "");
-    if (!socket) resolver.exhausted_ = isExhaustion(errno);
+    if (!socket && isExhaustion(errno)) resolver.exhausted_ = true;
     if (type == SOCK_DGRAM && socket) resolver.datagrams_.insert(socket.number());
     return socket.release();
   }

@@ -90,7 +90,9 @@ checks::Known<checks::Pings> ping(const std::string& target, const std::string& 
   }
   pings.byConnecting = !both.echoes || (!anyAnswered(both.echoes) && anyAnswered(both.connections));
   const auto& roundTrips = pings.byConnecting ? both.connections : both.echoes;
-  if (!roundTrips) return noSocket(both.error, interface);
+  if (!roundTrips || (isExhaustion(both.error) && !anyAnswered(roundTrips))) {
+    return noSocket(both.error, interface);
+  }
   if (patience.cancellation.isCancelled()) return calledOff();
   pings.sent = static_cast<int>(roundTrips->size());
   for (const auto& roundTrip : *roundTrips) {

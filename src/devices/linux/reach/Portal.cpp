@@ -1,8 +1,8 @@
 #include <cerrno>
+#include <cstring>
 #include <future>
 #include <nlohmann/json.hpp>
 #include <optional>
-#include <strings.h>
 #include <system_error>
 
 #include "devices/linux/reach/Http.h"

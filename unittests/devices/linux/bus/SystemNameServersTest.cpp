@@ -1,9 +1,13 @@
+#include <cstdio>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
+#include <unistd.h>
 
+#include "BusFixture.h"
+#include "Values.h"
 #include "devices/linux/bus/SystemNameServers.h"
-#include "devices/linux/bus/Values.h"
 
 namespace wifi_profile::machine {
 namespace {
@@ -11,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(SystemNameServers, AreTheAddressesOfResolvConf) {
+TEST(NameServers, AreTheAddressesOfResolvConf) {
   EXPECT_THAT(nameServersIn("# nameserver 192.0.2.1\nsearch home\nnameserver 192.0.2.53\n"
                             "nameserver\t2001:DB8::53  \r\nnameserver fe80::1%wlan0\n"
                             "nameserver fe80::1\nnameserver home\nnameserver\nnameservers 1.2.3.4"),
@@ -19,7 +23,7 @@ TEST(SystemNameServers, AreTheAddressesOfResolvConf) {
   EXPECT_THAT(nameServersIn(""), IsEmpty());
 }
 
-TEST(SystemNameServers, OfResolvedAreThoseOfTheLinkAndOfAll) {
+TEST(NameServers, OfResolvedAreThoseOfTheLinkAndOfAll) {
   const auto server = [](int link, int family, const std::string& octets) {
     return list({number(link), number(family), bytes(octets)});
   };
@@ -30,6 +34,37 @@ TEST(SystemNameServers, OfResolvedAreThoseOfTheLinkAndOfAll) {
                    server(3, 99, "1234"), flag(true), list({number(3)})})),
       ElementsAre("192.0.2.53", "192.0.2.2"));
   EXPECT_THAT(nameServersOf(3, text("none")), IsEmpty());
+}
+
+class SystemNameServers : public BusFixture {
+ protected:
+  SystemNameServers() { file_ = testing::TempDir() + "resolv.conf." + std::to_string(getpid()); }
+  ~SystemNameServers() override { std::remove(file_.c_str()); }
+
+  std::optional<std::vector<std::string>> read(const std::string& resolvConf) {
+    std::ofstream(file_) << resolvConf;
+    return readSystemNameServers(*bus_, 3, patience(), file_);
+  }
+
+  std::string file_;
+};
+
+TEST_F(SystemNameServers, AreThoseThatResolvConfNames) {
+  EXPECT_EQ(read("nameserver 192.0.2.53\n"), std::vector<std::string>{"192.0.2.53"});
+  EXPECT_EQ(read(""), std::nullopt);
+}
+
+TEST_F(SystemNameServers, OfAResolverOnThisMachineAreAskedOfResolvedAlone) {
+  EXPECT_EQ(read("nameserver 127.0.0.53\n"), std::nullopt);  // which is not there
+  EXPECT_EQ(read("nameserver 127.0.0.1\n"), std::nullopt);   // of another kind
+  using Server = sdbus::Struct<std::int32_t, std::int32_t, std::vector<std::uint8_t>>;
+  FakeService service(daemon_.address(), "org.freedesktop.resolve1");
+  service.property(
+      "/org/freedesktop/resolve1", "org.freedesktop.resolve1.Manager", "DNS",
+      std::vector<Server>{{3, AF_INET, {192, 0, 2, 53}}, {2, AF_INET, {192, 0, 2, 1}}});
+  service.start();
+  EXPECT_EQ(read("nameserver 127.0.0.53\n"), std::vector<std::string>{"192.0.2.53"});
+  EXPECT_EQ(read("nameserver 127.0.0.1\n"), std::nullopt);
 }
 
 }  // namespace

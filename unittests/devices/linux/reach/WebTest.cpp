@@ -203,6 +203,24 @@ TEST(Page, TimesOutWhileItDribblesIn) {
   EXPECT_EQ(page->problem, "timed out");
 }
 
+TEST(Page, OfASiteThatDoesNotConnectIsGivenUpAfter5Seconds) {
+  const Cancellation never;
+  // A queue of connections that is full: further ones get no answer.
+  const Descriptor listener = boundSocket(kHere, SOCK_STREAM);
+  ASSERT_EQ(listen(listener.number(), 0), 0);
+  const auto address = addressOf(kHere, portOf(listener), "");
+  const Descriptor first = openSocket(AF_INET, SOCK_STREAM, 0, "");
+  const Descriptor second = openSocket(AF_INET, SOCK_STREAM, 0, "");
+  connect(first.number(), address->get(), address->size);
+  connect(second.number(), address->get(), address->size);
+  const auto began = Clock::now();
+  const auto page = retrievePage("http://127.0.0.1:" + std::to_string(portOf(listener)) + "/", "",
+                                 kAnyWay, patient(never));
+  ASSERT_TRUE(page);
+  EXPECT_EQ(page->problem, "timed out");
+  EXPECT_LT(Clock::now() - began, 8s);  // a page's whole time is 10 s
+}
+
 TEST(Web, EndsWhenItIsCalledOff) {
   for (int operation = 0; operation < 3; ++operation) {
     Cancellation cancellation;
