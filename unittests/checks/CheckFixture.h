@@ -90,7 +90,9 @@ class CheckTest : public testing::Test {
     if (const auto* result = std::get_if<DiagnosticsTestResult>(&answer)) {
       EXPECT_EQ(result->didPass,
                 id == Id::NoScanResults || (isAbility(id) ? result->result : !result->result));
-      EXPECT_NE(result->info, nullptr);
+      // That the router is there by its neighbour's entry has no times to tell.
+      const bool mayHaveNone = id == Id::PingLAN || id == Id::PingWAN;
+      EXPECT_TRUE(result->info || mayHaveNone);
     }
     return answer;
   }
