@@ -24,7 +24,7 @@ expect "so does the record" jq -e '.statusCode == -5' /out/record.json
 onTerminal run --pick --ui terminal --output json
 expect "it asks again" within 20 drawn 'Wi-Fi is off'
 press '\t\r'
-expect "no leaves it off" within 20 drawn 'was not switched on'
+expect "no leaves it off" within 20 drawn 'answered with No'
 press q
 expect "the exit status says so, too" closed 4
 expect "Wi-Fi is still off" shows '^disabled$' nmcli -t radio wifi

@@ -48,6 +48,10 @@ const Unknown kSecondHand{Reason::notTold,
 Answer conflictingCountries(const Question& question) {
   const Facts& facts = question.facts;
   if (auto why = whyNotWhole(facts.scan)) return *std::move(why);
+  // Of a network that was not heard nothing is fine.
+  if (question.networkName) {
+    if (const auto subject = subjectOf(question); !subject) return subject.why();
+  }
   std::map<std::string, int> counts;
   for (const AccessPoint& accessPoint : facts.scan->accessPoints) {
     if (accessPoint.country && isCountry(*accessPoint.country)) ++counts[*accessPoint.country];
@@ -121,8 +125,9 @@ constexpr std::array kRows{
                        "ZZ) are none",
           .why = "The country decides which channels and powers are allowed. Country element: IEEE "
                  "802.11-2020, 9.4.2.8",
-          .unknownWhen = "there is no scan; the access points agree, and the kernel's country "
-                         "cannot be read, or some are known from NetworkManager alone"},
+          .unknownWhen = "there is no scan, or the other network asked about was not heard; the "
+                         "access points agree, and the kernel's country cannot be read, or some "
+                         "are known from NetworkManager alone"},
     Check{.id = DiagnosticsTestID::HiddenScanResults,
           .answer = hiddenScanResults,
           .needs = {Fact::scan},

@@ -1,5 +1,6 @@
 #include "host/Report.h"
 
+#include <algorithm>
 #include <fmt/format.h>
 #include <string_view>
 #include <utility>
@@ -54,9 +55,12 @@ std::string sentenceLines(const ReportFinding& finding) {
   const std::string values = fmt::format("{}", fmt::join(finding.values, separator));
   const std::string inside = fmt::format("{} ({}){}", line, values, stops ? "." : "");
   if (kIndent + characterCount(inside) <= kWidth) return inside + '\n';
-  // Reasons are sentences; a measured value stays in one piece.
+  // Reasons are sentences; a measured value stays in one piece where a line holds it.
+  const bool isLong = std::ranges::any_of(finding.values, [](const std::string& value) {
+    return kIndent + characterCount(value) > kWidth;
+  });
   return fmt::format("{}{:{}}{}\n", sentence, "", kIndent,
-                     finding.mark == ReportMark::unknown
+                     isLong || finding.mark == ReportMark::unknown
                          ? wrapped(kWidth, kIndent, values)
                          : joinedWithin(kWidth, kIndent, finding.values, separator));
 }

@@ -54,12 +54,14 @@ constexpr std::array kEarlyEnds{
     EarlyEnd{kStatusNoWiFiDevice, "Wi-Fi could not be used: there is no Wi-Fi interface.",
              "The Wi-Fi interface went away",
              "Check that the Wi-Fi adapter is plugged in and its driver is loaded."},
-    EarlyEnd{kStatusPowerOnDeclined, "Wi-Fi is off and was not switched on.",
-             "Wi-Fi is off and was not switched on",
-             "Switch Wi-Fi on and run the diagnostic again."},
-    EarlyEnd{kStatusWiFiSwitchedOff, "Wi-Fi was switched off while a network was being chosen.",
+    // The radio may be on: another program can turn it on before the answer.
+    EarlyEnd{kStatusPowerOnDeclined, "The question whether to turn Wi-Fi on was answered with No.",
+             "The question whether to turn Wi-Fi on was answered with No",
+             "Run the diagnostic again, and turn Wi-Fi on when it asks."},
+    // It may never have been on.
+    EarlyEnd{kStatusWiFiSwitchedOff, "Wi-Fi is off, so no network could be chosen.",
              "Wi-Fi was switched off while the tests ran",
-             "Leave Wi-Fi on and run the diagnostic again."},
+             "Turn Wi-Fi on, leave it on, and run the diagnostic again."},
 };
 
 const EarlyEnd* earlyEnd(std::int64_t statusCode) {
@@ -375,6 +377,8 @@ std::string SectionReader::title() const {
     case Section::device:
       return "Device";
     case Section::currentNetwork:
+      // Before a run there is the list's scan alone.
+      if (!outcome_.plan) return "Networks in range";
       return titled("Current network", plan.currentName);
     case Section::selectedNetwork:
       break;

@@ -71,7 +71,7 @@ std::string textOf(bool boolean) { return boolean ? "yes" : "no"; }
 std::string textOf(std::int64_t integer) { return fmt::format("{}", integer); }
 std::string textOf(std::uint64_t integer) { return fmt::format("{}", integer); }
 std::string textOf(double number) {
-  if (std::isnan(number)) return "not a number";
+  if (std::isnan(number)) return "unknown";
   if (std::isinf(number)) return number < 0 ? "minus infinity" : "infinity";
   constexpr double kLeast = 0.001;
   constexpr double kMost = 1e6;
@@ -157,7 +157,9 @@ std::vector<std::string> valuePieces(std::string_view outputKey, const ObjectRef
   std::string piece = name + ' ' + (array ? textOf(*array) : textOf(value));
   const auto number = as<Number>(value);
   if (number && !number->isBoolean() && finding && !finding->unit.empty()) {
-    piece += fmt::format(" {}", finding->unit);
+    std::string_view unit = finding->unit;
+    if (number->toDouble() == 1 && unit.ends_with('s')) unit.remove_suffix(1);  // 1 beacon
+    piece += fmt::format(" {}", unit);
   }
   return {piece};
 }

@@ -31,7 +31,7 @@ DiagnosticsTestResults WatchedScans::runDiagnosticsTests(const VqDiagnosticsTest
                                                          const VqTestUpdate& update,
                                                          VqErrorRef& error) {
   auto results = service_->runDiagnosticsTests(requests, peer, update, error);
-  if (requests.front()->testID() == DiagnosticsTestID::NoScanResults) {
+  if (!requests.empty() && requests.front()->testID() == DiagnosticsTestID::NoScanResults) {
     const std::lock_guard lock(mutex_);
     latest_ = outcomeOf(results, error);
   }
@@ -52,9 +52,9 @@ EmptyList emptyListOf(const WiFiProfileViewController& controller,
   if (!scan) return because(Why::notKnownYet);
   if (!scan->passed) return because(Why::scanFailed, scan->failure);
   const ArrayRef results = controller.wifiScanResults();
-  const bool heard =
-      results && std::any_of(results->elements().begin(), results->elements().end(), hasName);
-  return because(heard ? Why::noOtherInRange : Why::noneInRange);
+  if (!results || results->elements().empty()) return because(Why::noneInRange);
+  const bool named = std::any_of(results->elements().begin(), results->elements().end(), hasName);
+  return because(named ? Why::noOtherInRange : Why::onlyHiddenInRange);
 }
 
 }  // namespace wifi_profile

@@ -32,6 +32,8 @@ std::string emptyListText(EmptyList::Why why) {
       return screenText("NO_NETWORKS");
     case EmptyList::Why::noOtherInRange:
       return screenText("NO_OTHER_NETWORKS");
+    case EmptyList::Why::onlyHiddenInRange:
+      return screenText("ONLY_HIDDEN_NETWORKS");
     case EmptyList::Why::scanFailed:
       return screenText("SCAN_FAILED");
     case EmptyList::Why::radioOff:

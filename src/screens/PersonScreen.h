@@ -24,7 +24,15 @@ struct TestsDone {
 
 // What there is to say while the list of networks is empty.
 struct EmptyList {
-  enum class Why { notKnownYet, noneInRange, noOtherInRange, scanFailed, radioOff, powerOnFailed };
+  enum class Why {
+    notKnownYet,
+    noneInRange,
+    onlyHiddenInRange,
+    noOtherInRange,  // than the joined or the selected network
+    scanFailed,
+    radioOff,
+    powerOnFailed
+  };
   Why why = Why::notKnownYet;
   std::string reason;  // of a failure, for people; may be empty
   // Asks again whether to turn the radio on. Empty: there is nothing to ask.
@@ -46,7 +54,7 @@ class PersonScreen : public toolkit::Screen {
 
   virtual void showTests(const TestsDone& tests) = 0;
 
-  // Whenever something of it has changed.
+  // Called when the state changes.
   virtual void showEmptyList(EmptyList state) = 0;
 
   // The run is over: shows the report, until the person closes it.

@@ -86,6 +86,11 @@ TEST_F(NetworkChecks, TakeAWorldDomainOfTheKernelForNone) {
   }
 }
 
+TEST_F(NetworkChecks, DoNotTellOfCountriesWhereTheNetworkAskedAboutWasNotHeard) {
+  askAbout("Elsewhere");
+  EXPECT_THAT(ask(Id::ConflictingCountryCode), isUnknownFor(Reason::notInRange));
+}
+
 TEST_F(NetworkChecks, SeeAConflictWhereTheKernelFollowsSeveralCountriesRules) {
   own().country = "DE";
   facts.regulatory = Regulatory{"98"};

@@ -214,6 +214,12 @@ TEST(EmptyListOfARun, HasTheOwnNetworkInRangeOnly) {
   EXPECT_EQ(person->emptyLists.back().why, EmptyList::Why::noOtherInRange);
 }
 
+TEST(EmptyListOfARun, HasHiddenNetworksInRangeOnly) {
+  const auto person = personOfEmptyList("{}", R"({"result":true,"didPass":true,"info":
+      {"ScanResults":[{"ssid":null,"bssid":"02:02","rssi":-40}]}})");
+  EXPECT_EQ(person->emptyLists.back().why, EmptyList::Why::onlyHiddenInRange);
+}
+
 TEST(EmptyListOfARun, HasTheReasonOfAFailedScan) {
   const auto person =
       personOfEmptyList("{}", R"({"error":{"code":5,"description":"radio asleep"}})");

@@ -258,11 +258,11 @@ TEST_F(ReportDocument, SaysWhyARunEndedEarlyAndShowsOnlySectionsThatHoldSomethin
   const Report report = document();
   ASSERT_TRUE(report.earlyEnd);
   EXPECT_EQ(report.earlyEnd->mark, ReportMark::problem);
-  EXPECT_EQ(report.earlyEnd->sentence, "Wi-Fi was switched off while a network was being chosen.");
+  EXPECT_EQ(report.earlyEnd->sentence, "Wi-Fi is off, so no network could be chosen.");
   EXPECT_FALSE(report.earlyEnd->advice.empty());
   EXPECT_EQ(report.summary, "cut short before the tests");
   ASSERT_EQ(report.sections.size(), 1U);
-  EXPECT_EQ(report.sections[0].title, "Current network");
+  EXPECT_EQ(report.sections[0].title, "Networks in range");
   EXPECT_EQ(report.sections[0].note, "");
 }
 

@@ -49,7 +49,7 @@ TEST(ReportOfARun, SaysThatNothingWasTestedWhenTheRadioWasSwitchedOffInTheList) 
   const std::string shown = textOn(R"({"scenario": 1, "status": [{"ssid": "Home"}],
     "user": [{"setPower": false}]})");
   EXPECT_THAT(shown, HasSubstr("cut short before the tests"));
-  EXPECT_THAT(shown, HasSubstr("Wi-Fi was switched off while a network was being chosen."));
+  EXPECT_THAT(shown, HasSubstr("Wi-Fi is off, so no network could be chosen."));
 }
 
 // The radio comes back: the list, which is no longer shown, asks for the status and scans again.

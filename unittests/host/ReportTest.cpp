@@ -119,7 +119,7 @@ TEST_F(Report, ShowsPingsWithTheirUnitsAndTheMissingAsUnknown) {
                                                 {"timestamp", text("2024-05-01T10:00:00Z")}})}};
   const std::string shown = report();
   EXPECT_TRUE(contains(shown, "pings: count 10, loss 0 %, mean unknown, least 1.25 ms, "));
-  EXPECT_TRUE(contains(shown, "most not a number, deviation 0.5 ms,"));
+  EXPECT_TRUE(contains(shown, "most unknown, deviation 0.5 ms,"));
   EXPECT_TRUE(contains(shown, "interface unknown, at 2024-05-01T10:00:00Z"));
 }
 
@@ -182,7 +182,8 @@ TEST_F(Report, SaysWhyARunWasCutShort) {
     statusCode_ = code;
     const std::string shown = report();
     EXPECT_EQ(headline(shown), "Wi-Fi profile: cut short before the tests");
-    EXPECT_EQ(timesIn(shown, "  ✗ Wi-Fi "), 1U) << code;
+    EXPECT_EQ(timesIn(shown, "  ✗ "), 1U) << code;
+    EXPECT_TRUE(contains(shown, "Wi-Fi")) << code;
     EXPECT_FALSE(contains(shown, "\nDevice\n")) << code;
   }
 }
@@ -191,7 +192,7 @@ TEST_F(Report, KeepsTheScanOfARunThatWasCutShort) {
   planned_ = false;
   statusCode_ = -5;
   current_ = {{"foundScanResults", integer(1)}};
-  EXPECT_TRUE(contains(report(), "\nCurrent network\n  ✓ The scan found networks.\n"));
+  EXPECT_TRUE(contains(report(), "\nNetworks in range\n  ✓ The scan found networks.\n"));
 }
 
 TEST_F(Report, ListsWhatCouldNotBeFoundOutWithTheReason) {

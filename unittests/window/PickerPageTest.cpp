@@ -197,12 +197,15 @@ TEST_F(PickerPage, SaysWhyTheListIsEmpty) {
   using Why = EmptyList::Why;
   showList({});
   for (const auto& [why, key] : {std::pair{Why::noOtherInRange, "NO_OTHER_NETWORKS"},
+                                 {Why::onlyHiddenInRange, "ONLY_HIDDEN_NETWORKS"},
                                  {Why::scanFailed, "SCAN_FAILED"},
                                  {Why::radioOff, "RADIO_OFF"},
                                  {Why::powerOnFailed, "POWER_ON_FAILED"}}) {
     drawn->showEmptyList({.why = why, .reason = "because of <b>this</b>", .askForPower = nullptr});
     rest();
     ASSERT_NE(item("listStatus"), nullptr);
+    // Also below the row of a selected network.
+    EXPECT_TRUE(item("listStatus")->isVisible());
     EXPECT_EQ(item("listStatus")->property("text"), words(key));
     EXPECT_EQ(item("listReason")->property("text"), "because of <b>this</b>");
     EXPECT_EQ(item("powerButton"), nullptr);

@@ -30,7 +30,7 @@ Hints listHints(const Shown& shown, const Look& look) {
   Hints hints;
   if (shown.content.table->allowsSelection()) hints.push_back(hint("Enter", "KEY_CHOOSE"));
   if (nextWorks(shown.content)) hints.push_back(hint("n", "NEXT"));
-  if (shown.emptyList.askForPower) hints.push_back(hint("p", "TURN_ON"));
+  if (canAskForPower(shown)) hints.push_back(hint("p", "TURN_ON"));
   hints.insert(hints.end(), {help(), quit(), hint("/", "KEY_FIND")});
   if (refreshWorks(shown.content)) hints.push_back(hint("r", "KEY_REFRESH"));
   hints.insert(hints.end(), {move(look), pages(), ends()});
@@ -86,7 +86,7 @@ std::vector<KeyHint> helpHints(const Shown& shown, const Look& look) {
     hints = moving;
     hints.insert(hints.end(), {hint("Enter", "KEY_CHOOSE"), hint("n", "NEXT"),
                                hint("r", "KEY_REFRESH"), hint("/", "FIND_NAME")});
-    if (shown.emptyList.askForPower) hints.push_back(hint("p", "TURN_ON"));
+    if (canAskForPower(shown)) hints.push_back(hint("p", "TURN_ON"));
     hints.push_back(quit());
   } else {
     hints = {quit()};

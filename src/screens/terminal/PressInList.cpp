@@ -65,8 +65,8 @@ Effect goOn(const Content& content, TerminalState& state) {
 Effect refresh(const Shown& shown, TerminalState& state) {
   const auto& control = shown.content.table->refreshControl();
   if (control && !control->isRefreshing()) return effect::Pull{};
-  const bool isOff = shown.emptyList.askForPower != nullptr;
-  state.notice = isOff ? emptyListText(shown.emptyList.why) : screenText("LIST_BUSY");
+  state.notice =
+      canAskForPower(shown) ? emptyListText(shown.emptyList.why) : screenText("LIST_BUSY");
   return {};
 }
 
@@ -98,7 +98,7 @@ Effect pressedInList(const Shown& shown, TerminalState& state, const Look& look,
   if (key.name == Name::enter) return choose(list, state);
   if (key.is("n")) return goOn(shown.content, state);
   if (key.is("r")) return refresh(shown, state);
-  if (key.is("p") && shown.emptyList.askForPower) return effect::AskForPower{};
+  if (key.is("p") && canAskForPower(shown)) return effect::AskForPower{};
   if (key.is("/")) state.find = FindState{.edit = {}, .origin = state.list};
   return {};
 }

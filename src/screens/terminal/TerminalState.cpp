@@ -36,4 +36,8 @@ bool isTurning(const toolkit::TableView& table) {
   return false;
 }
 
+bool canAskForPower(const Shown& shown) {
+  return shown.emptyList.askForPower && !isTurning(*shown.content.table);
+}
+
 }  // namespace wifi_profile

@@ -81,6 +81,8 @@ inline bool isRoomy(Extent extent) { return extent.lines >= 12; }
 bool hasList(const Content& content);
 // Whether a wheel turns in a header of the list.
 bool isTurning(const toolkit::TableView& table);
+// Whether a key asks again whether to turn the radio on. Only with a list on the screen.
+bool canAskForPower(const Shown& shown);
 // The label and the wheel in a section's header; null: none.
 std::shared_ptr<toolkit::Label> headerLabel(const toolkit::TableView& table, std::int64_t section);
 std::shared_ptr<toolkit::Spinner> headerSpinner(const toolkit::TableView& table,

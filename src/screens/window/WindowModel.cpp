@@ -164,8 +164,9 @@ bool WindowModel::listIsEmpty() const {
 }
 
 QString WindowModel::listStatus() const {
+  if (!listIsEmpty()) return {};
   if (scanning()) return text(QStringLiteral("SCANNING"));
-  return listIsEmpty() ? QString::fromStdString(emptyListText(emptyList_.why)) : QString();
+  return QString::fromStdString(emptyListText(emptyList_.why));
 }
 
 QString WindowModel::listReason() const {
@@ -173,7 +174,7 @@ QString WindowModel::listReason() const {
 }
 
 bool WindowModel::canAskForPower() const {
-  return listIsEmpty() && emptyList_.askForPower && !alert_ && !stopping_;
+  return listIsEmpty() && !scanning() && emptyList_.askForPower && !alert_ && !stopping_;
 }
 
 QString WindowModel::testsDone() const {

@@ -85,6 +85,7 @@ TEST_F(ListOnATerminal, SaysWhyItIsEmpty) {
   showList({});
   for (const auto& [why, text] : {std::pair{Why::notKnownYet, ""},
                                   {Why::noOtherInRange, "    No other networks in range."},
+                                  {Why::onlyHiddenInRange, "    Only hidden networks in range."},
                                   {Why::scanFailed, "    Could not look for networks."},
                                   {Why::radioOff, "    The radio is off."},
                                   {Why::powerOnFailed, "    Could not turn the radio on."}}) {

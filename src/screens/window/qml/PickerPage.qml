@@ -99,7 +99,7 @@ FocusScope {
         }
         footer: Item {
             width: list.width
-            visible: profile.listStatus !== "" && list.count <= 5
+            visible: profile.listStatus !== ""
             height: visible ? statusParts.height + 48 : 0
             Column {
                 id: statusParts
