@@ -32,9 +32,12 @@ Known<Bluetooth> bluetoothFrom(const BusValue& objects) {
 Known<Bluetooth> readBluetooth(Bus& system, const Patience& patience) {
   const BusAnswer owner = system.ownerOf(kBluez.busName, patience);
   if (!owner.isGood()) return unknownFrom(owner, kBluez);
-  const BusAnswer answer = system.call(
-      {*owner.first().text(), "/", "org.freedesktop.DBus.ObjectManager", "GetManagedObjects", {}},
-      patience);
+  const BusAnswer answer = system.call({owner.first().text().value_or(""),
+                                        "/",
+                                        "org.freedesktop.DBus.ObjectManager",
+                                        "GetManagedObjects",
+                                        {}},
+                                       patience);
   if (!answer.isGood()) return unknownFrom(answer, kBluez);
   return bluetoothFrom(answer.first());
 }

@@ -54,7 +54,7 @@ std::vector<SavedNetwork> savedNetworksFromIwd(const BusValue& objects) {
 Known<Iwd::Objects> Iwd::objects(const Patience& patience) {
   const BusAnswer owner = bus_.ownerOf(kIwd.busName, patience);
   if (!owner.isGood()) return unknownFrom(owner, kIwd);
-  const std::string name = *owner.first().text();
+  const std::string name = owner.first().text().value_or("");
   const BusAnswer answer = bus_.call(
       {name, "/", "org.freedesktop.DBus.ObjectManager", "GetManagedObjects", {}}, patience);
   if (!answer.isGood()) return unknownFrom(answer, kIwd);

@@ -44,7 +44,7 @@ std::optional<std::string> objectAt(const BusValue& properties, const char* key)
 Known<std::string> NetworkManager::owner(const Patience& patience) {
   const BusAnswer answer = bus_.ownerOf(kNetworkManager.busName, patience);
   if (!answer.isGood()) return unknownFrom(answer, kNetworkManager);
-  return *answer.first().text();
+  return answer.first().text().value_or("");
 }
 
 Known<NetworkManager::Device> NetworkManager::device(const std::string& interface,

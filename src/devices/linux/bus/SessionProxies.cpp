@@ -65,7 +65,7 @@ Known<SessionProxy> readSessionProxy(const char* const* environment, Bus& sessio
   const BusAnswer owner = session.ownerOf(kPortal.busName, patience);
   if (hasNoSettings(owner)) return proxy;
   if (!owner.isGood()) return unknownFrom(owner, kPortal);
-  const BusAnswer answer = session.call({*owner.first().text(),
+  const BusAnswer answer = session.call({owner.first().text().value_or(""),
                                          "/org/freedesktop/portal/desktop",
                                          "org.freedesktop.portal.ProxyResolver",
                                          "Lookup",

@@ -58,7 +58,7 @@ std::optional<SavedNetwork> savedNetworkFromSupplicant(const BusValue& propertie
 Known<Supplicant::Object> Supplicant::find(const std::string& interface, const Patience& patience) {
   const BusAnswer owner = bus_.ownerOf(kSupplicant.busName, patience);
   if (!owner.isGood()) return unknownFrom(owner, kSupplicant);
-  const std::string name = *owner.first().text();
+  const std::string name = owner.first().text().value_or("");
   const BusAnswer answer =
       bus_.call({name, kRootPath, kRoot, "GetInterface", {interface}}, patience);
   if (const auto path = answer.first().text()) return Object{name, *path};

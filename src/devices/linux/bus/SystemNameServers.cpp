@@ -28,6 +28,11 @@ std::string normalized(const std::string& text) {
   return {};
 }
 
+// The addresses of systemd-resolved.
+bool isResolved(const std::string& server) {
+  return server == "127.0.0.53" || server == "127.0.0.54";
+}
+
 bool isHere(const std::string& server) { return server.starts_with("127.") || server == "::1"; }
 
 std::string firstOf(const std::string& path) {
@@ -78,11 +83,11 @@ std::optional<std::vector<std::string>> readSystemNameServers(Bus& system, int i
                                                               const Patience& patience,
                                                               const std::string& resolvConf) {
   auto servers = nameServersIn(firstOf(resolvConf));
-  if (std::ranges::any_of(servers, [](const auto& one) { return one.starts_with("127.0.0.5"); })) {
+  if (std::ranges::any_of(servers, isResolved)) {
     const BusAnswer owner = system.ownerOf("org.freedesktop.resolve1", patience);
     if (!owner.isGood()) return {};
     const BusAnswer told =
-        system.call(getProperty(*owner.first().text(), "/org/freedesktop/resolve1",
+        system.call(getProperty(owner.first().text().value_or(""), "/org/freedesktop/resolve1",
                                 "org.freedesktop.resolve1.Manager", "DNS"),
                     patience);
     servers = nameServersOf(interface, told.first());
