@@ -162,16 +162,17 @@ constexpr std::array kRows{
         .needs = {Fact::link, Fact::scan, Fact::portalProbe, Fact::savedNetworks},
         .measures =
             "Whether the joined network answers plain HTTP in the place of the page asked "
-            "for (a network that names an address for this question is asked there, and that "
-            "answer counts alone); of another one whether it announces that more is to do after "
+            "for (a network that names an address for this question is also asked there, and "
+            "the page counts where that does not say); of another one whether it announces that "
+            "more is to do after "
             "joining. "
             "With it what is remembered of the network (of several profiles that with its kind of "
             "keys, the one joined last); its security is the number of the list below. There "
             "isCaptive also tells of the announcement, and isMultiAP of the scan.",
         .from = "HTTP GET without following redirects, or the address that DHCP gave (RFC 8910, "
                 "RFC 8908), as NetworkManager passes it on; Interworking element (ASRA bit)",
-        .threshold = "a redirect (but to the same host by https), another page or status 511; 204 "
-                     "and 200 without a body are open; "
+        .threshold = "a redirect, another page or status 511 (a redirect to the same host by https "
+                     "says nothing); 204 and 200 without a body are open; "
                      "the ASRA bit",
         .why = "Interworking: IEEE 802.11-2020, 9.4.2.91",
         .unknownWhen = "joined: nothing answers, or with another status. Otherwise: the access "

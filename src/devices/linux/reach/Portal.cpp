@@ -44,7 +44,7 @@ std::optional<PortalProbe> askApi(const std::string& url, const Way& way,
 // For the log: a query may name this device or its user.
 std::string withoutQuery(const std::string& url) { return url.substr(0, url.find_first_of("?#")); }
 
-// The same site, which wants TLS: no sign-in page can answer as that.
+// The same host by TLS: the site itself may want that, and so may a sign-in page in its place.
 bool isSameSiteByTls(const std::string& from, const std::string& to) {
   const auto one = partsOf(from);
   const auto other = partsOf(to);
@@ -57,7 +57,7 @@ PortalProbe judge(const HttpAnswer& answer, const std::string& url,
   const std::string status = "status " + std::to_string(answer.status);
   if (!answer.redirect.empty() && answer.status / 100 == 3) {
     const bool same = isSameSiteByTls(url, answer.redirect);
-    return {same ? Answer::open : Answer::portal,
+    return {same ? Answer::noAnswer : Answer::portal,
             shortText(status + " to " + withoutQuery(answer.redirect))};
   }
   if (answer.status == 511) return {Answer::portal, status};

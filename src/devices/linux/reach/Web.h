@@ -1,10 +1,11 @@
 // What the web answers. See Ping.h for what all functions of this folder have in common.
 //
-// Addresses are http or https. Names in them are asked of the way's name servers. Details and
-// problems are a few words in printable ASCII, whatever the other side sent. The user agent is
-// "wifi-profile/VERSION"; no cookies, no credentials, no compression, HTTP/1.1. Unknown (failed),
-// with what would help, where it is this machine that cannot ask: no trusted certificates, no
-// memory, no interface of that name.
+// Addresses are http or https. Names in them are asked of the way's name servers (the link's, or
+// where these are not known, those that the system has configured). Details and problems are a few
+// words in printable ASCII, whatever the other side sent. The user agent is "wifi-profile/VERSION";
+// no cookies, no credentials, no compression, HTTP/1.1. Unknown (failed), with what would help,
+// where it is this machine that cannot ask: no trusted certificates, no memory, no interface of
+// that name.
 #pragma once
 
 #include <string>
@@ -24,8 +25,8 @@ struct PortalQuestion {
 
 // Asks the API, if there is one, and the page beside it, which counts if the API does not say,
 // without a proxy and without following a redirect. 204, 200 without a body, and 200 with the text
-// expected: open. Another body, a redirect (but to the same host by https) and 511: portal. 5 s in
-// all. The API's answer is read up to 8 KiB, the page up to 64 KiB.
+// expected: open. Another body, a redirect and 511: portal. A redirect to the same host by https
+// says neither: no answer. 5 s in all. The API's answer is read up to 8 KiB, the page up to 64 KiB.
 checks::Known<checks::PortalProbe> probePortal(const PortalQuestion& question, const Way& way,
                                                const Patience& patience);
 

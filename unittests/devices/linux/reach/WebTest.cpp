@@ -62,7 +62,7 @@ TEST(Portal, IsTheSameSiteByTlsNot) {
   const auto movedTo = [](const std::string& location) {
     return probeAnswering(page("301 Moved", "", "Location: " + location + "\r\n")).answer;
   };
-  EXPECT_EQ(movedTo("https://127.0.0.1/login"), Answer::open);
+  EXPECT_EQ(movedTo("https://127.0.0.1/login"), Answer::noAnswer);
   EXPECT_EQ(movedTo("https://127.0.0.1:8443/"), Answer::portal);
   EXPECT_EQ(movedTo("https://127.0.0.2/"), Answer::portal);
   EXPECT_EQ(movedTo("http://127.0.0.1/"), Answer::portal);
