@@ -3,6 +3,7 @@
 #include <array>
 
 #include "checks/Answers.h"
+#include "checks/NameServers.h"
 #include "checks/Rows.h"
 #include "platform/Number.h"
 
@@ -41,16 +42,6 @@ Answer customIpv4(const Question& question) {
 
 Answer customIpv6(const Question& question) {
   return customAddresses(question, &ActiveProfile::ipv6, "IPv6ConfigMethod");
-}
-
-// Whether the system asks none of the link's own name servers.
-bool asksOthers(const Addresses& addresses) {
-  const auto& own = addresses.dnsServers;
-  const auto& asked = addresses.systemDnsServers;
-  if (!own || own->empty() || !asked || asked->empty()) return false;
-  return std::ranges::none_of(*asked, [&](const std::string& server) {
-    return std::ranges::find(*own, server) != own->end();
-  });
 }
 
 Answer customDns(const Question& question) {

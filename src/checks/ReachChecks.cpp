@@ -162,20 +162,22 @@ constexpr std::array kRows{
           .why = kPingsWhy,
           .unknownWhen = "not joined, the address of a name cannot be looked up or is one of the "
                          "house, or no ping could be sent"},
-    Check{.id = DiagnosticsTestID::ResolveDNS,
-          .answer = resolveDns,
-          .needs = {Fact::link, Fact::nameResolution},
-          .measures = "Whether the link's DNS servers give an address for a name, and those that "
-                      "the system asks, where they are others.",
-          .from =
-              "questions for A and AAAA records through the Wi-Fi interface, to the name servers "
-              "that NetworkManager has for it; without NetworkManager to those that the system has "
-              "configured",
-          .threshold =
-              "one address that a site can have (not 0/8, 127/8, 169.254/16, 224/3, ::, ::1, "
-              "fe80::/10, ff00::/8), after two tries of 2 s for each server, within 8 s in all",
-          .why = "DNS: RFC 1035, RFC 3596",
-          .unknownWhen = "not joined, or the question could not be sent"},
+    Check{
+        .id = DiagnosticsTestID::ResolveDNS,
+        .answer = resolveDns,
+        .needs = {Fact::link, Fact::nameResolution},
+        .measures = "Whether the link's DNS servers give an address for a name, and those that "
+                    "the system asks, where they are others.",
+        .from =
+            "questions for A and AAAA records through the Wi-Fi interface, to the name servers "
+            "that NetworkManager has for it; without NetworkManager to those that the system has "
+            "configured; and as the system routes, to its own servers (resolv.conf, and where that "
+            "names systemd-resolved, its property DNS), where none of these is the link's",
+        .threshold =
+            "one address that a site can have (not 0/8, 127/8, 169.254/16, 224/3, ::, ::1, "
+            "fe80::/10, ff00::/8), after two tries of 2 s for each server, within 8 s in all",
+        .why = "DNS: RFC 1035, RFC 3596",
+        .unknownWhen = "not joined, or the question could not be sent"},
     Check{.id = DiagnosticsTestID::DetectDoubleNAT,
           .answer = doubleNat,
           .needs = {Fact::link, Fact::routerOutside},

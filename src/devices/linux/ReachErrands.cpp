@@ -1,11 +1,16 @@
 #include "devices/linux/ReachErrands.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <future>
+#include <system_error>
 
 #include "checks/IpAddresses.h"
+#include "checks/NameServers.h"
 #include "devices/linux/reach/Names.h"
 #include "devices/linux/reach/Outside.h"
 #include "devices/linux/reach/Ping.h"
+#include "devices/linux/reach/Sockets.h"
 #include "devices/linux/reach/Web.h"
 
 namespace wifi_profile::machine {
@@ -50,9 +55,7 @@ void add(std::vector<Errand>& errands, const std::string& interface, ReachErrand
          } else if (!known.addresses) {
            fact = known.addresses.why();
          } else {
-           fact = reach.find(
-               known, {interface, known.addresses->dnsServers, known.addresses->systemDnsServers},
-               patience);
+           fact = reach.find(known, {interface, known.addresses->dnsServers}, patience);
          }
          return [member = reach.member, fact](Facts& facts) { facts.*member = fact; };
        }});
@@ -67,8 +70,8 @@ Unknown noRouter() {
 Unknown noIpv4Router() {
   return {
       checks::Reason::notTold,
-      "The network named a router of IPv6 only, which has no addresses to translate: nothing is "
-      "to be done."};
+      "The network has only an IPv6 router, which does not translate addresses. Nothing needs to "
+      "be done."};
 }
 
 // Of this network or machine, in the place of a host in the Internet.
@@ -97,12 +100,12 @@ Known<std::string> addressInTheInternet(const std::string& host, const checks::A
     return Unknown{checks::Reason::failed,
                    "The address of " + host + " could not be looked up (" +
                        answer->resolution.problem +
-                       "): mend DNS first, or set a numeric address to ping."};
+                       "): fix DNS first, or set a numeric address to ping."};
   }
   const std::string& address = reachable(answer->addresses, own);
   if (address == host || !isOfTheHouse(address)) return address;
   return Unknown{checks::Reason::failed,
-                 "The name servers give an address of the house (" + address + ") for " + host +
+                 "DNS gives the private address " + address + " for " + host +
                      ": sign in to the network first, or set a numeric address to ping."};
 }
 
@@ -122,6 +125,32 @@ Known<checks::Pings> pingInternet(const Facts& known, const std::string& host, c
   return ping(*address, way.interface, {}, patience);
 }
 
+// The link's servers must know the name, and where the system asks others, these, too. Both are
+// asked at once.
+Known<checks::NameResolution> lookUp(const std::string& name, const checks::Addresses& addresses,
+                                     const Way& way, const Patience& patience) {
+  std::future<Known<NameAnswer>> asSystem;
+  if (checks::asksOthers(addresses)) {
+    try {
+      asSystem = std::async(std::launch::async, [&] {
+        return resolveAsSystem(name, *addresses.systemDnsServers, patience);
+      });
+    } catch (const std::system_error&) {
+      return noSocket(EMFILE, {});  // no thread
+    }
+  }
+  const auto answer = resolve(name, way, patience);
+  if (!answer) return answer.why();
+  if (!asSystem.valid() || !answer->resolution.resolved) return answer->resolution;
+  const auto other = asSystem.get();
+  if (!other) return other.why();
+  if (other->resolution.resolved) return answer->resolution;
+  checks::NameResolution unresolved = other->resolution;
+  unresolved.problem = "the system's own name servers (" +
+                       shortText(addresses.systemDnsServers->front()) + "): " + unresolved.problem;
+  return unresolved;
+}
+
 }  // namespace
 
 void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
@@ -138,11 +167,8 @@ void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
   add<checks::NameResolution>(
       errands, interface,
       {"look-up of a name", Fact::nameResolution, &Facts::nameResolution, kNameLimit,
-       [targets](const Facts&, const Way& way,
-                 const Patience& patience) -> Known<checks::NameResolution> {
-         const auto answer = resolve(targets.name, way, patience);
-         if (!answer) return answer.why();
-         return answer->resolution;
+       [targets](const Facts& known, const Way& way, const Patience& patience) {
+         return lookUp(targets.name, *known.addresses, way, patience);
        }});
   add<checks::PortalProbe>(
       errands, interface,

@@ -10,8 +10,9 @@
 namespace wifi_profile::machine {
 
 // Adds the errands that send something through the interface. They begin when the link, the
-// addresses and the profile are asked for and the scan is done, which takes the radio off its
-// channel, and run side by side. Without a link or addresses they end at once.
+// addresses and the profile were read, and run side by side. All but the look at the router's
+// outside also wait for the end of the scan, which takes the radio off its channel. Without a link
+// or addresses they end at once.
 void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
                      const Targets& targets);
 

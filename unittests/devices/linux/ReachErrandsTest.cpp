@@ -211,8 +211,41 @@ class ReachOfTheInternet : public ReachErrands {
 TEST_F(ReachOfTheInternet, IsNotPingedWhereTheNameServersGiveAnAddressOfTheHouse) {
   const Facts facts = after(Fact::wanPings, {.ipv4Gateway = "192.168.0.1"});
   ASSERT_FALSE(facts.wanPings);
-  EXPECT_NE(facts.wanPings.why().sentence.find("of the house (192.168.0.1)"), std::string::npos)
+  EXPECT_NE(facts.wanPings.why().sentence.find("private address 192.168.0.1"), std::string::npos)
       << facts.wanPings.why().sentence;
+}
+
+// A server of names that knows none.
+std::vector<std::string> noSuchName(const std::string& question) {
+  std::string text = question;
+  text[2] = static_cast<char>(0x81);
+  text[3] = static_cast<char>(0x83);
+  return {text};
+}
+
+TEST_F(ReachOfTheInternet, LooksUpANameOfTheSystemsOtherServersToo) {
+  const UdpServer knowing(addressesOfBoth);
+  const UdpServer other(noSuchName);
+  const auto lookedUp = [&](const UdpServer& system) {
+    const std::string server = "127.0.0.1:" + std::to_string(system.port());
+    return *after(Fact::nameResolution, {.systemDnsServers = std::vector{server}}).nameResolution;
+  };
+  EXPECT_TRUE(lookedUp(knowing).resolved);
+  EXPECT_EQ(lookedUp(other).problem, "the system's own name servers (127.0.0.1:" +
+                                         std::to_string(other.port()) + "): no such name");
+  const int before = server_.questions();
+  EXPECT_TRUE(lookedUp(server_).resolved);
+  EXPECT_EQ(server_.questions(), before + 2);  // not once more
+}
+
+TEST_F(ReachOfTheInternet, DoesNotDependOnTheSystemsOtherServers) {
+  const UdpServer other(noSuchName);
+  const std::string server = "127.0.0.1:" + std::to_string(other.port());
+  const Facts facts = after(Fact::wanPings, {.systemDnsServers = std::vector{server}});
+  ASSERT_FALSE(facts.wanPings);
+  EXPECT_NE(facts.wanPings.why().sentence.find("private address 192.168.0.1"), std::string::npos)
+      << facts.wanPings.why().sentence;
+  EXPECT_EQ(other.questions(), 0);
 }
 
 TEST_F(ReachOfTheInternet, IsPingedByIPv6WhereOnlyThatHasARouter) {

@@ -306,7 +306,7 @@ class Resolver {
 
 // Of one set of servers.
 checks::Known<NameAnswer> ask(const std::string& name, const Way& way, const Patience& patience) {
-  if (patience.isOver()) return calledOff();
+  if (patience.cancellation.isCancelled()) return calledOff();
   NameAnswer answer;
   answer.resolution.name = name;
   if (addressOf(name, 0, way.interface)) {
@@ -329,44 +329,40 @@ checks::Known<NameAnswer> ask(const std::string& name, const Way& way, const Pat
   if (patience.cancellation.isCancelled()) return calledOff();
   if (resolver.isExhausted() && resolver.addresses().empty()) return exhausted();
   answer.addresses = resolver.addresses();
-  const std::string first = answer.addresses.empty() ? "" : answer.addresses.front();
-  if (!way.interface.empty()) {
-    std::erase_if(answer.addresses, [](const std::string& text) {
-      const auto address = addressOf(text, 0, {});
-      return !address || isOfNoSite(*address);
-    });
-  }
   answer.resolution.resolved = !answer.addresses.empty();
-  if (!answer.resolution.resolved) {
-    answer.resolution.problem =
-        first.empty() ? resolver.problem() : "blocked: no site has the address " + first;
-  }
+  if (!answer.resolution.resolved) answer.resolution.problem = resolver.problem();
   return answer;
 }
 
-// Whether the system has servers, and all of them are others than the way's.
-bool asksOthers(const Way& way) {
-  if (!way.nameServers || !way.systemServers || way.systemServers->empty()) return false;
-  return std::ranges::none_of(*way.systemServers, [&](const std::string& server) {
-    return std::ranges::find(*way.nameServers, server) != way.nameServers->end();
+// Leaves out the addresses that no site can have.
+void keepSites(NameAnswer& answer) {
+  if (answer.addresses.empty()) return;
+  const std::string first = answer.addresses.front();
+  std::erase_if(answer.addresses, [](const std::string& text) {
+    const auto address = addressOf(text, 0, {});
+    return !address || isOfNoSite(*address);
   });
+  if (!answer.addresses.empty()) return;
+  answer.resolution.resolved = false;
+  answer.resolution.problem = "blocked: no site has the address " + first;
 }
 
 }  // namespace
 
 checks::Known<NameAnswer> resolve(const std::string& name, const Way& way,
                                   const Patience& patience) {
-  const Patience ours = patience.atMost(kInAll);
-  auto answer = ask(name, way, ours);
-  if (!answer || !answer->resolution.resolved || !asksOthers(way)) return answer;
-  const auto asSystem = ask(name, {{}, way.systemServers}, ours);
-  if (!asSystem) return asSystem.why();
-  if (asSystem->resolution.resolved) return answer;
-  answer->addresses.clear();
-  answer->resolution.resolved = false;
-  answer->resolution.problem = "the system's own name servers (" +
-                               shortText(way.systemServers->front()) +
-                               "): " + asSystem->resolution.problem;
+  auto answer = ask(name, way, patience.atMost(kInAll));
+  if (answer && answer->addresses != std::vector{name} && !way.interface.empty()) {
+    keepSites(*answer);
+  }
+  return answer;
+}
+
+checks::Known<NameAnswer> resolveAsSystem(const std::string& name,
+                                          const std::vector<std::string>& servers,
+                                          const Patience& patience) {
+  auto answer = ask(name, {{}, servers}, patience.atMost(kInAll));
+  if (answer && answer->addresses != std::vector{name}) keepSites(*answer);
   return answer;
 }
 

@@ -18,9 +18,6 @@ struct Way {
   // have a "%zone". No more than four are asked. One on this machine is asked, without the
   // interface, only where there is no other. Unset: those that the system has configured.
   std::optional<std::vector<std::string>> nameServers;
-  // Those that the system asks, as it routes. Where they are others, a name must be known to them,
-  // too. Unset: not known.
-  std::optional<std::vector<std::string>> systemServers = std::nullopt;
 };
 
 struct NameAnswer {
@@ -37,5 +34,11 @@ struct NameAnswer {
 // when the resolver cannot be set up.
 checks::Known<NameAnswer> resolve(const std::string& name, const Way& way,
                                   const Patience& patience);
+
+// As `resolve`, of the servers that the system asks, as the system routes. Addresses that no site
+// can have are left out.
+checks::Known<NameAnswer> resolveAsSystem(const std::string& name,
+                                          const std::vector<std::string>& servers,
+                                          const Patience& patience);
 
 }  // namespace wifi_profile::machine

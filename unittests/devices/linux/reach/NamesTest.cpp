@@ -260,24 +260,24 @@ TEST(Names, AreNotResolvedByAnAddressThatNoSiteCanHave) {
   EXPECT_TRUE(resolved(ofIPv6(0x20, 0x01, 1)));
 }
 
-TEST(Names, AreKnownOnlyIfTheSystemsOwnServersKnowThem) {
+TEST(Names, AskedOfTheSystemsServersAreNotResolvedByAnAddressThatNoSiteCanHave) {
   const Cancellation never;
-  const UdpServer links(addressesOfBoth);
-  const UdpServer knowing(addressesOfBoth);
-  const UdpServer other(
-      [](const std::string& question) { return std::vector<std::string>{answer(question, 3)}; });
-  const auto asked = [&](const UdpServer& system) {
-    Way way = wayTo(links);
-    way.systemServers = wayTo(system).nameServers;
-    return resolve("site.test", way, patient(never))->resolution;
+  const auto resolved = [&](const UdpServer::Answer& with) {
+    const UdpServer server(with);
+    return resolveAsSystem("site.test", *wayTo(server).nameServers, patient(never))
+        ->resolution.resolved;
   };
-  EXPECT_TRUE(asked(knowing).resolved);
-  EXPECT_FALSE(asked(other).resolved);
-  EXPECT_EQ(asked(other).problem, "the system's own name servers (" + kHere + ":" +
-                                      std::to_string(other.port()) + "): no such name");
-  const int before = links.questions();
-  EXPECT_TRUE(asked(links).resolved);
-  EXPECT_EQ(links.questions(), before + 2);  // not once more
+  EXPECT_FALSE(resolved(giving(0, 0, 0, 0)));
+  EXPECT_FALSE(resolved(giving(127, 0, 0, 1)));
+  EXPECT_TRUE(resolved(giving(192, 0, 2, 1)));
+}
+
+TEST(Names, ThatNoTimeIsLeftForHaveTimedOut) {
+  const Cancellation never;
+  const UdpServer server(addressesOfBoth);
+  const auto answer = resolve("site.test", wayTo(server), {Clock::now(), never});
+  ASSERT_TRUE(answer);
+  EXPECT_EQ(answer->resolution.problem, "timed out");
 }
 
 // While it lives, no descriptor can be had.
