@@ -148,7 +148,8 @@ constexpr std::array kRows{
                   "connections, of which a refusal is an answer, too; without an answer of these, "
                   "the kernel's entry of the neighbour (RTM_GETNEIGH), which has no times",
           .threshold = "one answer to 3, sent 0.3 s apart, within 4 s in all, or a neighbour that "
-                       "is reachable (NUD_REACHABLE) 2.5 s after that",
+                       "is reachable (NUD_REACHABLE) at most 2.5 s after that and was confirmed "
+                       "(NDA_CACHEINFO) after the pings began",
           .why = kPingsWhy,
           .unknownWhen = "not joined, no router is known, or no ping could be sent"},
     Check{.id = DiagnosticsTestID::PingWAN,

@@ -17,7 +17,8 @@ struct Pings {
   int sent = 0;
   std::vector<std::chrono::duration<double>> answers = {};  // round trips, in order; at most `sent`
   Date started = {};
-  // It answers for its address on the link (ARP, neighbour discovery), if nothing else.
+  // It answered for its address on the link (ARP, neighbour discovery) after the pings began, if
+  // nothing else.
   bool isNeighbour = false;
 
   bool operator==(const Pings&) const = default;

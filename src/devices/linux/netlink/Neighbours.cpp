@@ -6,7 +6,9 @@
 #include <cstring>
 #include <linux/neighbour.h>
 #include <linux/rtnetlink.h>
+#include <optional>
 #include <sys/socket.h>
+#include <unistd.h>
 
 #include "devices/linux/netlink/Attributes.h"
 
@@ -24,8 +26,18 @@ bool isOf(const std::string& address, int family, Bytes octets) {
   return octets.size() == size && std::equal(octets.begin(), octets.end(), expected.begin());
 }
 
-NeighbourState stateOf(unsigned state) {
-  if ((state & NUD_REACHABLE) != 0) return NeighbourState::reachable;
+// The time since the last proof that it answers. Empty: the kernel does not tell.
+std::optional<std::chrono::milliseconds> sinceConfirmed(const Attributes& attributes) {
+  // The first field of nda_cacheinfo is ndm_confirmed.
+  const auto ticks = attributes.number<std::uint32_t>(NDA_CACHEINFO);
+  if (!ticks) return std::nullopt;
+  return std::chrono::milliseconds(std::int64_t{*ticks} * 1000 / sysconf(_SC_CLK_TCK));
+}
+
+NeighbourState stateOf(unsigned state, bool isConfirmed) {
+  if ((state & NUD_REACHABLE) != 0) {
+    return isConfirmed ? NeighbourState::reachable : NeighbourState::unproven;
+  }
   if ((state & (NUD_FAILED | NUD_INCOMPLETE)) != 0) return NeighbourState::failed;
   if ((state & (NUD_STALE | NUD_DELAY | NUD_PROBE)) != 0) return NeighbourState::unproven;
   return NeighbourState::unknown;
@@ -34,7 +46,8 @@ NeighbourState stateOf(unsigned state) {
 }  // namespace
 
 NeighbourState neighbourStateOf(int interface, const std::string& address,
-                                const std::vector<Message>& neighbours) {
+                                const std::vector<Message>& neighbours,
+                                std::chrono::milliseconds oldest) {
   for (const Message& message : neighbours) {
     ndmsg fields{};
     if (message.type != RTM_NEWNEIGH || message.payload.size() < sizeof fields) continue;
@@ -44,13 +57,15 @@ NeighbourState neighbourStateOf(int interface, const std::string& address,
     if (family != AF_INET && family != AF_INET6) continue;
     const Attributes attributes(Bytes(message.payload).subspan(NLMSG_ALIGN(sizeof fields)));
     if (isOf(address, family, attributes.find(NDA_DST).value_or(Bytes()))) {
-      return stateOf(fields.ndm_state);
+      const auto since = sinceConfirmed(attributes);
+      return stateOf(fields.ndm_state, since && *since <= oldest);
     }
   }
   return NeighbourState::unknown;
 }
 
-NeighbourState awaitNeighbour(int interface, const std::string& address, const Patience& patience) {
+NeighbourState awaitNeighbour(int interface, const std::string& address, Clock::time_point begin,
+                              const Patience& patience) {
   NetlinkSocket socket(NETLINK_ROUTE);
   const ndmsg all{};
   const Bytes fields{reinterpret_cast<const std::uint8_t*>(&all), sizeof all};
@@ -59,7 +74,8 @@ NeighbourState awaitNeighbour(int interface, const std::string& address, const P
     Request request(RTM_GETNEIGH, fields, Request::Kind::dump);
     std::vector<Message> neighbours;
     if (socket.ask(request, patience, neighbours) != 0) return NeighbourState::unknown;
-    state = neighbourStateOf(interface, address, neighbours);
+    const auto oldest = std::chrono::ceil<std::chrono::milliseconds>(Clock::now() - begin);
+    state = neighbourStateOf(interface, address, neighbours, oldest);
     if (state != NeighbourState::unproven) break;
     waitFor(-1, 0, patience.atMost(kBetweenLooks));
   } while (!patience.isOver());

@@ -36,6 +36,15 @@ bool anyAnswered(const std::optional<RoundTrips>& roundTrips) {
          std::ranges::any_of(*roundTrips, [](const auto& roundTrip) { return bool(roundTrip); });
 }
 
+// Ends the other thread, also where the next one could not be started.
+struct CancelAtEnd {
+  explicit CancelAtEnd(Cancellation& one) : cancellation(one) {}
+  ~CancelAtEnd() { cancellation.cancel(); }
+  CancelAtEnd(const CancelAtEnd&) = delete;
+  CancelAtEnd& operator=(const CancelAtEnd&) = delete;
+  Cancellation& cancellation;
+};
+
 // The echoes, and after a while connections beside them. It ends with all answers of one way.
 Both pingBothWays(const std::string& target, const Address& address, const std::string& interface,
                   const PingPlan& plan, const Patience& patience) {
@@ -54,6 +63,7 @@ Both pingBothWays(const std::string& target, const Address& address, const std::
     if (!both.connections) both.error = errno;
     if (!mayEcho || anyAnswered(both.connections)) enough.cancel();
   });
+  const CancelAtEnd atEnd(enough);
   auto echoing = std::async(std::launch::async, [&] {
     if (!mayEcho) return;
     both.echoes = echo(socket, address, plan, ours);
@@ -82,6 +92,7 @@ checks::Known<checks::Pings> ping(const std::string& target, const std::string& 
   checks::Pings pings;
   pings.target = target;
   pings.started = now();
+  const auto began = Clock::now();
   Both both;
   try {
     both = pingBothWays(target, *address, interface, plan, ours);
@@ -100,7 +111,7 @@ checks::Known<checks::Pings> ping(const std::string& target, const std::string& 
   }
   if (pings.answers.empty() && plan.isOnLink) {
     const auto index = static_cast<int>(if_nametoindex(interface.c_str()));
-    pings.isNeighbour = awaitNeighbour(index, target, patience.atMost(plan.neighbourTime)) ==
+    pings.isNeighbour = awaitNeighbour(index, target, began, patience.atMost(plan.neighbourTime)) ==
                         NeighbourState::reachable;
     if (patience.cancellation.isCancelled()) return calledOff();
   }

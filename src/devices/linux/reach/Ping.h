@@ -35,8 +35,9 @@ struct PingPlan {
 // them were answered after 1 s, or the user may send none, connections as well, which count when no
 // echo was answered: a lost packet is a lost answer there, too, unless all answers take more than
 // 1 s, after which the kernel repeats it. Without an answer, `isNeighbour` says whether a target on
-// the link is there nevertheless. No route and no neighbour: sent, without an answer.
-// Unknown: failed, when the target is no address, or no socket could be bound to the interface.
+// the link answered the kernel (ARP, neighbour discovery) after the pings began. No route and no
+// neighbour: sent, without an answer. Unknown: failed, when the target is no address, or no socket
+// could be bound to the interface.
 checks::Known<checks::Pings> ping(const std::string& target, const std::string& interface,
                                   const PingPlan& plan, const Patience& patience);
 
