@@ -22,6 +22,8 @@ using std::chrono::milliseconds;
 
 // From the beginning of an errand. The kernel answers in much less.
 constexpr milliseconds kKernelLimit{3'000};
+// The first survey delays the scan.
+constexpr milliseconds kFirstSurveyLimit{1'000};
 // Between the two surveys of a run, so that there is a share of time to tell.
 constexpr milliseconds kBetweenSurveys{1'000};
 
@@ -54,15 +56,15 @@ std::vector<Errand> MachineFacts::errands(std::chrono::seconds oldestScan) {
 }
 
 void MachineFacts::addKernelErrands(std::vector<Errand>& all, std::chrono::seconds oldestScan) {
-  // Written before the scan begins, and read after it.
+  // Written before the scan begins, and read after it. A driver that blocks in it takes only the
+  // scan along, not the link.
   const auto first = std::make_shared<FirstSurveys>();
   all.push_back({.name = "kernel's answer about the link",
                  .gives = {Fact::link, Fact::radio, Fact::regulatory},
                  .after = {},
                  .limit = kKernelLimit,
-                 .run = [this, first](const checks::Facts&, const Patience& patience) -> Found {
+                 .run = [this](const checks::Facts&, const Patience& patience) -> Found {
                    Nl80211 kernel;
-                   surveyFirst(*first, patience);
                    auto link = kernel.link(machine_->interface(), patience);
                    auto radio = kernel.radio(machine_->interface(), patience);
                    auto regulatory = kernel.regulatory(machine_->interface(), patience);
@@ -76,7 +78,8 @@ void MachineFacts::addKernelErrands(std::vector<Errand>& all, std::chrono::secon
                  .gives = {Fact::scan},
                  .after = {Fact::link},
                  .limit = kScanLimit,
-                 .run = [this, oldestScan](const checks::Facts&, const Patience& patience) {
+                 .run = [this, first, oldestScan](const checks::Facts&, const Patience& patience) {
+                   surveyFirst(*first, patience.atMost(kFirstSurveyLimit));
                    return put(&checks::Facts::scan, scan(oldestScan, patience));
                  }});
   all.push_back({.name = "survey of the channels",
@@ -105,10 +108,10 @@ void MachineFacts::surveyFirst(FirstSurveys& first, const Patience& patience) co
 
 MachineFacts::FirstSurveys::Surveys MachineFacts::surveysSince(FirstSurveys& first,
                                                                const Patience& patience) const {
-  std::unique_lock lock(first.mutex);
-  const auto time = first.time;
-  const auto before = first.surveys;
-  lock.unlock();
+  const auto [time, before] = [&first] {
+    const std::lock_guard lock(first.mutex);
+    return std::pair(first.time, first.surveys);
+  }();
   if (!before) return before;
   waitFor(-1, 0, {std::min(patience.deadline, time + kBetweenSurveys), patience.cancellation});
   auto after = Nl80211().surveys(machine_->interface(), patience);
