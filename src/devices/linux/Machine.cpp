@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "devices/linux/Rfkill.h"
+#include "devices/linux/SinceBoot.h"
 #include "devices/linux/bus/AccessPointList.h"
 #include "devices/linux/bus/ConnectionManager.h"
 
@@ -113,7 +114,7 @@ Machine::Began Machine::makeScan(Nl80211& kernel, const Patience& patience) cons
   }
 }
 
-// The kernel lets only some users scan; the connection manager lets all who sit at the machine.
+// The kernel lets only some users scan; the connection manager lets users with a local session.
 Machine::Began Machine::tryScan(Nl80211& kernel, const Patience& patience) const {
   Began byKernel = kernel.triggerScan(interface_, patience);
   if (byKernel || byKernel.why().reason != Reason::notPermitted) return byKernel;
@@ -121,9 +122,10 @@ Machine::Began Machine::tryScan(Nl80211& kernel, const Patience& patience) const
 }
 
 Machine::Began Machine::scanByManager(Nl80211& kernel, const Patience& patience) const {
-  if (NotDone why = kernel.watchScans(patience)) return *why;
   ConnectionManager manager(*systemBus_);
   while (true) {
+    // Forgets the ends of earlier scans.
+    if (NotDone why = kernel.watchScans(patience)) return *why;
     const auto asked = sinceBoot();
     const auto started = manager.requestScan(interface_.name, patience);
     if (!started) return started.why();

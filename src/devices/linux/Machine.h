@@ -42,7 +42,7 @@ class Machine final {
   std::optional<std::chrono::nanoseconds> sinceManagersScan(const Patience& patience) const;
   // Whether the kernel's list is of a scan that is no older than that, and still has all of it.
   bool isYoung(const ScanList& list, std::chrono::seconds oldest, const Patience& patience) const;
-  // The time since boot from which on a scan heard what it lists.
+  // Start of the scan, as time since boot.
   using Began = checks::Known<std::chrono::nanoseconds>;
   Began makeScan(Nl80211& kernel, const Patience& patience) const;
   Began tryScan(Nl80211& kernel, const Patience& patience) const;

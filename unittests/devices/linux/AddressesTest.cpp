@@ -6,11 +6,14 @@
 #include <linux/if_addr.h>
 #include <linux/rtnetlink.h>
 #include <net/if.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
+#include <unistd.h>
 
 #include "devices/linux/NetlinkBytes.h"
 #include "devices/linux/netlink/Addresses.h"
 #include "devices/linux/netlink/Nl80211.h"
+#include "devices/linux/reach/OwnNetwork.h"
 
 namespace wifi_profile::machine {
 namespace {
@@ -190,6 +193,27 @@ TEST(NetlinkSocket, WaitsForEventsUntilItIsCalledOff) {
   cancellation.cancel();
   Message event;
   EXPECT_EQ(socket.nextEvent(patience(cancellation), event), ECANCELED);
+}
+
+TEST(NetlinkSocket, ForgetsWhatCameBeforeItListensAnew) {
+  const int status = inOwnNetwork([] {
+    const Cancellation never;
+    NetlinkSocket socket(NETLINK_ROUTE);
+    if (socket.listen(RTNLGRP_LINK) != 0) return false;
+    ifreq change{.ifr_ifrn = {"lo"}, .ifr_ifru = {}};
+    const int descriptor = ::socket(AF_INET, SOCK_DGRAM, 0);
+    for (const int flags : {0, int{IFF_UP}, 0}) {  // each change is an event
+      change.ifr_flags = static_cast<short>(flags);
+      if (ioctl(descriptor, SIOCSIFFLAGS, &change) != 0) return false;
+    }
+    close(descriptor);
+    Message event;
+    if (socket.nextEvent(patience(never), event) != 0) return false;
+    if (socket.listen(RTNLGRP_LINK) != 0) return false;
+    return socket.nextEvent(patience(never, std::chrono::milliseconds(50)), event) == ETIMEDOUT;
+  });
+  if (status == kNotPossible) GTEST_SKIP() << "no user namespaces here";
+  EXPECT_EQ(status, 0);
 }
 
 // Most machines that run this have no Wi-Fi; those that do have interfaces.

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "devices/linux/SinceBoot.h"
 #include "devices/linux/bus/AccessPointList.h"
 #include "devices/linux/bus/ProfileFacts.h"
 #include "devices/linux/bus/Services.h"
-#include "devices/linux/netlink/Nl80211.h"
 
 namespace wifi_profile::machine {
 

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <ctime>
 #include <linux/genetlink.h>
 #include <linux/netlink.h>
 #include <linux/nl80211.h>
 
+#include "devices/linux/SinceBoot.h"
 #include "devices/linux/netlink/LinkEntries.h"
 #include "devices/linux/netlink/RadioEntries.h"
 
@@ -38,12 +38,6 @@ int groupOf(const Attributes& family, std::string_view name) {
 }
 
 }  // namespace
-
-std::chrono::nanoseconds sinceBoot() {
-  timespec now{};
-  clock_gettime(CLOCK_BOOTTIME, &now);
-  return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
-}
 
 Unknown noWifiDevice() {
   return {Reason::noHardware,

@@ -27,9 +27,6 @@ namespace wifi_profile::machine {
 // What comes without a value: nothing when it was done, otherwise why it was not.
 using NotDone = std::optional<checks::Unknown>;
 
-// The time by the clock that kernel and managers date scans with (CLOCK_BOOTTIME).
-std::chrono::nanoseconds sinceBoot();
-
 // Why nothing is known where no radio is.
 checks::Unknown noWifiDevice();
 
@@ -53,15 +50,15 @@ class Nl80211 {
                                std::optional<std::chrono::nanoseconds> heardSince = std::nullopt);
 
   // Scans all channels, also with probes for any network, and returns when the results are there:
-  // the time since boot when the scan began. A scan of another program that is under way is let end
-  // first. notPermitted: ordinary users may not; radioOff; failed: the scan was given up half-way;
+  // the time since boot when the scan began. Waits for another program's scan to end first.
+  // notPermitted: ordinary users may not; radioOff; failed: the scan was given up half-way;
   // tookTooLong.
   checks::Known<std::chrono::nanoseconds> triggerScan(const WifiInterface& interface,
                                                       const Patience& patience);
 
-  // For scans that somebody else is asked to do: from `watchScans` on, results are remembered,
-  // and `awaitScanResults` returns when some have come for the interface, at once where they came
-  // before it was called. Errors as for triggerScan. Any user.
+  // For scans that another program is asked to do: from the last `watchScans` on, results are
+  // remembered, and `awaitScanResults` returns when some have come for the interface, at once where
+  // they came before it was called. Errors as for triggerScan. Any user.
   NotDone watchScans(const Patience& patience);
   NotDone awaitScanResults(const WifiInterface& interface, const Patience& patience);
 

@@ -4,6 +4,7 @@
 #include <linux/netlink.h>
 #include <linux/nl80211.h>
 
+#include "devices/linux/SinceBoot.h"
 #include "devices/linux/netlink/Nl80211.h"
 
 namespace wifi_profile::machine {
@@ -14,8 +15,8 @@ constexpr std::string_view kSubject = "a new scan's results";
 
 checks::Unknown abortedScan() {
   return {checks::Reason::failed,
-          "The scan was given up half-way: by the driver, or because somebody asked for that. Try "
-          "again."};
+          "The scan was given up half-way: by the driver, or because another program aborted it. "
+          "Try again."};
 }
 
 }  // namespace
@@ -86,11 +87,12 @@ checks::Unknown Nl80211::whyNoScan(const WifiInterface& interface, const Patienc
 
 checks::Known<std::chrono::nanoseconds> Nl80211::triggerScan(const WifiInterface& interface,
                                                              const Patience& patience) {
-  if (auto problem = watchScans(patience)) return *problem;
   // Of 6 GHz only the channels that access points of other bands announce, and those that are for
   // being found on: the others are most of them, and would take seconds.
   std::uint32_t flags = NL80211_SCAN_FLAG_COLOCATED_6GHZ;
   while (true) {
+    // Forgets the ends of earlier scans.
+    if (auto problem = watchScans(patience)) return *problem;
     const auto began = sinceBoot();
     const int error = startScan(interface, patience, flags);
     if (flags != 0 && (error == EOPNOTSUPP || error == EINVAL)) {

@@ -1,0 +1,16 @@
+// The clock that the kernel and the managers date scans with.
+#pragma once
+
+#include <chrono>
+#include <ctime>
+
+namespace wifi_profile::machine {
+
+// The time by CLOCK_BOOTTIME.
+inline std::chrono::nanoseconds sinceBoot() {
+  timespec now{};
+  clock_gettime(CLOCK_BOOTTIME, &now);
+  return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+}
+
+}  // namespace wifi_profile::machine
