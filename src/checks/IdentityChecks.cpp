@@ -55,8 +55,8 @@ Answer passpoint(const Question& question) {
   return aboutAccessPoint(question, [](const AccessPoint& accessPoint) -> Answer {
     if (accessPoint.isSecondHand) {
       return notTold(
-          "Only NetworkManager's list of access points is at hand, which does not say whether it "
-          "is a Passpoint: scan again, as root or seated at the machine.");
+          "Only NetworkManager's list is available; it does not show Passpoint. Scan again as root "
+          "or from a local session.");
     }
     return finding(accessPoint.isPasspoint);
   });

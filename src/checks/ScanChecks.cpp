@@ -42,8 +42,8 @@ std::optional<std::string> countryOfSubject(const Question& question) {
 }
 
 const Unknown kSecondHand{Reason::notTold,
-                          "Of some access points only NetworkManager's list is at hand, which has "
-                          "no countries: scan again, as root or seated at the machine."};
+                          "For some access points only NetworkManager's list is available; it does "
+                          "not show countries. Scan again as root or from a local session."};
 
 Answer conflictingCountries(const Question& question) {
   const Facts& facts = question.facts;
