@@ -10,17 +10,18 @@ namespace wifi_profile::checks {
 
 // Why something is not known. The numbers are the codes of the service's errors.
 enum class Reason : std::int64_t {
-  notJoined = 10,      // the radio is not joined to a network
-  notInRange = 11,     // no access point of that name was heard
-  notTold = 12,        // the access point, driver or service does not say
-  notPermitted = 13,   // the user may not ask
-  notSupported = 14,   // the driver or the kernel cannot tell
-  noService = 15,      // the service that knows is not running
-  noHardware = 16,     // there is no such device
-  radioOff = 17,       // Wi-Fi is switched off
-  tookTooLong = 18,    // the deadline passed
-  failed = 19,         // the system refused, for a reason of its own
-  outsideNetwork = 20  // can be found out by a member of the network only
+  notJoined = 10,       // the radio is not joined to a network
+  notInRange = 11,      // no access point of that name was heard
+  notTold = 12,         // the access point, driver or service does not say
+  notPermitted = 13,    // the user may not ask
+  notSupported = 14,    // the driver or the kernel cannot tell
+  noService = 15,       // the service that knows is not running
+  noHardware = 16,      // there is no such device
+  radioOff = 17,        // Wi-Fi is switched off
+  tookTooLong = 18,     // the deadline passed
+  failed = 19,          // the system refused, for a reason of its own
+  outsideNetwork = 20,  // can be found out by a member of the network only
+  linkChanged = 21      // the link was lost, or belongs to another network, since it was read
 };
 
 struct Unknown {

@@ -15,7 +15,7 @@ struct ReasonText {
 };
 
 // By their names.
-inline constexpr std::array<std::pair<std::string_view, ReasonText>, 11> kReasons{
+inline constexpr std::array<std::pair<std::string_view, ReasonText>, 12> kReasons{
     {{"notJoined", {Reason::notJoined, "The radio is not joined to a network."}},
      {"notInRange", {Reason::notInRange, "No access point of that name was heard."}},
      {"notTold", {Reason::notTold, "The access point, the driver or a service does not say."}},
@@ -26,7 +26,7 @@ inline constexpr std::array<std::pair<std::string_view, ReasonText>, 11> kReason
      {"radioOff", {Reason::radioOff, "Wi-Fi is switched off."}},
      {"tookTooLong", {Reason::tookTooLong, "It took too long."}},
      {"failed", {Reason::failed, "The system refused, for a reason of its own."}},
-     {"outsideNetwork",
-      {Reason::outsideNetwork, "Only a member of the network can find it out."}}}};
+     {"outsideNetwork", {Reason::outsideNetwork, "Only a member of the network can find it out."}},
+     {"linkChanged", {Reason::linkChanged, "The link changed while it was asked."}}}};
 
 }  // namespace wifi_profile::checks

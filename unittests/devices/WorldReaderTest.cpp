@@ -53,7 +53,8 @@ TEST(WorldReader, KnowsEveryReasonByNameAndHasASentenceForIt) {
                                                  {"radioOff", Reason::radioOff},
                                                  {"tookTooLong", Reason::tookTooLong},
                                                  {"failed", Reason::failed},
-                                                 {"outsideNetwork", Reason::outsideNetwork}};
+                                                 {"outsideNetwork", Reason::outsideNetwork},
+                                                 {"linkChanged", Reason::linkChanged}};
   for (const auto& [name, reason] : reasons) {
     const auto all = facts(R"({"link":{"unknown":")" + std::string(name) + R"("}})");
     EXPECT_EQ(all.link.why().reason, reason) << name;

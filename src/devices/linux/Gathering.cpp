@@ -17,7 +17,7 @@ using checks::Fact;
 using checks::Facts;
 using checks::FactSet;
 
-void forget(Facts& facts, Fact fact, const checks::Unknown& why) {
+void forgetOne(Facts& facts, Fact fact, const checks::Unknown& why) {
   switch (fact) {
     case Fact::link:
       facts.link = why;
@@ -76,13 +76,13 @@ void forget(Facts& facts, Fact fact, const checks::Unknown& why) {
   }
 }
 
-void forgetAll(Facts& facts, FactSet gone, const checks::Unknown& why) {
+}  // namespace
+
+void forget(Facts& facts, FactSet gone, const checks::Unknown& why) {
   for (int fact = 0; fact < checks::kFactCount; ++fact) {
-    if (gone.holds(Fact(fact))) forget(facts, Fact(fact), why);
+    if (gone.holds(Fact(fact))) forgetOne(facts, Fact(fact), why);
   }
 }
-
-}  // namespace
 
 // What the threads share: each of them owns a part of it, so that it outlives them.
 class Gathering::Work : public std::enable_shared_from_this<Work> {
@@ -147,7 +147,7 @@ void Gathering::Work::beginLocked(FactSet facts) {
 }
 
 void Gathering::Work::giveUpLocked(Task& task, const checks::Unknown& why) {
-  forgetAll(facts_, task.errand.gives, why);
+  forget(facts_, task.errand.gives, why);
   task.settled = true;
   changed_.notify_all();
 }
@@ -167,7 +167,7 @@ void Gathering::Work::perform(Task& task) {
     const checks::Unknown unknown{
         checks::Reason::failed,
         "The " + task.errand.name + " failed (" + why + "): close other programs, and try again."};
-    return [gives = task.errand.gives, unknown](Facts& facts) { forgetAll(facts, gives, unknown); };
+    return [gives = task.errand.gives, unknown](Facts& facts) { forget(facts, gives, unknown); };
   };
   try {
     settle(task, task.errand.run(known, {Clock::now() + task.errand.limit, cancellation_}));

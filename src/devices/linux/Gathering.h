@@ -27,6 +27,9 @@ struct Errand {
   std::function<Found(const checks::Facts& known, const Patience& patience)> run;
 };
 
+// Makes these facts not known, for this reason.
+void forget(checks::Facts& facts, checks::FactSet gone, const checks::Unknown& why);
+
 // Runs errands when what they give is wanted. A fact is settled once it was found out or its
 // errand has failed (by an exception, too), has taken too long or was called off; it never changes
 // after that. Any thread.

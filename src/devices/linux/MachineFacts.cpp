@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "devices/linux/Coexistence.h"
+#include "devices/linux/LinkWatch.h"
 #include "devices/linux/ReachErrands.h"
 #include "devices/linux/bus/Bluez.h"
 #include "devices/linux/bus/ConnectionManager.h"
@@ -48,32 +49,41 @@ Known<checks::Scan> MachineFacts::scan(std::chrono::seconds oldest, const Patien
 }
 
 std::vector<Errand> MachineFacts::errands(std::chrono::seconds oldestScan) {
+  const auto watch = std::make_shared<LinkWatch>(machine_->interface());
   std::vector<Errand> all;
-  addKernelErrands(all, oldestScan);
-  addServiceErrands(all);
+  addKernelErrands(all, oldestScan, watch);
+  addServiceErrands(all, watch);
   addReachErrands(all, machine_->interface().name, targets_);
+  for (Errand& errand : all) {
+    errand = boundToLink(std::move(errand),
+                         [watch](const Patience& patience) { return watch->change(patience); });
+  }
   return all;
 }
 
-void MachineFacts::addKernelErrands(std::vector<Errand>& all, std::chrono::seconds oldestScan) {
+void MachineFacts::addKernelErrands(std::vector<Errand>& all, std::chrono::seconds oldestScan,
+                                    const std::shared_ptr<LinkWatch>& watch) {
   // Written before the scan begins, and read after it. A driver that blocks in it takes only the
   // scan along, not the link.
   const auto first = std::make_shared<FirstSurveys>();
-  all.push_back({.name = "kernel's answer about the link",
-                 .gives = {Fact::link, Fact::radio, Fact::regulatory},
-                 .after = {},
-                 .limit = kKernelLimit,
-                 .run = [this](const checks::Facts&, const Patience& patience) -> Found {
-                   Nl80211 kernel;
-                   auto link = kernel.link(machine_->interface(), patience);
-                   auto radio = kernel.radio(machine_->interface(), patience);
-                   auto regulatory = kernel.regulatory(machine_->interface(), patience);
-                   return [link, radio, regulatory](checks::Facts& facts) {
-                     facts.link = link;
-                     facts.radio = radio;
-                     facts.regulatory = regulatory;
-                   };
-                 }});
+  all.push_back(
+      {.name = "kernel's answer about the link",
+       .gives = {Fact::link, Fact::radio, Fact::regulatory},
+       .after = {},
+       .limit = kKernelLimit,
+       .run = [this, watch](const checks::Facts&, const Patience& patience) -> Found {
+         Nl80211 kernel;
+         watch->begin(patience);
+         auto link = kernel.link(machine_->interface(), patience);
+         if (link) watch->setNetwork(link->ssid);
+         auto radio = kernel.radio(machine_->interface(), patience);
+         auto regulatory = kernel.regulatory(machine_->interface(), patience);
+         return [link, radio, regulatory](checks::Facts& facts) {
+           facts.link = link;
+           facts.radio = radio;
+           facts.regulatory = regulatory;
+         };
+       }});
   all.push_back({.name = "scan",
                  .gives = {Fact::scan},
                  .after = {Fact::link},
@@ -119,12 +129,14 @@ MachineFacts::FirstSurveys::Surveys MachineFacts::surveysSince(FirstSurveys& fir
   return surveysBetween(*before, std::move(*after));
 }
 
-void MachineFacts::addServiceErrands(std::vector<Errand>& all) {
+void MachineFacts::addServiceErrands(std::vector<Errand>& all,
+                                     const std::shared_ptr<LinkWatch>& watch) {
   all.push_back({.name = "answer of the connection manager",
                  .gives = {Fact::activeProfile, Fact::savedNetworks, Fact::addresses},
                  .after = {},
                  .limit = kServicesLimit,
-                 .run = [this](const checks::Facts&, const Patience& patience) {
+                 .run = [this, watch](const checks::Facts&, const Patience& patience) {
+                   watch->begin(patience);
                    return findConnection(patience);
                  }});
   all.push_back({.name = "answer of BlueZ",

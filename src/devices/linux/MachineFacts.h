@@ -11,6 +11,8 @@
 
 namespace wifi_profile::machine {
 
+class LinkWatch;
+
 // Any thread.
 class MachineFacts final : public FactFinder {
  public:
@@ -21,8 +23,9 @@ class MachineFacts final : public FactFinder {
   std::vector<Errand> errands(std::chrono::seconds oldestScan) override;
 
  private:
-  void addKernelErrands(std::vector<Errand>& all, std::chrono::seconds oldestScan);
-  void addServiceErrands(std::vector<Errand>& all);
+  void addKernelErrands(std::vector<Errand>& all, std::chrono::seconds oldestScan,
+                        const std::shared_ptr<LinkWatch>& watch);
+  void addServiceErrands(std::vector<Errand>& all, const std::shared_ptr<LinkWatch>& watch);
   Found findConnection(const Patience& patience);
   // The survey of a run's start. Its task may be left behind, and end while it is read.
   struct FirstSurveys {

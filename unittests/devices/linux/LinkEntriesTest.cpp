@@ -165,5 +165,23 @@ TEST(Link, IsFilledInFromTheScanList) {
   EXPECT_EQ(linkOf(interface, station, joined), expected);
 }
 
+bool isLoss(int command, int index) {
+  return isLossOfLink(
+      {.command = command, .payload = numberAttribute(NL80211_ATTR_IFINDEX, std::int32_t{index})},
+      wlan0());
+}
+
+TEST(LossOfLink, IsADisconnectOfThisInterface) {
+  EXPECT_TRUE(isLoss(NL80211_CMD_DISCONNECT, 4));
+  EXPECT_FALSE(isLoss(NL80211_CMD_DISCONNECT, 5));
+  EXPECT_FALSE(isLossOfLink({.command = NL80211_CMD_DISCONNECT, .payload = {}}, wlan0()));
+}
+
+TEST(LossOfLink, IsNeitherARoamNorAnotherChannelNorAJoining) {
+  for (const int command : {NL80211_CMD_ROAM, NL80211_CMD_CH_SWITCH_NOTIFY, NL80211_CMD_CONNECT}) {
+    EXPECT_FALSE(isLoss(command, 4)) << command;
+  }
+}
+
 }  // namespace
 }  // namespace wifi_profile::machine

@@ -70,4 +70,9 @@ std::optional<checks::Link> linkOf(const WifiInterface& interface,
   return link;
 }
 
+bool isLossOfLink(const Message& event, const WifiInterface& interface) {
+  return event.command == NL80211_CMD_DISCONNECT &&
+         Attributes(event.payload).number<std::int32_t>(NL80211_ATTR_IFINDEX) == interface.index;
+}
+
 }  // namespace wifi_profile::machine

@@ -9,6 +9,7 @@
 #include "devices/linux/netlink/Attributes.h"
 #include "devices/linux/netlink/Interfaces.h"
 #include "devices/linux/netlink/ScanEntries.h"
+#include "devices/linux/netlink/Socket.h"
 
 namespace wifi_profile::machine {
 
@@ -34,5 +35,10 @@ std::optional<StationEntry> stationEntryOf(const Attributes& attributes);
 std::optional<checks::Link> linkOf(const WifiInterface& interface,
                                    const std::optional<StationEntry>& station,
                                    const std::optional<ScanEntry>& joined);
+
+// Whether an event says that the interface lost its link. Whatever ends a link is told by one: an
+// order, a switch, an access point that is gone, another network, the interface's own end. A roam
+// that the driver makes, or another channel of the same access point, is none.
+bool isLossOfLink(const Message& event, const WifiInterface& interface);
 
 }  // namespace wifi_profile::machine

@@ -57,6 +57,7 @@ NotDone Nl80211::open(const Patience& patience) {
   const Attributes family(answers.front().payload);
   family_ = family.number<std::uint16_t>(CTRL_ATTR_FAMILY_ID).value_or(0);
   scanGroup_ = groupOf(family, NL80211_MULTICAST_GROUP_SCAN);
+  linkGroup_ = groupOf(family, NL80211_MULTICAST_GROUP_MLME);
   if (family_ == 0) return noWifiDevice();
   return std::nullopt;
 }
@@ -136,6 +137,22 @@ Known<checks::Link> Nl80211::link(const WifiInterface& interface, const Patience
                    "The Wi-Fi interface is not joined to a network. Join one and try again."};
   }
   return *link;
+}
+
+NotDone Nl80211::watchLink(const Patience& patience) {
+  constexpr std::string_view kSubject = "changes of the link";
+  if (auto problem = open(patience)) return problem;
+  if (linkGroup_ == 0) return unknownFor(EOPNOTSUPP, kSubject);
+  if (const int error = events_.listen(linkGroup_); error != 0) return unknownFor(error, kSubject);
+  return std::nullopt;
+}
+
+bool Nl80211::tookLoss(const WifiInterface& interface) {
+  std::vector<Message> events;
+  const int error = events_.takeEvents(events);
+  return error == ENOBUFS || std::ranges::any_of(events, [&](const Message& event) {
+           return event.type == family_ && isLossOfLink(event, interface);
+         });
 }
 
 Known<ScanList> Nl80211::scan(const WifiInterface& interface, const Patience& patience,

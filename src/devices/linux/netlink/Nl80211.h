@@ -62,6 +62,12 @@ class Nl80211 {
   NotDone watchScans(const Patience& patience);
   NotDone awaitScanResults(const WifiInterface& interface, const Patience& patience);
 
+  // For losses of the link: from `watchLink` on they are remembered, and `tookLoss` tells, without
+  // waiting, whether there was one since it was last asked. Where events were lost, there was. Any
+  // user.
+  NotDone watchLink(const Patience& patience);
+  bool tookLoss(const WifiInterface& interface);
+
   // How the channels were found, in order of frequency. notSupported: the driver does not measure.
   checks::Known<std::vector<checks::ChannelSurvey>> surveys(const WifiInterface& interface,
                                                             const Patience& patience);
@@ -99,6 +105,7 @@ class Nl80211 {
   NetlinkSocket events_{kProtocol};
   int family_ = 0;     // 0: not looked up
   int scanGroup_ = 0;  // of multicast; 0: there is none
+  int linkGroup_ = 0;  // as above
 };
 
 }  // namespace wifi_profile::machine

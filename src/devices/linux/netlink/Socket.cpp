@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <iterator>
 #include <netlink/genl/genl.h>
 #include <netlink/msg.h>
 #include <netlink/netlink.h>
@@ -214,15 +215,33 @@ int NetlinkSocket::nextEvent(const Patience& patience, Message& event) {
   while (events_.empty()) {
     ieee80211::Bytes received;
     if (const int error = await(patience, received); error != 0) return error;
-    auto left = static_cast<int>(received.size());
-    auto* header = reinterpret_cast<nlmsghdr*>(const_cast<std::uint8_t*>(received.data()));
-    for (; nlmsg_ok(header, left) != 0; header = nlmsg_next(header, &left)) {
-      if (header->nlmsg_type >= NLMSG_MIN_TYPE) events_.push_back(messageOf(header, protocol_));
-    }
+    keepEvents(received);
   }
   event = std::move(events_.front());
   events_.pop_front();
   return 0;
+}
+
+int NetlinkSocket::takeEvents(std::vector<Message>& events) {
+  events.clear();
+  int error = open();
+  // Bounded, because a busy air could send them as fast as they are read.
+  for (std::size_t count = 0; error == 0 && count < kMostMessages; ++count) {
+    ieee80211::Bytes received;
+    error = receive(received);
+    if (error == 0) keepEvents(received);
+  }
+  events.assign(std::move_iterator(events_.begin()), std::move_iterator(events_.end()));
+  events_.clear();
+  return error == EAGAIN ? 0 : error;
+}
+
+void NetlinkSocket::keepEvents(ieee80211::Bytes received) {
+  auto left = static_cast<int>(received.size());
+  auto* header = reinterpret_cast<nlmsghdr*>(const_cast<std::uint8_t*>(received.data()));
+  for (; nlmsg_ok(header, left) != 0; header = nlmsg_next(header, &left)) {
+    if (header->nlmsg_type >= NLMSG_MIN_TYPE) events_.push_back(messageOf(header, protocol_));
+  }
 }
 
 checks::Unknown unknownFor(int error, std::string_view subject) {

@@ -69,6 +69,8 @@ class NetlinkSocket {
   int listen(int group);
   // The next one of those that came since. Errors as above; ENOBUFS: some were lost.
   int nextEvent(const Patience& patience, Message& event);
+  // All of them so far, without waiting. 0, or ENOBUFS: some were lost; others as above.
+  int takeEvents(std::vector<Message>& events);
 
  private:
   struct Closer {
@@ -89,6 +91,7 @@ class NetlinkSocket {
   int receive(ieee80211::Bytes& received);
   // Waits and receives.
   int await(const Patience& patience, ieee80211::Bytes& received);
+  void keepEvents(ieee80211::Bytes received);
   void take(ieee80211::Bytes received, std::uint32_t sequence, Progress& progress,
             std::vector<Message>& answers) const;
 
