@@ -53,7 +53,7 @@ Answer pingsAnswered(const Question& question, Known<Pings> Facts::*fact) {
       return Unknown{Reason::failed, "No ping could be sent: look at the system's log."};
     }
     const auto times = roundTrips(pings);
-    if (times.empty() && pings.isNeighbour) return DiagnosticsTestResult{true, true, nullptr};
+    if (times.empty() && pings.isNeighbour) return ability(true);
     if (times.empty()) return ability(false);
     auto record = recordOf(pings, times);
     if (question.facts.link) record->interfaceName = makeText(question.facts.link->interface);

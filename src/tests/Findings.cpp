@@ -211,7 +211,8 @@ constexpr std::array kValues{
                  Absence::normal},  // told in probe responses only
     ValueFinding{"pingLANResult", "pings", "",
                  "What pings to the router measured: SSID (here the interface's name), count, "
-                 "packetLoss (percent), min, max, avg and stddev (milliseconds), and timestamp."},
+                 "packetLoss (percent), min, max, avg and stddev (milliseconds), and timestamp.",
+                 Absence::normal},  // a router known as a neighbour only has no times
     ValueFinding{"pingWANResult", "pings", "",
                  "What pings to the internet measured: SSID (here the interface's name), count, "
                  "packetLoss (percent), min, max, avg and stddev (milliseconds), and timestamp."},

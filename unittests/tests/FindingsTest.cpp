@@ -126,5 +126,10 @@ TEST(Findings, TakeTheKindOfANetworkForAPlainFact) {
   }
 }
 
+TEST(Findings, TakeTheTimesOfARoutersPingsForAValueThatNeedNotBeThere) {
+  EXPECT_EQ(valueFinding("pingLANResult")->absence, Absence::normal);
+  EXPECT_EQ(valueFinding("pingWANResult")->absence, Absence::gap);
+}
+
 }  // namespace
 }  // namespace wifi_profile
