@@ -46,6 +46,7 @@ void WiFiProfileViewController::setupWithInputs(
 }
 
 void WiFiProfileViewController::start() {
+  const auto alive = self();  // the host may let go when it hears of an early end
   const auto theInputs = inputs();
   const bool list = theInputs->reprofileWithNetworksListUI();
   if (!list) {

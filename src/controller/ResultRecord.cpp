@@ -5,6 +5,7 @@
 namespace wifi_profile {
 
 void WiFiProfileViewController::endTestWithStatusCode(const NumberRef& status) {
+  const auto alive = self();  // the host may let go at any of these steps
   cleanUp();
   result().setStatusCode(status);
   // The sections are handed over as they stand: live, and with their null placeholders.

@@ -7,8 +7,11 @@ namespace wifi_profile {
 namespace {
 
 using std::chrono::milliseconds;
+using ::testing::AllOf;
+using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Not;
 
 class Lifecycle : public DiagnosticFixture {
  protected:
@@ -128,6 +131,66 @@ TEST_F(Lifecycle, StaysAliveWhileItsWorkIsQueued) {
   queues->runUntilIdle();
   EXPECT_TRUE(watched.expired());
   expectEnd(0);
+}
+
+// A host that lets go of the controller as soon as it hears of a step of the end.
+struct ForgetfulHost final : HxDiagnosticObserver {
+  enum class At { statusCode, finished };
+  ForgetfulHost(std::shared_ptr<WiFiProfileViewController>& controller, At at)
+      : held(controller), when(at) {}
+
+  void statusCodeWasSet(const NumberRef& /*statusCode*/) override {
+    if (when == At::statusCode) held.reset();
+  }
+  void dataWasSet(const DictionaryRef& /*data*/) override {}
+  void finishedWasSet(bool /*finished*/) override {
+    ++timesFinished;
+    wasAliveAtTheEnd = !watched.expired();
+    held.reset();
+  }
+
+  std::shared_ptr<WiFiProfileViewController>& held;
+  const std::weak_ptr<WiFiProfileViewController> watched = held;
+  const At when;
+  bool wasAliveAtTheEnd = false;
+  int timesFinished = 0;
+};
+
+// Notes for every text whether the controller that asks for it is still there.
+struct WatchingTable final : StringTable {
+  explicit WatchingTable(std::weak_ptr<WiFiProfileViewController> controller)
+      : watched(std::move(controller)) {}
+  std::string textForKey(std::string_view /*key*/, std::string_view fallback) const override {
+    asked.push_back(!watched.expired());
+    return std::string(fallback);
+  }
+  const std::weak_ptr<WiFiProfileViewController> watched;
+  mutable std::vector<bool> asked;
+};
+
+TEST_F(Lifecycle, LivesUntilStartReturnsWhenTheHostLetsGoOfItMeanwhile) {
+  wifiManager->radio = 0;
+  setUpController(makeInputs(nullptr, true));
+  const auto forgetful = std::make_shared<ForgetfulHost>(controller, ForgetfulHost::At::finished);
+  controller->setObserver(forgetful);
+  const auto table = std::make_shared<WatchingTable>(controller);
+  const ScopedInstall<StringTable> texts(table);
+  WiFiProfileViewController& started = *controller;
+  started.start();
+  EXPECT_EQ(forgetful->timesFinished, 1);
+  EXPECT_THAT(table->asked, AllOf(Not(IsEmpty()), Each(true)));
+  EXPECT_TRUE(table->watched.expired());
+}
+
+TEST_F(Lifecycle, TellsOfEveryStepOfItsEndWhenTheHostLetsGoOfItAtTheFirst) {
+  setUpController(makeInputs(nullptr));
+  const auto forgetful = std::make_shared<ForgetfulHost>(controller, ForgetfulHost::At::statusCode);
+  controller->setObserver(forgetful);
+  WiFiProfileViewController& ended = *controller;
+  ended.endTestWithStatusCode(Number::withInteger(0));
+  EXPECT_EQ(forgetful->timesFinished, 1);
+  EXPECT_TRUE(forgetful->wasAliveAtTheEnd);
+  EXPECT_TRUE(forgetful->watched.expired());
 }
 
 class StatusQuery : public Lifecycle {
