@@ -2,10 +2,12 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include "devices/linux/LeftThreads.h"
 #include "host/Console.h"
 #include "host/ExitStatus.h"
 #include "host/ExplainCommand.h"
@@ -62,9 +64,14 @@ struct Execute {
 
 }  // namespace
 
+int endWith(int status) {
+  if (machine::anyLeftBehind()) std::_Exit(status);
+  return status;
+}
+
 int runProgram(int argc, char** argv, const Run& run) {
   occupyStandardDescriptors();
-  return std::visit(Execute{run}, parseCommandLine({argv + 1, argv + argc}));
+  return endWith(std::visit(Execute{run}, parseCommandLine({argv + 1, argv + argc})));
 }
 
 }  // namespace wifi_profile

@@ -1,10 +1,16 @@
 #include "devices/linux/LeftThreads.h"
 
+#include <atomic>
 #include <mutex>
 #include <utility>
 #include <vector>
 
 namespace wifi_profile::machine {
+namespace {
+
+std::atomic<bool> left = false;
+
+}  // namespace
 
 void leaveBehind(std::thread thread) {
   static std::mutex mutex;
@@ -12,6 +18,9 @@ void leaveBehind(std::thread thread) {
   static auto* const kThreads = new std::vector<std::thread>;
   const std::lock_guard lock(mutex);
   kThreads->push_back(std::move(thread));
+  left = true;
 }
+
+bool anyLeftBehind() { return left; }
 
 }  // namespace wifi_profile::machine

@@ -9,4 +9,7 @@ namespace wifi_profile::machine {
 // detached. What it uses must live as long. Any thread.
 void leaveBehind(std::thread thread);
 
+// Whether a thread was left behind. Any thread.
+bool anyLeftBehind();
+
 }  // namespace wifi_profile::machine
