@@ -3,7 +3,10 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <functional>
+#include <mutex>
 #include <unistd.h>
+#include <utility>
 
 #include "host/Console.h"
 #include "host/DiagnosticRun.h"
@@ -88,6 +91,49 @@ int conclude(const DiagnosticRun& run, Ending ending, const RunOptions& options,
   return static_cast<int>(std::abs(run.outcome().statusCode));
 }
 
+// What interrupts do to a run, from its preparation on. The first one ends what goes on; without
+// anything to end, and the second time, the process ends at once.
+class RunInterrupts {
+ public:
+  // While the lock is held, an interrupt waits.
+  std::unique_lock<std::mutex> hold() { return std::unique_lock(mutex_); }
+  // The screen to put right when the process ends at once. Under the lock.
+  void setScreen(std::shared_ptr<PersonScreen> person) { person_ = std::move(person); }
+
+  // While it lives, the first interrupt calls `end`, on a thread of its own.
+  class Scope {
+   public:
+    Scope(RunInterrupts& interrupts, std::function<void()> end) : interrupts_(interrupts) {
+      const auto held = interrupts_.hold();
+      interrupts_.end_ = std::move(end);
+    }
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
+    ~Scope() {
+      const auto held = interrupts_.hold();
+      interrupts_.end_ = nullptr;
+    }
+
+   private:
+    RunInterrupts& interrupts_;
+  };
+
+ private:
+  void interrupted() {
+    const auto held = hold();
+    if (!end_) {
+      if (person_) person_->abandon();
+      std::_Exit(kExitInterrupted);
+    }
+    std::exchange(end_, nullptr)();
+  }
+
+  std::mutex mutex_;  // guards what follows
+  std::shared_ptr<PersonScreen> person_;
+  std::function<void()> end_;
+  const Interrupts interrupts_{[this] { interrupted(); }};  // last: its thread uses the others
+};
+
 // Shows a report until the person has read it.
 void showReport(PersonScreen& person, Report report) {
   person.showReport(std::move(report));
@@ -96,7 +142,7 @@ void showReport(PersonScreen& person, Report report) {
 }
 
 int runOn(RunLoop& loop, const RunOptions& options, PreparedRun prepared,
-          const std::shared_ptr<PersonScreen>& person) {
+          const std::shared_ptr<PersonScreen>& person, RunInterrupts& interrupts) {
   TraceFile trace(loop, std::move(prepared.traceFile));
   Journal journal;
   ProgressLine line(stderr, showsBeside(uiOf(options)));
@@ -109,12 +155,7 @@ int runOn(RunLoop& loop, const RunOptions& options, PreparedRun prepared,
                    std::make_shared<IcuNameCollator>(localeFor("LC_COLLATE")), person});
   PersonFollower follower(*run);
   if (person) trace.addListener(follower);
-  const Interrupts interrupts([&run, &person, again = false]() mutable {
-    if (again) {  // asked twice: at once
-      if (person) person->abandon();
-      std::_Exit(kExitInterrupted);
-    }
-    again = true;
+  const RunInterrupts::Scope endsEarly(interrupts, [&run, &person] {
     run->interrupt();
     if (person) person->mainQueue()->post([&person] { person->close(); });
   });
@@ -142,6 +183,7 @@ int runCommand(const RunOptions& options, Ui drawn, const MakeScreen& makeScreen
                                                 " or none: this program draws no other screen")
                                      .message});
   }
+  RunInterrupts interrupts;
   auto prepared = prepareRun(options);
   const auto* failure = std::get_if<Failure>(&prepared);
   // On a terminal a message is seen where it is written, and nothing is drawn for it.
@@ -151,14 +193,18 @@ int runCommand(const RunOptions& options, Ui drawn, const MakeScreen& makeScreen
       std::make_shared<BuiltInStringTable>(languageFor(options)));
   std::shared_ptr<PersonScreen> person;
   if (ui != Ui::none) {
+    const auto held = interrupts.hold();
     auto made = makeScreen();
     if (const auto* reason = std::get_if<std::string>(&made)) {
       return complain({kExitUsage, "--ui: " + *reason});
     }
     person = std::get<std::shared_ptr<PersonScreen>>(std::move(made));
+    interrupts.setScreen(person);
   }
   if (failure) {
     const int status = complain(*failure);
+    const RunInterrupts::Scope endsEarly(
+        interrupts, [&person] { person->mainQueue()->post([&person] { person->close(); }); });
     showReport(*person, {.summary = "could not begin",
                          .earlyEnd = ReportFinding{.mark = ReportMark::problem,
                                                    .sentence = safeText(failure->message),
@@ -176,7 +222,7 @@ int runCommand(const RunOptions& options, Ui drawn, const MakeScreen& makeScreen
   } else {
     loop = std::make_unique<ThreadRunLoop>();
   }
-  return runOn(*loop, options, std::get<PreparedRun>(std::move(prepared)), person);
+  return runOn(*loop, options, std::get<PreparedRun>(std::move(prepared)), person, interrupts);
 }
 
 }  // namespace wifi_profile

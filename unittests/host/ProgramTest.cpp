@@ -302,6 +302,17 @@ TEST_F(Program, SaysWhenOutputCannotBeWritten) {
   }
 }
 
+TEST_F(Program, SaysThatAFileMayNotGrow) {
+  const Outcome trace =
+      run("run --device demo --time virtual --trace " + path("trace"), "ulimit -f 8;");
+  EXPECT_EQ(trace.status, 74);
+  EXPECT_THAT(trace.err, HasSubstr("trace: found File too large"));
+  EXPECT_THAT(trace.out, StartsWith("{\"data\""));
+  const Outcome record = run("tests --json", "ulimit -f 1;");
+  EXPECT_EQ(record.status, 74);
+  EXPECT_THAT(record.err, HasSubstr("standard output: found File too large"));
+}
+
 TEST_F(Program, PrintsNoRecordOfATornDownRun) {
   const Outcome outcome =
       run(runFile(R"({"scenario":1,"user":[{"teardown":true,"duringTest":"CustomDNS"}]})"));

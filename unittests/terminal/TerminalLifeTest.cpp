@@ -1,6 +1,9 @@
 // What becomes of the terminal: other sizes, other kinds, and every way out.
 
+#include <chrono>
 #include <csignal>
+#include <gmock/gmock.h>
+#include <thread>
 
 #include "terminal/TerminalRun.h"
 
@@ -22,7 +25,10 @@ class LifeOfATerminal : public ::testing::Test {
   // The program's own process; the shell's job is nothing else.
   int process() {
     int found = -1;
-    EXPECT_TRUE(comesTrue([&] { return (found = tmux.processInForeground()) > 0; }));
+    EXPECT_TRUE(comesTrue([&] {
+      found = tmux.processInForeground();
+      return fileContent("/proc/" + std::to_string(found) + "/comm").starts_with("wifi-profile");
+    }));
     return found;
   }
   void expectSame(const std::string& screen) {
@@ -133,8 +139,21 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(Killed{SIGINT, 130}, Killed{SIGTERM, 130}, Killed{SIGHUP, 130},
                       Killed{SIGQUIT, 128 + SIGQUIT}, Killed{SIGSEGV, 128 + SIGSEGV},
                       Killed{SIGABRT, 128 + SIGABRT}, Killed{SIGBUS, 128 + SIGBUS},
-                      Killed{SIGFPE, 128 + SIGFPE}, Killed{SIGILL, 128 + SIGILL}),
+                      Killed{SIGFPE, 128 + SIGFPE}, Killed{SIGILL, 128 + SIGILL},
+                      Killed{SIGUSR1, 128 + SIGUSR1}, Killed{SIGUSR2, 128 + SIGUSR2},
+                      Killed{SIGALRM, 128 + SIGALRM}, Killed{SIGXCPU, 128 + SIGXCPU}),
     [](const auto& killed) { return std::string("SIG") + sigabbrev_np(killed.param.signal); });
+
+TEST_F(LifeOfATerminal, IsRestoredWheneverTheProgramIsToldToEndWhileItStarts) {
+  for (int wait = 0; wait < 100; wait += 5) {
+    run.start("pick-another", "--pick");
+    const int program = process();
+    std::this_thread::sleep_for(std::chrono::milliseconds(wait));
+    ASSERT_EQ(::kill(program, SIGTERM), 0);
+    EXPECT_THAT(run.status(), ::testing::AnyOf(130, 128 + SIGTERM)) << wait;
+    run.expectTerminalAsBefore();
+  }
+}
 
 TEST_F(LifeOfATerminal, IsRestoredAtCtrlC) {
   startList();

@@ -60,8 +60,9 @@ class TerminalRun {
         tmux.screenWhere([](const std::string& screen) { return std::regex_search(screen, kEnd); });
     return std::regex_search(seen, match, kEnd) ? std::stoi(match[1]) : -1;
   }
-  // The terminal takes lines and echoes them as it did before.
+  // The terminal shows the shell, takes lines and echoes them as it did before.
   void expectTerminalAsBefore() {
+    EXPECT_FALSE(tmux.showsSecondScreen());
     EXPECT_EQ(tmux.output("stty -a"), terminalBefore_);
     EXPECT_NE(tmux.output("echo  right-$((40 + 2))").find("right-42\n"), std::string::npos);
   }

@@ -137,6 +137,10 @@ std::string Tmux::output(const std::string& commandLine) {
   return seen.substr(0, seen.find(end));
 }
 
+bool Tmux::showsSecondScreen() const {
+  return tmux({"display-message", "-p", "#{alternate_on}"}) == "1\n";
+}
+
 int Tmux::processInForeground() const {
   const int shell = std::atoi(tmux({"display-message", "-p", "#{pane_pid}"}).c_str());
   // "123 (bash) S parent group session terminal foreground-group ..."

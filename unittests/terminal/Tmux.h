@@ -40,6 +40,9 @@ class Tmux {
   // Waits until the shell has its prompt again, and runs `commandLine` in it: its output.
   std::string output(const std::string& commandLine);
 
+  // Whether a program's second screen covers the shell's.
+  bool showsSecondScreen() const;
+
   // The process that the shell has in the foreground; -1: none but itself.
   int processInForeground() const;
 

@@ -10,7 +10,10 @@
 namespace wifi_profile {
 namespace {
 
-constexpr std::array kCrashes{SIGSEGV, SIGBUS, SIGABRT, SIGFPE, SIGILL, SIGQUIT};
+// Signals that end a process and that nothing else handles.
+constexpr std::array kDeadly{SIGSEGV,   SIGBUS,  SIGABRT, SIGFPE,  SIGILL,  SIGQUIT,
+                             SIGSYS,    SIGTRAP, SIGXCPU, SIGUSR1, SIGUSR2, SIGALRM,
+                             SIGVTALRM, SIGPROF, SIGIO,   SIGPWR};
 
 // What a signal handler may read: written while no terminal is armed.
 struct Armed {
@@ -22,18 +25,20 @@ Armed armed;
 std::atomic<int> armedTerminal = -1;
 static_assert(std::atomic<int>::is_always_lock_free);
 
-std::array<struct sigaction, kCrashes.size()> before;
+std::array<struct sigaction, kDeadly.size()> before;
 
 // A crash for lack of stack needs another one.
 alignas(16) std::array<char, 65536> spareStack;
 
-bool isFault(int signal) { return signal != SIGABRT && signal != SIGQUIT; }
+bool isFault(int signal) {
+  return signal == SIGSEGV || signal == SIGBUS || signal == SIGFPE || signal == SIGILL;
+}
 
 void crashed(int signal, siginfo_t* info, void* /*context*/) {
   const int error = errno;
   restoreTerminalNow();
-  const auto place = std::find(kCrashes.begin(), kCrashes.end(), signal);
-  sigaction(signal, &before[static_cast<std::size_t>(place - kCrashes.begin())], nullptr);
+  const auto place = std::find(kDeadly.begin(), kDeadly.end(), signal);
+  sigaction(signal, &before[static_cast<std::size_t>(place - kDeadly.begin())], nullptr);
   errno = error;
   // A fault happens again at once; what another process sent does not.
   if (!isFault(signal) || info->si_code <= 0) raise(signal);
@@ -68,17 +73,19 @@ CrashGuard::CrashGuard() {
     stack = {.ss_sp = spareStack.data(), .ss_flags = 0, .ss_size = spareStack.size()};
     sigaltstack(&stack, nullptr);
   }
-  for (std::size_t i = 0; i < kCrashes.size(); ++i) {
+  for (std::size_t i = 0; i < kDeadly.size(); ++i) {
+    sigaction(kDeadly[i], nullptr, &before[i]);
+    if (before[i].sa_handler == SIG_IGN) continue;
     struct sigaction action {};
     action.sa_sigaction = crashed;
     action.sa_flags = SA_SIGINFO | SA_ONSTACK;
     sigemptyset(&action.sa_mask);
-    sigaction(kCrashes[i], &action, &before[i]);
+    sigaction(kDeadly[i], &action, nullptr);
   }
 }
 
 CrashGuard::~CrashGuard() {
-  for (std::size_t i = 0; i < kCrashes.size(); ++i) sigaction(kCrashes[i], &before[i], nullptr);
+  for (std::size_t i = 0; i < kDeadly.size(); ++i) sigaction(kDeadly[i], &before[i], nullptr);
 }
 
 }  // namespace wifi_profile

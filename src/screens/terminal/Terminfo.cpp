@@ -22,14 +22,6 @@ std::string capability(const char* name) {
 
 }  // namespace
 
-bool hasUsableTerminfo(const std::string& kind, int descriptor) {
-  int error = 0;
-  if (kind.empty() || setupterm(kind.c_str(), descriptor, &error) != OK) return false;
-  const bool usable = !capability("cup").empty();
-  del_curterm(cur_term);  // the screen makes one of its own
-  return usable;
-}
-
 bool hasSecondScreen() { return !capability("rmcup").empty(); }
 
 std::string restoringSequence(int lineCount) {
@@ -41,6 +33,16 @@ std::string restoringSequence(int lineCount) {
     sequence += capability("el");
   }
   return sequence + capability("rmcup");
+}
+
+std::optional<std::string> restoringSequenceOf(const std::string& kind, int descriptor,
+                                               int lineCount) {
+  int error = 0;
+  if (kind.empty() || setupterm(kind.c_str(), descriptor, &error) != OK) return std::nullopt;
+  std::optional<std::string> sequence;
+  if (!capability("cup").empty()) sequence = restoringSequence(lineCount);
+  del_curterm(cur_term);  // the screen makes one of its own
+  return sequence;
 }
 
 }  // namespace wifi_profile

@@ -231,17 +231,25 @@ std::variant<std::unique_ptr<Tty>, std::string> Tty::open(bool color) {
   const std::string kind = environment ? environment : "";
   const std::string unusable =
       "found TERM \"" + safeText(kind) + "\", expected a terminal whose cursor can be moved";
-  if (!hasUsableTerminfo(kind, fileno(state->out))) return unusable;
+  winsize size{};
+  ioctl(fileno(state->out), TIOCGWINSZ, &size);
+  const auto sequence = restoringSequenceOf(kind, fileno(state->out), size.ws_row);
+  if (!sequence) return unusable;
+  // From its first change on, the terminal is put right whatever happens.
+  state->guard = std::make_unique<CrashGuard>();
+  armRestore(fileno(state->out), state->modes, kPasteOff + *sequence);
   {
     const KeptSignals kept;
     state->screen = newterm(kind.c_str(), state->out, state->in);
   }
-  if (!state->screen) return unusable;
+  if (!state->screen) {
+    disarmRestore();
+    return unusable;
+  }
   state->rich = utf8 && kind != "linux";
   state->color = color && has_colors();
   state->setUp();
   state->follow();
-  state->guard = std::make_unique<CrashGuard>();
   state->arm();
   state->send(kPasteOn);
   return std::unique_ptr<Tty>(new Tty(std::move(state)));
