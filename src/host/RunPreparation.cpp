@@ -1,7 +1,9 @@
 #include "host/RunPreparation.h"
 
 #include <cerrno>
+#include <fcntl.h>
 #include <filesystem>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -23,6 +25,32 @@ bool readsFrom(const RunOptions& options, const std::string& file) {
     return input && std::filesystem::equivalent(*input, file, missing);
   };
   return (isFile(scenarioFileOf(options.device))) || isFile(options.parametersFile);
+}
+
+// Whether the descriptor is what standard output is, where the two would mix: in a file or a pipe.
+bool isStandardOutput(int descriptor) {
+  struct stat file {};
+  struct stat output {};
+  return fstat(descriptor, &file) == 0 && fstat(STDOUT_FILENO, &output) == 0 &&
+         !S_ISCHR(file.st_mode) && file.st_dev == output.st_dev && file.st_ino == output.st_ino;
+}
+
+// A new file is for its owner only: a trace has names and addresses in it.
+std::variant<TraceFile::File, Failure> openTrace(const std::string& path) {
+  const auto failed = [&path] { return Failure{kExitOutput, cannotBeWritten(path, errno)}; };
+  const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (descriptor < 0) return failed();
+  TraceFile::File file(fdopen(descriptor, "wb"));
+  if (!file) return failed();
+  if (isStandardOutput(descriptor)) {
+    return usage(
+        unexpected("--trace", "standard output, which the record goes to", "a file of its own"));
+  }
+  struct stat kind {};
+  if (fstat(descriptor, &kind) == 0 && S_ISREG(kind.st_mode) && ftruncate(descriptor, 0) != 0) {
+    return failed();
+  }
+  return file;
 }
 
 }  // namespace
@@ -66,10 +94,9 @@ std::variant<PreparedRun, Failure> prepareRun(const RunOptions& options) {
       return usage(
           unexpected("--trace", "a file that is read, too", "a file that may be overwritten"));
     }
-    run.traceFile.reset(std::fopen(options.traceFile->c_str(), "wb"));
-    if (!run.traceFile) {
-      return Failure{kExitOutput, cannotBeWritten(*options.traceFile, errno)};
-    }
+    auto trace = openTrace(*options.traceFile);
+    if (auto* failure = std::get_if<Failure>(&trace)) return std::move(*failure);
+    run.traceFile = std::get<TraceFile::File>(std::move(trace));
   }
   return run;
 }

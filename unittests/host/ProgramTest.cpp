@@ -219,6 +219,28 @@ TEST_F(Program, DoesNotOverwriteWhatItReads) {
   EXPECT_EQ(content("scenario.json"), scenario);
 }
 
+TEST_F(Program, KeepsTheTraceOutOfTheRecord) {
+  const std::string traced = "run --device demo --time virtual --trace ";
+  expectRefusal(run(traced + "/dev/stdout"), 64, "--trace: found standard output");
+  expectRefusal(run(traced + path("out")), 64, "--trace: found standard output");
+  EXPECT_EQ(WEXITSTATUS(std::system((WIFI_PROFILE_PROGRAM " " + traced + "/dev/stdout 2>" +
+                                     path("err") + " | cat >" + path("piped"))
+                                        .c_str())),
+            0);
+  EXPECT_EQ(content("piped"), "");
+  EXPECT_THAT(content("err"), HasSubstr("--trace: found standard output"));
+  EXPECT_EQ(run(traced + "/dev/null").status, 0);
+}
+
+TEST_F(Program, ShowsATraceToItsOwnerOnly) {
+  run("run --device demo --time virtual --trace " + path("trace"), "umask 0;");
+  EXPECT_EQ(std::filesystem::status(path("trace")).permissions(),
+            std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+  const std::string first = content("trace");
+  run("run --device demo --time virtual --trace " + path("trace"));
+  EXPECT_EQ(content("trace"), first);
+}
+
 TEST_F(Program, RefusesParametersThatFailValidation) {
   expectRefusal(run("run --device demo --max-scan-cache-age 601"), 64,
                 "--max-scan-cache-age: found the number 601, expected a number from 0 to 600");
