@@ -36,8 +36,8 @@ Settings of this machine's tests, as JSON: /etc/wifi-profile/settings.json, then
 wifi-profile/settings.json in XDG_CONFIG_HOME or ~/.config.
 
 Exit status: 0 done; 2 to 7 for the status codes -2 to -7; 64 wrong command line or parameters;
-65 unusable scenario; 69 no such device; 74 output that cannot be written; 75 torn down before the
-end; 78 unusable settings; 130 interrupted.
+65 unusable scenario; 69 no such device; 71 no memory, descriptors or threads left; 74 output that
+cannot be written; 75 torn down before the end; 78 unusable settings; 130 interrupted.
 )";
 
 constexpr const char* kScanExamples = R"(Examples:

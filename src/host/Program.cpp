@@ -13,6 +13,7 @@
 #include "host/ExitStatus.h"
 #include "host/ExplainCommand.h"
 #include "host/Files.h"
+#include "host/LastResort.h"
 #include "host/ScanCommand.h"
 #include "host/TestsCommand.h"
 #include "runtime/SafeText.h"
@@ -72,6 +73,7 @@ int endWith(int status) {
 
 int runProgram(int argc, char** argv, const Run& run) {
   occupyStandardDescriptors();
+  installLastResort();
   std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow shows as a failed write
   return endWith(std::visit(Execute{run}, parseCommandLine({argv + 1, argv + argc})));
 }

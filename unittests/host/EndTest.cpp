@@ -1,11 +1,15 @@
 // How a process ends.
 
+#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <new>
+#include <system_error>
 #include <thread>
 
 #include "devices/linux/LeftThreads.h"
+#include "host/LastResort.h"
 #include "host/Program.h"
 
 namespace wifi_profile {
@@ -27,6 +31,19 @@ TEST(EndTest, NeitherWaitsForAThreadThatWasLeftBehindNorTidiesUpBesideIt) {
     end();
   };
   EXPECT_EXIT(endBesideAThread(), ::testing::ExitedWithCode(7), "");
+}
+
+TEST(EndTest, SaysWhatTheSystemLacksWhereNothingElseDoes) {
+  const auto lackMemory = [] {
+    installLastResort();
+    std::thread([] { throw std::bad_alloc(); }).join();
+  };
+  EXPECT_EXIT(lackMemory(), ::testing::ExitedWithCode(71), "^wifi-profile: .*no memory.*try again");
+  const auto lackThreads = [] {
+    installLastResort();
+    std::thread([] { throw std::system_error(EAGAIN, std::generic_category()); }).join();
+  };
+  EXPECT_EXIT(lackThreads(), ::testing::ExitedWithCode(71), "temporarily unavailable.*try again");
 }
 
 }  // namespace

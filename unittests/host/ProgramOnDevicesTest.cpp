@@ -123,7 +123,7 @@ TEST_F(ProgramOnDevices, HasItsOptionsAndExitStatusesInEveryDocument) {
     }
   }
   EXPECT_EQ(options, 16);
-  for (const char* status : {"64", "65", "69", "74", "75", "78", "130"}) {
+  for (const char* status : {"64", "65", "69", "71", "74", "75", "78", "130"}) {
     EXPECT_THAT(page, HasSubstr(std::string(".B ") + status + "\n"));
     EXPECT_THAT(readme, HasSubstr(std::string("\n| ") + status + " | "));
     EXPECT_THAT(run("run --help").out, HasSubstr(status));

@@ -5,6 +5,8 @@
 #include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
+#include <exception>
 #include <unistd.h>
 
 namespace wifi_profile {
@@ -26,6 +28,7 @@ std::atomic<int> armedTerminal = -1;
 static_assert(std::atomic<int>::is_always_lock_free);
 
 std::array<struct sigaction, kDeadly.size()> before;
+std::terminate_handler terminateBefore = nullptr;
 
 // A crash for lack of stack needs another one.
 alignas(16) std::array<char, 65536> spareStack;
@@ -42,6 +45,12 @@ void crashed(int signal, siginfo_t* info, void* /*context*/) {
   errno = error;
   // A fault happens again at once; what another process sent does not.
   if (!isFault(signal) || info->si_code <= 0) raise(signal);
+}
+
+void terminated() {
+  restoreTerminalNow();
+  if (terminateBefore) terminateBefore();
+  std::abort();
 }
 
 }  // namespace
@@ -68,6 +77,7 @@ void restoreTerminalNow() {
 }
 
 CrashGuard::CrashGuard() {
+  terminateBefore = std::set_terminate(terminated);
   stack_t stack{};
   if (sigaltstack(nullptr, &stack) == 0 && (stack.ss_flags & SS_DISABLE) != 0) {
     stack = {.ss_sp = spareStack.data(), .ss_flags = 0, .ss_size = spareStack.size()};
@@ -85,6 +95,7 @@ CrashGuard::CrashGuard() {
 }
 
 CrashGuard::~CrashGuard() {
+  std::set_terminate(terminateBefore);
   for (std::size_t i = 0; i < kDeadly.size(); ++i) sigaction(kDeadly[i], &before[i], nullptr);
 }
 

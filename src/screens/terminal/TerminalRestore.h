@@ -16,9 +16,10 @@ void disarmRestore();
 // Async-signal-safe; any thread.
 void restoreTerminalNow();
 
-// While it lives, a crash (SIGSEGV, SIGABRT, ...) and every other signal that ends a process and is
-// not handled (SIGUSR1, SIGALRM, SIGXCPU, ...) puts the terminal right, and then does what it did
-// before. Those that are ignored stay ignored. SIGINT, SIGTERM and SIGHUP are the host's.
+// While it lives, an exception that nothing handles, a crash (SIGSEGV, SIGABRT, ...) and every
+// other signal that ends a process and is not handled (SIGUSR1, SIGALRM, SIGXCPU, ...) puts the
+// terminal right, and then does what it did before. Those that are ignored stay ignored. SIGINT,
+// SIGTERM and SIGHUP are the host's.
 class CrashGuard final {
  public:
   CrashGuard();
