@@ -13,7 +13,7 @@ profile Birchlane password="correct horse"
 seen Birchlane
 seen Cafe
 join Birchlane
-managerShows() { nmcli -t -f BSSID device wifi list --rescan no | tr -d '\\' | grep -qi "$1"; }
+managerShows() { nmcli -t -f BSSID device wifi list --rescan no | sed "s|[\\]||g" | grep -qi "$1"; }
 expect "NetworkManager heard the hidden one" within 60 managerShows 02:aa:00:00:00:03
 expect "the kernel forgets all but the joined one" within 200 not shows 'SSID: Cafe' iw dev wlan0 scan dump
 expect "NetworkManager still lists the others" managerShows 02:aa:00:00:00:02

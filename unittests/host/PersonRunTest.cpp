@@ -185,9 +185,10 @@ TEST(PersonRun, WaitsForThePersonBeforeTheWorldGoesOn) {
 std::shared_ptr<FakePerson> personOfEmptyList(const std::string& device, const std::string& answers,
                                               std::vector<Deed> deeds = {}) {
   std::shared_ptr<FakePerson> person;
-  // In an idle moment after the last deed.
-  deeds.push_back([&person, waited = 0](toolkit::ViewController&) mutable {
-    if (++waited < 20) return false;
+  // Once the screen was told why the list is empty.
+  deeds.push_back([&person](toolkit::ViewController&) {
+    if (person->emptyLists.empty()) return false;
+    if (person->emptyLists.back().why == EmptyList::Why::notKnownYet) return false;
     person->askedToStop();
     return true;
   });

@@ -51,6 +51,7 @@ const std::vector<std::string> kKeys{
     "NO",
     "NO_NETWORKS",
     "NO_OTHER_NETWORKS",
+    "ONLY_HIDDEN_NETWORKS",
     "OTHER",
     "OTHER_NETWORK_MESSAGE",
     "OTHER_NETWORK_PLACEHOLDER",

@@ -66,24 +66,23 @@ void MachineFacts::addKernelErrands(std::vector<Errand>& all, std::chrono::secon
   // Written before the scan begins, and read after it. A driver that blocks in it takes only the
   // scan along, not the link.
   const auto first = std::make_shared<FirstSurveys>();
-  all.push_back(
-      {.name = "kernel's answer about the link",
-       .gives = {Fact::link, Fact::radio, Fact::regulatory},
-       .after = {},
-       .limit = kKernelLimit,
-       .run = [this, watch](const checks::Facts&, const Patience& patience) -> Found {
-         Nl80211 kernel;
-         watch->begin(patience);
-         auto link = kernel.link(machine_->interface(), patience);
-         if (link) watch->setNetwork(link->ssid);
-         auto radio = kernel.radio(machine_->interface(), patience);
-         auto regulatory = kernel.regulatory(machine_->interface(), patience);
-         return [link, radio, regulatory](checks::Facts& facts) {
-           facts.link = link;
-           facts.radio = radio;
-           facts.regulatory = regulatory;
-         };
-       }});
+  all.push_back({.name = "kernel's answer about the link",
+                 .gives = {Fact::link, Fact::radio, Fact::regulatory},
+                 .after = {},
+                 .limit = kKernelLimit,
+                 .run = [this, watch](const checks::Facts&, const Patience& patience) -> Found {
+                   Nl80211 kernel;
+                   watch->begin(patience);
+                   auto link = kernel.link(machine_->interface(), patience);
+                   if (link) watch->setNetwork(link->ssid);
+                   auto radio = kernel.radio(machine_->interface(), patience);
+                   auto regulatory = kernel.regulatory(machine_->interface(), patience);
+                   return [link, radio, regulatory](checks::Facts& facts) {
+                     facts.link = link;
+                     facts.radio = radio;
+                     facts.regulatory = regulatory;
+                   };
+                 }});
   all.push_back({.name = "scan",
                  .gives = {Fact::scan},
                  .after = {Fact::link},

@@ -164,9 +164,8 @@ bool WindowModel::listIsEmpty() const {
 }
 
 QString WindowModel::listStatus() const {
-  if (!listIsEmpty()) return {};
   if (scanning()) return text(QStringLiteral("SCANNING"));
-  return QString::fromStdString(emptyListText(emptyList_.why));
+  return listIsEmpty() ? QString::fromStdString(emptyListText(emptyList_.why)) : QString();
 }
 
 QString WindowModel::listReason() const {

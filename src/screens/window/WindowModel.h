@@ -33,6 +33,7 @@ class WindowModel final : public QObject {
   Q_PROPERTY(bool selectable READ selectable NOTIFY changed)
   Q_PROPERTY(bool canRefresh READ canRefresh NOTIFY changed)
   Q_PROPERTY(bool refreshing READ refreshing NOTIFY changed)
+  Q_PROPERTY(bool listIsEmpty READ listIsEmpty NOTIFY changed)
   Q_PROPERTY(QString listStatus READ listStatus NOTIFY changed)  // empty: there are networks
   Q_PROPERTY(QString listReason READ listReason NOTIFY changed)  // of `listStatus`; may be empty
   Q_PROPERTY(bool canAskForPower READ canAskForPower NOTIFY changed)
@@ -85,6 +86,7 @@ class WindowModel final : public QObject {
   bool selectable() const { return table_ && table_->allowsSelection(); }
   bool canRefresh() const;
   bool refreshing() const;
+  bool listIsEmpty() const;
   QString listStatus() const;
   QString listReason() const;
   bool canAskForPower() const;
@@ -136,7 +138,6 @@ class WindowModel final : public QObject {
   void syncProgress(const toolkit::View& view);
   std::shared_ptr<toolkit::BarButtonItem> nextButton() const;
   bool scanning() const;
-  bool listIsEmpty() const;
 
   std::shared_ptr<toolkit::ViewController> controller_;
   std::function<void()> askedToStop_;

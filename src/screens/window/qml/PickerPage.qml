@@ -99,7 +99,7 @@ FocusScope {
         }
         footer: Item {
             width: list.width
-            visible: profile.listStatus !== ""
+            visible: profile.listIsEmpty && profile.listStatus !== ""
             height: visible ? statusParts.height + 48 : 0
             Column {
                 id: statusParts
