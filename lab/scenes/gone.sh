@@ -1,5 +1,5 @@
 # Access points go out of range: a new scan does not list them, and the list on the screen becomes empty.
-# deadline: 90
+# deadline: 120
 air 2
 accessPoint ssid=Cafe channel=1 security=open signal=-50 away
 accessPoint ssid=Hotel channel=11 security=open signal=-60 away
@@ -8,6 +8,7 @@ seen Cafe
 seen Hotel
 expect "a new scan lists both" program scan --json --max-scan-cache-age 0
 expect "so it does" jq -e 'map(.ssid) == ["Cafe", "Hotel"]' /out/record.json
+sleep 20 # until NetworkManager's own scans are over
 onTerminal run --pick --ui terminal --output json
 expect "the list on the screen has both" within 30 drawn Hotel
 gone 1

@@ -14,4 +14,4 @@ expect "the router answers" ping -c 3 -i 0.2 192.168.50.1
 expect "the program ends all the same, with a record" wait "$running"
 expect "the record is whole" jq -e '.statusCode == 0' /out/record.json
 expect "what was known before stays so" value currentNetwork.RSSI -45
-expect "what the scan would tell is not known" unknown currentNetwork.isUsingOpenSecurity 'No Security .*given up half-way'
+expect "what the scan would tell is not known" unknown currentNetwork.foundHiddenNetworks 'Hidden Scan Results .*given up half-way'

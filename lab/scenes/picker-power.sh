@@ -16,7 +16,7 @@ press '\r'
 expect "yes switches it on" within 20 shows '^enabled$' nmcli -t radio wifi
 expect "the first list has what a scan right after it heard" within 30 drawn Cafe
 radioSwitch block
-expect "it says that Wi-Fi went off" within 20 drawn 'Wi-Fi was switched off'
+expect "it says that Wi-Fi went off" within 20 drawn 'Wi-Fi is off'
 press q
 expect "the exit status says so" closed 5
 expect "so does the record" jq -e '.statusCode == -5' /out/record.json

@@ -46,7 +46,7 @@ std::string painted(std::string_view text, std::string_view color, ReportStyle s
 // The sentence with its values before its full stop, where a line holds both; else the values stand
 // beneath it.
 std::string sentenceLines(const ReportFinding& finding) {
-  const std::string sentence = wrapped(kWidth, kIndent, finding.sentence) + '\n';
+  std::string sentence = wrapped(kWidth, kIndent, finding.sentence) + '\n';
   if (finding.values.empty()) return sentence;
   std::string_view line = finding.sentence;
   const bool stops = line.ends_with('.');

@@ -69,6 +69,7 @@ ObjectRef textOrNull(std::string_view text) {
 ObjectRef ratesOrNull(const std::vector<int>& halves) {
   if (halves.empty()) return nullPlaceholder();
   std::vector<ObjectRef> rates;
+  rates.reserve(halves.size());
   for (const int half : halves) rates.push_back(Number::withDouble(half / 2.0));
   return std::make_shared<const Array>(std::move(rates));
 }

@@ -64,7 +64,7 @@ Errand boundToLink(Errand errand, LinkChange change) {
   errand.run = [run = std::move(errand.run), ofLink, hasOthers, change = std::move(change)](
                    const checks::Facts& known, const Patience& patience) -> Found {
     auto why = hasOthers ? std::nullopt : change(patience);
-    const Found found = why ? Found() : run(known, patience);
+    Found found = why ? Found() : run(known, patience);
     if (!why) why = change(patience);
     if (!why) return found;
     return [ofLink, found, why](checks::Facts& facts) {

@@ -93,7 +93,7 @@ LinuxService::Outcome LinuxService::serve(const VqDiagnosticsTestRequest& reques
   const checks::Answer answer = checks::checkOf(request.testID()).answer(question);
   if (const auto* unknown = std::get_if<checks::Unknown>(&answer)) return errorOf(*unknown);
   // On the thread that asks, while it asks: so the line belongs to this test.
-  if (const std::string problem = checks::problemOf(question, request.testID()); !problem.empty()) {
+  if (std::string problem = checks::problemOf(question, request.testID()); !problem.empty()) {
     DiagnosticLogHandleForCategory(0).error([&] { return problem; });
   }
   return std::get<DiagnosticsTestResult>(answer);

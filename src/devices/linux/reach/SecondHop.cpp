@@ -76,7 +76,7 @@ std::optional<std::string> findSecondHop(const std::string& gateway, const std::
     ++tries;
     const Patience next = tries < kTries ? ours.atMost(kBetweenTries) : ours;
     while (waitFor(socket.number(), 0, next) == Waited::ready && !next.isOver()) {
-      const auto hop = offender(socket.number());
+      auto hop = offender(socket.number());
       if (hop && *hop != gateway) return hop;
       // One without a message in the queue would be reported again and again.
       int error = 0;
