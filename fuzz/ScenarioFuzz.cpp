@@ -5,6 +5,7 @@
 
 #include "devices/scenario/ScenarioReader.h"
 #include "host/DiagnosticRun.h"
+#include "host/Report.h"
 #include "runtime/BuiltInStringTable.h"
 #include "runtime/IcuNameCollator.h"
 #include "runtime/JsonReader.h"
