@@ -8,6 +8,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LES
   # gcc 12 sees an overlap in `"text" + std::string` where there is none (gcc bug 105651).
   target_compile_options(wifi_profile_options INTERFACE -Wno-restrict)
 endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_UNITY_BUILD)
+  # gcc takes the files that are compiled as one for headers, whose anonymous namespaces it warns of.
+  target_compile_options(wifi_profile_options INTERFACE -Wno-subobject-linkage)
+endif()
 if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
   # Designated initialisers leave out what has a default; clang 14 warns of that where gcc does not.
   target_compile_options(wifi_profile_options INTERFACE -Wno-missing-field-initializers)

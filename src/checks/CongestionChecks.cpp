@@ -132,7 +132,7 @@ constexpr std::string_view kThreshold =
     "busy 0.7 of the time or more (`congestedBusyShare`), utilization 192 of 255 or more "
     "(`congestedUtilization`), more than 6 boxes of others (`congestedNeighbours`)";
 
-constexpr std::array kRows{
+constexpr std::array kCongestionRows{
     Check{.id = DiagnosticsTestID::CongestedChannel,
           .answer = congestedChannel,
           .needs = {Fact::link, Fact::scan, Fact::surveys, Fact::radio},
@@ -178,6 +178,6 @@ constexpr std::array kRows{
 
 }  // namespace
 
-std::span<const Check> congestionRows() { return kRows; }
+std::span<const Check> congestionRows() { return kCongestionRows; }
 
 }  // namespace wifi_profile::checks

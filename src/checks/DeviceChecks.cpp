@@ -10,7 +10,7 @@
 namespace wifi_profile::checks {
 namespace {
 
-std::string_view textOf(AddressMethod method) {
+std::string_view methodText(AddressMethod method) {
   switch (method) {
     case AddressMethod::automatic:
       return "Automatic";
@@ -33,7 +33,7 @@ Answer customAddresses(const Question& question, AddressSettings ActiveProfile::
   if (!profile) return profile.why();
   const AddressSettings& settings = (*profile).*version;
   return finding(settings.method != AddressMethod::automatic || settings.hasExtraAddresses,
-                 {{key, makeText(textOf(settings.method))}});
+                 {{key, makeText(methodText(settings.method))}});
 }
 
 Answer customIpv4(const Question& question) {
@@ -101,7 +101,7 @@ constexpr std::string_view kProfileUnknownWhen =
     "not joined, or the joined network was not set up by NetworkManager";
 constexpr std::string_view kBluetoothUnknownWhen = "BlueZ is not running, or there is no adapter";
 
-constexpr std::array kRows{
+constexpr std::array kDeviceRows{
     Check{
         .id = DiagnosticsTestID::CustomIPv4,
         .answer = customIpv4,
@@ -186,6 +186,6 @@ constexpr std::array kRows{
 
 }  // namespace
 
-std::span<const Check> deviceRows() { return kRows; }
+std::span<const Check> deviceRows() { return kDeviceRows; }
 
 }  // namespace wifi_profile::checks

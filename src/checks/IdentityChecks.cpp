@@ -161,7 +161,7 @@ Answer baseStation(const Question& question) {
   });
 }
 
-constexpr std::array kRows{
+constexpr std::array kIdentityRows{
     Check{.id = DiagnosticsTestID::BrellinBaseStation,
           .answer = baseStation,
           .needs = {Fact::link, Fact::scan},
@@ -228,6 +228,6 @@ constexpr std::array kRows{
 
 }  // namespace
 
-std::span<const Check> identityRows() { return kRows; }
+std::span<const Check> identityRows() { return kIdentityRows; }
 
 }  // namespace wifi_profile::checks

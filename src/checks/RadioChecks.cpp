@@ -128,7 +128,7 @@ Answer conflictingModeN(const Question& question) {
 constexpr std::string_view kModesFrom =
     "HT, VHT, HE and EHT Capabilities and Operation elements and rates of the scan's access points";
 
-constexpr std::array kRows{
+constexpr std::array kRadioRows{
     Check{.id = DiagnosticsTestID::HT402GHzChannel,
           .answer = ht40In2GHz,
           .needs = {Fact::link, Fact::scan},
@@ -199,6 +199,6 @@ constexpr std::array kRows{
 
 }  // namespace
 
-std::span<const Check> radioRows() { return kRows; }
+std::span<const Check> radioRows() { return kRadioRows; }
 
 }  // namespace wifi_profile::checks

@@ -138,7 +138,7 @@ constexpr std::string_view kPingsWhy =
     "ICMP echo: RFC 792, RFC 4443. Count: number sent; loss: percent of them, 0 to 100; least, "
     "most, mean and (population's) standard deviation: milliseconds";
 
-constexpr std::array kRows{
+constexpr std::array kReachRows{
     Check{.id = DiagnosticsTestID::PingLAN,
           .answer = pingLan,
           .needs = {Fact::link, Fact::lanPings},
@@ -277,6 +277,6 @@ std::string problemOf(const Question& question, DiagnosticsTestID id) {
   }
 }
 
-std::span<const Check> reachRows() { return kRows; }
+std::span<const Check> reachRows() { return kReachRows; }
 
 }  // namespace wifi_profile::checks

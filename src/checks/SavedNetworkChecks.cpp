@@ -140,7 +140,7 @@ constexpr std::string_view kSavedFrom =
 constexpr std::string_view kSavedUnknownWhen =
     "none of these services runs, or the user may not read them";
 
-constexpr std::array kRows{
+constexpr std::array kSavedNetworkRows{
     Check{
         .id = DiagnosticsTestID::ConflictingSecurityTypeInPNL,
         .answer = conflictingSecurity,
@@ -198,6 +198,6 @@ constexpr std::array kRows{
 
 }  // namespace
 
-std::span<const Check> savedNetworkRows() { return kRows; }
+std::span<const Check> savedNetworkRows() { return kSavedNetworkRows; }
 
 }  // namespace wifi_profile::checks

@@ -112,7 +112,7 @@ Answer noScanResults(const Question& question) {
                                makeDictionary({{"ScanResults", scanResults(std::move(all))}})};
 }
 
-constexpr std::array kRows{
+constexpr std::array kScanRows{
     Check{.id = DiagnosticsTestID::ConflictingCountryCode,
           .answer = conflictingCountries,
           .needs = {Fact::link, Fact::scan, Fact::regulatory},
@@ -157,6 +157,6 @@ constexpr std::array kRows{
 
 }  // namespace
 
-std::span<const Check> scanRows() { return kRows; }
+std::span<const Check> scanRows() { return kScanRows; }
 
 }  // namespace wifi_profile::checks

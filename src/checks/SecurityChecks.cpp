@@ -36,7 +36,7 @@ constexpr std::string_view kUnknownWhen =
     "the access point was not heard, or its elements are damaged, contradict each other or are of "
     "another kind";
 
-constexpr std::array kRows{
+constexpr std::array kSecurityRows{
     Check{.id = DiagnosticsTestID::NoSecurity,
           .answer = noSecurity,
           .needs = {Fact::link, Fact::scan},
@@ -72,6 +72,6 @@ constexpr std::array kRows{
 
 }  // namespace
 
-std::span<const Check> securityRows() { return kRows; }
+std::span<const Check> securityRows() { return kSecurityRows; }
 
 }  // namespace wifi_profile::checks

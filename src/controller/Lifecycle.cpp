@@ -19,8 +19,6 @@ DictionaryRef configurationOf(const NumberRef& maxScanCacheAge) {
   return makeDictionary({{"MaxScanCacheAge", maxScanCacheAge}});
 }
 
-TextRef nameOf(const VqWiFiStatusRef& status) { return status ? status->ssidString : nullptr; }
-
 }  // namespace
 
 void WiFiProfileViewController::setupWithInputs(
@@ -52,7 +50,7 @@ void WiFiProfileViewController::start() {
   if (!list) {
     determineCurrentNetwork();
     if (!theInputs->selectedNetworkName()) {
-      theInputs->setSelectedNetworkName(nameOf(wifiStatus()));
+      theInputs->setSelectedNetworkName(joinedNameOf(wifiStatus()));
     }
     runTests();
   } else if (setupWiFi()) {
@@ -87,7 +85,7 @@ void WiFiProfileViewController::runTests() {
 
 void WiFiProfileViewController::runBatchesAndScheduleEnd() {
   const TextRef selectedName = inputs()->selectedNetworkName();
-  const RunPlan plan = planRun(nameOf(wifiStatus()), selectedName);
+  const RunPlan plan = planRun(joinedNameOf(wifiStatus()), selectedName);
   runPlan.set(plan);
   totalTests.set(plan.totalTests);
   configuration.set(selectedName ? makeDictionary({{"MaxScanCacheAge", inputs()->maxScanCacheAge()},

@@ -14,11 +14,10 @@
 namespace wifi_profile {
 namespace {
 
-constexpr std::size_t kWidth = 98;
-constexpr std::size_t kIndent = 2;
+constexpr std::size_t kParagraphIndent = 2;
 
 std::string paragraph(std::string_view text) {
-  return std::string(kIndent, ' ') + wrapped(kWidth, kIndent, text) + '\n';
+  return std::string(kParagraphIndent, ' ') + wrapped(kTextWidth, kParagraphIndent, text) + '\n';
 }
 
 std::string_view wordFor(Mark mark) {

@@ -23,7 +23,7 @@ constexpr std::array kDeeds{
     Deed{"ui.alert", "action", scenario::Action::tapAction},
 };
 
-std::string_view textOf(const Trace::Fields& fields, std::string_view key) {
+std::string_view fieldText(const Trace::Fields& fields, std::string_view key) {
   for (const auto& [name, value] : fields) {
     if (name != key) continue;
     const auto text = as<Text>(value);
@@ -36,12 +36,12 @@ std::string_view textOf(const Trace::Fields& fields, std::string_view key) {
 
 void PersonFollower::event(std::string_view name, const Fields& fields) {
   if (name == "service.request") {
-    const auto test = testNamed(textOf(fields, "test"));
+    const auto test = testNamed(fieldText(fields, "test"));
     if (test) run_.showTests(std::string(catalogueTest(*test).label));
   } else if (name == "ui.progress") {
     run_.showTests({});
   } else {
-    const std::string_view op = textOf(fields, "op");
+    const std::string_view op = fieldText(fields, "op");
     const auto deed = std::find_if(kDeeds.begin(), kDeeds.end(), [&](const Deed& candidate) {
       return candidate.event == name && candidate.op == op;
     });

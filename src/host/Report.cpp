@@ -10,8 +10,7 @@
 namespace wifi_profile {
 namespace {
 
-constexpr std::size_t kWidth = 98;  // columns that a line keeps to where it can
-constexpr std::size_t kIndent = 4;  // columns before a finding's texts
+constexpr std::size_t kFindingIndent = 4;  // columns before a finding's texts
 
 // How a line begins, and its colour (a terminal's SGR parameters; empty: none).
 struct Sign {
@@ -46,7 +45,7 @@ std::string painted(std::string_view text, std::string_view color, ReportStyle s
 // The sentence with its values before its full stop, where a line holds both; else the values stand
 // beneath it.
 std::string sentenceLines(const ReportFinding& finding) {
-  std::string sentence = wrapped(kWidth, kIndent, finding.sentence) + '\n';
+  std::string sentence = wrapped(kTextWidth, kFindingIndent, finding.sentence) + '\n';
   if (finding.values.empty()) return sentence;
   std::string_view line = finding.sentence;
   const bool stops = line.ends_with('.');
@@ -54,15 +53,15 @@ std::string sentenceLines(const ReportFinding& finding) {
   const std::string_view separator = separatorAfter(finding.values.front());
   const std::string values = fmt::format("{}", fmt::join(finding.values, separator));
   const std::string inside = fmt::format("{} ({}){}", line, values, stops ? "." : "");
-  if (kIndent + characterCount(inside) <= kWidth) return inside + '\n';
+  if (kFindingIndent + characterCount(inside) <= kTextWidth) return inside + '\n';
   // Reasons are sentences; a measured value stays in one piece where a line holds it.
   const bool isLong = std::ranges::any_of(finding.values, [](const std::string& value) {
-    return kIndent + characterCount(value) > kWidth;
+    return kFindingIndent + characterCount(value) > kTextWidth;
   });
-  return fmt::format("{}{:{}}{}\n", sentence, "", kIndent,
+  return fmt::format("{}{:{}}{}\n", sentence, "", kFindingIndent,
                      isLong || finding.mark == ReportMark::unknown
-                         ? wrapped(kWidth, kIndent, values)
-                         : joinedWithin(kWidth, kIndent, finding.values, separator));
+                         ? wrapped(kTextWidth, kFindingIndent, values)
+                         : joinedWithin(kTextWidth, kFindingIndent, finding.values, separator));
 }
 
 std::string findingText(const ReportFinding& finding, ReportStyle style) {

@@ -11,6 +11,9 @@
 
 namespace wifi_profile {
 
+// Columns that a line of text keeps to where it can.
+inline constexpr std::size_t kTextWidth = 98;
+
 // `pieces` with `separator` between them, none of them broken, on as many lines as it takes to stay
 // within `width` columns. Every line is taken to start at column `indent`; those after the first
 // are moved there by blanks.

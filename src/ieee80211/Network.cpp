@@ -14,9 +14,9 @@ constexpr std::uint8_t kFirstSelector = 121;  // EHT PHY; 122 HE, 123 SAE, ... 1
 constexpr std::array<std::uint8_t, 4> kBRates{2, 4, 11, 22};
 constexpr std::array<std::uint8_t, 8> kOfdmRates{12, 18, 24, 36, 48, 72, 96, 108};
 
-using Octets = std::bitset<128>;
+using OctetSet = std::bitset<128>;
 
-std::vector<std::uint8_t> inOrder(const Octets& octets, std::uint8_t least, std::uint8_t most) {
+std::vector<std::uint8_t> inOrder(const OctetSet& octets, std::uint8_t least, std::uint8_t most) {
   std::vector<std::uint8_t> list;
   for (std::uint8_t octet = least; octet <= most; ++octet) {
     if (octets[octet]) list.push_back(octet);
@@ -74,8 +74,8 @@ bool Rates::hasOfdmRates() const { return hasAny(supported, kOfdmRates); }
 std::optional<Rates> parseRates(Bytes supported, std::optional<Bytes> extended) {
   // The standard puts 8 octets into the first element at most; more of them mean no less.
   if (supported.empty() || (extended && extended->empty())) return std::nullopt;
-  Octets all;
-  Octets basic;
+  OctetSet all;
+  OctetSet basic;
   for (const Bytes& octets : {supported, extended.value_or(Bytes{})}) {
     for (const std::uint8_t octet : octets) {
       const auto value = static_cast<std::uint8_t>(octet & ~kBasicFlag);

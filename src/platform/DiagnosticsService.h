@@ -53,6 +53,11 @@ struct VqWiFiStatus {
 
 using VqWiFiStatusRef = std::shared_ptr<const VqWiFiStatus>;
 
+// Returns the name of the joined network; nil: not joined, or not known.
+inline TextRef joinedNameOf(const VqWiFiStatusRef& status) {
+  return status ? status->ssidString : nullptr;
+}
+
 // The device's status as the service reports it.
 struct VqStatus {
   VqWiFiStatusRef wifi;

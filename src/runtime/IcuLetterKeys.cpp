@@ -10,7 +10,7 @@
 namespace wifi_profile {
 namespace {
 
-constexpr std::size_t kUsualName = 128;   // bytes
+constexpr std::size_t kShortName = 128;   // bytes
 constexpr char kBetweenWeights = '\x01';  // less than every weight
 
 bool isOff(const UCollator& collator, UColAttribute attribute) {
@@ -97,9 +97,9 @@ void IcuLetterKeys::forgetLettersOfContractions() {
 }
 
 bool IcuLetterKeys::append(std::string_view name, std::string& key) const {
-  if (name.size() > kUsualName) return false;
-  std::array<char, (kUsualName + 1) * kMostWeights> first;
-  std::array<char, (kUsualName + 1) * kMostWeights> second;
+  if (name.size() > kShortName) return false;
+  std::array<char, (kShortName + 1) * kMostWeights> first;
+  std::array<char, (kShortName + 1) * kMostWeights> second;
   char* firstEnd = first.data();
   char* secondEnd = second.data();
   for (std::size_t i = 0; i < name.size(); ++i) {

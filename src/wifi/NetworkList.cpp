@@ -20,8 +20,6 @@ using toolkit::RowAnimation;
 
 namespace {
 
-TextRef nameOf(const VqWiFiStatusRef& status) { return status ? status->ssidString : nullptr; }
-
 // A short computation, handed to the global queue while the main thread waits.
 template <class Rows>
 std::vector<IndexPath> pathsOnGlobalQueue(const Rows& rows) {
@@ -39,7 +37,7 @@ void WiFiProfileViewController::displayNetworkList() {
     self->determineCurrentNetwork();
     const auto theInputs = self->inputs();
     if (!theInputs->selectedNetworkName()) {
-      theInputs->setSelectedNetworkName(nameOf(self->wifiStatus()));
+      theInputs->setSelectedNetworkName(joinedNameOf(self->wifiStatus()));
     }
     // Before the scan, so that the table has the rows that are known without it.
     WorkQueues::shared()->postToMain([self] {
@@ -83,7 +81,7 @@ void WiFiProfileViewController::refreshNetworkList(const ObjectRef& /*sender*/) 
 
 void WiFiProfileViewController::takeSelectedNetworkOutAfterRefresh(bool hadSelection) {
   const auto theInputs = inputs();
-  const TextRef joinedName = nameOf(wifiStatus());
+  const TextRef joinedName = joinedNameOf(wifiStatus());
   if (equalNames(theInputs->selectedNetworkName(), joinedName)) return;
   if (!hadSelection) {
     theInputs->setSelectedNetworkName(joinedName);
@@ -105,7 +103,8 @@ void WiFiProfileViewController::showRefreshed(bool hadSelection) {
   const auto table = tableView();
   if (!table) return;
   table->beginUpdates();
-  if (inputs()->selectedNetworkName() || nameOf(wifiStatus())) reloadSelectedNetwork(hadSelection);
+  if (inputs()->selectedNetworkName() || joinedNameOf(wifiStatus()))
+    reloadSelectedNetwork(hadSelection);
   updateNetworkList();
   reloadRefreshCell();
   table->endUpdates();
@@ -122,7 +121,7 @@ void WiFiProfileViewController::dedupScanResultsToHighestRSSI() {
 
 void WiFiProfileViewController::updateFilteredNetworkListIfNeeded() {
   const TextRef selectedName = inputs()->selectedNetworkName();
-  const TextRef joinedName = nameOf(wifiStatus());
+  const TextRef joinedName = joinedNameOf(wifiStatus());
   if (equalNames(selectedName, joinedName)) return;
   const NetworkDictionaryRef networks = distinctNetworks();
   const auto selected = networks ? networks->networkNamed(selectedName) : nullptr;

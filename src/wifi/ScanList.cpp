@@ -7,7 +7,7 @@
 namespace wifi_profile {
 namespace {
 
-using Number = NameOrder::Pass::Number;
+using NameNumber = NameOrder::Pass::Number;
 using Elements = std::vector<ObjectRef>;
 
 constexpr std::uint32_t kNone = UINT32_MAX;
@@ -62,14 +62,14 @@ class JoinedAddress {
 std::vector<Chosen> choose(const Elements& elements, const VqWiFiStatus& status,
                            NameOrder::Pass& names, std::uint32_t& current) {
   const JoinedAddress joinedAddress(status.bssid);
-  const Number joined = status.ssidString ? names.numberOf(status.ssidString) : kNone;
+  const NameNumber joined = status.ssidString ? names.numberOf(status.ssidString) : kNone;
   std::vector<Chosen> chosen(names.count());
   std::uint32_t i = UINT32_MAX;
   for (const ObjectRef& element : elements) {
     ++i;
     if (!isNamedResult(element)) continue;
     const auto& result = static_cast<const VqWiFiScanResult&>(*element);
-    const Number number = names.numberOf(result.ssidString());
+    const NameNumber number = names.numberOf(result.ssidString());
     if (number == chosen.size()) chosen.emplace_back();
     Chosen& best = chosen[number];
     if (joinedAddress.isThatOf(result)) {
@@ -84,7 +84,7 @@ std::vector<Chosen> choose(const Elements& elements, const VqWiFiStatus& status,
 
 // An element of a list that is being sorted.
 struct Row {
-  Number name;
+  NameNumber name;
   std::uint32_t position;  // in the list
 };
 using Rows = std::vector<Row>;
@@ -112,7 +112,7 @@ bool hasEqualKeys(const Rows& rows, const NameOrder::Pass& names) {
 // Sorts rows with equal keys by their places in `before`; those that it lacks come last. Whether
 // they were in order already.
 bool takeOrderOf(const NetworkList& before, Rows& rows, NameOrder::Pass& names) {
-  std::vector<Number> namesBefore;
+  std::vector<NameNumber> namesBefore;
   namesBefore.reserve(before.size());
   for (const ScanResultRef& network : before) {
     namesBefore.push_back(names.numberOf(network->ssidString()));
@@ -125,7 +125,7 @@ bool takeOrderOf(const NetworkList& before, Rows& rows, NameOrder::Pass& names) 
   }
   std::vector<std::uint32_t> place(rows.size(), kNone);  // in `before`, by position in the list
   std::uint32_t i = 0;
-  for (const Number name : namesBefore) {
+  for (const NameNumber name : namesBefore) {
     if (const std::uint32_t row = first[name]; row != kNone) {
       place[rows[row].position] = i;
       first[name] = next[row];
@@ -161,7 +161,7 @@ Deduplicated deduplicated(const ArrayRef& results, const VqWiFiStatusRef& status
     const std::vector<Chosen> chosen =
         choose(elements, status ? *status : VqWiFiStatus{}, names, current);
     listed.reserve(chosen.size());
-    for (const Number number : names.inOrder()) {
+    for (const NameNumber number : names.inOrder()) {
       const Chosen& best = chosen[number];
       if (best.filtered != kNone) append(elements, best.filtered, listed);
       if (best.distinct != best.filtered) append(elements, best.distinct, others);

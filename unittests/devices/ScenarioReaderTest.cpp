@@ -30,7 +30,7 @@ Scenario good(const std::string& text) {
   return std::get<Scenario>(read);
 }
 
-std::string faultIn(const std::string& text) {
+std::string faultInText(const std::string& text) {
   const Read read = readScenario(json(text));
   const auto* fault = std::get_if<Fault>(&read);
   return fault ? fault->pointer + ": found " + fault->found + ", expected " + fault->expected : "";
@@ -43,7 +43,7 @@ DictionaryRef information(const std::string& info) {
 }
 
 std::string faultInInformation(const std::string& info) {
-  return faultIn(R"({"scenario":1,"answers":{"PingLAN":[{"info":)" + info + "}]}}");
+  return faultInText(R"({"scenario":1,"answers":{"PingLAN":[{"info":)" + info + "}]}}");
 }
 
 TEST(ScenarioReader, NeedsNothingButTheVersion) {
@@ -160,43 +160,43 @@ TEST(ScenarioReader, LeavesOtherKindsUnderARecordsKeyAsTheyAre) {
 }
 
 TEST(ScenarioReader, SaysWhereAndWhatAFaultIs) {
-  EXPECT_EQ(faultIn("[]"), ": found a list, expected an object");
-  EXPECT_EQ(faultIn("{}"),
+  EXPECT_EQ(faultInText("[]"), ": found a list, expected an object");
+  EXPECT_EQ(faultInText("{}"),
             ": found an object without \"scenario\", expected an object with \"scenario\"");
-  EXPECT_EQ(faultIn(R"({"scenario":2})"),
+  EXPECT_EQ(faultInText(R"({"scenario":2})"),
             "/scenario: found the number 2, expected 1, the scenario version");
-  EXPECT_EQ(faultIn(R"({"scenario":1,"device":{"power":"on"}})"),
+  EXPECT_EQ(faultInText(R"({"scenario":1,"device":{"power":"on"}})"),
             "/device/power: found the text \"on\", expected true or false");
-  EXPECT_EQ(faultIn(R"({"scenario":1,"answers":{"PingLAN":[{},{"times":0}]}})"),
+  EXPECT_EQ(faultInText(R"({"scenario":1,"answers":{"PingLAN":[{},{"times":0}]}})"),
             "/answers/PingLAN/1/times: found the number 0, expected an integer from 1 to "
             "9223372036854775807");
-  EXPECT_EQ(faultIn(R"({"scenario":1,"answers":{"PingLAN":[{"delay":-1}]}})"),
+  EXPECT_EQ(faultInText(R"({"scenario":1,"answers":{"PingLAN":[{"delay":-1}]}})"),
             "/answers/PingLAN/0/delay: found the number -1, expected a number from 0 to 1000000");
-  EXPECT_EQ(faultIn(R"({"scenario":1,"answers":{"PingLAN":[{"result":true,"results":[]}]}})"),
+  EXPECT_EQ(faultInText(R"({"scenario":1,"answers":{"PingLAN":[{"result":true,"results":[]}]}})"),
             "/answers/PingLAN/0: found \"results\" beside the fields of a result, expected one or "
             "the other");
-  EXPECT_EQ(faultIn(R"({"scenario":1,"user":[{"wait":1,"tapNext":true}]})"),
+  EXPECT_EQ(faultInText(R"({"scenario":1,"user":[{"wait":1,"tapNext":true}]})"),
             "/user/0: found a step with 2 actions, expected a step with one action");
-  EXPECT_EQ(faultIn(R"({"scenario":1,"user":[{"tapNext":false}]})"),
+  EXPECT_EQ(faultInText(R"({"scenario":1,"user":[{"tapNext":false}]})"),
             "/user/0/tapNext: found false, expected true");
 }
 
 TEST(ScenarioReader, NamesAMisspeltAction) {
-  EXPECT_EQ(faultIn(R"({"scenario":1,"user":[{"tapnext":true}]})")
+  EXPECT_EQ(faultInText(R"({"scenario":1,"user":[{"tapnext":true}]})")
                 .find("/user/0/tapnext: found an "
                       "unknown field"),
             0U);
-  EXPECT_EQ(faultIn(R"({"scenario":1,"user":[{"duringTest":"PingLAN"}]})"),
+  EXPECT_EQ(faultInText(R"({"scenario":1,"user":[{"duringTest":"PingLAN"}]})"),
             "/user/0: found a step with 0 actions, expected a step with one action");
 }
 
 TEST(ScenarioReader, ShowsADoubleAsOne) {
-  EXPECT_EQ(faultIn(R"({"scenario":1.0})"),
+  EXPECT_EQ(faultInText(R"({"scenario":1.0})"),
             "/scenario: found the number 1.0, expected 1, the scenario version");
 }
 
 TEST(ScenarioReader, EscapesTheFieldsOfAPlaceAsJsonPointersDo) {
-  EXPECT_EQ(faultIn(R"({"scenario":1,"answers":{"a/b~c":[]}})")
+  EXPECT_EQ(faultInText(R"({"scenario":1,"answers":{"a/b~c":[]}})")
                 .find("/answers/a~1b~0c: found an "
                       "unknown field"),
             0U);

@@ -6,22 +6,12 @@
 #include "host/ExplainCommand.h"
 #include "host/TestsCommand.h"
 #include "platform/Text.h"
+#include "support/TextParts.h"
 #include "tests/Catalogue.h"
 #include "tests/Findings.h"
 
 namespace wifi_profile {
 namespace {
-
-std::vector<std::string> linesOf(const std::string& text) {
-  std::istringstream stream(text);
-  std::vector<std::string> lines;
-  for (std::string line; std::getline(stream, line);) lines.push_back(line);
-  return lines;
-}
-
-bool contains(const std::string& text, std::string_view part) {
-  return text.find(part) != std::string::npos;
-}
 
 TEST(TestsCommand, ListsEveryTestWithItsLabelAndKeys) {
   const std::string table = testsText();

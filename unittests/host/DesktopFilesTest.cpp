@@ -7,6 +7,8 @@
 #include <sstream>
 #include <string>
 
+#include "support/TextParts.h"
+
 namespace wifi_profile {
 namespace {
 
@@ -31,10 +33,6 @@ std::map<std::string, std::string> desktopEntry() {
     if (equals != std::string::npos) entry[line.substr(0, equals)] = line.substr(equals + 1);
   }
   return entry;
-}
-
-bool contains(const std::string& whole, const std::string& part) {
-  return whole.find(part) != std::string::npos;
 }
 
 TEST(DesktopFiles, NameTheSameIconEntryAndProgram) {

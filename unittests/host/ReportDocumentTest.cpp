@@ -316,8 +316,8 @@ TEST_F(ReportDocument, HoldsNothingThatATerminalWouldActOn) {
   log(hostile);
   const Texts texts = textsOf(document());
   for (const std::string& shown : texts) EXPECT_EQ(shown, safeText(shown));
-  EXPECT_THAT(texts, testing::Contains("Current network: a\\u{1B}[2J\\u{D}\\u{A}\\u{7}"
-                                       "\\u{9B}\\u{202E}\\xFF"));
+  EXPECT_THAT(texts, ::testing::Contains("Current network: a\\u{1B}[2J\\u{D}\\u{A}\\u{7}"
+                                         "\\u{9B}\\u{202E}\\xFF"));
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 
 namespace wifi_profile {
 
-class ReportFixture : public testing::Test {
+class ReportFixture : public ::testing::Test {
  protected:
   static ObjectRef yes() { return Number::withBool(true); }
   static ObjectRef no() { return Number::withBool(false); }

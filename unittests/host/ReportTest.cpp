@@ -10,6 +10,7 @@
 #include "platform/Array.h"
 #include "platform/Number.h"
 #include "runtime/SafeText.h"
+#include "support/TextParts.h"
 #include "tests/Batches.h"
 #include "tests/Catalogue.h"
 
@@ -24,10 +25,6 @@ class Report : public ReportFixture {
  protected:
   std::string report(bool color = false) const { return reportText(document(), {color}); }
 };
-
-bool contains(const std::string& whole, std::string_view part) {
-  return whole.find(part) != std::string::npos;
-}
 
 std::size_t timesIn(const std::string& whole, std::string_view part) {
   std::size_t times = 0;

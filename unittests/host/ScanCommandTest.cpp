@@ -8,6 +8,7 @@
 
 #include "host/ScanCommand.h"
 #include "host/ScanRows.h"
+#include "support/TextParts.h"
 
 namespace wifi_profile {
 namespace {
@@ -37,13 +38,6 @@ std::vector<std::string> endsOf(const std::vector<ScanRow>& rows) {
   std::vector<std::string> ends;
   for (const ScanRow& row : rows) ends.push_back(row.accessPoint->bssid.substr(15));
   return ends;
-}
-
-std::vector<std::string> linesOf(const std::string& text) {
-  std::istringstream stream(text);
-  std::vector<std::string> lines;
-  for (std::string line; std::getline(stream, line);) lines.push_back(line);
-  return lines;
 }
 
 TEST(ScanRows, AreTheStrongestOfEachName) {

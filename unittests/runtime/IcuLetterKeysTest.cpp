@@ -28,7 +28,7 @@ std::string utf8(const icu::UnicodeString& name) {
   return name.toUTF8String(text);
 }
 
-std::string keyOf(const IcuLetterKeys& keys, const icu::UnicodeString& name) {
+std::string letterKeyOf(const IcuLetterKeys& keys, const icu::UnicodeString& name) {
   std::string key;
   if (!keys.append(utf8(name), key)) keys.append(name.getBuffer(), name.length(), key);
   return key;
@@ -36,7 +36,7 @@ std::string keyOf(const IcuLetterKeys& keys, const icu::UnicodeString& name) {
 
 // Short names of few letters at a time, so that they meet: out of all that may be in the table, and
 // a few that are not.
-std::vector<icu::UnicodeString> randomNames(std::size_t count) {
+std::vector<icu::UnicodeString> randomWords(std::size_t count) {
   std::mt19937 random(5);
   std::vector<char16_t> letters;
   std::vector<icu::UnicodeString> names(count);
@@ -51,10 +51,10 @@ std::vector<icu::UnicodeString> randomNames(std::size_t count) {
   return names;
 }
 
-int sign(int number) { return (number > 0) - (number < 0); }
+int signOf(int number) { return (number > 0) - (number < 0); }
 
 TEST(IcuLetterKeys, AreInTheOrderOfTheCollator) {
-  const auto names = randomNames(8000);
+  const auto names = randomWords(8000);
   for (const char* language : {"en", "cs", "cy", "da", "de", "es", "fr", "hu", "lt", "nb", "nl",
                                "pl", "sk", "sv", "tr", "vi"}) {
     const Collator collator = collatorOf(language);
@@ -65,7 +65,7 @@ TEST(IcuLetterKeys, AreInTheOrderOfTheCollator) {
       const auto& other = names[i / 40 * 40 + i * 7 % 40];
       const int expected = ucol_strcoll(collator.get(), one.getBuffer(), one.length(),
                                         other.getBuffer(), other.length());
-      ASSERT_EQ(sign(keyOf(keys, one).compare(keyOf(keys, other))), expected)
+      ASSERT_EQ(signOf(letterKeyOf(keys, one).compare(letterKeyOf(keys, other))), expected)
           << language << ": '" << utf8(one) << "', '" << utf8(other) << "'";
     }
   }

@@ -8,7 +8,13 @@
 #include <utility>
 #include <vector>
 
+#include "platform/Text.h"
+
 namespace wifi_profile::simulation {
+
+inline std::string quoted(const TextRef& text) {
+  return text ? "\"" + text->string() + "\"" : "none";
+}
 
 // Any thread. A history that is not kept remembers violations only.
 class History {

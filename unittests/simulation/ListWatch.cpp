@@ -12,11 +12,9 @@ bool holds(const NetworkList& list, const ScanResultRef& network) {
   return std::find(list.begin(), list.end(), network) != list.end();
 }
 
-std::string textOf(const TextRef& name) { return name ? "\"" + name->string() + "\"" : "none"; }
-
 std::string textOf(const NetworkList& list) {
   std::string text;
-  for (const ScanResultRef& network : list) text += " " + textOf(network->ssidString());
+  for (const ScanResultRef& network : list) text += " " + quoted(network->ssidString());
   return text;
 }
 
@@ -60,7 +58,7 @@ void ListWatch::check(const WiFiProfileViewController& controller, bool mayBeFir
     history_.require(common(*list, *listBefore) == common(*listBefore, *list),
                      [] { return "a network of the list moved although nothing was scanned"; });
   }
-  history_.note([&] { return "list:" + textOf(*list) + "; selected: " + textOf(selectedName_); });
+  history_.note([&] { return "list:" + textOf(*list) + "; selected: " + quoted(selectedName_); });
   checkOrder(*list);
   checkLists(*list, *dictionary);
 }

@@ -16,9 +16,7 @@ DiagnosticsTestResults resultOf(bool didPass, DictionaryRef info) {
       DiagnosticsTestResult{.result = didPass, .didPass = didPass, .info = std::move(info)})}};
 }
 
-std::string textOf(const TextRef& text) { return text ? "\"" + text->string() + "\"" : "none"; }
-
-std::string textOf(const ArrayRef& heard) {
+std::string namesIn(const ArrayRef& heard) {
   std::string text;
   for (const ObjectRef& element : heard->elements()) {
     const auto result = as<VqWiFiScanResult>(element);
@@ -26,7 +24,7 @@ std::string textOf(const ArrayRef& heard) {
       text += " (no result)";
       continue;
     }
-    text += " " + textOf(result->ssidString());
+    text += " " + quoted(result->ssidString());
     text += "@" + (result->bssid() ? result->bssid()->string().substr(15) : "none");
     text += " " + std::to_string(result->rssi());
   }
@@ -91,7 +89,7 @@ DiagnosticsTestResults SimulatedService::scanResults() {
     }
   }
   const ArrayRef heard = world_.scan();
-  history_.note([&] { return "service: a scan hears" + textOf(heard); });
+  history_.note([&] { return "service: a scan hears" + namesIn(heard); });
   return resultOf(true, makeDictionary({{"ScanResults", heard}}));
 }
 
@@ -138,8 +136,8 @@ std::shared_ptr<const VqStatus> SimulatedService::queryStatusForPeer(const VqPee
   const VqStatus status = world_.status();
   history_.note([&] {
     if (!status.wifi) return std::string("service: status without a Wi-Fi part");
-    return "service: joined to " + textOf(status.wifi->ssidString) + " at " +
-           textOf(status.wifi->bssid);
+    return "service: joined to " + quoted(status.wifi->ssidString) + " at " +
+           quoted(status.wifi->bssid);
   });
   return std::make_shared<const VqStatus>(status);
 }

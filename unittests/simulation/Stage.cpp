@@ -54,7 +54,7 @@ std::shared_ptr<WiFiProfileInputs> makeInputs(const World& world) {
 }
 
 const std::set<std::int32_t> kTestsOfRuns = {11, 27, 40, 56};
-const std::atomic<bool> kNever = false;
+const std::atomic<bool> kNeverStopped = false;
 constexpr int kMostStepsToTheEnd = 12;
 
 }  // namespace
@@ -169,7 +169,7 @@ void Stage::start() {
 // On a thread of its own, so that it waits like everybody else.
 void Stage::takeSteps() {
   for (std::size_t i = 0; i < world_.steps; ++i) {
-    loop_.pause(world_.someTime(1500), kNever);
+    loop_.pause(world_.someTime(1500), kNeverStopped);
     queues_->postToMain([this] { takeStep(); });
     if (world_.random.oneIn(2)) loop_.waitForMain();
   }

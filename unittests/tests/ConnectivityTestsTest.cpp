@@ -11,7 +11,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
 class ConnectivityTests : public DiagnosticFixture {
  protected:
@@ -78,7 +78,7 @@ TEST_F(Pings, OfTheWideAreaGoUnderAKeyOfTheirOwn) {
 TEST_F(Pings, StoreNaNOfThreeMeasuresAsNullAndOfTheExtremesAsItIs) {
   for (double* measure :
        {&record->packetLoss, &record->min, &record->max, &record->avg, &record->stddev}) {
-    *measure = kNaN;
+    *measure = kNotANumber;
   }
   const DictionaryRef made = summary();
   EXPECT_THAT(made->objectForKey("packetLoss"), isNull());
@@ -117,7 +117,7 @@ TEST_F(Pings, TellTheirTimeInSecondsAfterTheReferenceDate) {
 }
 
 TEST_F(Pings, StoreNullForATimeThatHasNoText) {
-  for (const double time : {kNaN, std::numeric_limits<double>::infinity(), 1e300, -1e300}) {
+  for (const double time : {kNotANumber, std::numeric_limits<double>::infinity(), 1e300, -1e300}) {
     record->timestamp = time;
     const DictionaryRef made = summary();
     EXPECT_THAT(made->objectForKey("timestamp"), isNull()) << time;

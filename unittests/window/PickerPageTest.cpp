@@ -12,12 +12,12 @@
 namespace wifi_profile::testing {
 namespace {
 
-struct Case {
+struct PlaceCase {
   QSize size;
   double inset;  // of the rows' background: 16, or more so that the list is 640 wide at most
 };
 
-class PickerPlaces : public PageFixture, public ::testing::WithParamInterface<Case> {
+class PickerPlaces : public PageFixture, public ::testing::WithParamInterface<PlaceCase> {
  protected:
   PickerPlaces() : PageFixture("en", GetParam().size) { joinTo("Home"); }
 
@@ -99,8 +99,8 @@ TEST_P(PickerPlaces, OfTheSpinnerIsBesideItsLabel) {
 }
 
 INSTANTIATE_TEST_SUITE_P(At, PickerPlaces,
-                         ::testing::Values(Case{{360, 640}, 16}, Case{{768, 1024}, 64},
-                                           Case{{1200, 800}, 280}),
+                         ::testing::Values(PlaceCase{{360, 640}, 16}, PlaceCase{{768, 1024}, 64},
+                                           PlaceCase{{1200, 800}, 280}),
                          [](const auto& test) {
                            return std::to_string(test.param.size.width()) + "x" +
                                   std::to_string(test.param.size.height());

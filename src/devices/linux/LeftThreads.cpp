@@ -8,7 +8,7 @@
 namespace wifi_profile::machine {
 namespace {
 
-std::atomic<bool> left = false;
+std::atomic<bool> someAreLeft = false;
 
 }  // namespace
 
@@ -18,9 +18,9 @@ void leaveBehind(std::thread thread) {
   static auto* const kThreads = new std::vector<std::thread>;
   const std::lock_guard lock(mutex);
   kThreads->push_back(std::move(thread));
-  left = true;
+  someAreLeft = true;
 }
 
-bool anyLeftBehind() { return left; }
+bool anyLeftBehind() { return someAreLeft; }
 
 }  // namespace wifi_profile::machine

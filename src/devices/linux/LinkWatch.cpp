@@ -17,7 +17,7 @@ constexpr FactSet kOfLink{Fact::link,         Fact::addresses, Fact::activeProfi
                           Fact::routerOutside};
 
 constexpr std::size_t kLongestName = 64;  // bytes in a sentence
-constexpr std::chrono::milliseconds kNameLimit{200};
+constexpr std::chrono::milliseconds kLookUpLimit{200};
 
 }  // namespace
 
@@ -34,7 +34,7 @@ void LinkWatch::setNetwork(const std::string& name) {
 std::optional<checks::Unknown> LinkWatch::change(const Patience& patience) {
   const std::lock_guard lock(mutex_);
   if (!change_ && kernel_.tookLoss(interface_)) {
-    change_ = linkChanged(network_, kernel_.link(interface_, patience.atMost(kNameLimit)));
+    change_ = linkChanged(network_, kernel_.link(interface_, patience.atMost(kLookUpLimit)));
   }
   return change_;
 }

@@ -12,7 +12,7 @@
 namespace wifi_profile::machine {
 namespace {
 
-constexpr std::chrono::seconds kManagerLimit{5};
+constexpr std::chrono::seconds kSwitchLimit{5};
 // The watching thread looks up this often even without news.
 constexpr std::chrono::hours kLongWait{1};
 
@@ -31,7 +31,7 @@ LinuxRadio::LinuxRadio(std::string interface, std::shared_ptr<Bus> systemBus, Tr
     on_ = *bySwitches;  // as they are now, even if there will be no news of them
   } else {
     const auto byManager =
-        ConnectionManager(*bus_).isRadioOn(interface_, {Clock::now() + kManagerLimit, ended_});
+        ConnectionManager(*bus_).isRadioOn(interface_, {Clock::now() + kSwitchLimit, ended_});
     on_ = !byManager || *byManager;
   }
 }
@@ -81,7 +81,7 @@ void LinuxRadio::switchPower(bool on) {
 // manager agrees also where only hands can: then the switches have the reason.
 void LinuxRadio::switchOn() {
   const auto byManager =
-      ConnectionManager(*bus_).setRadioOn(interface_, true, {Clock::now() + kManagerLimit, ended_});
+      ConnectionManager(*bus_).setRadioOn(interface_, true, {Clock::now() + kSwitchLimit, ended_});
   Rfkill switches = rfkill_.another();
   auto why = switches.open();
   if (!byManager && !switches.isHardBlocked()) {

@@ -16,7 +16,7 @@ using checks::Unknown;
 using std::chrono::milliseconds;
 
 // The kernel knows its interfaces at once.
-constexpr milliseconds kKernelLimit{3'000};
+constexpr milliseconds kInterfacesLimit{3'000};
 // Of a manager that is asked for its last scan or its list: a new scan has most of the time.
 constexpr milliseconds kManagerLimit{2'000};
 // How long to wait before a manager is asked again for a scan that it found too soon.
@@ -44,7 +44,7 @@ Unknown noInterface(const std::string& name) {
 std::variant<std::shared_ptr<Machine>, Unknown> Machine::open(const std::string& interface) {
   const Cancellation nobody;
   Nl80211 kernel;
-  const auto all = kernel.interfaces({Clock::now() + kKernelLimit, nobody});
+  const auto all = kernel.interfaces({Clock::now() + kInterfacesLimit, nobody});
   if (!all) return all.why();
   const auto found = std::find_if(all->begin(), all->end(), [&](const WifiInterface& one) {
     return interface.empty() ? !one.name.empty() : one.name == interface;

@@ -40,9 +40,9 @@ checks::NameResolution readNameResolution(const ValueReader& value) {
 }
 
 checks::PortalProbe readPortalProbe(const ValueReader& value) {
-  using Answer = checks::PortalProbe::Answer;
-  static constexpr std::pair<std::string_view, Answer> kChoices[]{
-      {"open", Answer::open}, {"portal", Answer::portal}, {"noAnswer", Answer::noAnswer}};
+  using enum checks::PortalProbe::Answer;
+  static constexpr std::pair<std::string_view, checks::PortalProbe::Answer> kChoices[]{
+      {"open", open}, {"portal", portal}, {"noAnswer", noAnswer}};
   checks::PortalProbe probe;
   value.object([&](FieldsReader& fields) {
     fields.require("answer",

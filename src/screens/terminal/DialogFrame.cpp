@@ -5,7 +5,7 @@
 namespace wifi_profile {
 namespace {
 
-constexpr int kWidest = 60;
+constexpr int kWidestDialog = 60;
 constexpr int kFieldColumns = 32;  // as long as the longest name of a network
 
 struct Box {
@@ -124,7 +124,7 @@ void putDialog(Frame& frame, const Look& look, const Dialog& dialog) {
   int columns = 0;
   std::vector<Glyphs> text;
   for (;; bordered = false, sides = 0) {
-    const int room = std::min(look.extent.columns - sides, kWidest);
+    const int room = std::min(look.extent.columns - sides, kWidestDialog);
     columns = std::max({widthOf(message), fieldColumns(look, dialog),
                         buttonsOf(look, dialog, look.extent.columns).columns, 2});
     columns = std::min(columns, room);

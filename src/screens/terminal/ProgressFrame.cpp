@@ -6,7 +6,7 @@
 namespace wifi_profile {
 namespace {
 
-constexpr int kWidest = 60;
+constexpr int kWidestBar = 60;
 
 struct Line {
   enum class Kind { text, bar, blank };
@@ -85,7 +85,7 @@ void shorten(std::vector<Line>& lines, std::size_t messageCount, std::size_t mos
 }  // namespace
 
 void putProgress(Frame& frame, const Look& look, const Content& content, const TestsDone& tests) {
-  const int columns = std::min(look.extent.columns - 2, kWidest);
+  const int columns = std::min(look.extent.columns - 2, kWidestBar);
   const int height = bodyLines(look.extent);
   std::vector<Line> lines;
   if (content.label) lines = messageLines(look, *content.label, columns);

@@ -27,7 +27,7 @@ Armed armed;
 std::atomic<int> armedTerminal = -1;
 static_assert(std::atomic<int>::is_always_lock_free);
 
-std::array<struct sigaction, kDeadly.size()> before;
+std::array<struct sigaction, kDeadly.size()> actionsBefore;
 std::terminate_handler terminateBefore = nullptr;
 
 // A crash for lack of stack needs another one.
@@ -41,7 +41,7 @@ void crashed(int signal, siginfo_t* info, void* /*context*/) {
   const int error = errno;
   restoreTerminalNow();
   const auto place = std::find(kDeadly.begin(), kDeadly.end(), signal);
-  sigaction(signal, &before[static_cast<std::size_t>(place - kDeadly.begin())], nullptr);
+  sigaction(signal, &actionsBefore[static_cast<std::size_t>(place - kDeadly.begin())], nullptr);
   errno = error;
   // A fault happens again at once; what another process sent does not.
   if (!isFault(signal) || info->si_code <= 0) raise(signal);
@@ -84,8 +84,8 @@ CrashGuard::CrashGuard() {
     sigaltstack(&stack, nullptr);
   }
   for (std::size_t i = 0; i < kDeadly.size(); ++i) {
-    sigaction(kDeadly[i], nullptr, &before[i]);
-    if (before[i].sa_handler == SIG_IGN) continue;
+    sigaction(kDeadly[i], nullptr, &actionsBefore[i]);
+    if (actionsBefore[i].sa_handler == SIG_IGN) continue;
     struct sigaction action {};
     action.sa_sigaction = crashed;
     action.sa_flags = SA_SIGINFO | SA_ONSTACK;
@@ -96,7 +96,8 @@ CrashGuard::CrashGuard() {
 
 CrashGuard::~CrashGuard() {
   std::set_terminate(terminateBefore);
-  for (std::size_t i = 0; i < kDeadly.size(); ++i) sigaction(kDeadly[i], &before[i], nullptr);
+  for (std::size_t i = 0; i < kDeadly.size(); ++i)
+    sigaction(kDeadly[i], &actionsBefore[i], nullptr);
 }
 
 }  // namespace wifi_profile

@@ -17,7 +17,7 @@ constexpr double kWidestList = 640;
 
 QString shown(const std::string& text) { return QString::fromStdString(safeText(text)); }
 
-QRectF rectangle(const toolkit::Rect& rect) {
+QRectF frameIn(const toolkit::Rect& rect) {
   return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height};
 }
 
@@ -83,7 +83,7 @@ void WindowModel::sync() {
   if (!controller_) return;
   const toolkit::View& view = *controller_->view();
   const Content content = contentOf(view);
-  if (content.bar) barFrame_ = rectangle(content.bar->frame());
+  if (content.bar) barFrame_ = frameIn(content.bar->frame());
   title_ = content.item ? shown(content.item->title()) : QString();
   const auto button = nextButton();
   nextTitle_ = button ? shown(button->title()) : QString();
@@ -111,12 +111,12 @@ void WindowModel::syncProgress(const toolkit::View& view) {
   const Content content = contentOf(view);
   if (content.label) {
     progressText_ = content.label->text ? shown(content.label->text->string()) : QString();
-    progressTextFrame_ = rectangle(content.label->frame());
+    progressTextFrame_ = frameIn(content.label->frame());
     progressTextSize_ = content.label->systemFontSize;
     progressTextLines_ = content.label->numberOfLines;
   }
   if (content.progress) {
-    progressBarFrame_ = rectangle(content.progress->frame());
+    progressBarFrame_ = frameIn(content.progress->frame());
     progress_ = std::clamp(static_cast<double>(content.progress->progress()), 0.0, 1.0);
   }
 }

@@ -9,7 +9,7 @@
 namespace wifi_profile::machine {
 namespace {
 
-using Role = checks::RadioInterface::Role;
+using InterfaceRole = checks::RadioInterface::Role;
 
 const Octets kAddress{2, 0, 0, 0, 1, 0};
 
@@ -17,7 +17,7 @@ WifiInterface wlan0() {
   WifiInterface interface;
   interface.name = "wlan0";
   interface.index = 4;
-  interface.role = Role::station;
+  interface.role = InterfaceRole::station;
   interface.ssid = "Home";
   interface.frequency = 2437;
   return interface;
@@ -35,7 +35,7 @@ std::optional<WifiInterface> readInterface(const Octets& bytes) {
   return interfaceOf(Attributes(bytes));
 }
 
-WifiInterface interfaceLike(Role role, int index, std::optional<int> frequency) {
+WifiInterface interfaceLike(InterfaceRole role, int index, std::optional<int> frequency) {
   WifiInterface interface;
   interface.role = role;
   interface.index = index;
@@ -56,7 +56,7 @@ TEST(WifiInterfaces, AreReadWhole) {
   WifiInterface expected = wlan0();
   expected.wiphy = 2;
   expected.mac = "02:00:00:00:01:00";
-  expected.role = Role::station;
+  expected.role = InterfaceRole::station;
   EXPECT_EQ(*read, expected);
 }
 
@@ -65,9 +65,9 @@ TEST(WifiInterfaces, OfPeersWithoutAChannelAreNoPeerLinks) {
                                    NL80211_IFTYPE_P2P_CLIENT, NL80211_IFTYPE_P2P_GO}) {
     const Octets down = numberAttribute(NL80211_ATTR_WIPHY, std::uint32_t{2}) +
                         numberAttribute(NL80211_ATTR_IFTYPE, type);
-    EXPECT_EQ(readInterface(down)->role, Role::other);
+    EXPECT_EQ(readInterface(down)->role, InterfaceRole::other);
     const Octets channel = numberAttribute(NL80211_ATTR_WIPHY_FREQ, std::uint32_t{2437});
-    EXPECT_EQ(readInterface(down + channel)->role, Role::peerLink);
+    EXPECT_EQ(readInterface(down + channel)->role, InterfaceRole::peerLink);
   }
 }
 
@@ -82,9 +82,10 @@ TEST(WifiInterfaces, HaveNoNameLongerThanTheStandards) {
 }
 
 TEST(WifiInterfaces, JoinedStationsComeFirst) {
-  std::vector<WifiInterface> interfaces{
-      interfaceLike(Role::accessPoint, 1, 2412), interfaceLike(Role::station, 2, {}),
-      interfaceLike(Role::station, 5, 2437), interfaceLike(Role::station, 4, 5180)};
+  std::vector<WifiInterface> interfaces{interfaceLike(InterfaceRole::accessPoint, 1, 2412),
+                                        interfaceLike(InterfaceRole::station, 2, {}),
+                                        interfaceLike(InterfaceRole::station, 5, 2437),
+                                        interfaceLike(InterfaceRole::station, 4, 5180)};
   sortForUse(interfaces);
   std::vector<int> order;
   for (const auto& one : interfaces) order.push_back(one.index);
@@ -131,7 +132,7 @@ TEST(StationEntry, OfADirectLinkIsNotTheAccessPoint) {
 
 TEST(Link, OfAnAccessPointsGuestIsNone) {
   WifiInterface interface = wlan0();
-  interface.role = Role::accessPoint;
+  interface.role = InterfaceRole::accessPoint;
   EXPECT_FALSE(linkOf(interface, StationEntry{.address = "02:00:00:00:01:00"}, {}));
 }
 

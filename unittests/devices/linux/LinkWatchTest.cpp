@@ -11,7 +11,7 @@ using checks::Link;
 using checks::Reason;
 using checks::Unknown;
 
-constexpr std::chrono::milliseconds kAmple{60'000};
+constexpr std::chrono::milliseconds kTaskLimit{60'000};
 const Unknown kLost{Reason::linkChanged, "The link was lost."};
 
 TEST(LinkChanged, SaysThatTheLinkWasLost) {
@@ -41,7 +41,7 @@ class BoundToLink : public testing::Test {
     Errand errand{.name = "errand",
                   .gives = gives,
                   .after = {},
-                  .limit = kAmple,
+                  .limit = kTaskLimit,
                   .run = [this](const Facts&, const Patience&) -> Found {
                     ++runs_;
                     return [](Facts& facts) {
@@ -54,7 +54,7 @@ class BoundToLink : public testing::Test {
     std::size_t asked = 0;
     const Errand bound = boundToLink(errand, [&](const Patience&) { return changes.at(asked++); });
     Facts facts;
-    bound.run({}, {Clock::now() + kAmple, cancellation_})(facts);
+    bound.run({}, {Clock::now() + kTaskLimit, cancellation_})(facts);
     return facts;
   }
 

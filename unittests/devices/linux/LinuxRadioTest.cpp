@@ -15,6 +15,7 @@
 #include "devices/linux/Lines.h"
 #include "devices/linux/LinuxRadio.h"
 #include "devices/linux/NetlinkBytes.h"
+#include "devices/linux/NoTrace.h"
 #include "devices/linux/bus/BusFixture.h"
 #include "platform/DiagnosticLog.h"
 #include "runtime/ThreadRunLoop.h"
@@ -25,15 +26,11 @@ namespace {
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 
-constexpr std::chrono::seconds kLongest{20};
+constexpr std::chrono::seconds kLongestWait{20};
 // Longer than a name of an interface can be, so that no machine has it: it is only in the folder.
-constexpr const char* kInterface = "wlan-of-a-test-only";
+constexpr const char* kRadioName = "wlan-of-a-test-only";
 
-struct NoTrace final : Trace {
-  void event(std::string_view /*name*/, const Fields& /*fields*/) override {}
-};
-
-Octets event(std::uint8_t operation, bool soft = false) {
+Octets switchEvent(std::uint8_t operation, bool soft = false) {
   rfkill_event made{};
   made.idx = 3;
   made.type = RFKILL_TYPE_WLAN;
@@ -61,7 +58,7 @@ class LinuxRadioTest : public testing::Test {
   }
 
   std::string device() const { return (folder_ / "device").string(); }
-  fs::path switchFolder() const { return folder_ / kInterface / "phy80211" / "rfkill3"; }
+  fs::path switchFolder() const { return folder_ / kRadioName / "phy80211" / "rfkill3"; }
   void setSwitch(bool blocked, bool byHand = false) const {
     std::ofstream(switchFolder() / "soft") << (blocked ? "1\n" : "0\n");
     std::ofstream(switchFolder() / "hard") << (byHand ? "1\n" : "0\n");
@@ -72,8 +69,8 @@ class LinuxRadioTest : public testing::Test {
   }
 
   void make(const std::string& bus = "unix:path=/nonexistent/socket") {
-    radio_ = std::make_shared<LinuxRadio>(kInterface, Bus::at(bus), trace_,
-                                          Rfkill(kInterface, device(), folder_.string()));
+    radio_ = std::make_shared<LinuxRadio>(kRadioName, Bus::at(bus), trace_,
+                                          Rfkill(kRadioName, device(), folder_.string()));
     manager_ = radio_->createClient(0);
   }
   // The one device, with a callback that counts the notifications that came on the main thread.
@@ -93,7 +90,7 @@ class LinuxRadioTest : public testing::Test {
   // Lets the main thread work until something is as it should be.
   template <class Condition>
   bool comes(Condition condition) {
-    const auto deadline = Clock::now() + kLongest;
+    const auto deadline = Clock::now() + kLongestWait;
     while (Clock::now() < deadline) {
       loop_.runUntilIdle();
       if (condition()) return true;
@@ -124,7 +121,7 @@ TEST_F(LinuxRadioTest, IsAsItsSwitchSays) {
   setSwitch(true);
   make();
   EXPECT_FALSE(isOn());
-  happens(event(RFKILL_OP_ADD, false));  // newer than the files
+  happens(switchEvent(RFKILL_OP_ADD, false));  // newer than the files
   make();
   EXPECT_TRUE(isOn());
 }
@@ -146,7 +143,7 @@ TEST_F(LinuxRadioTest, WithoutASwitchOrAManagerIsOn) {
 }
 
 TEST_F(LinuxRadioTest, ThatIsGoneIsOff) {
-  fs::remove_all(folder_ / kInterface);
+  fs::remove_all(folder_ / kRadioName);
   make();
   EXPECT_FALSE(isOn());
 }
@@ -154,10 +151,10 @@ TEST_F(LinuxRadioTest, ThatIsGoneIsOff) {
 TEST_F(LinuxRadioTest, TellsOfAChangeOnTheMainThread) {
   make();
   listen();
-  happens(event(RFKILL_OP_CHANGE, true));
+  happens(switchEvent(RFKILL_OP_CHANGE, true));
   EXPECT_TRUE(comes([&] { return *notifications_ == 1; }));
   EXPECT_FALSE(isOn());
-  happens(event(RFKILL_OP_CHANGE, false));
+  happens(switchEvent(RFKILL_OP_CHANGE, false));
   EXPECT_TRUE(comes([&] { return *notifications_ == 2; }));
   EXPECT_TRUE(isOn());
 }
@@ -165,7 +162,7 @@ TEST_F(LinuxRadioTest, TellsOfAChangeOnTheMainThread) {
 TEST_F(LinuxRadioTest, IsOffWhenItWasTakenOut) {
   make();
   listen();
-  happens(event(RFKILL_OP_DEL));
+  happens(switchEvent(RFKILL_OP_DEL));
   EXPECT_TRUE(comes([&] { return *notifications_ == 1; }));
   EXPECT_FALSE(isOn());
 }
@@ -174,7 +171,7 @@ TEST_F(LinuxRadioTest, TellsNobodyAfterTheRelease) {
   make();
   listen();
   radio_->release(device_);
-  happens(event(RFKILL_OP_CHANGE, true));
+  happens(switchEvent(RFKILL_OP_CHANGE, true));
   EXPECT_TRUE(comes([&] { return !isOn(); })) << "the news came";
   loop_.runUntilIdle();
   EXPECT_EQ(*notifications_, 0);
@@ -184,7 +181,7 @@ TEST_F(LinuxRadioTest, SaysWhyItCouldNotBeSwitchedOn) {
   setSwitch(true);
   make();
   listen();
-  fs::remove_all(folder_ / kInterface);
+  fs::remove_all(folder_ / kRadioName);
   radio_->setPower(manager_, 1);
   ASSERT_TRUE(comes([&] { return !log_->lines().empty(); }));
   EXPECT_THAT(log_->lines().front(), HasSubstr("0 error Wi-Fi could not be switched on. "));
@@ -276,7 +273,7 @@ TEST_F(ManagedLinuxRadioTest, LeavesTheNewsToTheSwitchWhereItTells) {
   radio_->setPower(manager_, 1);
   ASSERT_TRUE(comes([&] { return enabled.load(); }));
   EXPECT_FALSE(isOn()) << "the manager agreed, and nothing has happened yet";
-  happens(event(RFKILL_OP_CHANGE, false));
+  happens(switchEvent(RFKILL_OP_CHANGE, false));
   EXPECT_TRUE(comes([&] { return *notifications_ == 1; }));
   EXPECT_TRUE(isOn());
 }

@@ -7,6 +7,8 @@
 
 #include "devices/linux/Lines.h"
 #include "devices/linux/LinuxService.h"
+#include "devices/linux/NoDescriptors.h"
+#include "devices/linux/NoTrace.h"
 #include "devices/linux/ReachErrands.h"
 #include "platform/Array.h"
 #include "platform/Number.h"
@@ -19,10 +21,6 @@ using checks::Fact;
 using checks::Facts;
 using checks::Reason;
 using checks::Unknown;
-
-struct NoTrace final : Trace {
-  void event(std::string_view /*name*/, const Fields& /*fields*/) override {}
-};
 
 // Facts that are known at once, or never.
 class Finder final : public FactFinder {
@@ -219,21 +217,6 @@ TEST_F(LinuxServiceTest, TakesAnAgeThatIsNoTimeForNone) {
 }
 
 // While it lives, no descriptor can be had.
-class NoDescriptors {
- public:
-  NoDescriptors() {
-    getrlimit(RLIMIT_NOFILE, &before_);
-    const rlimit none{0, before_.rlim_max};
-    setrlimit(RLIMIT_NOFILE, &none);
-  }
-  ~NoDescriptors() { setrlimit(RLIMIT_NOFILE, &before_); }
-  NoDescriptors(const NoDescriptors&) = delete;
-  NoDescriptors& operator=(const NoDescriptors&) = delete;
-
- private:
-  rlimit before_{};
-};
-
 TEST_F(LinuxServiceTest, WithoutDescriptorsAnswersWithErrors) {
   const NoDescriptors none;
   for (const auto test : {DiagnosticsTestID::NoScanResults, DiagnosticsTestID::PoorSignal}) {

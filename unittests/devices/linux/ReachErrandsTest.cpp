@@ -179,7 +179,7 @@ TEST_F(ReachErrands, LogNothingFromTheirThreads) {
 }
 
 // A server of names that gives each the addresses 192.168.0.1 (the house's) and 2001:db8::1.
-std::vector<std::string> addressesOfBoth(const std::string& question) {
+std::vector<std::string> routersAddressesOfBoth(const std::string& question) {
   std::string text = question;
   text[2] = static_cast<char>(0x81);
   text[3] = static_cast<char>(0x80);
@@ -204,7 +204,7 @@ class ReachOfTheInternet : public ReachErrands {
     return facts;
   }
 
-  const UdpServer server_{addressesOfBoth};
+  const UdpServer server_{routersAddressesOfBoth};
   Facts known_;
 };
 
@@ -224,7 +224,7 @@ std::vector<std::string> noSuchName(const std::string& question) {
 }
 
 TEST_F(ReachOfTheInternet, LooksUpANameOfTheSystemsOtherServersToo) {
-  const UdpServer knowing(addressesOfBoth);
+  const UdpServer knowing(routersAddressesOfBoth);
   const UdpServer other(noSuchName);
   const auto lookedUp = [&](const UdpServer& system) {
     const std::string server = "127.0.0.1:" + std::to_string(system.port());

@@ -17,7 +17,7 @@ using std::chrono::seconds;
 using testing::ElementsAre;
 
 const Octets kBssid{2, 0, 0, 0, 0, 0x10};
-constexpr auto kNow = seconds(1000);
+constexpr auto kUptime = seconds(1000);
 
 Octets tim(std::uint8_t period) { return element(kTimId, {0, period, 0, 0}); }
 Octets country(std::string_view code) {
@@ -34,8 +34,12 @@ Octets newest(const Octets& elements) {
 Octets beacon(const Octets& elements) { return attribute(NL80211_BSS_BEACON_IES, elements); }
 Octets answered() { return attribute(NL80211_BSS_PRESP_DATA, Octets()); }
 
-std::optional<ScanEntry> read(const Octets& bytes) { return scanEntryOf(Attributes(bytes), kNow); }
-checks::AccessPoint accessPoint(const Octets& more) { return read(bss(more)).value().accessPoint; }
+std::optional<ScanEntry> entryOf(const Octets& bytes) {
+  return scanEntryOf(Attributes(bytes), kUptime);
+}
+checks::AccessPoint accessPoint(const Octets& more) {
+  return entryOf(bss(more)).value().accessPoint;
+}
 
 ScanEntry entry(std::string bssid, std::optional<milliseconds> age = {}) {
   ScanEntry made;
@@ -53,13 +57,13 @@ std::map<std::string, checks::AccessPoint> byBssid(std::vector<ScanEntry> entrie
 }
 
 TEST(ScanEntry, TellsWhatTheAttributesAndTheElementsSay) {
-  const auto all =
-      read(bss(newest(ssid("Home") + bgRates() + rsn({akm::kPsk}) + country("DE") +
-                      element(kBssLoadId, {9, 0, 230, 0, 0})) +
-               numberAttribute(NL80211_BSS_FREQUENCY, std::uint32_t{2437}) +
-               numberAttribute(NL80211_BSS_BEACON_INTERVAL, std::uint16_t{100}) +
-               numberAttribute(NL80211_BSS_SIGNAL_MBM, std::int32_t{-4500}) +
-               numberAttribute(NL80211_BSS_STATUS, std::uint32_t{NL80211_BSS_STATUS_ASSOCIATED})));
+  const auto all = entryOf(
+      bss(newest(ssid("Home") + bgRates() + rsn({akm::kPsk}) + country("DE") +
+                 element(kBssLoadId, {9, 0, 230, 0, 0})) +
+          numberAttribute(NL80211_BSS_FREQUENCY, std::uint32_t{2437}) +
+          numberAttribute(NL80211_BSS_BEACON_INTERVAL, std::uint16_t{100}) +
+          numberAttribute(NL80211_BSS_SIGNAL_MBM, std::int32_t{-4500}) +
+          numberAttribute(NL80211_BSS_STATUS, std::uint32_t{NL80211_BSS_STATUS_ASSOCIATED})));
   ASSERT_TRUE(all);
   EXPECT_TRUE(all->joined);
   EXPECT_EQ(all->frequency, 2437);
@@ -78,8 +82,8 @@ TEST(ScanEntry, TellsWhatTheAttributesAndTheElementsSay) {
 }
 
 TEST(ScanEntry, WithoutABssidIsNone) {
-  EXPECT_FALSE(read(newest(ssid("Home"))));
-  EXPECT_FALSE(read(bss(newest(ssid("Home")), Octets{1, 2, 3})));
+  EXPECT_FALSE(entryOf(newest(ssid("Home"))));
+  EXPECT_FALSE(entryOf(bss(newest(ssid("Home")), Octets{1, 2, 3})));
 }
 
 TEST(ScanEntry, HasTheNameOfTheProbeResponseAndHidesItAsTheBeaconDoes) {
@@ -124,11 +128,11 @@ TEST(ScanEntry, KnowsItsAgeByTheClockSinceBootOrAsTheKernelTellsIt) {
   const Octets heard =
       numberAttribute(NL80211_BSS_LAST_SEEN_BOOTTIME, std::uint64_t{998'500'000'000});
   const Octets ago = numberAttribute(NL80211_BSS_SEEN_MS_AGO, std::uint32_t{4000});
-  EXPECT_EQ(read(bss(heard + ago))->age, milliseconds(1500));
-  EXPECT_EQ(read(bss(ago))->age, milliseconds(4000));
-  EXPECT_FALSE(read(bss({}))->age);
+  EXPECT_EQ(entryOf(bss(heard + ago))->age, milliseconds(1500));
+  EXPECT_EQ(entryOf(bss(ago))->age, milliseconds(4000));
+  EXPECT_FALSE(entryOf(bss({}))->age);
   const Octets toCome = numberAttribute(NL80211_BSS_LAST_SEEN_BOOTTIME, ~std::uint64_t{0});
-  EXPECT_EQ(read(bss(toCome))->age, milliseconds(0));
+  EXPECT_EQ(entryOf(bss(toCome))->age, milliseconds(0));
 }
 
 TEST(ScanList, IsAsOldAsTheYoungestThatIsNotJoined) {
@@ -223,7 +227,7 @@ Octets announcing() {
 }
 
 TEST(ScanList, AddsNetworksThatOnlyAnotherOnesBeaconsAnnounce) {
-  const auto points = byBssid({*read(
+  const auto points = byBssid({*entryOf(
       bss(newest(announcing()) + numberAttribute(NL80211_BSS_FREQUENCY, std::uint32_t{5180}) +
           numberAttribute(NL80211_BSS_SIGNAL_MBM, std::int32_t{-6000})))});
   ASSERT_EQ(points.size(), 2U);
@@ -242,7 +246,7 @@ TEST(ScanList, TellsTheSenderOfAnEntryThatSharesItsBeacons) {
   const Octets guests{2, 0, 0, 0, 0, 0x11};
   const Octets inherited = ssid("Guests") + tim(1) + element(kMultipleBssidIndexId, {1, 3, 1});
   const auto points =
-      byBssid({*read(bss(newest(inherited), guests)), *read(bss(newest(announcing())))});
+      byBssid({*entryOf(bss(newest(inherited), guests)), *entryOf(bss(newest(announcing())))});
   ASSERT_EQ(points.size(), 2U);
   EXPECT_EQ(points.at("02:00:00:00:00:11").transmitterBssid, "02:00:00:00:00:10");
   EXPECT_EQ(points.at("02:00:00:00:00:11").dtimPeriod, 3) << "not that of the sender's own map";
@@ -250,8 +254,8 @@ TEST(ScanList, TellsTheSenderOfAnEntryThatSharesItsBeacons) {
 
 TEST(ScanList, BelievesNobodyWhoAnnouncesANeighbourWithBeaconsOfItsOwn) {
   const Octets neighbour{2, 0, 0, 0, 0, 0x11};
-  const auto points = byBssid(
-      {*read(bss(newest(announcing()))), *read(bss(newest(ssid("Mine") + tim(1)), neighbour))});
+  const auto points = byBssid({*entryOf(bss(newest(announcing()))),
+                               *entryOf(bss(newest(ssid("Mine") + tim(1)), neighbour))});
   ASSERT_EQ(points.size(), 2U);
   EXPECT_EQ(points.at("02:00:00:00:00:11").ssid, "Mine");
   EXPECT_FALSE(points.at("02:00:00:00:00:11").transmitterBssid);
@@ -281,7 +285,7 @@ TEST(ScanEntry, OfManyAnnouncedNetworksHasTheFirst) {
     }
     elements = elements + multipleBssid(6, profiles);
   }
-  EXPECT_EQ(read(bss(newest(elements)))->others.size(), ScanEntry::kMostAnnounced);
+  EXPECT_EQ(entryOf(bss(newest(elements)))->others.size(), ScanEntry::kMostAnnounced);
 }
 
 // Damaged octets may make other values, never one that cannot be.
@@ -294,7 +298,7 @@ TEST(ScanEntry, OfDamagedBytesKeepsTheRanges) {
       bytes[random() % bytes.size()] = static_cast<std::uint8_t>(random());
     }
     bytes.resize(bytes.size() - random() % bytes.size());
-    const auto made = read(bytes);
+    const auto made = entryOf(bytes);
     if (!made) continue;
     const auto& point = made->accessPoint;
     ASSERT_EQ(point.bssid.size(), 17U);

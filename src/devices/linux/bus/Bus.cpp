@@ -14,36 +14,36 @@ namespace wifi_profile::machine {
 
 namespace {
 
-using Kind = BusError::Kind;
+using ErrorKind = BusError::Kind;
 constexpr std::size_t kLongestMessage = 200;
 
 // How an error's name on the bus ends, and its kind. The services' own names differ at the front.
 struct Ending {
   std::string_view ending;
-  Kind kind;
+  ErrorKind kind;
 };
 constexpr Ending kEndings[] = {
-    {"DBus.Error.ServiceUnknown", Kind::noService},
-    {"DBus.Error.NameHasNoOwner", Kind::noService},
+    {"DBus.Error.ServiceUnknown", ErrorKind::noService},
+    {"DBus.Error.NameHasNoOwner", ErrorKind::noService},
     // The owner went away before it answered: no call has a time limit of the bus's.
-    {"DBus.Error.NoReply", Kind::noService},
-    {"DBus.Error.Disconnected", Kind::noService},
-    {"DBus.Error.UnknownObject", Kind::noSuchThing},
-    {"DBus.Error.UnknownInterface", Kind::noSuchThing},
-    {"DBus.Error.UnknownMethod", Kind::noSuchThing},
-    {"DBus.Error.UnknownProperty", Kind::noSuchThing},
-    {".UnknownDevice", Kind::noSuchThing},
-    {".UnknownConnection", Kind::noSuchThing},
-    {".InterfaceUnknown", Kind::noSuchThing},
-    {".NetworkUnknown", Kind::noSuchThing},
-    {".AccessDenied", Kind::notPermitted},
-    {".AuthFailed", Kind::notPermitted},
-    {".InteractiveAuthorizationRequired", Kind::notPermitted},
-    {".PermissionDenied", Kind::notPermitted},
-    {".NotAuthorized", Kind::notPermitted},
+    {"DBus.Error.NoReply", ErrorKind::noService},
+    {"DBus.Error.Disconnected", ErrorKind::noService},
+    {"DBus.Error.UnknownObject", ErrorKind::noSuchThing},
+    {"DBus.Error.UnknownInterface", ErrorKind::noSuchThing},
+    {"DBus.Error.UnknownMethod", ErrorKind::noSuchThing},
+    {"DBus.Error.UnknownProperty", ErrorKind::noSuchThing},
+    {".UnknownDevice", ErrorKind::noSuchThing},
+    {".UnknownConnection", ErrorKind::noSuchThing},
+    {".InterfaceUnknown", ErrorKind::noSuchThing},
+    {".NetworkUnknown", ErrorKind::noSuchThing},
+    {".AccessDenied", ErrorKind::notPermitted},
+    {".AuthFailed", ErrorKind::notPermitted},
+    {".InteractiveAuthorizationRequired", ErrorKind::notPermitted},
+    {".PermissionDenied", ErrorKind::notPermitted},
+    {".NotAuthorized", ErrorKind::notPermitted},
 };
 
-BusAnswer failure(Kind kind, std::string name = {}, std::string message = {}) {
+BusAnswer failure(ErrorKind kind, std::string name = {}, std::string message = {}) {
   if (message.size() > kLongestMessage) message.resize(kLongestMessage);
   return {{}, BusError{kind, std::move(name), std::move(message)}};
 }
@@ -54,7 +54,7 @@ BusAnswer failure(const sdbus::Error& error) {
       return failure(known.kind, error.getName(), error.getMessage());
     }
   }
-  return failure(Kind::failed, error.getName(), error.getMessage());
+  return failure(ErrorKind::failed, error.getName(), error.getMessage());
 }
 
 void append(sdbus::MethodCall& message, const BusArgument& argument) {
@@ -73,9 +73,9 @@ BusAnswer answerFrom(sdbus::MethodReply& reply, const sdbus::Error* error) {
   if (error) return failure(*error);
   try {
     auto values = readMessage(reply);
-    return values ? BusAnswer{std::move(*values), {}} : failure(Kind::unreadable);
+    return values ? BusAnswer{std::move(*values), {}} : failure(ErrorKind::unreadable);
   } catch (const sdbus::Error& damaged) {
-    return failure(Kind::unreadable, damaged.getName(), damaged.getMessage());
+    return failure(ErrorKind::unreadable, damaged.getName(), damaged.getMessage());
   }
 }
 
@@ -98,7 +98,8 @@ struct Pending {
 };
 
 BusAnswer overdue(const Patience& patience) {
-  return failure(patience.cancellation.isCancelled() ? Kind::calledOff : Kind::tookTooLong);
+  return failure(patience.cancellation.isCancelled() ? ErrorKind::calledOff
+                                                     : ErrorKind::tookTooLong);
 }
 
 using Connect = std::function<std::unique_ptr<sdbus::IConnection>()>;
@@ -189,10 +190,10 @@ class Bus::Connection {
       pump(pending, patience);
     } catch (const sdbus::Error& lost) {
       BusAnswer why = failure(lost);
-      if (why.error->kind != Kind::notPermitted) why.error->kind = Kind::noBus;
+      if (why.error->kind != ErrorKind::notPermitted) why.error->kind = ErrorKind::noBus;
       loseConnection(pending, why);
     } catch (const std::system_error& exhausted) {  // no thread, no descriptor
-      loseConnection(pending, failure(Kind::noBus, {}, exhausted.what()));
+      loseConnection(pending, failure(ErrorKind::noBus, {}, exhausted.what()));
     }
   }
 
@@ -238,7 +239,8 @@ class Bus::Connection {
     } catch (const sdbus::Error& refused) {
       // What is no path, interface or method. Anything else means that the connection is lost.
       if (!refused.getName().ends_with(".InvalidArgs")) throw;
-      pending.settle(index, failure(Kind::noSuchThing, refused.getName(), refused.getMessage()));
+      pending.settle(index,
+                     failure(ErrorKind::noSuchThing, refused.getName(), refused.getMessage()));
     }
   }
 
@@ -295,7 +297,7 @@ BusAnswer Bus::ownerOf(const std::string& service, const Patience& patience) {
                            "GetNameOwner",
                            {service}},
                           patience);
-  if (answer.isGood() && !answer.first().text()) answer = failure(Kind::unreadable);
+  if (answer.isGood() && !answer.first().text()) answer = failure(ErrorKind::unreadable);
   return answer;
 }
 

@@ -80,8 +80,9 @@ class Bus {
   Bus& operator=(const Bus&) = delete;
 
   // Sends all calls, then waits for all answers: as many round trips as one. The answers are in the
-  // order of the calls, always as many. For some 100 calls at a time: the bus limits how many
+  // order of the calls, always as many. At most kCallsAtATime calls: the bus limits how many
   // answers may be outstanding.
+  static constexpr std::size_t kCallsAtATime = 64;
   std::vector<BusAnswer> call(const std::vector<BusCall>& calls, const Patience& patience);
   BusAnswer call(const BusCall& one, const Patience& patience);
 

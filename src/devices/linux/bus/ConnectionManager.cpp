@@ -14,19 +14,19 @@ using checks::Unknown;
 
 namespace {
 
-using Kind = ConnectionManager::Kind;
+using ManagerKind = ConnectionManager::Kind;
 
-const char* nameOf(Kind kind) { return kind == Kind::iwd ? "iwd" : "wpa_supplicant"; }
+const char* nameOf(ManagerKind kind) { return kind == ManagerKind::iwd ? "iwd" : "wpa_supplicant"; }
 
 // What the managers of radios alone do not know.
-Unknown notTold(Kind kind, const char* what) {
+Unknown notTold(ManagerKind kind, const char* what) {
   return {Reason::notTold,
           std::string(nameOf(kind)) + " does not say " + what + "; only NetworkManager does."};
 }
 
 }  // namespace
 
-Known<Kind> ConnectionManager::kind(const std::string& interface, const Patience& patience) {
+Known<ManagerKind> ConnectionManager::kind(const std::string& interface, const Patience& patience) {
   if (kind_ && kindOf_ == interface) return *kind_;
   auto found = findKind(interface, patience);
   if (found) {
@@ -36,18 +36,19 @@ Known<Kind> ConnectionManager::kind(const std::string& interface, const Patience
   return found;
 }
 
-Known<Kind> ConnectionManager::findKind(const std::string& interface, const Patience& patience) {
+Known<ManagerKind> ConnectionManager::findKind(const std::string& interface,
+                                               const Patience& patience) {
   const auto byNetworkManager = NetworkManager(bus_).manages(interface, patience);
-  if (byNetworkManager && *byNetworkManager) return Kind::networkManager;
+  if (byNetworkManager && *byNetworkManager) return ManagerKind::networkManager;
   const auto isAbsent = [](const Known<bool>& manages) {
     return manages || manages.why().reason == Reason::noService;
   };
   if (!isAbsent(byNetworkManager)) return byNetworkManager.why();
   const auto byIwd = Iwd(bus_).manages(interface, patience);
-  if (byIwd && *byIwd) return Kind::iwd;
+  if (byIwd && *byIwd) return ManagerKind::iwd;
   if (!isAbsent(byIwd)) return byIwd.why();
   const auto bySupplicant = Supplicant(bus_).manages(interface, patience);
-  if (bySupplicant && *bySupplicant) return Kind::supplicant;
+  if (bySupplicant && *bySupplicant) return ManagerKind::supplicant;
   if (!isAbsent(bySupplicant)) return bySupplicant.why();
   if (byNetworkManager) {
     return Unknown{Reason::noService, "NetworkManager is running, but does not take care of " +
@@ -62,7 +63,8 @@ Known<ActiveProfile> ConnectionManager::activeProfile(const std::string& interfa
                                                       const Patience& patience) {
   const auto manager = kind(interface, patience);
   if (!manager) return manager.why();
-  if (*manager != Kind::networkManager) return notTold(*manager, "how addresses were set up");
+  if (*manager != ManagerKind::networkManager)
+    return notTold(*manager, "how addresses were set up");
   return NetworkManager(bus_).activeProfile(interface, patience);
 }
 
@@ -70,7 +72,7 @@ Known<std::vector<std::string>> ConnectionManager::dnsServers(const std::string&
                                                               const Patience& patience) {
   const auto manager = kind(interface, patience);
   if (!manager) return manager.why();
-  if (*manager != Kind::networkManager) return notTold(*manager, "the link's DNS servers");
+  if (*manager != ManagerKind::networkManager) return notTold(*manager, "the link's DNS servers");
   return NetworkManager(bus_).dnsServers(interface, patience);
 }
 
@@ -79,11 +81,11 @@ Known<std::vector<SavedNetwork>> ConnectionManager::savedNetworks(const std::str
   const auto manager = kind(interface, patience);
   if (!manager) return manager.why();
   switch (*manager) {
-    case Kind::networkManager:
+    case ManagerKind::networkManager:
       return NetworkManager(bus_).savedNetworks(patience);
-    case Kind::iwd:
+    case ManagerKind::iwd:
       return Iwd(bus_).savedNetworks(patience);
-    case Kind::supplicant:
+    case ManagerKind::supplicant:
       break;
   }
   return Supplicant(bus_).savedNetworks(interface, patience);
@@ -93,7 +95,7 @@ Known<LastScan> ConnectionManager::lastScan(const std::string& interface,
                                             const Patience& patience) {
   const auto manager = kind(interface, patience);
   if (!manager) return manager.why();
-  if (*manager != Kind::networkManager) return notTold(*manager, "when it scanned last");
+  if (*manager != ManagerKind::networkManager) return notTold(*manager, "when it scanned last");
   return NetworkManager(bus_).lastScan(interface, patience);
 }
 
@@ -101,7 +103,8 @@ Known<std::vector<checks::AccessPoint>> ConnectionManager::accessPoints(
     const std::string& interface, const Patience& patience) {
   const auto manager = kind(interface, patience);
   if (!manager) return manager.why();
-  if (*manager != Kind::networkManager) return notTold(*manager, "which access points it heard");
+  if (*manager != ManagerKind::networkManager)
+    return notTold(*manager, "which access points it heard");
   return NetworkManager(bus_).accessPoints(interface, patience);
 }
 
@@ -110,11 +113,11 @@ Known<ScanStart> ConnectionManager::requestScan(const std::string& interface,
   const auto manager = kind(interface, patience);
   if (!manager) return manager.why();
   switch (*manager) {
-    case Kind::networkManager:
+    case ManagerKind::networkManager:
       return NetworkManager(bus_).requestScan(interface, patience);
-    case Kind::iwd:
+    case ManagerKind::iwd:
       return Iwd(bus_).requestScan(interface, patience);
-    case Kind::supplicant:
+    case ManagerKind::supplicant:
       break;
   }
   return Supplicant(bus_).requestScan(interface, patience);
@@ -123,7 +126,8 @@ Known<ScanStart> ConnectionManager::requestScan(const std::string& interface,
 Known<bool> ConnectionManager::isRadioOn(const std::string& interface, const Patience& patience) {
   const auto manager = kind(interface, patience);
   if (!manager) return manager.why();
-  if (*manager == Kind::networkManager) return NetworkManager(bus_).isWirelessEnabled(patience);
+  if (*manager == ManagerKind::networkManager)
+    return NetworkManager(bus_).isWirelessEnabled(patience);
   return Unknown{Reason::notSupported,
                  std::string(nameOf(*manager)) + " has no switch for all Wi-Fi."};
 }
@@ -132,7 +136,7 @@ std::optional<Unknown> ConnectionManager::setRadioOn(const std::string& interfac
                                                      const Patience& patience) {
   const auto manager = kind(interface, patience);
   if (!manager) return manager.why();
-  if (*manager == Kind::networkManager) {
+  if (*manager == ManagerKind::networkManager) {
     return NetworkManager(bus_).setWirelessEnabled(on, patience);
   }
   return Unknown{Reason::notSupported,

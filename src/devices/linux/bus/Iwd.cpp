@@ -3,6 +3,7 @@
 #include "devices/linux/bus/ProfileFacts.h"
 #include "devices/linux/bus/ProfileSecurity.h"
 #include "devices/linux/bus/Services.h"
+#include "ieee80211/Network.h"
 
 namespace wifi_profile::machine {
 
@@ -13,15 +14,14 @@ using checks::Unknown;
 
 namespace {
 
-constexpr auto kDevice = "net.connman.iwd.Device";
+constexpr auto kIwdDevice = "net.connman.iwd.Device";
 constexpr auto kStation = "net.connman.iwd.Station";
 constexpr auto kKnownNetwork = "net.connman.iwd.KnownNetwork";
-constexpr std::size_t kLongestSsid = 32;
 
 // The object of the interface where that is a station's; nothing otherwise.
 std::optional<std::string> stationPath(const BusValue& objects, const std::string& interface) {
   for (const auto& [path, interfaces] : objects.map()) {
-    if (interfaces.at(kDevice).at("Name").text() == interface &&
+    if (interfaces.at(kIwdDevice).at("Name").text() == interface &&
         interfaces.map().contains(kStation)) {
       return path;
     }
@@ -36,7 +36,7 @@ std::vector<SavedNetwork> savedNetworksFromIwd(const BusValue& objects) {
   for (const auto& [path, interfaces] : objects.map()) {
     const BusValue& known = interfaces.at(kKnownNetwork);
     const auto name = known.at("Name").text();
-    if (!name || name->empty() || name->size() > kLongestSsid) continue;
+    if (!name || name->empty() || name->size() > ieee80211::kLongestSsid) continue;
     if (networks.size() == kLongestBusList) break;
     const std::string type = known.at("Type").text().value_or("");
     SavedNetwork network;

@@ -31,7 +31,6 @@ constexpr auto kIp4Config = "org.freedesktop.NetworkManager.IP4Config";
 constexpr auto kIp6Config = "org.freedesktop.NetworkManager.IP6Config";
 
 constexpr std::int64_t kUnmanaged = 10;  // the device's state
-constexpr std::size_t kCallsAtATime = 64;
 
 // An object that is there; "/" stands for none.
 std::optional<std::string> objectAt(const BusValue& properties, const char* key) {
@@ -121,9 +120,9 @@ Known<std::vector<SavedNetwork>> NetworkManager::savedNetworks(const Patience& p
   const std::size_t count = std::min(paths.size(), kLongestBusList);
   std::vector<SavedNetwork> networks;
   std::size_t refused = 0;
-  for (std::size_t begin = 0; begin < count; begin += kCallsAtATime) {
+  for (std::size_t begin = 0; begin < count; begin += Bus::kCallsAtATime) {
     std::vector<BusCall> calls;
-    for (std::size_t index = begin; index < std::min(count, begin + kCallsAtATime); ++index) {
+    for (std::size_t index = begin; index < std::min(count, begin + Bus::kCallsAtATime); ++index) {
       calls.push_back({*service, paths[index].text().value_or(""), kProfile, "GetSettings", {}});
     }
     for (const BusAnswer& answer : bus_.call(calls, patience)) {
@@ -161,9 +160,9 @@ Known<std::vector<checks::AccessPoint>> NetworkManager::accessPoints(const std::
   const BusValue::List& paths = listed.first().list();
   const std::size_t count = std::min(paths.size(), kLongestBusList);
   std::vector<checks::AccessPoint> points;
-  for (std::size_t begin = 0; begin < count; begin += kCallsAtATime) {
+  for (std::size_t begin = 0; begin < count; begin += Bus::kCallsAtATime) {
     std::vector<BusCall> calls;
-    for (std::size_t index = begin; index < std::min(count, begin + kCallsAtATime); ++index) {
+    for (std::size_t index = begin; index < std::min(count, begin + Bus::kCallsAtATime); ++index) {
       calls.push_back(getProperties(found->owner, paths[index].text().value_or(""), kAccessPoint));
     }
     for (const BusAnswer& answer : bus_.call(calls, patience)) {

@@ -5,6 +5,7 @@
 #include <array>
 
 #include "devices/linux/bus/ProfileSecurity.h"
+#include "ieee80211/Network.h"
 
 namespace wifi_profile::machine {
 
@@ -17,9 +18,8 @@ using checks::Unknown;
 
 namespace {
 
-constexpr std::size_t kMostServers = 64;
+constexpr std::size_t kMostSetServers = 64;
 constexpr std::size_t kLongestUrl = 2048;
-constexpr std::size_t kLongestSsid = 32;
 
 std::optional<AddressMethod> methodFrom(std::string_view text) {
   if (text == "auto" || text == "dhcp") return AddressMethod::automatic;
@@ -60,7 +60,7 @@ std::optional<std::string> serverFrom(const BusValue& value) {
 
 void addServers(const BusValue& list, std::vector<std::string>& servers) {
   for (const BusValue& value : list.list()) {
-    if (servers.size() == kMostServers) return;
+    if (servers.size() == kMostSetServers) return;
     if (auto server = serverFrom(value)) servers.push_back(std::move(*server));
   }
 }
@@ -137,7 +137,7 @@ std::optional<checks::SavedNetwork> savedNetworkFrom(const BusValue& settings) {
   if (connection.at("type").text() != "802-11-wireless") return std::nullopt;
   if (wireless.at("mode").text() == "ap") return std::nullopt;
   const auto ssid = wireless.at("ssid").bytes();
-  if (!ssid || ssid->empty() || ssid->size() > kLongestSsid) return std::nullopt;
+  if (!ssid || ssid->empty() || ssid->size() > ieee80211::kLongestSsid) return std::nullopt;
   checks::SavedNetwork network;
   network.ssid = *ssid;
   network.security = securityFromProfile(settings);

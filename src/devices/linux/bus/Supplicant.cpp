@@ -6,6 +6,7 @@
 #include "devices/linux/bus/ProfileFacts.h"
 #include "devices/linux/bus/ProfileSecurity.h"
 #include "devices/linux/bus/Services.h"
+#include "ieee80211/Network.h"
 
 namespace wifi_profile::machine {
 
@@ -20,8 +21,6 @@ constexpr auto kRootPath = "/fi/w1/wpa_supplicant1";
 constexpr auto kRoot = "fi.w1.wpa_supplicant1";
 constexpr auto kInterface = "fi.w1.wpa_supplicant1.Interface";
 constexpr auto kNetwork = "fi.w1.wpa_supplicant1.Network";
-constexpr std::size_t kLongestSsid = 32;
-constexpr std::size_t kCallsAtATime = 64;
 
 std::optional<std::string> bytesOfHex(std::string_view digits) {
   if (digits.size() % 2 != 0) return std::nullopt;
@@ -39,7 +38,7 @@ std::optional<std::string> bytesOfHex(std::string_view digits) {
 std::optional<std::string> ssidFrom(std::string_view text) {
   const bool quoted = text.size() >= 2 && text.front() == '"' && text.back() == '"';
   auto ssid = quoted ? std::string(text.substr(1, text.size() - 2)) : bytesOfHex(text);
-  return ssid && !ssid->empty() && ssid->size() <= kLongestSsid ? ssid : std::nullopt;
+  return ssid && !ssid->empty() && ssid->size() <= ieee80211::kLongestSsid ? ssid : std::nullopt;
 }
 
 }  // namespace
@@ -85,9 +84,9 @@ Known<std::vector<SavedNetwork>> Supplicant::savedNetworks(const std::string& in
   const BusValue::List& paths = listed.first().list();
   const std::size_t count = std::min(paths.size(), kLongestBusList);
   std::vector<SavedNetwork> networks;
-  for (std::size_t begin = 0; begin < count; begin += kCallsAtATime) {
+  for (std::size_t begin = 0; begin < count; begin += Bus::kCallsAtATime) {
     std::vector<BusCall> calls;
-    for (std::size_t index = begin; index < std::min(count, begin + kCallsAtATime); ++index) {
+    for (std::size_t index = begin; index < std::min(count, begin + Bus::kCallsAtATime); ++index) {
       calls.push_back(
           getProperty(object->owner, paths[index].text().value_or(""), kNetwork, "Properties"));
     }

@@ -9,7 +9,7 @@
 namespace wifi_profile::machine {
 namespace {
 
-constexpr std::size_t kMostServers = 16;
+constexpr std::size_t kMostSystemServers = 16;
 constexpr std::size_t kLongestFile = std::size_t{64} * 1024;
 
 // Empty for what is no address, or one that is local to a link.
@@ -48,7 +48,7 @@ std::string firstOf(const std::string& path) {
 std::vector<std::string> nameServersIn(std::string_view resolvConf) {
   constexpr std::string_view kKey = "nameserver", kBlanks = " \t";
   std::vector<std::string> servers;
-  while (!resolvConf.empty() && servers.size() < kMostServers) {
+  while (!resolvConf.empty() && servers.size() < kMostSystemServers) {
     const std::size_t end = std::min(resolvConf.find('\n'), resolvConf.size());
     std::string_view line = resolvConf.substr(0, end);
     resolvConf.remove_prefix(std::min(end + 1, resolvConf.size()));
@@ -66,7 +66,7 @@ std::vector<std::string> nameServersIn(std::string_view resolvConf) {
 std::vector<std::string> nameServersOf(int interface, const BusValue& servers) {
   std::vector<std::string> found;
   for (const BusValue& server : servers.list()) {  // interface, family, octets
-    if (server.list().size() < 3 || found.size() == kMostServers) continue;
+    if (server.list().size() < 3 || found.size() == kMostSystemServers) continue;
     const auto link = server.list()[0].integer();
     const auto family = server.list()[1].integer();
     const auto octets = server.list()[2].bytes();

@@ -46,7 +46,7 @@ struct InterfaceAddress {
   int scope = 0;  // the lower the wider
 };
 
-std::optional<InterfaceAddress> addressOf(int interface, const Message& message) {
+std::optional<InterfaceAddress> interfaceAddressOf(int interface, const Message& message) {
   if (message.type != RTM_NEWADDR) return std::nullopt;
   const auto entry = entryOf<ifaddrmsg>(message);
   if (!entry || static_cast<int>(entry->fields.ifa_index) != interface) return std::nullopt;
@@ -129,7 +129,8 @@ checks::Addresses addressesOf(int interface, const std::vector<Message>& address
                               const std::vector<Message>& routes) {
   std::vector<InterfaceAddress> usable;
   for (const Message& message : addresses) {
-    if (auto address = addressOf(interface, message)) usable.push_back(std::move(*address));
+    if (auto address = interfaceAddressOf(interface, message))
+      usable.push_back(std::move(*address));
   }
   std::ranges::stable_sort(usable, {}, &InterfaceAddress::scope);
   checks::Addresses result;

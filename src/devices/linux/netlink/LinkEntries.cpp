@@ -11,7 +11,7 @@ std::optional<int> positive(std::optional<int> number) {
   return number && *number > 0 ? number : std::nullopt;
 }
 
-std::optional<int> signalOf(const Attributes& information) {
+std::optional<int> linkSignalOf(const Attributes& information) {
   for (const int type :
        {NL80211_STA_INFO_BEACON_SIGNAL_AVG, NL80211_STA_INFO_SIGNAL_AVG, NL80211_STA_INFO_SIGNAL}) {
     // One octet with a sign; 0 is what drivers say before they measured.
@@ -36,7 +36,7 @@ std::optional<StationEntry> stationEntryOf(const Attributes& attributes) {
   entry.address = addressText(attributes.find(NL80211_ATTR_MAC).value_or(Bytes()));
   const Attributes information = attributes.nested(NL80211_ATTR_STA_INFO);
   if (entry.address.empty() || isDirectLink(information)) return std::nullopt;
-  entry.signal = signalOf(information);
+  entry.signal = linkSignalOf(information);
   const Attributes parameters = information.nested(NL80211_STA_INFO_BSS_PARAM);
   entry.beaconInterval =
       positive(parameters.number<std::uint16_t>(NL80211_STA_BSS_PARAM_BEACON_INTERVAL));

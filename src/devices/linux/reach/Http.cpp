@@ -37,7 +37,7 @@ using Multi = std::unique_ptr<CURLM, Releaser<curl_multi_cleanup>>;
 using List = std::unique_ptr<curl_slist, Releaser<curl_slist_free_all>>;
 using Url = std::unique_ptr<CURLU, Releaser<curl_url_cleanup>>;
 
-bool isLibraryReady() {
+bool isCurlReady() {
   static const bool kReady = curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
   return kReady;
 }
@@ -367,7 +367,7 @@ HttpAnswer transferred(const HttpRequest& request, const Addresses& addresses, T
 }  // namespace
 
 std::optional<UrlParts> partsOf(const std::string& url) {
-  const Url parsed(isLibraryReady() ? curl_url() : nullptr);
+  const Url parsed(isCurlReady() ? curl_url() : nullptr);
   if (!parsed || curl_url_set(parsed.get(), CURLUPART_URL, url.c_str(), 0) != CURLUE_OK) return {};
   UrlParts parts{partOf(parsed.get(), CURLUPART_SCHEME, 0),
                  partOf(parsed.get(), CURLUPART_HOST, CURLU_PUNYCODE),
@@ -379,7 +379,7 @@ std::optional<UrlParts> partsOf(const std::string& url) {
 }
 
 std::string resolvedUrl(const std::string& base, const std::string& reference) {
-  const Url url(isLibraryReady() ? curl_url() : nullptr);
+  const Url url(isCurlReady() ? curl_url() : nullptr);
   if (!url || curl_url_set(url.get(), CURLUPART_URL, base.c_str(), 0) != CURLUE_OK ||
       curl_url_set(url.get(), CURLUPART_URL, reference.c_str(), 0) != CURLUE_OK) {
     return {};
@@ -393,7 +393,7 @@ checks::Unknown notAsked(const HttpAnswer& answer) {
 }
 
 HttpAnswer exchange(const HttpRequest& request, const Way& way, const Patience& patience) {
-  if (!isLibraryReady()) return failure("no memory", kMoreRoom);
+  if (!isCurlReady()) return failure("no memory", kMoreRoom);
   const auto url = partsOf(request.url);
   if (!url) return failure("no address of http or https");
   const auto own = ownAddresses();

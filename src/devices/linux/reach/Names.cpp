@@ -25,7 +25,7 @@ constexpr std::size_t kMostAddresses = 16;
 constexpr std::chrono::milliseconds kInAll{8000};
 constexpr std::chrono::milliseconds kForTheOther{300};  // protocol's addresses
 
-bool isLibraryReady() {
+bool isAresReady() {
   static const bool kReady = ares_library_init(ARES_LIB_INIT_ALL) == ARES_SUCCESS;
   return kReady;
 }
@@ -153,7 +153,7 @@ class Resolver {
                                                     receive, sendParts};
     const int mask = ARES_OPT_FLAGS | ARES_OPT_TIMEOUTMS | ARES_OPT_TRIES | ARES_OPT_LOOKUPS |
                      ARES_OPT_SOCK_STATE_CB;
-    if (!isLibraryReady() || ares_init_options(&channel_, &options, mask) != ARES_SUCCESS) {
+    if (!isAresReady() || ares_init_options(&channel_, &options, mask) != ARES_SUCCESS) {
       channel_ = nullptr;
       return;
     }
@@ -279,8 +279,8 @@ class Resolver {
     timeval most{left.count() / 1000, (left.count() % 1000) * 1000};
     timeval next{};
     const timeval* wait = ares_timeout(channel_, &most, &next);
-    const int milliseconds = static_cast<int>(wait->tv_sec * 1000 + (wait->tv_usec + 999) / 1000);
-    if (poll(watched.data(), watched.size(), milliseconds) <= 0) {
+    const int time = static_cast<int>(wait->tv_sec * 1000 + (wait->tv_usec + 999) / 1000);
+    if (poll(watched.data(), watched.size(), time) <= 0) {
       ares_process_fd(channel_, ARES_SOCKET_BAD, ARES_SOCKET_BAD);  // it looks at its timeouts
       return;
     }

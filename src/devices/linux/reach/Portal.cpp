@@ -15,7 +15,7 @@ namespace {
 using checks::PortalProbe;
 using Answer = PortalProbe::Answer;
 
-constexpr std::chrono::milliseconds kTime{5000};
+constexpr std::chrono::milliseconds kPortalTime{5000};
 
 // RFC 8908, 5: "captive" has to be there. Nothing: the API does not say.
 std::optional<bool> isCaptive(const std::string& body) {
@@ -90,7 +90,7 @@ checks::Known<PortalProbe> askPage(const PortalQuestion& question, const Way& wa
 checks::Known<PortalProbe> probePortal(const PortalQuestion& question, const Way& way,
                                        const Patience& patience) {
   if (patience.isOver()) return calledOff();
-  const Patience ours = patience.atMost(kTime);
+  const Patience ours = patience.atMost(kPortalTime);
   if (question.apiUrl.empty()) return askPage(question, way, ours);
   try {
     auto told = std::async(std::launch::async, [&] { return askApi(question.apiUrl, way, ours); });

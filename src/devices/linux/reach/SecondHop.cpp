@@ -14,10 +14,11 @@
 namespace wifi_profile::machine {
 namespace {
 
-constexpr int kTries = 3;
-constexpr std::chrono::milliseconds kBetweenTries{250};
-constexpr std::chrono::milliseconds kTime{1200};  // in all: a slow one still has time for the first
-constexpr std::uint16_t kPort = 33434;            // where nobody listens, by custom
+constexpr int kHopTries = 3;
+constexpr std::chrono::milliseconds kBetweenHopTries{250};
+constexpr std::chrono::milliseconds kHopTime{
+    1200};                              // in all: a slow one still has time for the first
+constexpr std::uint16_t kPort = 33434;  // where nobody listens, by custom
 
 // Who sent the error that the socket got: a router that the packet's time ended at, or the target
 // itself, where nobody listens, or whoever forbids the packet.
@@ -68,13 +69,13 @@ std::optional<std::string> findSecondHop(const std::string& gateway, const std::
   setsockopt(socket.number(), IPPROTO_IP, IP_RECVERR, &yes, sizeof(yes));
   // Connected: only errors about packets to the target come in.
   if (connect(socket.number(), address->get(), address->size) != 0) return {};
-  const Patience ours = patience.atMost(kTime);
+  const Patience ours = patience.atMost(kHopTime);
   for (int tries = 0; !ours.isOver();) {
     const std::array<char, 8> nothing{};
     // The error of the packet before makes one fail.
-    if (tries < kTries) send(socket.number(), nothing.data(), nothing.size(), MSG_NOSIGNAL);
+    if (tries < kHopTries) send(socket.number(), nothing.data(), nothing.size(), MSG_NOSIGNAL);
     ++tries;
-    const Patience next = tries < kTries ? ours.atMost(kBetweenTries) : ours;
+    const Patience next = tries < kHopTries ? ours.atMost(kBetweenHopTries) : ours;
     while (waitFor(socket.number(), 0, next) == Waited::ready && !next.isOver()) {
       auto hop = offender(socket.number());
       if (hop && *hop != gateway) return hop;

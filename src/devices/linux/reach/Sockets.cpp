@@ -30,11 +30,11 @@ bool bindToAddress(int socket, int family, const std::string& interface) {
   return result == 0;
 }
 
-using Bytes = std::array<std::uint8_t, 16>;
+using AddressBytes = std::array<std::uint8_t, 16>;
 
 // As in IPv6, where an address of IPv4 is a mapped one. Without port and zone.
-std::optional<Bytes> bytesOf(const Address& address) {
-  Bytes bytes{};
+std::optional<AddressBytes> bytesOf(const Address& address) {
+  AddressBytes bytes{};
   if (address.family() == AF_INET) {
     bytes[10] = bytes[11] = 0xff;
     std::memcpy(&bytes[12], &reinterpret_cast<const sockaddr_in*>(address.get())->sin_addr, 4);
@@ -47,7 +47,7 @@ std::optional<Bytes> bytesOf(const Address& address) {
   return bytes;
 }
 
-std::optional<std::uint32_t> ipv4In(const Bytes& bytes) {
+std::optional<std::uint32_t> ipv4In(const AddressBytes& bytes) {
   constexpr std::array<std::uint8_t, 12> kMapped{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff};
   if (!std::equal(kMapped.begin(), kMapped.end(), bytes.begin())) return {};
   std::uint32_t number = 0;
@@ -55,7 +55,7 @@ std::optional<std::uint32_t> ipv4In(const Bytes& bytes) {
   return number;
 }
 
-bool isLoopbackOrNone(const Bytes& bytes) {
+bool isLoopbackOrNone(const AddressBytes& bytes) {
   if (const auto ofIPv4 = ipv4In(bytes)) return *ofIPv4 >> 24U == 127 || *ofIPv4 >> 24U == 0;
   return std::all_of(bytes.begin(), bytes.end() - 1, [](std::uint8_t byte) { return byte == 0; }) &&
          bytes.back() <= 1;

@@ -33,7 +33,7 @@ std::string readLine(int descriptor) {
   std::string line;
   pollfd watched{descriptor, POLLIN, 0};
   constexpr int kLongest = 30'000;
-  for (char letter = 0; poll(&watched, 1, kLongest) == 1 && read(descriptor, &letter, 1) == 1;) {
+  for (char letter = 0; poll(&watched, 1, kLongest) == 1 && ::read(descriptor, &letter, 1) == 1;) {
     if (letter == '\n') return line;
     line += letter;
   }

@@ -13,7 +13,7 @@ using checks::Known;
 using checks::Reason;
 using sdbus::ObjectPath;
 using sdbus::Variant;
-using Kind = ConnectionManager::Kind;
+using ManagerKind = ConnectionManager::Kind;
 
 Variant words(const char* value) { return Variant(std::string(value)); }
 
@@ -131,7 +131,7 @@ TEST_F(ConnectionManagerTest, NetworkManagerIsAskedFirst) {
   const auto first = networkManager(100);
   const auto second = iwd();
   const auto third = supplicant();
-  EXPECT_EQ(manager_.kind("wlan0", patience()), Known<Kind>(Kind::networkManager));
+  EXPECT_EQ(manager_.kind("wlan0", patience()), Known<ManagerKind>(ManagerKind::networkManager));
   EXPECT_EQ(manager_.activeProfile("wlan0", patience()).why().reason, Reason::notJoined);
 }
 
@@ -139,20 +139,20 @@ TEST_F(ConnectionManagerTest, IwdIsAskedWhereNetworkManagerLeavesTheInterfaceAlo
   const auto first = networkManager(10);
   const auto second = iwd();
   const auto third = supplicant();
-  EXPECT_EQ(manager_.kind("wlan0", patience()), Known<Kind>(Kind::iwd));
+  EXPECT_EQ(manager_.kind("wlan0", patience()), Known<ManagerKind>(ManagerKind::iwd));
 }
 
 TEST_F(ConnectionManagerTest, WpaSupplicantIsAskedWhereNobodyElseIs) {
   const auto only = supplicant();
-  EXPECT_EQ(manager_.kind("wlan0", patience()), Known<Kind>(Kind::supplicant));
+  EXPECT_EQ(manager_.kind("wlan0", patience()), Known<ManagerKind>(ManagerKind::supplicant));
 }
 
 TEST_F(ConnectionManagerTest, WhoManagesIsFoundOutOnceAndAnewForAnotherInterface) {
   {
     const auto first = iwd();
-    EXPECT_EQ(manager_.kind("wlan0", patience()), Known<Kind>(Kind::iwd));
+    EXPECT_EQ(manager_.kind("wlan0", patience()), Known<ManagerKind>(ManagerKind::iwd));
   }
-  EXPECT_EQ(manager_.kind("wlan0", patience()), Known<Kind>(Kind::iwd));
+  EXPECT_EQ(manager_.kind("wlan0", patience()), Known<ManagerKind>(ManagerKind::iwd));
   EXPECT_EQ(manager_.kind("wlan1", patience()).why().reason, Reason::noService);
 }
 

@@ -14,9 +14,9 @@ using checks::Reason;
 using sdbus::ObjectPath;
 using sdbus::Variant;
 
-constexpr auto kName = "org.freedesktop.NetworkManager";
+constexpr auto kManagerName = "org.freedesktop.NetworkManager";
 constexpr auto kRoot = "/org/freedesktop/NetworkManager";
-constexpr auto kDevice = "org.freedesktop.NetworkManager.Device";
+constexpr auto kManagedDevice = "org.freedesktop.NetworkManager.Device";
 constexpr auto kWireless = "org.freedesktop.NetworkManager.Device.Wireless";
 constexpr auto kActive = "org.freedesktop.NetworkManager.Connection.Active";
 constexpr auto kSettings = "org.freedesktop.NetworkManager.Settings";
@@ -26,11 +26,11 @@ constexpr auto kDevicePath = "/device/1";
 constexpr auto kActivePath = "/active/1";
 constexpr auto kProfilePath = "/profile/1";
 
-std::vector<std::uint8_t> bytes(const std::string& text) { return {text.begin(), text.end()}; }
+std::vector<std::uint8_t> ssidBytes(const std::string& text) { return {text.begin(), text.end()}; }
 
 Sections wifiProfile(const std::string& ssid) {
   return {{"connection", {{"type", Variant(std::string("802-11-wireless"))}}},
-          {"802-11-wireless", {{"ssid", Variant(bytes(ssid))}}},
+          {"802-11-wireless", {{"ssid", Variant(ssidBytes(ssid))}}},
           {"ipv4", {{"method", Variant(std::string("auto"))}}},
           {"ipv6", {{"method", Variant(std::string("auto"))}}}};
 }
@@ -38,15 +38,15 @@ Sections wifiProfile(const std::string& ssid) {
 // A manager with wlan0, joined by one profile. A test adds what else there is before `start`.
 class FakeManager : public FakeService {
  public:
-  explicit FakeManager(const std::string& address) : FakeService(address, kName) {
-    method(kRoot, kName, "GetDeviceByIpIface", [](const std::string& interface) {
+  explicit FakeManager(const std::string& address) : FakeService(address, kManagerName) {
+    method(kRoot, kManagerName, "GetDeviceByIpIface", [](const std::string& interface) {
       if (interface != "wlan0") throw sdbus::Error("org.freedesktop.NetworkManager.UnknownDevice");
       return ObjectPath(kDevicePath);
     });
   }
   void joined(const Sections& settings) {
-    property(kDevicePath, kDevice, "State", std::uint32_t{100});
-    property(kDevicePath, kDevice, "ActiveConnection", ObjectPath(kActivePath));
+    property(kDevicePath, kManagedDevice, "State", std::uint32_t{100});
+    property(kDevicePath, kManagedDevice, "ActiveConnection", ObjectPath(kActivePath));
     property(kActivePath, kActive, "Connection", ObjectPath(kProfilePath));
     method(kProfilePath, kProfile, "GetSettings", [settings] { return settings; });
   }
@@ -66,8 +66,8 @@ TEST_F(NetworkManagerTest, TellsTheProfileThatTheInterfaceIsJoinedWith) {
   settings["ipv4"] = {{"method", Variant(std::string("manual"))},
                       {"dns-data", Variant(std::vector<std::string>{"192.0.2.1"})}};
   service_.joined(settings);
-  service_.property(kDevicePath, kDevice, "Metered", std::uint32_t{4});
-  service_.property(kDevicePath, kDevice, "Dhcp4Config", ObjectPath("/dhcp/1"));
+  service_.property(kDevicePath, kManagedDevice, "Metered", std::uint32_t{4});
+  service_.property(kDevicePath, kManagedDevice, "Dhcp4Config", ObjectPath("/dhcp/1"));
   service_.property("/dhcp/1", "org.freedesktop.NetworkManager.DHCP4Config", "Options",
                     Properties{{"captive_portal", Variant(std::string("https://portal.test/"))}});
   service_.start();
@@ -89,17 +89,17 @@ TEST_F(NetworkManagerTest, MissingPropertiesLeaveOutOnlyWhatTheyTell) {
 }
 
 TEST_F(NetworkManagerTest, AnInterfaceWithoutConnectionIsNotJoined) {
-  service_.property(kDevicePath, kDevice, "ActiveConnection", ObjectPath("/"));
+  service_.property(kDevicePath, kManagedDevice, "ActiveConnection", ObjectPath("/"));
   service_.start();
   EXPECT_EQ(manager_.activeProfile("wlan0", patience()).why().reason, Reason::notJoined);
   EXPECT_EQ(manager_.dnsServers("wlan0", patience()).why().reason, Reason::notJoined);
 }
 
 TEST_F(NetworkManagerTest, PropertiesOfWrongTypesAreUnknown) {
-  service_.property(kDevicePath, kDevice, "ActiveConnection", std::uint32_t{7});
-  service_.property(kDevicePath, kDevice, "State", std::string("connected"));
+  service_.property(kDevicePath, kManagedDevice, "ActiveConnection", std::uint32_t{7});
+  service_.property(kDevicePath, kManagedDevice, "State", std::string("connected"));
   service_.property(kDevicePath, kWireless, "LastScan", std::string("yesterday"));
-  service_.property(kRoot, kName, "WirelessEnabled", std::string("yes"));
+  service_.property(kRoot, kManagerName, "WirelessEnabled", std::string("yes"));
   service_.start();
   EXPECT_EQ(manager_.activeProfile("wlan0", patience()).why().reason, Reason::notJoined);
   EXPECT_EQ(manager_.manages("wlan0", patience()), checks::Known<bool>(false));
@@ -108,7 +108,7 @@ TEST_F(NetworkManagerTest, PropertiesOfWrongTypesAreUnknown) {
 }
 
 TEST_F(NetworkManagerTest, AConnectionOfAWrongTypeIsUnknown) {
-  service_.property(kDevicePath, kDevice, "ActiveConnection", ObjectPath(kActivePath));
+  service_.property(kDevicePath, kManagedDevice, "ActiveConnection", ObjectPath(kActivePath));
   service_.property(kActivePath, kActive, "Connection", std::uint32_t{7});
   service_.start();
   EXPECT_EQ(manager_.activeProfile("wlan0", patience()).why().reason, Reason::failed);
@@ -129,7 +129,7 @@ TEST_F(NetworkManagerTest, AnInterfaceThatItDoesNotKnowIsNoHardware) {
 }
 
 TEST_F(NetworkManagerTest, AnInterfaceThatIsLeftAloneIsNotManaged) {
-  service_.property(kDevicePath, kDevice, "State", std::uint32_t{10});
+  service_.property(kDevicePath, kManagedDevice, "State", std::uint32_t{10});
   service_.start();
   EXPECT_EQ(manager_.manages("wlan0", patience()), checks::Known<bool>(false));
 }
@@ -142,8 +142,8 @@ TEST_F(NetworkManagerTest, NotRunningIsNoServiceAndNamesTheRemedy) {
 }
 
 TEST_F(NetworkManagerTest, TellsTheServersOfTheLink) {
-  service_.property(kDevicePath, kDevice, "Ip4Config", ObjectPath("/ip4/1"));
-  service_.property(kDevicePath, kDevice, "Ip6Config", ObjectPath("/ip6/1"));
+  service_.property(kDevicePath, kManagedDevice, "Ip4Config", ObjectPath("/ip4/1"));
+  service_.property(kDevicePath, kManagedDevice, "Ip6Config", ObjectPath("/ip6/1"));
   service_.property("/ip4/1", "org.freedesktop.NetworkManager.IP4Config", "NameserverData",
                     std::vector<Properties>{{{"address", Variant(std::string("192.0.2.1"))}},
                                             {{"address", Variant(std::string("192.0.2.2"))}}});
@@ -157,8 +157,8 @@ TEST_F(NetworkManagerTest, TellsTheServersOfTheLink) {
 }
 
 TEST_F(NetworkManagerTest, TellsTheServersOfTheOneIpVersionThatIsThere) {
-  service_.property(kDevicePath, kDevice, "Ip4Config", ObjectPath("/ip4/1"));
-  service_.property(kDevicePath, kDevice, "Ip6Config", ObjectPath("/"));
+  service_.property(kDevicePath, kManagedDevice, "Ip4Config", ObjectPath("/ip4/1"));
+  service_.property(kDevicePath, kManagedDevice, "Ip6Config", ObjectPath("/"));
   service_.property("/ip4/1", "org.freedesktop.NetworkManager.IP4Config", "NameserverData",
                     std::vector<Properties>{{{"address", Variant(std::string("192.0.2.1"))}}});
   service_.start();
@@ -168,8 +168,8 @@ TEST_F(NetworkManagerTest, TellsTheServersOfTheOneIpVersionThatIsThere) {
 }
 
 TEST_F(NetworkManagerTest, TellsThatALinkHasNoServers) {
-  service_.property(kDevicePath, kDevice, "Ip4Config", ObjectPath("/ip4/1"));
-  service_.property(kDevicePath, kDevice, "Ip6Config", ObjectPath("/"));
+  service_.property(kDevicePath, kManagedDevice, "Ip4Config", ObjectPath("/ip4/1"));
+  service_.property(kDevicePath, kManagedDevice, "Ip6Config", ObjectPath("/"));
   service_.property("/ip4/1", "org.freedesktop.NetworkManager.IP4Config", "NameserverData",
                     std::vector<Properties>{});
   service_.start();
@@ -179,8 +179,9 @@ TEST_F(NetworkManagerTest, TellsThatALinkHasNoServers) {
 }
 
 TEST_F(NetworkManagerTest, DoesNotTellThatALinkHasNoServersWhereHalfOfItIsNotTold) {
-  service_.property(kDevicePath, kDevice, "Ip4Config", ObjectPath("/ip4/1"));  // which is not there
-  service_.property(kDevicePath, kDevice, "Ip6Config", ObjectPath("/ip6/1"));
+  service_.property(kDevicePath, kManagedDevice, "Ip4Config",
+                    ObjectPath("/ip4/1"));  // which is not there
+  service_.property(kDevicePath, kManagedDevice, "Ip6Config", ObjectPath("/ip6/1"));
   service_.property("/ip6/1", "org.freedesktop.NetworkManager.IP6Config", "Nameservers",
                     std::vector<std::vector<std::uint8_t>>{});
   service_.start();
@@ -259,14 +260,14 @@ TEST_F(NetworkManagerTest, OneProfileThatIsNeverToldEndsAtTheDeadline) {
 
 TEST_F(NetworkManagerTest, TellsItsLastScan) {
   service_.property(kDevicePath, kWireless, "LastScan", std::int64_t{123'456});
-  service_.property(kDevicePath, kDevice, "State", std::uint32_t{30});
+  service_.property(kDevicePath, kManagedDevice, "State", std::uint32_t{30});
   service_.start();
   EXPECT_EQ(manager_.lastScan("wlan0", patience()), checks::Known<LastScan>(LastScan(123'456ms)));
 }
 
 TEST_F(NetworkManagerTest, AScanThatNeverWasHasNoTime) {
   service_.property(kDevicePath, kWireless, "LastScan", std::int64_t{-1});
-  service_.property(kDevicePath, kDevice, "State", std::uint32_t{30});
+  service_.property(kDevicePath, kManagedDevice, "State", std::uint32_t{30});
   service_.start();
   EXPECT_EQ(manager_.lastScan("wlan0", patience()), checks::Known<LastScan>(LastScan()));
 }
@@ -279,7 +280,7 @@ struct Refusal {
 class RequestScan : public NetworkManagerTest {
  protected:
   checks::Known<ScanStart> refusedWith(const Refusal& refusal) {
-    service_.property(kDevicePath, kDevice, "State", std::uint32_t{30});
+    service_.property(kDevicePath, kManagedDevice, "State", std::uint32_t{30});
     service_.method(kDevicePath, kWireless, "RequestScan", [refusal](const Properties& options) {
       EXPECT_TRUE(options.empty());
       if (refusal.error) throw sdbus::Error(refusal.error, refusal.words);
@@ -318,12 +319,12 @@ TEST_F(RequestScan, IsNotPermittedToEverybody) {
 
 TEST_F(NetworkManagerTest, ListsTheAccessPointsThatAreStillThere) {
   constexpr auto kAccessPoint = "org.freedesktop.NetworkManager.AccessPoint";
-  service_.property(kDevicePath, kDevice, "State", std::uint32_t{100});
+  service_.property(kDevicePath, kManagedDevice, "State", std::uint32_t{100});
   service_.method(kDevicePath, kWireless, "GetAllAccessPoints", [] {
     return std::vector<ObjectPath>{ObjectPath("/point/1"), ObjectPath("/point/gone")};
   });
   service_.property("/point/1", kAccessPoint, "HwAddress", std::string("02:AA:00:00:00:01"));
-  service_.property("/point/1", kAccessPoint, "Ssid", bytes("Cafe"));
+  service_.property("/point/1", kAccessPoint, "Ssid", ssidBytes("Cafe"));
   service_.property("/point/1", kAccessPoint, "Strength", std::uint8_t{75});
   service_.start();
   const auto points = manager_.accessPoints("wlan0", patience());
@@ -338,10 +339,10 @@ TEST_F(NetworkManagerTest, TheRadioIsSwitched) {
   std::promise<bool> switched;
   service_.object(kRoot)
       .registerProperty("WirelessEnabled")
-      .onInterface(kName)
+      .onInterface(kManagerName)
       .withGetter([] { return true; })
       .withSetter([&switched](const bool& on) { switched.set_value(on); });
-  service_.property(kRoot, kName, "WirelessHardwareEnabled", false);
+  service_.property(kRoot, kManagerName, "WirelessHardwareEnabled", false);
   service_.start();
   EXPECT_EQ(manager_.isWirelessEnabled(patience()), checks::Known<bool>(true));
   EXPECT_EQ(manager_.isWirelessHardwareEnabled(patience()), checks::Known<bool>(false));
@@ -352,7 +353,7 @@ TEST_F(NetworkManagerTest, TheRadioIsSwitched) {
 TEST_F(NetworkManagerTest, TheRadioIsNotSwitchedWithoutPermission) {
   service_.object(kRoot)
       .registerProperty("WirelessEnabled")
-      .onInterface(kName)
+      .onInterface(kManagerName)
       .withGetter([] { return true; })
       .withSetter([](const bool&) {
         throw sdbus::Error("org.freedesktop.NetworkManager.PermissionDenied", "Not authorized");
@@ -365,8 +366,8 @@ TEST_F(NetworkManagerTest, TheRadioIsNotSwitchedWithoutPermission) {
 
 TEST_F(NetworkManagerTest, ARestartInTheMiddleIsUnknownAndTheNextCallIsAnswered) {
   std::promise<void> asked;
-  auto first = std::make_unique<FakeService>(daemon_.address(), kName);
-  first->method(kRoot, kName, "GetDeviceByIpIface",
+  auto first = std::make_unique<FakeService>(daemon_.address(), kManagerName);
+  first->method(kRoot, kManagerName, "GetDeviceByIpIface",
                 [&asked, kept = std::make_shared<sdbus::Result<ObjectPath>>()](
                     sdbus::Result<ObjectPath>&& result, const std::string&) {
                   *kept = std::move(result);

@@ -20,13 +20,6 @@ constexpr auto kLimit = 300ms;
 // Far from the time that the peers would take, and enough for a machine that is busy.
 constexpr auto kAtMost = 3s;
 
-// An address of the loopback interface for this process alone.
-std::string ownAddress() {
-  const int id = getpid();
-  return "127." + std::to_string(id / 62500 % 250 + 2) + "." + std::to_string(id / 250 % 250) +
-         "." + std::to_string(id % 250 + 1);
-}
-
 template <class Work>
 void endsAtItsDeadline(Work work) {
   const Cancellation never;

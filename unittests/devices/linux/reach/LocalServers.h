@@ -21,6 +21,9 @@ inline Patience patient(const Cancellation& cancellation) {
   return {Clock::now() + std::chrono::seconds(60), cancellation};
 }
 
+// An address of the loopback interface for this process alone.
+std::string ownAddress();
+
 // A socket bound to the address and, when it is not 0, the port.
 Descriptor boundSocket(const std::string& address, int type, std::uint16_t port = 0);
 std::uint16_t portOf(const Descriptor& socket);

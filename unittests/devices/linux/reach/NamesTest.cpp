@@ -2,6 +2,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include "devices/linux/NoDescriptors.h"
 #include "devices/linux/reach/HttpServers.h"
 #include "devices/linux/reach/Names.h"
 #include "devices/linux/reach/Ping.h"
@@ -279,23 +280,6 @@ TEST(Names, ThatNoTimeIsLeftForHaveTimedOut) {
   ASSERT_TRUE(answer);
   EXPECT_EQ(answer->resolution.problem, "timed out");
 }
-
-// While it lives, no descriptor can be had.
-class NoDescriptors {
- public:
-  NoDescriptors() {
-    getrlimit(RLIMIT_NOFILE, &before_);
-    rlimit none = before_;
-    none.rlim_cur = 0;
-    setrlimit(RLIMIT_NOFILE, &none);
-  }
-  ~NoDescriptors() { setrlimit(RLIMIT_NOFILE, &before_); }
-  NoDescriptors(const NoDescriptors&) = delete;
-  NoDescriptors& operator=(const NoDescriptors&) = delete;
-
- private:
-  rlimit before_{};
-};
 
 TEST(Names, AndSitesAreNotKnownWhereThisMachineHasNoDescriptorsLeft) {
   const Cancellation never;

@@ -12,13 +12,6 @@ using namespace std::chrono_literals;
 
 constexpr std::uint16_t kNatPmpPort = 5351, kDiscoveryPort = 1900;
 
-// An address of the loopback interface for this process alone.
-std::string ownAddress() {
-  const int id = getpid();
-  return "127." + std::to_string(id / 62500 % 250 + 2) + "." + std::to_string(id / 250 % 250) +
-         "." + std::to_string(id % 250 + 1);
-}
-
 std::string natPmpAnswer(int code, const std::string& address) {
   return std::string{0, static_cast<char>(128), 0, static_cast<char>(code), 0, 0, 0, 9} + address;
 }

@@ -58,7 +58,7 @@ bool addAddress(const std::string& address) {
 
 bool writeFile(const char* path, const std::string& text) {
   const Descriptor file(open(path, O_WRONLY | O_CLOEXEC));
-  return write(file.number(), text.data(), text.size()) == static_cast<ssize_t>(text.size());
+  return ::write(file.number(), text.data(), text.size()) == static_cast<ssize_t>(text.size());
 }
 
 }  // namespace wifi_profile::machine
