@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "checks/IpAddresses.h"
+#include "devices/linux/reach/RouterAnswers.h"
 #include "devices/linux/reach/RouterQuestions.h"
 #include "devices/linux/reach/Sockets.h"
 

@@ -1,13 +1,12 @@
 #include <cerrno>
-#include <cstring>
 #include <future>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <system_error>
 
 #include "devices/linux/reach/Http.h"
 #include "devices/linux/reach/Sockets.h"
 #include "devices/linux/reach/Web.h"
+#include "devices/linux/reach/WebAnswers.h"
 
 namespace wifi_profile::machine {
 namespace {
@@ -16,15 +15,6 @@ using checks::PortalProbe;
 using Answer = PortalProbe::Answer;
 
 constexpr std::chrono::milliseconds kPortalTime{5000};
-
-// RFC 8908, 5: "captive" has to be there. Nothing: the API does not say.
-std::optional<bool> isCaptive(const std::string& body) {
-  const auto json = nlohmann::json::parse(body, nullptr, false);
-  if (!json.is_object()) return {};
-  const auto captive = json.find("captive");
-  if (captive == json.end() || !captive->is_boolean()) return {};
-  return captive->get<bool>();
-}
 
 std::optional<PortalProbe> askApi(const std::string& url, const Way& way,
                                   const Patience& patience) {
@@ -35,42 +25,10 @@ std::optional<PortalProbe> askApi(const std::string& url, const Way& way,
                                       .post = {}},
                                      way, patience);
   if (!answer.complete || answer.cutOff || answer.status != 200) return {};
-  const auto captive = isCaptive(answer.body);
+  const auto captive = captiveFrom(answer.body);
   if (!captive) return {};
   if (*captive) return PortalProbe{Answer::portal, "the network's own answer: captive"};
   return PortalProbe{Answer::open, "the network's own answer: not captive"};
-}
-
-// For the log: a query may name this device or its user.
-std::string withoutQuery(const std::string& url) { return url.substr(0, url.find_first_of("?#")); }
-
-// The same host by TLS: the site itself may want that, and so may a sign-in page in its place.
-bool isSameSiteByTls(const std::string& from, const std::string& to) {
-  const auto one = partsOf(from);
-  const auto other = partsOf(to);
-  return one && other && other->scheme == "https" && other->port == "443" &&
-         strcasecmp(one->host.c_str(), other->host.c_str()) == 0;
-}
-
-PortalProbe judge(const HttpAnswer& answer, const std::string& url,
-                  const std::string& expectedText) {
-  const std::string status = "status " + std::to_string(answer.status);
-  if (!answer.redirect.empty() && answer.status / 100 == 3) {
-    const bool same = isSameSiteByTls(url, answer.redirect);
-    return {same ? Answer::noAnswer : Answer::portal,
-            shortText(status + " to " + withoutQuery(answer.redirect))};
-  }
-  if (answer.status == 511) return {Answer::portal, status};
-  if (answer.status == 204) return {Answer::open, status};
-  const bool whole = answer.complete;
-  if (answer.status == 200) {
-    if (!expectedText.empty() && answer.body.find(expectedText) != std::string::npos) {
-      return {Answer::open, status};
-    }
-    if (whole && answer.body.empty()) return {Answer::open, status + ", empty"};
-    if (whole) return {Answer::portal, status + ", another page"};
-  }
-  return {Answer::noAnswer, whole ? status : answer.problem};
 }
 
 checks::Known<PortalProbe> askPage(const PortalQuestion& question, const Way& way,
@@ -82,7 +40,7 @@ checks::Known<PortalProbe> askPage(const PortalQuestion& question, const Way& wa
       exchange({.url = question.url, .headers = {}, .post = {}}, way, patience);
   if (patience.cancellation.isCancelled()) return calledOff();
   if (!answer.remedy.empty()) return notAsked(answer);
-  return judge(answer, question.url, question.expectedText);
+  return portalFrom(answer, question.url, question.expectedText);
 }
 
 }  // namespace

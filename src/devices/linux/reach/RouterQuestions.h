@@ -18,7 +18,4 @@ std::optional<std::string> askUpnp(const std::string& gateway, const std::string
 std::optional<std::string> findSecondHop(const std::string& gateway, const std::string& target,
                                          const std::string& interface, const Patience& patience);
 
-// The text of an IPv4 address as it is usually written, if a host may have it.
-std::optional<std::string> hostAddress(const std::string& text);
-
 }  // namespace wifi_profile::machine

@@ -8,6 +8,7 @@
 #include <sys/uio.h>
 
 #include "checks/IpAddresses.h"
+#include "devices/linux/reach/RouterAnswers.h"
 #include "devices/linux/reach/RouterQuestions.h"
 #include "devices/linux/reach/Sockets.h"
 

@@ -1,6 +1,7 @@
 #include "devices/linux/reach/Http.h"
 #include "devices/linux/reach/Sockets.h"
 #include "devices/linux/reach/Web.h"
+#include "devices/linux/reach/WebAnswers.h"
 
 namespace wifi_profile::machine {
 namespace {
@@ -8,20 +9,6 @@ namespace {
 constexpr std::chrono::milliseconds kReachTime{5000};
 constexpr std::chrono::milliseconds kPageTime{10000};
 constexpr int kMostRedirects = 5;
-
-checks::Known<checks::SitePage> judge(const HttpAnswer& answer, const std::string& expectedText) {
-  const auto isNot = [](std::string problem) {
-    return checks::SitePage{false, std::move(problem)};
-  };
-  if (!answer.remedy.empty()) return notAsked(answer);
-  if (!answer.complete) return isNot(answer.problem);
-  if (answer.status != 200) return isNot("status " + std::to_string(answer.status));
-  if (answer.body.find(expectedText) != std::string::npos) return checks::SitePage{true, {}};
-  if (!answer.cutOff) return isNot("another page");
-  return checks::Unknown{checks::Reason::notTold,
-                         "The first 64 KiB of the page do not have the text expected: set "
-                         "\"text\" of \"site\" in the settings to one near its beginning."};
-}
 
 }  // namespace
 
@@ -46,7 +33,7 @@ checks::Known<checks::SitePage> retrievePage(const std::string& url,
         exchange({.url = next, .useProxy = true, .headers = {}, .post = {}}, way, ours);
     if (patience.cancellation.isCancelled()) return calledOff();
     if (answer.redirect.empty() || answer.status / 100 != 3) {
-      return judge(answer, expectedText);
+      return pageFrom(answer, expectedText);
     }
     next = answer.redirect;
   }
