@@ -77,6 +77,14 @@ std::string partOf(CURLU* url, CURLUPart part, unsigned flags) {
   return result;
 }
 
+// Null where the text is no address: the library would not look behind a NUL.
+Url parsedUrl(const std::string& text) {
+  Url url(isCurlReady() ? curl_url() : nullptr);
+  const bool good = url && text.find('\0') == std::string::npos &&
+                    curl_url_set(url.get(), CURLUPART_URL, text.c_str(), 0) == CURLUE_OK;
+  return good ? std::move(url) : nullptr;
+}
+
 // In the place of a name's addresses that were not found, so that the library does not look for
 // them by itself. Nothing can be sent there.
 constexpr const char* kNowhere = "255.255.255.255";
@@ -367,8 +375,8 @@ HttpAnswer transferred(const HttpRequest& request, const Addresses& addresses, T
 }  // namespace
 
 std::optional<UrlParts> partsOf(const std::string& url) {
-  const Url parsed(isCurlReady() ? curl_url() : nullptr);
-  if (!parsed || curl_url_set(parsed.get(), CURLUPART_URL, url.c_str(), 0) != CURLUE_OK) return {};
+  const Url parsed = parsedUrl(url);
+  if (!parsed) return {};
   UrlParts parts{partOf(parsed.get(), CURLUPART_SCHEME, 0),
                  partOf(parsed.get(), CURLUPART_HOST, CURLU_PUNYCODE),
                  partOf(parsed.get(), CURLUPART_PORT, CURLU_DEFAULT_PORT)};
@@ -379,8 +387,8 @@ std::optional<UrlParts> partsOf(const std::string& url) {
 }
 
 std::string resolvedUrl(const std::string& base, const std::string& reference) {
-  const Url url(isCurlReady() ? curl_url() : nullptr);
-  if (!url || curl_url_set(url.get(), CURLUPART_URL, base.c_str(), 0) != CURLUE_OK ||
+  const Url url = parsedUrl(base);
+  if (!url || reference.find('\0') != std::string::npos ||
       curl_url_set(url.get(), CURLUPART_URL, reference.c_str(), 0) != CURLUE_OK) {
     return {};
   }

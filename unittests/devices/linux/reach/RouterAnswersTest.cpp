@@ -47,6 +47,7 @@ TEST(RouterAnswers, ToASearchAreBelievedWhereTheyPointToTheRouter) {
   EXPECT_EQ(found("http://192.168.1.1@192.168.1.2/"), std::nullopt);
   EXPECT_EQ(found("https://192.168.1.1/root.xml"), std::nullopt);
   EXPECT_EQ(found("http://192.168.1.1/root xml"), std::nullopt);
+  EXPECT_EQ(found(std::string("http://192.168.1.1/\0xml", 23)), std::nullopt);
   EXPECT_EQ(descriptionUrl("HTTP/1.1 200 OK\r\nLocation", kGateway), std::nullopt);
 }
 
