@@ -73,9 +73,10 @@ std::string problemOf(int status) {
 
 // The question for one protocol's addresses.
 struct Query {
+  int family;
   int status = ARES_ETIMEOUT;
   bool done = false;
-  std::vector<std::string> addresses;
+  std::vector<std::string> addresses = {};
 };
 
 std::string numericOf(const sockaddr* address, socklen_t size) {
@@ -92,6 +93,8 @@ void take(void* argument, int status, int /*timeouts*/, ares_addrinfo* found) {
   if (found == nullptr) return;
   for (const ares_addrinfo_node* node = found->nodes; node != nullptr; node = node->ai_next) {
     if (query.addresses.size() == kMostAddresses / 2) break;
+    // A server may add the other protocol's.
+    if (node->ai_family != query.family) continue;
     std::string text = numericOf(node->ai_addr, node->ai_addrlen);
     if (!text.empty()) query.addresses.push_back(std::move(text));
   }
@@ -186,12 +189,12 @@ class Resolver {
   bool isExhausted() const { return exhausted_; }
 
   void ask(const std::string& name) {
-    for (std::size_t i = 0; i < queries_.size(); ++i) {
+    for (Query& query : queries_) {
       ares_addrinfo_hints hints{};
       hints.ai_flags = ARES_AI_NOSORT;
-      hints.ai_family = i == 0 ? AF_INET : AF_INET6;
+      hints.ai_family = query.family;
       hints.ai_socktype = SOCK_STREAM;
-      ares_getaddrinfo(channel_, name.c_str(), nullptr, &hints, take, &queries_.at(i));
+      ares_getaddrinfo(channel_, name.c_str(), nullptr, &hints, take, &query);
     }
     Clock::time_point deadline = patience_.deadline;
     bool oneHasAddresses = false;
@@ -301,7 +304,7 @@ class Resolver {
   int failure_ = 0;  // the library's number for what a server answered, if that is none of use
   std::set<ares_socket_t> datagrams_;
   std::map<ares_socket_t, short> sockets_;  // with poll's events
-  std::array<Query, 2> queries_;
+  std::array<Query, 2> queries_{Query{AF_INET}, Query{AF_INET6}};
 };
 
 // Of one set of servers.

@@ -37,8 +37,8 @@ std::uint16_t portOf(const Descriptor& socket) {
   return ntohs(address.sin6_port);
 }
 
-TcpServer::TcpServer(Serve serve, const std::string& address)
-    : serve_(std::move(serve)), listener_(boundSocket(address, SOCK_STREAM)) {
+TcpServer::TcpServer(Serve serve, const std::string& address, std::uint16_t port)
+    : serve_(std::move(serve)), listener_(boundSocket(address, SOCK_STREAM, port)) {
   if (listen(listener_.number(), 16) != 0) {
     throw std::system_error(errno, std::generic_category(), "listen");
   }

@@ -34,7 +34,7 @@ class TcpServer {
  public:
   using Serve = std::function<void(int connection)>;
 
-  explicit TcpServer(Serve serve, const std::string& address = kHere);
+  explicit TcpServer(Serve serve, const std::string& address = kHere, std::uint16_t port = 0);
   ~TcpServer();
   TcpServer(const TcpServer&) = delete;
   TcpServer& operator=(const TcpServer&) = delete;

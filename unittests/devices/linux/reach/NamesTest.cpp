@@ -1,3 +1,4 @@
+#include <array>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -72,6 +73,17 @@ TEST(Names, HaveAddressesOfBothProtocols) {
   EXPECT_EQ(answer.addresses, (std::vector<std::string>{"127.0.0.1", "::1"}));
 }
 
+TEST(Names, HaveTheAddressesOfIpv4FirstAlsoWhereEachAnswerHasThoseOfBoth) {
+  const UdpServer server([](const std::string& question) {
+    std::string both =
+        answer(question, 0,
+               record(kA, bytes({127, 0, 0, 1})) + record(kAaaa, std::string(15, '\0') + '\1'));
+    both[7] = 2;
+    return std::vector<std::string>{both};
+  });
+  EXPECT_EQ(ask(server).addresses, (std::vector<std::string>{"127.0.0.1", "::1"}));
+}
+
 TEST(Names, ResolveWithOneProtocolWhenNothingComesForTheOther) {
   const UdpServer server([](const std::string& question) {
     return typeOf(question) == kA ? addressesOfBoth(question) : std::vector<std::string>{};
@@ -89,6 +101,29 @@ TEST(Names, DoNotResolveWithAnAnswerThatSaysSo) {
   EXPECT_EQ(problemAnswering(code(0)), "no address of this name");
   EXPECT_EQ(problemAnswering(code(2)), "server failed");
   EXPECT_EQ(problemAnswering(code(5)), "refused");
+}
+
+TEST(Names, WhoseAnswersFitNoDatagramAreAskedByTcp) {
+  const UdpServer datagrams([](const std::string& question) {
+    std::string cutOff = answer(question, 0);
+    cutOff[2] = static_cast<char>(0x83);
+    return std::vector<std::string>{cutOff};
+  });
+  const TcpServer streams(
+      [](int connection) {
+        // RFC 1035, 4.2.2: two bytes of length before each message.
+        std::array<char, 514> buffer{};
+        while (recv(connection, buffer.data(), 2, MSG_WAITALL) == 2) {
+          const auto size = static_cast<std::size_t>(static_cast<unsigned char>(buffer[1]));
+          if (recv(connection, buffer.data(), size, MSG_WAITALL) != static_cast<ssize_t>(size))
+            return;
+          const std::string told = addressesOfBoth({buffer.data(), size}).front();
+          say(connection, bytes({0, static_cast<int>(told.size())}) + told);
+        }
+      },
+      kHere, datagrams.port());
+  EXPECT_EQ(ask(datagrams).addresses, (std::vector<std::string>{"127.0.0.1", "::1"}));
+  EXPECT_GT(streams.connections(), 0);
 }
 
 TEST(Names, DoNotResolveToThemselves) {
