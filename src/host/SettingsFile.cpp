@@ -118,6 +118,21 @@ std::vector<std::string> settingsFiles() {
   return files;
 }
 
+std::optional<Problem> addSettings(std::string_view text, const std::string& file,
+                                   ToolSettings& settings) {
+  const auto document = readJson(text);
+  if (const auto* fault = std::get_if<JsonFault>(&document)) {
+    return unexpected(fmt::format("{}:{}:{}", file, fault->line, fault->column), fault->found,
+                      fault->expected);
+  }
+  std::optional<scenario::Fault> fault;
+  readSettings(ValueReader(std::get<ObjectRef>(document), "", fault), settings);
+  if (!fault) return {};
+  return unexpected(
+      fmt::format("{}: {}", file, fault->pointer.empty() ? "at the top" : "at " + fault->pointer),
+      fault->found, fault->expected);
+}
+
 std::variant<ToolSettings, Problem> readSettingsFiles(const std::vector<std::string>& files) {
   ToolSettings settings;
   for (const std::string& file : files) {
@@ -125,18 +140,8 @@ std::variant<ToolSettings, Problem> readSettingsFiles(const std::vector<std::str
     if (!std::filesystem::exists(file, notThere)) continue;
     auto content = readFile(file);
     if (auto* problem = std::get_if<Problem>(&content)) return std::move(*problem);
-    const auto document = readJson(std::get<std::string>(content));
-    if (const auto* fault = std::get_if<JsonFault>(&document)) {
-      return unexpected(fmt::format("{}:{}:{}", file, fault->line, fault->column), fault->found,
-                        fault->expected);
-    }
-    std::optional<scenario::Fault> fault;
-    readSettings(ValueReader(std::get<ObjectRef>(document), "", fault), settings);
-    if (fault) {
-      return unexpected(fmt::format("{}: {}", file,
-                                    fault->pointer.empty() ? "at the top" : "at " + fault->pointer),
-                        fault->found, fault->expected);
-    }
+    auto problem = addSettings(std::get<std::string>(content), file, settings);
+    if (problem) return std::move(*problem);
   }
   return settings;
 }

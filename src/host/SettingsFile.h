@@ -1,7 +1,9 @@
 // What the person and the machine's owner have set. docs/SETTINGS.md describes the files.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -21,6 +23,10 @@ struct ToolSettings {
 // The machine's file, then the person's, which says the last word: /etc/wifi-profile/settings.json
 // and wifi-profile/settings.json in XDG_CONFIG_HOME, or else in ~/.config.
 std::vector<std::string> settingsFiles();
+
+// Changes the settings by what the text of `file` sets. A problem leaves some of them changed.
+std::optional<Problem> addSettings(std::string_view text, const std::string& file,
+                                   ToolSettings& settings);
 
 // The defaults, changed by what each of the files sets; files that are not there set nothing.
 std::variant<ToolSettings, Problem> readSettingsFiles(const std::vector<std::string>& files);
