@@ -1,23 +1,29 @@
 // Any bytes as the elements of a frame: whatever they are, the result keeps its rules, and cutting
 // the last octet off changes nothing that stands before the last element.
 
-#include <cstdio>
-#include <cstdlib>
-
-#include "ElementsInput.h"
+#include "Require.h"
 #include "ieee80211/Invariants.h"
 
 using namespace wifi_profile::ieee80211;
 
 namespace {
 
+// An input is capabilities and frequency, of two octets each with the low one first (a frequency of
+// 0: not known), then the elements.
+std::optional<ReceivedFrame> frameOf(Bytes input) {
+  ByteReader reader(input);
+  ReceivedFrame frame;
+  frame.capabilities = reader.number16();
+  if (const int frequency = reader.number16(); frequency != 0) frame.frequency = frequency;
+  if (reader.failed()) return std::nullopt;
+  frame.elements = reader.left();
+  return frame;
+}
+
 AccessPointElements parseByTheRules(const ReceivedFrame& frame) {
   auto result = parseAccessPointElements(frame);
   const std::string broken = brokenRule(frame, result);
-  if (!broken.empty()) {
-    std::fprintf(stderr, "does not hold: %s\n", broken.c_str());
-    std::abort();
-  }
+  require(broken.empty(), broken.c_str());
   return result;
 }
 
@@ -49,6 +55,6 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t si
                     ofCut.network.wps == ofBefore.network.wps &&
                     ofCut.country == ofBefore.country && ofCut.modes == ofBefore.modes &&
                     ofCut.others.size() == ofBefore.others.size();
-  if (!same) std::abort();
+  require(same, "what is cut off changes nothing before it");
   return 0;
 }

@@ -1,12 +1,10 @@
 // Any bytes as what the kernel says: whatever they are, the facts keep their ranges.
 
-#include <cstdio>
-#include <cstdlib>
 #include <linux/nl80211.h>
 #include <linux/rtnetlink.h>
 #include <set>
 
-#include "KernelInput.h"
+#include "Require.h"
 #include "devices/linux/Rfkill.h"
 #include "devices/linux/netlink/Addresses.h"
 #include "devices/linux/netlink/LinkEntries.h"
@@ -18,11 +16,9 @@ using namespace wifi_profile::machine;
 
 namespace {
 
-void require(bool holds, const char* rule) {
-  if (holds) return;
-  std::fprintf(stderr, "does not hold: %s\n", rule);
-  std::abort();
-}
+// The first octet of an input: what reads the rest.
+enum class Reader : std::uint8_t { scanEntry, others, addresses, rfkill };
+constexpr std::uint8_t kReaders = 4;
 
 bool isName(const std::string& name) { return !name.empty() && name.size() <= 32; }
 bool isAddress(const std::string& text) { return text.size() == 17; }
@@ -75,20 +71,20 @@ void readOthers(Bytes bytes) {
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
   if (size == 0) return 0;
   const Bytes bytes(data + 1, size - 1);
-  switch (static_cast<KernelInput>(*data % kKernelInputs)) {
-    case KernelInput::scanEntry:
+  switch (static_cast<Reader>(*data % kReaders)) {
+    case Reader::scanEntry:
       readScan(bytes);
       break;
-    case KernelInput::others:
+    case Reader::others:
       readOthers(bytes);
       break;
-    case KernelInput::addresses: {
+    case Reader::addresses: {
       const std::vector<std::uint8_t> payload(bytes.begin(), bytes.end());
       addressesOf(4, {{.type = RTM_NEWADDR, .payload = payload}},
                   {{.type = RTM_NEWROUTE, .payload = payload}});
       break;
     }
-    case KernelInput::rfkill:
+    case Reader::rfkill:
       require(!parseRfkillEvent(bytes) || bytes.size() >= 8, "an event has 8 bytes");
       break;
   }

@@ -1,8 +1,6 @@
 // Any bytes as a scenario file: refused with a place, or run to its end in virtual time.
 
-#include <cstdio>
-#include <cstdlib>
-
+#include "Require.h"
 #include "devices/scenario/ScenarioReader.h"
 #include "host/DiagnosticRun.h"
 #include "host/Report.h"
@@ -17,24 +15,20 @@ using namespace wifi_profile;
 
 namespace {
 
-// Ends the process where the program's promise does not hold.
-void require(bool holds) {
-  if (!holds) std::abort();
-}
-
 void requireSafe(const std::string& text) {
   std::string lines = text;
   std::erase(lines, '\n');
-  require(safeText(lines) == lines);
+  require(safeText(lines) == lines, "the report is safe text");
 }
 
 void runIt(const scenario::Scenario& scenario) {
   static std::FILE* const nowhere = std::fopen("/dev/null", "w");
   auto inputs = std::make_shared<WiFiProfileInputs>();
   require(inputs->validateAndInitializeParameters(
-      makeDictionary({{"maxScanCacheAge", Number::withUnsigned(60)},
-                      {"reprofileWithUI", Number::withBool(scenario.user.has_value())},
-                      {"networkName", makeText("Lab")}})));
+              makeDictionary({{"maxScanCacheAge", Number::withUnsigned(60)},
+                              {"reprofileWithUI", Number::withBool(scenario.user.has_value())},
+                              {"networkName", makeText("Lab")}})),
+          "the parameters are good");
   VirtualTimeRunLoop loop;
   TraceFile trace(loop, nullptr);
   Journal journal;
@@ -48,8 +42,8 @@ void runIt(const scenario::Scenario& scenario) {
   requireSafe(reportText(reportOf(run->outcome(), journal), {}));
   const std::string record = jsonText(run->outcome().data);
   const auto again = readJson(record);
-  require(std::holds_alternative<ObjectRef>(again));
-  require(jsonText(std::get<ObjectRef>(again)) == record);
+  require(std::holds_alternative<ObjectRef>(again), "the record is JSON");
+  require(jsonText(std::get<ObjectRef>(again)) == record, "and reads as it was written");
 }
 
 }  // namespace
@@ -59,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t si
   if (std::holds_alternative<JsonFault>(document)) return 0;
   const auto read = scenario::readScenario(std::get<ObjectRef>(document));
   if (const auto* fault = std::get_if<scenario::Fault>(&read)) {
-    require(!fault->found.empty() && !fault->expected.empty());
+    require(!fault->found.empty() && !fault->expected.empty(), "a fault says what is wrong");
   } else {
     runIt(std::get<scenario::Scenario>(read));
   }
