@@ -19,7 +19,7 @@ constexpr int kHopTries = 3;
 constexpr std::chrono::milliseconds kBetweenHopTries{250};
 constexpr std::chrono::milliseconds kHopTime{
     1200};                              // in all: a slow one still has time for the first
-constexpr std::uint16_t kPort = 33434;  // where nobody listens, by custom
+constexpr std::uint16_t kUnusedPort = 33434;  // where nobody listens, by custom
 
 // Who sent the error that the socket got: a router that the packet's time ended at, or the target
 // itself, where nobody listens, or whoever forbids the packet.
@@ -60,7 +60,7 @@ std::optional<std::string> offender(int socket) {
 
 std::optional<std::string> findSecondHop(const std::string& gateway, const std::string& target,
                                          const std::string& interface, const Patience& patience) {
-  const auto address = addressOf(target, kPort, interface);
+  const auto address = addressOf(target, kUnusedPort, interface);
   if (!address || address->family() != AF_INET) return {};
   const Descriptor socket = openSocket(AF_INET, SOCK_DGRAM, 0, interface);
   if (!socket) return {};
