@@ -8,7 +8,6 @@ seen Cafe
 seen Hotel
 expect "a new scan lists both" program scan --json --max-scan-cache-age 0
 expect "so it does" jq -e 'map(.ssid) == ["Cafe", "Hotel"]' /out/record.json
-sleep 20 # until NetworkManager's own scans are over
 onTerminal run --pick --ui terminal --output json
 expect "the list on the screen has both" within 30 drawn Hotel
 gone 1

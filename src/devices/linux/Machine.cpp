@@ -131,12 +131,13 @@ Machine::Began Machine::scanByManager(Nl80211& kernel, const Patience& patience)
     if (!started) return started.why();
     if (*started == ScanStart::notReady) return kNotReady;
     if (*started == ScanStart::started) {
-      if (NotDone why = kernel.awaitScanResults(interface_, patience)) return *why;
+      if (NotDone why = kernel.awaitScanResults(interface_, ScansThat::beganAndEnded, patience))
+        return *why;
       return asked;
     }
     // Too soon: one is under way, or the last one was just now.
     const Patience little = patience.atMost(kBeforeAskingAgain);
-    const NotDone none = kernel.awaitScanResults(interface_, little);
+    const NotDone none = kernel.awaitScanResults(interface_, ScansThat::ended, little);
     if (!none) return asked - kLongestScan;  // it began before it was asked for
     const bool mayPass = none->reason == Reason::tookTooLong ||
                          none->reason == Reason::failed;  // such as a scan given up

@@ -234,7 +234,7 @@ TEST(Nl80211, OfAMachineWithoutWifiSaysSo) {
   EXPECT_FALSE(kernel.surveys(none, patience(cancellation)));
   EXPECT_FALSE(kernel.radio(none, patience(cancellation)));
   EXPECT_FALSE(kernel.triggerScan(none, patience(cancellation)));
-  EXPECT_TRUE(kernel.awaitScanResults(none, patience(cancellation)).has_value());
+  EXPECT_TRUE(kernel.awaitScanResults(none, ScansThat::ended, patience(cancellation)).has_value());
 }
 
 }  // namespace

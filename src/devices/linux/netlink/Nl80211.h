@@ -20,6 +20,7 @@
 #include "devices/linux/Patience.h"
 #include "devices/linux/netlink/Interfaces.h"
 #include "devices/linux/netlink/ScanEntries.h"
+#include "devices/linux/netlink/ScanEvents.h"
 #include "devices/linux/netlink/Socket.h"
 
 namespace wifi_profile::machine {
@@ -56,11 +57,12 @@ class Nl80211 {
   checks::Known<std::chrono::nanoseconds> triggerScan(const WifiInterface& interface,
                                                       const Patience& patience);
 
-  // For scans that another program is asked to do: from the last `watchScans` on, results are
-  // remembered, and `awaitScanResults` returns when some have come for the interface, at once where
-  // they came before it was called. Errors as for triggerScan. Any user.
+  // For scans that another program is asked to do: from the last `watchScans` on, beginnings and
+  // results are remembered, and `awaitScanResults` returns when those of the interface have come
+  // that count, at once where they came before it was called. Errors as for triggerScan. Any user.
   NotDone watchScans(const Patience& patience);
-  NotDone awaitScanResults(const WifiInterface& interface, const Patience& patience);
+  NotDone awaitScanResults(const WifiInterface& interface, ScansThat which,
+                           const Patience& patience);
 
   // For losses of the link: from `watchLink` on they are remembered, and `tookLoss` tells, without
   // waiting, whether there was one since it was last asked. Where events were lost, there was. Any
@@ -83,7 +85,6 @@ class Nl80211 {
                                                const Patience& patience);
 
  private:
-  enum class ScanEnd { results, aborted };
   static constexpr int kProtocol = 16;  // NETLINK_GENERIC
 
   // `subject` names what is asked for, as for `unknownFor`.
@@ -96,10 +97,9 @@ class Nl80211 {
   int startScan(const WifiInterface& interface, const Patience& patience, std::uint32_t flags);
   // Of an interface that says that it cannot.
   checks::Unknown whyNoScan(const WifiInterface& interface, const Patience& patience);
-  // Of an event: its end, where it is one of the interface.
-  static std::optional<ScanEnd> scanEnd(const Message& event, const WifiInterface& interface);
   // Waits for an event; errno's number where there was none. ENOBUFS: some were lost.
-  int awaitScanEnd(const WifiInterface& interface, const Patience& patience, ScanEnd& end);
+  int awaitScanEnd(const WifiInterface& interface, ScansThat which, const Patience& patience,
+                   ScanEvents::End& end);
 
   NetlinkSocket requests_{kProtocol};
   NetlinkSocket events_{kProtocol};

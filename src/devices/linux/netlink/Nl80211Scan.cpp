@@ -28,38 +28,28 @@ NotDone Nl80211::watchScans(const Patience& patience) {
   return std::nullopt;
 }
 
-std::optional<Nl80211::ScanEnd> Nl80211::scanEnd(const Message& event,
-                                                 const WifiInterface& interface) {
-  const Attributes attributes(event.payload);
-  const auto index = attributes.number<std::int32_t>(NL80211_ATTR_IFINDEX);
-  if (index ? *index != interface.index
-            : attributes.number<std::uint32_t>(NL80211_ATTR_WIPHY) != interface.wiphy) {
-    return std::nullopt;
-  }
-  if (event.command == NL80211_CMD_NEW_SCAN_RESULTS) return ScanEnd::results;
-  if (event.command == NL80211_CMD_SCAN_ABORTED) return ScanEnd::aborted;
-  return std::nullopt;
-}
-
-int Nl80211::awaitScanEnd(const WifiInterface& interface, const Patience& patience, ScanEnd& end) {
+int Nl80211::awaitScanEnd(const WifiInterface& interface, ScansThat which, const Patience& patience,
+                          ScanEvents::End& end) {
+  ScanEvents events(interface, which);
   while (true) {
     Message event;
     const int error = events_.nextEvent(patience, event);
     if (error != 0) return error;
     if (event.type != family_) continue;
-    if (const auto read = scanEnd(event, interface)) {
+    if (const auto read = events.take(event)) {
       end = *read;
       return 0;
     }
   }
 }
 
-NotDone Nl80211::awaitScanResults(const WifiInterface& interface, const Patience& patience) {
+NotDone Nl80211::awaitScanResults(const WifiInterface& interface, ScansThat which,
+                                  const Patience& patience) {
   if (auto problem = open(patience)) return problem;
-  ScanEnd end{};
-  const int error = awaitScanEnd(interface, patience, end);
+  ScanEvents::End end{};
+  const int error = awaitScanEnd(interface, which, patience, end);
   if (error != 0) return unknownFor(error, kSubject);
-  if (end == ScanEnd::aborted) return abortedScan();
+  if (end == ScanEvents::End::aborted) return abortedScan();
   return std::nullopt;
 }
 
@@ -105,16 +95,18 @@ checks::Known<std::chrono::nanoseconds> Nl80211::triggerScan(const WifiInterface
     const bool isOurs = error == 0;
     if (error == EOPNOTSUPP) return whyNoScan(interface, patience);
     if (!isOurs && error != EBUSY) return unknownFor(error, kSubject);
-    ScanEnd end{};
+    // Another one may have ended after `watchScans` and before ours began.
+    ScanEvents::End end{};
     const int awaited =
-        awaitScanEnd(interface, isOurs ? patience : patience.atMost(kUntilNextTry), end);
+        isOurs ? awaitScanEnd(interface, ScansThat::beganAndEnded, patience, end)
+               : awaitScanEnd(interface, ScansThat::ended, patience.atMost(kUntilNextTry), end);
     // Events were lost, and ours may have been among them: one more scan has its own.
     if (awaited == ENOBUFS) continue;
     if (awaited != 0 && (isOurs || awaited != ETIMEDOUT || patience.isOver())) {
       return unknownFor(awaited, kSubject);
     }
     if (!isOurs) continue;
-    if (end == ScanEnd::aborted) return abortedScan();
+    if (end == ScanEvents::End::aborted) return abortedScan();
     return began;
   }
 }

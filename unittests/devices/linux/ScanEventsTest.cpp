@@ -1,0 +1,65 @@
+#include <gtest/gtest.h>
+#include <linux/nl80211.h>
+
+#include "devices/linux/NetlinkBytes.h"
+#include "devices/linux/netlink/ScanEvents.h"
+
+namespace wifi_profile::machine {
+namespace {
+
+using End = ScanEvents::End;
+
+WifiInterface wlan0() {
+  WifiInterface interface;
+  interface.index = 4;
+  interface.wiphy = 1;
+  return interface;
+}
+
+const WifiInterface kWlan0 = wlan0();
+
+Message event(int command, std::int32_t index = 4) {
+  return {.command = command,
+          .payload = numberAttribute(NL80211_ATTR_WIPHY, std::uint32_t{1}) +
+                     numberAttribute(NL80211_ATTR_IFINDEX, index)};
+}
+
+TEST(ScanEvents, AnEndBeforeTheScanBeganIsAnotherScans) {
+  ScanEvents events(kWlan0, ScansThat::beganAndEnded);
+  EXPECT_EQ(events.take(event(NL80211_CMD_NEW_SCAN_RESULTS)), std::nullopt);
+  EXPECT_EQ(events.take(event(NL80211_CMD_SCAN_ABORTED)), std::nullopt);
+  EXPECT_EQ(events.take(event(NL80211_CMD_TRIGGER_SCAN)), std::nullopt);
+  EXPECT_EQ(events.take(event(NL80211_CMD_NEW_SCAN_RESULTS)), End::results);
+}
+
+TEST(ScanEvents, AScanThatWasGivenUpEndsToo) {
+  ScanEvents events(kWlan0, ScansThat::beganAndEnded);
+  events.take(event(NL80211_CMD_TRIGGER_SCAN));
+  EXPECT_EQ(events.take(event(NL80211_CMD_SCAN_ABORTED)), End::aborted);
+}
+
+TEST(ScanEvents, TheEndOfAScanUnderWayCountsWhereItIsAwaited) {
+  ScanEvents events(kWlan0, ScansThat::ended);
+  EXPECT_EQ(events.take(event(NL80211_CMD_NEW_SCAN_RESULTS)), End::results);
+}
+
+TEST(ScanEvents, OfOtherInterfacesDoNotCount) {
+  ScanEvents events(kWlan0, ScansThat::beganAndEnded);
+  events.take(event(NL80211_CMD_TRIGGER_SCAN, 5));
+  EXPECT_EQ(events.take(event(NL80211_CMD_NEW_SCAN_RESULTS)), std::nullopt);
+  events.take(event(NL80211_CMD_TRIGGER_SCAN));
+  EXPECT_EQ(events.take(event(NL80211_CMD_NEW_SCAN_RESULTS, 5)), std::nullopt);
+}
+
+TEST(ScanEvents, OfTheSameRadioWithoutAnInterfaceCount) {
+  ScanEvents events(kWlan0, ScansThat::ended);
+  const auto ofRadio = [](std::uint32_t radio) {
+    return Message{.command = NL80211_CMD_NEW_SCAN_RESULTS,
+                   .payload = numberAttribute(NL80211_ATTR_WIPHY, radio)};
+  };
+  EXPECT_EQ(events.take(ofRadio(2)), std::nullopt);
+  EXPECT_EQ(events.take(ofRadio(1)), End::results);
+}
+
+}  // namespace
+}  // namespace wifi_profile::machine
