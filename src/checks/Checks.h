@@ -63,8 +63,8 @@ std::span<const Check> allChecks();
 // The row of a test.
 const Check& checkOf(DiagnosticsTestID id);
 
-// Why the test's result is bad, as a sentence for the log, where the fact that it is made from says
-// so. A result has no place for it. Empty: the result is good, or the fact does not say.
+// Why the test's result is bad, or what else is to be said of it, as sentences for the log, where
+// the facts that it is made from say so. A result has no place for them. Empty: they do not.
 std::string problemOf(const Question& question, DiagnosticsTestID id);
 
 }  // namespace wifi_profile::checks

@@ -71,7 +71,7 @@ struct Coexistence {
   bool operator==(const Coexistence&) const = default;
 };
 
-// Addresses of the Wi-Fi interface.
+// Addresses of the Wi-Fi link.
 struct Addresses {
   std::vector<std::string> ipv4 = {};  // dotted; those in use, without prefix length
   std::vector<std::string> ipv6 =
@@ -82,6 +82,12 @@ struct Addresses {
   std::optional<std::vector<std::string>> dnsServers = std::nullopt;
   // Those that the system asks, of this link or not. Unset: not known.
   std::optional<std::vector<std::string>> systemDnsServers = std::nullopt;
+  // The bond or bridge that has them because the Wi-Fi interface is its member. Unset: the
+  // interface itself has them.
+  std::optional<std::string> carrier = std::nullopt;
+  // The interface that the system's packets to the Internet leave by, such as a tunnel, where that
+  // is not the one that has the addresses. Unset: it is, or there is none.
+  std::optional<std::string> otherWayOut = std::nullopt;
 
   bool operator==(const Addresses&) const = default;
 };

@@ -154,15 +154,18 @@ constexpr std::array kReachRows{
           .unknownWhen = "not joined, no router is known, or no ping could be sent"},
     Check{.id = DiagnosticsTestID::PingWAN,
           .answer = pingWan,
-          .needs = {Fact::link, Fact::wanPings},
+          .needs = {Fact::link, Fact::wanPings, Fact::addresses},
           .measures = "Whether a host in the Internet answers, and how fast.",
           .from = "ICMP or ICMPv6 echoes through the Wi-Fi interface, where the kernel allows them "
                   "to this user; without all of their answers after 1 s, or without echoes, TCP "
-                  "connections, of which a refusal is an answer, too",
+                  "connections, of which a refusal is an answer, too; the log says where the "
+                  "system's own packets to the Internet leave by another interface, such as a "
+                  "tunnel (RTM_GETROUTE)",
           .threshold = "one answer to 3, sent 0.3 s apart, within 4 s in all",
           .why = kPingsWhy,
           .unknownWhen = "not joined, the address of a name cannot be looked up or is one of the "
-                         "house, or no ping could be sent"},
+                         "house, no ping could be sent, or the default route is another "
+                         "interface's alone, as for all that is reached"},
     Check{
         .id = DiagnosticsTestID::ResolveDNS,
         .answer = resolveDns,
@@ -171,8 +174,10 @@ constexpr std::array kReachRows{
                     "the system asks, where they are others.",
         .from =
             "questions for A and AAAA records through the Wi-Fi interface, to the name servers "
-            "that NetworkManager has for it; without NetworkManager to those that the system has "
-            "configured; and as the system routes, to its own servers (resolv.conf, and where that "
+            "that NetworkManager has for it; without NetworkManager to those of the system's that "
+            "its routes (RTM_GETROUTE) lead to through that interface, and where there are none, "
+            "such as with a tunnel, to the system's as it routes; and as the system routes, to its "
+            "own servers (resolv.conf, and where that "
             "names systemd-resolved, its property DNS), where none of these is the link's",
         .threshold =
             "one address that a site can have (not 0/8, 127/8, 169.254/16, 224/3, ::, ::1, "
@@ -254,6 +259,18 @@ std::string problemSentence(std::string_view what, const Known<T>& fact) {
   return problem.empty() ? "" : "The " + std::string(what) + ": " + problem + ".";
 }
 
+// What programs reach is not reached through Wi-Fi then.
+std::string otherWayOut(const Facts& facts) {
+  if (!facts.addresses || !facts.addresses->otherWayOut) return {};
+  return "This machine's own packets to the Internet go through " + *facts.addresses->otherWayOut +
+         ", not through the Wi-Fi link that is tested.";
+}
+
+std::string joined(std::string first, const std::string& second) {
+  if (!first.empty() && !second.empty()) first += ' ';
+  return first + second;
+}
+
 }  // namespace
 
 std::string problemOf(const Question& question, DiagnosticsTestID id) {
@@ -263,7 +280,7 @@ std::string problemOf(const Question& question, DiagnosticsTestID id) {
     case DiagnosticsTestID::PingLAN:
       return problemSentence("ping of the router", facts.lanPings);
     case DiagnosticsTestID::PingWAN:
-      return problemSentence("ping of the Internet", facts.wanPings);
+      return joined(problemSentence("ping of the Internet", facts.wanPings), otherWayOut(facts));
     case DiagnosticsTestID::ResolveDNS:
       return problemSentence("look-up of a name", facts.nameResolution);
     case DiagnosticsTestID::CaptivePortal:

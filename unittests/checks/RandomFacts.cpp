@@ -157,7 +157,9 @@ void makeDevice(Maker& make, Facts& facts) {
                            .ipv4Gateway = {},
                            .ipv6Gateway = {},
                            .dnsServers = {},
-                           .systemDnsServers = {}});
+                           .systemDnsServers = {},
+                           .carrier = {},
+                           .otherWayOut = make.maybeText()});
   facts.activeProfile = make.known(ActiveProfile{.ipv4 = make.addressSettings(),
                                                  .ipv6 = make.addressSettings(),
                                                  .hasProxy = make.oneIn(3),

@@ -52,6 +52,10 @@ with the values that they have at first.
 What is not known is an error of the test, never a good answer: its code says what kind of thing is missing, and
 its text what would help.
 
+Where the Wi-Fi interface is a member of a bond, a team or a bridge, that one has its addresses, routes, name servers
+and profile, and what is asked through the link goes through it. While a bond sends through another member, what
+is reached is not known.
+
 | Test | Name | Measures | From | Threshold | Why | Not known when |
 |---|---|---|---|---|---|---|
 )";

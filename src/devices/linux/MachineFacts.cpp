@@ -12,6 +12,7 @@
 #include "devices/linux/bus/SessionProxies.h"
 #include "devices/linux/bus/SystemNameServers.h"
 #include "devices/linux/netlink/Addresses.h"
+#include "devices/linux/netlink/Carrier.h"
 #include "devices/linux/netlink/RadioEntries.h"
 
 namespace wifi_profile::machine {
@@ -31,6 +32,13 @@ constexpr milliseconds kBetweenSurveys{1'000};
 template <class T>
 Found put(Known<T> checks::Facts::*member, Known<T> fact) {
   return [member, fact = std::move(fact)](checks::Facts& facts) { facts.*member = fact; };
+}
+
+checks::Unknown sentByAnother(const Carrier& bond) {
+  return {checks::Reason::notTold,
+          bond.name + " sends through its member " + *bond.otherMember +
+              ", so what is reached is not reached through Wi-Fi: make the Wi-Fi interface the "
+              "bond's active member, and try again."};
 }
 
 }  // namespace
@@ -158,15 +166,26 @@ void MachineFacts::addServiceErrands(std::vector<Errand>& all,
 
 // In the order of how much depends on it: a manager that does not answer holds nothing else up.
 Found MachineFacts::findConnection(const Patience& patience) {
-  auto addresses = readAddresses(machine_->interface().index, patience);
+  const WifiInterface& wifi = machine_->interface();
+  const auto read = readCarrier(wifi.index, patience);
+  const Carrier carrier = read ? *read : Carrier{.index = wifi.index, .name = wifi.name};
+  Known<checks::Addresses> addresses = readAddresses(carrier.index, patience);
+  if (carrier.otherMember) addresses = sentByAnother(carrier);
   ConnectionManager manager(*machine_->systemBus());
-  const auto servers = manager.dnsServers(machine_->interface().name, patience);
-  if (addresses && servers) addresses->dnsServers = *servers;
+  const auto servers = manager.dnsServers(carrier.name, patience);
   if (addresses) {
-    addresses->systemDnsServers = readSystemNameServers(
-        *machine_->systemBus(), static_cast<int>(machine_->interface().index), patience);
+    if (carrier.index != wifi.index) addresses->carrier = carrier.name;
+    addresses->otherWayOut = otherWayOut(carrier.index, patience);
+    if (servers) addresses->dnsServers = *servers;
+    addresses->systemDnsServers =
+        readSystemNameServers(*machine_->systemBus(), carrier.index, patience);
+    if (!servers && addresses->systemDnsServers) {
+      addresses->dnsServers = nameServersThrough(
+          carrier.index, *addresses->systemDnsServers,
+          [&](const std::string& server) { return interfaceTowards(server, patience); });
+    }
   }
-  auto profile = manager.activeProfile(machine_->interface().name, patience);
+  auto profile = manager.activeProfile(carrier.name, patience);
   auto saved = manager.savedNetworks(machine_->interface().name, patience);
   return [profile, saved, addresses](checks::Facts& facts) {
     facts.activeProfile = profile;

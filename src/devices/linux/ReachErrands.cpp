@@ -19,6 +19,7 @@ namespace {
 using checks::Fact;
 using checks::Facts;
 using checks::Known;
+using checks::Reason;
 using checks::Unknown;
 using std::chrono::milliseconds;
 
@@ -30,6 +31,27 @@ constexpr milliseconds kOutsideLimit{4'000};
 constexpr milliseconds kPortalLimit{5'500};
 constexpr milliseconds kReachLimit{5'500};
 constexpr milliseconds kPageLimit{10'500};
+
+// Without name servers of the link, the system's are asked.
+Way wayThrough(const std::string& interface, const checks::Addresses& addresses) {
+  Way way{addresses.carrier.value_or(interface), addresses.dnsServers};
+  if (!way.nameServers && addresses.systemDnsServers) {
+    way.nameServers = addresses.systemDnsServers;
+    way.asksAsSystem = true;
+  }
+  return way;
+}
+
+// Where a tunnel has taken the link's default route away, nothing beyond the link can be asked
+// through it.
+std::optional<Unknown> whyNoWayOut(const std::string& interface,
+                                   const checks::Addresses& addresses) {
+  if (!addresses.otherWayOut || addresses.ipv4Gateway || addresses.ipv6Gateway) return {};
+  return Unknown{Reason::notTold, "The default route goes through " + *addresses.otherWayOut +
+                                      ", and none through " +
+                                      addresses.carrier.value_or(interface) +
+                                      ": end the other connection, and try again."};
+}
 
 // What every errand begins with: without a link, or an address, nothing can be sent.
 template <class T>
@@ -54,8 +76,10 @@ void add(std::vector<Errand>& errands, const std::string& interface, ReachErrand
            fact = known.link.why();
          } else if (!known.addresses) {
            fact = known.addresses.why();
+         } else if (auto why = whyNoWayOut(interface, *known.addresses)) {
+           fact = *why;
          } else {
-           fact = reach.find(known, {interface, known.addresses->dnsServers}, patience);
+           fact = reach.find(known, wayThrough(interface, *known.addresses), patience);
          }
          return [member = reach.member, fact](Facts& facts) { facts.*member = fact; };
        }});

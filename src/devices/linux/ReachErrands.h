@@ -9,7 +9,8 @@
 
 namespace wifi_profile::machine {
 
-// Adds the errands that send something through the interface. They begin when the link, the
+// Adds the errands that send something through the interface, or through what carries its
+// addresses. They begin when the link, the
 // addresses and the profile were read, and run side by side. All but the look at the router's
 // outside also wait for the end of the scan, which takes the radio off its channel. Without a link
 // or addresses they end at once.

@@ -60,6 +60,8 @@ checks::Addresses readAddresses(const ValueReader& value) {
     };
     takeServers("dnsServers", addresses.dnsServers);
     takeServers("systemDnsServers", addresses.systemDnsServers);
+    fields.take("otherWayOut",
+                [&](const ValueReader& field) { addresses.otherWayOut = field.text(); });
   });
   return addresses;
 }

@@ -123,6 +123,29 @@ TEST_F(ReachErrands, WithARouterOfIpv6OnlySayThatThereIsNothingToTranslate) {
   EXPECT_EQ(why.sentence.find("named no router"), std::string::npos) << why.sentence;
 }
 
+TEST_F(ReachErrands, SendNothingWhereOnlyAnotherInterfaceHasADefaultRoute) {
+  Facts known;
+  known.link = checks::Link{.interface = "lo", .ssid = "Home"};
+  known.addresses = checks::Addresses{.otherWayOut = "tun0"};
+  for (const Fact fact : kReachFacts) {
+    EXPECT_EQ(whyNotAfter(fact, known).sentence,
+              "The default route goes through tun0, and none through lo: end the other "
+              "connection, and try again.");
+  }
+}
+
+TEST_F(ReachErrands, GoThroughTheBondOrBridgeThatHasTheAddresses) {
+  std::vector<Errand> errands;
+  addReachErrands(errands, "no-such0", {});
+  Facts known;
+  known.link = checks::Link{.interface = "no-such0", .ssid = "Home"};
+  known.addresses = checks::Addresses{.ipv4Gateway = "127.0.0.1", .carrier = "lo"};
+  Facts facts;
+  errands.front().run(known, patient(cancellation_))(facts);
+  ASSERT_TRUE(facts.lanPings) << facts.lanPings.why().sentence;
+  EXPECT_FALSE(facts.lanPings->answers.empty());
+}
+
 TEST_F(ReachErrands, PingTheRouterThatTheNetworkNamed) {
   Facts known;
   known.link = checks::Link{.interface = "lo", .ssid = "Home"};
@@ -236,6 +259,16 @@ TEST_F(ReachOfTheInternet, LooksUpANameOfTheSystemsOtherServersToo) {
   const int before = server_.questions();
   EXPECT_TRUE(lookedUp(server_).resolved);
   EXPECT_EQ(server_.questions(), before + 2);  // not once more
+}
+
+TEST_F(ReachOfTheInternet, AsksTheSystemsServersWhereThoseOfTheLinkAreNotKnown) {
+  const UdpServer knowing(addressesOfBoth);
+  known_.addresses = checks::Addresses{
+      .systemDnsServers = std::vector{"127.0.0.1:" + std::to_string(knowing.port())}};
+  Facts facts;
+  errandOf(Fact::nameResolution).run(known_, patient(cancellation_))(facts);
+  EXPECT_TRUE(facts.nameResolution->resolved);
+  EXPECT_EQ(knowing.questions(), 2);
 }
 
 TEST_F(ReachOfTheInternet, DoesNotDependOnTheSystemsOtherServers) {

@@ -79,6 +79,16 @@ std::vector<std::string> nameServersOf(int interface, const BusValue& servers) {
   return found;
 }
 
+std::optional<std::vector<std::string>> nameServersThrough(
+    int interface, std::vector<std::string> servers,
+    const std::function<std::optional<int>(const std::string& server)>& towards) {
+  std::erase_if(servers, [&](const std::string& server) {
+    return towards(server).value_or(interface) != interface;
+  });
+  if (servers.empty()) return {};
+  return servers;
+}
+
 std::optional<std::vector<std::string>> readSystemNameServers(Bus& system, int interface,
                                                               const Patience& patience,
                                                               const std::string& resolvConf) {

@@ -2,6 +2,7 @@
 // systemd-resolved, its own. Any thread.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,6 +11,13 @@
 #include "devices/linux/bus/Bus.h"
 
 namespace wifi_profile::machine {
+
+// Those of the system's servers that are asked through the link, or that no route leads to, as
+// `towards` tells of each by the number of an interface. Empty where all of them are elsewhere,
+// such as behind a tunnel: the link's own are not known then. Pure.
+std::optional<std::vector<std::string>> nameServersThrough(
+    int interface, std::vector<std::string> servers,
+    const std::function<std::optional<int>(const std::string& server)>& towards);
 
 // Empty where there are none, or where it is not known which servers those are that a resolver on
 // this machine asks in its turn. `interface`: number of the link.

@@ -170,7 +170,7 @@ class Resolver {
     // by itself: it is left out where there are others.
     const auto own = ownAddresses().value_or(std::vector<Address>{});
     const auto here = [&own](const auto& server) { return isHere(server, own); };
-    if (!way.interface.empty() && !std::ranges::all_of(servers, here)) {
+    if (!way.interface.empty() && !way.asksAsSystem && !std::ranges::all_of(servers, here)) {
       std::erase_if(servers, here);
       bound_ = true;
     }

@@ -18,6 +18,8 @@ struct Way {
   // have a "%zone". No more than four are asked. One on this machine is asked, without the
   // interface, only where there is no other. Unset: those that the system has configured.
   std::optional<std::vector<std::string>> nameServers;
+  // Whether these are asked as the system routes, such as those behind a tunnel.
+  bool asksAsSystem = false;
 };
 
 struct NameAnswer {

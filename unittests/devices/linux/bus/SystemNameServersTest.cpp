@@ -67,5 +67,16 @@ TEST_F(SystemNameServers, OfAResolverOnThisMachineAreAskedOfResolvedAlone) {
   EXPECT_EQ(read("nameserver 127.0.0.1\n"), std::nullopt);
 }
 
+TEST(NameServers, AreTheLinksWhereTheyAreAskedThroughIt) {
+  const std::vector<std::string> servers{"192.0.2.1", "10.8.0.1", "198.51.100.1"};
+  const auto towards = [](const std::string& server) -> std::optional<int> {
+    if (server == "198.51.100.1") return std::nullopt;  // no route
+    return server == "10.8.0.1" ? 7 : 4;
+  };
+  EXPECT_THAT(*nameServersThrough(4, servers, towards), ElementsAre("192.0.2.1", "198.51.100.1"));
+  EXPECT_THAT(*nameServersThrough(7, servers, towards), ElementsAre("10.8.0.1", "198.51.100.1"));
+  EXPECT_EQ(nameServersThrough(4, {"10.8.0.1"}, towards), std::nullopt);
+}
+
 }  // namespace
 }  // namespace wifi_profile::machine
