@@ -36,8 +36,14 @@ class FactSet {
     other.bits_ |= bits_;
     return other;
   }
+  // Those that are in both.
+  constexpr FactSet both(FactSet other) const {
+    other.bits_ &= bits_;
+    return other;
+  }
   // Whether they have one in common.
   constexpr bool meets(FactSet other) const { return (bits_ & other.bits_) != 0; }
+  constexpr bool operator==(const FactSet&) const = default;
 
  private:
   static constexpr std::uint32_t bit(Fact fact) { return 1U << static_cast<unsigned>(fact); }

@@ -81,6 +81,11 @@ Unknown whyNoLoad(const Facts& facts) {
 
 Answer congestedChannel(const Question& question) {
   return aboutSubject(question, [&](const Subject& subject) -> Answer {
+    // What the scan heard and the surveys measured is of two channels, or of two access points.
+    const auto& surveys = question.facts.surveys;
+    if (subject.link && !surveys && surveys.why().reason == Reason::linkChanged) {
+      return surveys.why();
+    }
     const auto channel = channelOf(subject);
     if (!channel) {
       if (!subject.heard) return subject.notHeard;

@@ -62,6 +62,14 @@ MATCHER_P(isChannel, number, "is a channel") {
   return record && record->channel() == number;
 }
 
+TEST_F(CongestionChecks, DoNotKnowOfTheJoinedChannelWhereTheLinkChangedUnderWay) {
+  facts.surveys = Unknown{Reason::linkChanged, "The link changed its channel."};
+  EXPECT_THAT(ask(Id::CongestedChannel), isUnknownFor(Reason::linkChanged));
+  add(accessPoint("02:00:00:77:00:00", "Cafe", -60, 36));
+  askAbout("Cafe");
+  EXPECT_THAT(ask(Id::CongestedChannel), says(false));
+}
+
 TEST_F(CongestionChecks, CountOthersBoxesWhereNothingElseIsKnown) {
   addBoxes(6, 36);
   EXPECT_EQ(load(), (Load{Measure::neighbours, 6}));

@@ -56,6 +56,10 @@ Where the Wi-Fi interface is a member of a bond, a team or a bridge, that one ha
 and profile, and what is asked through the link goes through it. While a bond sends through another member, what
 is reached is not known.
 
+What a run did not find out before its link changed is not known, for the reason linkChanged: after a loss, or when another
+network is joined, whatever is asked of the link; after a roam within the network, or when the access point changes its
+channel, what its radio gives: signal, noise and how busy its channel is.
+
 | Test | Name | Measures | From | Threshold | Why | Not known when |
 |---|---|---|---|---|---|---|
 )";

@@ -10,66 +10,86 @@ namespace {
 using checks::Fact;
 using checks::FactSet;
 
-// What is true of one link only. The scan and the survey are of the air.
-constexpr FactSet kOfLink{Fact::link,         Fact::addresses, Fact::activeProfile,
-                          Fact::lanPings,     Fact::wanPings,  Fact::portalProbe,
-                          Fact::siteReach,    Fact::sitePage,  Fact::nameResolution,
-                          Fact::routerOutside};
+// What belongs to one access point and its channel. The surveys tell of a channel by the frames of
+// the link; the scan is of the air.
+constexpr FactSet kOfRadio{Fact::link, Fact::surveys};
+// What belongs to one link of one network: it goes through any of the network's access points.
+constexpr FactSet kOfNetwork{Fact::link,           Fact::surveys,      Fact::addresses,
+                             Fact::activeProfile,  Fact::lanPings,     Fact::wanPings,
+                             Fact::portalProbe,    Fact::siteReach,    Fact::sitePage,
+                             Fact::nameResolution, Fact::routerOutside};
 
 constexpr std::size_t kLongestName = 64;  // bytes in a sentence
 constexpr std::chrono::milliseconds kLookUpLimit{200};
 
+// `happened` such as " was lost".
+checks::Unknown unknownSince(const std::optional<checks::Link>& before,
+                             const std::string& happened) {
+  const std::string name =
+      before ? " to \"" + shortened(before->ssid, kLongestName) + "\"" : std::string();
+  return {checks::Reason::linkChanged,
+          "The link" + name + happened + " while this was asked: run again when it is stable."};
+}
+
 }  // namespace
+
+std::optional<LinkChange> changeOfLink(const std::optional<checks::Link>& before,
+                                       const LinkEvents& events,
+                                       const checks::Known<checks::Link>& now) {
+  const bool isSameNetwork = before && now && now->ssid == before->ssid;
+  if (events.lost || events.joined) {
+    if (isSameNetwork && now->bssid != before->bssid) {
+      return LinkChange{kOfRadio, unknownSince(before, " moved to another access point")};
+    }
+    if (now && !isSameNetwork) {
+      return LinkChange{
+          kOfNetwork,
+          unknownSince(before, " changed to \"" + shortened(now->ssid, kLongestName) + '"')};
+    }
+    if (events.lost) return LinkChange{kOfNetwork, unknownSince(before, " was lost")};
+  }
+  if (events.changedChannel) {
+    return LinkChange{kOfRadio, unknownSince(before, " changed its channel")};
+  }
+  return std::nullopt;
+}
 
 void LinkWatch::begin(const Patience& patience) {
   const std::lock_guard lock(mutex_);
   if (!std::exchange(begun_, true)) kernel_.watchLink(patience);
 }
 
-void LinkWatch::setNetwork(const std::string& name) {
+void LinkWatch::setLink(const checks::Link& link) {
   const std::lock_guard lock(mutex_);
-  network_ = name;
+  link_ = link;
 }
 
-std::optional<checks::Unknown> LinkWatch::change(const Patience& patience) {
+std::optional<LinkChange> LinkWatch::change(const Patience& patience) {
   const std::lock_guard lock(mutex_);
-  if (!change_ && kernel_.tookLoss(interface_)) {
-    change_ = linkChanged(network_, kernel_.link(interface_, patience.atMost(kLookUpLimit)));
-  }
+  if (change_ && change_->gone == kOfNetwork) return change_;
+  const LinkEvents events = kernel_.takeLinkEvents(interface_);
+  if (!events.any()) return change_;
+  const auto now = kernel_.link(interface_, patience.atMost(kLookUpLimit));
+  const auto change = changeOfLink(link_, events, now);
+  if (change && (!change_ || change->gone == kOfNetwork)) change_ = change;
+  if (link_ && now) link_->bssid = now->bssid;
   return change_;
 }
 
-checks::Unknown linkChanged(const std::string& name, const checks::Known<checks::Link>& now) {
-  const auto named = [](const std::string& network) {
-    return " to \"" + shortened(network, kLongestName) + "\"";
-  };
-  std::string sentence = "The link" + (name.empty() ? "" : named(name));
-  sentence += now && now->ssid != name ? " changed" + named(now->ssid) : " was lost";
-  return {checks::Reason::linkChanged,
-          sentence + " while this was asked: run again when it is stable."};
-}
-
-Errand boundToLink(Errand errand, LinkChange change) {
-  if (!errand.gives.meets(kOfLink)) return errand;
-  FactSet ofLink{};
-  bool hasOthers = false;
-  for (int i = 0; i < checks::kFactCount; ++i) {
-    if (!errand.gives.holds(Fact(i))) continue;
-    if (kOfLink.holds(Fact(i))) {
-      ofLink = ofLink.with({Fact(i)});
-    } else {
-      hasOthers = true;
-    }
-  }
-  errand.run = [run = std::move(errand.run), ofLink, hasOthers, change = std::move(change)](
-                   const checks::Facts& known, const Patience& patience) -> Found {
-    auto why = hasOthers ? std::nullopt : change(patience);
-    Found found = why ? Found() : run(known, patience);
-    if (!why) why = change(patience);
-    if (!why) return found;
-    return [ofLink, found, why](checks::Facts& facts) {
+Errand boundToLink(Errand errand, ChangeOfLink change) {
+  const FactSet ofLink = errand.gives.both(kOfNetwork);
+  if (ofLink == FactSet{}) return errand;
+  errand.run = [run = std::move(errand.run), gives = errand.gives, ofLink,
+                change = std::move(change)](const checks::Facts& known,
+                                            const Patience& patience) -> Found {
+    const auto before = change(patience);
+    const bool isInVain = before && before->gone.both(gives) == gives;
+    const Found found = isInVain ? Found() : run(known, patience);
+    const auto changed = change(patience);
+    if (!changed || !changed->gone.meets(ofLink)) return found;
+    return [gone = changed->gone.both(ofLink), why = changed->why, found](checks::Facts& facts) {
       if (found) found(facts);
-      forget(facts, ofLink, *why);
+      forget(facts, gone, why);
     };
   };
   return errand;

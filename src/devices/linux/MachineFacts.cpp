@@ -82,7 +82,7 @@ void MachineFacts::addKernelErrands(std::vector<Errand>& all, std::chrono::secon
                    Nl80211 kernel;
                    watch->begin(patience);
                    auto link = kernel.link(machine_->interface(), patience);
-                   if (link) watch->setNetwork(link->ssid);
+                   if (link) watch->setLink(*link);
                    auto radio = kernel.radio(machine_->interface(), patience);
                    auto regulatory = kernel.regulatory(machine_->interface(), patience);
                    return [link, radio, regulatory](checks::Facts& facts) {

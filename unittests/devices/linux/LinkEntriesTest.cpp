@@ -166,22 +166,35 @@ TEST(Link, IsFilledInFromTheScanList) {
   EXPECT_EQ(linkOf(interface, station, joined), expected);
 }
 
-bool isLoss(int command, int index) {
-  return isLossOfLink(
-      {.command = command, .payload = numberAttribute(NL80211_ATTR_IFINDEX, std::int32_t{index})},
-      wlan0());
+LinkEvents saidBy(int command, const Octets& more = {}, int index = 4) {
+  LinkEvents events;
+  addToLinkEvents({.command = command,
+                   .payload = numberAttribute(NL80211_ATTR_IFINDEX, std::int32_t{index}) + more},
+                  wlan0(), events);
+  return events;
 }
 
-TEST(LossOfLink, IsADisconnectOfThisInterface) {
-  EXPECT_TRUE(isLoss(NL80211_CMD_DISCONNECT, 4));
-  EXPECT_FALSE(isLoss(NL80211_CMD_DISCONNECT, 5));
-  EXPECT_FALSE(isLossOfLink({.command = NL80211_CMD_DISCONNECT, .payload = {}}, wlan0()));
+TEST(LinkEvents, TellALossAJoiningARoamAndAnotherChannel) {
+  EXPECT_EQ(saidBy(NL80211_CMD_DISCONNECT), LinkEvents{.lost = true});
+  EXPECT_EQ(saidBy(NL80211_CMD_CONNECT), LinkEvents{.joined = true});
+  EXPECT_EQ(saidBy(NL80211_CMD_ROAM), LinkEvents{.joined = true});
+  EXPECT_EQ(saidBy(NL80211_CMD_CH_SWITCH_NOTIFY), LinkEvents{.changedChannel = true});
+  EXPECT_FALSE(saidBy(NL80211_CMD_NEW_STATION).any());
 }
 
-TEST(LossOfLink, IsNeitherARoamNorAnotherChannelNorAJoining) {
-  for (const int command : {NL80211_CMD_ROAM, NL80211_CMD_CH_SWITCH_NOTIFY, NL80211_CMD_CONNECT}) {
-    EXPECT_FALSE(isLoss(command, 4)) << command;
-  }
+TEST(LinkEvents, OfAJoiningThatFailedTellNothing) {
+  const auto status = [](std::uint16_t code) {
+    return numberAttribute(NL80211_ATTR_STATUS_CODE, code);
+  };
+  EXPECT_FALSE(saidBy(NL80211_CMD_CONNECT, status(17)).any());
+  EXPECT_TRUE(saidBy(NL80211_CMD_CONNECT, status(0)).joined);
+}
+
+TEST(LinkEvents, OfOtherInterfacesTellNothing) {
+  EXPECT_FALSE(saidBy(NL80211_CMD_DISCONNECT, {}, 5).any());
+  LinkEvents events;
+  addToLinkEvents({.command = NL80211_CMD_DISCONNECT, .payload = {}}, wlan0(), events);
+  EXPECT_FALSE(events.any());
 }
 
 }  // namespace

@@ -12,32 +12,87 @@ using checks::Reason;
 using checks::Unknown;
 
 constexpr std::chrono::milliseconds kTaskLimit{60'000};
-const Unknown kLost{Reason::linkChanged, "The link was lost."};
+const Unknown kNotJoined{Reason::notJoined, "Join."};
+const Link kHome{.ssid = "Home", .bssid = "02:00:00:00:00:01"};
+const Link kUpstairs{.ssid = "Home", .bssid = "02:00:00:00:00:02"};
+const Link kCafe{.ssid = "Cafe", .bssid = "02:00:00:00:00:03"};
+constexpr LinkEvents kLost{.lost = true};
+constexpr LinkEvents kJoined{.joined = true};
+constexpr LinkEvents kBoth{.lost = true, .joined = true};
 
-TEST(LinkChanged, SaysThatTheLinkWasLost) {
-  const Unknown none{Reason::notJoined, "Join."};
-  EXPECT_EQ(linkChanged("Home", none).reason, Reason::linkChanged);
-  EXPECT_EQ(linkChanged("Home", none).sentence,
+// The sentence; empty where nothing is gone.
+std::string said(const std::optional<Link>& before, const LinkEvents& events,
+                 const checks::Known<Link>& now) {
+  const auto change = changeOfLink(before, events, now);
+  if (!change) return {};
+  EXPECT_EQ(change->why.reason, Reason::linkChanged);
+  return change->why.sentence;
+}
+
+TEST(ChangeOfLink, SaysThatTheLinkWasLost) {
+  EXPECT_EQ(said(kHome, kLost, kNotJoined),
             "The link to \"Home\" was lost while this was asked: run again when it is stable.");
-  EXPECT_EQ(linkChanged("", none).sentence,
+  EXPECT_EQ(said({}, kLost, kNotJoined),
             "The link was lost while this was asked: run again when it is stable.");
 }
 
-TEST(LinkChanged, ALinkThatIsBackWasLostAllTheSame) {
-  EXPECT_EQ(linkChanged("Home", Link{.ssid = "Home"}).sentence,
-            "The link to \"Home\" was lost while this was asked: run again when it is stable.");
+TEST(ChangeOfLink, ALinkThatIsBackWasLostAllTheSame) {
+  EXPECT_EQ(said(kHome, kBoth, kHome), said(kHome, kLost, kNotJoined));
 }
 
-TEST(LinkChanged, NamesTheNetworkThatIsJoinedInstead) {
-  EXPECT_EQ(linkChanged("Home", Link{.ssid = "Cafe"}).sentence,
-            "The link to \"Home\" changed to \"Cafe\" while this was asked: run again when it is "
+TEST(ChangeOfLink, NamesTheNetworkThatIsJoinedInstead) {
+  const std::string sentence =
+      "The link to \"Home\" changed to \"Cafe\" while this was asked: run again when it is stable.";
+  for (const LinkEvents& events : {kLost, kJoined, kBoth}) {
+    EXPECT_EQ(said(kHome, events, kCafe), sentence);
+  }
+}
+
+TEST(ChangeOfLink, SaysThatItMovedToAnotherAccessPoint) {
+  for (const LinkEvents& events : {kJoined, kBoth}) {
+    EXPECT_EQ(said(kHome, events, kUpstairs),
+              "The link to \"Home\" moved to another access point while this was asked: run again "
+              "when it is stable.");
+  }
+}
+
+TEST(ChangeOfLink, SaysThatTheChannelChanged) {
+  EXPECT_EQ(said(kHome, {.changedChannel = true}, kHome),
+            "The link to \"Home\" changed its channel while this was asked: run again when it is "
             "stable.");
 }
+
+TEST(ChangeOfLink, IsNoneWhereTheLinkIsWhatItWas) {
+  EXPECT_EQ(said(kHome, {}, kHome), "");
+  EXPECT_EQ(said(kHome, kJoined, kHome), "");
+}
+
+TEST(ChangeOfLink, WithinANetworkTakesOnlyWhatTheRadioGave) {
+  for (const auto& change : {changeOfLink(kHome, kBoth, kUpstairs),
+                             changeOfLink(kHome, {.changedChannel = true}, kHome)}) {
+    EXPECT_EQ(change->gone, (checks::FactSet{Fact::link, Fact::surveys}));
+  }
+}
+
+TEST(ChangeOfLink, ToAnotherNetworkOrNoneTakesEverythingOfTheLinkButTheScan) {
+  for (const auto& change :
+       {changeOfLink(kHome, kBoth, kCafe), changeOfLink(kHome, kLost, kNotJoined)}) {
+    for (const Fact fact : {Fact::link, Fact::surveys, Fact::addresses, Fact::lanPings}) {
+      EXPECT_TRUE(change->gone.holds(fact));
+    }
+    EXPECT_FALSE(change->gone.meets({Fact::scan, Fact::radio, Fact::savedNetworks}));
+  }
+}
+
+const LinkChange kAllGone{changeOfLink(kHome, kLost, kNotJoined)->gone,
+                          {Reason::linkChanged, "The link was lost."}};
+const LinkChange kRadioGone{changeOfLink(kHome, kBoth, kUpstairs)->gone,
+                            {Reason::linkChanged, "The link moved."}};
 
 class BoundToLink : public testing::Test {
  protected:
   // What an errand gives that is bound to a link whose changes are told as listed, one by one.
-  Facts factsOf(checks::FactSet gives, std::vector<std::optional<Unknown>> changes) {
+  Facts factsOf(checks::FactSet gives, std::vector<std::optional<LinkChange>> changes) {
     Errand errand{.name = "errand",
                   .gives = gives,
                   .after = {},
@@ -67,20 +122,33 @@ TEST_F(BoundToLink, FactsOfALinkThatStaysAreKnown) {
 }
 
 TEST_F(BoundToLink, FactsOfALinkThatChangedMeanwhileAreNotKnown) {
-  const Facts facts = factsOf({Fact::lanPings}, {std::nullopt, kLost});
+  const Facts facts = factsOf({Fact::lanPings}, {std::nullopt, kAllGone});
   ASSERT_FALSE(facts.lanPings);
-  EXPECT_EQ(facts.lanPings.why(), kLost);
+  EXPECT_EQ(facts.lanPings.why(), kAllGone.why);
 }
 
 TEST_F(BoundToLink, NothingIsSentThroughALinkThatChanged) {
-  const Facts facts = factsOf({Fact::lanPings}, {kLost});
+  const Facts facts = factsOf({Fact::lanPings}, {kAllGone, kAllGone});
   EXPECT_EQ(runs_, 0);
   ASSERT_FALSE(facts.lanPings);
-  EXPECT_EQ(facts.lanPings.why(), kLost);
+  EXPECT_EQ(facts.lanPings.why(), kAllGone.why);
+}
+
+TEST_F(BoundToLink, WhatIsReachedStaysKnownWhenTheLinkMovesWithinTheNetwork) {
+  EXPECT_TRUE(factsOf({Fact::lanPings}, {std::nullopt, kRadioGone}).lanPings);
+  EXPECT_TRUE(factsOf({Fact::lanPings}, {kRadioGone, kRadioGone}).lanPings);
+  EXPECT_EQ(runs_, 2);
+}
+
+TEST_F(BoundToLink, TheLinkIsNotKnownWhenItMovesMeanwhile) {
+  const Facts facts = factsOf({Fact::link, Fact::radio}, {std::nullopt, kRadioGone});
+  ASSERT_FALSE(facts.link);
+  EXPECT_EQ(facts.link.why(), kRadioGone.why);
+  EXPECT_TRUE(facts.radio);
 }
 
 TEST_F(BoundToLink, FactsOfTheRadioAndTheAirStayKnown) {
-  const Facts facts = factsOf({Fact::link, Fact::radio, Fact::scan}, {kLost});
+  const Facts facts = factsOf({Fact::link, Fact::radio, Fact::scan}, {kAllGone, kAllGone});
   EXPECT_FALSE(facts.link);
   EXPECT_TRUE(facts.radio);
   EXPECT_TRUE(facts.scan);

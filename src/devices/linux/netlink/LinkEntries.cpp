@@ -70,9 +70,27 @@ std::optional<checks::Link> linkOf(const WifiInterface& interface,
   return link;
 }
 
-bool isLossOfLink(const Message& event, const WifiInterface& interface) {
-  return event.command == NL80211_CMD_DISCONNECT &&
-         Attributes(event.payload).number<std::int32_t>(NL80211_ATTR_IFINDEX) == interface.index;
+void addToLinkEvents(const Message& event, const WifiInterface& interface, LinkEvents& events) {
+  const Attributes attributes(event.payload);
+  if (attributes.number<std::int32_t>(NL80211_ATTR_IFINDEX) != interface.index) return;
+  switch (event.command) {
+    case NL80211_CMD_DISCONNECT:
+      events.lost = true;
+      return;
+    case NL80211_CMD_CONNECT:
+      if (attributes.number<std::uint16_t>(NL80211_ATTR_STATUS_CODE).value_or(0) == 0) {
+        events.joined = true;
+      }
+      return;
+    case NL80211_CMD_ROAM:
+      events.joined = true;
+      return;
+    case NL80211_CMD_CH_SWITCH_NOTIFY:
+      events.changedChannel = true;
+      return;
+    default:
+      return;
+  }
 }
 
 }  // namespace wifi_profile::machine

@@ -36,9 +36,19 @@ std::optional<checks::Link> linkOf(const WifiInterface& interface,
                                    const std::optional<StationEntry>& station,
                                    const std::optional<ScanEntry>& joined);
 
-// Whether an event says that the interface lost its link. Whatever ends a link is told by one: an
-// order, a switch, an access point that is gone, another network, the interface's own end. A roam
-// that the driver makes, or another channel of the same access point, is none.
-bool isLossOfLink(const Message& event, const WifiInterface& interface);
+// What events say of the interface's link.
+struct LinkEvents {
+  // Whatever ends a link is told so: an order, a switch, an access point that is gone, another
+  // network, the interface's own end. Most drivers tell a roam as a loss and a joining.
+  bool lost = false;
+  bool joined = false;          // by an order, or by a roam that the driver made
+  bool changedChannel = false;  // with the access point, which stays the same
+
+  bool any() const { return lost || joined || changedChannel; }
+  bool operator==(const LinkEvents&) const = default;
+};
+
+// Adds what one event says. A joining that failed, and what other interfaces do, says nothing.
+void addToLinkEvents(const Message& event, const WifiInterface& interface, LinkEvents& events);
 
 }  // namespace wifi_profile::machine

@@ -7,7 +7,6 @@
 #include <linux/nl80211.h>
 
 #include "devices/linux/SinceBoot.h"
-#include "devices/linux/netlink/LinkEntries.h"
 #include "devices/linux/netlink/RadioEntries.h"
 
 namespace wifi_profile::machine {
@@ -147,12 +146,13 @@ NotDone Nl80211::watchLink(const Patience& patience) {
   return std::nullopt;
 }
 
-bool Nl80211::tookLoss(const WifiInterface& interface) {
+LinkEvents Nl80211::takeLinkEvents(const WifiInterface& interface) {
   std::vector<Message> events;
-  const int error = events_.takeEvents(events);
-  return error == ENOBUFS || std::ranges::any_of(events, [&](const Message& event) {
-           return event.type == family_ && isLossOfLink(event, interface);
-         });
+  LinkEvents taken{.lost = events_.takeEvents(events) == ENOBUFS};
+  for (const Message& event : events) {
+    if (event.type == family_) addToLinkEvents(event, interface, taken);
+  }
+  return taken;
 }
 
 Known<ScanList> Nl80211::scan(const WifiInterface& interface, const Patience& patience,

@@ -19,6 +19,7 @@
 #include "checks/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/netlink/Interfaces.h"
+#include "devices/linux/netlink/LinkEntries.h"
 #include "devices/linux/netlink/ScanEntries.h"
 #include "devices/linux/netlink/ScanEvents.h"
 #include "devices/linux/netlink/Socket.h"
@@ -64,11 +65,10 @@ class Nl80211 {
   NotDone awaitScanResults(const WifiInterface& interface, ScansThat which,
                            const Patience& patience);
 
-  // For losses of the link: from `watchLink` on they are remembered, and `tookLoss` tells, without
-  // waiting, whether there was one since it was last asked. Where events were lost, there was. Any
-  // user.
+  // For changes of the link: from `watchLink` on they are remembered, and `takeLinkEvents` tells,
+  // without waiting, those since it was last asked. Where events were lost, the link was. Any user.
   NotDone watchLink(const Patience& patience);
-  bool tookLoss(const WifiInterface& interface);
+  LinkEvents takeLinkEvents(const WifiInterface& interface);
 
   // How the channels were found, in order of frequency. notSupported: the driver does not measure.
   checks::Known<std::vector<checks::ChannelSurvey>> surveys(const WifiInterface& interface,
