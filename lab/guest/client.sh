@@ -2,7 +2,8 @@
 #
 #   networkManager       D-Bus, udev, wpa_supplicant and NetworkManager, ready for connections
 #   supplicant SSID [PASSWORD]   wpa_supplicant alone (no NetworkManager), joined
-#   address              an address from DHCP, for supplicant
+#   address [INTERFACE]  an address from DHCP, for supplicant
+#   tunnel               tun0 to the router, with 10.8.0.1 and its name server behind it, takes all packets to the Internet
 #   profile NAME WORD... a connection profile of NetworkManager: ssid=, password=, security=, hidden, and
 #                        every other word as nmcli's "property=value"
 #   join NAME            activates the profile
@@ -106,7 +107,7 @@ radioSwitch() {
   for radio_switch in /sys/class/net/wlan0/phy80211/rfkill*; do rfkill "$1" "${radio_switch##*rfkill}"; done
 }
 
-# address   asks for one with DHCP, where no NetworkManager does
+# address [INTERFACE]   asks for one with DHCP, where no NetworkManager does
 address() {
   cat >/tmp/lease <<'END'
 #!/bin/sh
@@ -116,7 +117,22 @@ ip route add default via "$router" dev "$interface"
 echo "nameserver $dns" >/etc/resolv.conf
 END
   chmod 755 /tmp/lease
-  busybox udhcpc -i wlan0 -n -q -s /tmp/lease >/tmp/lease.log 2>&1 || stop "no address: $(xargs </tmp/lease.log)"
+  busybox udhcpc -i "${1:-wlan0}" -n -q -s /tmp/lease >/tmp/lease.log 2>&1 || stop "no address: $(xargs </tmp/lease.log)"
+}
+
+# The router drops what comes for the tunnel's end past the tunnel.
+tunnel() {
+  tunnel_own=$(ip -4 -o addr show wlan0 | sed -E 's/.* inet ([0-9.]+).*/\1/')
+  { inAir ip link add tun0 type ipip local 192.168.50.1 remote "$tunnel_own" &&
+    inAir ip addr add 10.8.0.1/24 dev tun0 && inAir ip link set tun0 up &&
+    inAir nft "add table ip tunnel; add chain ip tunnel in { type filter hook input priority 0; };
+      add rule ip tunnel in iifname $home ip daddr 10.8.0.1 drop" &&
+    inAir dnsmasq --conf-file=/dev/null --pid-file=/run/dnsmasq-tunnel --user=root --no-resolv --no-hosts \
+      --bind-interfaces --listen-address=10.8.0.1 --no-dhcp-interface=tun0 --address=/test/203.0.113.80 &&
+    ip link add tun0 type ipip local "$tunnel_own" remote 192.168.50.1 && ip addr add 10.8.0.2/24 dev tun0 &&
+    ip link set tun0 up && ip route add 0.0.0.0/1 dev tun0 && ip route add 128.0.0.0/1 dev tun0; } ||
+    stop "no tunnel"
+  echo "nameserver 10.8.0.1" >/etc/resolv.conf
 }
 
 # joinedTo SSID   the radio is joined to it, whoever did that
