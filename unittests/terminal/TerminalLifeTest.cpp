@@ -2,8 +2,11 @@
 
 #include <chrono>
 #include <csignal>
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <termios.h>
 #include <thread>
+#include <unistd.h>
 
 #include "terminal/TerminalRun.h"
 
@@ -151,6 +154,32 @@ TEST_F(LifeOfATerminal, IsRestoredWheneverTheProgramIsToldToEndWhileItStarts) {
     std::this_thread::sleep_for(std::chrono::milliseconds(wait));
     ASSERT_EQ(::kill(program, SIGTERM), 0);
     EXPECT_THAT(run.status(), ::testing::AnyOf(130, 128 + SIGTERM)) << wait;
+    run.expectTerminalAsBefore();
+  }
+}
+
+TEST_F(LifeOfATerminal, GoesToTheShellWhenTheProgramIsStoppedRightAfterItsFirstChange) {
+  for (int i = 0; i < 5; ++i) {
+    run.start("pick-another", "--pick");
+    const int program = process();
+    const int terminal =
+        open(("/proc/" + std::to_string(program) + "/fd/0").c_str(), O_RDONLY | O_NOCTTY);
+    EXPECT_TRUE(comesTrue([terminal] {
+      termios modes{};
+      for (int look = 0; look < 10'000; ++look) {
+        tcgetattr(terminal, &modes);
+        if ((modes.c_lflag & ECHO) == 0) return true;
+      }
+      return false;
+    }));
+    ASSERT_EQ(::kill(program, SIGTSTP), 0);
+    close(terminal);
+    tmux.screenWith({"Stopped"});
+    run.expectTerminalAsBefore();
+    tmux.enter("clear; fg; echo ended-with-$?");
+    tmux.screenWith({"Werkstatt"});
+    tmux.press({"q", "Left", "Enter"});
+    run.status();
     run.expectTerminalAsBefore();
   }
 }

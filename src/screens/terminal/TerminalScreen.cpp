@@ -41,6 +41,32 @@ void stopProcess() {
   sigaction(SIGTSTP, &waiting, nullptr);
 }
 
+volatile std::sig_atomic_t stopIsWanted = 0;
+
+// While the terminal is changed already and the screen does not wait for signals yet, an order to
+// stop waits: the screen puts the terminal right before it stops.
+class StopsLater {
+ public:
+  StopsLater() {
+    if (isIgnored(SIGTSTP)) return;
+    stopIsWanted = 0;
+    struct sigaction noting {};
+    noting.sa_handler = [](int /*signal*/) { stopIsWanted = 1; };
+    sigaction(SIGTSTP, &noting, &before_.emplace());
+  }
+  // The screen has taken the signal over.
+  void screenWaits() { before_.reset(); }
+  ~StopsLater() {
+    if (before_) sigaction(SIGTSTP, &*before_, nullptr);
+    if (std::exchange(stopIsWanted, 0) != 0) std::raise(SIGTSTP);
+  }
+  StopsLater(const StopsLater&) = delete;
+  StopsLater& operator=(const StopsLater&) = delete;
+
+ private:
+  std::optional<struct sigaction> before_;
+};
+
 class TerminalScreen final : public PersonScreen,
                              public std::enable_shared_from_this<TerminalScreen> {
  public:
@@ -285,22 +311,25 @@ void TerminalScreen::close() {
   askedToStop_ = nullptr;
   if (!tty_) return;
   input_.release();
-  signals_.clear();
-  signals_.cancel();
   turning_.cancel();
   returning_.cancel();
+  // First the terminal: an order to stop that comes meanwhile does not leave it as it is.
   tty_.reset();
+  signals_.clear();
+  signals_.cancel();
 }
 
 }  // namespace
 
 std::variant<std::shared_ptr<PersonScreen>, std::string> makeTerminalScreen(TerminalStyle style) {
   auto queue = std::make_shared<AsioMainQueue>();
+  StopsLater stops;
   auto tty = Tty::open(style.color);
   if (auto* reason = std::get_if<std::string>(&tty)) return std::move(*reason);
   auto screen = std::make_shared<TerminalScreen>(std::get<std::unique_ptr<Tty>>(std::move(tty)),
                                                  std::move(queue));
   screen->begin();
+  stops.screenWaits();
   return std::shared_ptr<PersonScreen>(std::move(screen));
 }
 
