@@ -7,6 +7,7 @@
 #include "Require.h"
 #include "devices/linux/Rfkill.h"
 #include "devices/linux/netlink/Addresses.h"
+#include "devices/linux/netlink/Carrier.h"
 #include "devices/linux/netlink/LinkEntries.h"
 #include "devices/linux/netlink/RadioEntries.h"
 #include "devices/linux/netlink/ScanEntries.h"
@@ -82,6 +83,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
       const std::vector<std::uint8_t> payload(bytes.begin(), bytes.end());
       addressesOf(4, {{.type = RTM_NEWADDR, .payload = payload}},
                   {{.type = RTM_NEWROUTE, .payload = payload}});
+      const auto carrier = carrierOf(4, {{.type = RTM_NEWLINK, .payload = payload}});
+      require(!carrier || carrier->index == 4, "an interface alone carries its own addresses");
       break;
     }
     case Reader::rfkill:
