@@ -147,7 +147,7 @@ constexpr std::array kReachRows{
                   "to this user; without all of their answers after 1 s, or without echoes, TCP "
                   "connections, of which a refusal is an answer, too; without an answer of these, "
                   "the kernel's entry of the neighbour (RTM_GETNEIGH), which has no times",
-          .threshold = "one answer to 3, sent 0.3 s apart, within 4 s in all, or a neighbour that "
+          .threshold = "one answer to 3, sent 0.1 s apart, within 4 s in all, or a neighbour that "
                        "is reachable (NUD_REACHABLE) at most 2.5 s after that and was confirmed "
                        "(NDA_CACHEINFO) after the pings began",
           .why = kPingsWhy,
@@ -161,7 +161,7 @@ constexpr std::array kReachRows{
                   "connections, of which a refusal is an answer, too; the log says where the "
                   "system's own packets to the Internet leave by another interface, such as a "
                   "tunnel (RTM_GETROUTE)",
-          .threshold = "one answer to 3, sent 0.3 s apart, within 4 s in all",
+          .threshold = "one answer to 3, sent 0.1 s apart, within 4 s in all",
           .why = kPingsWhy,
           .unknownWhen = "not joined, the address of a name cannot be looked up or is one of the "
                          "house, no ping could be sent, or the default route is another "

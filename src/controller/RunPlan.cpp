@@ -7,15 +7,11 @@
 namespace wifi_profile {
 namespace {
 
-constexpr std::string_view kExcludedSuffix = "_nomap";
-
 constexpr std::int32_t kDeviceTests = kDeviceConfigurationBatch.size();
 constexpr std::int32_t kCurrentNetworkTests = kCurrentNetworkBatch.size();
 constexpr std::int32_t kSelectedNetworkTests = kSelectedNetworkBatch.size();
 
 }  // namespace
-
-bool isExcludedFromRuns(const TextRef& name) { return endsWithIgnoringCase(name, kExcludedSuffix); }
 
 RunPlan planRun(const TextRef& currentName, const TextRef& selectedName) {
   const bool currentNoMap = isExcludedFromRuns(currentName);

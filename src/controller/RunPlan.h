@@ -3,13 +3,10 @@
 
 #include <cstdint>
 
+#include "platform/ExcludedNetworks.h"
 #include "platform/Text.h"
 
 namespace wifi_profile {
-
-// Whether a network's owner asks not to be surveyed: its name ends with "_nomap", in any letter
-// case. NO for nil.
-bool isExcludedFromRuns(const TextRef& name);
 
 struct RunPlan {
   bool runCurrentNetwork;

@@ -6,6 +6,7 @@
 #include "checks/Subject.h"
 #include "devices/DeviceBackEnds.h"
 #include "platform/DiagnosticLog.h"
+#include "platform/ExcludedNetworks.h"
 #include "platform/Number.h"
 
 namespace wifi_profile::machine {
@@ -118,11 +119,21 @@ std::optional<checks::Facts> LinuxService::factsFor(const VqDiagnosticsTestReque
   return facts;
 }
 
+// The tests of the device come first, and name the network that the run is about. Where that is the
+// joined one, what goes through it need not wait until they are answered.
+void LinuxService::beginEarly(Gathering& running, const VqDiagnosticsTestRequest& request) {
+  const TextRef name = networkNameOf(request);
+  if (!name || isExcludedFromRuns(name)) return;
+  const auto known = running.await({Fact::link});
+  if (known && known->link && known->link->ssid == name->string()) running.begin(kReachFacts);
+}
+
 // A network that is not to be tested is not to be probed, either: nothing is sent before a test of
 // the joined network wants it.
 std::optional<checks::Facts> LinuxService::awaitFacts(Gathering& running,
                                                       const VqDiagnosticsTestRequest& request) {
   const FactSet needs = checks::checkOf(request.testID()).needs;
+  beginEarly(running, request);
   if (!needs.meets(kReachFacts)) return running.await(needs);
   if (const TextRef name = networkNameOf(request)) {
     auto known = running.await(withoutReach(needs));

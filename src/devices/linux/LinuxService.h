@@ -30,9 +30,9 @@ class FactFinder : public Interface {
 // Answers every test from facts, by its check. The first request of a run (other than for the scan
 // of the list, NoScanResults, which scans for itself) begins to find everything out, side by side,
 // but for what must be sent through the joined network: the first that asks that network for some
-// of it begins with all of it. Why something was not reached goes to the log with the test that it
-// decides, on the thread that asks. A cancel ends that run, and the requests that wait for it, at
-// once. Any thread.
+// of it, or names it as the one that the run is about, begins with all of it. Why something was not
+// reached goes to the log with the test that it decides, on the thread that asks. A cancel ends
+// that run, and the requests that wait for it, at once. Any thread.
 class LinuxService final : public VqClient {
  public:
   // `trace` must outlive the service.
@@ -59,6 +59,7 @@ class LinuxService final : public VqClient {
 
   Outcome serve(const VqDiagnosticsTestRequest& request);
   std::optional<checks::Facts> factsFor(const VqDiagnosticsTestRequest& request);
+  void beginEarly(Gathering& running, const VqDiagnosticsTestRequest& request);
   std::optional<checks::Facts> awaitFacts(Gathering& running,
                                           const VqDiagnosticsTestRequest& request);
   std::shared_ptr<Gathering> gathering(const VqDiagnosticsTestRequest& request);

@@ -238,6 +238,24 @@ TEST_F(LinuxServiceTest, SendsNothingForTestsOfTheDevice) {
   EXPECT_EQ(finder->sendings, 1);
 }
 
+TEST_F(LinuxServiceTest, BeginsToSendWithTestsOfTheDeviceThatNameTheJoinedNetwork) {
+  const auto sendingsAfter = [this](const char* joined, const char* named) {
+    finder->facts.link->ssid = joined;
+    finder->sendings = 0;
+    VqErrorRef error;
+    ask(DiagnosticsTestID::PoorSignal, error, {{"NetworkName", makeText(named)}});
+    service.cancelAllRequests();
+    return finder->sendings.load();
+  };
+  EXPECT_EQ(sendingsAfter("Home", "Elsewhere"), 0);
+  EXPECT_EQ(sendingsAfter("Home_nomap", "Home_nomap"), 0);  // which are not tested
+  finder->facts.link->ssid = "Home";
+  VqErrorRef error;
+  ask(DiagnosticsTestID::PoorSignal, error, {{"NetworkName", makeText("Home")}});
+  ask(DiagnosticsTestID::PingLAN, error);
+  EXPECT_EQ(finder->sendings, 1);
+}
+
 // What is sent first waits for the services at most, where the scan is the kernel's last one.
 TEST(LimitsOfARun, LeaveTheLastAnswerWithin15SecondsOfTheScan) {
   const ScopedInstall<DiagnosticLog> log(std::make_shared<Lines>());

@@ -20,7 +20,7 @@ namespace wifi_profile::machine {
 
 struct PingPlan {
   int count = 3;
-  std::chrono::milliseconds interval{300};  // between the beginnings of two
+  std::chrono::milliseconds interval{100};  // between the beginnings of two
   std::chrono::milliseconds time{4000};     // in all; it ends sooner when every answer is there
   // TCP ports. All are tried until one gave an answer, which is a connection or its refusal.
   std::vector<std::uint16_t> ports = {443, 80, 53};
