@@ -21,6 +21,8 @@ constexpr FactSet kOfNetwork{Fact::link,           Fact::surveys,      Fact::add
 
 constexpr std::size_t kLongestName = 64;  // bytes in a sentence
 constexpr std::chrono::milliseconds kLookUpLimit{200};
+// A roam that is told as a loss and a joining takes some milliseconds, with 802.1X up to this.
+constexpr std::chrono::milliseconds kRoamLimit{300};
 
 // `happened` such as " was lost".
 checks::Unknown unknownSince(const std::optional<checks::Link>& before,
@@ -69,7 +71,11 @@ std::optional<LinkChange> LinkWatch::change(const Patience& patience) {
   if (change_ && change_->gone == kOfNetwork) return change_;
   const LinkEvents events = kernel_.takeLinkEvents(interface_);
   if (!events.any()) return change_;
-  const auto now = kernel_.link(interface_, patience.atMost(kLookUpLimit));
+  auto now = kernel_.link(interface_, patience.atMost(kLookUpLimit));
+  if (events.lost && !now) {
+    waitFor(-1, 0, patience.atMost(kRoamLimit));
+    now = kernel_.link(interface_, patience.atMost(kLookUpLimit));
+  }
   const auto change = changeOfLink(link_, events, now);
   if (change && (!change_ || change->gone == kOfNetwork)) change_ = change;
   if (link_ && now) link_->bssid = now->bssid;

@@ -36,8 +36,8 @@ class LinkWatch {
   void begin(const Patience& patience);
   // The link that the run is about.
   void setLink(const checks::Link& link);
-  // Empty: the link is as it was. What is gone stays gone, for the reason that it had first. Does
-  // not wait but for the kernel's word on the link that there is instead.
+  // Empty: the link is as it was. What is gone stays gone, for the reason that it had first. After
+  // a loss it waits a moment for the link that there is instead.
   std::optional<LinkChange> change(const Patience& patience);
 
  private:
