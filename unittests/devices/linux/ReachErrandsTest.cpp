@@ -262,7 +262,7 @@ TEST_F(ReachOfTheInternet, LooksUpANameOfTheSystemsOtherServersToo) {
 }
 
 TEST_F(ReachOfTheInternet, AsksTheSystemsServersWhereThoseOfTheLinkAreNotKnown) {
-  const UdpServer knowing(addressesOfBoth);
+  const UdpServer knowing(routersAddressesOfBoth);
   known_.addresses = checks::Addresses{
       .systemDnsServers = std::vector{"127.0.0.1:" + std::to_string(knowing.port())}};
   Facts facts;

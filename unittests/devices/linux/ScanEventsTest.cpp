@@ -9,14 +9,14 @@ namespace {
 
 using End = ScanEvents::End;
 
-WifiInterface wlan0() {
+WifiInterface scanningInterface() {
   WifiInterface interface;
   interface.index = 4;
   interface.wiphy = 1;
   return interface;
 }
 
-const WifiInterface kWlan0 = wlan0();
+const WifiInterface kScanning = scanningInterface();
 
 Message event(int command, std::int32_t index = 4) {
   return {.command = command,
@@ -25,7 +25,7 @@ Message event(int command, std::int32_t index = 4) {
 }
 
 TEST(ScanEvents, AnEndBeforeTheScanBeganIsAnotherScans) {
-  ScanEvents events(kWlan0, ScansThat::beganAndEnded);
+  ScanEvents events(kScanning, ScansThat::beganAndEnded);
   EXPECT_EQ(events.take(event(NL80211_CMD_NEW_SCAN_RESULTS)), std::nullopt);
   EXPECT_EQ(events.take(event(NL80211_CMD_SCAN_ABORTED)), std::nullopt);
   EXPECT_EQ(events.take(event(NL80211_CMD_TRIGGER_SCAN)), std::nullopt);
@@ -33,18 +33,18 @@ TEST(ScanEvents, AnEndBeforeTheScanBeganIsAnotherScans) {
 }
 
 TEST(ScanEvents, AScanThatWasGivenUpEndsToo) {
-  ScanEvents events(kWlan0, ScansThat::beganAndEnded);
+  ScanEvents events(kScanning, ScansThat::beganAndEnded);
   events.take(event(NL80211_CMD_TRIGGER_SCAN));
   EXPECT_EQ(events.take(event(NL80211_CMD_SCAN_ABORTED)), End::aborted);
 }
 
 TEST(ScanEvents, TheEndOfAScanUnderWayCountsWhereItIsAwaited) {
-  ScanEvents events(kWlan0, ScansThat::ended);
+  ScanEvents events(kScanning, ScansThat::ended);
   EXPECT_EQ(events.take(event(NL80211_CMD_NEW_SCAN_RESULTS)), End::results);
 }
 
 TEST(ScanEvents, OfOtherInterfacesDoNotCount) {
-  ScanEvents events(kWlan0, ScansThat::beganAndEnded);
+  ScanEvents events(kScanning, ScansThat::beganAndEnded);
   events.take(event(NL80211_CMD_TRIGGER_SCAN, 5));
   EXPECT_EQ(events.take(event(NL80211_CMD_NEW_SCAN_RESULTS)), std::nullopt);
   events.take(event(NL80211_CMD_TRIGGER_SCAN));
@@ -52,7 +52,7 @@ TEST(ScanEvents, OfOtherInterfacesDoNotCount) {
 }
 
 TEST(ScanEvents, OfTheSameRadioWithoutAnInterfaceCount) {
-  ScanEvents events(kWlan0, ScansThat::ended);
+  ScanEvents events(kScanning, ScansThat::ended);
   const auto ofRadio = [](std::uint32_t radio) {
     return Message{.command = NL80211_CMD_NEW_SCAN_RESULTS,
                    .payload = numberAttribute(NL80211_ATTR_WIPHY, radio)};

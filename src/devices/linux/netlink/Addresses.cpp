@@ -118,11 +118,6 @@ int ask(NetlinkSocket& socket, int type, Bytes fields, const Patience& patience,
   return socket.ask(request, patience, answers);
 }
 
-template <class Fields>
-Bytes bytesOf(const Fields& fields) {
-  return {reinterpret_cast<const std::uint8_t*>(&fields), sizeof fields};
-}
-
 }  // namespace
 
 checks::Addresses addressesOf(int interface, const std::vector<Message>& addresses,
@@ -157,14 +152,14 @@ checks::Known<checks::Addresses> readAddresses(int interface, const Patience& pa
   NetlinkSocket socket(NETLINK_ROUTE);
   ifinfomsg link{};
   link.ifi_index = interface;
-  Request exists(RTM_GETLINK, bytesOf(link), Request::Kind::one);
+  Request exists(RTM_GETLINK, octetsIn(link), Request::Kind::one);
   std::vector<Message> addresses;
   int error = interface > 0 ? socket.ask(exists, patience, addresses) : ENODEV;
   if (error != 0) return unknownFor(error, kSubject);
 
-  error = ask(socket, RTM_GETADDR, bytesOf(ifaddrmsg{}), patience, addresses);
+  error = ask(socket, RTM_GETADDR, octetsIn(ifaddrmsg{}), patience, addresses);
   std::vector<Message> routes;
-  if (error == 0) error = ask(socket, RTM_GETROUTE, bytesOf(rtmsg{}), patience, routes);
+  if (error == 0) error = ask(socket, RTM_GETROUTE, octetsIn(rtmsg{}), patience, routes);
   if (error != 0) return unknownFor(error, kSubject);
   return addressesOf(interface, addresses, routes);
 }

@@ -71,11 +71,6 @@ const Interface* otherMemberOf(const Interface& bond, const Interface& member,
   return found == all.end() ? nullptr : &*found;
 }
 
-template <class Fields>
-Bytes bytesOf(const Fields& fields) {
-  return {reinterpret_cast<const std::uint8_t*>(&fields), sizeof fields};
-}
-
 }  // namespace
 
 std::optional<Carrier> carrierOf(int interface, const std::vector<Message>& links) {
@@ -101,7 +96,7 @@ std::optional<Carrier> carrierOf(int interface, const std::vector<Message>& link
 checks::Known<Carrier> readCarrier(int interface, const Patience& patience) {
   constexpr std::string_view kSubject = "the interfaces";
   NetlinkSocket socket(NETLINK_ROUTE);
-  Request request(RTM_GETLINK, bytesOf(ifinfomsg{}), Request::Kind::dump);
+  Request request(RTM_GETLINK, octetsIn(ifinfomsg{}), Request::Kind::dump);
   std::vector<Message> links;
   if (const int error = socket.ask(request, patience, links); error != 0) {
     return unknownFor(error, kSubject);
@@ -119,7 +114,7 @@ std::optional<int> interfaceTowards(const std::string& address, const Patience& 
   rtmsg fields{};
   fields.rtm_family = static_cast<unsigned char>(family);
   fields.rtm_dst_len = static_cast<unsigned char>(count * 8);
-  Request request(RTM_GETROUTE, bytesOf(fields), Request::Kind::one);
+  Request request(RTM_GETROUTE, octetsIn(fields), Request::Kind::one);
   request.put(RTA_DST, Bytes(octets).first(count));
   NetlinkSocket socket(NETLINK_ROUTE);
   std::vector<Message> answers;

@@ -16,6 +16,12 @@ struct nl_sock;
 
 namespace wifi_profile::machine {
 
+// The bytes of a message's fixed fields, such as an ifaddrmsg; as long as those live.
+template <class Fields>
+ieee80211::Bytes octetsIn(const Fields& fields) {
+  return {reinterpret_cast<const std::uint8_t*>(&fields), sizeof fields};
+}
+
 // A question to the kernel. `dump`: all there are, one answer each.
 class Request {
  public:

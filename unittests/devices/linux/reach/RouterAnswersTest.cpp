@@ -18,22 +18,22 @@ std::string natPmp(const std::string& start, const std::string& address) {
 }
 
 const std::string kSuccess("\0\x80\0\0", 4);
-const std::string kAddress("\xcb\x71\x07\x09");
+const std::string kOuterAddress("\xcb\x71\x07\x09");
 
 TEST(RouterAnswers, OfNatPmpHaveTheAddressBehindItsHeader) {
-  EXPECT_EQ(addressFromNatPmp(natPmp(kSuccess, kAddress)), "203.113.7.9");
-  EXPECT_EQ(addressFromNatPmp(natPmp(kSuccess, kAddress) + "more"), "203.113.7.9");
+  EXPECT_EQ(addressFromNatPmp(natPmp(kSuccess, kOuterAddress)), "203.113.7.9");
+  EXPECT_EQ(addressFromNatPmp(natPmp(kSuccess, kOuterAddress) + "more"), "203.113.7.9");
 }
 
 TEST(RouterAnswers, OfNatPmpMustBeWholeAndASuccessAndHaveAHostsAddress) {
   EXPECT_EQ(addressFromNatPmp(""), std::nullopt);
-  EXPECT_EQ(addressFromNatPmp(natPmp(kSuccess, kAddress).substr(0, 11)), std::nullopt);
+  EXPECT_EQ(addressFromNatPmp(natPmp(kSuccess, kOuterAddress).substr(0, 11)), std::nullopt);
   EXPECT_EQ(addressFromNatPmp(natPmp(kSuccess, std::string(4, '\0'))), std::nullopt);
   EXPECT_EQ(addressFromNatPmp(natPmp(kSuccess, "\xe0\x01\x01\x01")), std::nullopt);
   for (std::size_t byte = 0; byte < kSuccess.size(); ++byte) {
     std::string other = kSuccess;
     ++other[byte];
-    EXPECT_EQ(addressFromNatPmp(natPmp(other, kAddress)), std::nullopt) << byte;
+    EXPECT_EQ(addressFromNatPmp(natPmp(other, kOuterAddress)), std::nullopt) << byte;
   }
 }
 
