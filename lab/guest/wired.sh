@@ -9,6 +9,8 @@
 #     captive          every web page is answered with a redirection to a login page
 #     double-nat       the street translates addresses as well, and its own are private
 #     ipv6             the router announces 2001:db8:50::/64
+#   https PORT trusted|unknown   the web server answers HTTPS at the port as well, with a certificate for
+#                      connectivity.test; its authority is among those that the client trusts, or is not
 #   lossy PERCENT      from now on that share of the packets to the client is lost
 
 inWorld() { ip netns exec world "$@"; }
@@ -93,6 +95,26 @@ wired() {
     --dhcp-range=192.168.50.10,192.168.50.99,1h \
     --dhcp-option=option:router,"$wired_router" --dhcp-option=option:dns-server,"$wired_dns" \
     --dhcp-authoritative --dhcp-leasefile=/tmp/leases "$@"
+}
+
+# Its certificates are made here and not with the image, because the guest has a date of its own.
+https() {
+  known "trusted unknown" "$2"
+  https_files=/tmp/https-$1
+  # shellcheck disable=SC2086  # several words
+  {
+    https_new="-newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -days 30"
+    openssl req -x509 $https_new -subj "/CN=Authority $1" -keyout "$https_files-authority.key" \
+      -out "$https_files-authority" &&
+      openssl req -x509 $https_new -subj /CN=connectivity.test -extensions usr_cert \
+        -addext subjectAltName=DNS:connectivity.test -CA "$https_files-authority" \
+        -CAkey "$https_files-authority.key" -keyout "$https_files.key" -out "$https_files"
+  } >"$https_files.log" 2>&1 || stop "no certificate"
+  mkdir -p /etc/ssl/certs
+  [ "$2" != trusted ] || cat "$https_files-authority" >>/etc/ssl/certs/ca-certificates.crt
+  (cd /tmp/www && inWorld openssl s_server -WWW -quiet -accept "203.0.113.80:$1" -cert "$https_files" \
+    -key "$https_files.key" </dev/null >"$https_files-server.log" 2>&1) &
+  within 10 shows ":$1 " inWorld ss -ltn || stop "no HTTPS server"
 }
 
 lossy() { inAir tc qdisc add dev "$home" root netem loss "$1%" || stop "no netem"; }
