@@ -2,7 +2,8 @@
 #
 #     client --air-- [air: 192.168.50.1] -- [street: 198.51.100.1, with double-nat 10.0.0.1] -- [world]
 #
-# In "world" answer a DNS server (203.0.113.53) and a web server (203.0.113.80, connectivity.test).
+# In "world" answer a DNS server (203.0.113.53) and a web server (203.0.113.80, connectivity.test). Every other
+# name under "test" has that address, too, but many.test has 100, too many for an answer over UDP.
 #   wired WORD...
 #     dns=dead         the DNS server that DHCP names is not there
 #     gateway=dead     the router that DHCP names is not there
@@ -46,7 +47,9 @@ world() {
   ip netns add world
   ip -n world link set lo up
   for world_address in 203.0.113.53 203.0.113.80; do ip -n world addr add "$world_address/32" dev lo; done
-  daemon world --bind-interfaces --listen-address=203.0.113.53 --address=/test/203.0.113.80 --no-dhcp-interface=lo
+  seq -f '203.0.113.%g many.test' 101 200 >/tmp/hosts
+  daemon world --bind-interfaces --listen-address=203.0.113.53 --address=/test/203.0.113.80 --addn-hosts=/tmp/hosts \
+    --no-dhcp-interface=lo
   mkdir -p /tmp/www
   printf online >/tmp/www/check.txt
   inWorld busybox httpd -p 203.0.113.80:80 -h /tmp/www
