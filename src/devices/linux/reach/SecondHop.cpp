@@ -18,8 +18,8 @@ namespace {
 constexpr int kHopTries = 3;
 constexpr std::chrono::milliseconds kBetweenHopTries{250};
 constexpr std::chrono::milliseconds kHopTime{
-    1200};                              // in all: a slow one still has time for the first
-constexpr std::uint16_t kUnusedPort = 33434;  // where nobody listens, by custom
+    1200};                                    // in all: a slow one still has time for the first
+constexpr std::uint16_t kUnusedPort = 33434;  // where no program listens, by custom
 
 // Who sent the error that the socket got: a router that the packet's time ended at, or the target
 // itself, where nobody listens, or whoever forbids the packet.
