@@ -53,8 +53,8 @@ What is not known is an error of the test, never a good answer: its code says wh
 its text what would help.
 
 Where the Wi-Fi interface is a member of a bond, a team or a bridge, that one has its addresses, routes, name servers
-and profile, and what is asked through the link goes through it. While a bond sends through another member, what
-is reached is not known.
+and profile, and what is asked through the link goes through it. What is reached is not known while an active-backup
+bond sends through another member, or while a team, a bridge or a bond of another mode has another member that is running.
 
 What a run did not find out before its link changed is not known, for the reason linkChanged: after a loss, or when another
 network is joined, whatever is asked of the link; after a roam within the network, or when the access point changes its

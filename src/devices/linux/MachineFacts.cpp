@@ -34,13 +34,6 @@ Found put(Known<T> checks::Facts::*member, Known<T> fact) {
   return [member, fact = std::move(fact)](checks::Facts& facts) { facts.*member = fact; };
 }
 
-checks::Unknown sentByAnother(const Carrier& bond) {
-  return {checks::Reason::notTold,
-          bond.name + " sends through its member " + *bond.otherMember +
-              ", so what is reached is not reached through Wi-Fi: make the Wi-Fi interface the "
-              "bond's active member, and try again."};
-}
-
 }  // namespace
 
 MachineFacts::MachineFacts(std::shared_ptr<const Machine> machine, Targets targets)
@@ -170,7 +163,7 @@ Found MachineFacts::findConnection(const Patience& patience) {
   const auto read = readCarrier(wifi.index, patience);
   const Carrier carrier = read ? *read : Carrier{.index = wifi.index, .name = wifi.name};
   Known<checks::Addresses> addresses = readAddresses(carrier.index, patience);
-  if (carrier.otherMember) addresses = sentByAnother(carrier);
+  if (carrier.otherMember) addresses = sentByAnother(*carrier.otherMember);
   ConnectionManager manager(*machine_->systemBus());
   const auto servers = manager.dnsServers(carrier.name, patience);
   if (addresses) {

@@ -66,20 +66,53 @@ TEST(Carrier, OfMastersThatLeaveTheAddressesToTheirMembersIsTheMember) {
   EXPECT_EQ(carrierOfWlan0({{4, "wlan0", 9}}), (Carrier{4, "wlan0", {}}));
 }
 
-TEST(Carrier, SaysWhichOtherMemberTheBondSendsThrough) {
+TEST(Carrier, SaysWhichMemberABondSendsThroughInstead) {
   EXPECT_EQ(carrierOfWlan0(
                 {{2, "eth0", 7}, {4, "wlan0", 7}, {7, "bond0", 0, "bond", bond(kActiveBackup, 2)}}),
-            (Carrier{7, "bond0", "eth0"}));
+            (Carrier{7, "bond0", OtherMember{"eth0", "bond0", "wlan0", true}}));
 }
 
-TEST(Carrier, SaysWhichOtherMemberABondSendsThroughAsWell) {
-  const auto beside = [](bool isRunning) {
-    return *carrierOfWlan0({{2, "eth0", 7, "", {}, isRunning},
-                            {4, "wlan0", 7},
-                            {7, "bond0", 0, "bond", bond(kBalance)}});
+TEST(Carrier, OfAnActiveBackupBondThatSendsThroughTheLinkHasNoOtherMember) {
+  EXPECT_EQ(carrierOfWlan0(
+                {{2, "eth0", 7}, {4, "wlan0", 7}, {7, "bond0", 0, "bond", bond(kActiveBackup, 4)}}),
+            (Carrier{7, "bond0", {}}));
+}
+
+TEST(Carrier, SaysWhichRunningMemberMaySendAsWell) {
+  const auto beside = [](bool isRunning, const Listed& master) {
+    return carrierOfWlan0({{2, "eth0", 7, "", {}, isRunning}, {4, "wlan0", 7}, master})
+        ->otherMember;
   };
-  EXPECT_EQ(beside(true).otherMember, "eth0");
-  EXPECT_EQ(beside(false).otherMember, std::nullopt);
+  // The last two tell an active member, but send through all of them.
+  for (const Listed& master :
+       {Listed{7, "both", 0, "bridge"}, Listed{7, "both", 0, "team"},
+        Listed{7, "both", 0, "bond", bond(kBalance)}, Listed{7, "both", 0, "bond", bond(5, 4)},
+        Listed{7, "both", 0, "bond", bond(6, 4)}}) {
+    EXPECT_EQ(beside(true, master), (OtherMember{"eth0", "both", "wlan0", false})) << master.kind;
+    EXPECT_EQ(beside(false, master), std::nullopt) << master.kind;
+  }
+}
+
+TEST(Carrier, NamesTheMasterThatHasTheOtherMember) {
+  EXPECT_EQ(carrierOfWlan0({{2, "eth0", 7},
+                            {4, "wlan0", 7},
+                            {7, "bond0", 8, "bond", bond(kActiveBackup, 2)},
+                            {8, "br0", 0, "bridge"}}),
+            (Carrier{8, "br0", OtherMember{"eth0", "bond0", "wlan0", true}}));
+  EXPECT_EQ(carrierOfWlan0({{2, "eth0", 8},
+                            {4, "wlan0", 7},
+                            {7, "br0", 8, "bridge"},
+                            {8, "bond0", 0, "bond", bond(kActiveBackup, 2)}}),
+            (Carrier{8, "bond0", OtherMember{"eth0", "bond0", "br0", true}}));
+}
+
+TEST(Carrier, ThatAnotherMemberSendsForIsAdvisedWithTheirNames) {
+  EXPECT_EQ(sentByAnother({"eth0", "bond0", "wlan0", true}).sentence,
+            "bond0 sends through its member eth0, so what is reached is not reached through Wi-Fi: "
+            "make wlan0 the active member of bond0, and try again.");
+  EXPECT_EQ(sentByAnother({"eth0", "br0", "wlan0", false}).sentence,
+            "br0 may send through its member eth0, so what is reached may not be reached through "
+            "Wi-Fi: take all members but wlan0 out of br0, and try again.");
 }
 
 TEST(Carrier, OfMembersThatAreEachOthersIsOneOfThem) {

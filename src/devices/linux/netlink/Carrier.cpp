@@ -14,7 +14,7 @@
 namespace wifi_profile::machine {
 namespace {
 
-// Of a bond in a bridge in another bond, and no end.
+// Bounds a chain of masters, which could be a ring.
 constexpr int kMostLevels = 4;
 // Reserved for documentation: only a default route leads there (RFC 5737, RFC 3849).
 constexpr std::array kInTheInternet{"203.0.113.1", "2001:db8::1"};
@@ -24,9 +24,9 @@ struct Interface {
   bool isRunning = false;
   std::string name;
   std::optional<int> master;
-  std::string kind;  // such as "bond"; empty: a device
+  std::string kind;              // such as "bond"; empty: a device
+  bool sendsThroughOne = false;  // a bond with one active member
   std::optional<int> activeMember;
-  bool sharesLoad = false;  // a bond that sends through all of its members
 };
 
 std::optional<Interface> interfaceOf(const Message& message) {
@@ -43,11 +43,10 @@ std::optional<Interface> interfaceOf(const Message& message) {
   interface.kind = information.text(IFLA_INFO_KIND).value_or("");
   if (interface.kind != "bond") return interface;
   const Attributes bond = information.nested(IFLA_INFO_DATA);
+  // The modes that balance by themselves (5 and 6) tell an active member too, but send through all.
+  constexpr std::uint8_t kActiveBackup = 1;
+  interface.sendsThroughOne = bond.number<std::uint8_t>(IFLA_BOND_MODE) == kActiveBackup;
   interface.activeMember = bond.number<std::int32_t>(IFLA_BOND_ACTIVE_SLAVE);
-  // Active-backup and the two that balance by themselves have one active member.
-  constexpr std::array<std::uint8_t, 3> kWithActive{1, 5, 6};
-  const auto mode = bond.number<std::uint8_t>(IFLA_BOND_MODE);
-  interface.sharesLoad = mode && std::ranges::find(kWithActive, *mode) == kWithActive.end();
   return interface;
 }
 
@@ -61,14 +60,17 @@ const Interface* find(const std::vector<Interface>& all, int index) {
   return found == all.end() ? nullptr : &*found;
 }
 
-const Interface* otherMemberOf(const Interface& bond, const Interface& member,
-                               const std::vector<Interface>& all) {
-  if (bond.activeMember && *bond.activeMember != member.index) return find(all, *bond.activeMember);
-  if (!bond.sharesLoad) return nullptr;
-  const auto found = std::ranges::find_if(all, [&](const Interface& one) {
-    return one.master == bond.index && one.index != member.index && one.isRunning;
-  });
-  return found == all.end() ? nullptr : &*found;
+// A team, a bridge and most bonds may send through each member that is running.
+std::optional<OtherMember> otherMemberOf(const Interface& master, const Interface& member,
+                                         const std::vector<Interface>& all) {
+  const auto sends = [&](const Interface& one) {
+    if (master.sendsThroughOne) return one.index == master.activeMember;
+    return one.master == master.index && one.isRunning;
+  };
+  const auto found = std::ranges::find_if(
+      all, [&](const Interface& one) { return one.index != member.index && sends(one); });
+  if (found == all.end()) return std::nullopt;
+  return OtherMember{found->name, master.name, member.name, master.sendsThroughOne};
 }
 
 }  // namespace
@@ -84,13 +86,25 @@ std::optional<Carrier> carrierOf(int interface, const std::vector<Message>& link
   for (int level = 0; level < kMostLevels && member->master; ++level) {
     const Interface* const master = find(all, *member->master);
     if (master == nullptr || !takesAddresses(*master)) break;
-    const Interface* const other = otherMemberOf(*master, *member, all);
-    if (other != nullptr) carrier.otherMember = other->name;
+    if (!carrier.otherMember) carrier.otherMember = otherMemberOf(*master, *member, all);
     member = master;
   }
   carrier.index = member->index;
   carrier.name = member->name;
   return carrier;
+}
+
+checks::Unknown sentByAnother(const OtherMember& other) {
+  if (other.sendsAlone) {
+    return {checks::Reason::notTold,
+            other.master + " sends through its member " + other.name +
+                ", so what is reached is not reached through Wi-Fi: make " + other.memberOfLink +
+                " the active member of " + other.master + ", and try again."};
+  }
+  return {checks::Reason::notTold,
+          other.master + " may send through its member " + other.name +
+              ", so what is reached may not be reached through Wi-Fi: take all members but " +
+              other.memberOfLink + " out of " + other.master + ", and try again."};
 }
 
 checks::Known<Carrier> readCarrier(int interface, const Patience& patience) {

@@ -11,13 +11,22 @@
 
 namespace wifi_profile::machine {
 
+// A member of a bond, a team or a bridge that sends instead of the link, or beside it.
+struct OtherMember {
+  std::string name;
+  std::string master;        // the bond, the team or the bridge
+  std::string memberOfLink;  // the member of the same master that is the link's, or has it
+  bool sendsAlone = false;   // of a bond that sends through its active member only
+
+  bool operator==(const OtherMember&) const = default;
+};
+
 // The link's own interface; where that is a member of a bond, a team or a bridge, that one, which
 // then has the addresses, the routes and the neighbours.
 struct Carrier {
   int index = 0;
   std::string name;
-  // The member of the bond that sends in the place of the link, or beside it.
-  std::optional<std::string> otherMember = std::nullopt;
+  std::optional<OtherMember> otherMember = std::nullopt;  // the one nearest to the link
 
   bool operator==(const Carrier&) const = default;
 };
@@ -27,6 +36,9 @@ checks::Known<Carrier> readCarrier(int interface, const Patience& patience);
 
 // The pure part: from the payloads of RTM_NEWLINK messages, of all interfaces. Any thread.
 std::optional<Carrier> carrierOf(int interface, const std::vector<Message>& links);
+
+// Why the addresses are not known where another member sends.
+checks::Unknown sentByAnother(const OtherMember& other);
 
 // The number of the interface that packets to this numeric address leave by; empty: there is no
 // route, or the kernel does not tell.
