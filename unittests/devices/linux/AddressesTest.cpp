@@ -195,6 +195,34 @@ TEST(NetlinkSocket, WaitsForEventsUntilItIsCalledOff) {
   EXPECT_EQ(socket.nextEvent(patience(cancellation), event), ECANCELED);
 }
 
+// Whether so many changes of an interface fit into what the socket keeps unread.
+bool keepsEvents(NetlinkSocket& socket, int changes) {
+  if (socket.listen(RTNLGRP_LINK) != 0) return false;
+  ifreq change{.ifr_ifrn = {"lo"}, .ifr_ifru = {}};
+  const int descriptor = ::socket(AF_INET, SOCK_DGRAM, 0);
+  bool done = true;
+  for (int count = 0; count < changes; ++count) {
+    change.ifr_flags = static_cast<short>(count % 2 == 0 ? 0 : IFF_UP);
+    done = done && ioctl(descriptor, SIOCSIFFLAGS, &change) == 0;
+  }
+  close(descriptor);
+  std::vector<Message> events;
+  return done && socket.takeEvents(events) == 0 && events.size() >= std::size_t(changes);
+}
+
+TEST(NetlinkSocket, KeepsAsManyEventsWhereItWasOpenBeforeItListens) {
+  constexpr int kChanges = 60;  // more than the system's usual buffer holds
+  const int status = inOwnNetwork([] {
+    NetlinkSocket fresh(NETLINK_ROUTE);
+    NetlinkSocket opened(NETLINK_ROUTE);
+    std::vector<Message> none;
+    return opened.takeEvents(none) == 0 && keepsEvents(fresh, kChanges) &&
+           keepsEvents(opened, kChanges);
+  });
+  if (status == kNotPossible) GTEST_SKIP() << "no user namespaces here";
+  EXPECT_EQ(status, 0);
+}
+
 TEST(NetlinkSocket, ForgetsWhatCameBeforeItListensAnew) {
   const int status = inOwnNetwork([] {
     const Cancellation never;

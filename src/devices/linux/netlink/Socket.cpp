@@ -191,12 +191,9 @@ void NetlinkSocket::take(ieee80211::Bytes received, std::uint32_t sequence, Prog
 }
 
 int NetlinkSocket::listen(int group) {
-  const bool fresh = !socket_;
   if (const int error = open(); error != 0) return error;
-  if (fresh) {
-    // Where the system allows less, there are fewer events before some are lost.
-    nl_socket_set_buffer_size(socket_.get(), kEventBufferBytes, 0);
-  }
+  // Where the system allows less, there are fewer events before some are lost.
+  nl_socket_set_buffer_size(socket_.get(), kEventBufferBytes, 0);
   errno = 0;
   if (nl_socket_add_membership(socket_.get(), group) < 0) return errno != 0 ? errno : EIO;
   events_.clear();
