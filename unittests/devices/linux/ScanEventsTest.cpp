@@ -51,14 +51,23 @@ TEST(ScanEvents, OfOtherInterfacesDoNotCount) {
   EXPECT_EQ(events.take(event(NL80211_CMD_NEW_SCAN_RESULTS, 5)), std::nullopt);
 }
 
-TEST(ScanEvents, OfTheSameRadioWithoutAnInterfaceCount) {
+Message eventOfRadio(int command, std::uint32_t radio) {
+  return {.command = command, .payload = numberAttribute(NL80211_ATTR_WIPHY, radio)};
+}
+
+TEST(ScanEvents, OfTheSameRadioWithoutAnInterfaceCountWhereABusyRadioIsAwaited) {
   ScanEvents events(kScanning, ScansThat::ended);
-  const auto ofRadio = [](std::uint32_t radio) {
-    return Message{.command = NL80211_CMD_NEW_SCAN_RESULTS,
-                   .payload = numberAttribute(NL80211_ATTR_WIPHY, radio)};
-  };
-  EXPECT_EQ(events.take(ofRadio(2)), std::nullopt);
-  EXPECT_EQ(events.take(ofRadio(1)), End::results);
+  EXPECT_EQ(events.take(eventOfRadio(NL80211_CMD_NEW_SCAN_RESULTS, 2)), std::nullopt);
+  EXPECT_EQ(events.take(eventOfRadio(NL80211_CMD_NEW_SCAN_RESULTS, 1)), End::results);
+}
+
+TEST(ScanEvents, OfTheSameRadioWithoutAnInterfaceAreNotTheScanThatWasAskedFor) {
+  ScanEvents events(kScanning, ScansThat::beganAndEnded);
+  events.take(eventOfRadio(NL80211_CMD_TRIGGER_SCAN, 1));
+  EXPECT_EQ(events.take(event(NL80211_CMD_NEW_SCAN_RESULTS)), std::nullopt);
+  events.take(event(NL80211_CMD_TRIGGER_SCAN));
+  EXPECT_EQ(events.take(eventOfRadio(NL80211_CMD_NEW_SCAN_RESULTS, 1)), std::nullopt);
+  EXPECT_EQ(events.take(event(NL80211_CMD_NEW_SCAN_RESULTS)), End::results);
 }
 
 }  // namespace

@@ -6,12 +6,12 @@ namespace wifi_profile::machine {
 
 std::optional<ScanEvents::End> ScanEvents::take(const Message& event) {
   const Attributes attributes(event.payload);
-  // Scans of what is no network interface, such as a P2P device, have the radio's number only.
   const auto index = attributes.number<std::int32_t>(NL80211_ATTR_IFINDEX);
-  if (index ? *index != interface_.index
-            : attributes.number<std::uint32_t>(NL80211_ATTR_WIPHY) != interface_.wiphy) {
-    return std::nullopt;
-  }
+  // Scans of what is no network interface, such as a P2P device, have the radio's number only. They
+  // keep the radio busy, but are never the interface's own.
+  const bool isOfRadio = !index && which_ == ScansThat::ended &&
+                         attributes.number<std::uint32_t>(NL80211_ATTR_WIPHY) == interface_.wiphy;
+  if (index != interface_.index && !isOfRadio) return std::nullopt;
   if (event.command == NL80211_CMD_TRIGGER_SCAN) counts_ = true;
   if (!counts_) return std::nullopt;
   if (event.command == NL80211_CMD_NEW_SCAN_RESULTS) return End::results;

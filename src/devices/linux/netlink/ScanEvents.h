@@ -8,7 +8,8 @@
 
 namespace wifi_profile::machine {
 
-// Which scans' ends count.
+// Which ends to report: any, also of the same radio's scan for no interface, or only that of the
+// interface's scan whose beginning was seen.
 enum class ScansThat { ended, beganAndEnded };
 
 // Takes the events one by one, in their order. A scan that was asked for begins with an event of
@@ -18,13 +19,14 @@ class ScanEvents {
   enum class End { results, aborted };
 
   ScanEvents(const WifiInterface& interface, ScansThat which)
-      : interface_(interface), counts_(which == ScansThat::ended) {}
+      : interface_(interface), which_(which), counts_(which == ScansThat::ended) {}
 
   // The end of a scan that counts; empty for any other event.
   std::optional<End> take(const Message& event);
 
  private:
   const WifiInterface& interface_;
+  ScansThat which_;
   bool counts_;  // the next end does
 };
 
