@@ -162,8 +162,7 @@ Found MachineFacts::findConnection(const Patience& patience) {
   const WifiInterface& wifi = machine_->interface();
   const auto read = readCarrier(wifi.index, patience);
   const Carrier carrier = read ? *read : Carrier{.index = wifi.index, .name = wifi.name};
-  Known<checks::Addresses> addresses = readAddresses(carrier.index, patience);
-  if (carrier.otherMember) addresses = sentByAnother(*carrier.otherMember);
+  auto addresses = readAddressesOfLink(read, patience);
   ConnectionManager manager(*machine_->systemBus());
   const auto servers = manager.dnsServers(carrier.name, patience);
   if (addresses) {

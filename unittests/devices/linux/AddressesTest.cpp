@@ -19,6 +19,7 @@ namespace wifi_profile::machine {
 namespace {
 
 using checks::Reason;
+using checks::Unknown;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -155,6 +156,22 @@ TEST(InterfaceAddresses, OfAnInterfaceThatIsNotThereAreUnknown) {
     ASSERT_FALSE(found);
     EXPECT_EQ(found.why().reason, Reason::noHardware) << found.why().sentence;
   }
+}
+
+TEST(AddressesOfALink, AreNotKnownWhereItsCarrierIsNot) {
+  const Cancellation never;
+  const Unknown late{Reason::tookTooLong, "Try again."};
+  const auto addresses = readAddressesOfLink(late, patience(never));
+  ASSERT_FALSE(addresses);
+  EXPECT_EQ(addresses.why(), late);
+}
+
+TEST(AddressesOfALink, AreNotKnownWhereAnotherMemberSends) {
+  const Cancellation never;
+  const OtherMember other{"eth0", "bond0", "wlan0", true};
+  const auto addresses = readAddressesOfLink(Carrier{1, "bond0", other}, patience(never));
+  ASSERT_FALSE(addresses);
+  EXPECT_EQ(addresses.why(), sentByAnother(other));
 }
 
 TEST(NetlinkSocket, AsksNothingMoreWhenTheTimeIsOverOrTheWorkCalledOff) {

@@ -164,4 +164,11 @@ checks::Known<checks::Addresses> readAddresses(int interface, const Patience& pa
   return addressesOf(interface, addresses, routes);
 }
 
+checks::Known<checks::Addresses> readAddressesOfLink(const checks::Known<Carrier>& carrier,
+                                                     const Patience& patience) {
+  if (!carrier) return carrier.why();
+  if (carrier->otherMember) return sentByAnother(*carrier->otherMember);
+  return readAddresses(carrier->index, patience);
+}
+
 }  // namespace wifi_profile::machine

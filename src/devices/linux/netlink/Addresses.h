@@ -7,6 +7,7 @@
 #include "checks/DeviceFacts.h"
 #include "checks/Known.h"
 #include "devices/linux/Patience.h"
+#include "devices/linux/netlink/Carrier.h"
 #include "devices/linux/netlink/Socket.h"
 
 namespace wifi_profile::machine {
@@ -17,6 +18,11 @@ namespace wifi_profile::machine {
 // not know them. An interface without addresses has empty lists; noHardware: there is no interface
 // of that number.
 checks::Known<checks::Addresses> readAddresses(int interface, const Patience& patience);
+
+// Those of the link, which its carrier has. Not known where the carrier is not known, or another
+// member of it sends.
+checks::Known<checks::Addresses> readAddressesOfLink(const checks::Known<Carrier>& carrier,
+                                                     const Patience& patience);
 
 // The pure part: the payloads of RTM_NEWADDR and RTM_NEWROUTE messages, of all interfaces. Any
 // thread.
