@@ -1,5 +1,7 @@
 #include "devices/linux/LinkWatch.h"
 
+#include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "platform/Text.h"
@@ -20,9 +22,18 @@ constexpr FactSet kOfNetwork{Fact::link,           Fact::surveys,      Fact::add
                              Fact::nameResolution, Fact::routerOutside};
 
 constexpr std::size_t kLongestName = 64;  // bytes in a sentence
+// Less than kGrace, because it may begin at an errand's deadline.
 constexpr std::chrono::milliseconds kLookUpLimit{200};
-// A roam that is told as a loss and a joining takes some milliseconds, with 802.1X up to this.
-constexpr std::chrono::milliseconds kRoamLimit{300};
+// In a roam that is told as a loss and a joining, authentication lies between the two: with SAE or
+// on another channel it takes some hundred milliseconds.
+constexpr std::chrono::milliseconds kRoamLimit{1000};
+constexpr std::chrono::milliseconds kBetweenLinkLooks{100};
+
+// Whether that says what became of the link: it is there, or it is not.
+bool isAnswer(const checks::Known<checks::Link>& now) {
+  using checks::Reason;
+  return now || (now.why().reason != Reason::tookTooLong && now.why().reason != Reason::failed);
+}
 
 // `happened` such as " was lost".
 checks::Unknown unknownSince(const std::optional<checks::Link>& before,
@@ -39,7 +50,7 @@ std::optional<LinkChange> changeOfLink(const std::optional<checks::Link>& before
                                        const LinkEvents& events,
                                        const checks::Known<checks::Link>& now) {
   const bool isSameNetwork = before && now && now->ssid == before->ssid;
-  if (events.lost || events.joined) {
+  if (events.lost || events.joined || events.missed) {
     if (isSameNetwork && now->bssid != before->bssid) {
       return LinkChange{kOfRadio, unknownSince(before, " moved to another access point")};
     }
@@ -48,7 +59,10 @@ std::optional<LinkChange> changeOfLink(const std::optional<checks::Link>& before
           kOfNetwork,
           unknownSince(before, " changed to \"" + shortened(now->ssid, kLongestName) + '"')};
     }
-    if (events.lost) return LinkChange{kOfNetwork, unknownSince(before, " was lost")};
+    const bool isGone = !now && isAnswer(now);
+    if (events.lost || (events.missed && isGone)) {
+      return LinkChange{kOfNetwork, unknownSince(before, " was lost")};
+    }
   }
   if (events.changedChannel) {
     return LinkChange{kOfRadio, unknownSince(before, " changed its channel")};
@@ -56,9 +70,17 @@ std::optional<LinkChange> changeOfLink(const std::optional<checks::Link>& before
   return std::nullopt;
 }
 
+LinkSource linkSourceOf(const WifiInterface& interface) {
+  const auto events = std::make_shared<Nl80211>();
+  return {
+      .watch = [events](const Patience& patience) { return events->watchLink(patience); },
+      .takeEvents = [events, interface] { return events->takeLinkEvents(interface); },
+      .now = [interface](const Patience& patience) { return Nl80211().link(interface, patience); }};
+}
+
 void LinkWatch::begin(const Patience& patience) {
   const std::lock_guard lock(mutex_);
-  if (!std::exchange(begun_, true)) kernel_.watchLink(patience);
+  if (!begun_) begun_ = !source_.watch(patience.atMost(kLookUpLimit));
 }
 
 void LinkWatch::setLink(const checks::Link& link) {
@@ -66,19 +88,43 @@ void LinkWatch::setLink(const checks::Link& link) {
   link_ = link;
 }
 
-std::optional<LinkChange> LinkWatch::change(const Patience& patience) {
-  const std::lock_guard lock(mutex_);
-  if (change_ && change_->gone == kOfNetwork) return change_;
-  const LinkEvents events = kernel_.takeLinkEvents(interface_);
-  if (!events.any()) return change_;
-  auto now = kernel_.link(interface_, patience.atMost(kLookUpLimit));
-  if (events.lost && !now) {
-    waitFor(-1, 0, patience.atMost(kRoamLimit));
-    now = kernel_.link(interface_, patience.atMost(kLookUpLimit));
+LinkWatch::Look LinkWatch::look(const LinkEvents& events, const Patience& patience) const {
+  const auto now = [&] {
+    return source_.now({Clock::now() + kLookUpLimit, patience.cancellation});
+  };
+  const auto until = Clock::now() + kRoamLimit;
+  const Patience roam{std::min(until, patience.deadline), patience.cancellation};
+  auto link = now();
+  while (events.lost && !link && !roam.isOver()) {
+    waitFor(-1, 0, roam.atMost(kBetweenLinkLooks));
+    link = now();
   }
-  const auto change = changeOfLink(link_, events, now);
-  if (change && (!change_ || change->gone == kOfNetwork)) change_ = change;
-  if (link_ && now) link_->bssid = now->bssid;
+  const bool mayRoam = events.lost && !link && Clock::now() < until;
+  return {link, isAnswer(link) && !mayRoam};
+}
+
+std::optional<LinkChange> LinkWatch::change(const Patience& patience) {
+  std::unique_lock lock(mutex_);
+  if (!begun_ || (change_ && change_->gone == kOfNetwork)) return change_;
+  const LinkEvents taken = source_.takeEvents();
+  events_.add(taken);
+  if (taken.any()) ++rounds_;
+  if (!events_.any()) return change_;
+  const LinkEvents events = events_;
+  const int round = rounds_;
+  lock.unlock();
+  const Look seen = look(events, patience);
+  lock.lock();
+  // Another thread has explained these events.
+  if (!events_.any()) return change_;
+  auto change = changeOfLink(link_, events, seen.link);
+  if (change_ && (!change || change->gone != kOfNetwork)) change = change_;
+  // Events that another thread has taken meanwhile may be later than the look.
+  if (!seen.isFinal || round != rounds_) return change;
+  change_ = change;
+  events_ = {};
+  ++rounds_;
+  if (link_ && seen.link) link_->bssid = seen.link->bssid;
   return change_;
 }
 

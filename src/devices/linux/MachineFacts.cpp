@@ -50,7 +50,7 @@ Known<checks::Scan> MachineFacts::scan(std::chrono::seconds oldest, const Patien
 }
 
 std::vector<Errand> MachineFacts::errands(std::chrono::seconds oldestScan) {
-  const auto watch = std::make_shared<LinkWatch>(machine_->interface());
+  const auto watch = std::make_shared<LinkWatch>(linkSourceOf(machine_->interface()));
   std::vector<Errand> all;
   addKernelErrands(all, oldestScan, watch);
   addServiceErrands(all, watch);

@@ -1,4 +1,6 @@
+#include <functional>
 #include <gtest/gtest.h>
+#include <utility>
 
 #include "devices/linux/LinkWatch.h"
 
@@ -13,6 +15,7 @@ using checks::Unknown;
 
 constexpr std::chrono::milliseconds kTaskLimit{60'000};
 const Unknown kNotJoined{Reason::notJoined, "Join."};
+const Unknown kLookFailed{Reason::tookTooLong, "Try again."};
 const Link kHome{.ssid = "Home", .bssid = "02:00:00:00:00:01"};
 const Link kUpstairs{.ssid = "Home", .bssid = "02:00:00:00:00:02"};
 const Link kCafe{.ssid = "Cafe", .bssid = "02:00:00:00:00:03"};
@@ -82,6 +85,111 @@ TEST(ChangeOfLink, ToAnotherNetworkOrNoneTakesEverythingOfTheLinkButTheScan) {
     }
     EXPECT_FALSE(change->gone.meets({Fact::scan, Fact::radio, Fact::savedNetworks}));
   }
+}
+
+TEST(ChangeOfLink, OfMissedEventsIsALossOnlyWhereTheLinkIsGoneNow) {
+  constexpr LinkEvents kMissed{.missed = true};
+  EXPECT_EQ(said(kHome, kMissed, kHome), "");
+  EXPECT_EQ(said(kHome, kMissed, kNotJoined), said(kHome, kLost, kNotJoined));
+  EXPECT_EQ(said(kHome, kMissed, kCafe), said(kHome, kLost, kCafe));
+  EXPECT_EQ(said(kHome, kMissed, kUpstairs), said(kHome, kJoined, kUpstairs));
+  EXPECT_EQ(said(kHome, kMissed, kLookFailed), "");
+}
+
+class LinkWatchOfEvents : public testing::Test {
+ protected:
+  void SetUp() override {
+    watch_.begin(patience());
+    watch_.setLink(kHome);
+  }
+
+  Patience patience(std::chrono::milliseconds time = kTaskLimit) {
+    return {Clock::now() + time, cancellation_};
+  }
+  // What is gone when this happened; empty: nothing.
+  checks::FactSet goneAfter(const LinkEvents& events, const Patience& patience) {
+    events_ = events;
+    const auto change = watch_.change(patience);
+    return change ? change->gone : checks::FactSet{};
+  }
+
+  const checks::FactSet allGone_ = changeOfLink(kHome, kLost, kNotJoined)->gone;
+  const checks::FactSet radioGone_ = changeOfLink(kHome, kBoth, kUpstairs)->gone;
+  Cancellation cancellation_;
+  LinkEvents events_;
+  std::function<checks::Known<Link>(const Patience&)> now_ = [](const Patience&) { return kHome; };
+  LinkWatch watch_{{.watch = [](const Patience&) { return NotDone(); },
+                    .takeEvents = [this] { return std::exchange(events_, {}); },
+                    .now = [this](const Patience& patience) { return now_(patience); }}};
+};
+
+TEST_F(LinkWatchOfEvents, LooksAtTheLinkAfterTheDeadlineToo) {
+  now_ = [](const Patience& patience) -> checks::Known<Link> {
+    if (patience.isOver()) return kLookFailed;
+    return kUpstairs;
+  };
+  EXPECT_EQ(goneAfter(kBoth, patience(std::chrono::milliseconds(-1))), radioGone_);
+}
+
+TEST_F(LinkWatchOfEvents, KeepsTheEventsUntilALookHasAnswered) {
+  now_ = [](const Patience&) { return kLookFailed; };
+  EXPECT_EQ(goneAfter(kJoined, patience()), checks::FactSet{});
+  now_ = [](const Patience&) { return kUpstairs; };
+  EXPECT_EQ(goneAfter({}, patience()), radioGone_);
+}
+
+TEST_F(LinkWatchOfEvents, ALossIsARoamWhereAnotherAccessPointIsJoinedSoonAfter) {
+  int looks = 0;
+  now_ = [&](const Patience&) -> checks::Known<Link> {
+    if (++looks < 3) return kNotJoined;
+    return kUpstairs;
+  };
+  EXPECT_EQ(goneAfter(kLost, patience()), radioGone_);
+}
+
+TEST_F(LinkWatchOfEvents, ALossMayStillBeARoamAfterTheDeadlineOfOneErrand) {
+  now_ = [](const Patience&) { return kNotJoined; };
+  EXPECT_EQ(goneAfter(kLost, patience(std::chrono::milliseconds(-1))), allGone_);
+  now_ = [](const Patience&) { return kUpstairs; };
+  EXPECT_EQ(goneAfter({}, patience()), radioGone_);
+}
+
+TEST_F(LinkWatchOfEvents, ALossThatWasWaitedForStaysOne) {
+  now_ = [](const Patience&) { return kNotJoined; };
+  EXPECT_EQ(goneAfter(kLost, patience()), allGone_);
+  now_ = [](const Patience&) { return kHome; };
+  EXPECT_EQ(goneAfter({}, patience()), allGone_);
+}
+
+TEST_F(LinkWatchOfEvents, HoldsNothingUpWhileItLooks) {
+  now_ = [this](const Patience&) {
+    watch_.setLink(kHome);  // would wait for ever
+    return kUpstairs;
+  };
+  EXPECT_EQ(goneAfter(kJoined, patience()), radioGone_);
+}
+
+TEST_F(LinkWatchOfEvents, EventsThatComeWhileItLooksAreLookedAtAsWell) {
+  int looks = 0;
+  now_ = [&](const Patience&) {
+    if (++looks > 1) return kCafe;
+    EXPECT_EQ(goneAfter(kJoined, patience()), allGone_);
+    return kUpstairs;
+  };
+  EXPECT_EQ(goneAfter(kJoined, patience()), allGone_);
+}
+
+TEST_F(LinkWatchOfEvents, BeginsAgainWhereItCouldNot) {
+  LinkEvents events = kJoined;
+  NotDone problem = kLookFailed;
+  LinkWatch watch{{.watch = [&](const Patience&) { return problem; },
+                   .takeEvents = [&] { return events; },
+                   .now = [](const Patience&) { return kCafe; }}};
+  watch.begin(patience());
+  EXPECT_FALSE(watch.change(patience()));
+  problem = std::nullopt;
+  watch.begin(patience());
+  EXPECT_TRUE(watch.change(patience()));
 }
 
 const LinkChange kAllGone{changeOfLink(kHome, kLost, kNotJoined)->gone,

@@ -70,6 +70,13 @@ std::optional<checks::Link> linkOf(const WifiInterface& interface,
   return link;
 }
 
+void LinkEvents::add(const LinkEvents& more) {
+  lost |= more.lost;
+  joined |= more.joined;
+  changedChannel |= more.changedChannel;
+  missed |= more.missed;
+}
+
 void addToLinkEvents(const Message& event, const WifiInterface& interface, LinkEvents& events) {
   const Attributes attributes(event.payload);
   if (attributes.number<std::int32_t>(NL80211_ATTR_IFINDEX) != interface.index) return;

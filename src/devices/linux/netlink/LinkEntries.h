@@ -38,13 +38,15 @@ std::optional<checks::Link> linkOf(const WifiInterface& interface,
 
 // What events say of the interface's link.
 struct LinkEvents {
-  // Whatever ends a link is told so: an order, a switch, an access point that is gone, another
-  // network, the interface's own end. Most drivers tell a roam as a loss and a joining.
+  // Set by every end of a link: an order, a switch, an access point that is gone, another network,
+  // the interface's own end. Most drivers tell a roam as a loss and a joining.
   bool lost = false;
   bool joined = false;          // by an order, or by a roam that the driver made
   bool changedChannel = false;  // with the access point, which stays the same
+  bool missed = false;          // the kernel dropped events, which may have been any of these
 
-  bool any() const { return lost || joined || changedChannel; }
+  bool any() const { return lost || joined || changedChannel || missed; }
+  void add(const LinkEvents& more);
   bool operator==(const LinkEvents&) const = default;
 };
 

@@ -148,7 +148,7 @@ NotDone Nl80211::watchLink(const Patience& patience) {
 
 LinkEvents Nl80211::takeLinkEvents(const WifiInterface& interface) {
   std::vector<Message> events;
-  LinkEvents taken{.lost = events_.takeEvents(events) == ENOBUFS};
+  LinkEvents taken{.missed = events_.takeEvents(events) == ENOBUFS};
   for (const Message& event : events) {
     if (event.type == family_) addToLinkEvents(event, interface, taken);
   }

@@ -66,7 +66,7 @@ class Nl80211 {
                            const Patience& patience);
 
   // For changes of the link: from `watchLink` on they are remembered, and `takeLinkEvents` tells,
-  // without waiting, those since it was last asked. Where events were lost, the link was. Any user.
+  // without waiting, those since it was last asked. Any user.
   NotDone watchLink(const Patience& patience);
   LinkEvents takeLinkEvents(const WifiInterface& interface);
 
