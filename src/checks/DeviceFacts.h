@@ -82,11 +82,12 @@ struct Addresses {
   std::optional<std::vector<std::string>> dnsServers = std::nullopt;
   // Those that the system asks, of this link or not. Unset: not known.
   std::optional<std::vector<std::string>> systemDnsServers = std::nullopt;
-  // The bond or bridge that has them because the Wi-Fi interface is its member. Unset: the
+  // The bond, team or bridge that has them because the Wi-Fi interface is its member. Unset: the
   // interface itself has them.
   std::optional<std::string> carrier = std::nullopt;
   // The interface that the system's packets to the Internet leave by, such as a tunnel, where that
-  // is not the one that has the addresses. Unset: it is, or there is none.
+  // is not the one that has the addresses. Empty: packets leave by this interface, or have no
+  // route.
   std::optional<std::string> otherWayOut = std::nullopt;
 
   bool operator==(const Addresses&) const = default;

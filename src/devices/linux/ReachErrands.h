@@ -10,10 +10,9 @@
 namespace wifi_profile::machine {
 
 // Adds the errands that send something through the interface, or through what carries its
-// addresses. They begin when the link, the
-// addresses and the profile were read, and run side by side. All but the look at the router's
-// outside also wait for the end of the scan, which takes the radio off its channel. Without a link
-// or addresses they end at once.
+// addresses. They begin when the link, the addresses and the profile were read, and run side by
+// side. All but the look at the router's outside also wait for the end of the scan, which takes the
+// radio off its channel. Without a link or addresses they end at once.
 void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
                      const Targets& targets);
 

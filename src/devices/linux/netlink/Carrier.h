@@ -45,7 +45,7 @@ checks::Unknown sentByAnother(const OtherMember& other);
 std::optional<int> interfaceTowards(const std::string& address, const Patience& patience);
 
 // The name of the interface that packets to the Internet leave by where it is not this one, such as
-// a tunnel or a cable. Empty: it is, or there is none.
+// a tunnel or a cable. Empty: packets leave by this interface, or have no route.
 std::optional<std::string> otherWayOut(int interface, const Patience& patience);
 
 }  // namespace wifi_profile::machine
