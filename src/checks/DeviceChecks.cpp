@@ -128,8 +128,10 @@ constexpr std::array kDeviceRows{
     Check{.id = DiagnosticsTestID::CustomDNS,
           .answer = customDns,
           .needs = {Fact::activeProfile, Fact::addresses},
-          .measures = "Whether the profile of the joined network names DNS servers or refuses the "
-                      "network's own, or the system asks none of the link's servers.",
+          .measures =
+              "Whether the profile of the joined network names DNS servers or refuses the "
+              "network's own, or the system asks none of the link's servers, also where the link "
+              "has none.",
           .from = "NetworkManager's settings of the active connection: dns-data (or dns) and "
                   "ignore-auto-dns of ipv4 and ipv6; resolv.conf, and where that names "
                   "systemd-resolved, its property DNS",

@@ -7,11 +7,12 @@
 
 namespace wifi_profile::checks {
 
-// Whether the system asks none of the link's own name servers. NO where either are not known.
+// Whether the system asks name servers, and none of them is the link's, which may have none. NO
+// where either are not known.
 inline bool asksOthers(const Addresses& addresses) {
   const auto& own = addresses.dnsServers;
   const auto& asked = addresses.systemDnsServers;
-  if (!own || own->empty() || !asked || asked->empty()) return false;
+  if (!own || !asked || asked->empty()) return false;
   return std::ranges::find_first_of(*asked, *own) == asked->end();
 }
 

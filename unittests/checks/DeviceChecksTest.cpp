@@ -58,6 +58,8 @@ TEST_F(DeviceChecks, FindDnsServersOfEitherVersion) {
   EXPECT_THAT(ask(Id::CustomDNS), says(false));
   facts.addresses->systemDnsServers = {"192.0.2.53"};
   EXPECT_THAT(ask(Id::CustomDNS), says(true));
+  facts.addresses->dnsServers->clear();
+  EXPECT_THAT(ask(Id::CustomDNS), says(true));
   facts.addresses->dnsServers.reset();
   EXPECT_THAT(ask(Id::CustomDNS), says(false));
 }

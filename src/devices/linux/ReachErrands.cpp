@@ -32,10 +32,11 @@ constexpr milliseconds kPortalLimit{5'500};
 constexpr milliseconds kReachLimit{5'500};
 constexpr milliseconds kPageLimit{10'500};
 
-// Without name servers of the link, the system's are asked.
+// Where the link has no name servers, or they are not known, the system's are asked.
 Way wayThrough(const std::string& interface, const checks::Addresses& addresses) {
   Way way{addresses.carrier.value_or(interface), addresses.dnsServers};
-  if (!way.nameServers && addresses.systemDnsServers) {
+  const bool hasNone = !way.nameServers || way.nameServers->empty();
+  if (hasNone && addresses.systemDnsServers) {
     way.nameServers = addresses.systemDnsServers;
     way.asksAsSystem = true;
   }
@@ -154,7 +155,7 @@ Known<checks::Pings> pingInternet(const Facts& known, const std::string& host, c
 Known<checks::NameResolution> lookUp(const std::string& name, const checks::Addresses& addresses,
                                      const Way& way, const Patience& patience) {
   std::future<Known<NameAnswer>> asSystem;
-  if (checks::asksOthers(addresses)) {
+  if (!way.asksAsSystem && checks::asksOthers(addresses)) {
     try {
       asSystem = std::async(std::launch::async, [&] {
         return resolveAsSystem(name, *addresses.systemDnsServers, patience);

@@ -271,6 +271,17 @@ TEST_F(ReachOfTheInternet, AsksTheSystemsServersWhereThoseOfTheLinkAreNotKnown) 
   EXPECT_EQ(knowing.questions(), 2);
 }
 
+TEST_F(ReachOfTheInternet, AsksTheSystemsServersOnceWhereTheLinkHasNone) {
+  const UdpServer knowing(routersAddressesOfBoth);
+  known_.addresses = checks::Addresses{
+      .dnsServers = std::vector<std::string>(),
+      .systemDnsServers = std::vector{"127.0.0.1:" + std::to_string(knowing.port())}};
+  Facts facts;
+  errandOf(Fact::nameResolution).run(known_, patient(cancellation_))(facts);
+  EXPECT_TRUE(facts.nameResolution->resolved) << facts.nameResolution->problem;
+  EXPECT_EQ(knowing.questions(), 2);
+}
+
 TEST_F(ReachOfTheInternet, DoesNotDependOnTheSystemsOtherServers) {
   const UdpServer other(noSuchName);
   const std::string server = "127.0.0.1:" + std::to_string(other.port());
