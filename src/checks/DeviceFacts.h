@@ -71,6 +71,14 @@ struct Coexistence {
   bool operator==(const Coexistence&) const = default;
 };
 
+// An interface besides that of the link.
+struct OtherInterface {
+  std::string name;
+  bool isTunnel = false;  // its packets go on through another interface, such as the link's
+
+  bool operator==(const OtherInterface&) const = default;
+};
+
 // Addresses of the Wi-Fi link.
 struct Addresses {
   std::vector<std::string> ipv4 = {};  // dotted; those in use, without prefix length
@@ -82,6 +90,9 @@ struct Addresses {
   std::optional<std::vector<std::string>> dnsServers = std::nullopt;
   // Those that the system asks, of this link or not. Unset: not known.
   std::optional<std::vector<std::string>> systemDnsServers = std::nullopt;
+  // The interface that packets to these leave by, where none of them is asked through the link.
+  // Unset: one of them is, or it is not known.
+  std::optional<OtherInterface> systemDnsThrough = std::nullopt;
   // The bond, team or bridge that has them because the Wi-Fi interface is its member. Unset: the
   // interface itself has them.
   std::optional<std::string> carrier = std::nullopt;

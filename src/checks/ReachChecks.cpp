@@ -164,8 +164,8 @@ constexpr std::array kReachRows{
           .threshold = "one answer to 3, sent 0.1 s apart, within 4 s in all",
           .why = kPingsWhy,
           .unknownWhen = "not joined, the address of a name cannot be looked up or is one of the "
-                         "house, no ping could be sent, or the default route is another "
-                         "interface's alone, as for all that is reached"},
+                         "house, no ping could be sent, or only another interface has a "
+                         "default route, as for all that is reached"},
     Check{
         .id = DiagnosticsTestID::ResolveDNS,
         .answer = resolveDns,
@@ -173,17 +173,20 @@ constexpr std::array kReachRows{
         .measures = "Whether the link's DNS servers give an address for a name, and those that "
                     "the system asks, where they are others.",
         .from =
-            "questions for A and AAAA records through the Wi-Fi interface, to the name servers "
-            "that NetworkManager has for it; without NetworkManager to those of the system's that "
-            "its routes (RTM_GETROUTE) lead to through that interface, and where there are none, "
-            "such as with a tunnel, to the system's as it routes; and as the system routes, to its "
-            "own servers (resolv.conf, and where that "
-            "names systemd-resolved, its property DNS), where none of these is the link's",
+            "questions for A and AAAA records. With NetworkManager they go through the Wi-Fi "
+            "interface to the name servers that it has for the link. Without it, they go so to "
+            "those of the system's servers that are the link's router, lie in one of its subnets, "
+            "or are routed through it (RTM_GETROUTE). The system's own servers (resolv.conf, and "
+            "where that names systemd-resolved, its property DNS) are asked as the system routes, "
+            "where none of them is the link's; also where the link has none, or none that is "
+            "known, such as with a tunnel",
         .threshold =
             "one address that a site can have (not 0/8, 127/8, 169.254/16, 224/3, ::, ::1, "
             "fe80::/10, ff00::/8), after two tries of 2 s for each server, within 8 s in all",
         .why = "DNS: RFC 1035, RFC 3596",
-        .unknownWhen = "not joined, or the question could not be sent"},
+        .unknownWhen = "not joined, the question could not be sent, or the link's servers are not "
+                       "known and the system's are reached through another interface that is no "
+                       "tunnel"},
     Check{.id = DiagnosticsTestID::DetectDoubleNAT,
           .answer = doubleNat,
           .needs = {Fact::link, Fact::routerOutside},

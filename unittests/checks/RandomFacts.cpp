@@ -158,6 +158,7 @@ void makeDevice(Maker& make, Facts& facts) {
                            .ipv6Gateway = {},
                            .dnsServers = {},
                            .systemDnsServers = {},
+                           .systemDnsThrough = {},
                            .carrier = {},
                            .otherWayOut = make.maybeText()});
   facts.activeProfile = make.known(ActiveProfile{.ipv4 = make.addressSettings(),

@@ -9,13 +9,16 @@ using ieee80211::Security;
 
 TEST(WorldDevice, ReadsAddresses) {
   const auto all = facts(R"({"addresses":{"ipv4":["192.168.1.20"],"ipv6":["2001:db8::1","fe80::1"],
-      "ipv4Gateway":"192.168.1.1","ipv6Gateway":"fe80::2","dnsServers":["192.168.1.1"]}})");
+      "ipv4Gateway":"192.168.1.1","ipv6Gateway":"fe80::2","dnsServers":["192.168.1.1"],
+      "systemDnsServers":["10.8.0.1"],"systemDnsThrough":"tun0"}})");
   EXPECT_EQ(*all.addresses,
             (checks::Addresses{.ipv4 = {"192.168.1.20"},
                                .ipv6 = {"2001:db8::1", "fe80::1"},
                                .ipv4Gateway = "192.168.1.1",
                                .ipv6Gateway = "fe80::2",
-                               .dnsServers = std::vector<std::string>{"192.168.1.1"}}));
+                               .dnsServers = std::vector<std::string>{"192.168.1.1"},
+                               .systemDnsServers = std::vector<std::string>{"10.8.0.1"},
+                               .systemDnsThrough = checks::OtherInterface{.name = "tun0"}}));
   EXPECT_EQ(*facts(R"({"addresses":{}})").addresses, checks::Addresses{});
   for (const char* address : {"", "1.2.3", "1.2.3.4.5", "1.2.3.256", "1.2.3.", "1..2.3", "a",
                               "1.2.3.4 ", "-1.2.3.4", "192.0.2.01"}) {

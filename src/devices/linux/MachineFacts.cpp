@@ -171,10 +171,21 @@ Found MachineFacts::findConnection(const Patience& patience) {
     if (servers) addresses->dnsServers = *servers;
     addresses->systemDnsServers =
         readSystemNameServers(*machine_->systemBus(), carrier.index, patience);
-    if (!servers && addresses->systemDnsServers) {
-      addresses->dnsServers = nameServersThrough(
-          carrier.index, *addresses->systemDnsServers,
-          [&](const std::string& server) { return interfaceTowards(server, patience); });
+    if (addresses->systemDnsServers) {
+      const auto towards = [&](const std::string& server) {
+        return interfaceTowards(server, patience);
+      };
+      const auto isOfLink = [&](const std::string& server) {
+        return server == addresses->ipv4Gateway || server == addresses->ipv6Gateway ||
+               isInOwnSubnet(carrier.index, server, patience);
+      };
+      const auto ofLink =
+          nameServersThrough(carrier.index, *addresses->systemDnsServers, isOfLink, towards);
+      if (!servers) addresses->dnsServers = ofLink;
+      if (!ofLink) {
+        const auto leavesBy = towards(addresses->systemDnsServers->front());
+        if (leavesBy) addresses->systemDnsThrough = readOtherInterface(*leavesBy, patience);
+      }
     }
   }
   auto profile = manager.activeProfile(carrier.name, patience);

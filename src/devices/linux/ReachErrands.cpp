@@ -154,6 +154,12 @@ Known<checks::Pings> pingInternet(const Facts& known, const std::string& host, c
 // asked at once.
 Known<checks::NameResolution> lookUp(const std::string& name, const checks::Addresses& addresses,
                                      const Way& way, const Patience& patience) {
+  const auto& through = addresses.systemDnsThrough;
+  if (way.asksAsSystem && through && !through->isTunnel) {
+    return Unknown{Reason::notTold,
+                   "The network's name servers are not known, and the system asks others through " +
+                       through->name + ": end the other connection, and try again."};
+  }
   std::future<Known<NameAnswer>> asSystem;
   if (!way.asksAsSystem && checks::asksOthers(addresses)) {
     try {

@@ -60,6 +60,9 @@ checks::Addresses readAddresses(const ValueReader& value) {
     };
     takeServers("dnsServers", addresses.dnsServers);
     takeServers("systemDnsServers", addresses.systemDnsServers);
+    fields.take("systemDnsThrough", [&](const ValueReader& field) {
+      addresses.systemDnsThrough = {.name = field.text()};
+    });
     fields.take("otherWayOut",
                 [&](const ValueReader& field) { addresses.otherWayOut = field.text(); });
   });

@@ -89,6 +89,24 @@ TEST(InterfaceAddresses, OnALinkWithAPeerAreTheOwnOnes) {
   EXPECT_THAT(addressesOf(4, {own}, {}).ipv4, ElementsAre("192.0.2.8"));
 }
 
+TEST(InterfaceAddresses, SayWhatLiesInTheirSubnets) {
+  const std::vector<Message> own{address("192.168.50.20"), address("2001:db8::1"),
+                                 address("10.0.0.1", 0, 0, 5)};
+  for (const char* const neighbour : {"192.168.50.1", "192.168.50.255", "2001:dff::53"}) {
+    EXPECT_TRUE(isInOwnSubnet(4, neighbour, own)) << neighbour;
+  }
+  for (const char* const other : {"192.168.51.1", "10.0.0.2", "2001:e00::53", "router", ""}) {
+    EXPECT_FALSE(isInOwnSubnet(4, other, own)) << other;
+  }
+}
+
+TEST(InterfaceAddresses, OnALinkWithAPeerHaveThePeersSubnet) {
+  Message own = address("192.0.2.9");
+  own.payload = own.payload + attribute(IFA_LOCAL, octetsOfAddress("198.51.100.8"));
+  EXPECT_TRUE(isInOwnSubnet(4, "192.0.2.1", {own}));
+  EXPECT_FALSE(isInOwnSubnet(4, "198.51.100.1", {own}));
+}
+
 TEST(Gateways, AreThoseOfLowestMetricOverTheInterface) {
   const auto found = addressesOf(4, {},
                                  {route("192.168.50.2", 600), route("192.168.50.1", 100),

@@ -2,6 +2,7 @@
 #include <linux/if_link.h>
 #include <linux/rtnetlink.h>
 #include <net/if.h>
+#include <net/if_arp.h>
 
 #include "devices/linux/NetlinkBytes.h"
 #include "devices/linux/netlink/Carrier.h"
@@ -128,6 +129,22 @@ TEST(Carrier, OfMessagesThatAreCutOffIsRead) {
   }
 }
 
+TEST(OtherInterface, IsATunnelUnlessItSendsEthernetFramesByItself) {
+  const auto read = [](unsigned short type, const char* kind) {
+    Message link = linkOf({2, "other0", 0, kind});
+    ifinfomsg fields{};
+    std::memcpy(&fields, link.payload.data(), sizeof fields);
+    fields.ifi_type = type;
+    std::memcpy(link.payload.data(), &fields, sizeof fields);
+    return otherInterfaceOf(link);
+  };
+  EXPECT_EQ(read(ARPHRD_ETHER, ""), (checks::OtherInterface{"other0", false}));
+  EXPECT_EQ(read(ARPHRD_ETHER, "bridge"), (checks::OtherInterface{"other0", false}));
+  EXPECT_EQ(read(ARPHRD_ETHER, "tun"), (checks::OtherInterface{"other0", true}));
+  EXPECT_EQ(read(ARPHRD_NONE, "wireguard"), (checks::OtherInterface{"other0", true}));
+  EXPECT_EQ(otherInterfaceOf({.type = RTM_NEWLINK, .payload = {}}), std::nullopt);
+}
+
 class CarrierOfTheKernel : public testing::Test {
  protected:
   const Cancellation never_;
@@ -140,6 +157,11 @@ TEST_F(CarrierOfTheKernel, IsRead) {
   ASSERT_TRUE(carrier) << carrier.why().sentence;
   EXPECT_EQ(*carrier, (Carrier{loopback_, "lo", {}}));
   EXPECT_EQ(readCarrier(1 << 30, patience_).why().reason, checks::Reason::noHardware);
+}
+
+TEST_F(CarrierOfTheKernel, OtherInterfaceIsRead) {
+  EXPECT_EQ(readOtherInterface(loopback_, patience_).value().name, "lo");
+  EXPECT_EQ(readOtherInterface(1 << 30, patience_), std::nullopt);
 }
 
 TEST_F(CarrierOfTheKernel, InterfaceTowardsAnAddressIsTheOneThatPacketsLeaveBy) {

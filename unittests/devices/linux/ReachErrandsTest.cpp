@@ -282,6 +282,23 @@ TEST_F(ReachOfTheInternet, AsksTheSystemsServersOnceWhereTheLinkHasNone) {
   EXPECT_EQ(knowing.questions(), 2);
 }
 
+TEST_F(ReachOfTheInternet, AsksTheSystemsServersThroughATunnelButNotThroughACable) {
+  const UdpServer knowing(routersAddressesOfBoth);
+  const auto lookedUp = [&](const checks::OtherInterface& through) {
+    known_.addresses = checks::Addresses{
+        .systemDnsServers = std::vector{"127.0.0.1:" + std::to_string(knowing.port())},
+        .systemDnsThrough = through};
+    Facts facts;
+    errandOf(Fact::nameResolution).run(known_, patient(cancellation_))(facts);
+    return facts.nameResolution;
+  };
+  EXPECT_EQ(lookedUp({.name = "eth0"}).why().sentence,
+            "The network's name servers are not known, and the system asks others through eth0: "
+            "end the other connection, and try again.");
+  EXPECT_EQ(knowing.questions(), 0);
+  EXPECT_TRUE(lookedUp({.name = "tun0", .isTunnel = true})->resolved);
+}
+
 TEST_F(ReachOfTheInternet, DoesNotDependOnTheSystemsOtherServers) {
   const UdpServer other(noSuchName);
   const std::string server = "127.0.0.1:" + std::to_string(other.port());

@@ -81,9 +81,10 @@ std::vector<std::string> nameServersOf(int interface, const BusValue& servers) {
 
 std::optional<std::vector<std::string>> nameServersThrough(
     int interface, std::vector<std::string> servers,
+    const std::function<bool(const std::string& server)>& isOfLink,
     const std::function<std::optional<int>(const std::string& server)>& towards) {
   std::erase_if(servers, [&](const std::string& server) {
-    return towards(server).value_or(interface) != interface;
+    return !isOfLink(server) && towards(server).value_or(interface) != interface;
   });
   if (servers.empty()) return {};
   return servers;

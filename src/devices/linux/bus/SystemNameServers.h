@@ -12,11 +12,13 @@
 
 namespace wifi_profile::machine {
 
-// Those of the system's servers that are asked through the link, or that no route leads to, as
-// `towards` tells of each by the number of an interface. Empty where all of them are elsewhere,
-// such as behind a tunnel: the link's own are not known then. Pure.
+// Those of the system's servers that are the link's: `isOfLink` says so of its router and its
+// neighbours, also where a cable leads to the same network; or the packets leave by the link, as
+// `towards` tells by the number of an interface; or no route leads there. Empty where there are
+// none, such as with a tunnel: the link's own are not known then. Pure.
 std::optional<std::vector<std::string>> nameServersThrough(
     int interface, std::vector<std::string> servers,
+    const std::function<bool(const std::string& server)>& isOfLink,
     const std::function<std::optional<int>(const std::string& server)>& towards);
 
 // Empty where there are none, or where it is not known which servers those are that a resolver on

@@ -66,6 +66,22 @@ std::optional<InterfaceAddress> interfaceAddressOf(int interface, const Message&
   return address;
 }
 
+bool isSubnetOf(int interface, int family, Bytes octets, const Message& message) {
+  if (message.type != RTM_NEWADDR) return false;
+  const auto entry = entryOf<ifaddrmsg>(message);
+  if (!entry || static_cast<int>(entry->fields.ifa_index) != interface ||
+      entry->fields.ifa_family != family) {
+    return false;
+  }
+  const Bytes subnet = entry->attributes.find(IFA_ADDRESS).value_or(Bytes());
+  const unsigned bits = entry->fields.ifa_prefixlen;
+  if (subnet.size() != octets.size() || bits > octets.size() * 8) return false;
+  for (unsigned bit = 0; bit < bits; ++bit) {
+    if (((subnet[bit / 8] ^ octets[bit / 8]) & (0x80U >> bit % 8)) != 0) return false;
+  }
+  return true;
+}
+
 struct DefaultRoute {
   std::string gateway;
   int family = AF_UNSPEC;
@@ -145,6 +161,24 @@ checks::Addresses addressesOf(int interface, const std::vector<Message>& address
     if (!gateway) gateway = route.gateway;
   }
   return result;
+}
+
+bool isInOwnSubnet(int interface, const std::string& address,
+                   const std::vector<Message>& addresses) {
+  const int family = address.find(':') == std::string::npos ? AF_INET : AF_INET6;
+  std::array<std::uint8_t, sizeof(in6_addr)> octets{};
+  if (inet_pton(family, address.c_str(), octets.data()) != 1) return false;
+  const auto used = Bytes(octets).first(family == AF_INET ? sizeof(in_addr) : sizeof(in6_addr));
+  return std::ranges::any_of(addresses, [&](const Message& message) {
+    return isSubnetOf(interface, family, used, message);
+  });
+}
+
+bool isInOwnSubnet(int interface, const std::string& address, const Patience& patience) {
+  NetlinkSocket socket(NETLINK_ROUTE);
+  std::vector<Message> addresses;
+  return ask(socket, RTM_GETADDR, octetsIn(ifaddrmsg{}), patience, addresses) == 0 &&
+         isInOwnSubnet(interface, address, addresses);
 }
 
 checks::Known<checks::Addresses> readAddresses(int interface, const Patience& patience) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "checks/DeviceFacts.h"
@@ -24,9 +25,15 @@ checks::Known<checks::Addresses> readAddresses(int interface, const Patience& pa
 checks::Known<checks::Addresses> readAddressesOfLink(const checks::Known<Carrier>& carrier,
                                                      const Patience& patience);
 
-// The pure part: the payloads of RTM_NEWADDR and RTM_NEWROUTE messages, of all interfaces. Any
+// Whether a numeric address lies in a subnet of the interface's own addresses. NO where the kernel
+// does not tell.
+bool isInOwnSubnet(int interface, const std::string& address, const Patience& patience);
+
+// The pure parts: the payloads of RTM_NEWADDR and RTM_NEWROUTE messages, of all interfaces. Any
 // thread.
 checks::Addresses addressesOf(int interface, const std::vector<Message>& addresses,
                               const std::vector<Message>& routes);
+bool isInOwnSubnet(int interface, const std::string& address,
+                   const std::vector<Message>& addresses);
 
 }  // namespace wifi_profile::machine

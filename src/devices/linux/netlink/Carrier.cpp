@@ -8,6 +8,7 @@
 #include <linux/if_link.h>
 #include <linux/rtnetlink.h>
 #include <net/if.h>
+#include <net/if_arp.h>
 
 #include "devices/linux/netlink/Attributes.h"
 
@@ -139,6 +140,26 @@ std::optional<int> interfaceTowards(const std::string& address, const Patience& 
     if (const auto over = route.number<std::int32_t>(RTA_OIF)) return over;
   }
   return std::nullopt;
+}
+
+std::optional<checks::OtherInterface> otherInterfaceOf(const Message& link) {
+  const auto interface = interfaceOf(link);
+  if (!interface) return std::nullopt;
+  ifinfomsg fields{};
+  std::memcpy(&fields, link.payload.data(), sizeof fields);
+  return checks::OtherInterface{
+      .name = interface->name,
+      .isTunnel = fields.ifi_type != ARPHRD_ETHER || interface->kind == "tun"};
+}
+
+std::optional<checks::OtherInterface> readOtherInterface(int interface, const Patience& patience) {
+  ifinfomsg fields{};
+  fields.ifi_index = interface;
+  Request request(RTM_GETLINK, octetsIn(fields), Request::Kind::one);
+  NetlinkSocket socket(NETLINK_ROUTE);
+  std::vector<Message> links;
+  if (socket.ask(request, patience, links) != 0 || links.empty()) return std::nullopt;
+  return otherInterfaceOf(links.front());
 }
 
 std::optional<std::string> otherWayOut(int interface, const Patience& patience) {

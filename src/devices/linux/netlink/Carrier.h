@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "checks/DeviceFacts.h"
 #include "checks/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/netlink/Socket.h"
@@ -43,6 +44,13 @@ checks::Unknown sentByAnother(const OtherMember& other);
 // The number of the interface that packets to this numeric address leave by; empty: there is no
 // route, or the kernel does not tell.
 std::optional<int> interfaceTowards(const std::string& address, const Patience& patience);
+
+// What the interface of that number is, where the kernel tells.
+std::optional<checks::OtherInterface> readOtherInterface(int interface, const Patience& patience);
+
+// The pure part: from the payload of an RTM_NEWLINK message. What does not send Ethernet frames,
+// and what a program serves (tun and tap), is taken for a tunnel.
+std::optional<checks::OtherInterface> otherInterfaceOf(const Message& link);
 
 // The name of the interface that packets to the Internet leave by where it is not this one, such as
 // a tunnel or a cable. Empty: packets leave by this interface, or have no route.

@@ -67,15 +67,25 @@ TEST_F(SystemNameServers, OfAResolverOnThisMachineAreAskedOfResolvedAlone) {
   EXPECT_EQ(read("nameserver 127.0.0.1\n"), std::nullopt);
 }
 
+std::optional<int> towards(const std::string& server) {
+  if (server == "198.51.100.1") return std::nullopt;  // no route
+  return server == "10.8.0.1" ? 7 : 4;
+}
+
 TEST(NameServers, AreTheLinksWhereTheyAreAskedThroughIt) {
   const std::vector<std::string> servers{"192.0.2.1", "10.8.0.1", "198.51.100.1"};
-  const auto towards = [](const std::string& server) -> std::optional<int> {
-    if (server == "198.51.100.1") return std::nullopt;  // no route
-    return server == "10.8.0.1" ? 7 : 4;
-  };
-  EXPECT_THAT(*nameServersThrough(4, servers, towards), ElementsAre("192.0.2.1", "198.51.100.1"));
-  EXPECT_THAT(*nameServersThrough(7, servers, towards), ElementsAre("10.8.0.1", "198.51.100.1"));
-  EXPECT_EQ(nameServersThrough(4, {"10.8.0.1"}, towards), std::nullopt);
+  const auto isOfLink = [](const std::string&) { return false; };
+  EXPECT_THAT(*nameServersThrough(4, servers, isOfLink, towards),
+              ElementsAre("192.0.2.1", "198.51.100.1"));
+  EXPECT_THAT(*nameServersThrough(7, servers, isOfLink, towards),
+              ElementsAre("10.8.0.1", "198.51.100.1"));
+  EXPECT_EQ(nameServersThrough(4, {"10.8.0.1"}, isOfLink, towards), std::nullopt);
+}
+
+TEST(NameServers, OfTheLinksNetworkAreTheLinksThoughACableLeadsThereToo) {
+  const auto isRouter = [](const std::string& server) { return server == "192.0.2.1"; };
+  EXPECT_THAT(*nameServersThrough(7, {"192.0.2.1", "192.0.2.2"}, isRouter, towards),
+              ElementsAre("192.0.2.1"));
 }
 
 }  // namespace
