@@ -96,9 +96,8 @@ struct Addresses {
   // The bond, team or bridge that has them because the Wi-Fi interface is its member. Unset: the
   // interface itself has them.
   std::optional<std::string> carrier = std::nullopt;
-  // The interface that the system's packets to the Internet leave by, such as a tunnel, where that
-  // is not the one that has the addresses. Empty: packets leave by this interface, or have no
-  // route.
+  // The interface that the system's packets to the Internet leave by, such as a tunnel, where those
+  // of neither protocol leave by the one that has the addresses. Unset: one does, or there is none.
   std::optional<std::string> otherWayOut = std::nullopt;
 
   bool operator==(const Addresses&) const = default;

@@ -159,8 +159,8 @@ constexpr std::array kReachRows{
           .from = "ICMP or ICMPv6 echoes through the Wi-Fi interface, where the kernel allows them "
                   "to this user; without all of their answers after 1 s, or without echoes, TCP "
                   "connections, of which a refusal is an answer, too; the log says where the "
-                  "system's own packets to the Internet leave by another interface, such as a "
-                  "tunnel (RTM_GETROUTE)",
+                  "system's own packets to the Internet leave by another interface alone, such as "
+                  "a tunnel (RTM_GETROUTE)",
           .threshold = "one answer to 3, sent 0.1 s apart, within 4 s in all",
           .why = kPingsWhy,
           .unknownWhen = "not joined, the address of a name cannot be looked up or is one of the "

@@ -145,6 +145,20 @@ TEST(OtherInterface, IsATunnelUnlessItSendsEthernetFramesByItself) {
   EXPECT_EQ(otherInterfaceOf({.type = RTM_NEWLINK, .payload = {}}), std::nullopt);
 }
 
+TEST(OtherWayOut, IsTheOneOfBothProtocolsWhereNeitherLeavesByTheLink) {
+  constexpr std::optional<int> kNone, kWlan0 = 4, kTun0 = 7, kEth0 = 2;
+  EXPECT_EQ(otherWayOut(4, {kTun0, kTun0}), kTun0);
+  EXPECT_EQ(otherWayOut(4, {kTun0, kNone}), kTun0);
+  EXPECT_EQ(otherWayOut(4, {kNone, kEth0}), kEth0);
+  EXPECT_EQ(otherWayOut(4, {kWlan0, kTun0}), kNone);
+  EXPECT_EQ(otherWayOut(4, {kNone, kNone}), kNone);
+}
+
+TEST(OtherWayOut, IsNotTheTranslatorOfIPv4OverAnIPv6OnlyLink) {
+  constexpr int kClat = 9;
+  EXPECT_EQ(otherWayOut(4, {kClat, 4}), std::nullopt);
+}
+
 class CarrierOfTheKernel : public testing::Test {
  protected:
   const Cancellation never_;

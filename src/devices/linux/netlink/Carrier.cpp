@@ -162,16 +162,23 @@ std::optional<checks::OtherInterface> readOtherInterface(int interface, const Pa
   return otherInterfaceOf(links.front());
 }
 
+std::optional<int> otherWayOut(int interface, const std::vector<std::optional<int>>& ways) {
+  if (std::ranges::find(ways, std::optional(interface)) != ways.end()) return std::nullopt;
+  const auto other = std::ranges::find_if(ways, [](const auto& way) { return way.has_value(); });
+  return other == ways.end() ? std::nullopt : *other;
+}
+
 std::optional<std::string> otherWayOut(int interface, const Patience& patience) {
+  std::vector<std::optional<int>> ways;
   for (const char* const address : kInTheInternet) {
-    const auto leavesBy = interfaceTowards(address, patience);
-    if (!leavesBy) continue;
-    std::array<char, IF_NAMESIZE> name{};
-    if (*leavesBy == interface) return std::nullopt;
-    if (if_indextoname(static_cast<unsigned>(*leavesBy), name.data()) == nullptr) continue;
-    return name.data();
+    ways.push_back(interfaceTowards(address, patience));
   }
-  return std::nullopt;
+  const auto other = otherWayOut(interface, ways);
+  std::array<char, IF_NAMESIZE> name{};
+  if (!other || if_indextoname(static_cast<unsigned>(*other), name.data()) == nullptr) {
+    return std::nullopt;
+  }
+  return name.data();
 }
 
 }  // namespace wifi_profile::machine

@@ -52,8 +52,13 @@ std::optional<checks::OtherInterface> readOtherInterface(int interface, const Pa
 // and what a program serves (tun and tap), is taken for a tunnel.
 std::optional<checks::OtherInterface> otherInterfaceOf(const Message& link);
 
-// The name of the interface that packets to the Internet leave by where it is not this one, such as
-// a tunnel or a cable. Empty: packets leave by this interface, or have no route.
+// The name of the interface that packets to the Internet leave by where those of neither protocol
+// leave by this one, such as a tunnel or a cable. Empty: one of them does, or there is no way out.
 std::optional<std::string> otherWayOut(int interface, const Patience& patience);
+
+// The pure part: the number of that interface, from those that packets of each protocol leave by;
+// empty: there is no route. Translated IPv4 over an IPv6-only link leaves by a device of its own,
+// and the IPv6 packets that it becomes leave by the link.
+std::optional<int> otherWayOut(int interface, const std::vector<std::optional<int>>& ways);
 
 }  // namespace wifi_profile::machine
