@@ -44,6 +44,11 @@ Answer customIpv6(const Question& question) {
   return customAddresses(question, &ActiveProfile::ipv6, "IPv6ConfigMethod");
 }
 
+// Those of a tunnel or a cable come with that, and not by hand.
+bool asksOthersThroughTheLink(const Known<Addresses>& addresses) {
+  return addresses && asksOthers(*addresses) && !addresses->systemDnsThrough;
+}
+
 Answer customDns(const Question& question) {
   const Known<ActiveProfile>& profile = question.facts.activeProfile;
   if (!profile) return profile.why();
@@ -51,7 +56,7 @@ Answer customDns(const Question& question) {
     return !settings.dnsServers.empty() || settings.ignoresNetworkDns;
   };
   return finding(isCustom(profile->ipv4) || isCustom(profile->ipv6) ||
-                 (question.facts.addresses && asksOthers(*question.facts.addresses)));
+                 asksOthersThroughTheLink(question.facts.addresses));
 }
 
 // One proxy that is known is enough; that there is none, only both can say.
@@ -131,10 +136,11 @@ constexpr std::array kDeviceRows{
           .measures =
               "Whether the profile of the joined network names DNS servers or refuses the "
               "network's own, or the system asks none of the link's servers, also where the link "
-              "has none.",
+              "has none. Servers that are reached only through another interface, such as a "
+              "tunnel, come with that one and do not count.",
           .from = "NetworkManager's settings of the active connection: dns-data (or dns) and "
                   "ignore-auto-dns of ipv4 and ipv6; resolv.conf, and where that names "
-                  "systemd-resolved, its property DNS",
+                  "systemd-resolved, its property DNS; the routes to them (RTM_GETROUTE)",
           .threshold = "one server, the refusal, or no server in common",
           .why = "Names of the network's own devices and sign-in pages need its own servers",
           .unknownWhen = kProfileUnknownWhen},

@@ -184,7 +184,7 @@ constexpr std::array kReachRows{
             "one address that a site can have (not 0/8, 127/8, 169.254/16, 224/3, ::, ::1, "
             "fe80::/10, ff00::/8), after two tries of 2 s for each server, within 8 s in all",
         .why = "DNS: RFC 1035, RFC 3596",
-        .unknownWhen = "not joined, the question could not be sent, or the link's servers are not "
+        .unknownWhen = "not joined, the question could not be sent, or no server of the link is "
                        "known and the system's are reached through another interface that is no "
                        "tunnel"},
     Check{.id = DiagnosticsTestID::DetectDoubleNAT,

@@ -58,6 +58,9 @@ TEST_F(DeviceChecks, FindDnsServersOfEitherVersion) {
   EXPECT_THAT(ask(Id::CustomDNS), says(false));
   facts.addresses->systemDnsServers = {"192.0.2.53"};
   EXPECT_THAT(ask(Id::CustomDNS), says(true));
+  facts.addresses->systemDnsThrough = OtherInterface{"tun0", true};
+  EXPECT_THAT(ask(Id::CustomDNS), says(false));
+  facts.addresses->systemDnsThrough.reset();
   facts.addresses->dnsServers->clear();
   EXPECT_THAT(ask(Id::CustomDNS), says(true));
   facts.addresses->dnsServers.reset();
