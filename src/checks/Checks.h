@@ -69,8 +69,8 @@ std::span<const Check> allChecks();
 // The row of a test.
 const Check& checkOf(DiagnosticsTestID id);
 
-// Why the test's result is bad, or what else is to be said of it, as sentences for the log, where
-// the facts that it is made from say so. A result has no place for them. Empty: they do not.
+// Why the test's result is bad, as sentences for the log, where the facts that it is made from
+// say so. A result has no place for them. Empty: they do not.
 std::string problemOf(const Question& question, DiagnosticsTestID id);
 
 }  // namespace wifi_profile::checks
