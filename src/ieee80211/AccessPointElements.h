@@ -1,4 +1,4 @@
-// Everything that an access point's beacon or probe response says, as far as it is understood.
+// The contents of an access point's beacon or probe response, as far as the parsers know them.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +15,7 @@
 
 namespace wifi_profile::ieee80211 {
 
-// What was received, as nl80211 reports it.
+// A received frame, as nl80211 reports it.
 struct ReceivedFrame {
   Bytes elements;                  // after the fixed fields
   std::uint16_t capabilities = 0;  // the Capability Information field (IEEE 802.11-2020, 9.4.1.4)
@@ -23,7 +23,8 @@ struct ReceivedFrame {
   std::optional<int> frequency = std::nullopt;  // MHz
 };
 
-// What one network says of itself. Nothing: not there, damaged, or contradicting.
+// The elements of one network. A member is empty if its element is absent, damaged or
+// contradictory.
 struct NetworkElements {
   std::uint16_t capabilities = 0;
   std::optional<Ssid> ssid;
@@ -40,35 +41,35 @@ struct NetworkElements {
   std::optional<WpsInformation> wps;
   bool offersPeerLink = false;  // Wi-Fi Direct
 
-  // A Passpoint has the indication, and the Interworking element that goes with it.
+  // A Passpoint network has both the indication and an Interworking element.
   bool isPasspoint() const { return hotspot && interworking; }
 
   bool operator==(const NetworkElements&) const = default;
 };
 
-// Another network of the same radio: its channel, generations and country are the sender's.
+// Another network of the same radio. It has the sender's channel, generations and country.
 struct NontransmittedNetwork {
   std::uint8_t index = 0;      // 1 to 255
-  std::optional<Bssid> bssid;  // nothing when the sender's is not known
-  NetworkElements network;     // with what it inherits
+  std::optional<Bssid> bssid;  // empty if the sender's BSSID is unknown
+  NetworkElements network;     // includes what it inherits
 
   bool operator==(const NontransmittedNetwork&) const = default;
 };
 
 struct AccessPointElements {
-  NetworkElements network;  // the sender itself
+  NetworkElements network;  // the sender
   std::optional<Country> country;
   std::optional<OperatingChannel> channel;
   PhyModes modes;
-  std::vector<NontransmittedNetwork> others;  // by index, each once; at most 255
-  // The last element was cut off: all before it counts, but what is absent may have been lost.
+  std::vector<NontransmittedNetwork> others;  // in order of index, each index once; at most 255
+  // The last element was cut off: the elements before it are valid, but absent ones may be lost.
   bool truncated = false;
 
   bool operator==(const AccessPointElements&) const = default;
 };
 
-// Reads any bytes; never fails, and the time it takes is linear in them. Several elements of a kind
-// that say different things count as contradicting. The result keeps nothing of the bytes. Any
+// Accepts any bytes and never fails; the time is linear in their number. Elements of one kind with
+// different contents count as contradictory. The result keeps no reference to the bytes. Any
 // thread.
 AccessPointElements parseAccessPointElements(const ReceivedFrame& frame);
 

@@ -1,4 +1,4 @@
-// Fields out of bytes that may end anywhere.
+// Reads fields from bytes that may end anywhere.
 #pragma once
 
 #include <algorithm>
@@ -15,8 +15,8 @@ inline bool areEqual(Bytes one, Bytes other) { return std::ranges::equal(one, ot
 
 inline std::string toText(Bytes bytes) { return {bytes.begin(), bytes.end()}; }
 
-// Takes fields from the front. A field that is not there whole reads as zero, or as no bytes, and
-// so does everything after it: a reader is asked once, at the end, whether it `failed`.
+// Takes fields from the front. An incomplete field reads as zero or as no bytes, and so does every
+// field after it. A parser checks `failed` once, after the last field.
 class ByteReader {
  public:
   explicit ByteReader(Bytes bytes) : left_(bytes) {}
@@ -41,19 +41,19 @@ class ByteReader {
     return taken.empty() ? std::uint8_t{0} : taken[0];
   }
 
-  // Of two octets, the low one first: the order of all numbers of 802.11 (802.11-2020, 9.2.2).
+  // Two octets, low octet first: the order of all numbers in 802.11 (802.11-2020, 9.2.2).
   std::uint16_t number16() {
     const Bytes taken = take(2);
     return taken.empty() ? std::uint16_t{0} : static_cast<std::uint16_t>(taken[0] | taken[1] << 8U);
   }
 
-  // Of two octets, the high one first: the order of WPS.
+  // Two octets, high octet first: the order of WPS.
   std::uint16_t bigEndian16() {
     const Bytes taken = take(2);
     return taken.empty() ? std::uint16_t{0} : static_cast<std::uint16_t>(taken[0] << 8U | taken[1]);
   }
 
-  // An organisation: three octets, the first one highest (802.11-2020, 9.4.1.31).
+  // An organisation: three octets, the first one the highest (802.11-2020, 9.4.1.31).
   std::uint32_t oui() {
     const Bytes taken = take(3);
     if (taken.empty()) return 0;

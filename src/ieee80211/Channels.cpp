@@ -3,9 +3,9 @@
 namespace wifi_profile::ieee80211 {
 namespace {
 
-constexpr int kStep = 5;  // MHz from a channel number to the next one
+constexpr int kStep = 5;  // MHz between neighbouring channel numbers
 
-// 802.11-2020, 15.4.4.3: channel 14 stands apart.
+// 802.11-2020, 15.4.4.3. Channel 14 is not at the regular distance.
 constexpr int kStart2 = 2407;
 constexpr int kChannel14 = 2484;
 // 802.11-2020, 17.3.8.4.2: 5000 MHz plus 5 for each number.
@@ -19,8 +19,8 @@ constexpr int kChannel2 = 5935;
 
 bool isWithin(int value, int least, int most) { return value >= least && value <= most; }
 
-// A run of 20 MHz channels in steps of 4; wide channels begin at its start or a multiple of their
-// own width above.
+// A run of 20 MHz channels in steps of 4. Wide channels begin at its start or at a multiple of
+// their own width above it.
 bool isInRun(int lowest, int count, int first, int last, int pitch) {
   return isWithin(lowest, first, last) && (lowest - first) % (4 * pitch) == 0 &&
          lowest + 4 * (count - 1) <= last;
@@ -31,7 +31,7 @@ bool isBlock(Band band, int lowest, int count) {
     return isInRun(lowest, count, 36, 64, count) || isInRun(lowest, count, 100, 144, count) ||
            isInRun(lowest, count, 149, 177, count);
   }
-  // Channels of 320 MHz begin every 160 MHz (802.11be, 320-1 and 320-2).
+  // 320 MHz channels begin every 160 MHz (802.11be, 320-1 and 320-2).
   return isInRun(lowest, count, 1, kMost6, count == 16 ? 8 : count);
 }
 

@@ -1,5 +1,5 @@
-// Numbers of the elements that are read, as IEEE 802.11-2020, 9.4.2.1 (table of element ids),
-// 802.11ax and 802.11be give them.
+// Ids of the elements that the parsers read (IEEE 802.11-2020, 9.4.2.1, table of element ids;
+// 802.11ax; 802.11be).
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@ inline constexpr std::uint8_t kHtCapabilitiesId = 45;
 inline constexpr std::uint8_t kRsnId = 48;
 inline constexpr std::uint8_t kExtendedRatesId = 50;
 inline constexpr std::uint8_t kHtOperationId = 61;
-inline constexpr std::uint8_t kWapiId = 68;  // security of another standard, GB 15629.11
+inline constexpr std::uint8_t kWapiId = 68;  // security by another standard, GB 15629.11
 inline constexpr std::uint8_t kMultipleBssidId = 71;
 inline constexpr std::uint8_t kNontransmittedCapabilityId = 83;
 inline constexpr std::uint8_t kMultipleBssidIndexId = 85;
@@ -28,18 +28,18 @@ inline constexpr std::uint8_t kVendorId = 221;
 inline constexpr std::uint8_t kRsnExtensionId = 244;
 inline constexpr std::uint8_t kExtensionId = 255;  // the payload begins with an extension id
 
-// Extension ids, of elements with kExtensionId.
+// Extension ids of elements with kExtensionId.
 inline constexpr std::uint8_t kHeCapabilitiesExtension = 35;    // 802.11ax
 inline constexpr std::uint8_t kHeOperationExtension = 36;       // 802.11ax
 inline constexpr std::uint8_t kNonInheritanceExtension = 56;    // 802.11-2020, 9.4.2.240
 inline constexpr std::uint8_t kEhtOperationExtension = 106;     // 802.11be
 inline constexpr std::uint8_t kEhtCapabilitiesExtension = 108;  // 802.11be
 
-// Organisations, as their three bytes read as one number. The first one's types are from the
-// time before the standard had them; the second one is the Wi-Fi Alliance.
+// Organisations: their three bytes as one number. kWpaOui numbers vendor elements that are older
+// than their counterparts in the standard; kAllianceOui is the Wi-Fi Alliance.
 inline constexpr std::uint32_t kWpaOui = 0x0050F2;
 inline constexpr std::uint32_t kAllianceOui = 0x506F9A;
-inline constexpr std::uint32_t kStandardOui = 0x000FAC;  // suites of the standard itself
+inline constexpr std::uint32_t kStandardOui = 0x000FAC;  // suites of the standard
 
 // Types of vendor elements.
 inline constexpr std::uint8_t kWpaType = 1;         // of kWpaOui

@@ -7,7 +7,7 @@
 namespace wifi_profile::ieee80211 {
 namespace {
 
-// What an element of a kind looks like.
+// The numbers that identify an element of a kind.
 struct Form {
   Kind kind;
   std::uint8_t id;
@@ -62,7 +62,7 @@ constexpr bool isInOrderOfKind() {
 }
 static_assert(isInOrderOfKind());
 
-// Every network has these of its own (802.11-2020, 9.4.2.45), or none at all.
+// False for the elements of which every network has its own (802.11-2020, 9.4.2.45) or none.
 constexpr bool isHeritable(Kind kind) {
   switch (kind) {
     case Kind::ssid:
@@ -77,7 +77,7 @@ constexpr bool isHeritable(Kind kind) {
   }
 }
 
-// Two lists, each after its length: element ids, and extension ids (802.11-2020, 9.4.2.240).
+// Two lists, each preceded by its length: element ids and extension ids (802.11-2020, 9.4.2.240).
 struct NonInheritance {
   Bytes ids;
   Bytes extensions;

@@ -1,4 +1,4 @@
-// The elements of one network that are read, found by kind.
+// The elements of one network, found by kind.
 #pragma once
 
 #include <array>
@@ -45,29 +45,30 @@ enum class Kind : std::uint8_t {
 
 inline constexpr std::size_t kKindCount = static_cast<std::size_t>(Kind::oweTransition) + 1;
 
-// Made in one walk; looks into the bytes that it was made from, which must outlive it. A kind that
-// comes more than once counts while all say the same; when they differ, nobody can tell which one
-// is true, and it counts as damaged. WPS and Multiple BSSID are the two that may come in parts.
+// Built in one walk over the bytes. Refers to these bytes, which must outlive it. Repeated elements
+// of one kind are valid while all have the same contents; if they differ, none can be trusted, and
+// the kind counts as damaged. Only WPS and Multiple BSSID may be split into several elements.
 class ElementSet {
  public:
   explicit ElementSet(Bytes elements);
 
-  // Whether the last element is cut off: then what is absent may have been lost with it.
+  // True if the last element is cut off: absent elements may then be lost.
   bool truncated() const { return truncated_; }
 
-  // Whether there is such an element, damaged or not.
+  // True if there is such an element, damaged or not.
   bool has(Kind kind) const { return slot(kind).found; }
 
-  // The payload (of vendor elements: after the type); nothing when it is absent or contradicting.
+  // The payload (of vendor elements: after the type). Empty if the element is absent or
+  // contradictory.
   std::optional<Bytes> payload(Kind kind) const;
 
-  // The payloads of Kind::wps or Kind::multipleBssid in order.
+  // The payloads of Kind::wps or Kind::multipleBssid, in the order of the bytes.
   const std::vector<Bytes>& parts(Kind kind) const;
 
-  // For the set of a nontransmitted profile: takes over what it does not have itself from the
-  // transmitting network's (802.11-2020, 11.1.3.8.4), but for what every network has of its own and
-  // what the profile's Non-Inheritance element names. NO, with nothing taken over, when that
-  // element is damaged.
+  // For the set of a nontransmitted profile: copies the elements that the profile lacks from the
+  // transmitting network's set (802.11-2020, 11.1.3.8.4). Leaves out the elements that every
+  // network has of its own and those that the profile's Non-Inheritance element names. Returns
+  // false and copies none if that element is damaged.
   bool inherit(const ElementSet& transmitted);
 
  private:

@@ -1,4 +1,4 @@
-// The elements of a beacon or probe response one by one (IEEE 802.11-2020, 9.4.2.1).
+// The elements of a beacon or probe response, one by one (IEEE 802.11-2020, 9.4.2.1).
 #pragma once
 
 #include <cstdint>
@@ -8,34 +8,34 @@
 
 namespace wifi_profile::ieee80211 {
 
-// One element: octets id and length, then the payload. It looks into the bytes that were walked.
+// One element: an id octet, a length octet and the payload. Refers to the bytes of the walk.
 struct Element {
   std::uint8_t id = 0;
-  std::uint8_t extension = 0;  // with kExtensionId only; the payload is what follows it
+  std::uint8_t extension = 0;  // only with kExtensionId; the payload follows it
   Bytes payload;               // at most 255 octets
 };
 
-// A vendor element's front (802.11-2020, 9.4.2.25). All vendors that are read here number their
-// elements with the octet after the organisation.
+// The start of a vendor element (802.11-2020, 9.4.2.25). All vendors read here put the element's
+// type into the octet after the organisation.
 struct VendorElement {
   std::uint32_t oui = 0;
   std::uint8_t type = 0;
-  Bytes payload;  // what follows the type
+  Bytes payload;  // after the type
 };
 
-// Nothing for elements with another id, and for those too short.
+// Empty for elements with another id and for those that are too short.
 std::optional<VendorElement> asVendorElement(const Element& element);
 
-// Walks once over elements, in their order; whoever calls it keeps the bytes alive. An extension
-// element of no length has no id and is passed over.
+// Walks once over the elements in their order. The caller keeps the bytes alive. An extension
+// element of length 0 has no extension id and is skipped.
 class ElementWalker {
  public:
   explicit ElementWalker(Bytes elements) : reader_(elements) {}
 
-  // The next element; nothing at the end, or where an element is longer than what is left.
+  // The next element. Empty at the end, or if an element is longer than the remaining bytes.
   std::optional<Element> next();
 
-  // Whether the walk ended at an element that is not there whole.
+  // True if the walk ended at an incomplete element.
   bool truncated() const { return reader_.failed(); }
 
  private:

@@ -5,7 +5,8 @@
 namespace wifi_profile::ieee80211 {
 namespace {
 
-// The extent of `width` around `center`, if that is one of the band's and has the primary channel.
+// The extent of `width` around `center`. Empty if the band has no such channel or it lacks the
+// primary channel.
 std::optional<Extent> extentAround(Band band, int primary, Width width, int center) {
   Extent extent{.width = width, .center = center, .secondCenter = 0, .secondary = {}};
   if (width == Width::mhz20) return center == primary ? std::optional(extent) : std::nullopt;
@@ -26,8 +27,8 @@ std::optional<Extent> extentAround(Band band, int primary, Width width, int cent
   return extent;
 }
 
-// Two middles: that of the primary 80 MHz, and either that of 160 MHz or that of another 80 MHz,
-// told by their distance (802.11-2020, 9.4.2.158; the same in 6 GHz).
+// Two middles: that of the primary 80 MHz, and that of either 160 MHz or another 80 MHz. The
+// distance between the middles distinguishes the cases (802.11-2020, 9.4.2.158; the same in 6 GHz).
 std::optional<Extent> extentOfTwo(Band band, int primary, int segment0, int segment1) {
   const int distance = std::abs(segment1 - segment0);
   auto half = extentAround(band, primary, Width::mhz80, segment0);
@@ -75,7 +76,8 @@ std::optional<Extent> extentOfSixGhz(const SixGhzOperation& operation) {
   return extentOfTwo(Band::ghz6, operation.primary, segment0, segment1);
 }
 
-// 802.11be: the first middle is that of the primary half from 160 MHz on, the second that of all.
+// 802.11be: from 160 MHz on, the first middle is that of the primary half, the second that of the
+// whole width.
 std::optional<Extent> extentOfEht(Band band, int primary, const WideOperation& wide,
                                   std::uint16_t disabled) {
   const auto& [code, segment0, segment1] = wide;
@@ -86,7 +88,7 @@ std::optional<Extent> extentOfEht(Band band, int primary, const WideOperation& w
   if (!extent || disabled == 0) return extent;
   const int count = twentyMHzChannelsOf(width);
   const int ofPrimary = (primary - lowestOf(width, extent->center)) / 4;
-  // Nothing narrower than 80 MHz is punctured.
+  // Widths below 80 MHz are never punctured.
   if (count < 4 || unsigned{disabled} >> static_cast<unsigned>(count) != 0 ||
       (unsigned{disabled} >> static_cast<unsigned>(ofPrimary) & 1U) != 0) {
     return std::nullopt;
@@ -100,11 +102,11 @@ std::optional<Extent> extentOfHt(Band band, const HtOperation& ht) {
   return extentAround(band, ht.primary, Width::mhz40, (ht.primary + ht.secondary) / 2);
 }
 
-// What VHT Operation adds to HT Operation (802.11-2020, 11.38.1).
+// The extent with what VHT Operation adds to HT Operation (802.11-2020, 11.38.1).
 std::optional<Extent> extentOfVht(Band band, const HtOperation& ht, const WideOperation& vht) {
   const auto narrow = extentOfHt(band, ht);
   if (vht.width == 0 || !narrow) return narrow;
-  // A network that cannot use all its streams over all its width tells the second middle in HT
+  // A network that cannot use all its streams over its full width gives the second middle in HT
   // Operation.
   const int segment1 = vht.segment1 != 0 ? vht.segment1 : ht.segment2;
   std::optional<Extent> extent;

@@ -25,11 +25,11 @@ bool isWhole(Bytes elements) {
   return !walker.truncated();
 }
 
-// The profiles as they were cut, each piece joined to the one that it continues. Elements are
-// never cut, so a piece that ends within one is damaged, and with it its profile.
+// Joins the pieces of profiles that were split. A split never falls inside an element, so a piece
+// that ends inside one is damaged, and its whole profile is dropped.
 class Joiner {
  public:
-  // Takes one Multiple BSSID element's subelements; NO when the last one is cut off.
+  // Takes the subelements of one Multiple BSSID element. Returns false if the last one is cut off.
   bool add(Bytes subelements) {
     bool atFront = true;
     ElementWalker walker(subelements);
@@ -51,7 +51,7 @@ class Joiner {
       finish();
       open_.emplace();
     } else if (!atFront) {
-      // Nothing that it could continue ends before it.
+      // Only the first piece of an element can continue an earlier profile.
       finish();
     }
     if (!open_) return;
@@ -104,7 +104,7 @@ std::optional<NontransmittedProfiles> readNontransmittedProfiles(const std::vect
     all.bits = part[0];
     if (!joiner.add(part.subspan(1))) return std::nullopt;
   }
-  // By index; nothing once two profiles of one index differ.
+  // By index; empty if two profiles with that index differ.
   std::map<std::uint8_t, std::optional<NontransmittedProfile>> byIndex;
   for (Octets& elements : std::move(joiner).joined()) {
     auto profile = readProfile(std::move(elements), all.bits);

@@ -8,7 +8,7 @@ namespace wifi_profile::ieee80211 {
 namespace {
 
 constexpr std::uint8_t kBasicFlag = 0x80;
-constexpr std::uint8_t kFastestRate = 108;    // 54 Mbit/s; faster ones are not in these lists
+constexpr std::uint8_t kFastestRate = 108;    // 54 Mbit/s; these lists contain no faster rate
 constexpr std::uint8_t kFirstSelector = 121;  // EHT PHY; 122 HE, 123 SAE, ... 127 HT PHY
 
 constexpr std::array<std::uint8_t, 4> kBRates{2, 4, 11, 22};
@@ -72,7 +72,7 @@ bool Rates::hasOnlyBRates() const {
 bool Rates::hasOfdmRates() const { return hasAny(supported, kOfdmRates); }
 
 std::optional<Rates> parseRates(Bytes supported, std::optional<Bytes> extended) {
-  // The standard puts 8 octets into the first element at most; more of them mean no less.
+  // The standard limits the first element to 8 octets; more octets are accepted.
   if (supported.empty() || (extended && extended->empty())) return std::nullopt;
   OctetSet all;
   OctetSet basic;

@@ -6,7 +6,7 @@
 namespace wifi_profile::ieee80211 {
 namespace {
 
-// The operation elements of a network; `damaged` when one is there and says nothing.
+// The operation elements of a network. `damaged`: an element is present but cannot be parsed.
 struct Operations {
   std::optional<HtOperation> ht;
   std::optional<WideOperation> vht;
@@ -40,7 +40,7 @@ std::optional<Extent> readExtent(const ElementSet& elements, const Operations& a
   if (all.eht.wide) return extentOfEht(band, primary, *all.eht.wide, all.eht.disabled);
   if (band == Band::ghz6) return all.he.sixGhz ? extentOfSixGhz(*all.he.sixGhz) : std::nullopt;
   if (!all.ht) {
-    // Without HT there is nothing wider than 20 MHz.
+    // Without HT, no width above 20 MHz is possible.
     if (all.vht || all.he.vht || elements.has(Kind::htCapabilities)) return std::nullopt;
     return extentOfTwentyMHz(band, primary);
   }
@@ -49,10 +49,10 @@ std::optional<Extent> readExtent(const ElementSet& elements, const Operations& a
   return vht ? extentOfVht(band, *all.ht, *vht) : extentOfHt(band, *all.ht);
 }
 
-// The channel that the elements name; 0: none does; nothing: they contradict each other.
+// The channel that the elements name: 0 if none names one, empty if they contradict each other.
 std::optional<int> namedPrimary(const ElementSet& elements, const Operations& all,
                                 std::optional<Band> heard) {
-  // A DS Parameter Set belongs to 2.4 GHz; some software sends one in the other bands as well.
+  // A DS Parameter Set belongs to 2.4 GHz; some access points also send one in the other bands.
   const bool dsCounts = heard.value_or(Band::ghz2) == Band::ghz2;
   const bool hasDs = dsCounts && elements.has(Kind::dsParameterSet);
   const auto ds = hasDs ? elements.payload(Kind::dsParameterSet) : std::nullopt;
@@ -61,7 +61,7 @@ std::optional<int> namedPrimary(const ElementSet& elements, const Operations& al
   const int ofDs = ds && !ds->empty() ? ds->front() : 0;
   const int ofHt = all.ht ? all.ht->primary : 0;
   if (all.he.sixGhz) {
-    // Networks of 6 GHz have neither of the two (802.11ax, 26.17.2.1).
+    // 6 GHz networks have neither DS Parameter Set nor HT Operation (802.11ax, 26.17.2.1).
     if (hasDs || elements.has(Kind::htOperation)) return std::nullopt;
     return all.he.sixGhz->primary;
   }

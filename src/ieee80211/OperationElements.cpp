@@ -24,11 +24,11 @@ std::optional<HtOperation> parseHtOperation(Bytes payload) {
   reader.take(2 + 16);  // the rest of the information, and the basic HT-MCS set
   const unsigned offset = first & kOffsetMask;
   if (reader.failed() || offset == 2 || operation.primary == 0) return std::nullopt;
-  // Without leave to send wider than 20 MHz, the secondary channel is not in use.
+  // If stations may not send wider than 20 MHz, the secondary channel is not in use.
   if ((first & kAnyWidth) != 0 && offset != 0) {
     operation.secondary = operation.primary + (offset == 1 ? 4 : -4);
   }
-  operation.segment2 = static_cast<int>(next >> 5U & 0xFFU);  // bits 13 to 20 of all
+  operation.segment2 = static_cast<int>(next >> 5U & 0xFFU);  // bits 13 to 20 of the information
   return operation;
 }
 
@@ -42,7 +42,7 @@ std::optional<WideOperation> parseVhtOperation(Bytes payload) {
 }
 
 std::optional<HeOperation> parseHeOperation(Bytes payload) {
-  // Bits of the HE Operation Parameters, of which there are 24.
+  // Bits of the 24-bit HE Operation Parameters.
   constexpr unsigned kHasVht = 1U << 14U;
   constexpr unsigned kIsCoHosted = 1U << 15U;
   constexpr unsigned kHasSixGhz = 1U << 17U;

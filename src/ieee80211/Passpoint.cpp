@@ -7,7 +7,7 @@ std::optional<Interworking> parseInterworking(Bytes payload) {
   constexpr std::size_t kVenue = 2;
   constexpr std::size_t kHessid = 6;
   const std::size_t size = payload.size();
-  // Venue and HESSID may each be there or not: their sizes tell them apart.
+  // Venue and HESSID are each optional: the size shows which are present.
   const bool hasVenue = size == kOptions + kVenue || size == kOptions + kVenue + kHessid;
   const bool hasHessid = size == kOptions + kHessid || size == kOptions + kVenue + kHessid;
   if (size != kOptions && !hasVenue && !hasHessid) return std::nullopt;
@@ -29,7 +29,7 @@ std::optional<Interworking> parseInterworking(Bytes payload) {
 
 std::optional<RoamingConsortium> parseRoamingConsortium(Bytes payload) {
   constexpr std::size_t kShortest = 3;  // 802.11-2020, 9.4.1.31
-  constexpr std::size_t kLongest = 15;  // of the two whose length has four bits
+  constexpr std::size_t kLongest = 15;  // of the two identifiers whose length field has four bits
   ByteReader reader(payload);
   RoamingConsortium consortium;
   consortium.more = reader.octet();
@@ -50,7 +50,7 @@ std::optional<Hotspot> parseHotspot(Bytes payload) {
   const unsigned configuration = reader.octet();
   Hotspot hotspot;
   hotspot.groupForwardingDisabled = (configuration & 0x01U) != 0;
-  if ((configuration & 0x02U) != 0) reader.take(2);  // where a subscription's settings come from
+  if ((configuration & 0x02U) != 0) reader.take(2);  // source of a subscription's settings
   if ((configuration & 0x04U) != 0) hotspot.anqpDomain = reader.number16();
   hotspot.release = static_cast<std::uint8_t>((configuration >> 4U) + 1U);
   if (reader.failed()) return std::nullopt;

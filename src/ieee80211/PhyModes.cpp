@@ -12,8 +12,8 @@ PhyModes readPhyModes(const ElementSet& elements, const std::optional<Rates>& ra
   modes.a = band == Band::ghz5 && rates && rates->hasOfdmRates();
   modes.b = band == Band::ghz2 && rates && rates->hasBRates();
   modes.g = band == Band::ghz2 && rates && rates->hasOfdmRates();
-  // Shortest forms: 802.11-2020, 9.4.2.55 and 9.4.2.157; 802.11ax, 9.4.2.248; 802.11be. The latter
-  // two are capabilities of MAC and PHY and the shortest set of rates, after the extension id.
+  // Minimum sizes: 802.11-2020, 9.4.2.55 and 9.4.2.157; 802.11ax, 9.4.2.248; 802.11be. For the last
+  // two: MAC capabilities, PHY capabilities and the shortest set of rates, after the extension id.
   modes.n = isWhole(Kind::htCapabilities, 26);
   modes.ac = isWhole(Kind::vhtCapabilities, 12) && band && band != Band::ghz2;
   modes.ax = isWhole(Kind::heCapabilities, 6 + 11 + 4);

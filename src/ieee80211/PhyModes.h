@@ -1,4 +1,4 @@
-// Which generations of the standard a network speaks. Pure functions; any thread.
+// The generations of the standard that a network supports. Pure functions; any thread.
 #pragma once
 
 #include <array>
@@ -12,7 +12,7 @@
 
 namespace wifi_profile::ieee80211 {
 
-// Generations whose elements or rates are there whole.
+// The generations whose element is complete or whose rates are present.
 struct PhyModes {
   bool a = false;   // OFDM rates in 5 GHz
   bool b = false;   // 1, 2, 5.5 or 11 Mbit/s in 2.4 GHz
@@ -25,7 +25,7 @@ struct PhyModes {
   bool operator==(const PhyModes&) const = default;
 };
 
-// By their names, oldest first.
+// The name of each generation, oldest first.
 inline constexpr std::array<std::pair<std::string_view, bool PhyModes::*>, 7> kPhyModeNames{
     {{"802.11a", &PhyModes::a},
      {"802.11b", &PhyModes::b},
@@ -35,7 +35,7 @@ inline constexpr std::array<std::pair<std::string_view, bool PhyModes::*>, 7> kP
      {"802.11ax", &PhyModes::ax},
      {"802.11be", &PhyModes::be}}};
 
-// Without a band neither a, b, g nor ac.
+// Without a band, a, b, g and ac stay false.
 PhyModes readPhyModes(const ElementSet& elements, const std::optional<Rates>& rates,
                       std::optional<Band> band);
 

@@ -18,9 +18,9 @@ Security ofPersonal(bool psk, bool sae) {
   return sae ? Security::wpa3Personal : Security::wpa2Personal;
 }
 
-// Wi-Fi Alliance, WPA3: it has SHA-256 and must protect management frames, its
-// transition mode adds SHA-1 and leaves the protection to the member, its 192 bit mode stands
-// alone.
+// WPA3-Enterprise (Wi-Fi Alliance, WPA3) uses SHA-256 and requires protected management frames. Its
+// transition mode adds SHA-1 and makes the protection optional for the station. Its 192-bit mode is
+// not combined with SHA-1.
 Security ofEnterprise(const RsnElement& rsn) {
   const bool sha1 = has(rsn, kStandardOui, {akm::k8021X});
   const bool sha256 = has(rsn, kStandardOui, {akm::k8021XSha256});
@@ -32,7 +32,7 @@ Security ofEnterprise(const RsnElement& rsn) {
   return Security::wpa2Enterprise;
 }
 
-// Suites that none of these knows may stand beside those that count.
+// Unknown suites may occur beside the known ones; they are ignored.
 Security ofRsn(const RsnElement& rsn) {
   const bool psk =
       has(rsn, kStandardOui,

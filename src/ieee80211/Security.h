@@ -1,4 +1,4 @@
-// A network's security in one word.
+// A network's security as one value.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@ namespace wifi_profile::ieee80211 {
 enum class Security {
   none,                // open
   owe,                 // encrypted without a password
-  wep,                 // encrypted, with no element that says how
+  wep,                 // encrypted; no element names the method
   wpaPersonal,         // WPA alone; a network with WPA and WPA2 counts as WPA2
   wpaEnterprise,       //
   wpa2Personal,        //
@@ -24,7 +24,7 @@ enum class Security {
   unknown,             // damaged, contradicting, or of a kind that is none of these
 };
 
-// What the security is read from.
+// The elements that determine the security.
 struct SecurityElements {
   std::optional<RsnElement> rsn;
   std::optional<RsnElement> wpa;
@@ -34,9 +34,9 @@ struct SecurityElements {
 
 SecurityElements readSecurityElements(const ElementSet& elements);
 
-// `capabilities` is the Capability Information field (802.11-2020, 9.4.1.4), of which the privacy
-// bit decides where there is neither RSN nor WPA. Where elements are cut off, that there is none
-// is not known, and so neither is the security.
+// `capabilities` is the Capability Information field (802.11-2020, 9.4.1.4); its privacy bit
+// decides if there is neither RSN nor WPA. If the elements are truncated and RSN is absent, the
+// security is unknown, because RSN may have been cut off.
 Security summarize(const ElementSet& elements, const SecurityElements& read,
                    std::uint16_t capabilities);
 

@@ -23,7 +23,7 @@ std::vector<Suite> takeSuites(ByteReader& reader) {
   return suites;
 }
 
-// From the version to the capabilities, in which RSN and WPA are alike.
+// Reads the fields from the group cipher to the capabilities, which RSN and WPA have in common.
 RsnElement takeSuiteLists(ByteReader& reader) {
   RsnElement element;
   if (!reader.atEnd()) element.group = takeSuite(reader);
@@ -54,7 +54,7 @@ std::optional<RsnElement> parseWpa(Bytes payload) {
 }
 
 std::optional<RsnExtension> parseRsnExtension(Bytes payload) {
-  // Bits 0 to 3 of the first octet: how many octets follow it.
+  // Bits 0 to 3 of the first octet: the number of octets after it.
   if (payload.empty() || payload.size() < (payload[0] & 0x0FU) + 1U) return std::nullopt;
   return RsnExtension{.saeHashToElement = (payload[0] & 0x20U) != 0};
 }

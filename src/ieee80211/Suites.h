@@ -1,6 +1,5 @@
-// How a network keeps strangers out, as its elements say it: suites of ciphers and of key
-// management. Parsers take an element's payload and give nothing for one that is damaged. Pure
-// functions; any thread.
+// The security of a network, from its elements: suites of ciphers and of key management. Parsers
+// take an element's payload and return empty if it is damaged. Pure functions; any thread.
 #pragma once
 
 #include <array>
@@ -14,7 +13,7 @@
 
 namespace wifi_profile::ieee80211 {
 
-// One cipher or one way to agree on keys: who numbered it, and its number.
+// One cipher or one method of key management: the organisation that numbered it, and its number.
 struct Suite {
   std::uint32_t oui = 0;
   std::uint8_t type = 0;
@@ -22,7 +21,7 @@ struct Suite {
   bool operator==(const Suite&) const = default;
 };
 
-// Ciphers of kStandardOui (IEEE 802.11-2020, 9.4.2.24.2); kWpaOui has 1, 2, 4 and 5 of them, too.
+// Ciphers of kStandardOui (IEEE 802.11-2020, 9.4.2.24.2). kWpaOui also has 1, 2, 4 and 5.
 namespace cipher {
 inline constexpr std::uint8_t kUseGroup = 0;
 inline constexpr std::uint8_t kWep40 = 1;
@@ -39,8 +38,8 @@ inline constexpr std::uint8_t kBipGmac256 = 12;
 inline constexpr std::uint8_t kBipCmac256 = 13;
 }  // namespace cipher
 
-// Authentication and key management, of kStandardOui (802.11-2020, 9.4.2.24.3; 24 and 25 of
-// 802.11be); kWpaOui has 1 and 2 of them, too.
+// Authentication and key management of kStandardOui (802.11-2020, 9.4.2.24.3; 24 and 25: 802.11be).
+// kWpaOui also has 1 and 2.
 namespace akm {
 inline constexpr std::uint8_t k8021X = 1;
 inline constexpr std::uint8_t kPsk = 2;
@@ -66,8 +65,8 @@ inline constexpr std::uint8_t kSaeExtendedKey = 24;
 inline constexpr std::uint8_t kFtSaeExtendedKey = 25;
 }  // namespace akm
 
-// RSN (802.11-2020, 9.4.2.24), or its forerunner WPA. An element may end after any field: what is
-// missing is empty, and so is all that would follow it.
+// RSN (802.11-2020, 9.4.2.24), or its predecessor WPA. An element may end after any field: the
+// missing field and all later ones are empty.
 struct RsnElement {
   std::optional<Suite> group;  // cipher of broadcasts
   std::vector<Suite> pairwise;
@@ -82,10 +81,10 @@ struct RsnElement {
   bool operator==(const RsnElement&) const = default;
 };
 
-// A version other than 1 counts as damaged: nobody knows how it goes on.
+// A version other than 1 counts as damaged, because its layout is unknown.
 std::optional<RsnElement> parseRsn(Bytes payload);
 
-// The payload after the vendor's type. Without PMKIDs and management cipher.
+// Takes the payload after the vendor's type. WPA has no PMKIDs and no management cipher.
 std::optional<RsnElement> parseWpa(Bytes payload);
 
 // RSNX (802.11-2020, 9.4.2.241).
@@ -97,19 +96,19 @@ struct RsnExtension {
 
 std::optional<RsnExtension> parseRsnExtension(Bytes payload);
 
-// An open network's pointer to its encrypted twin, and back (Wi-Fi Alliance, Opportunistic Wireless
-// Encryption, transition mode).
+// The link from an open network to its encrypted twin, or from the twin to it (Wi-Fi Alliance,
+// Opportunistic Wireless Encryption, transition mode).
 struct OweTransition {
   std::array<std::uint8_t, 6> bssid{};  // of the twin
   std::string ssid;                     // of the twin, 1 to 32 bytes
-  // Where the twin is, when it is not on the same channel.
+  // The channel of the twin, if it differs from the network's own.
   std::optional<std::uint8_t> operatingClass;
   std::optional<std::uint8_t> channel;
 
   bool operator==(const OweTransition&) const = default;
 };
 
-// The payload after the vendor's type.
+// Takes the payload after the vendor's type.
 std::optional<OweTransition> parseOweTransition(Bytes payload);
 
 }  // namespace wifi_profile::ieee80211

@@ -1,5 +1,5 @@
-// What an access point says of its make, for pushing a button on it (Wi-Fi Alliance, Wi-Fi Simple
-// Configuration). Beacons rarely have it; probe responses do.
+// The maker and model of an access point, from its WPS elements (Wi-Fi Alliance, Wi-Fi Simple
+// Configuration). Beacons rarely contain them; probe responses do.
 #pragma once
 
 #include <optional>
@@ -10,8 +10,8 @@
 
 namespace wifi_profile::ieee80211 {
 
-// Texts as they came, of any bytes: they may be empty, end with zeros or not be UTF-8. One that is
-// longer than its limit is cut there.
+// Texts as received: they may be empty, end with zeros or not be UTF-8. A text that is longer than
+// its limit is cut to it.
 struct WpsInformation {
   static constexpr std::size_t kLongestManufacturer = 64;  // bytes
   static constexpr std::size_t kLongestOther = 32;         // bytes
@@ -24,10 +24,10 @@ struct WpsInformation {
   bool operator==(const WpsInformation&) const = default;
 };
 
-// Takes the payloads, after the vendor's type, of all the network's WPS elements in order: long
-// information is cut anywhere and goes on in the next one. An attribute that is not there whole
-// ends the reading; one that comes again with another value is not known. Nothing when there is no
-// element, and when there are more than a frame has room for. Linear in the bytes.
+// Takes the payloads, after the vendor's type, of all the network's WPS elements in order. Long
+// information may be split at any byte and continues in the next element. Parsing ends at an
+// incomplete attribute; an attribute that occurs with different values is empty. Returns empty if
+// there is no element or if there are more than a frame can hold. Linear in the number of bytes.
 std::optional<WpsInformation> parseWps(const std::vector<Bytes>& parts);
 
 }  // namespace wifi_profile::ieee80211
