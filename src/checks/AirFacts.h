@@ -1,4 +1,4 @@
-// What the radio knows of itself and of the air.
+// Facts about the radio and the air.
 #pragma once
 
 #include <chrono>
@@ -15,7 +15,8 @@
 
 namespace wifi_profile::checks {
 
-// The access point that the radio is joined to. Optional values: the driver does not say.
+// The access point that the radio is joined to. An optional is empty if the driver does not report
+// it.
 struct Link {
   std::string interface = {};  // such as wlan0
   std::string ssid = {};       // 1 to 32 bytes of any kind
@@ -28,13 +29,14 @@ struct Link {
   bool operator==(const Link&) const = default;
 };
 
-// An access point as it was heard last. A box with several networks has several of these.
+// An access point as it was last received. A device with several networks has one entry for each.
 struct AccessPoint {
   std::string bssid = {};  // as in Link
-  // 1 to 32 bytes; nothing when it never told its name.
+  // 1 to 32 bytes; empty if no frame contained the name.
   std::optional<std::string> ssid = std::nullopt;
-  // The name in its beacons is empty or zeros; nothing when none of them was heard. The encrypted
-  // half of an open network (OWE transition) hides nothing: the open half has the name.
+  // True if the name in its beacons is empty or zeros; empty if no beacon was received. False for
+  // the encrypted twin of an open network (OWE transition), because the open network announces the
+  // name.
   std::optional<bool> hidesName = std::nullopt;
   std::optional<int> signal = std::nullopt;  // dBm
   std::optional<ieee80211::OperatingChannel> channel = std::nullopt;
@@ -42,20 +44,20 @@ struct AccessPoint {
   std::optional<int> dtimPeriod = std::nullopt;      // beacons
   ieee80211::Security security = ieee80211::Security::unknown;
   std::vector<int> rates = {};       // in units of 500 kbit/s, in order
-  std::vector<int> basicRates = {};  // those of them that all members must know
+  std::vector<int> basicRates = {};  // the rates that all members must support
   ieee80211::PhyModes modes = {};
   std::optional<std::string> country = std::nullopt;     // two capital letters
   std::optional<int> channelUtilization = std::nullopt;  // BSS Load, 0 to 255
   // Interworking: 0 private to 15 wildcard; 4 is a personal device's network.
   std::optional<int> accessNetworkType = std::nullopt;
-  bool additionalStepNeeded = false;  // Interworking says so: a page to agree to, for instance
+  bool additionalStepNeeded = false;  // announced by Interworking, such as a page to agree to
   bool isPasspoint = false;
   std::optional<std::string> maker = std::nullopt;  // WPS, any bytes
   std::optional<std::string> model = std::nullopt;  // WPS, any bytes
-  // Of another network of the same box that announced this one.
+  // The BSSID of the network of the same device that announced this one.
   std::optional<std::string> transmitterBssid = std::nullopt;
   std::optional<std::chrono::milliseconds> age = std::nullopt;  // since it was last heard
-  // A connection manager heard it and tells of it what it does; what else its frames say is lost.
+  // A connection manager reported it; the contents of its frames beyond that report are unknown.
   bool isSecondHand = false;
 
   bool operator==(const AccessPoint&) const = default;
@@ -64,33 +66,33 @@ struct AccessPoint {
 // The newest scan.
 struct Scan {
   std::vector<AccessPoint> accessPoints = {};  // each BSSID once, in no particular order
-  // Why no scan of the age that was asked for is there: access points may be missing, or be gone
-  // by now, but for the joined one. Empty: it is there.
+  // Why there is no scan of the requested age. Access points other than the joined one may then be
+  // missing, or may no longer be in range. Empty if there is such a scan.
   std::optional<Unknown> incomplete = std::nullopt;
 
   bool operator==(const Scan&) const = default;
 };
 
-// How the radio found one channel. Times are those of one and the same period.
+// What the radio measured on one channel. All times belong to the same period.
 struct ChannelSurvey {
   int frequency = 0;                                               // MHz
-  bool inUse = false;                                              // the radio works on it now
+  bool inUse = false;                                              // the radio uses the channel now
   std::optional<int> noise = std::nullopt;                         // dBm
   std::optional<std::chrono::milliseconds> active = std::nullopt;  // the radio listened
   std::optional<std::chrono::milliseconds> busy = std::nullopt;    // of that, the channel was busy
   std::optional<std::chrono::milliseconds> transmit =
-      std::nullopt;  // of that, with this radio's own frames
+      std::nullopt;  // of that, time of this radio's own frames
   std::optional<std::chrono::milliseconds> receive =
-      std::nullopt;  // of that, with frames of the joined network to this radio or others
+      std::nullopt;  // of that, time of frames of the joined network, to this radio or others
 
   bool operator==(const ChannelSurvey&) const = default;
 };
 
-// A channel that the radio and the law allow.
+// A channel that the radio supports, with the regulatory rules for it.
 struct RadioChannel {
   int frequency = 0;            // MHz
-  bool disabled = false;        // not at all, here
-  bool radarDetection = false;  // must give way to radar (DFS)
+  bool disabled = false;        // may not be used here
+  bool radarDetection = false;  // requires radar detection (DFS)
 
   bool operator==(const RadioChannel&) const = default;
 };
@@ -101,7 +103,7 @@ struct RadioInterface {
   // devices.
   enum class Role { station, accessPoint, peerLink, other };
 
-  std::string name = {};  // may be empty: not every one is a network interface
+  std::string name = {};  // may be empty: some are not network interfaces
   Role role = Role::other;
 
   bool operator==(const RadioInterface&) const = default;
@@ -110,15 +112,15 @@ struct RadioInterface {
 struct Radio {
   std::vector<RadioChannel> channels = {};
   std::vector<RadioInterface> interfaces = {};
-  bool knowsWapi = false;  // has the cipher of WAPI
+  bool knowsWapi = false;  // supports the WAPI cipher
 
   bool operator==(const Radio&) const = default;
 };
 
-// The rules that the kernel follows.
+// The regulatory rules that the kernel applies.
 struct Regulatory {
-  // Two capital letters; "00": the world, that is, not set; "98": what several countries' rules
-  // have in common.
+  // Two capital letters. "00": world, no country is set. "98": the intersection of several
+  // countries' rules.
   std::string country = {};
 
   bool operator==(const Regulatory&) const = default;

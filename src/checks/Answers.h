@@ -1,4 +1,4 @@
-// How the checks say what they found. Pure functions; any thread.
+// Constructs the answers of the checks. Pure functions; any thread.
 #pragma once
 
 #include <string>
@@ -8,12 +8,12 @@
 
 namespace wifi_profile::checks {
 
-// Whether a problem, or a fact worth knowing, is there: the test passes when it is not.
+// The answer to whether a problem, or a fact worth knowing, exists. The test passes if it does not.
 inline Answer finding(bool isSo, Dictionary::Entries info = {}) {
   return DiagnosticsTestResult{isSo, !isSo, makeDictionary(std::move(info))};
 }
 
-// Whether something works or is there as asked: the test passes when it does.
+// The answer to whether something works or exists as expected. The test passes if it does.
 inline Answer ability(bool isSo, Dictionary::Entries info = {}) {
   return DiagnosticsTestResult{isSo, isSo, makeDictionary(std::move(info))};
 }

@@ -12,15 +12,16 @@ namespace {
 using ieee80211::Band;
 using ieee80211::OperatingChannel;
 
-// A beacon interval of 100 TU: who listened for less did not hear every network once.
+// A beacon interval of 100 TU is 102.4 ms. A shorter listening time misses networks.
 constexpr std::chrono::milliseconds kLongEnough{103};
-// From here on a radio must wait for another's frame that it can read (20 MHz OFDM).
+// From this strength on, a radio must wait for a frame of another radio that it can decode (20 MHz
+// OFDM).
 constexpr int kHeardWell = -82;  // dBm
-// Frames on another channel cannot be read, only collided with.
+// Frames on another channel cannot be decoded, so a radio does not wait for them but collides.
 constexpr double kOverlapping = 1.5;
 
-// Which box sends it, on which channel: the networks of one box have addresses that differ in the
-// first octet and the last four bits, or name the one that announces them.
+// Identifies the access point device and its channel. Networks of one device have addresses that
+// differ only in the first octet and the last four bits, or name the network that announces them.
 using BoxKey = std::tuple<Band, int, std::string>;
 
 BoxKey boxOf(const AccessPoint& accessPoint, const OperatingChannel& channel) {
@@ -30,7 +31,7 @@ BoxKey boxOf(const AccessPoint& accessPoint, const OperatingChannel& channel) {
           address.size() == kLength ? address.substr(3, kLength - 4) : address};
 }
 
-// All 20 MHz channels that a network disturbs; at least those that one of 20 MHz would.
+// Returns all 20 MHz channels that a network disturbs. If its width is unknown, assumes 20 MHz.
 std::vector<int> disturbedBy(const OperatingChannel& channel) {
   if (channel.extent) return ieee80211::overlappedChannels(channel);
   return ieee80211::overlappedChannels(
@@ -44,10 +45,11 @@ bool isOn(const AccessPoint& accessPoint, Band band, int channel) {
          accessPoint.channel->primary == channel;
 }
 
-// Of one channel's survey; nothing where it is too short or cannot be true.
+// Returns the busy share of one channel. Empty if the survey is too short or inconsistent.
 std::optional<double> shareOf(const ChannelSurvey& survey) {
   if (!survey.active || !survey.busy) return std::nullopt;
-  // A radio sends next to nothing where it only listens; where it works, its own frames matter.
+  // A radio sends almost nothing on a channel where it only listens. On the channel in use, its own
+  // frames matter.
   if (!survey.transmit && survey.inUse) return std::nullopt;
   const auto none = std::chrono::milliseconds(0);
   const auto transmit = survey.transmit.value_or(none);
@@ -132,7 +134,7 @@ std::optional<double> ChannelLoads::neighbours(Band band, int channel, Counted c
       areAllStrengthsKnown = false;
     }
   }
-  // One more changes nothing for a channel that has too many.
+  // If the channel already has too many, further boxes do not change the answer.
   if (!areAllStrengthsKnown && count <= settings_.congestedNeighbours) return std::nullopt;
   return count;
 }

@@ -1,4 +1,4 @@
-// How busy the 20 MHz channels are, and which ones are best. Any thread.
+// The load of the 20 MHz channels, and the best channels. Any thread.
 #pragma once
 
 #include <array>
@@ -10,11 +10,11 @@
 
 namespace wifi_profile::checks {
 
-// Ways to tell, the best first.
+// Measures of the load, the best first.
 enum class Measure {
-  busyTime,     // the radio's survey: share of time with others' frames or other noise, 0 to 1
-  utilization,  // BSS Load of an access point: the same as that one hears it, 0 to 255
-  neighbours,   // others' boxes that are heard well, see `congestedNeighbours`
+  busyTime,     // survey: share of time with others' frames or other noise, 0 to 1
+  utilization,  // BSS Load: the same as an access point measures it, 0 to 255
+  neighbours,   // number of others' boxes that are heard well, see `congestedNeighbours`
 };
 inline constexpr std::array kMeasures{Measure::busyTime, Measure::utilization, Measure::neighbours};
 
@@ -25,36 +25,36 @@ struct Load {
   bool operator==(const Load&) const = default;
 };
 
-// One 20 MHz channel, or several that a wide channel takes: the first is the one to recommend.
+// One 20 MHz channel, or all those of a wide channel. The first one is the one to recommend.
 using Candidate = std::vector<int>;
 
 class ChannelLoads {
  public:
-  // Looks into the question. The boxes of the subject's own network (nil: none) do not count among
-  // the neighbours; `best` counts them, but for the subject's own box, which would move.
+  // Refers to the question, which must outlive it. Boxes of the subject's own network (nil: none)
+  // do not count as neighbours. `best` counts them, except the subject's own box, which would move.
   ChannelLoads(const Question& question, const Subject* subject);
 
-  // By the first measure that is known; nothing when none is.
+  // Returns the load by the first known measure. Empty if no measure is known.
   std::optional<Load> of(ieee80211::Band band, int channel) const;
   bool isCongested(const Load& load) const;
-  // Each channel by what is known of it. A wide candidate is when one of its channels is. Nothing:
-  // it is not known of all of them, and none of those known is congested.
+  // Judges each channel by its first known measure. A wide candidate is congested if one of its
+  // channels is. Empty if the load of some channels is unknown and no known one is congested.
   std::optional<bool> isCongested(ieee80211::Band band, const Candidate& candidate) const;
 
-  // The least loaded of the candidates, of which a wide one counts as its worst part, by the first
-  // measure that is known for all; of equal ones that with the subject's channel, then the first.
-  // One that is congested by a better measure comes after those that are not. Nothing without
-  // candidates or without a common measure.
+  // Returns the least loaded candidate, by the first measure that is known for all candidates. A
+  // wide candidate counts as its most loaded channel. Among equal candidates the one with the
+  // subject's channel wins, then the first. Candidates that are congested by the best known
+  // measure come after the others. Empty without candidates or without a common measure.
   std::optional<int> best(ieee80211::Band band, const std::vector<Candidate>& candidates) const;
 
  private:
-  // Networks of one box on one channel.
+  // One access point device on one channel, with all its networks.
   struct Box {
     ieee80211::Band band = ieee80211::Band::ghz2;
     int primary = 0;
     std::set<int> overlapped;
-    bool isHeardWell = false;  // no: the driver does not say how strong it is
-    bool isOwn = false;        // of the subject's network
+    bool isHeardWell = false;  // false: the driver does not report its strength
+    bool isOwn = false;        // has the subject's network
   };
 
   enum class Counted { others, all };  // boxes
@@ -70,9 +70,9 @@ class ChannelLoads {
 
   const Facts& facts_;
   const Settings& settings_;
-  const AccessPoint* own_;  // nil: none, or not heard
+  const AccessPoint* own_;  // nil: none, or not received
   std::optional<ieee80211::OperatingChannel> current_;
-  std::vector<Box> boxes_;  // but for the subject's
+  std::vector<Box> boxes_;  // without the subject's
 };
 
 }  // namespace wifi_profile::checks

@@ -1,4 +1,4 @@
-// The checks: one pure function a test, which makes its answer from facts.
+// The checks: one pure function per test, which computes its answer from facts.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@
 
 namespace wifi_profile::checks {
 
-// What a test can know.
+// The input of a check.
 struct Question {
   const Facts& facts;
   const Settings& settings;
@@ -22,10 +22,10 @@ struct Question {
   TextRef networkName;
 };
 
-// A result, or why there cannot be one.
+// A result, or the reason why there is none.
 using Answer = std::variant<DiagnosticsTestResult, Unknown>;
 
-// Several facts.
+// A set of facts.
 class FactSet {
  public:
   constexpr FactSet(std::initializer_list<Fact> facts) {
@@ -36,12 +36,12 @@ class FactSet {
     other.bits_ |= bits_;
     return other;
   }
-  // Those that are in both.
+  // The intersection of both sets.
   constexpr FactSet both(FactSet other) const {
     other.bits_ &= bits_;
     return other;
   }
-  // Whether they have one in common.
+  // True if the intersection is not empty.
   constexpr bool meets(FactSet other) const { return (bits_ & other.bits_) != 0; }
   constexpr bool operator==(const FactSet&) const = default;
 
@@ -50,11 +50,11 @@ class FactSet {
   std::uint32_t bits_ = 0;
 };
 
-// A row of the table. The texts are for docs/CHECKS.md, which is made from them.
+// A row of the table. docs/CHECKS.md is generated from the texts.
 struct Check {
   DiagnosticsTestID id;
   Answer (*answer)(const Question& question);
-  // What it reads. A fact that only helps is in it, too.
+  // The facts that it reads, including those that only improve the answer.
   FactSet needs;
   std::string_view measures;
   std::string_view from;       // attribute, property or protocol
@@ -63,14 +63,14 @@ struct Check {
   std::string_view unknownWhen;
 };
 
-// One row a test, in order of the identifiers.
+// One row per test, in order of the identifiers.
 std::span<const Check> allChecks();
 
-// The row of a test.
+// Returns the row of a test.
 const Check& checkOf(DiagnosticsTestID id);
 
-// Why the test's result is bad, as sentences for the log, where the facts that it is made from
-// say so. A result has no place for them. Empty: they do not.
+// Returns why the test's result is bad, in sentences for the log, because a result has no field for
+// them. Empty if the facts contain no explanation.
 std::string problemOf(const Question& question, DiagnosticsTestID id);
 
 }  // namespace wifi_profile::checks

@@ -17,7 +17,7 @@ bool isAllowed(const RadioChannel& channel, Band band) {
   return number && ieee80211::isTwentyMHzChannel(band, *number);
 }
 
-// In order; those with radar detection only when asked for.
+// In order; channels with radar detection only on request.
 std::set<int> allowedChannels(const Radio& radio, Band band, bool withRadarDetection) {
   std::set<int> channels;
   for (const RadioChannel& channel : radio.channels) {
@@ -27,7 +27,7 @@ std::set<int> allowedChannels(const Radio& radio, Band band, bool withRadarDetec
   return channels;
 }
 
-// Those that do not overlap.
+// The channels that do not overlap.
 Candidates candidatesOf2GHz(const Radio& radio) {
   Candidates candidates;
   const auto allowed = allowedChannels(radio, Band::ghz2, true);
@@ -56,7 +56,7 @@ Candidates candidatesOf40MHz(const Radio& radio) {
   return candidates;
 }
 
-// Nothing to recommend where nobody knows what is allowed.
+// Recommends no channel if the allowed channels are unknown.
 Dictionary::Entries recommendations(const Facts& facts, const ChannelLoads& loads) {
   Dictionary::Entries info;
   if (!facts.radio) return info;
@@ -71,7 +71,7 @@ Dictionary::Entries recommendations(const Facts& facts, const ChannelLoads& load
   return info;
 }
 
-// Why there is no measure of a channel.
+// Returns why a channel has no measure.
 Unknown whyNoLoad(const Facts& facts) {
   if (auto why = whyNotWhole(facts.scan)) return *std::move(why);
   return notTold(
@@ -81,7 +81,7 @@ Unknown whyNoLoad(const Facts& facts) {
 
 Answer congestedChannel(const Question& question) {
   return aboutSubject(question, [&](const Subject& subject) -> Answer {
-    // What the scan heard and the surveys measured is of two channels, or of two access points.
+    // The link changed, so the scan and the surveys belong to different channels or access points.
     const auto& surveys = question.facts.surveys;
     if (subject.link && !surveys && surveys.why().reason == Reason::linkChanged) {
       return surveys.why();
@@ -100,7 +100,7 @@ Answer congestedChannel(const Question& question) {
   });
 }
 
-// A band is crowded when all of its channels are: another one would not help.
+// A band is crowded if all its channels are: no other channel would help.
 Answer congestedBand(const Question& question, Band band) {
   const Facts& facts = question.facts;
   if (!facts.radio) return facts.radio.why();

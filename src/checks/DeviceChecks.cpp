@@ -1,4 +1,4 @@
-// How this device is set up.
+// Checks of the device's configuration.
 #include <algorithm>
 #include <array>
 
@@ -26,7 +26,7 @@ std::string_view methodText(AddressMethod method) {
   return "Off";
 }
 
-// Whatever a person has set counts, switching a version off, too.
+// Any setting of the user counts, including one that disables the IP version.
 Answer customAddresses(const Question& question, AddressSettings ActiveProfile::*version,
                        const char* key) {
   const Known<ActiveProfile>& profile = question.facts.activeProfile;
@@ -44,7 +44,8 @@ Answer customIpv6(const Question& question) {
   return customAddresses(question, &ActiveProfile::ipv6, "IPv6ConfigMethod");
 }
 
-// Those of a tunnel or a cable come with that, and not by hand.
+// Name servers behind another interface, such as a tunnel or a cable, come with that interface and
+// are not set by hand.
 bool asksOthersThroughTheLink(const Known<Addresses>& addresses) {
   return addresses && asksOthers(*addresses) && !addresses->systemDnsThrough;
 }
@@ -59,7 +60,7 @@ Answer customDns(const Question& question) {
                  asksOthersThroughTheLink(question.facts.addresses));
 }
 
-// One proxy that is known is enough; that there is none, only both can say.
+// One known proxy is enough for a finding. That there is none follows only from both facts.
 Answer customProxy(const Question& question) {
   const Known<ActiveProfile>& profile = question.facts.activeProfile;
   const Known<SessionProxy>& session = question.facts.sessionProxy;
@@ -83,7 +84,7 @@ Answer bluetoothConnected(const Question& question) {
                  {{"BTConnectedCount", Number::withInteger(bluetooth->connected)}});
 }
 
-// The antenna is shared only while there is somebody to share it with.
+// The antenna is shared only while a Bluetooth device is connected.
 Answer bluetoothCoexistence(const Question& question) {
   const Known<Coexistence>& coexistence = question.facts.coexistence;
   const Known<Bluetooth>& bluetooth = question.facts.bluetooth;

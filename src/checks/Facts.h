@@ -1,4 +1,4 @@
-// Everything that the checks are made from. Acquisition fills it in; the checks read it.
+// All facts that the checks read. The acquisition fills them in.
 #pragma once
 
 #include "checks/AirFacts.h"
@@ -8,8 +8,7 @@
 
 namespace wifi_profile::checks {
 
-// The facts one by one: what a check needs is named by these, and what is not needed need not be
-// found out.
+// The names of the facts. A check lists the facts that it needs; other facts need not be acquired.
 enum class Fact {
   link,
   scan,

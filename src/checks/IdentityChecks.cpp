@@ -1,4 +1,4 @@
-// What kind of network it is, and whose.
+// Checks of a network's kind and maker.
 #include <algorithm>
 #include <array>
 
@@ -12,7 +12,7 @@
 namespace wifi_profile::checks {
 namespace {
 
-constexpr int kPersonalDevice = 4;  // access network type
+constexpr int kPersonalDevice = 4;  // an access network type
 
 bool isUsedInSeveralKinds(const std::vector<const AccessPoint*>& accessPoints) {
   std::optional<KeyKind> first;
@@ -62,7 +62,7 @@ Answer passpoint(const Question& question) {
   });
 }
 
-// Hints that a network is a phone's; nothing where one does not say.
+// Hints that a network is a phone's. Each is empty if its source gives no information.
 std::optional<bool> isPersonalDevice(const AccessPoint* accessPoint) {
   if (!accessPoint || !accessPoint->accessNetworkType) return std::nullopt;
   return *accessPoint->accessNetworkType == kPersonalDevice;
@@ -72,7 +72,7 @@ std::optional<bool> isMetered(const Known<ActiveProfile>& profile) {
   return profile ? profile->metered : std::nullopt;
 }
 
-// There are phones that choose any subnet: another one says nothing.
+// Some phones use other subnets, so an address in another subnet is not a hint.
 std::optional<bool> isInHotspotSubnet(const Question& question) {
   const Known<Addresses>& addresses = question.facts.addresses;
   if (!addresses || addresses->ipv4.empty()) return std::nullopt;
@@ -119,7 +119,7 @@ Answer personalHotspot(const Question& question) {
   });
 }
 
-// Null when it is not told, empty, or zeros alone.
+// Null if the model is unknown, empty or all zeros.
 TextRef modelName(const AccessPoint& accessPoint) {
   const std::string trimmed = withoutZeros(accessPoint.model.value_or(""));
   return trimmed.empty() ? nullptr : makeText(trimmed);

@@ -1,4 +1,5 @@
-// The name servers of the link beside those that the system asks. Pure functions; any thread.
+// Compares the name servers of the link with those that the system uses. Pure functions; any
+// thread.
 #pragma once
 
 #include <algorithm>
@@ -7,8 +8,8 @@
 
 namespace wifi_profile::checks {
 
-// Whether the system asks name servers, and none of them is the link's, which may have none. NO
-// where either are not known.
+// True if the system uses name servers and none of them is one of the link's, which may have none.
+// False if either list is unknown.
 inline bool asksOthers(const Addresses& addresses) {
   const auto& own = addresses.dnsServers;
   const auto& asked = addresses.systemDnsServers;

@@ -22,8 +22,8 @@ std::string withoutZeros(std::string_view text) {
 bool matchesPattern(std::string_view name, std::string_view pattern) {
   std::size_t at = 0;
   std::size_t in = 0;
-  // The last star, and where in the name its bytes end so far: enough to go back to, because a
-  // later star can take whatever an earlier one could.
+  // The last star, and the end of the bytes that it covers so far. It is enough to return to the
+  // last star, because it can cover whatever an earlier one could.
   std::size_t star = std::string_view::npos;
   std::size_t taken = 0;
   while (at < name.size()) {

@@ -1,4 +1,5 @@
-// Names of any bytes, compared without the case of ASCII letters. Pure functions; any thread.
+// Names of arbitrary bytes, compared without regard to the case of ASCII letters. Pure functions;
+// any thread.
 #pragma once
 
 #include <string>
@@ -6,14 +7,14 @@
 
 namespace wifi_profile::checks {
 
-// Only ASCII letters have a case here.
+// Converts ASCII letters only.
 std::string lowerCased(std::string_view text);
 
-// Without the zeros at its end, with which makers fill up fields of fixed length.
+// Removes the zeros at the end, with which makers fill fields of fixed length.
 std::string withoutZeros(std::string_view text);
 
-// Whether all of `name` is as `pattern` says, in which '*' stands for any bytes, or none. Cases do
-// not count. At most the product of both lengths in time.
+// True if the whole of `name` matches `pattern`, in which '*' stands for any number of bytes.
+// Ignores case. The time is at most proportional to the product of both lengths.
 bool matchesPattern(std::string_view name, std::string_view pattern);
 
 }  // namespace wifi_profile::checks

@@ -1,4 +1,4 @@
-// How well the network's radio is heard and how it is set up.
+// Checks of an access point's signal and radio settings.
 #include <algorithm>
 #include <array>
 
@@ -14,7 +14,8 @@ namespace {
 using ieee80211::Band;
 using ieee80211::PhyModes;
 
-// Of the channel that the radio works on when it is joined, else of the subject's.
+// Returns the noise on the channel in use if the subject is joined, otherwise on the subject's
+// channel.
 std::optional<int> noiseAround(const Facts& facts, const Subject& subject) {
   if (!facts.surveys) return std::nullopt;
   const auto channel = channelOf(subject);
@@ -91,8 +92,8 @@ ObjectRef textsOf(const PhyModes& modes) {
   return std::make_shared<const Array>(std::move(texts));
 }
 
-// Whether some of the network's access points in one of the bands have the mode and some have not.
-// One without any mode did not tell.
+// Checks whether, in one of the bands, some of the network's access points have the mode and others
+// do not. An access point without any mode did not announce its modes.
 Answer conflictingMode(const Question& question, bool PhyModes::*mode,
                        std::initializer_list<Band> bandsWithMode) {
   return aboutSubject(question, [&](const Subject& subject) -> Answer {

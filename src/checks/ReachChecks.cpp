@@ -1,4 +1,4 @@
-// What a member of the network reaches.
+// Checks of what a member of the network can reach.
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -11,7 +11,8 @@
 namespace wifi_profile::checks {
 namespace {
 
-// `answer(fact)` of the joined network; for other networks, and for a fact that is not known, why.
+// Returns `answer(fact)` for the joined network. For other networks and unknown facts, returns the
+// reason.
 template <class T, class Function>
 Answer aboutJoined(const Question& question, const Known<T> Facts::*fact, Function answer) {
   if (const auto why = whyNotAMember(question)) return *why;
@@ -20,7 +21,7 @@ Answer aboutJoined(const Question& question, const Known<T> Facts::*fact, Functi
   return answer(*known);
 }
 
-// Round trips in milliseconds; at most as many as were sent.
+// Returns the round trips in milliseconds, at most as many as pings were sent.
 std::vector<double> roundTrips(const Pings& pings) {
   std::vector<double> times;
   for (const auto& answer : pings.answers) {
@@ -86,7 +87,8 @@ Answer doubleNat(const Question& question) {
         const auto kindOf = [](const auto& address) {
           return address ? ipv4KindOf(*address) : std::nullopt;
         };
-        // The router's own word. Other kinds are of a router that is not connected.
+        // The address that the router reports decides. An address of any other kind belongs to a
+        // router that is not connected.
         const auto own = kindOf(outside.address);
         if (own && isBehindTranslation(*own)) return finding(true);
         if (own == Ipv4Kind::global) return finding(false);
@@ -103,7 +105,7 @@ Answer doubleNat(const Question& question) {
       });
 }
 
-// One of more than the link.
+// True if an address is valid beyond the link.
 bool hasWideIpv6(const Addresses& addresses) {
   return std::ranges::any_of(addresses.ipv6, [](const std::string& address) {
     const auto kind = ipv6KindOf(address);
@@ -263,7 +265,8 @@ std::string problemSentence(std::string_view what, const Known<T>& fact) {
   return problem.empty() ? "" : "The " + std::string(what) + ": " + problem + ".";
 }
 
-// What programs reach is not reached through Wi-Fi where there is another way out.
+// A program can reach the Internet although this ping fails, if its packets leave by another
+// interface.
 std::string problemOfWanPings(const Facts& facts) {
   const std::string problem = problemSentence("ping of the Internet", facts.wanPings);
   if (problem.empty() || !facts.addresses || !facts.addresses->otherWayOut) return problem;

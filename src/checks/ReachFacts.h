@@ -1,4 +1,4 @@
-// What was reached through the Wi-Fi interface.
+// Facts about what the device reached through the Wi-Fi interface.
 #pragma once
 
 #include <chrono>
@@ -10,63 +10,64 @@
 
 namespace wifi_profile::checks {
 
-// A series of echoes, or of connections where echoes are not allowed.
+// A series of echo requests, or of connections if echo requests are not allowed.
 struct Pings {
   std::string target = {};    // an address
-  bool byConnecting = false;  // TCP connections; a refusal is an answer
+  bool byConnecting = false;  // TCP connections; a refusal counts as an answer
   int sent = 0;
   std::vector<std::chrono::duration<double>> answers = {};  // round trips, in order; at most `sent`
   Date started = {};
-  // It answered for its address on the link (ARP, neighbour discovery) after the pings began, if
-  // nothing else.
+  // The target answered for its address on the link (ARP, neighbour discovery) after the pings
+  // began, even if it answered no ping.
   bool isNeighbour = false;
 
   bool operator==(const Pings&) const = default;
 };
 
-// A name asked of the link's servers.
+// The look-up of a name with the link's name servers, and with the system's if those are others.
 struct NameResolution {
   std::string name = {};
-  bool resolved = false;     // to an address at least
-  std::string problem = {};  // in a few words when it was not
+  bool resolved = false;     // to at least one address
+  std::string problem = {};  // in a few words, if not resolved
 
   bool operator==(const NameResolution&) const = default;
 };
 
-// The answer to plain HTTP for an address that answers 204, or 200 with a body that is known.
+// The answer to a plain HTTP request to an address that normally returns 204, or 200 with a known
+// body.
 struct PortalProbe {
   enum class Answer {
-    open,      // as it should be
-    portal,    // redirected elsewhere, or another body
-    noAnswer,  // nothing came, or something that is no HTTP
+    open,      // the normal answer
+    portal,    // a redirect elsewhere, or another body
+    noAnswer,  // no data, or data that is not HTTP
   };
   Answer answer = Answer::noAnswer;
-  std::string detail = {};  // in a few words: status, where it was redirected
+  std::string detail = {};  // in a few words: status, target of the redirect
 
   bool operator==(const PortalProbe&) const = default;
 };
 
-// TCP and, with https, TLS to the site.
+// A TCP connection and, with https, a TLS handshake with the site.
 struct SiteReach {
   bool reached = false;
-  std::string problem = {};  // in a few words when it was not
+  std::string problem = {};  // in a few words, if not reached
 
   bool operator==(const SiteReach&) const = default;
 };
 
 // A page of the site.
 struct SitePage {
-  bool retrieved = false;  // with status 200 and the content expected
+  bool retrieved = false;  // with status 200 and the expected content
   std::string problem = {};
 
   bool operator==(const SitePage&) const = default;
 };
 
-// What stands between the router and the Internet.
+// What is known of the path between the router and the Internet.
 struct RouterOutside {
   std::optional<std::string> address =
-      std::nullopt;  // IPv4, as the router tells it (UPnP-IGD, NAT-PMP)
-  std::optional<std::string> secondHop = std::nullopt;  // IPv4, of the second router on the way out
+      std::nullopt;  // IPv4, as the router reports it (UPnP-IGD, NAT-PMP)
+  std::optional<std::string> secondHop = std::nullopt;  // IPv4, of the second router on the path
 
   bool operator==(const RouterOutside&) const = default;
 };

@@ -1,4 +1,4 @@
-// Why something is not known, in words.
+// The names and sentences of the reasons why a fact is unknown.
 #pragma once
 
 #include <array>
@@ -14,7 +14,7 @@ struct ReasonText {
   std::string_view sentence;
 };
 
-// By their names.
+// By name.
 inline constexpr std::array<std::pair<std::string_view, ReasonText>, 12> kReasons{
     {{"notJoined", {Reason::notJoined, "The radio is not joined to a network."}},
      {"notInRange", {Reason::notInRange, "No access point of that name was heard."}},

@@ -1,4 +1,4 @@
-// The table's rows, a file a subject.
+// The rows of the table; each function is in the file of its subject.
 #pragma once
 
 #include <span>

@@ -1,4 +1,4 @@
-// What the device remembers of networks.
+// Checks of the saved networks and of sign-in pages.
 #include <algorithm>
 #include <array>
 #include <map>
@@ -13,10 +13,11 @@
 namespace wifi_profile::checks {
 namespace {
 
-// Nothing stands for an access point that does not say clearly.
+// An empty kind stands for a network whose security is unclear.
 using KindsByName = std::map<std::string, std::set<std::optional<KeyKind>>>;
 
-// Whether the air has the name in other kinds only; nothing where an access point does not say.
+// True if all access points of that name have other kinds. Empty if the kind of one of them is
+// unclear.
 std::optional<bool> contradicts(const KindsByName& air, const std::string& name, KeyKind saved) {
   const auto heard = air.find(name);
   if (heard == air.end() || heard->second.contains(saved)) return false;
@@ -70,8 +71,8 @@ Answer containsHidden(const Question& question) {
   return finding(std::ranges::any_of(*saved, &SavedNetwork::isHidden));
 }
 
-// The subject's profile; of several of that name one with its kind of keys, the one joined last,
-// then the first.
+// Returns the subject's profile. Among several of that name, prefers one with the subject's kind of
+// keys, then the one joined last, then the first.
 const SavedNetwork* profileOf(const Facts& facts, const Subject& subject) {
   if (!facts.savedNetworks) return nullptr;
   const auto kind = subject.heard ? keyKindOf(subject.heard->security) : std::nullopt;

@@ -1,4 +1,4 @@
-// What the scan as a whole says.
+// Checks of the scan as a whole.
 #include <algorithm>
 #include <array>
 #include <map>
@@ -13,16 +13,17 @@ namespace {
 
 constexpr int kUnknownStrength = -100;  // dBm
 
-// Rules that several countries have in common (the kernel's code), because two of them were named
-// to it.
+// The kernel's code for the intersection of several countries' rules, which it uses after it was
+// given two countries.
 constexpr const char* kIntersection = "98";
 
-// Codes that ISO 3166-1 leaves to its users: AA, QM to QZ, XA to XZ, ZZ.
+// Codes that ISO 3166-1 reserves for users: AA, QM to QZ, XA to XZ, ZZ.
 bool isUserAssigned(const std::string& code) {
   return code == "AA" || code == "ZZ" || code[0] == 'X' || (code[0] == 'Q' && code[1] >= 'M');
 }
 
-// Two capital letters of a country, which "EU" is not; nor are the kernel's "00", "98" and "99".
+// True for two capital letters of a country. False for "EU" and for the kernel's "00", "98" and
+// "99".
 bool isCountry(const std::string& code) {
   const auto isCapital = [](char letter) { return letter >= 'A' && letter <= 'Z'; };
   return code.size() == 2 && std::ranges::all_of(code, isCapital) && code != "EU" &&
@@ -48,7 +49,7 @@ const Unknown kSecondHand{Reason::notTold,
 Answer conflictingCountries(const Question& question) {
   const Facts& facts = question.facts;
   if (auto why = whyNotWhole(facts.scan)) return *std::move(why);
-  // Of a network that was not heard nothing is fine.
+  // If the named network was not received, there is no result for it.
   if (question.networkName) {
     if (const auto subject = subjectOf(question); !subject) return subject.why();
   }
@@ -79,7 +80,7 @@ ObjectRef scanResult(const AccessPoint& accessPoint) {
       accessPoint.signal.value_or(kUnknownStrength));
 }
 
-// The strongest first.
+// Strongest first.
 ObjectRef scanResults(std::vector<const AccessPoint*> accessPoints) {
   std::ranges::sort(accessPoints, [](const AccessPoint* one, const AccessPoint* other) {
     return isStronger(*one, *other);
@@ -107,7 +108,7 @@ Answer noScanResults(const Question& question) {
   std::vector<const AccessPoint*> all;
   for (const AccessPoint& accessPoint : scan->accessPoints) all.push_back(&accessPoint);
   const bool isNone = all.empty();
-  // An empty list is a list: it replaces the one on the screen, so the test passes.
+  // An empty list is a valid result: it replaces the list on the screen, so the test passes.
   return DiagnosticsTestResult{isNone, true,
                                makeDictionary({{"ScanResults", scanResults(std::move(all))}})};
 }

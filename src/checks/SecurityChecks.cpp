@@ -1,4 +1,4 @@
-// How the network keeps strangers out.
+// Checks of the network's security.
 #include <algorithm>
 #include <array>
 

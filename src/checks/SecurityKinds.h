@@ -1,5 +1,4 @@
-// A network's security as people name it, and which securities go together. Pure functions; any
-// thread.
+// The names of the securities, and which securities go together. Pure functions; any thread.
 #pragma once
 
 #include <array>
@@ -25,14 +24,14 @@ inline constexpr std::array<std::pair<std::string_view, ieee80211::Security>, 12
      {"WPA3 Personal", ieee80211::Security::wpa3Personal},
      {"WPA3 Enterprise", ieee80211::Security::wpa3Enterprise}}};
 
-// The name, but nothing for unknown.
+// Returns the name; empty for unknown.
 std::string_view textOf(ieee80211::Security security);
 
-// Securities of one kind can belong to one network and one profile: a box that goes from WPA2 to
-// WPA3 keeps its password, and an open network its encrypted twin (OWE).
+// Securities of one kind can belong to one network and one profile. An access point that changes
+// from WPA2 to WPA3 keeps its password, and an open network can have an encrypted twin (OWE).
 enum class KeyKind { open, wep, personal, enterprise };
 
-// Nothing for unknown.
+// Empty for unknown.
 std::optional<KeyKind> keyKindOf(ieee80211::Security security);
 
 }  // namespace wifi_profile::checks

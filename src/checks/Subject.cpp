@@ -9,7 +9,7 @@
 namespace wifi_profile::checks {
 namespace {
 
-constexpr std::size_t kLongestName = 64;  // bytes in a sentence; names in the air have at most 32
+constexpr std::size_t kLongestName = 64;  // bytes in a sentence; an SSID has at most 32
 
 bool asksForJoined(const Question& question) {
   if (!question.networkName) return true;
@@ -17,7 +17,7 @@ bool asksForJoined(const Question& question) {
   return link && link->ssid == question.networkName->string();
 }
 
-// Why nobody knows whether the named network is the joined one; nothing when it is known.
+// Returns why it is unknown whether the named network is the joined one. Empty if it is known.
 std::optional<Unknown> whyNotKnownWhetherJoined(const Question& question) {
   const Known<Link>& link = question.facts.link;
   if (!question.networkName || link || link.why().reason == Reason::notJoined) return std::nullopt;

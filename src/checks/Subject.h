@@ -1,4 +1,4 @@
-// Which network and access point a question is about. Pure functions; any thread.
+// The network and access point that a question is about. Pure functions; any thread.
 #pragma once
 
 #include <optional>
@@ -9,45 +9,45 @@
 
 namespace wifi_profile::checks {
 
-// Looks into the question's facts and its name, which must outlive it.
+// Refers to the question's facts and name, which must outlive it.
 struct Subject {
-  const Link* link = nullptr;          // nil: not the joined network
+  const Link* link = nullptr;          // nil: another network than the joined one
   const AccessPoint* heard = nullptr;  // nil only for the joined network
-  Unknown notHeard = {};               // why it is nil
+  Unknown notHeard = {};               // why `heard` is nil
   std::string_view name = {};          // any bytes
 };
 
-// Without a name, or with the joined network's: the joined access point. With another one the
-// strongest access point that has it. Unknown when there is none, or when nobody knows what is
-// joined or in range.
+// Returns the joined access point if the question has no name or the joined network's name,
+// otherwise the strongest access point of that name. Unknown if there is none, or if it is unknown
+// what is joined or in range.
 Known<Subject> subjectOf(const Question& question);
 
-// Unknown strengths come last; of equal ones the lower address comes first, so that the order of
-// the scan does not count.
+// Unknown strengths come last. Among equal strengths the lower address comes first, so that the
+// order of the scan has no effect.
 bool isStronger(const AccessPoint& one, const AccessPoint& other);
 
-// Where in the air it is: as the scan heard it, unless the link has another primary channel now, or
-// there was nothing heard. Nothing: neither says.
+// Returns the channel from the scan, or the link's primary channel if that is another one now or
+// the scan has none. Empty if neither is known.
 std::optional<ieee80211::OperatingChannel> channelOf(const Subject& subject);
 
-// What the joined link says, or else the access point; or why neither does. `what` is for the
-// sentence, such as "its beacon interval".
+// Returns the value of the joined link, otherwise that of the access point; or why both are
+// missing. `what` goes into the sentence, such as "its beacon interval".
 Known<int> toldBy(const Subject& subject, std::optional<int> Link::*ofLink,
                   std::optional<int> AccessPoint::*ofAccessPoint, std::string_view what);
 
-// Why it is not known which access points are in range, or which are not; empty: the scan tells.
+// Returns why the access points in range are unknown or incomplete. Empty if the scan is complete.
 std::optional<Unknown> whyNotWhole(const Known<Scan>& scan);
 
-// Those of the scan that have the subject's name, the subject's own among them. None without a
-// scan.
+// Returns the access points of the scan with the subject's name, including the subject's own. Empty
+// without a scan.
 std::vector<const AccessPoint*> accessPointsNamedLike(const Question& question,
                                                       const Subject& subject);
 
-// For what only a member of a network can find out: why it cannot, when the question is about
-// another network than the joined one.
+// For facts that only a member of a network can determine: returns why they are unavailable if the
+// question is, or may be, about another network than the joined one. Empty otherwise.
 std::optional<Unknown> whyNotAMember(const Question& question);
 
-// What `answer(subject)` says, or why there is no subject.
+// Returns `answer(subject)`, or why there is no subject.
 template <class Function>
 Answer aboutSubject(const Question& question, Function answer) {
   const Known<Subject> subject = subjectOf(question);
@@ -55,7 +55,7 @@ Answer aboutSubject(const Question& question, Function answer) {
   return answer(*subject);
 }
 
-// What `answer(accessPoint)` says, or why there is no access point to look at.
+// Returns `answer(accessPoint)`, or why there is no access point to examine.
 template <class Function>
 Answer aboutAccessPoint(const Question& question, Function answer) {
   return aboutSubject(question, [&](const Subject& subject) -> Answer {
