@@ -16,8 +16,8 @@ namespace {
 // An empty kind stands for a network whose security is unclear.
 using KindsByName = std::map<std::string, std::set<std::optional<KeyKind>>>;
 
-// True if all access points of that name have other kinds. Empty if the kind of one of them is
-// unclear.
+// True if access points of that name were received and all have other kinds. Empty if none has this
+// kind and one of them is unclear.
 std::optional<bool> contradicts(const KindsByName& air, const std::string& name, KeyKind saved) {
   const auto heard = air.find(name);
   if (heard == air.end() || heard->second.contains(saved)) return false;

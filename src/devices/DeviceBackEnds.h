@@ -1,4 +1,4 @@
-// What stands behind the diagnostic's questions to a device, on paper or not.
+// The back ends of a device, real or simulated, on which the diagnostic runs.
 #pragma once
 
 #include <memory>
@@ -18,21 +18,23 @@ struct DeviceBackEnds {
   std::shared_ptr<HsTestAutomation> automation;
 };
 
-// A device that says WLAN where others say Wi-Fi, or not. `trace` must outlive it.
+// Returns the capabilities of a device that says WLAN instead of Wi-Fi, or does not. `trace` must
+// outlive them.
 std::shared_ptr<DeviceCapability> capabilityOf(bool wlanWording, Trace& trace);
 
-// A device that runs under the automation harness, or not. `trace` must outlive it.
+// Returns the automation of a device that runs under the automation harness, or does not. `trace`
+// must outlive it.
 std::shared_ptr<HsTestAutomation> automationOf(bool enabled, Trace& trace);
 
-// The events of a service: of a request or a query that it takes up, and of a cancel.
+// Write the events of a service: it accepts a request, it accepts a query, it cancels.
 void traceRequest(Trace& trace, const VqDiagnosticsTestRequest& request);
 void traceStatus(Trace& trace, const VqWiFiStatus& status, const VqErrorRef& error);
 void traceCancel(Trace& trace);
 
-// "NetworkName" of a request's configuration; nil: it has none.
+// Returns "NetworkName" of a request's configuration; nil if it has none.
 TextRef networkNameOf(const VqDiagnosticsTestRequest& request);
 
-// A failed request's or query's error.
+// Returns the error of a failed request or query.
 VqErrorRef makeError(std::int64_t code, std::string description);
 
 }  // namespace wifi_profile

@@ -9,7 +9,7 @@
 
 namespace wifi_profile {
 
-// The handles' far ends.
+// The objects behind the handles.
 struct WiFiManagerClient {};
 struct WiFiDeviceClient {
   int references = 0;  // of lists and of clients
@@ -40,7 +40,7 @@ void drop(std::vector<std::unique_ptr<T>>& owned, const T* handle) {
   std::erase_if(owned, [handle](const auto& one) { return one.get() == handle; });
 }
 
-// A device that nobody refers to any more tells nobody of its power.
+// A device without references has no callback.
 void dropReference(WiFiDeviceClient& device) {
   if (device.references > 0 && --device.references == 0) device.callback = nullptr;
 }
@@ -58,9 +58,9 @@ ManagedRadio::ManagedRadio(std::size_t deviceCount, Trace& trace)
 
 ManagedRadio::~ManagedRadio() = default;
 
-// Under the mutex, so that nobody is told any more once the last release has returned: after it
-// there may be no queues to post to. What is posted keeps no radio, whose last owner must not be
-// one of its own threads.
+// Hold the mutex: after the last release() has returned, no notification may be posted, because the
+// queues may no longer exist. The posted work holds a weak reference, because none of the radio's
+// own threads may own the last strong one.
 void ManagedRadio::postNotification() {
   const std::lock_guard lock(mutex_);
   const auto& devices = state_->devices;

@@ -1,5 +1,5 @@
-// The Wi-Fi manager of a device: handles, references and notifications. What kind of radio it is,
-// on paper or not, says who derives from it.
+// The Wi-Fi manager of a device: handles, references and notifications. A derived class provides
+// the radio, real or simulated.
 #pragma once
 
 #include <cstddef>
@@ -12,9 +12,9 @@
 
 namespace wifi_profile {
 
-// Gives out clients and device handles, and writes every operation into the trace. Handles that it
-// did not give out, or that were released since, have no power and are told nothing. Any thread;
-// power notifications come on the main thread.
+// Gives out clients and device handles, and writes every operation into the trace. A handle that it
+// did not give out, or that was released, has no power and gets no notifications. Any thread; power
+// notifications arrive on the main thread.
 class ManagedRadio : public WiFiManagerService, public std::enable_shared_from_this<ManagedRadio> {
  public:
   ~ManagedRadio() override;
@@ -35,28 +35,29 @@ class ManagedRadio : public WiFiManagerService, public std::enable_shared_from_t
   void release(WiFiDeviceClientRef device) final;
   void release(WiFiDeviceListRef devices) final;
 
-  // Why the radio stayed off when it was last to be switched on, for people; empty: it did not, or
-  // the reason is not known yet. Any thread.
+  // Returns why the radio stayed off after the last request to switch it on, as a text for the
+  // user. Empty if the radio did not stay off or the reason is not known yet. Any thread.
   std::string powerOnFailure() const;
 
  protected:
   // `trace` must outlive the radio.
   ManagedRadio(std::size_t deviceCount, Trace& trace);
 
-  // Posts a power notification to the main queue, for every callback that is registered by then;
-  // nothing where there is none now. Any thread, also one that the radio's destructor waits for.
+  // Posts a power notification to the main queue, for every callback that is registered when it
+  // runs. Posts nothing if no callback is registered now. Any thread, also one that the radio's
+  // destructor waits for.
   void postNotification();
 
-  // The radio could not be switched on. Any thread.
+  // Records why the radio could not be switched on. Any thread.
   void powerOnFailed(std::string reason);
 
  private:
   virtual bool hasRadio() = 0;
   virtual bool givesClients() = 0;
   virtual bool isPoweredOn() = 0;
-  // Asks for the radio to be switched; `postNotification` tells when it was.
+  // Requests the power state; the derived class calls `postNotification` when it has changed.
   virtual void switchPower(bool on) = 0;
-  // A callback was registered: from now on changes of power are to be told.
+  // Called after a callback was registered: from now on, changes of power must be reported.
   virtual void beginWatching() {}
 
   void notify();

@@ -1,4 +1,4 @@
-// A main queue that waits on file descriptors and signals, too.
+// A main queue that also waits for file descriptors and signals.
 #pragma once
 
 #include <memory>
@@ -19,7 +19,7 @@ class AsioMainQueue final : public MainQueue {
   void post(Work work) override;
   void handleNext() override;
 
-  // Whatever waits here is handled on the main thread, in `handleNext`.
+  // Handlers of operations on this context run on the main thread, in `handleNext`.
   asio::io_context& context();
 
  private:

@@ -8,7 +8,7 @@
 namespace wifi_profile {
 namespace {
 
-// Cuts `text` at the first of the `ends`: returns what stands before and leaves what comes after.
+// Cuts `text` at the first of the `ends`: returns the part before it and leaves the part after it.
 std::string_view takeUntil(std::string_view& text, std::string_view ends) {
   const std::string_view front = text.substr(0, text.find_first_of(ends));
   text.remove_prefix(std::min(front.size() + 1, text.size()));
@@ -27,7 +27,7 @@ std::map<std::string_view, std::string_view> textsOf(std::string_view file) {
   return texts;
 }
 
-// `parts`: what follows "zh" in a locale's name, such as "Hant_HK". A script outweighs a region.
+// `parts`: the text after "zh" in a locale name, such as "Hant_HK". A script overrides a region.
 bool asksForTraditionalChinese(std::string_view parts) {
   bool region = false;
   while (!parts.empty()) {

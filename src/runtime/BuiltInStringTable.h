@@ -1,4 +1,4 @@
-// The texts of the screens, in the languages that are built in.
+// The texts of the screens in the built-in languages.
 #pragma once
 
 #include <map>
@@ -10,10 +10,10 @@
 
 namespace wifi_profile {
 
-// "keys" is a language, too: each text is its own key.
+// "keys" is also a language: each text is its own key.
 inline constexpr std::string_view kKeysLanguage = "keys";
 
-// May be read on any thread.
+// Any thread may read it.
 class BuiltInStringTable final : public StringTable {
  public:
   // `language` must be one of `languages()`.
@@ -21,12 +21,12 @@ class BuiltInStringTable final : public StringTable {
 
   std::string textForKey(std::string_view key, std::string_view fallback) const override;
 
-  // Codes of ISO 639-1, and "keys".
+  // ISO 639-1 codes, and "keys".
   static const std::vector<std::string_view>& languages();
 
-  // The built-in language that a locale name such as "de_AT.UTF-8" asks for, or nothing. Chinese
-  // is built in in simplified characters only, so "zh_TW" and others that write traditional ones
-  // get nothing.
+  // Returns the built-in language for a locale name such as "de_AT.UTF-8". Empty if there is none.
+  // Chinese is built in with simplified characters only, so the result is empty for "zh_TW" and
+  // other locales that write traditional ones.
   static std::optional<std::string_view> languageOfLocale(std::string_view locale);
 
  private:

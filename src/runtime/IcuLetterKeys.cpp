@@ -18,8 +18,8 @@ bool isOff(const UCollator& collator, UColAttribute attribute) {
   return ucol_getAttribute(&collator, attribute, &status) == UCOL_OFF && U_SUCCESS(status);
 }
 
-// Whether a name's weights, one after another, are all that the collator looks at: it moves no
-// script, leaves no sign out, and compares accents from the front.
+// True if the collator considers only the weights of a name, one after another: it moves no script,
+// ignores no sign, and compares accents from the front.
 bool goesByWeights(const UCollator& collator) {
   UErrorCode status = U_ZERO_ERROR;
   return ucol_getReorderCodes(&collator, nullptr, 0, &status) == 0 &&
@@ -28,7 +28,7 @@ bool goesByWeights(const UCollator& collator) {
          isOff(collator, UCOL_CASE_LEVEL) && isOff(collator, UCOL_NUMERIC_COLLATION);
 }
 
-// A weight is the bytes of a number but for its zeros; no weight is the front of another.
+// Appends the bytes of a weight, without zero bytes. No weight is a prefix of another.
 void appendBytes(std::uint32_t weight, std::string& weights) {
   if ((weight >> 8U) != 0) weights += static_cast<char>(weight >> 8U);
   if ((weight & 0xFFU) != 0) weights += static_cast<char>(weight);
@@ -74,8 +74,8 @@ IcuLetterKeys::Letter IcuLetterKeys::letter(char16_t unit) const {
   return letter;
 }
 
-// Some letters have other weights behind certain ones, such as the h of a ch in Czech. Names with
-// them are left to ICU.
+// Some letters have other weights after certain letters, such as the h of ch in Czech. ICU builds
+// the keys of names with these letters.
 void IcuLetterKeys::forgetLettersOfContractions() {
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<USet, decltype(&uset_close)> sequences(uset_openEmpty(), &uset_close);

@@ -11,13 +11,13 @@
 namespace wifi_profile {
 namespace {
 
-// Bytes of a name and of its key that are worked on without memory from the heap.
+// Sizes of a name and its key, in bytes, up to which no memory is allocated on the heap.
 constexpr std::size_t kUsualName = 128;
 constexpr std::int32_t kUsualKey = 512;
 
 constexpr UChar32 kReplacement = 0xFFFD;
 
-// What ICU calls a locale of the environment; empty: the root of all locales.
+// Returns ICU's name for a locale of the environment. Empty: the root of all locales.
 std::string icuLocale(std::string_view locale) {
   const std::string_view name = locale.substr(0, locale.find_first_of(".@"));
   if (name == "C" || name == "POSIX") return {};
@@ -42,7 +42,7 @@ UCollator* collatorOf(std::string_view locale) {
   return own ? own : openedCollator("");
 }
 
-// The name in UTF-16, in `units`, which must have as many elements as the name has bytes.
+// Converts the name to UTF-16. `units` must have at least as many elements as the name has bytes.
 std::int32_t toUtf16(std::string_view name, UChar* units) {
   UErrorCode status = U_ZERO_ERROR;
   const auto size = static_cast<std::int32_t>(name.size());
@@ -59,8 +59,8 @@ void append(const std::uint8_t* bytes, std::int32_t count, std::string& key) {
 void appendKey(const UCollator& collator, const UChar* units, std::int32_t length,
                std::string& key) {
   std::array<std::uint8_t, kUsualKey> bytes;
-  // The size of a key counts the NUL at its end and is at least 1. No other byte of it is NUL, so
-  // keys without it are in the same order.
+  // The size of a key includes the NUL at its end and is at least 1. A key contains no other NUL,
+  // so keys without it have the same order.
   const std::int32_t size = ucol_getSortKey(&collator, units, length, bytes.data(), kUsualKey);
   if (size <= kUsualKey) {
     append(bytes.data(), size - 1, key);

@@ -1,4 +1,4 @@
-// The order of names in a person's locale, by ICU.
+// Orders names by the rules of the user's locale, with ICU.
 #pragma once
 
 #include <memory>
@@ -12,12 +12,12 @@ struct UCollator;  // of ICU
 
 namespace wifi_profile {
 
-// Letter case is ignored, accents count. Bytes that are not valid UTF-8 stand for U+FFFD.
+// Ignores letter case, respects accents. Bytes that are not valid UTF-8 count as U+FFFD.
 class IcuNameCollator final : public NameCollator {
  public:
-  // `locale`: a locale's name as the environment has it, such as "sv_SE.UTF-8". "C", "POSIX" and
-  // locales without rules of their own have the rules that all locales share. Without any rules, as
-  // when ICU's data is missing, keys are the names.
+  // `locale`: a locale name as in the environment, such as "sv_SE.UTF-8". "C", "POSIX" and locales
+  // without rules of their own use the rules that all locales share. If there are no rules, for
+  // example because ICU's data is missing, the keys are the names.
   explicit IcuNameCollator(std::string_view locale);
 
   void appendSortKey(std::string_view name, std::string& key) const override;
@@ -27,7 +27,8 @@ class IcuNameCollator final : public NameCollator {
     void operator()(UCollator* collator) const;
   };
 
-  // Made at the first key, which takes some milliseconds. Null: not in the locale's order.
+  // Created at the first key, which takes some milliseconds. Null if letter keys do not have the
+  // locale's order.
   const IcuLetterKeys* letterKeys() const;
 
   const std::unique_ptr<UCollator, Closer> collator_;  // null: there are no rules

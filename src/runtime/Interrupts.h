@@ -1,4 +1,4 @@
-// The process's interrupts, told to a handler.
+// Passes the process's interrupts to a handler.
 #pragma once
 
 #include <functional>
@@ -6,15 +6,15 @@
 
 namespace wifi_profile {
 
-// For as long as it lives, calls `handler` on a thread of its own at every SIGINT, SIGTERM and
-// SIGHUP, one call after another. A signal that the process was started to ignore, as by nohup,
-// stays ignored. One at a time in a process.
+// While the object exists, calls `handler` on a thread of its own at every SIGINT, SIGTERM and
+// SIGHUP, one call after another. A signal that was ignored when the process started, as with
+// nohup, stays ignored. At most one object per process at a time.
 class Interrupts final {
  public:
   explicit Interrupts(std::function<void()> handler);
   Interrupts(const Interrupts&) = delete;
   Interrupts& operator=(const Interrupts&) = delete;
-  // Returns when no call is under way any more.
+  // Returns after the last call has ended.
   ~Interrupts();
 
  private:

@@ -1,11 +1,11 @@
-// The record's dates.
+// Formats the dates of the record.
 #pragma once
 
 #include "platform/DiagnosticsSupport.h"
 
 namespace wifi_profile {
 
-// Knows one style, ISO 8601 in UTC to the second; whatever type is asked for, it is that one.
+// Has one style, ISO 8601 in UTC to the second, and ignores the requested type.
 class Iso8601Formatter final : public HsDateFormatter,
                                public std::enable_shared_from_this<Iso8601Formatter> {
  public:

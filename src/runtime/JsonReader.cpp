@@ -13,7 +13,7 @@
 namespace wifi_profile {
 namespace {
 
-// An array or object whose end has not been read yet.
+// An array or object whose end has not been read.
 struct Open {
   bool isArray;
   std::vector<ObjectRef> elements;
@@ -21,7 +21,7 @@ struct Open {
   std::string key;
 };
 
-// An iterator over the text that tells how far the parser has come.
+// An iterator over the text that counts the bytes that the parser has read.
 class Position {
  public:
   using iterator_category = std::input_iterator_tag;
@@ -63,7 +63,7 @@ class Builder : public nlohmann::json_sax<nlohmann::json> {
     return add(Number::withUnsigned(read));
   }
   bool number_float(number_float_t read, const string_t& written) override {
-    // The parser falls back to a double for an integer that it cannot hold.
+    // The parser returns a double for an integer that is too large.
     if (written.find_first_of(".eE") == string_t::npos) {
       return stop("the number " + written, "an integer of at most 64 bits");
     }
@@ -99,8 +99,8 @@ class Builder : public nlohmann::json_sax<nlohmann::json> {
   }
 
  private:
-  // The parser says " - WHY; last read: 'TEXT'" of a bad token, else "; expected THIS". What it
-  // read last may say anything.
+  // The parser's message contains " - WHY; last read: 'TEXT'" for a bad token, otherwise ";
+  // expected THIS". TEXT may contain anything.
   static std::string expectedIn(std::string_view message) {
     constexpr std::string_view kReason = " - ";
     constexpr std::string_view kExpected = "; expected ";
@@ -150,8 +150,8 @@ std::string whatStandsAt(std::string_view rest) {
   return "\"" + std::string(rest.substr(0, firstCodePoint(rest).length)) + "\"";
 }
 
-// A fault at the byte `at`, counted from 0, or at the end of the text. What was found there is told
-// by `found`, or, when that is empty, by the text.
+// A fault at byte `at`, counted from 0, or at the end of the text. If `found` is empty, the text at
+// that place replaces it.
 JsonFault faultAt(std::string_view text, std::size_t at, std::string found, std::string expected) {
   const std::string_view before = text.substr(0, at);
   const auto lineStart = before.rfind('\n') + 1;  // npos + 1 is 0
@@ -166,7 +166,7 @@ JsonFault faultAt(std::string_view text, std::size_t at, std::string found, std:
 }  // namespace
 
 std::variant<ObjectRef, JsonFault> readJson(std::string_view text) {
-  // The parser would take a NUL for the end of the text, and not look at what stands behind it.
+  // The parser would treat a NUL as the end of the text and ignore the rest.
   if (const auto nul = text.find('\0'); nul != std::string_view::npos) {
     return faultAt(text, nul, "a NUL byte", "JSON");
   }
@@ -175,7 +175,7 @@ std::variant<ObjectRef, JsonFault> readJson(std::string_view text) {
   const bool whole = nlohmann::json::sax_parse(
       Position(text.data(), &read), Position(text.data() + text.size(), &read), &builder);
   if (whole) return builder.value;
-  // Of the bytes read, the last one is where it went wrong; the end of the text counts as one more.
+  // The last byte read is the faulty one; the end of the text counts as one more byte.
   const std::size_t bytesRead = builder.syntaxErrorAt.value_or(read);
   return faultAt(text, std::min(bytesRead > 0 ? bytesRead - 1 : 0, text.size()),
                  std::move(builder.found), std::move(builder.expected));

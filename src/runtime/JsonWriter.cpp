@@ -27,7 +27,8 @@ std::string textOf(std::uint64_t integer) { return digitsOf(integer); }
 std::string textOf(double number) {
   if (std::isnan(number)) return "\"NaN\"";
   if (std::isinf(number)) return number < 0 ? "\"-Infinity\"" : "\"Infinity\"";
-  // Both forms have the fewest digits that read back; people like the plain one for usual sizes.
+  // Both forms have the fewest digits that read back the same; the plain one is easier to read for
+  // usual sizes.
   constexpr double kSmallestPlain = 1e-4;
   constexpr double kFirstTooLarge = 1e16;
   const double size = std::abs(number);
@@ -39,7 +40,7 @@ std::string textOf(double number) {
   return text;
 }
 
-// Code points beyond U+FFFF take two of JSON's escapes.
+// Code points above U+FFFF need two of JSON's escapes.
 void appendEscaped(std::string& out, char32_t point) {
   std::array<char, 16> text{};
   if (point > 0xFFFF) {

@@ -1,4 +1,4 @@
-// What the main thread waits on for its work.
+// The queue from which the main thread takes its work.
 #pragma once
 
 #include "platform/Interface.h"
@@ -6,15 +6,15 @@
 
 namespace wifi_profile {
 
-// The thread that makes it is the main thread.
+// The thread that creates it is the main thread.
 class MainQueue : public Interface {
  public:
   // Any thread.
   virtual void post(Work work) = 0;
 
-  // Main thread: waits until there is something to handle, and handles it: the posted work, in its
-  // order, and what else comes in here, such as a person's keys and taps. Returns at the latest
-  // when one piece of posted work has been done.
+  // Main thread: waits until there is something to handle, then handles it: posted work in its
+  // order, and other input, such as the user's keys and taps. Returns after at most one piece of
+  // posted work.
   virtual void handleNext() = 0;
 };
 

@@ -14,8 +14,8 @@ struct Range {
   char32_t last;
 };
 
-// General categories Cc, Zl and Zp of the Unicode character database, and of Cf those that are
-// invisible or reorder text. The joiners U+200C and U+200D stay: Persian and emoji need them.
+// Unicode general categories Cc, Zl and Zp, and the characters of Cf that are invisible or reorder
+// text. The joiners U+200C and U+200D are allowed: Persian and emoji need them.
 constexpr std::array<Range, 14> kUnsafe{{{0x00, 0x1F},
                                          {0x7F, 0x9F},
                                          {0xAD, 0xAD},

@@ -1,4 +1,4 @@
-// Texts from the air, a bus or a file, made fit to be shown.
+// Makes texts from the air, a bus or a file safe to show.
 #pragma once
 
 #include <string>
@@ -6,17 +6,17 @@
 
 namespace wifi_profile {
 
-// Whether a code point could do more to a terminal than show a character: control characters
-// (C0, DEL, C1), line and paragraph separators, and the invisible characters that change the
-// direction or the look of what follows.
+// True if a terminal could do more with a code point than show a character: control characters (C0,
+// DEL, C1), line and paragraph separators, and the invisible characters that change the direction
+// or the look of the following text.
 bool isUnsafeToShow(char32_t codePoint);
 
-// A text that is not valid UTF-8 with its bad bytes as `\xNN` and its backslashes as `\\`; a valid
-// text as it is. The result is always valid UTF-8.
+// Returns a valid text unchanged. In any other text, replaces bytes that are not valid UTF-8 by
+// `\xNN` and backslashes by `\\`. The result is always valid UTF-8.
 std::string validUtf8(std::string_view text);
 
-// The same, with every unsafe code point as `\u{N}` (hexadecimal): the result holds nothing that a
-// terminal would act on.
+// Like `validUtf8`, but also replaces every unsafe code point by `\u{N}` (hexadecimal). The result
+// contains nothing that a terminal would act on.
 std::string safeText(std::string_view text);
 
 }  // namespace wifi_profile

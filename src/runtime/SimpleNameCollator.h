@@ -1,13 +1,12 @@
-// An order of names that needs the standard library only.
+// Orders names with the standard library alone.
 #pragma once
 
 #include "platform/NameCollator.h"
 
 namespace wifi_profile {
 
-// Names stand in the order of their code points, which is that of the bytes of UTF-8, with the
-// letters A to Z taken for a to z. So other letters, with accents or of other scripts, come after
-// z.
+// Orders names by their code points, which is the order of the bytes of UTF-8, and treats A to Z
+// like a to z. Other letters, with accents or of other scripts, therefore come after z.
 class SimpleNameCollator final : public NameCollator {
  public:
   void appendSortKey(std::string_view name, std::string& key) const override {

@@ -1,4 +1,4 @@
-// The files of texts, as they were when the library was built.
+// The files of texts, embedded when the library was built.
 #pragma once
 
 #include <string_view>
@@ -7,7 +7,7 @@
 namespace wifi_profile {
 
 // The content of runtime/strings/<language>.txt: UTF-8; lines `KEY = text`, comment lines that
-// begin with `#`, and empty lines. A test holds the files to that.
+// begin with `#`, and empty lines. A test checks the files for this form.
 struct StringFile {
   std::string_view language;  // ISO 639-1
   std::string_view content;

@@ -20,17 +20,17 @@ struct ThreadRunLoop::State {
   void runOnPool(Work work) {
     asio::post(pool, [this, work = std::move(work)]() mutable {
       work();
-      work = nullptr;  // what it kept alive goes before it stops counting as work
+      work = nullptr;  // release what it holds while it still counts as work
       finishedGlobal();
     });
   }
 
-  // What waits no longer still comes after what was posted to the main queue before.
+  // Work whose delay was cut short still runs after the work already posted to the main queue.
   void runInAHurry(Work work) {
     main->post([this, work = std::move(work)]() mutable { runOnPool(std::move(work)); });
   }
 
-  // The main thread may be waiting for its next work: the empty work makes it look again.
+  // Posts empty work, because the main thread may be waiting for work and must check `outstanding`.
   void finishedGlobal() {
     --outstanding;
     main->post([] {});
@@ -41,12 +41,12 @@ struct ThreadRunLoop::State {
 
   std::atomic<std::size_t> outstanding = 0;  // main work posted, global work posted or running
 
-  std::mutex mutex;  // guards what follows
+  std::mutex mutex;  // guards the following members
   std::condition_variable pauseEnds;
   bool hurried = false;
   std::set<std::shared_ptr<asio::steady_timer>> timers;
 
-  asio::thread_pool pool;  // its threads end before the rest goes
+  asio::thread_pool pool;  // declared last, so that its threads end before the other members
 };
 
 ThreadRunLoop::ThreadRunLoop(std::size_t workers)

@@ -9,9 +9,9 @@
 
 namespace wifi_profile {
 
-// The main queue on the thread that makes the run loop, the global queue on a pool of `workers`
-// threads (at least one). A delayed post waits on a timer, not on a worker. Work must not throw.
-// What comes in at the main queue besides work is handled whenever that queue is.
+// The main queue runs on the thread that creates the run loop, the global queue on a pool of
+// `workers` threads (at least one). A delayed post waits on a timer and occupies no worker. Work
+// must not throw. Other input of the main queue is handled whenever the queue is handled.
 class ThreadRunLoop final : public RunLoop {
  public:
   static constexpr std::size_t kUsualWorkers = 4;

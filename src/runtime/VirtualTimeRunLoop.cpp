@@ -13,11 +13,11 @@ namespace {
 
 using std::chrono::nanoseconds;
 
-// A thread that takes part: the main one, or one of a piece of global work.
+// A thread that takes turns: the main thread, or that of a piece of global work.
 struct Participant {
   std::condition_variable turnCame;
-  const std::atomic<bool>* cut = nullptr;  // of the pause under way
-  std::thread thread;                      // none for the main one
+  const std::atomic<bool>* cut = nullptr;  // flag of the current pause
+  std::thread thread;                      // unset for the main thread
   bool ended = false;
 };
 
@@ -26,7 +26,7 @@ struct Participant {
 struct VirtualTimeRunLoop::State {
   using Lock = std::unique_lock<std::mutex>;
 
-  // What is due at a point of time: a participant to go on, or work to begin.
+  // An event at a point of time: a participant continues, or work begins.
   struct Due {
     Participant* participant;
     Work work;
@@ -36,19 +36,20 @@ struct VirtualTimeRunLoop::State {
 
   Participant& current() { return *turn; }
 
-  // The clock does not run over.
+  // Saturates at the largest time.
   nanoseconds after(nanoseconds time) const {
     return time > nanoseconds::max() - clock ? nanoseconds::max() : clock + time;
   }
 
-  // Hands the turn to `next` and, unless the caller's work has ended, waits for its own.
+  // Gives the turn to `next`. Then waits until it is the turn of `waitsAgain`, unless that is null
+  // because the caller's work has ended.
   void handOver(Lock& lock, Participant* next, Participant* waitsAgain) {
     turn = next;
     if (next) next->turnCame.notify_one();
     if (waitsAgain) waitsAgain->turnCame.wait(lock, [&] { return turn == waitsAgain; });
   }
 
-  // The participant to run next; null when there is nothing to do at all.
+  // Returns the participant to run next; null if there is nothing left to do.
   Participant* choose() {
     while (true) {
       const bool mainHasWork = mainIsWaiting && !mainQueue.empty();
@@ -72,9 +73,9 @@ struct VirtualTimeRunLoop::State {
     }
   }
 
-  // Makes global work ready to run, on a thread of its own that waits for its turn.
+  // Makes global work ready to run, on a new thread that waits for its turn.
   void begin(Work work) {
-    // Who has ended has nothing left to do but to let go of the mutex, which it has.
+    // An ended participant has released the mutex, its last action, so join() does not block.
     std::erase_if(participants, [](const auto& participant) {
       if (participant->ended) participant->thread.join();
       return participant->ended;
@@ -101,7 +102,7 @@ struct VirtualTimeRunLoop::State {
   bool mainIsWaiting = false;  // in runUntilIdle, for work
   std::deque<Work> mainQueue;
   std::vector<Participant*> ready;
-  std::multimap<nanoseconds, Due> due;  // equal times: in the order in which they were added
+  std::multimap<nanoseconds, Due> due;  // equal times: in order of insertion
   std::vector<std::unique_ptr<Participant>> participants;
   nanoseconds clock{0};
   bool seeded;
@@ -179,7 +180,7 @@ void VirtualTimeRunLoop::runUntilIdle() {
     Participant* next = state_->choose();
     if (next != &state_->main) state_->handOver(lock, next, &state_->main);
     state_->mainIsWaiting = false;
-    if (state_->mainQueue.empty()) return;  // the turn came although there is no work: idle
+    if (state_->mainQueue.empty()) return;  // the main thread has the turn but no work: idle
     Work work = std::move(state_->mainQueue.front());
     state_->mainQueue.pop_front();
     lock.unlock();

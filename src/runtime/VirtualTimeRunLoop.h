@@ -1,4 +1,4 @@
-// Queues in virtual time: one piece of work at a time, the next one chosen by rule, waits for free.
+// Queues in virtual time: one piece of work runs at a time, chosen by rule, and waits take no time.
 #pragma once
 
 #include <cstdint>
@@ -8,13 +8,13 @@
 
 namespace wifi_profile {
 
-// A run loop whose every run is repeatable. Work on the global queue has threads of its own, but
-// only one thread of all ever runs; it hands over when its work ends, pauses or waits for the main
-// thread. The clock stands still while anything can run and then jumps to the next point at which
-// something is due, so waits take no real time.
+// A run loop whose runs are repeatable. Each piece of work on the global queue has a thread, but
+// only one of all threads runs at a time. It hands over when its work ends, pauses or waits for the
+// main thread. The clock stands still while any work can run and then jumps to the next due time,
+// so waits take no real time.
 //
-// When several could run, seed 0 prefers the main queue and then the work that became ready first;
-// any other seed chooses at random, the same seed always alike.
+// If several can run, seed 0 prefers the main queue and then the work that became ready first. Any
+// other seed chooses at random, with the same choices for the same seed.
 class VirtualTimeRunLoop final : public RunLoop {
  public:
   explicit VirtualTimeRunLoop(std::uint64_t seed = 0);
@@ -31,9 +31,9 @@ class VirtualTimeRunLoop final : public RunLoop {
   void cutPauses() override;
 
   void runUntilIdle() override;
-  void hurry() override {}  // no wait takes time as it is
+  void hurry() override {}  // waits take no time anyway
 
-  // Virtual time since the run loop was made.
+  // Returns the virtual time since the run loop was created.
   std::chrono::nanoseconds now() const;
 
  private:
