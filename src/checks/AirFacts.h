@@ -56,7 +56,7 @@ struct AccessPoint {
   std::optional<std::string> model = std::nullopt;  // WPS, any bytes
   // The BSSID of the network of the same device that announced this one.
   std::optional<std::string> transmitterBssid = std::nullopt;
-  std::optional<std::chrono::milliseconds> age = std::nullopt;  // since it was last heard
+  std::optional<std::chrono::milliseconds> age = std::nullopt;  // since it was last received
   // A connection manager reported it; the contents of its frames beyond that report are unknown.
   bool isSecondHand = false;
 

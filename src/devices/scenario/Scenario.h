@@ -1,4 +1,4 @@
-// A device on paper: how it is made, what its service answers, and what its user does.
+// A simulated device: its hardware, the answers of its service, and the actions of its user.
 #pragma once
 
 #include <chrono>
@@ -15,11 +15,11 @@ namespace wifi_profile::scenario {
 
 struct DeviceSettings {
   bool radio = true;    // the device contains a Wi-Fi radio
-  bool manager = true;  // creating a manager client gives a handle
+  bool manager = true;  // creating a manager client returns a handle
   std::vector<std::string> interfaces{"wlan0"};
-  bool power = true;            // the radio's state at the start
+  bool power = true;            // the initial state of the radio
   bool powerOnSucceeds = true;  // a request to switch the radio on is followed by a notification
-  bool wlanWording = false;     // says WLAN where others say Wi-Fi
+  bool wlanWording = false;     // says WLAN instead of Wi-Fi
   bool testAutomation = false;  // runs under the automation harness
 };
 
@@ -30,15 +30,15 @@ struct StatusAnswer {
   VqErrorRef error;  // nil: none
 };
 
-// Which requests an answer is for, by the "NetworkName" of their configuration.
+// The requests that an answer is for, by the "NetworkName" of their configuration.
 struct When {
-  TextRef networkName;  // nil: those that have none
+  TextRef networkName;  // nil: requests without a name
 };
 
-// One answer to requests of one test.
+// One answer to requests for one test.
 struct Answer {
-  std::optional<When> when;           // nothing: every request
-  std::optional<std::int64_t> times;  // how many requests it serves, at least 1; nothing: no limit
+  std::optional<When> when;           // empty: every request
+  std::optional<std::int64_t> times;  // number of requests it serves, at least 1; empty: no limit
   VqErrorRef error;
   DiagnosticsTestResults results;
   std::chrono::nanoseconds delay{0};
@@ -58,28 +58,28 @@ enum class Action {
   wait,
 };
 
-// One thing that the user, or the world, does.
+// One action of the user or the environment.
 struct Step {
   Action action;
-  std::string text;                             // of tapNetwork, type, tapAction
-  std::int64_t section = 0;                     // of tapRow, scrollAway
-  std::int64_t row = 0;                         // of tapRow
-  bool on = false;                              // of setPower
-  std::chrono::nanoseconds time{0};             // of wait
-  std::optional<DiagnosticsTestID> duringTest;  // done while that test's next request is served
+  std::string text;                             // for tapNetwork, type, tapAction
+  std::int64_t section = 0;                     // for tapRow, scrollAway
+  std::int64_t row = 0;                         // for tapRow
+  bool on = false;                              // for setPower
+  std::chrono::nanoseconds time{0};             // for wait
+  std::optional<DiagnosticsTestID> duringTest;  // done while its next request is served
 };
 
 struct Scenario {
   std::string description;
   DeviceSettings device;
-  // At least one; the last one repeats. Without any of its own: that of the world's link.
+  // At least one; the last one repeats. The default is one: the world's link, or not joined.
   std::vector<StatusAnswer> status{StatusAnswer{}};
   std::map<DiagnosticsTestID, std::vector<Answer>> answers;
-  std::optional<World> world;             // answers what `answers` does not
-  std::optional<std::vector<Step>> user;  // nothing: no script; an empty one is a script, too
+  std::optional<World> world;             // answers requests for which `answers` has no answer
+  std::optional<std::vector<Step>> user;  // empty: no script; an empty list is a script
 };
 
-// Longest `delay` and `wait`, in seconds.
+// The longest `delay` and `wait`, in seconds.
 inline constexpr double kLongestTime = 1'000'000;
 
 }  // namespace wifi_profile::scenario

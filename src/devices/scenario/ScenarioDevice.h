@@ -1,4 +1,4 @@
-// A device on paper as a whole: every back end that a scenario can stand behind.
+// A complete simulated device: all back ends that a scenario provides.
 #pragma once
 
 #include <memory>

@@ -1,4 +1,4 @@
-// The radio of a device on paper.
+// The radio of a simulated device.
 #pragma once
 
 #include <atomic>
@@ -13,8 +13,8 @@ class ScenarioRadio final : public ManagedRadio {
   // `trace` must outlive the radio.
   ScenarioRadio(const DeviceSettings& device, Trace& trace);
 
-  // The radio is switched from outside: a notification is posted to the main queue, also when the
-  // radio was in that state already. Any thread.
+  // Switches the radio like the user or another program, and posts a notification to the main
+  // queue, even if the radio was already in that state. Any thread.
   void switchFromOutside(bool on);
 
  private:

@@ -58,7 +58,7 @@ StatusAnswer readStatus(const ValueReader& value) {
   return status;
 }
 
-// Takes the fields of one result; says whether there was any.
+// Takes the fields of one result. Returns true if there was any.
 bool takeResult(FieldsReader& fields, DiagnosticsTestResult& result) {
   bool any =
       fields.take("result", [&](const ValueReader& field) { result.result = field.boolean(); });
@@ -122,7 +122,7 @@ Answer readAnswer(const ValueReader& value) {
   return answer;
 }
 
-// Takes the one action of a step; the fields of `step` that belong to it are filled in.
+// Takes the one action of a step and sets the members of `step` that belong to it.
 void takeAction(FieldsReader& fields, Step& step) {
   int actions = 0;
   const auto take = [&](std::string_view key, Action action, const auto& read) {
@@ -153,7 +153,7 @@ void takeAction(FieldsReader& fields, Step& step) {
   take("teardown", Action::teardown, nothing);
   take("wait", Action::wait,
        [&](const ValueReader& field) { step.time = field.seconds(kLongestTime); });
-  if (actions == 0) fields.refuseOthers();  // a misspelt action is better named than missed
+  if (actions == 0) fields.refuseOthers();  // the fault names a misspelt action
   if (actions != 1) {
     fields.object().fail("a step with " + std::to_string(actions) + " actions",
                          "a step with one action");

@@ -1,4 +1,4 @@
-// Scenario files: from values to a scenario.
+// Reads scenario files: from values to a scenario.
 #pragma once
 
 #include <variant>
@@ -8,8 +8,8 @@
 
 namespace wifi_profile::scenario {
 
-// Reads a whole scenario. Unknown fields, missing ones, values of the wrong kind and numbers out of
-// range are faults; the first one found is returned.
+// Reads a whole scenario. Unknown fields, missing fields, values of the wrong kind and numbers out
+// of range are faults. Returns the first fault found.
 std::variant<Scenario, Fault> readScenario(const ObjectRef& document);
 
 }  // namespace wifi_profile::scenario

@@ -1,4 +1,4 @@
-// The diagnostics service of a device on paper.
+// The diagnostics service of a simulated device.
 #pragma once
 
 #include <atomic>
@@ -16,18 +16,18 @@
 
 namespace wifi_profile::scenario {
 
-// Answers from a scenario: from its `answers`, or else its world. A request or query from a
-// background thread is taken up, and its event written, once the main thread has handled what was
-// posted to it before. With one task in the background at most, two runs of a scenario therefore
-// give the same trace. A cancel makes requests that are waiting out a delay fail at once. Any
+// Answers from the `answers` of a scenario, otherwise from its world. A request or query from a
+// background thread is accepted, and its event written, after the main thread has handled all work
+// posted to it before. With at most one task in the background, two runs of a scenario therefore
+// write the same trace. A cancel makes requests that are waiting for a delay fail at once. Any
 // thread.
 class ScenarioService final : public VqClient {
  public:
   // `pace` and `trace` must outlive the service.
   ScenarioService(const Scenario& scenario, Pace& pace, Trace& trace);
 
-  // Called after a request was taken up, before its delay, on the thread that made it. To be set
-  // before the first request.
+  // Sets a function that is called after a request was accepted, before its delay, on the thread
+  // that made the request. Call this before the first request.
   void setWhileServing(std::function<void(DiagnosticsTestID)> whileServing) {
     whileServing_ = std::move(whileServing);
   }
@@ -39,7 +39,8 @@ class ScenarioService final : public VqClient {
                                                      VqErrorRef& error) override;
   void cancelAllRequests() override;
 
-  // Codes of the service's own errors. What the world does not tell has those of checks::Reason.
+  // Codes of the service's own errors. A fact that the world does not give has a code of
+  // checks::Reason.
   static constexpr std::int64_t kNoAnswer = 1;
   static constexpr std::int64_t kCancelled = 2;
 
@@ -48,7 +49,7 @@ class ScenarioService final : public VqClient {
 
   Answer serve(const VqDiagnosticsTestRequest& request);
   Answer takeAnswer(const VqDiagnosticsTestRequest& request);
-  // Uses one of `answers` up, if there is one that matches.
+  // Finds an answer of `answers` that matches, and counts down its `times`. Empty if there is none.
   std::optional<Answer> takeWrittenAnswer(DiagnosticsTestID test, const TextRef& networkName);
 
   Pace& pace_;
@@ -56,7 +57,7 @@ class ScenarioService final : public VqClient {
   const std::optional<World> world_;
   std::function<void(DiagnosticsTestID)> whileServing_;
 
-  std::mutex mutex_;  // guards what follows
+  std::mutex mutex_;  // guards the following members
   std::map<DiagnosticsTestID, std::vector<Answer>> answers_;
   std::vector<StatusAnswer> status_;
   std::size_t nextStatus_ = 0;

@@ -9,7 +9,7 @@
 namespace wifi_profile::scenario {
 namespace {
 
-// A double, which JSON cannot write when it is no finite number.
+// Reads a double. JSON has no number for values that are not finite, so they are texts.
 double readDouble(const ValueReader& value) {
   if (const auto text = as<Text>(value.value())) {
     if (text->string() == "NaN") return std::numeric_limits<double>::quiet_NaN();

@@ -1,4 +1,4 @@
-// Reads values that must have a certain shape, and notes the first one that has not, with its
+// Reads values that must have a certain form, and records the first one that does not, with its
 // place.
 #pragma once
 
@@ -21,14 +21,14 @@ namespace wifi_profile::scenario {
 // What is wrong with a value, and where.
 struct Fault {
   std::string pointer;   // JSON pointer (RFC 6901); empty: the whole document
-  std::string found;     // what stands there
-  std::string expected;  // what should
+  std::string found;     // what is there
+  std::string expected;  // what should be there
 };
 
 class FieldsReader;
 
-// One value and its place. Every reading operation notes a fault when the value will not do and
-// then returns a default, so that reading can go on to its end; only the first fault is kept.
+// One value and its place. Every reading operation records a fault if the value is unsuitable and
+// then returns a default, so that reading can continue. Only the first fault is kept.
 class ValueReader {
  public:
   ValueReader(ObjectRef value, std::string pointer, std::optional<Fault>& firstFault)
@@ -44,19 +44,20 @@ class ValueReader {
   TextRef textOrNull() const;                           // nil for null
   std::chrono::nanoseconds seconds(double most) const;  // 0 to `most`, in whole nanoseconds
   Date date() const;                                    // an ISO 8601 text
-  std::optional<Date> dateOrNull() const;               // nothing for null
+  std::optional<Date> dateOrNull() const;               // empty for null
   void mustBeTrue() const;
 
   // Calls `read` with every element of the list.
   void list(const std::function<void(const ValueReader&)>& read) const;
 
-  // Calls `read` with the fields of the object; what it does not take is a fault.
+  // Calls `read` with the fields of the object. A field that `read` does not take is a fault.
   void object(const std::function<void(FieldsReader&)>& read) const;
 
   ValueReader element(std::size_t index, ObjectRef value) const;
   ValueReader member(std::string_view key, ObjectRef value) const;
 
-  // Notes that this value is not what was `expected`; what was found is described, or given.
+  // Records a fault: this value is not what was `expected`. `found` replaces the description of the
+  // value.
   void fail(std::string expected) const;
   void fail(std::string found, std::string expected) const;
 
@@ -72,16 +73,16 @@ class FieldsReader {
   FieldsReader(const ValueReader& object, Dictionary::Entries fields)
       : object_(object), fields_(std::move(fields)) {}
 
-  // Calls `read` when there is such a field, and says whether there is.
+  // Calls `read` if the field exists. Returns true if it does.
   bool take(std::string_view key, const std::function<void(const ValueReader&)>& read);
 
-  // The same for a field that must be there.
+  // Like `take`, but a missing field is a fault.
   void require(std::string_view key, const std::function<void(const ValueReader&)>& read);
 
-  // The object itself, to note a fault of the whole.
+  // The object itself, for faults of the whole object.
   const ValueReader& object() const { return object_; }
 
-  // Notes the first field that was not taken.
+  // Records a fault for the first field that was not taken.
   void refuseOthers() const;
 
  private:
@@ -90,7 +91,7 @@ class FieldsReader {
   std::set<std::string, std::less<>> known_;
 };
 
-// A value in a few words for a message: `the text "yes"`, `the number 7`, `a list`.
+// Describes a value in a few words for a message: `the text "yes"`, `the number 7`, `a list`.
 std::string describe(const ObjectRef& value);
 
 }  // namespace wifi_profile::scenario

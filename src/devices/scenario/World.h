@@ -1,4 +1,4 @@
-// The world around a device on paper: the facts that the checks make their answers from.
+// The environment of a simulated device: the facts from which the checks compute their answers.
 #pragma once
 
 #include <chrono>
@@ -13,7 +13,7 @@ namespace wifi_profile::scenario {
 struct World {
   checks::Facts facts;
   checks::Settings settings = checks::defaultSettings();
-  // How long a request takes: that of its test, or else that of all.
+  // The duration of a request: that of its test, otherwise that of all tests.
   std::map<DiagnosticsTestID, std::chrono::nanoseconds> delays;
   std::chrono::nanoseconds delay{0};
 

@@ -19,14 +19,14 @@ using ieee80211::Width;
 constexpr int kLeastPower = -127;  // dBm
 constexpr int kMostPower = 20;     // dBm
 
-// What an access point says of how wide it is.
+// The channel width that a scenario gives for an access point.
 struct Wideness {
   int width = 20;     // MHz
-  int secondary = 0;  // steps of 5 MHz from the primary channel; 0: not said
+  int secondary = 0;  // steps of 5 MHz from the primary channel; 0: not given
 };
 
-// The middle of the one wide channel that holds the primary one. 320 MHz channels overlap: the
-// lower one counts.
+// Returns the extent of the only wide channel that contains the primary one. 320 MHz channels
+// overlap: the lower one is taken. Empty if the band has no such channel.
 std::optional<Extent> extentOf(const ChannelPlace& place, const Wideness& wide) {
   if (wide.width == 20) return ieee80211::extentOfTwentyMHz(place.band, place.channel);
   if (place.band == Band::ghz2) {
@@ -88,7 +88,7 @@ std::optional<OperatingChannel> takeOperatingChannel(FieldsReader& fields) {
   return channel;
 }
 
-// Mbit/s into units of 500 kbit/s.
+// Converts Mbit/s to units of 500 kbit/s.
 int readRate(const ValueReader& value) {
   constexpr double kMost = 63;
   const double units = 2 * value.number(0, kMost);
@@ -141,7 +141,7 @@ checks::AccessPoint readAccessPoint(const ValueReader& value) {
   return point;
 }
 
-// Milliseconds, whole ones.
+// Takes a whole number of milliseconds.
 void takeMilliseconds(FieldsReader& fields, std::string_view key,
                       std::optional<std::chrono::milliseconds>& target) {
   constexpr std::int64_t kMost = 1'000'000'000;
@@ -165,7 +165,7 @@ checks::ChannelSurvey readSurvey(const ValueReader& value) {
   return survey;
 }
 
-// Channels of one kind.
+// Reads channels that have the same properties.
 void readRadioChannels(const ValueReader& value, std::vector<checks::RadioChannel>& channels) {
   value.object([&](FieldsReader& fields) {
     std::optional<Band> band;

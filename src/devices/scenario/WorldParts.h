@@ -1,4 +1,4 @@
-// The facts of a world one by one, in three files: the air, the device, what is reached.
+// Readers for each fact of a world, in three files: the air, the device, what it reaches.
 #pragma once
 
 #include <vector>

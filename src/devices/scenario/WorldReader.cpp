@@ -25,7 +25,7 @@ Unknown readUnknown(const ValueReader& value) {
   return unknown;
 }
 
-// Takes one fact; `missing` ends the sentence about a world that does not tell it.
+// Takes one fact. `missing` completes the sentence for a world without this fact.
 template <class T>
 void takeFact(FieldsReader& fields, std::string_view key, Known<T>& fact,
               T (*read)(const ValueReader&), std::string_view missing) {
@@ -67,7 +67,7 @@ void takeFacts(FieldsReader& fields, checks::Facts& facts) {
        "what stands between the router and the internet");
 }
 
-// An IPv4 network, such as 192.168.43.0/24.
+// Reads an IPv4 network, such as 192.168.43.0/24.
 std::string readSubnet(const ValueReader& value) {
   std::string subnet = value.text();
   if (!checks::isInSubnet(subnet.substr(0, subnet.find('/')), subnet)) {
@@ -76,7 +76,7 @@ std::string readSubnet(const ValueReader& value) {
   return subnet;
 }
 
-// The first bytes of addresses, made lower-case.
+// Reads the first bytes of an address, in lower case.
 std::string readAddressBlock(const ValueReader& value) {
   constexpr std::string_view kAnyRest = "00:00:00:00:00:00";
   const std::string block = value.text();
@@ -88,7 +88,7 @@ std::string readAddressBlock(const ValueReader& value) {
   return {};
 }
 
-// One time for all tests, or times by the tests' names.
+// Reads one time for all tests, or times by the names of the tests.
 void readDelay(const ValueReader& value, World& world) {
   if (!as<Dictionary>(value.value())) {
     world.delay = value.seconds(kLongestTime);

@@ -1,4 +1,4 @@
-// The `world` of a scenario file: from values to facts.
+// Reads the `world` of a scenario file: from values to facts.
 #pragma once
 
 #include "devices/scenario/ValueReader.h"
@@ -6,12 +6,12 @@
 
 namespace wifi_profile::scenario {
 
-// Reads a whole world. A fact that it does not tell is Unknown, with a sentence that says what the
-// world leaves out. Pure; what will not do is noted in the reader.
+// Reads a whole world. A fact that it does not contain becomes Unknown, with a sentence that names
+// the missing fact. Pure; the reader records faults.
 World readWorld(const ValueReader& value);
 
-// Reads what is set about the checks, by the names of the members of `settings`; what is not set
-// stays. Pure; what will not do is noted in the reader.
+// Reads the settings of the checks, by the names of the members of `settings`; other members keep
+// their values. Pure; the reader records faults.
 void readCheckSettings(const ValueReader& value, checks::Settings& settings);
 
 }  // namespace wifi_profile::scenario
