@@ -14,8 +14,8 @@ namespace {
 using ieee80211::Band;
 using ieee80211::PhyModes;
 
-// Returns the noise on the channel in use if the subject is joined, otherwise on the subject's
-// channel.
+// Returns the noise on the channel in use if the subject is joined and that noise is known,
+// otherwise the noise on the subject's channel. Empty if neither is known.
 std::optional<int> noiseAround(const Facts& facts, const Subject& subject) {
   if (!facts.surveys) return std::nullopt;
   const auto channel = channelOf(subject);
