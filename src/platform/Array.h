@@ -8,7 +8,7 @@
 
 namespace wifi_profile {
 
-// An immutable list. No element is nil; a missing one is the null placeholder.
+// An immutable list. No element is nil; the null placeholder stands for a missing value.
 class Array final : public Object {
  public:
   explicit Array(std::vector<ObjectRef> elements) : elements_(std::move(elements)) {}

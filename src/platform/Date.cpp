@@ -18,7 +18,7 @@ constexpr std::int64_t kSecondsPerDay = 86400;
 
 std::int64_t secondsAt(sys_days day) { return (day - kReferenceDay).count() * kSecondsPerDay; }
 
-// Takes texts apart from the front; `ok` turns false at the first thing that does not fit.
+// Reads a text from the front. `ok` becomes false at the first mismatch and stays false.
 struct Cursor {
   std::string_view rest;
   bool ok = true;
@@ -62,7 +62,7 @@ std::optional<std::string> iso8601FromDate(Date date) {
   const double whole = std::floor(date.secondsSinceReferenceDate);
   const auto first = static_cast<double>(secondsAt(std::chrono::year(1) / 1 / 1));
   const auto end = static_cast<double>(secondsAt(std::chrono::year(10000) / 1 / 1));
-  if (!(whole >= first && whole < end)) return std::nullopt;  // a NaN fails both
+  if (!(whole >= first && whole < end)) return std::nullopt;  // false for NaN, too
   const auto seconds = static_cast<std::int64_t>(whole);
   const std::int64_t dayNumber =
       (seconds - (seconds < 0 ? kSecondsPerDay - 1 : 0)) / kSecondsPerDay;

@@ -1,4 +1,4 @@
-// What this kind of device can do and how it words things.
+// The capabilities and the terminology of this kind of device.
 #pragma once
 
 #include <string_view>
@@ -14,7 +14,7 @@ class DeviceCapability : public Interface {
 };
 
 // Answers a yes-or-no question about the device; only the lowest bit of the answer counts. The
-// question "wapi" asks whether the device says WLAN where others say Wi-Fi.
+// question "wapi" is whether the device says WLAN instead of Wi-Fi.
 inline int QdGetBoolAnswer(std::string_view key) {
   return Installed<DeviceCapability>::get()->boolAnswer(key);
 }

@@ -15,7 +15,7 @@ constexpr std::string_view nameOf(LogLevel level) {
   return level == LogLevel::error ? "error" : level == LogLevel::info ? "info" : "debug";
 }
 
-// Where log lines go. Any thread.
+// The destination of log lines. Any thread.
 class DiagnosticLog : public Interface {
  public:
   virtual bool isEnabled(int category, LogLevel level) const = 0;
@@ -28,7 +28,7 @@ class DiagnosticLogHandle {
   DiagnosticLogHandle(std::shared_ptr<DiagnosticLog> log, int category)
       : log_(std::move(log)), category_(category) {}
 
-  // Emits the text that `compose()` returns; composes it only when errors are enabled.
+  // Writes the text that `compose` returns. Calls `compose` only if errors are enabled.
   template <class Compose>
   void error(Compose compose) const {
     if (log_->isEnabled(category_, LogLevel::error)) {

@@ -16,7 +16,7 @@
 
 namespace wifi_profile {
 
-// An error that the service reports. Code 0 means that nothing went wrong after all.
+// An error that the service reports. Code 0 means that there was no error.
 class VqError final {
  public:
   VqError(std::int64_t code, std::string description)
@@ -31,21 +31,21 @@ class VqError final {
 
 using VqErrorRef = std::shared_ptr<const VqError>;  // nil: no error
 
-// The code of an error; an absent error counts as 0.
+// Returns the code of an error; 0 for nil.
 inline std::int64_t codeOf(const VqErrorRef& error) { return error ? error->code() : 0; }
 
-// What one test found.
+// The result of one test.
 struct DiagnosticsTestResult {
   bool result = false;
   bool didPass = false;
-  DictionaryRef info;  // nil: none
+  DictionaryRef info;  // nil: no information
 };
 
-// nullopt: no array at all. A null element is a slot without an object.
+// nullopt: there is no array. A null element is a slot without an object.
 using DiagnosticsTestResults =
     std::optional<std::vector<std::shared_ptr<const DiagnosticsTestResult>>>;
 
-// The network that the device is joined to.
+// The network that the device has joined.
 struct VqWiFiStatus {
   TextRef ssidString;  // nil: not joined
   TextRef bssid;
@@ -53,7 +53,7 @@ struct VqWiFiStatus {
 
 using VqWiFiStatusRef = std::shared_ptr<const VqWiFiStatus>;
 
-// Returns the name of the joined network; nil: not joined, or not known.
+// Returns the name of the joined network; nil if the device has not joined one or it is not known.
 inline TextRef joinedNameOf(const VqWiFiStatusRef& status) {
   return status ? status->ssidString : nullptr;
 }
@@ -63,7 +63,7 @@ struct VqStatus {
   VqWiFiStatusRef wifi;
 };
 
-// One access point as a scan heard it. Under "ScanResults".
+// One access point found by a scan. Stored under "ScanResults".
 class VqWiFiScanResult final : public Object {
  public:
   VqWiFiScanResult(TextRef ssidString, TextRef bssid, std::int64_t rssi)
@@ -78,7 +78,8 @@ class VqWiFiScanResult final : public Object {
   std::int64_t rssi_;
 };
 
-// What a series of pings measured. Under "PingResult". Times are in the service's own unit.
+// The measurements of a series of pings. Stored under "PingResult". Times are in the unit of the
+// service.
 class PingResultRecord final : public Object {
  public:
   TextRef interfaceName;  // nil: not known
@@ -91,7 +92,7 @@ class PingResultRecord final : public Object {
   double timestamp = 0;  // seconds after 2001-01-01 00:00:00 UTC
 };
 
-// A radio channel. Under "CurrentChannel" and the recommended channels' keys.
+// A radio channel. Stored under "CurrentChannel" and under the keys of the recommended channels.
 class ChannelRecord final : public Object {
  public:
   explicit ChannelRecord(std::int64_t channel) : channel_(channel) {}
@@ -101,7 +102,7 @@ class ChannelRecord final : public Object {
   std::int64_t channel_;
 };
 
-// The remembered profile of a network. Under "PreferredNetwork".
+// The saved profile of a network. Stored under "PreferredNetwork".
 class PreferredNetworkRecord final : public Object {
  public:
   TextRef ssidString;  // nil: no name
@@ -111,10 +112,10 @@ class PreferredNetworkRecord final : public Object {
   bool isCaptive = false;
   bool isHidden = false;
   bool isMultiAP = false;
-  std::optional<Date> lastJoinedTimestamp;  // nothing: never joined, or not known
+  std::optional<Date> lastJoinedTimestamp;  // empty: never joined, or not known
 };
 
-// One numbered test to run, with the configuration that goes with it.
+// One numbered test to run, with its configuration.
 class VqDiagnosticsTestRequest final {
  public:
   // `configuration` may be nil.
@@ -135,28 +136,28 @@ class VqDiagnosticsTestRequest final {
 
 using VqDiagnosticsTestRequests = std::vector<std::shared_ptr<const VqDiagnosticsTestRequest>>;
 
-// Another device, and a callback for news of a test under way. The diagnostic passes null for both:
-// tests run on this device, and only their results are wanted.
+// Another device, and a callback for the progress of a running test. The diagnostic passes null for
+// both: tests run on this device, and the diagnostic uses only their results.
 class VqPeer;
 using VqTestUpdate = std::function<void()>;
 
-// The service's client. Operations may be called on any thread and block it until the service has
-// answered. They report failures through the error slot and never throw.
+// The client of the service. Operations may be called on any thread and block it until the service
+// has answered. They report failures through `error` and never throw.
 class VqClient : public Interface {
  public:
   // The process-wide client.
   static std::shared_ptr<VqClient> sharedClient() { return Installed<VqClient>::get(); }
 
-  // Runs the requests, one result each. Results may come together with an error.
+  // Runs the requests and returns one result for each. Results and an error may come together.
   virtual DiagnosticsTestResults runDiagnosticsTests(const VqDiagnosticsTestRequests& requests,
                                                      const VqPeer* peer, const VqTestUpdate& update,
                                                      VqErrorRef& error) = 0;
 
-  // The device's status, or nil, with an error in the slot where there was one.
+  // Returns the status of the device, or nil. Sets `error` if an error occurred.
   virtual std::shared_ptr<const VqStatus> queryStatusForPeer(const VqPeer* peer,
                                                              VqErrorRef& error) = 0;
 
-  // Abandons every outstanding test request.
+  // Cancels every outstanding test request.
   virtual void cancelAllRequests() = 0;
 };
 

@@ -1,4 +1,5 @@
-// The diagnostics support library: dates for the record, test automation, readers of parameters.
+// The diagnostics support library: date formatting for the record, test automation, parameter
+// readers.
 #pragma once
 
 #include <cstddef>
@@ -14,21 +15,21 @@
 
 namespace wifi_profile {
 
-// Turns dates into texts. Any thread.
+// Formats dates. Any thread.
 class HsDateFormatter : public Interface {
  public:
   static std::shared_ptr<HsDateFormatter> sharedFormatter() {
     return Installed<HsDateFormatter>::get();
   }
 
-  // Type 0 is the library's ISO 8601 style.
+  // Returns the formatter of a style. Type 0 is the ISO 8601 style of the library.
   virtual std::shared_ptr<const HsDateFormatter> formatterWithType(int type) = 0;
 
-  // nil for no date, and for a date that has no text in this style.
+  // Returns nil if `date` is empty or cannot be formatted in this style.
   virtual TextRef stringFromDate(const std::optional<Date>& date) const = 0;
 };
 
-// The automation harness, which may watch a device under test. Any thread.
+// The automation harness, which may observe a device under test. Any thread.
 class HsTestAutomation : public Interface {
  public:
   static std::shared_ptr<HsTestAutomation> sharedInstance() {
@@ -44,21 +45,23 @@ class HsTestAutomation : public Interface {
   virtual void receiveConfiguration(const DictionaryRef& configuration) = 0;
 };
 
-// Readers of a parameter dictionary. Each sets `failed` when the value will not do and leaves it
-// alone otherwise, so that one flag can serve several reads. A nil dictionary holds no keys.
+// Readers of a parameter dictionary. Each sets `failed` to true if the value is not acceptable and
+// leaves it unchanged otherwise, so that one flag serves several reads. A nil dictionary has no
+// keys.
 
-// The number, or nil when the key is missing, its value is no number or lies outside the bounds
-// (which are inclusive). A boolean is not accepted as a number.
+// Returns the number. Returns nil and fails if the key is missing, the value is not a number, or
+// the number lies outside the bounds, which are inclusive. A boolean is not accepted as a number.
 NumberRef hs_numberFromRequiredKey(const DictionaryRef& dictionary, std::string_view key,
                                    const NumberRef& lowerBound, const NumberRef& upperBound,
                                    bool& failed);
 
-// The boolean, or NO when the key is missing or its value is no boolean. The numbers 0 and 1 are
-// not accepted as booleans.
+// Returns the boolean. Returns false and fails if the key is missing or the value is not a boolean.
+// The numbers 0 and 1 are not accepted as booleans.
 bool hs_boolFromRequiredKey(const DictionaryRef& dictionary, std::string_view key, bool& failed);
 
-// The text; `defaultValue` when the key is absent (no failure) or its value is no text or has more
-// than `maxLength` characters (Unicode code points).
+// Returns the text, or `defaultValue` if the key is missing, which is not a failure. Returns
+// `defaultValue` and fails if the value is not a text or has more than `maxLength` characters
+// (Unicode code points).
 TextRef hs_stringFromKey(const DictionaryRef& dictionary, std::string_view key,
                          std::size_t maxLength, const TextRef& defaultValue, bool& failed);
 

@@ -8,7 +8,8 @@
 
 namespace wifi_profile {
 
-// Test identifiers as the service numbers them. The gaps are tests that are never requested.
+// The identifiers that the service gives its tests. The missing numbers are tests that are never
+// requested.
 enum class DiagnosticsTestID : std::int32_t {
   PingLAN = 3,
   PingWAN = 6,
@@ -58,7 +59,7 @@ struct DiagnosticsTestName {
   std::string_view name;
 };
 
-// Every member with its name, in order of the identifiers.
+// Every identifier with its name, in ascending order of the identifiers.
 inline constexpr std::array<DiagnosticsTestName, 41> kDiagnosticsTestNames{{
     {DiagnosticsTestID::PingLAN, "PingLAN"},
     {DiagnosticsTestID::PingWAN, "PingWAN"},

@@ -1,4 +1,4 @@
-// String-keyed dictionaries, safe to write on one thread while another reads.
+// String-keyed dictionaries that one thread may write while another reads.
 #pragma once
 
 #include <functional>
@@ -11,9 +11,9 @@
 
 namespace wifi_profile {
 
-// Values by key, in bytewise order of the keys. Who holds a `DictionaryRef` sees an immutable
-// dictionary; who holds a `MutableDictionaryRef` may write. Every call is synchronised inside, so
-// a dictionary may be read on any thread while its owner still writes.
+// Values by key, in bytewise order of the keys. A `DictionaryRef` gives read access only; a
+// `MutableDictionaryRef` also gives write access. Every call takes an internal mutex, so any thread
+// may read a dictionary while its owner writes it.
 class Dictionary final : public Object {
  public:
   using Entries = std::map<std::string, ObjectRef, std::less<>>;
@@ -21,14 +21,14 @@ class Dictionary final : public Object {
   Dictionary() = default;
   explicit Dictionary(Entries entries) : entries_(std::move(entries)) {}
 
-  // nil when there is no such key.
+  // Returns nil if there is no such key.
   ObjectRef objectForKey(std::string_view key) const;
 
-  // `object` must not be nil. Replaces what the key held.
+  // Replaces the value of `key`. `object` must not be nil.
   void setObject(ObjectRef object, std::string_view key);
   void removeObjectForKey(std::string_view key);
 
-  // A copy of the entries as they stand now; the values themselves are shared, not copied.
+  // Returns a copy of the current entries. The values are shared, not copied.
   Entries entries() const;
 
  private:

@@ -1,12 +1,12 @@
-// Networks that are not tested.
+// Networks that the diagnostic does not test.
 #pragma once
 
 #include "platform/Text.h"
 
 namespace wifi_profile {
 
-// Whether a network's owner asks not to be surveyed: its name ends with "_nomap", in any letter
-// case. NO for nil.
+// Returns whether the name ends with "_nomap", in any letter case: the owner of the network opts
+// out of surveys. False for nil.
 inline bool isExcludedFromRuns(const TextRef& name) { return endsWithIgnoringCase(name, "_nomap"); }
 
 }  // namespace wifi_profile

@@ -1,4 +1,4 @@
-// The diagnostics host framework: what the host hands in, and what it is handed back.
+// The diagnostics host framework: what the host passes to a diagnostic, and what it gets back.
 #pragma once
 
 #include <memory>
@@ -11,17 +11,17 @@
 
 namespace wifi_profile {
 
-// A diagnostic's parameters, validated once.
+// The parameters of a diagnostic, validated once.
 class HxDiagnosticInputs : public Interface {
  public:
-  // YES when the parameters are acceptable. Called once, on a new object.
+  // Returns true if the parameters are acceptable. Called once, on a new object.
   virtual bool validateAndInitializeParameters(const DictionaryRef& parameters) = 0;
 };
 
-// The host object that a diagnostic may answer to.
+// The host object that a diagnostic may report to.
 class HxResponder;
 
-// Told of every step of a diagnostic's end, on the thread that takes it.
+// Observes every step of the end of a diagnostic. Called on the thread that takes the step.
 class HxDiagnosticObserver : public Interface {
  public:
   virtual void statusCodeWasSet(const NumberRef& statusCode) = 0;
@@ -29,7 +29,7 @@ class HxDiagnosticObserver : public Interface {
   virtual void finishedWasSet(bool finished) = 0;
 };
 
-// The result that a diagnostic fills in. Any thread.
+// The result that a diagnostic sets. Any thread.
 class HxDiagnosticResult {
  public:
   void setStatusCode(const NumberRef& statusCode);
@@ -44,21 +44,21 @@ class HxDiagnosticResult {
   Property<std::shared_ptr<HxDiagnosticObserver>> observer_;
 };
 
-// The base of every diagnostic's one screen.
+// The base class of the one screen of every diagnostic.
 class HxDiagnosticViewController : public toolkit::ViewController {
  public:
-  // Called by the host on the main thread, each once: `start` after set-up, `teardown` at the end
-  // or when the host wants the diagnostic gone.
+  // The host calls each of these once, on the main thread: `start` after set-up, `teardown` at the
+  // end or when the host wants to stop the diagnostic.
   virtual void start() = 0;
   virtual void teardown() = 0;
 
   // Any thread.
   HxDiagnosticResult& result() { return result_; }
 
-  // Tells the host that the diagnostic is over. Any thread.
+  // Notifies the host that the diagnostic is over. Any thread.
   void setFinished(bool finished);
 
-  // To be set before `start`; null for none.
+  // Must be set before `start`. Null: no observer.
   void setObserver(std::shared_ptr<HxDiagnosticObserver> observer) {
     result_.observer_.set(std::move(observer));
   }

@@ -1,4 +1,4 @@
-// Process-wide services of the platform, each forwarding to one installed back end.
+// Process-wide services of the platform. Each forwards to one installed back end.
 #pragma once
 
 #include <cstdio>
@@ -10,12 +10,12 @@
 
 namespace wifi_profile {
 
-// The installed back end of one kind of service. Only a host and test fixtures install.
+// The installed back end of one kind of service. Only a host and test fixtures install back ends.
 template <class Service>
 class Installed {
  public:
-  // Any thread. Asking for a service before one is installed is a programmer's error and ends the
-  // process.
+  // Returns the installed back end. Any thread. Calling it before a back end is installed is a
+  // programming error and aborts the process.
   static std::shared_ptr<Service> get() {
     std::shared_ptr<Service> service = slot()();
     if (!service) {
@@ -38,7 +38,7 @@ class Installed {
   }
 };
 
-// Installs a back end and puts the one before back when it goes out of scope.
+// Installs a back end and restores the previous one on destruction.
 template <class Service>
 class ScopedInstall {
  public:

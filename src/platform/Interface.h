@@ -1,9 +1,9 @@
-// The base of everything that the diagnostic asks for and somebody else provides.
+// The base class of the interfaces that the diagnostic uses and other code implements.
 #pragma once
 
 namespace wifi_profile {
 
-// Held by reference and never copied.
+// Used through pointers and references, never copied.
 class Interface {
  public:
   Interface() = default;

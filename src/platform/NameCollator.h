@@ -1,4 +1,4 @@
-// The order of network names for people.
+// The display order of network names.
 #pragma once
 
 #include <memory>
@@ -14,9 +14,10 @@ class NameCollator : public Interface {
  public:
   static std::shared_ptr<NameCollator> shared() { return Installed<NameCollator>::get(); }
 
-  // Appends to `key` the bytes of a sort key of `name`: as std::string orders the keys, people
-  // order the names. Names that differ in nothing a person would sort by, such as letter case, have
-  // equal keys. A name may be any bytes. Any thread, several at a time.
+  // Appends the bytes of a sort key of `name` to `key`. The keys, compared as std::string, give
+  // the display order of the names. Names that differ only in details that do not affect this
+  // order, such as letter case, have equal keys. A name may contain any bytes. Any thread,
+  // concurrently.
   virtual void appendSortKey(std::string_view name, std::string& key) const = 0;
 };
 

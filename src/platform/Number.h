@@ -1,4 +1,4 @@
-// Numbers as values that remember what kind of number they are.
+// Numbers as values that keep their kind.
 #pragma once
 
 #include <cstdint>
@@ -26,7 +26,7 @@ class Number final : public Object {
   bool isInteger() const { return !isBoolean() && !isDouble(); }
   bool isDouble() const { return std::holds_alternative<double>(value_); }
 
-  // The nearest double; a boolean counts as 0 or 1.
+  // Returns the nearest double; 0 or 1 for a boolean.
   double toDouble() const {
     return std::visit([](auto value) { return static_cast<double>(value); }, value_);
   }

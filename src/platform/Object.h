@@ -5,8 +5,9 @@
 
 namespace wifi_profile {
 
-// A value with identity. Objects are immutable once shared, except `Dictionary`, which guards
-// itself. A null reference is nil: "there is no value"; it is never stored in a dictionary.
+// A value with identity. Objects are immutable once shared, except `Dictionary`, which synchronises
+// its own access. A null reference is nil, the absence of a value; nil is never stored in a
+// dictionary.
 class Object {
  public:
   Object() = default;
@@ -17,14 +18,14 @@ class Object {
 
 using ObjectRef = std::shared_ptr<const Object>;
 
-// `object` as a T, or nil when it is nil or something else.
+// Returns `object` as a T, or nil if it is nil or of another type.
 template <class T>
 std::shared_ptr<const T> as(const ObjectRef& object) {
   return std::dynamic_pointer_cast<const T>(object);
 }
 
-// The null placeholder: the one object that stands, inside a dictionary or an array, for a value
-// that is known to be missing. It is present, unlike nil.
+// Returns the null placeholder: the one object that stands for a missing value in a dictionary or
+// an array. It is a value, unlike nil.
 ObjectRef nullPlaceholder();
 
 bool isNullPlaceholder(const ObjectRef& object);

@@ -1,4 +1,4 @@
-// A property that may be read on one thread while another writes it.
+// A property that one thread may read while another writes it.
 #pragma once
 
 #include <mutex>
@@ -6,8 +6,8 @@
 
 namespace wifi_profile {
 
-// One value, handed out by copy and swapped whole. Meant for references, flags and counters: what
-// a reference points to is safe by its own type.
+// One value, read by copy and replaced as a whole. Meant for references, flags and counters. The
+// lock does not cover the object that a reference points to: its type must be safe by itself.
 template <class T>
 class Property {
  public:
@@ -27,10 +27,10 @@ class Property {
       const std::lock_guard lock(mutex_);
       std::swap(value_, value);
     }
-    // The old value dies here, outside the lock: its destructor may come back to this property.
+    // Destroy the old value after the lock is released: its destructor may use this property.
   }
 
-  // Sets the property and returns what it held, as one step.
+  // Sets the property and returns its previous value, in one atomic step.
   T exchange(T value) {
     const std::lock_guard lock(mutex_);
     std::swap(value_, value);

@@ -1,4 +1,4 @@
-// The texts that a person sees, by localisation key.
+// The texts that the user sees, by localisation key.
 #pragma once
 
 #include <string>
@@ -11,11 +11,11 @@ namespace wifi_profile {
 
 class StringTable : public Interface {
  public:
-  // The text of `key`, or `fallback` where the table has none.
+  // Returns the text of `key`, or `fallback` if the table has no such key.
   virtual std::string textForKey(std::string_view key, std::string_view fallback) const = 0;
 };
 
-// The text of `key` in the extension's own table, or an empty text.
+// Returns the text of `key` from the table of the extension, or an empty text.
 inline std::string localizedString(std::string_view key) {
   return Installed<StringTable>::get()->textForKey(key, "");
 }

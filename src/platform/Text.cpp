@@ -17,14 +17,14 @@ std::uint64_t randomWord() {
   return std::uint64_t{device()} << 32U | device();
 }
 
-// What nobody outside the process can know about its hashes.
+// Random parameters of the hash function, secret to the process.
 struct HashSecret {
   std::uint64_t start = randomWord();
   std::uint64_t mask = randomWord();
   std::uint64_t factor = randomWord() | 1U;
 };
 
-// The full product of two words, its halves laid over each other.
+// Multiplies two words and XORs the two halves of the full product.
 std::uint64_t foldedProduct(std::uint64_t one, std::uint64_t other) {
   __extension__ using Wide = unsigned __int128;
   const Wide product = Wide{one} * other;
@@ -44,7 +44,7 @@ TwoWords sixteenBytes(const char* bytes) {
   return {wordAt<std::uint64_t>(bytes), wordAt<std::uint64_t>(bytes + 8)};
 }
 
-// All of at most 16 bytes; some of them may be there twice.
+// Returns all of at most 16 bytes in two words. Some bytes may be included twice.
 TwoWords fewBytes(const char* begin, std::size_t size) {
   const char* const end = begin + size;
   if (size >= 8) return {wordAt<std::uint64_t>(begin), wordAt<std::uint64_t>(end - 8)};
@@ -65,7 +65,7 @@ std::uint64_t Text::reckonHash() const {
   };
   for (std::size_t done = 0; done + 16 < size; done += 16) mix(sixteenBytes(begin + done));
   mix(size > 16 ? sixteenBytes(begin + size - 16) : fewBytes(begin, size));
-  hash = foldedProduct(hash, kSecret.factor) | 1U;  // not 0
+  hash = foldedProduct(hash, kSecret.factor) | 1U;  // 0 means not computed
   hash_.store(hash, std::memory_order_relaxed);
   return hash;
 }

@@ -1,4 +1,4 @@
-// A record of what happens between the diagnostic and its surroundings.
+// A record of the events between the diagnostic and its environment.
 #pragma once
 
 #include <string_view>
@@ -10,10 +10,10 @@
 
 namespace wifi_profile {
 
-// Receives events in the order in which they happen. Any thread.
+// Receives events in the order in which they occur. Any thread.
 class Trace : public Interface {
  public:
-  // Further fields of an event, in the order in which they are to be written; nil stands for null.
+  // The other fields of an event, in output order; nil is written as null.
   using Fields = std::vector<std::pair<std::string_view, ObjectRef>>;
 
   virtual void event(std::string_view name, const Fields& fields) = 0;

@@ -1,4 +1,4 @@
-// The Wi-Fi manager service: opaque handles, reference-counted by hand.
+// The Wi-Fi manager service: opaque handles with manual reference counting.
 #pragma once
 
 #include <cstddef>
@@ -11,7 +11,7 @@
 
 namespace wifi_profile {
 
-// Handles. What they point to belongs to the service; a null handle is none.
+// Handles of objects that the service owns. Null: no object.
 struct WiFiManagerClient;
 struct WiFiDeviceClient;
 struct WiFiDeviceList;
@@ -20,7 +20,7 @@ using WiFiDeviceClientRef = WiFiDeviceClient*;
 using WiFiDeviceListRef = WiFiDeviceList*;
 
 // Called on the run loop that the manager is scheduled on, at every power change of the device. The
-// context is held for the duration of the call.
+// context stays alive during the call.
 using WiFiDevicePowerCallback = void (*)(WiFiDeviceClientRef device,
                                          const std::shared_ptr<void>& context);
 
@@ -44,12 +44,12 @@ class WiFiManagerService : public Interface {
   virtual void release(WiFiDeviceListRef devices) = 0;
 };
 
-// The operations, each forwarding to the installed service. No handle passed may be null.
+// The operations. Each forwards to the installed service. No handle passed may be null.
 
-// Non-zero when the device has a Wi-Fi radio.
+// Returns non-zero if the device has a Wi-Fi radio.
 inline int DorvexContainsRadio() { return Installed<WiFiManagerService>::get()->containsRadio(); }
 
-// A new client with one reference that the caller owns, or null.
+// Returns a new client with one reference that the caller owns, or null.
 inline WiFiManagerClientRef WiFiManagerClientCreate(std::int32_t type) {
   return Installed<WiFiManagerService>::get()->createClient(type);
 }
@@ -57,12 +57,12 @@ inline void WiFiManagerClientSetType(WiFiManagerClientRef manager, std::int32_t 
   Installed<WiFiManagerService>::get()->setType(manager, type);
 }
 
-// Delivers the client's events on the calling thread's run loop, in its default mode.
+// Delivers the events of the client on the run loop of the calling thread, in its default mode.
 inline void WiFiManagerClientScheduleWithRunLoop(WiFiManagerClientRef manager) {
   Installed<WiFiManagerService>::get()->scheduleWithRunLoop(manager);
 }
 
-// The device list, which the caller releases; null or empty when there is no device.
+// Returns the device list, which the caller releases. Null or empty if there is no device.
 inline WiFiDeviceListRef WiFiManagerClientCopyDevices(WiFiManagerClientRef manager) {
   return Installed<WiFiManagerService>::get()->copyDevices(manager);
 }
@@ -70,23 +70,23 @@ inline std::size_t WiFiDeviceListGetCount(WiFiDeviceListRef devices) {
   return Installed<WiFiManagerService>::get()->deviceCount(devices);
 }
 
-// Owned by the list. `index` must be below the count.
+// Returns a device that the list owns. `index` must be less than the count.
 inline WiFiDeviceClientRef WiFiDeviceListGetDevice(WiFiDeviceListRef devices, std::size_t index) {
   return Installed<WiFiManagerService>::get()->deviceAt(devices, index);
 }
 
-// Non-zero when the radio is on.
+// Returns non-zero if the radio is on.
 inline int WiFiManagerClientGetPower(WiFiManagerClientRef manager) {
   return Installed<WiFiManagerService>::get()->getPower(manager);
 }
 
-// Asks for the radio to be switched; the power callback tells when it was.
+// Requests a change of the radio's power. The power callback reports when it has happened.
 inline void WiFiManagerClientSetPower(WiFiManagerClientRef manager, int power) {
   Installed<WiFiManagerService>::get()->setPower(manager, power);
 }
 
-// `context` is handed back to the callback and not kept alive. A notification that comes when it is
-// gone, or when the device has been released, is dropped.
+// `context` is passed to the callback and is not kept alive. A notification is dropped if the
+// context no longer exists or the device has been released.
 inline void WiFiDeviceClientRegisterPowerCallback(WiFiDeviceClientRef device,
                                                   WiFiDevicePowerCallback callback,
                                                   std::weak_ptr<void> context) {
@@ -97,7 +97,7 @@ inline void retainWiFiHandle(WiFiDeviceClientRef device) {
   Installed<WiFiManagerService>::get()->retain(device);
 }
 
-// Gives up one reference to what the handle points to.
+// Releases one reference to the object of the handle.
 template <class Handle>
 void releaseWiFiHandle(Handle handle) {
   Installed<WiFiManagerService>::get()->release(handle);

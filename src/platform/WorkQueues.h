@@ -1,4 +1,4 @@
-// The main queue, the global queue of default priority, and the passing of time.
+// The main queue, the global queue of default priority, and timing.
 #pragma once
 
 #include <atomic>
@@ -12,9 +12,9 @@ namespace wifi_profile {
 
 using Work = std::function<void()>;
 
-// Where the diagnostic posts work. Work on the main queue runs on the main thread, one piece after
-// another, in the order in which it was posted. Work on the global queue runs on background
-// threads, pieces of it side by side. All operations may be called on any thread.
+// The queues that the diagnostic posts work to. Work on the main queue runs on the main thread, one
+// item at a time, in the order of posting. Work on the global queue runs on background threads,
+// concurrently. All operations may be called on any thread.
 class WorkQueues : public Interface {
  public:
   static std::shared_ptr<WorkQueues> shared() { return Installed<WorkQueues>::get(); }
@@ -22,27 +22,28 @@ class WorkQueues : public Interface {
   virtual void postToMain(Work work) = 0;
   virtual void postToGlobal(Work work) = 0;
 
-  // Posts to the global queue once `delay` has passed. No thread is held meanwhile.
+  // Posts `work` to the global queue after `delay`. No thread is blocked in the meantime.
   virtual void postToGlobalAfter(std::chrono::nanoseconds delay, Work work) = 0;
 
-  // Hands `work` to the global queue and waits for it. It runs on the waiting caller's thread.
+  // Runs `work` as an item of the global queue, but on the calling thread, and returns when it has
+  // finished.
   virtual void runOnGlobalAndWait(const Work& work) = 0;
 
   virtual bool onMainThread() const = 0;
 };
 
-// What a device on paper and a script need to keep step with the queues.
+// The operations that keep a simulated device and a script in step with the queues.
 class Pace : public Interface {
  public:
-  // Returns once the main thread has handled everything that was posted to the main queue before
-  // this call. Returns at once on the main thread itself.
+  // Returns when the main thread has run everything that was posted to the main queue before this
+  // call. Returns immediately on the main thread.
   virtual void waitForMain() = 0;
 
-  // Lets `time` pass for the calling thread, or less when `cut` is or becomes true and
-  // `cutPauses` is called, or when the queues are told to hurry.
+  // Blocks the calling thread for `time`. Ends early if `cut` is or becomes true and `cutPauses` is
+  // called, or if the queues are set to hurry.
   virtual void pause(std::chrono::nanoseconds time, const std::atomic<bool>& cut) = 0;
 
-  // Makes every pause under way look at its `cut` again.
+  // Makes every current pause check its `cut` again.
   virtual void cutPauses() = 0;
 };
 

@@ -1,4 +1,4 @@
-// A question over a screen: a message, perhaps a text field, and actions to answer with.
+// An alert over a screen: a message, optional text fields, and actions.
 #pragma once
 
 #include <functional>
@@ -39,11 +39,11 @@ class AlertAction final {
 struct TextField final {
   std::string text;
   std::string placeholder;
-  std::function<void()> onEditingChanged;  // after every edit
+  std::function<void()> onEditingChanged;  // called after every edit
 };
 
-// Without a title, in the middle of the screen. Its handlers are dropped when it is dismissed, so
-// that they may hold the alert and its controller. Main thread only.
+// An alert without a title, in the middle of the screen. Dismissal drops the handlers, so a handler
+// may hold references to the alert and its controller. Main thread only.
 class Alert final : public std::enable_shared_from_this<Alert> {
  public:
   explicit Alert(std::string message) : message_(std::move(message)) {}
@@ -56,10 +56,10 @@ class Alert final : public std::enable_shared_from_this<Alert> {
   const std::vector<std::shared_ptr<TextField>>& textFields() const { return textFields_; }
   void addTextField(std::shared_ptr<TextField> field) { textFields_.push_back(std::move(field)); }
 
-  // What a person does: replaces the content of the first text field, in one edit.
+  // User action: replaces the content of the first text field, in one edit.
   void type(const std::string& text);
-  // What a person does: dismisses the alert, then does what `action`, one of its own, is for.
-  // Nothing while the action is disabled or the alert is not presented.
+  // User action: dismisses the alert, then calls the handler of `action`, which must belong to this
+  // alert. Does nothing if the action is disabled or the alert is not presented.
   void tap(const AlertAction& action);
 
  private:

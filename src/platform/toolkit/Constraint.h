@@ -1,4 +1,4 @@
-// A wish about where views stand, relative to each other.
+// Layout constraints between views.
 #pragma once
 
 namespace wifi_profile::toolkit {
@@ -20,13 +20,13 @@ inline constexpr float kRequiredPriority = 1000;
 
 class View;
 
-// first.firstAttribute (relation) multiplier x second.secondAttribute + constant, in points.
-// The views named are not kept alive; they are those of the screen that holds the constraint.
+// first.firstAttribute (relation) multiplier x second.secondAttribute + constant, in points. The
+// pointers do not keep the views alive: the views belong to the screen that holds the constraint.
 struct LayoutConstraint {
   const View* first = nullptr;
   LayoutAttribute firstAttribute = LayoutAttribute::notAnAttribute;
   LayoutRelation relation = LayoutRelation::equal;
-  const View* second = nullptr;  // none: the constant alone
+  const View* second = nullptr;  // null: the constant alone
   LayoutAttribute secondAttribute = LayoutAttribute::notAnAttribute;
   double multiplier = 1;
   double constant = 0;
@@ -34,8 +34,8 @@ struct LayoutConstraint {
   bool operator==(const LayoutConstraint&) const = default;
 };
 
-// Content-hugging priorities along both axes, 0 to 1000: how much a view wants to be no larger than
-// its content.
+// Content-hugging priorities along both axes, 0 to 1000: how strongly a view resists being larger
+// than its content.
 struct HuggingPriority {
   float horizontal = 250;
   float vertical = 250;

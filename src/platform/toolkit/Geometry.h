@@ -1,4 +1,4 @@
-// Places and sizes on a screen, in points, with the origin at the top left.
+// Positions and sizes on a screen, in points, with the origin at the top left.
 #pragma once
 
 namespace wifi_profile::toolkit {
@@ -21,7 +21,7 @@ struct Rect {
   bool operator==(const Rect&) const = default;
 };
 
-// Distances to keep from the edges.
+// Distances from the edges.
 struct Insets {
   double top = 0;
   double left = 0;

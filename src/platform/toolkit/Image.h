@@ -1,4 +1,4 @@
-// Pictures by name; what draws knows what they look like.
+// Images by name. The drawing code knows what they look like.
 #pragma once
 
 #include <memory>
@@ -10,11 +10,11 @@ namespace wifi_profile::toolkit {
 // How an image is coloured.
 enum class Rendering {
   original,
-  flatInTint,  // its shape alone, in the system's interaction tint colour
+  flatInTint,  // only its shape, in the interaction tint colour of the system
 };
 
 class Image;
-using ImageRef = std::shared_ptr<const Image>;  // null: none
+using ImageRef = std::shared_ptr<const Image>;  // null: no image
 
 // Immutable.
 class Image final {
@@ -23,11 +23,11 @@ class Image final {
   const std::string& name() const { return name_; }
   Rendering rendering() const { return rendering_; }
 
-  // An image of the extension's own resources.
+  // Returns an image from the resources of the extension.
   static ImageRef named(std::string name) {
     return std::make_shared<const Image>(std::move(name), Rendering::original);
   }
-  // The toolkit's own blue check mark.
+  // Returns the blue check mark of the toolkit.
   static ImageRef blueCheckMark() { return named("blueCheckMark"); }
   ImageRef redrawnFlatInTint() const {
     return std::make_shared<const Image>(name_, Rendering::flatInTint);

@@ -8,8 +8,8 @@ namespace {
 
 constexpr char32_t kFirstOfWideScripts = 0x1100;
 
-// How many lines a text takes when it is broken at blanks. A word wider than a line has one to
-// itself.
+// Returns the number of lines of a text that is broken at spaces. A word wider than a line has a
+// line of its own.
 int linesWithin(double width, std::string_view text, double fontSize) {
   const double blank = widthOfText(" ", fontSize);
   int lines = 1;

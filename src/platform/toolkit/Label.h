@@ -17,25 +17,27 @@ class Label final : public View {
  public:
   using View::View;
 
-  TextRef text;                // nil: none
+  TextRef text;                // nil: no text
   double systemFontSize = 17;  // points
   Color textColor = kBlack;
   TextAlignment textAlignment = TextAlignment::left;
   LineBreakMode lineBreakMode = LineBreakMode::byWords;
-  int numberOfLines = 1;  // at most; 1 or more
+  int numberOfLines = 1;  // the maximum; 1 or more
   BaselineAdjustment baselineAdjustment = BaselineAdjustment::alignBaselines;
-  double preferredMaxLayoutWidth = 0;  // points; 0: none
+  double preferredMaxLayoutWidth = 0;  // points; 0: no limit
 
-  // The size of the text, on as many lines as the width and the number of lines allow.
+  // Returns the size of the text, on as many lines as the maximum width and the number of lines
+  // allow.
   std::optional<Size> intrinsicContentSize() const override;
 
-  // Makes the frame as large as the text.
+  // Sets the size of the frame to that of the text.
   void sizeToFit();
 };
 
-// The toolkit's rule for the size of a text: a character is half as wide as the font is high, from
-// U+1100 on (where the wide scripts begin) as wide; a line is 1.2 times as high, rounded up to
-// whole points. It stands in for the metrics of a font, which only what draws knows.
+// The size of a text. A character is half as wide as the font size; from U+1100 on, where the wide
+// scripts begin, it is as wide as the font size. A line is 1.2 times as high as the font size,
+// rounded up to whole points. This rule replaces the metrics of a font, which only the drawing code
+// knows.
 double widthOfText(std::string_view text, double fontSize);
 double heightOfLine(double fontSize);
 

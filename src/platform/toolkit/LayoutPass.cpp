@@ -1,4 +1,4 @@
-// The layout pass: constraints of a view and all below it, solved into frames.
+// The layout pass: solves the constraints of a view and its descendants into frames.
 
 #include <algorithm>
 #include <unordered_map>
@@ -14,7 +14,7 @@ constexpr float kCompressionResistance = 750;
 
 class Pass {
  public:
-  // The root stands where it is, and is where its subviews count from.
+  // The root keeps its frame. Its top left corner is the origin of the coordinates.
   explicit Pass(View& root) { gather(root, {}); }
 
   void solveIntoFrames() {
@@ -86,7 +86,7 @@ class Pass {
     }
   }
 
-  // Nothing for a constraint that names a view outside the hierarchy.
+  // Empty if the constraint names a view that is not in the hierarchy.
   std::optional<BoxConstraint> wishOf(const LayoutConstraint& constraint) const {
     const auto first = numbers_.find(constraint.first);
     const auto second = numbers_.find(constraint.second);

@@ -16,15 +16,15 @@ namespace {
 constexpr double kLargestMultiplier = 1e6;
 constexpr double kLargestLength = 1e9;
 
-// The unknowns of a box, four in a row.
+// The unknowns of a box, at consecutive indices.
 enum Unknown { kX, kY, kWidth, kHeight, kUnknowns };
 
 int variableOf(int box, Unknown unknown) { return box * kUnknowns + unknown; }
 
-// False for what is no number, too.
+// False for NaN, too.
 bool isWithin(double limit, double value) { return std::abs(value) <= limit; }
 
-// None for what is no attribute.
+// Empty for `notAnAttribute`.
 std::optional<LinearForm> formOf(int box, LayoutAttribute attribute) {
   const auto form = [box](Unknown unknown, double size = 0) {
     const auto sizeUnknown = unknown == kX ? kWidth : kHeight;
@@ -56,7 +56,7 @@ std::optional<LinearForm> formOf(int box, LayoutAttribute attribute) {
   return std::nullopt;
 }
 
-// The left side less the right side. None for a constraint to be left out.
+// Returns the left side minus the right side. Empty if the constraint must be ignored.
 std::optional<LinearForm> differenceOf(const BoxConstraint& constraint, int boxes) {
   if (constraint.first < 0 || constraint.first >= boxes) return std::nullopt;
   if (constraint.second < kNoBox || constraint.second >= boxes) return std::nullopt;
@@ -75,7 +75,7 @@ bool hasUsableNumbers(const BoxConstraint& constraint) {
          isWithin(kLargestLength, constraint.constant) && std::isfinite(constraint.priority);
 }
 
-// Any order will do, as long as only identical ones are equal.
+// An arbitrary order in which only identical constraints are equivalent.
 struct AnyOrder {
   static auto key(const BoxConstraint& c) {
     return std::tie(c.first, c.firstAttribute, c.relation, c.second, c.secondAttribute,
@@ -84,8 +84,8 @@ struct AnyOrder {
   bool operator()(const BoxConstraint& a, const BoxConstraint& b) const { return key(a) < key(b); }
 };
 
-// The usable ones by descending priority. Of equal ones only the first is left: whoever adds the
-// same constraints at every layout pass shall not pay for it.
+// Returns the usable constraints by descending priority. Keeps only the first of identical
+// constraints, so that adding the same constraints at every layout pass adds no cost.
 std::vector<BoxConstraint> inOrder(const std::vector<BoxConstraint>& constraints) {
   std::set<BoxConstraint, AnyOrder> known;
   std::vector<BoxConstraint> ordered;
@@ -129,7 +129,7 @@ double& numberIn(std::vector<Rect>& frames, int box, Unknown unknown) {
   }
 }
 
-// What is done to each number of each box: sizes come before positions.
+// Calls `action` for each number of each box, sizes before positions.
 template <typename Action>
 void forEachNumber(std::vector<Rect>& frames, Action action) {
   for (const auto& unknowns : {std::array{kWidth, kHeight}, std::array{kX, kY}}) {
@@ -150,7 +150,7 @@ std::vector<Rect> solvedFrames(const std::vector<Rect>& present,
   for (const BoxConstraint& constraint : inOrder(constraints)) apply(constraint, boxes, system);
 
   std::vector<Rect> frames = present;
-  std::set<int> kept;  // these need no arithmetic, which could round them
+  std::set<int> kept;  // no arithmetic on these, which could round them
   forEachNumber(frames, [&](double& number, int variable) {
     if (!isWithin(kLargestLength, number)) number = 0;
     if (system.makeZero({-number, {{variable, 1}}})) kept.insert(variable);

@@ -1,5 +1,5 @@
-// From constraints between rectangles to their frames. Knows nothing of views: the rectangles, here
-// called boxes, are numbered from 0 and share one coordinate system, in points.
+// Solves constraints between rectangles into frames. Independent of views: the rectangles, called
+// boxes here, are numbered from 0 and share one coordinate system, in points.
 #pragma once
 
 #include <vector>
@@ -17,22 +17,23 @@ struct BoxConstraint {
   int first = kNoBox;
   LayoutAttribute firstAttribute = LayoutAttribute::notAnAttribute;
   LayoutRelation relation = LayoutRelation::equal;
-  int second = kNoBox;  // none, or no attribute: the constant alone
+  int second = kNoBox;  // kNoBox, or no attribute: the constant alone
   LayoutAttribute secondAttribute = LayoutAttribute::notAnAttribute;
   double multiplier = 1;
   double constant = 0;
   float priority = kRequiredPriority;  // 0 to 1000
 };
 
-// The boxes' frames, as many as are present ones. Constraints count in descending priority, those
-// of equal priority in order, and each is met as nearly as those before it allow: an equation that
-// contradicts them changes nothing, an inequality matters where it would not hold anyway. Last and
-// least, sizes and then positions keep their present values, those of lower boxes first.
+// Returns the frames of the boxes, one for each of `present`. Constraints apply in descending order
+// of priority, those of equal priority in the given order. Each is met as nearly as the earlier
+// ones allow: an equation that contradicts them changes nothing; an inequality has an effect only
+// where it would not hold anyway. Last, sizes and then positions keep their present values, those
+// of boxes with lower numbers first.
 //
-// Never fails. Constraints are left out that name no such box or attribute, or whose numbers are
-// not finite or beyond 1e6 (multiplier) and 1e9 (constant); present values of that kind count as 0.
-// Sizes can be negative where the constraints say so. Where multipliers are 1, whole and half
-// numbers make exact frames.
+// Never fails. Ignores a constraint that names an unknown box or attribute, or whose numbers are
+// not finite or exceed 1e6 (multiplier) or 1e9 (constant). A present value that is not finite or
+// exceeds 1e9 counts as 0. Sizes can be negative if the constraints require it. If all multipliers
+// are 1, whole and half numbers give exact frames.
 std::vector<Rect> solvedFrames(const std::vector<Rect>& present,
                                const std::vector<BoxConstraint>& constraints);
 

@@ -8,14 +8,15 @@
 namespace wifi_profile::toolkit {
 namespace {
 
-// A sum this much smaller than what was added up is a rounding error.
+// A sum smaller than this fraction of its larger addend is a rounding error.
 constexpr double kCancellation = 1e-9;
 
-// Beyond these the digits that are left say nothing.
+// Beyond these limits the remaining digits have no meaning.
 constexpr double kLargestCoefficient = 1e9;
 constexpr double kLargestConstant = 1e15;
 
-// No system of a few hundred inequalities comes near; it ends loops that rounding would keep going.
+// A system of a few hundred inequalities needs far fewer. The limit ends loops that rounding errors
+// would continue.
 constexpr int kMostExchanges = 1000;
 
 double largestCoefficient(const LinearForm& form) {
@@ -30,7 +31,7 @@ bool isUsable(double coefficient, double constant) {
   return coefficient <= kLargestCoefficient && std::abs(constant) <= kLargestConstant;
 }
 
-// The greater, the better a divisor.
+// Returns a rank. The greater the rank, the better the divisor.
 std::tuple<bool, bool, double> divisorRank(double coefficient) {
   const double size = std::abs(coefficient);
   int exponent = 0;
@@ -82,10 +83,10 @@ void LinearSystem::makeNonNegative(LinearForm form) {
 std::optional<double> LinearSystem::value(int freeVariable) const {
   const auto row = rows_.find(freeVariable);
   if (row == rows_.end() || bestFreeVariable(row->second)) return std::nullopt;
-  return row->second.constant + 0.0;  // makes -0 a 0
+  return row->second.constant + 0.0;  // turns -0 into 0
 }
 
-// The form of independent variables only.
+// Returns the form in terms of independent variables only.
 LinearForm LinearSystem::reduced(const LinearForm& form) const {
   LinearForm result;
   result.constant = form.constant;
@@ -109,8 +110,8 @@ std::optional<int> LinearSystem::bestFreeVariable(const LinearForm& form) const 
   return best;
 }
 
-// Makes an independent variable dependent such that the form is 0. Changes nothing and is false
-// where numbers would grow beyond use.
+// Makes an independent variable dependent so that the form is 0. Returns false and changes nothing
+// if numbers would become too large.
 bool LinearSystem::solveFor(int variable, const LinearForm& zero) {
   const double divisor = -zero.terms.at(variable);
   LinearForm solution;
@@ -139,12 +140,12 @@ bool LinearSystem::hasRoomFor(int variable, const LinearForm& solution) const {
   });
 }
 
-// Takes a form of slacks that is not above 0 as near to 0 as it gets. The answer is an independent
-// slack that can still grow until the form is 0, and none if there is no such slack.
+// Brings a form of slacks that is not above 0 as close to 0 as possible. Returns an independent
+// slack that can grow until the form is 0; empty if there is no such slack.
 std::optional<int> LinearSystem::raiseToZero(LinearForm& form) {
   for (int exchanges = 0; exchanges < kMostExchanges; ++exchanges) {
     if (!isUsable(largestCoefficient(form), form.constant)) return std::nullopt;
-    // Always the first of several, lest the exchanges go in circles.
+    // Always take the first of several: this prevents cycles of exchanges.
     const auto growing = std::find_if(form.terms.begin(), form.terms.end(),
                                       [](const auto& term) { return term.second > 0; });
     if (growing == form.terms.end()) {
@@ -160,7 +161,8 @@ std::optional<int> LinearSystem::raiseToZero(LinearForm& form) {
   return std::nullopt;
 }
 
-// The dependent slack that is 0 first as an independent one grows by less than `within`.
+// Returns the dependent slack that reaches 0 first if an independent slack grows by less than
+// `within`.
 std::optional<int> LinearSystem::firstSlackToVanish(int growing, double within) const {
   std::optional<int> first;
   for (auto row = rows_.lower_bound(freeVariables_); row != rows_.end(); ++row) {

@@ -1,5 +1,5 @@
-// Linear equations and inequalities taken one after the other, each met as far as the earlier ones
-// leave room. Pure arithmetic on values of no unit; one thread at a time.
+// Linear equations and inequalities, added one after another. Each is met as far as the earlier
+// ones allow. Pure arithmetic on dimensionless values; one thread at a time.
 #pragma once
 
 #include <map>
@@ -12,37 +12,39 @@ struct LinearForm {
   double constant = 0;
   std::map<int, double> terms;  // by variable; no coefficient is 0
 
-  // Coefficients that cancel out but for their rounding errors are removed.
+  // A coefficient that cancels out, except for a rounding error, is removed.
   void add(double factor, const LinearForm& other);
   void addTerm(int variable, double coefficient);
   void negate();
 };
 
-// The system is kept solved: a dependent variable has a row, a form of independent ones.
-// Independent are free variables, which nothing bounds, and slacks: an inequality `form >= 0` is
-// the equation `form = slack`, where the slack is a variable that must not be negative. Free
-// variables become dependent first, so that the rows of dependent slacks are forms of slacks only,
-// and with all independent slacks at 0 no dependent one is negative. From there, slacks change
-// places until the next form is met or no exchange brings it nearer; then the slacks that keep it
-// away stay at 0.
+// The system is always kept solved. Each dependent variable has a row: a form of independent
+// variables. A variable is either free or a slack. A free variable has no bounds. A slack
+// represents an inequality: `form >= 0` is the equation `form = slack`, where the slack must not be
+// negative. Free variables become dependent first. Therefore the rows of dependent slacks are forms
+// of slacks only, and with all independent slacks at 0 no dependent slack is negative. From this
+// state, dependent and independent slacks are exchanged until the next form is met or no exchange
+// brings it closer. In the second case, the slacks that prevent it stay at 0.
 //
-// Divisors are 1 or -1 where there is a choice, else powers of two, else the largest. So whole
-// numbers, halves and the like stay exact unless the equations themselves ask for other divisors.
+// A divisor is 1 or -1 if there is a choice, else a power of two, else the largest coefficient.
+// Therefore whole numbers, halves and other binary fractions stay exact unless the equations
+// require other divisors.
 class LinearSystem {
  public:
   // The free variables are numbered from 0.
   explicit LinearSystem(int freeVariables)
       : freeVariables_(freeVariables), nextSlack_(freeVariables) {}
 
-  // Makes the form 0, or as nearly 0 as possible. True if that took away a choice that was left;
-  // false if the form had its value already, cannot be 0, or leads to numbers beyond all use.
+  // Makes the form 0, or as close to 0 as possible. Returns true if this removed a degree of
+  // freedom; false if the form already had its value, cannot be 0, or leads to numbers that are too
+  // large.
   bool makeZero(LinearForm form);
 
-  // Keeps the form at 0 or above, or as little below as possible. Does nothing if that leads to
-  // numbers beyond all use.
+  // Keeps the form at 0 or above, or as little below as possible. Does nothing if this leads to
+  // numbers that are too large.
   void makeNonNegative(LinearForm form);
 
-  // None while a free variable is not determined.
+  // Empty while the free variable is not determined.
   std::optional<double> value(int freeVariable) const;
 
  private:

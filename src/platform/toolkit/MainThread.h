@@ -1,4 +1,4 @@
-// The toolkit's one rule about threads.
+// The thread rule of the toolkit.
 #pragma once
 
 #include <cstdio>
@@ -8,8 +8,8 @@
 
 namespace wifi_profile::toolkit {
 
-// Views and what stands in them belong to the main thread. To change one elsewhere is a
-// programmer's error and ends the process; to let go of the last reference is not.
+// Views and the objects in them belong to the main thread. Changing one on another thread is a
+// programming error and aborts the process; releasing the last reference there is allowed.
 inline void checkMainThread(const char* operation) {
   if (WorkQueues::shared()->onMainThread()) return;
   std::fprintf(stderr, "wifi-profile: %s was called off the main thread\n", operation);

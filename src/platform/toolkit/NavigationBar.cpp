@@ -19,7 +19,7 @@ void BarButtonItem::setEnabled(bool enabled) {
 void BarButtonItem::tap() const {
   checkMainThread("BarButtonItem::tap");
   if (!enabled_) return;
-  const auto action = action_;  // which may remove this button
+  const auto action = action_;  // the action may remove this button
   action();
 }
 

@@ -1,4 +1,4 @@
-// The bar at the top of a screen and what stands in it.
+// The bar at the top of a screen, and its items.
 #pragma once
 
 #include <functional>
@@ -24,10 +24,10 @@ class BarButtonItem final {
   BarButtonStyle style() const { return style_; }
 
   bool isEnabled() const { return enabled_; }
-  // Every call is told to the screen, also one that changes nothing.
+  // Reports every call to the screen, even one that changes nothing.
   void setEnabled(bool enabled);
 
-  // What a person does. Nothing while it is disabled.
+  // User action. Does nothing while the button is disabled.
   void tap() const;
 
  private:
@@ -43,9 +43,9 @@ class NavigationItem final {
   explicit NavigationItem(std::string title) : title_(std::move(title)) {}
   const std::string& title() const { return title_; }
 
-  // null: no button.
+  // Null: no button.
   const std::shared_ptr<BarButtonItem>& rightBarButtonItem() const { return rightBarButtonItem_; }
-  // The screen is told when a button goes.
+  // Reports the removal of a button to the screen.
   void setRightBarButtonItem(std::shared_ptr<BarButtonItem> button);
 
  private:
@@ -53,10 +53,10 @@ class NavigationItem final {
   std::shared_ptr<BarButtonItem> rightBarButtonItem_;
 };
 
-// Answers a bar's questions.
+// Supplies the position of a bar.
 class NavigationBarDelegate {
  public:
-  // A bar that is attached to the top has its background reach up under the status bar.
+  // If the bar is attached to the top, its background extends up under the status bar.
   virtual BarPosition positionForBar() const = 0;
 
  protected:
@@ -68,11 +68,11 @@ class NavigationBar final : public View {
  public:
   using View::View;
 
-  // A locked bar refuses to be changed by others than its owner.
+  // Only the owner of a locked bar may change it.
   bool isLocked() const { return locked_; }
   void setLocked(bool locked) { locked_ = locked; }
 
-  // Not kept alive.
+  // The bar does not keep the delegate alive.
   std::shared_ptr<NavigationBarDelegate> delegate() const { return delegate_.lock(); }
   void setDelegate(std::weak_ptr<NavigationBarDelegate> delegate) {
     delegate_ = std::move(delegate);
@@ -87,8 +87,8 @@ class NavigationBar final : public View {
   std::vector<std::shared_ptr<NavigationItem>> items_;
 };
 
-// Holds a controller under a navigation bar, and makes that bar: as wide as the controller's view,
-// 44 points high. The controller is not kept alive.
+// Puts a controller under a navigation bar and creates that bar: as wide as the view of the
+// controller, 44 points high. Does not keep the controller alive.
 class NavigationContainer final {
  public:
   explicit NavigationContainer(ViewController& root);

@@ -7,19 +7,19 @@ namespace wifi_profile::toolkit {
 
 enum class ProgressViewStyle { standard = 0 };
 
-// Main thread only. Shows the empty bar until told otherwise.
+// Main thread only. The initial progress is 0.
 class ProgressView final : public View {
  public:
   explicit ProgressView(ProgressViewStyle style) : style_(style) {}
 
   ProgressViewStyle style() const { return style_; }
 
-  // The fraction as it was set: from 0 on; a value above 1 shows as the full bar.
+  // Returns the fraction as it was set, 0 or more. A value above 1 shows as a full bar.
   float progress() const { return progress_; }
-  // Told to the screen.
+  // Reports the change to the screen.
   void setProgress(float progress);
 
-  // As high as the bar is thick; of any width.
+  // The height is the thickness of the bar. There is no intrinsic width.
   std::optional<Size> intrinsicContentSize() const override { return Size{-1, kThickness}; }
 
  private:

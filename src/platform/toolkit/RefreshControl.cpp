@@ -10,7 +10,7 @@ void RefreshControl::pull() {
   if (refreshing_) return;
   refreshing_ = true;
   Screen::shared()->refreshBegan();
-  const auto action = action_;  // which may replace this control
+  const auto action = action_;  // the action may replace this control
   action();
 }
 

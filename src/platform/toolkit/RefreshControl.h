@@ -1,4 +1,4 @@
-// Pull to refresh: a person drags a table down, and its content is fetched anew.
+// Pull to refresh: the user drags a table down to reload its content.
 #pragma once
 
 #include <functional>
@@ -9,14 +9,14 @@ namespace wifi_profile::toolkit {
 // Main thread only.
 class RefreshControl final {
  public:
-  // `action` is what a pull is for: the control's value has changed.
+  // A pull calls `action`: the value of the control has changed.
   explicit RefreshControl(std::function<void()> action) : action_(std::move(action)) {}
 
   bool isRefreshing() const { return refreshing_; }
 
-  // What a person does. Nothing while it is refreshing.
+  // User action. Does nothing while the control is refreshing.
   void pull();
-  // Told to the screen.
+  // Reports the end to the screen.
   void endRefreshing();
 
  private:

@@ -1,4 +1,5 @@
-// Who draws the toolkit's state. It is told of what happens and looks at the views for the rest.
+// The interface of the code that draws the state of the toolkit. A screen is notified of events and
+// reads everything else from the views.
 #pragma once
 
 #include <memory>
@@ -20,37 +21,37 @@ class View;
 class ViewController;
 struct LayoutConstraint;
 
-// Every call comes on the main thread, after the change it tells of, unless it says otherwise.
+// Every call is made on the main thread, after the change that it reports, unless stated otherwise.
 class Screen : public Interface {
  public:
   static std::shared_ptr<Screen> shared() { return Installed<Screen>::get(); }
 
-  // In points. New controllers' views are made that large.
+  // In points. The view of a new controller has this size.
   virtual Size size() const = 0;
 
-  // A layout pass is wanted: the screen calls the controller's `layOut` once, soon, from work of
-  // its own on the main queue.
+  // Requests a layout pass. The screen then calls `layOut` of the controller once, soon, from its
+  // own work on the main queue.
   virtual void needsLayout(const std::shared_ptr<ViewController>& controller) = 0;
 
-  // What happens; a screen that has no use for it leaves it be.
+  // Events. A screen may ignore them.
   virtual void constraintWasAdded(const View& /*holder*/, const LayoutConstraint& /*constraint*/) {}
   virtual void progressWasSet(const ProgressView& /*progressView*/) {}
-  // Told of every operation on a table when it is called; within a batch the rows have not changed
-  // by then.
+  // Called for every operation on a table, at the time of the operation. Within a batch the rows
+  // have not changed yet.
   virtual void tableDid(const TableEvent& /*event*/) {}
   virtual void buttonWasEnabled(const BarButtonItem& /*button*/) {}
   virtual void buttonWasRemoved() {}
   virtual void spinnerWasSwitched(const Spinner& /*spinner*/) {}
   virtual void refreshWasInstalled() {}
-  // A person has pulled; before what the pull is for.
+  // The user has pulled. Called before the action of the control.
   virtual void refreshBegan() {}
   virtual void refreshEnded() {}
   virtual void alertWasPresented(const Alert& /*alert*/) {}
-  // After what the edit gave rise to.
+  // Called after the effects of the edit.
   virtual void alertTextWasEdited(const Alert& /*alert*/) {}
-  // Before the alert is dismissed and the action is done.
+  // Called before the alert is dismissed and the handler of the action runs.
   virtual void alertActionWasTapped(const Alert& /*alert*/, const AlertAction& /*action*/) {}
-  // The alert is off the screen, answered or not; before its action is done.
+  // The alert has left the screen, answered or not. Called before the handler of its action runs.
   virtual void alertWasDismissed(const Alert& /*alert*/) {}
 };
 

@@ -1,4 +1,4 @@
-// A wheel that turns while something is under way.
+// An activity indicator that turns during an operation.
 #pragma once
 
 #include "platform/toolkit/View.h"
@@ -15,7 +15,7 @@ class Spinner final : public View {
   SpinnerStyle style() const { return style_; }
   bool isAnimating() const { return animating_; }
 
-  // Every call is told to the screen, also one that changes nothing.
+  // Report every call to the screen, even one that changes nothing.
   void startAnimating() { setAnimating(true); }
   void stopAnimating() { setAnimating(false); }
 

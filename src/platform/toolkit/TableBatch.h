@@ -1,4 +1,4 @@
-// The arithmetic of a table's batches: deletions in old rows, insertions in new ones.
+// The arithmetic of table batches: deletions refer to old rows, insertions to new rows.
 #pragma once
 
 #include <cstdint>
@@ -6,18 +6,19 @@
 
 namespace wifi_profile::toolkit {
 
-// The rows of one section that a batch names, in the order in which it named them: deletions as the
-// rows were when the batch began, insertions as they will be when it ends.
+// The rows of one section that a batch names, in the order in which it names them. Deletions count
+// the rows as they were when the batch began, insertions as they are when it ends.
 struct RowChanges {
   std::vector<std::int64_t> deleted;
   std::vector<std::int64_t> inserted;
 };
 
-// Whether `before` rows, changed so, are `expected` rows: the counts agree, no row is named twice,
-// and each is one of the rows that there were, or will be.
+// Returns whether the changes turn `before` rows into `expected` rows: the counts agree, no row is
+// named twice, every deleted row existed before, and every inserted row exists afterwards.
 bool addsUp(const RowChanges& changes, std::int64_t before, std::int64_t expected);
 
-// For each row after changes that add up: which of the `before` rows it was, or kNewRow.
+// Returns for each row after the changes, which must add up, its number among the `before` rows, or
+// kNewRow.
 inline constexpr std::int64_t kNewRow = -1;
 std::vector<std::int64_t> rowsAfter(const RowChanges& changes, std::int64_t before);
 

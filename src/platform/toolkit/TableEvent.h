@@ -1,4 +1,4 @@
-// What happens to a table, as a screen is told of it.
+// The events of a table that a screen receives.
 #pragma once
 
 #include <compare>
@@ -11,7 +11,7 @@
 
 namespace wifi_profile::toolkit {
 
-// The place of a row. Both count from 0.
+// The position of a row. Section and row count from 0.
 struct IndexPath {
   std::int64_t section = 0;
   std::int64_t row = 0;
@@ -19,7 +19,7 @@ struct IndexPath {
 };
 
 enum class RowAnimation { fade = 0 };
-// How far a scroll goes: no further than it takes to make the row visible.
+// How far a table scrolls. `none`: only as far as needed to make the row visible.
 enum class ScrollPosition { none = 0 };
 
 namespace table_event {
@@ -48,18 +48,20 @@ struct AllowsSelectionWasSet {
   bool value;
 };
 struct RemovedFromScreen {};
-// A batch did not add up in this section: all rows were read anew. Numbers of rows.
+// A batch did not add up in this section, so all rows were read again. The fields are numbers of
+// rows.
 struct Repaired {
   std::int64_t section;
   std::int64_t before;
   std::int64_t deleted;
   std::int64_t inserted;
-  std::int64_t expected;  // what the data source says there are now
+  std::int64_t expected;  // reported by the data source now
 };
 
-// All rows have been read: at the table's first showing, at a reload, in a repair. After it.
+// All rows have been read: when the table first appears, on a reload, or in a repair. Sent
+// afterwards.
 struct RowsWereRead {};
-// The outermost batch has taken effect. After it.
+// The outermost batch has taken effect. Sent afterwards.
 struct RowsChanged {
   const std::map<std::int64_t, RowChanges>& changes;  // by section
 };

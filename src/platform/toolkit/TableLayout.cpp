@@ -1,4 +1,4 @@
-// Where a table's headers and rows stand, and its header views.
+// The positions of the headers and rows of a table, and its header views.
 
 #include <algorithm>
 
@@ -53,7 +53,7 @@ void TableView::layOutHeaders() {
     const auto header = headerViewOfSection(index);
     if (!header) continue;
     header->setFrame(rectOfHeader(index));
-    header->layoutSubviews();  // its margin depends on the table, too
+    header->layoutSubviews();  // its margin also depends on the table
   }
 }
 

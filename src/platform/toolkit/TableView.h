@@ -21,16 +21,16 @@ namespace wifi_profile::toolkit {
 
 class TableView;
 
-// A height that the table chooses by itself.
+// The table chooses the height.
 inline constexpr double kAutomaticDimension = -1;
 
-// Where a table has its rows from.
+// The source of the rows of a table.
 class TableViewDataSource {
  public:
   virtual std::int64_t numberOfSectionsInTableView(const TableView& table) = 0;
   virtual std::int64_t tableViewNumberOfRowsInSection(const TableView& table,
                                                       std::int64_t section) = 0;
-  // A cell that the table handed out, filled.
+  // Returns a cell from `dequeueReusableCell`, filled.
   virtual std::shared_ptr<TableViewCell> tableViewCellForRowAtIndexPath(TableView& table,
                                                                         IndexPath path) = 0;
 
@@ -38,43 +38,43 @@ class TableViewDataSource {
   ~TableViewDataSource() = default;
 };
 
-// What else a table asks and tells.
+// The other queries and notifications of a table.
 class TableViewDelegate {
  public:
   virtual double tableViewHeightForHeaderInSection(const TableView& table,
                                                    std::int64_t section) = 0;
-  // null: no header.
+  // Null: no header.
   virtual std::shared_ptr<View> tableViewViewForHeaderInSection(const TableView& table,
                                                                 std::int64_t section) = 0;
   virtual double tableViewHeightForFooterInSection(const TableView& table,
                                                    std::int64_t section) = 0;
-  // A person has tapped the row.
+  // The user has tapped the row.
   virtual void tableViewDidSelectRowAtIndexPath(TableView& table, IndexPath path) = 0;
 
  protected:
   ~TableViewDelegate() = default;
 };
 
-// Keeps the rows that it shows, as its data source gave them when they came; it asks for a row
-// again only when it is inserted or everything is reloaded. Changes are told to the screen.
+// Stores the rows that it shows, as the data source supplied them. It queries a row again only if
+// the row is inserted or everything is reloaded. It reports changes to the screen.
 //
-// Batches nest and take effect, together, when the outermost one ends. A batch that does not
-// add up is thrown away: the table then reads all rows anew and tells the screen which sections
-// were repaired. A batch of a table that has not read its rows yet changes nothing. Header views
-// are asked for when the table appears, at a reload, when a header is scrolled back, and at the end
-// of a batch where a section has none.
+// Batches nest and take effect together when the outermost one ends. A batch that does not add up
+// is discarded: the table then reads all rows again and reports the repaired sections to the
+// screen. A batch has no effect if the table has not read its rows yet. The table queries header
+// views when it appears, on a reload, when a header is scrolled back, and at the end of a batch for
+// a section without one.
 class TableView final : public View {
  public:
   // A row as the table shows it.
   struct Row {
-    TextRef title;  // nil: none
+    TextRef title;  // nil: no title
     ImageRef image;
     bool userInteractionEnabled = true;
   };
 
   using View::View;
 
-  // Not kept alive.
+  // The table does not keep them alive.
   void setDataSource(std::weak_ptr<TableViewDataSource> source) { source_ = std::move(source); }
   void setDelegate(std::weak_ptr<TableViewDelegate> delegate) { delegate_ = std::move(delegate); }
 
@@ -84,33 +84,33 @@ class TableView final : public View {
       return std::make_shared<Cell>(CellStyle::plain, identifier);
     };
   }
-  // A cell of a registered kind: a used one as it is, or a new one.
+  // Returns a cell of a registered kind: a used one in its current state, or a new one.
   std::shared_ptr<TableViewCell> dequeueReusableCell(const std::string& identifier, IndexPath path);
 
   void reloadData();
   void beginUpdates();
   void endUpdates();
-  // Inside a batch.
+  // Only within a batch.
   void insertRows(const std::vector<IndexPath>& rows, RowAnimation animation);
   void deleteRows(const std::vector<IndexPath>& rows, RowAnimation animation);
 
   bool allowsSelection() const { return allowsSelection_; }
   void setAllowsSelection(bool allows);
   void deselectRow(IndexPath path, bool animated);
-  // Nothing moves when there is no such row.
+  // Nothing moves if there is no such row.
   void scrollToRow(IndexPath path, ScrollPosition position, bool animated);
 
-  // null: none. Another one takes its place.
+  // Null: no control. A new control replaces the old one.
   const std::shared_ptr<RefreshControl>& refreshControl() const { return refreshControl_; }
   void setRefreshControl(std::shared_ptr<RefreshControl> control);
 
   std::int64_t numberOfSections() const { return static_cast<std::int64_t>(sections_.size()); }
-  // Empty where there is no such section.
+  // Empty if there is no such section.
   const std::vector<Row>& rowsOfSection(std::int64_t section) const;
-  // null: none.
+  // Null: no header view.
   std::shared_ptr<View> headerViewOfSection(std::int64_t section) const;
 
-  // Where things stand in the table's content, in points.
+  // The geometry of the content of the table, in points.
   Rect rectOfHeader(std::int64_t section) const;
   Rect rectOfRow(IndexPath path) const;
   double contentHeight() const;
@@ -119,21 +119,22 @@ class TableView final : public View {
   void setContentInset(Insets insets);
   const Insets& scrollIndicatorInsets() const { return scrollIndicatorInsets_; }
   void setScrollIndicatorInsets(Insets insets) { scrollIndicatorInsets_ = insets; }
-  // What of the content stands at the table's top edge. Follows the content when that shrinks.
+  // The content position at the top edge of the table. Adjusted when the content shrinks.
   double contentOffset() const { return contentOffset_; }
 
-  // How far the rows' background stands in from the sides; nothing: this table does not say.
+  // Distance of the background of the rows from the sides. Empty: this table does not specify it.
   std::optional<double> backgroundInset() const { return backgroundInset_; }
   void setBackgroundInset(std::optional<double> inset) { backgroundInset_ = inset; }
 
-  // The table has come onto the screen: reads its rows, if it has not yet.
+  // Must be called when the table comes onto the screen. Reads the rows if this has not happened
+  // yet.
   void appear();
 
-  // What a person does. A row that is not there, is disabled, or lies in a table without selection
-  // cannot be tapped: nothing happens.
+  // User action. A row cannot be tapped if it does not exist, if it is disabled, or if the table
+  // does not allow selection; `tap` then does nothing.
   bool canTap(IndexPath path) const;
   void tap(IndexPath path);
-  // What a person does: scrolls a header away and back.
+  // User action: scrolls a header off the screen and back.
   void scrollHeaderAwayAndBack(std::int64_t section);
 
   void layoutSubviews() override { layOutHeaders(); }

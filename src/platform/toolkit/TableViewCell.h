@@ -1,4 +1,4 @@
-// A row of a table on its way to the screen.
+// The cell that supplies the content of a table row.
 #pragma once
 
 #include <memory>
@@ -16,7 +16,8 @@ enum class CellStyle {
   titleAndDetail = 1,  // a title label on the left, a detail label on the right
 };
 
-// Cells are used again: one that is handed out is as its last row left it. Main thread only.
+// Cells are reused: a dequeued cell is in the state in which its last row left it. Main thread
+// only.
 class TableViewCell : public View {
  public:
   TableViewCell(CellStyle style, std::string reuseIdentifier)
@@ -27,8 +28,8 @@ class TableViewCell : public View {
   Label& textLabel() { return *textLabel_; }
   Label& detailTextLabel() { return *detailTextLabel_; }
 
-  ImageRef image;  // in front of the title; null: none
-  // Whether a person can do anything with the row.
+  ImageRef image;  // in front of the title; null: no image
+  // Whether the user can interact with the row.
   bool userInteractionEnabled = true;
 
  private:

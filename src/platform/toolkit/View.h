@@ -20,7 +20,7 @@ inline constexpr Color kBlack{0, 1};
 inline constexpr Color kWhite{1, 1};
 inline constexpr Color kClear{0, 0};
 
-// Which of its measures follow those of the superview when that one is resized.
+// Which dimensions change with those of the superview.
 struct Resizing {
   bool flexibleWidth = false;
   bool flexibleHeight = false;
@@ -29,8 +29,8 @@ struct Resizing {
 
 class ViewController;
 
-// A rectangle that may hold others. A view keeps its subviews alive, not its superview. The frame
-// is in the coordinates of the superview.
+// A rectangle that may contain subviews. A view keeps its subviews alive, but not its superview.
+// The frame is in the coordinates of the superview.
 class View : public std::enable_shared_from_this<View> {
  public:
   View() = default;
@@ -40,7 +40,7 @@ class View : public std::enable_shared_from_this<View> {
   virtual ~View() = default;
 
   const Rect& frame() const { return frame_; }
-  // A new size resizes the subviews by their `resizing` and lays them out.
+  // A new size resizes the subviews according to their `resizing` and lays them out.
   void setFrame(Rect frame);
   Point center() const;
   void setCenter(Point center);
@@ -56,34 +56,34 @@ class View : public std::enable_shared_from_this<View> {
   const HuggingPriority& huggingPriority() const { return huggingPriority_; }
   void setHuggingPriority(HuggingPriority priority) { huggingPriority_ = priority; }
 
-  // YES: the frame stands as it is. NO: it comes from constraints alone.
+  // True: the frame stays as set. False: the frame comes from constraints alone.
   bool translatesAutoresizingMaskIntoConstraints() const { return translatesAutoresizingMask_; }
   void setTranslatesAutoresizingMaskIntoConstraints(bool on) { translatesAutoresizingMask_ = on; }
 
-  // The size that the content asks for; nothing where there is none. A negative measure: none in
-  // that direction.
+  // Returns the size that the content needs. Empty if the view has no intrinsic size. A negative
+  // dimension: no intrinsic size along that axis.
   virtual std::optional<Size> intrinsicContentSize() const { return std::nullopt; }
 
   // Back to front.
   const std::vector<std::shared_ptr<View>>& subviews() const { return subviews_; }
   std::shared_ptr<View> superview() const { return superview_.lock(); }
 
-  // Puts `view` in front of the other subviews, taking it from where it was. The new superview
-  // must be owned by a shared_ptr by then.
+  // Adds `view` in front of the other subviews and removes it from its previous superview. A
+  // shared_ptr must already own the new superview.
   void addSubview(const std::shared_ptr<View>& view);
   void bringSubviewToFront(const std::shared_ptr<View>& view);
-  // Does nothing where there is no superview.
+  // Does nothing if there is no superview.
   void removeFromSuperview();
 
-  // Places the subviews. Called after the size changed.
+  // Positions the subviews. Called after the size has changed.
   virtual void layoutSubviews() {}
 
   // In the order in which they were added.
   const std::vector<LayoutConstraint>& constraints() const { return constraints_; }
-  // Told to the screen.
+  // Reports the constraint to the screen.
   void addConstraint(const LayoutConstraint& constraint);
 
-  // Asks the screen for a layout pass of the view's controller. Nothing without a controller.
+  // Requests a layout pass of the controller of the view. Does nothing without a controller.
   void setNeedsUpdateConstraints();
 
  protected:

@@ -1,4 +1,4 @@
-// A screen's controller and the view it fills.
+// The controller of a screen and its view.
 #pragma once
 
 #include <memory>
@@ -10,7 +10,7 @@ namespace wifi_profile::toolkit {
 class Alert;
 
 enum class InterfaceOrientation { portrait = 1 };
-// Bits of the orientations that a screen may take.
+// Bit masks of the orientations that a screen supports.
 inline constexpr unsigned kPortraitOnly = 2;
 inline constexpr unsigned kAllOrientations = 30;
 
@@ -22,20 +22,22 @@ class ViewController : public std::enable_shared_from_this<ViewController> {
   ViewController& operator=(const ViewController&) = delete;
   virtual ~ViewController() = default;
 
-  // Made when first asked for, as large as the screen.
+  // Created on first use, with the size of the screen.
   const std::shared_ptr<View>& view();
 
-  // The view comes onto the screen, with what it holds by then: its tables read their rows.
+  // Must be called when the view comes onto the screen: the tables that it contains read their
+  // rows.
   void appear();
-  // The view leaves the screen for good: an alert over it is dismissed unanswered.
+  // Must be called when the view leaves the screen for good: dismisses an alert over it without an
+  // answer.
   void disappear();
 
-  // The layout pass: has the constraints updated, then solves them into the frames of the views
-  // that they name. A view whose frame is its own stands where it is; where nothing decides,
-  // a view keeps its place.
+  // The layout pass: updates the constraints, then solves them into the frames of the views that
+  // they name. A view whose frame stays as set is not moved. A view that the constraints do not
+  // determine keeps its place.
   void layOut();
 
-  // Part of the pass. An override calls this one first.
+  // Part of the layout pass. An override must call this implementation first.
   virtual void updateViewConstraints() {}
 
   virtual bool prefersStatusBarHidden() const { return false; }
@@ -45,7 +47,8 @@ class ViewController : public std::enable_shared_from_this<ViewController> {
     return InterfaceOrientation::portrait;
   }
 
-  // Puts an alert over the view. While one is there another is not shown, but dismissed at once.
+  // Presents an alert over the view. If the view already has an alert, another one is dismissed at
+  // once.
   void present(const std::shared_ptr<Alert>& alert, bool animated);
   // The alert over the view, or null.
   const std::shared_ptr<Alert>& presentedAlert() const { return presentedAlert_; }
