@@ -1,4 +1,4 @@
-// The three batches: straight sequences, each test followed by one step of the progress bar.
+// The three batches: sequences of tests. Each test is followed by one step of the progress bar.
 
 #include "tests/Batches.h"
 

@@ -1,4 +1,4 @@
-// The diagnostic's own error lines.
+// The error lines of the diagnostic.
 #pragma once
 
 #include <string>
@@ -8,14 +8,14 @@
 
 namespace wifi_profile {
 
-// The log category of everything but the Wi-Fi manager's set-up.
+// The log category of everything except the set-up of the Wi-Fi manager.
 inline constexpr int kDiagnosticsLogCategory = 3;
 inline constexpr int kWiFiManagerLogCategory = 0;
 
 inline constexpr std::string_view kErrorPrefix = "[ERROR] - Wi-Fi Profile: ";
 
-// Writes one error line, `kErrorPrefix` and the text that `compose()` returns, which
-// is composed only where errors are logged.
+// Writes one error line: `kErrorPrefix` and the text that `compose` returns. Calls `compose` only
+// if errors are logged.
 template <class Compose>
 void logError(Compose compose) {
   DiagnosticLogHandleForCategory(kDiagnosticsLogCategory).error([&] {

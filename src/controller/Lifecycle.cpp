@@ -1,5 +1,6 @@
 // From set-up to the run, and the clean-up. State: the inputs, the three configurations, the three
-// findings, the counters and flags, `wifiStatus`, and the two handles that the clean-up gives up.
+// findings dictionaries, the counters and flags, `wifiStatus`, and the two handles that the
+// clean-up releases.
 
 #include <chrono>
 
@@ -44,7 +45,7 @@ void WiFiProfileViewController::setupWithInputs(
 }
 
 void WiFiProfileViewController::start() {
-  const auto alive = self();  // the host may let go when it hears of an early end
+  const auto alive = self();  // the host may release the controller at an early end
   const auto theInputs = inputs();
   const bool list = theInputs->reprofileWithNetworksListUI();
   if (!list) {
@@ -60,7 +61,8 @@ void WiFiProfileViewController::start() {
       presentWiFiPoweredOffAlert();
     }
   }
-  // After the run has been posted and the progress screen put up: the bar goes on top of it.
+  // Do this after the run has been posted and the progress screen has been shown: the navigation
+  // bar must be on top.
   setupViewWithNetworkList(theInputs->reprofileWithNetworksListUI());
 }
 

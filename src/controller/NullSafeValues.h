@@ -1,4 +1,4 @@
-// Values that may be missing, made fit for a dictionary.
+// Replacement of missing values by the null placeholder.
 #pragma once
 
 #include "platform/Dictionary.h"
@@ -7,12 +7,12 @@
 
 namespace wifi_profile {
 
-// The very object, or the null placeholder for nil.
+// Return the object itself, or the null placeholder for nil.
 ObjectRef stringOrNull(const TextRef& string);
 ObjectRef numberOrNull(const NumberRef& number);
 ObjectRef dictionaryOrNull(const DictionaryRef& dictionary);
 
-// A double number, or the null placeholder for NaN. The infinities are numbers.
+// Returns a double number, or the null placeholder for NaN. Infinities are numbers.
 ObjectRef numberOrNullForDouble(double value);
 
 // Removes every entry whose value is the null placeholder.

@@ -1,14 +1,15 @@
-// The end of a run: the status code and the three sections. State: `result`, of the base class.
+// The end of a run: the status code and the three sections of the record. State: `result` of the
+// base class.
 
 #include "controller/WiFiProfileViewController.h"
 
 namespace wifi_profile {
 
 void WiFiProfileViewController::endTestWithStatusCode(const NumberRef& status) {
-  const auto alive = self();  // the host may let go at any of these steps
+  const auto alive = self();  // the host may release the controller at any of these steps
   cleanUp();
   result().setStatusCode(status);
-  // The sections are handed over as they stand: live, and with their null placeholders.
+  // The sections are passed as they are: live, and with their null placeholders.
   result().setData(makeDictionary({
       {"device", deviceData()},
       {"currentNetwork", currentNetworkData()},

@@ -1,4 +1,4 @@
-// Which batches a run consists of, and why one is missing.
+// Which batches a run consists of, and why a batch is missing.
 #pragma once
 
 #include <cstdint>
@@ -12,15 +12,15 @@ struct RunPlan {
   bool runCurrentNetwork;
   bool runSelectedNetwork;
   std::int32_t totalTests;         // 11, 27, 40 or 56
-  std::int64_t statusCode;         // with which the run will end: 0, -6 or -7
+  std::int64_t statusCode;         // of the end of the run: 0, -6 or -7
   TextRef currentName = nullptr;   // nil: not joined
-  TextRef selectedName = nullptr;  // nil: none
+  TextRef selectedName = nullptr;  // nil: no network is selected
 };
 
-// Plans a run on a device joined to `currentName` (nil: not joined) with `selectedName` (nil: none)
-// selected. The batch of an excluded network is left out. The joined network's batch is not run a
-// second time when it is the selected one; names are compared exactly, so a name that differs in
-// case only is another network.
+// Plans a run on a device that has joined `currentName` (nil: not joined), with `selectedName`
+// selected (nil: no network). The batch of an excluded network is omitted. If the selected network
+// is the joined one, its tests do not run twice. Names are compared exactly: names that differ only
+// in case are different networks.
 RunPlan planRun(const TextRef& currentName, const TextRef& selectedName);
 
 }  // namespace wifi_profile

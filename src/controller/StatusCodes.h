@@ -1,11 +1,12 @@
-// The status codes with which a run ends.
+// The status codes of a run.
 #pragma once
 
 #include <cstdint>
 
 namespace wifi_profile {
 
-// -1 is never used. A negative code says why the run, or a batch of it, did not take place.
+// A negative code is the reason why the run, or one of its batches, did not take place. -1 is not
+// used.
 inline constexpr std::int64_t kStatusCompleted = 0;
 inline constexpr std::int64_t kStatusNoWiFiManager = -2;  // also: no Wi-Fi radio
 inline constexpr std::int64_t kStatusNoWiFiDevice = -3;

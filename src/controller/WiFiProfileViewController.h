@@ -1,10 +1,10 @@
-// The one controller of the Wi-Fi profile diagnostic: its state and its operations.
+// The controller of the Wi-Fi profile diagnostic: its state and its operations.
 //
-// Order of a run without the picker: `setupWithInputs`, `start` (status query, progress screen,
-// navigation bar), then on the global queue the batches of tests, then 0.5 s later, on the global
-// queue, `endTestWithStatusCode`. With the picker, `start` brings up the Wi-Fi manager, posts the
-// first scan and builds the list's screen; the batches follow when a person taps the NEXT button.
-// The host may call `teardown` at any time after `start`.
+// Order of a run without the picker: `setupWithInputs`; `start` (status query, progress screen,
+// navigation bar); the batches of tests on the global queue; 0.5 s later `endTestWithStatusCode`,
+// also on the global queue. With the picker, `start` sets up the Wi-Fi manager, posts the first
+// scan and builds the screen of the list; the batches run after the user has tapped the NEXT
+// button. The host may call `teardown` at any time after `start`.
 #pragma once
 
 #include <cstdint>
@@ -35,9 +35,9 @@ class ProgressView;
 class WiFiHeaderView;
 struct CatalogueTest;
 
-// Must be owned by a shared_ptr: work in the queues keeps the controller alive. Operations run on
-// the main thread unless they say otherwise; properties may be read on any thread, but what a view
-// property points to belongs to the main thread.
+// A shared_ptr must own the controller, because queued work keeps it alive. Operations run on the
+// main thread unless stated otherwise. Properties may be read on any thread, but the object of a
+// view property belongs to the main thread.
 class WiFiProfileViewController final : public HxDiagnosticViewController,
                                         public toolkit::NavigationBarDelegate,
                                         public toolkit::TableViewDataSource,
@@ -48,16 +48,16 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
   Property<DictionaryRef> currentNetworkConfiguration;  // {"MaxScanCacheAge"}
   Property<DictionaryRef> configuration;                // the same, with "NetworkName" if selected
   Property<DictionaryRef> freshScanConfiguration;       // {"MaxScanCacheAge": 0}
-  Property<MutableDictionaryRef> deviceData;            // findings; live until the end
+  Property<MutableDictionaryRef> deviceData;            // findings; written until the end
   Property<MutableDictionaryRef> currentNetworkData;
   Property<MutableDictionaryRef> selectedNetworkData;
   Property<VqWiFiStatusRef> wifiStatus;    // nil until a status query succeeds
-  Property<ScanResultRef> currentNetwork;  // the joined network's access point, once heard
-  Property<NetworkListRef> filteredWiFiScanResults;  // the listed networks, in the list's order
-  Property<NetworkListRef> previousScanFilteredWiFiScanResults;  // as a refresh found them
+  Property<ScanResultRef> currentNetwork;  // the joined access point, once a scan has found it
+  Property<NetworkListRef> filteredWiFiScanResults;  // the listed networks, in list order
+  Property<NetworkListRef> previousScanFilteredWiFiScanResults;  // before the latest refresh
   Property<NetworkDictionaryRef> distinctNetworks;               // every named network
   Property<NetworkDictionaryRef> filteredNetworks;               // the listed ones
-  Property<NetworkDictionaryRef> previousScanFilteredNetworks;   // as a refresh found them
+  Property<NetworkDictionaryRef> previousScanFilteredNetworks;   // before the latest refresh
   Property<ArrayRef> wifiScanResults;  // of VqWiFiScanResult, in the service's order
   Property<std::shared_ptr<toolkit::TableView>> tableView;
   Property<std::shared_ptr<toolkit::RefreshControl>> refreshControl;
@@ -72,8 +72,8 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
   Property<bool> refreshEnabled;
   Property<bool> progressScreenVisible;
   Property<bool> scanFinished;
-  Property<WiFiManagerClientRef> manager;  // one reference of ours, released by `cleanUp`
-  Property<WiFiDeviceClientRef> device;    // one reference of ours, released by `cleanUp`
+  Property<WiFiManagerClientRef> manager;  // one reference, which `cleanUp` releases
+  Property<WiFiDeviceClientRef> device;    // one reference, which `cleanUp` releases
   Property<bool> wifiPoweredOn;
   Property<std::int32_t> completedTests;
   Property<std::int32_t> totalTests;
@@ -90,8 +90,8 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
   void start() override;
   void teardown() override;
 
-  // Asks the service for the device's status, on the calling thread (any). On failure one line is
-  // logged and `wifiStatus` keeps what it held.
+  // Queries the status of the device from the service, on the calling thread (any). On failure,
+  // logs one line and leaves `wifiStatus` unchanged.
   void determineCurrentNetwork();
 
   void nextTapped(const ObjectRef& sender);
@@ -99,15 +99,16 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
   // Shows the progress screen and posts the run to the global queue.
   void runTests();
 
-  // nil when there is no date, or none that has such a text. Any thread.
+  // Returns nil if there is no date or it cannot be formatted. Any thread.
   TextRef timestampFormattedInISO8601(const std::optional<Date>& date) const;
 
-  // Any thread. Cancels and releases, on the calling thread; safe to call again.
+  // Cancels the requests and releases the handles, on the calling thread (any). May be called
+  // again.
   void cleanUp();
 
   // --- The end and the record (controller/ResultRecord.cpp)
 
-  // Any thread: cleans up, fills in the result, finishes. A second call does the same again.
+  // Cleans up, fills in the result and finishes. Any thread. A second call repeats all of this.
   void endTestWithStatusCode(const NumberRef& status);
   void finishTest();
 
@@ -117,14 +118,14 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
   void runCurrentNetworkDiagnosticsTests();
   void runSelectedNetworkDiagnosticsTests();
 
-  // --- How a test is run (tests/TestExecution.cpp), any thread but the main one
+  // --- Running a test (tests/TestExecution.cpp), any thread except the main thread
 
-  // One request to the service; its answer goes into `deviceData`, or into `resultsDictionary`.
+  // Sends one request to the service. Writes the answer into `deviceData` or `resultsDictionary`.
   void runDeviceConfigurationTest(DiagnosticsTestID testID);
   void runCurrentNetworkTest(DiagnosticsTestID testID, const DictionaryRef& testConfiguration,
                              const MutableDictionaryRef& resultsDictionary);
 
-  // The first of the results, or nil (one line logged) when there is none.
+  // Returns the first result. If there is none, logs one line and returns nil.
   std::shared_ptr<const DiagnosticsTestResult> testResultFromResults(
       const DiagnosticsTestResults& results) const;
 
@@ -143,7 +144,8 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
   void runDeviceConfigurationConflictingSecurityTypeInPNL();
 
   // --- Tests of a network's configuration (tests/NetworkConfigurationTests.cpp)
-  // Here and below: the configuration, which may be nil, and the results dictionary to write into.
+  // Here and below, the parameters are the configuration, which may be nil, and the dictionary that
+  // the results are written to.
 
   void runCurrentNetworkDetectDoubleNATWithConfiguration(const DictionaryRef&,
                                                          const MutableDictionaryRef&);
@@ -207,9 +209,9 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
   void runCurrentNetworkHiddenScanResultsWithConfiguration(const DictionaryRef&,
                                                            const MutableDictionaryRef&);
 
-  // --- The selected network's tests (tests/SelectedNetworkTests.cpp)
-  // Each is the current network's test of that name with
-  // `configuration` and `selectedNetworkData`.
+  // --- Tests of the selected network (tests/SelectedNetworkTests.cpp)
+  // Each runs the test of the current network that has the same name, with `configuration` and
+  // `selectedNetworkData`.
 
   void runSelectedNetworkLongBeaconInterval();
   void runSelectedNetworkNoSecurity();
@@ -230,55 +232,56 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
 
   // --- Wi-Fi manager and power (wifi/Power.cpp)
 
-  // YES when there is a Wi-Fi device; else the run has been ended with -2 or -3.
+  // Returns true if there is a Wi-Fi device. Otherwise ends the run with -2 or -3.
   bool setupWiFi();
 
-  // At every power notification: with the radio on, loads the list; with the radio off, ends the
-  // run with -5.
+  // Called at every power notification. Loads the list if the radio is on; ends the run with -5 if
+  // it is off.
   void powerChanged();
 
-  // Asks whether to switch the radio on. NO ends the run with -4; YES asks the manager, and only
-  // its notification goes on.
+  // Asks the user whether to switch the radio on. The NO button ends the run with -4. The YES
+  // button sends the request to the manager; the run continues only at its power notification.
   void presentWiFiPoweredOffAlert();
 
   // --- The list of networks (wifi/NetworkList.cpp)
 
-  // Posts the first scan to the global queue. Before the scan it has the main queue reload the
-  // table, after it show the list and install the pull-to-refresh control.
+  // Posts the first scan to the global queue. Before the scan, the main queue reloads the table.
+  // After the scan, the main queue shows the list and installs the pull-to-refresh control.
   void displayNetworkList();
-  // A pull: posts a rescan to the global queue, and after it has the main queue change the rows.
+  // Handles a pull: posts a rescan to the global queue. After the rescan, the main queue changes
+  // the rows.
   void refreshNetworkList(const ObjectRef& sender);
 
-  // On the scan's background thread, one after another.
+  // On the background thread of the scan, one after another.
   void dedupScanResultsToHighestRSSI();
   void updateFilteredNetworkListIfNeeded();
 
-  // Any thread. A nil network changes nothing. Callers sort afterwards.
+  // Any thread. A nil network changes nothing. The caller must sort afterwards.
   void sortWiFiScanResults();
   void removeNetworkFromFilteredNetworkList(const ScanResultRef& network);
   void addNetworkToFilteredNetworkList(const ScanResultRef& network);
 
-  // The table's rows, in batches.
+  // Change the rows of the table, in batches.
   void loadInitialNetworkList();
   void updateNetworkList();
   void deleteLostNetworks();
   void insertNewNetworks();
 
-  // --- The choice of a network (wifi/Selection.cpp)
+  // --- Selection of a network (wifi/Selection.cpp)
 
-  // `network` is one of the listed ones.
+  // `network` must be one of the listed networks.
   void updateSelectedNetwork(const ScanResultRef& network);
-  // Takes the name as it was typed. The one that is selected already changes nothing.
+  // Takes the name as typed. Does nothing if that name is already selected.
   void updateSelectedNetworkFromOtherWithSSID(const TextRef& ssid);
   void askForSSID();
   void textFieldAlertDidChange(const ObjectRef& sender);
 
-  // Rows of the table, in batches. There must be a table.
+  // Change the rows of the table, in batches. There must be a table.
   void reloadSelectedNetwork(bool shown);
   void deleteSelectedNetwork(std::int64_t row);
   void insertPreviousSelectedNetwork(const ScanResultRef& previous);
 
-  // --- Picker screen (ui/NetworkPicker.cpp). What is not there is left alone.
+  // --- Picker screen (ui/NetworkPicker.cpp). These operations ignore views that do not exist.
 
   void setupViewWithNetworkList(bool list);
   void setupRefreshControl();
@@ -295,9 +298,10 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
   bool shouldAutorotate() const override { return false; }
   unsigned supportedInterfaceOrientations() const override { return toolkit::kPortraitOnly; }
 
-  // --- What the picker's table shows (ui/PickerTable.cpp)
+  // --- Content of the picker table (ui/PickerTable.cpp)
 
-  // Rows of the networks' section: the listed ones, and one for a network that is not listed.
+  // Returns the number of rows of the networks section: the listed networks, and one row for a
+  // network that is not listed.
   std::int64_t networksOffset() const;
 
   std::int64_t numberOfSectionsInTableView(const toolkit::TableView& table) override;
@@ -307,7 +311,7 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
       toolkit::TableView& table, toolkit::IndexPath path) override;
   double tableViewHeightForHeaderInSection(const toolkit::TableView& table,
                                            std::int64_t section) override;
-  // Asking for the networks' header while a scan is on has its spinner turn.
+  // Starts the spinner of the networks header if a scan is running.
   std::shared_ptr<toolkit::View> tableViewViewForHeaderInSection(const toolkit::TableView& table,
                                                                  std::int64_t section) override;
   double tableViewHeightForFooterInSection(const toolkit::TableView& table,
@@ -320,8 +324,8 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
   void displayProgressScreen();
   void updateViewConstraints() override;
 
-  // Any thread: counts one more finished test here, then has the main queue move the
-  // bar, to the fraction that holds when its turn comes.
+  // Any thread. Counts one more finished test, then has the main queue move the bar to the fraction
+  // that is current when that work runs.
   void updateProgress();
 
  private:
@@ -334,7 +338,7 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
   void select(const TextRef& name, const ScanResultRef& listed);
   void setupTable();
 
-  NameOrder nameOrder_;  // of the names that scans brought; any thread
+  NameOrder nameOrder_;  // of the names that scans found; any thread
 };
 
 }  // namespace wifi_profile
