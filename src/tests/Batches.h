@@ -9,7 +9,7 @@
 
 namespace wifi_profile {
 
-// `NoScanResults` belongs to none of them: the list of networks runs it.
+// `NoScanResults` belongs to no batch: the list of networks runs it.
 inline constexpr std::array kDeviceConfigurationBatch{
     DiagnosticsTestID::CustomIPv4,
     DiagnosticsTestID::CustomIPv6,

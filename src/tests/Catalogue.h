@@ -1,4 +1,4 @@
-// The catalogue of the 41 tests: one row a test, and the order in which they are run.
+// The catalogue of the 41 tests: one row for each test.
 #pragma once
 
 #include <algorithm>
@@ -14,13 +14,14 @@ namespace wifi_profile {
 
 class WiFiProfileViewController;
 
-// Key of a network's name: of the host's parameter and of the finding.
+// The key of a network name, both in the parameters of the host and in the findings.
 inline constexpr std::string_view kNetworkName = "networkName";
 
-// What a test looks at, and with that whose findings it writes: the device's, or a network's.
+// What a test examines. This also determines which findings it writes: those of the device, or
+// those of a network.
 enum class TestSubject { device, network };
 
-// Whether a result's information is read at all, by its `didPass`.
+// Whether the information of a result is read, depending on its `didPass`.
 enum class Gate { none, onlyWhenPassed, onlyWhenNotPassed };
 
 // How the verdict is stored under the result key.
@@ -29,30 +30,30 @@ enum class VerdictForm {
   inverseInteger,  // 1 for a false verdict, 0 for a true one
 };
 
-// One value to copy out of a result's information.
+// One value to copy from the information of a result.
 struct InformationCopy {
   std::string_view infoKey;
   std::string_view outputKey;  // empty: the value is not stored in the findings
-  std::string_view logName;    // what the "not found" line calls it; empty: no line
+  std::string_view logName;    // the name in the "not found" line; empty: no line
 };
 
-// Turns the value found under an info key (nil: none) into the object to store; nil counts as not
-// found. Values of a kind that the handler cannot read count as not found, too: services send
-// nonsense, and a null placeholder is no record.
+// Converts the value of an info key (nil: the key is missing) to the object to store. Returns nil
+// for a value that counts as not found. A value of a type that the handler cannot read also counts
+// as not found: a service may send any value, and a null placeholder is not a record.
 using InformationHandler = ObjectRef (*)(WiFiProfileViewController& controller,
                                          const ObjectRef& value);
 
 // The handlers (tests/InformationHandlers.cpp).
 ObjectRef copyUnchanged(WiFiProfileViewController&, const ObjectRef& value);
-// A PreferredNetworkRecord as a dictionary of eight entries.
+// Returns a PreferredNetworkRecord as a dictionary of eight entries.
 ObjectRef summarisePreferredNetwork(WiFiProfileViewController&, const ObjectRef& value);
-// A PingResultRecord as a dictionary of eight entries.
+// Returns a PingResultRecord as a dictionary of eight entries.
 ObjectRef summarisePing(WiFiProfileViewController&, const ObjectRef& value);
-// The channel of a ChannelRecord as an integer number.
+// Returns the channel of a ChannelRecord as an integer number.
 ObjectRef readChannel(WiFiProfileViewController&, const ObjectRef& value);
-// The number of elements of an array as an unsigned number.
+// Returns the number of elements of an array as an unsigned number.
 ObjectRef countElements(WiFiProfileViewController&, const ObjectRef& value);
-// Makes the array the controller's `wifiScanResults`, also when there is none.
+// Stores the array in `wifiScanResults` of the controller, even if it is nil.
 ObjectRef keepScanResults(WiFiProfileViewController&, const ObjectRef& value);
 
 inline constexpr std::size_t kMostInformation = 5;
@@ -69,7 +70,7 @@ struct CatalogueTest {
 
   constexpr std::string_view member() const { return nameOf(id); }
 
-  // What is copied, in order; empty: the test's information is never looked at.
+  // Returns what is copied, in order. Empty: the information of the test is not read.
   constexpr std::span<const InformationCopy> information() const {
     const auto end = std::find_if(copies.begin(), copies.end(),
                                   [](const auto& copy) { return copy.infoKey.empty(); });
@@ -81,15 +82,15 @@ inline constexpr std::array<InformationCopy, kMostInformation> kSecurityCopy{
     {{"Security", "security", "Security"}}};
 inline constexpr std::array<InformationCopy, kMostInformation> kPHYModesCopy{
     {{"SupportedPHYModes", "supportedPHYModes", "SupportedPHYModes"}}};
-// The four recommended channels; a missing one is passed over in silence.
+// The four recommended channels. A missing one is not logged.
 inline constexpr std::array<InformationCopy, kMostInformation> kBandChannelCopies{
     {{"2GHzChannel", "2GHzChannel", ""},
      {"5GHzChannel", "5GHzChannel", ""},
      {"5GHz40MHzChannel", "5GHz40MHzChannel", ""},
      {"5GHzNonDFSChannel", "5GHzNonDFSChannel", ""}}};
 
-// In order of the identifiers. Odd letter cases, labels that differ from their member, log names
-// that are neither key, and gates that point different ways are all meant.
+// In order of the identifiers. These irregularities are intended: unusual letter case, labels that
+// differ from the member, log names that differ from both keys, and opposite gates.
 inline constexpr std::array<CatalogueTest, 41> kCatalogue{{
     {.id = DiagnosticsTestID::PingLAN,
      .subject = TestSubject::network,
@@ -301,7 +302,7 @@ inline constexpr std::array<CatalogueTest, 41> kCatalogue{{
      .resultKey = "doesPNLContainHiddenNetworks"},
 }};
 
-// The row of a test.
+// Returns the row of a test.
 constexpr const CatalogueTest& catalogueTest(DiagnosticsTestID id) {
   return *std::find_if(kCatalogue.begin(), kCatalogue.end(),
                        [id](const CatalogueTest& test) { return test.id == id; });

@@ -1,4 +1,4 @@
-// What every key of the record means, in two tables: the verdicts and the values.
+// The meaning of every key of the record, in two tables: the verdicts and the values.
 #include "tests/Findings.h"
 
 #include <algorithm>
@@ -18,8 +18,9 @@ constexpr Meaning problem(std::string_view sentence, std::string_view advice) {
   return {Mark::problem, sentence, advice};
 }
 
-// A row: the key, the question, what yes means, what no means. A sentence speaks for itself, so
-// that it can stand in a list, and ends with a full stop, before which a value may be put in.
+// A row: the key, the question, the meaning of yes, the meaning of no. A sentence must make sense
+// on its own, because it may be part of a list. It ends with a full stop; a value may be inserted
+// before the full stop.
 constexpr std::array<VerdictFinding, 41> kVerdicts{{
     {"pingedLAN", "Does the router answer?", good("The router answers."),
      problem("The router does not answer.",
@@ -204,15 +205,15 @@ constexpr std::array kValues{
         "What the device remembers of the network: SSID, security (a number: the "
         "list is in docs/CHECKS.md), isPasspoint, isEnabled (may be joined), isCaptive (has a "
         "sign-in page), isHidden, isMultiAP (several access points) and lastJoined.",
-        Absence::normal},  // a network need not be remembered
+        Absence::normal},  // the device need not remember the network
     ValueFinding{"supportedPHYModes", "radio modes", "",
                  "Radio modes (802.11a, b, g, n, ac and so on) that the network offers."},
     ValueFinding{"brellinModelName", "model", "", "Model of the Brellin base station.",
-                 Absence::normal},  // told in probe responses only
+                 Absence::normal},  // sent in probe responses only
     ValueFinding{"pingLANResult", "pings", "",
                  "What pings to the router measured: SSID (here the interface's name), count, "
                  "packetLoss (percent), min, max, avg and stddev (milliseconds), and timestamp.",
-                 Absence::normal},  // a router known as a neighbour only has no times
+                 Absence::normal},  // a router known only as a neighbour has no times
     ValueFinding{"pingWANResult", "pings", "",
                  "What pings to the internet measured: SSID (here the interface's name), count, "
                  "packetLoss (percent), min, max, avg and stddev (milliseconds), and timestamp."},
@@ -230,13 +231,13 @@ constexpr std::array kValues{
     ValueFinding{"adoptedCountryCode", "country", "",
                  "Country whose rules for channels and power the device follows. Usual is a code "
                  "of two letters.",
-                 Absence::normal},  // no country may be known
+                 Absence::normal},  // the country may be unknown
     ValueFinding{"RSSI", "RSSI", "dBm",
                  "Strength of the received signal, a negative number: nearer to 0 is stronger."},
     ValueFinding{"noise", "noise", "dBm",
                  "Strength of the background noise, a negative number: further from 0 is quieter. "
                  "What counts is how far the signal stands above it.",
-                 Absence::normal},  // many drivers do not give it
+                 Absence::normal},  // many drivers do not report it
     ValueFinding{"hiddenNetworkCount", "hidden networks", "",
                  "Number of networks nearby that do not tell their name."},
 };

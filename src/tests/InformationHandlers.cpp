@@ -19,7 +19,7 @@ ObjectRef summarisePreferredNetwork(WiFiProfileViewController& controller, const
       {"isCaptive", Number::withBool(record->isCaptive)},
       {"isHidden", Number::withBool(record->isHidden)},
       {"isMultiAP", Number::withBool(record->isMultiAP)},
-      // A network never joined has no date; the placeholder keeps the eight entries together.
+      // A network that was never joined has no date. The placeholder keeps all eight entries.
       {"lastJoined",
        stringOrNull(controller.timestampFormattedInISO8601(record->lastJoinedTimestamp))},
   });
@@ -29,14 +29,14 @@ ObjectRef summarisePing(WiFiProfileViewController& controller, const ObjectRef& 
   const auto record = as<PingResultRecord>(value);
   if (!record) return nullptr;
   return makeDictionary({
-      {"SSID", stringOrNull(record->interfaceName)},  // of all names, the interface's: meant
+      {"SSID", stringOrNull(record->interfaceName)},  // intended: SSID holds the interface name
       {"count", Number::withInteger(record->count)},
       {"packetLoss", numberOrNullForDouble(record->packetLoss)},
       {"min", Number::withDouble(record->min)},
       {"max", Number::withDouble(record->max)},
       {"avg", numberOrNullForDouble(record->avg)},
       {"stddev", numberOrNullForDouble(record->stddev)},
-      // A time stamp that no calendar holds has no text.
+      // A time stamp beyond the range of the calendar cannot be formatted.
       {"timestamp", stringOrNull(controller.timestampFormattedInISO8601(Date{record->timestamp}))},
   });
 }

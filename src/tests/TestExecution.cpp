@@ -1,4 +1,4 @@
-// How every test is run: one request, one result, its verdict and its information.
+// How a test runs: one request, one result, its verdict and its information.
 
 #include "controller/ErrorLog.h"
 #include "controller/WiFiProfileViewController.h"
@@ -17,7 +17,7 @@ bool passesGate(Gate gate, const DiagnosticsTestResult& result) {
   return result.didPass == (gate == Gate::onlyWhenPassed);
 }
 
-// `target()` is asked for the dictionary at every write.
+// Calls `target` before every write to get the dictionary.
 template <class Target>
 void runTest(WiFiProfileViewController& controller, const CatalogueTest& test,
              const DictionaryRef& configuration, Target target) {
