@@ -1,6 +1,6 @@
-// The network picker's screen: how it is built, and what the list, the selection and the radio's
-// power do to it. State: `navigationBar`, `navigationItem`, `tableView`, `refreshControl`, the two
-// header views, `blueCheck`, `spacer`, `scanFinished`, `refreshEnabled`.
+// The screen of the network picker: its construction, and how the list, the selection and the power
+// of the radio change it. State: `navigationBar`, `navigationItem`, `tableView`, `refreshControl`,
+// the two header views, `blueCheck`, `spacer`, `scanFinished`, `refreshEnabled`.
 
 #include "controller/WiFiProfileViewController.h"
 #include "platform/DeviceCapability.h"
@@ -99,7 +99,7 @@ void WiFiProfileViewController::removeNavigationBarButtons() {
   if (const auto item = navigationItem()) item->setRightBarButtonItem(nullptr);
 }
 
-// Called at fixed points of the list's updates; there is no cell to reload, and no focus to follow.
+// Called at fixed points of the list updates. There is no cell to reload and no focus to follow.
 void WiFiProfileViewController::reloadRefreshCell() {}
 void WiFiProfileViewController::scrollToLastFocusedItem() {}
 

@@ -1,6 +1,6 @@
-// What the network picker's table shows: section 0 holds the selected network, section 1 the listed
-// ones and a last row for one that is not in the list. It reads `filteredWiFiScanResults`,
-// `scanFinished`, `wifiPoweredOn` and the inputs' selected name.
+// The content of the table of the network picker. Section 0 contains the selected network. Section
+// 1 contains the listed networks and a last row for a network that is not listed. Reads
+// `filteredWiFiScanResults`, `scanFinished`, `wifiPoweredOn` and the selected name of the inputs.
 
 #include "ui/PickerTable.h"
 
@@ -14,7 +14,8 @@
 namespace wifi_profile {
 namespace {
 
-// Heights in points. An empty section's header takes no room, and a table takes 0 for no answer.
+// Heights in points. The header of an empty section has no height. A table takes 0 as no
+// answer, so the smallest positive number replaces it.
 constexpr double kHeaderHeight = 32.66;
 constexpr double kNoHeight = std::numeric_limits<double>::min();
 constexpr double kAboveSpinner = 12;
@@ -54,7 +55,7 @@ std::shared_ptr<toolkit::TableViewCell> WiFiProfileViewController::tableViewCell
     cell->userInteractionEnabled = false;
   } else if (path.section == kNetworksSection) {
     const NetworkListRef list = filteredWiFiScanResults();
-    TextRef title;  // of a row beyond a list that has just become shorter: none
+    TextRef title;  // nil for a row beyond a list that has just become shorter
     if (path.row < countOf(list)) title = networkAt(list, path.row)->ssidString();
     if (path.row == countOf(list)) title = makeText(localizedString("OTHER"));
     cell->textLabel().text = std::move(title);
@@ -79,7 +80,7 @@ std::shared_ptr<toolkit::View> WiFiProfileViewController::tableViewViewForHeader
     return selectedNetworkHeaderView();
   }
   if (section != kNetworksSection) return nullptr;
-  // A header that was scrolled away and comes back during a scan has to turn again.
+  // Restart the spinner if the header is scrolled away and back during a scan.
   if (wifiPoweredOn() && !scanFinished()) showSpinner();
   return networksGroupHeaderView();
 }
@@ -92,7 +93,7 @@ double WiFiProfileViewController::tableViewHeightForFooterInSection(
 void WiFiProfileViewController::tableViewDidSelectRowAtIndexPath(toolkit::TableView& table,
                                                                  toolkit::IndexPath path) {
   if (path.section == kNetworksSection) {
-    const NetworkListRef list = filteredWiFiScanResults();  // as it is before the choice changes it
+    const NetworkListRef list = filteredWiFiScanResults();  // before the selection changes it
     if (path.row < countOf(list)) {
       updateSelectedNetwork(networkAt(list, path.row));
       scrollToSelectedNetwork();

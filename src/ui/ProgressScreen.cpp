@@ -1,4 +1,4 @@
-// The progress screen: a message and a bar under it. State: `mainLabel`, `progressView`,
+// The progress screen: a message and a progress bar below it. State: `mainLabel`, `progressView`,
 // `progressScreenVisible`, `completedTests`, `totalTests`.
 
 #include "controller/WiFiProfileViewController.h"
@@ -58,7 +58,7 @@ void WiFiProfileViewController::updateViewConstraints() {
   const auto screen = view();
   const auto label = mainLabel();
   const auto bar = progressView();
-  // Added anew at every pass, on top of those that are there: duplicates do no harm.
+  // Added at every pass in addition to the existing ones: duplicates have no effect.
   screen->addConstraint({.first = label.get(),
                          .firstAttribute = LayoutAttribute::leading,
                          .second = screen.get(),

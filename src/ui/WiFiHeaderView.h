@@ -1,4 +1,4 @@
-// The header of a section of the network picker: a text, and next to it perhaps a spinner.
+// The header of a section of the network picker: a text and an optional spinner next to it.
 #pragma once
 
 #include <memory>
@@ -9,14 +9,14 @@
 
 namespace wifi_profile {
 
-// Stretches with its container's width. Main thread only.
+// Changes its width with that of its superview. Main thread only.
 class WiFiHeaderView final : public toolkit::View {
  public:
   static std::shared_ptr<WiFiHeaderView> initWithFrame(toolkit::Rect frame, const TextRef& text,
                                                        bool showSpinner);
 
   const std::shared_ptr<toolkit::Label>& headerText() const { return headerText_; }
-  // null when made without one.
+  // Null if it was created without a spinner.
   const std::shared_ptr<toolkit::Spinner>& spinner() const { return spinner_; }
 
   void layoutSubviews() override;

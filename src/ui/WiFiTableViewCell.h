@@ -8,7 +8,7 @@
 
 namespace wifi_profile {
 
-// Has a title and a detail label, whatever style is asked for.
+// Has a title and a detail label, regardless of the requested style.
 class WiFiTableViewCell final : public toolkit::TableViewCell {
  public:
   WiFiTableViewCell(toolkit::CellStyle /*style*/, std::string reuseIdentifier)
