@@ -1,4 +1,4 @@
-// Where in a vector an element stands, by the hash of its name.
+// An index of the positions of elements in a vector, by the hash of their names.
 #pragma once
 
 #include <algorithm>
@@ -10,17 +10,18 @@
 
 namespace wifi_profile {
 
-// An open-addressing table of positions, at most half full. It knows hashes and positions only; who
-// uses it says which position is meant. Hashes must be spread over all 64 bits. Not synchronised.
+// An open-addressing table of positions, at most half full. It stores only hashes and positions;
+// the caller decides which position matches. Hashes must be spread over all 64 bits. Not
+// synchronised.
 class HashIndex {
  public:
   using Position = std::uint32_t;
   static constexpr Position kNone = UINT32_MAX;
 
-  // With room for `count` positions; more may follow.
+  // Has room for `count` positions; more may be added.
   explicit HashIndex(std::size_t count = 0) { rebuild(count); }
 
-  // The position added under `hash` for which `isMeant(position)` holds, or kNone.
+  // Returns the position added under `hash` for which `isMeant(position)` is true, or kNone.
   template <class IsMeant>
   Position find(std::uint64_t hash, IsMeant isMeant) const {
     const std::uint32_t tag = tagOf(hash);
@@ -44,7 +45,7 @@ class HashIndex {
 
   void remove(std::uint64_t hash, Position position) {
     std::size_t gap = at(hash, position);
-    // Whoever was put off past the gap moves up into it.
+    // An entry that was displaced past the gap moves into it.
     for (std::size_t i = next(gap); slots_[i].position != kNone; i = next(i)) {
       const std::size_t wayToGap = (gap - home(slots_[i].tag)) & mask_;
       const std::size_t wayToHere = (i - home(slots_[i].tag)) & mask_;
@@ -64,7 +65,7 @@ class HashIndex {
 
   static constexpr std::size_t kFewestSlots = 8;
 
-  // The upper half of the hash. Its upper bits say where in the table the search begins.
+  // The upper half of the hash. Its upper bits select the slot where a search begins.
   static std::uint32_t tagOf(std::uint64_t hash) { return static_cast<std::uint32_t>(hash >> 32U); }
   std::size_t home(std::uint32_t tag) const { return tag >> shift_; }
   std::size_t next(std::size_t slot) const { return (slot + 1) & mask_; }
@@ -91,8 +92,8 @@ class HashIndex {
     }
   }
 
-  std::vector<Slot> slots_;  // their number is a power of two, at most 2^31
-  std::size_t mask_ = 0;     // their number less one
+  std::vector<Slot> slots_;  // the number of slots is a power of two, at most 2^31
+  std::size_t mask_ = 0;     // the number of slots minus one
   std::size_t count_ = 0;
   unsigned shift_ = 0;  // from a tag to a slot
 };

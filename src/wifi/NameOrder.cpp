@@ -9,7 +9,7 @@
 namespace wifi_profile {
 namespace {
 
-// Eight bytes as a number that has their order.
+// Reads eight bytes as a number; numbers compare as the bytes do.
 std::uint64_t numberAt(const char* bytes) {
   std::uint64_t number = 0;
   for (std::size_t i = 0; i < sizeof number; ++i) {
@@ -33,7 +33,7 @@ NameOrder::Number NameOrder::addName(const TextRef& name) {
 }
 
 void NameOrder::setKey(Entry& entry, std::string_view key) {
-  // Zeros follow a short key, which also makes its front.
+  // Zeros pad a short key, so that its front can be read.
   const std::size_t size = std::max(key.size(), sizeof entry.front);
   char* const bytes = static_cast<char*>(keys_->allocate(size, 1));
   std::fill(std::copy(key.begin(), key.end(), bytes), bytes + size, '\0');

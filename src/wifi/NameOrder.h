@@ -1,4 +1,4 @@
-// The order of network names, remembered from scan to scan.
+// The order of network names, cached from scan to scan.
 #pragma once
 
 #include <array>
@@ -15,10 +15,10 @@
 
 namespace wifi_profile {
 
-// Remembers names, their sort keys and their order: first by sort key, then by bytes. A name's key
-// is asked of the shared `NameCollator` once, while the name is remembered; that collator must stay
-// the same for the life of the order. Work on names is done in passes. Synchronised inside: passes
-// of several threads follow one another.
+// Caches names, their sort keys and their order: first by sort key, then by bytes. The shared
+// `NameCollator` computes the key of a name once, for as long as the name is cached; the collator
+// must stay the same for the lifetime of the order. Names are processed in passes. Synchronised by
+// an internal mutex: passes of several threads run one after another.
 class NameOrder {
  public:
   class Pass;
@@ -27,22 +27,22 @@ class NameOrder {
   NameOrder(const NameOrder&) = delete;
   NameOrder& operator=(const NameOrder&) = delete;
 
-  // At most this many times the names of the largest pass are remembered between two passes.
+  // Between two passes, the cache holds at most this multiple of the names of the largest pass.
   static constexpr std::size_t kRemembered = 3;
 
-  // How many names are remembered now. Any thread.
+  // Returns the number of cached names. Any thread.
   std::size_t count() const;
 
  private:
   using Number = HashIndex::Position;
   using KeyMemory = std::pmr::monotonic_buffer_resource;
 
-  // The first sixteen bytes of a sort key as two numbers that have their order.
+  // The first sixteen bytes of a sort key as two numbers that compare as the bytes do.
   using KeyFront = std::array<std::uint64_t, 2>;
 
   struct Entry {
     TextRef name;
-    std::uint64_t lastPass = 0;  // the latest that asked for the name
+    std::uint64_t lastPass = 0;  // the latest pass that requested the name
     KeyFront front{};            // of `key`
     std::string_view key;        // in `keys_`
   };
@@ -53,7 +53,7 @@ class NameOrder {
   void keepWithinBounds();
   void forgetAllBefore(std::uint64_t pass);
 
-  // Most keys differ in their fronts, and these are compared at once.
+  // Most keys differ in their fronts, which are fast to compare.
   static int compareKeys(const Entry& one, const Entry& other) {
     if (one.front[0] != other.front[0]) return one.front[0] < other.front[0] ? -1 : 1;
     if (one.front[1] != other.front[1]) return one.front[1] < other.front[1] ? -1 : 1;
@@ -68,27 +68,27 @@ class NameOrder {
   std::vector<Entry> entries_;  // by number
   HashIndex numbers_;           // by name
   std::unique_ptr<KeyMemory> keys_ = std::make_unique<KeyMemory>();
-  std::vector<Number> inOrder_;  // of the first entries; those that are still missing here are new
+  std::vector<Number> inOrder_;  // numbers of the first entries, sorted; later entries are new
   std::uint64_t pass_ = 0;
-  std::uint64_t latestScan_ = 0;  // the pass that was the latest scan
+  std::uint64_t latestScan_ = 0;  // the pass of the latest scan
   std::size_t largestPass_ = 0;   // names
 };
 
-// One walk over the names of a scan or of a list. It holds the order's lock for its life.
+// One pass over the names of a scan or of a list. Holds the mutex of the order for its lifetime.
 class NameOrder::Pass {
  public:
   using Number = NameOrder::Number;
 
-  // The names of the latest scan are the last to be forgotten.
+  // The names of the latest scan are removed last.
   enum class Of { scan, list };
 
   Pass(NameOrder& order, Of what);
   Pass(const Pass&) = delete;
   Pass& operator=(const Pass&) = delete;
-  ~Pass();  // forgets what is too much
+  ~Pass();  // removes the names beyond the limit
 
-  // The number of a name, which must not be nil: the same for equal names, and below `count`. It is
-  // valid in this pass only.
+  // Returns the number of a name, which must not be nil. Equal names have the same number, and it
+  // is less than `count`. The number is valid in this pass only.
   Number numberOf(const TextRef& name) {
     const Number known = order_.numbers_.find(name->hash(), [&](Number candidate) {
       const TextRef& text = order_.entries_[candidate].name;
@@ -102,11 +102,11 @@ class NameOrder::Pass {
   }
   std::size_t count() const { return order_.entries_.size(); }
 
-  // The numbers of all names in their order, also of names that nobody asked for in this pass.
-  // Valid until the next `numberOf`.
+  // Returns the numbers of all cached names in their order, including names that were not requested
+  // in this pass. Valid until the next `numberOf`.
   const std::vector<Number>& inOrder();
 
-  // Whether the sort key of a name is before that of another. Only after `inOrder`.
+  // Returns whether the sort key of `one` is less than that of `other`. Only after `inOrder`.
   bool hasSmallerKey(Number one, Number other) const {
     return order_.compareKeys(order_.entries_[one], order_.entries_[other]) < 0;
   }
@@ -114,7 +114,7 @@ class NameOrder::Pass {
  private:
   NameOrder& order_;
   const std::lock_guard<std::mutex> lock_;
-  std::size_t names_ = 0;  // that this pass asked for
+  std::size_t names_ = 0;  // requested in this pass
 };
 
 }  // namespace wifi_profile

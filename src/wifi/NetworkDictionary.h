@@ -12,38 +12,38 @@ namespace wifi_profile {
 
 using ScanResultRef = std::shared_ptr<const VqWiFiScanResult>;
 
-using NetworkList = std::vector<ScanResultRef>;  // no element is nil, none is without a name
+using NetworkList = std::vector<ScanResultRef>;             // no element is nil or without a name
 using NetworkListRef = std::shared_ptr<const NetworkList>;  // nil: no list yet
 
-// One network for each name; names are equal when their bytes are. A value: a copy is a dictionary
-// of its own, of the same networks. Reading is safe on any thread while nobody writes.
+// One network for each name. Names are equal if their bytes are equal. A value type: a copy is a
+// separate dictionary of the same networks. Any thread may read while no thread writes.
 class NetworkDictionary {
  public:
   NetworkDictionary() = default;
 
-  // `networks` must have names, and no two the same.
+  // Every network must have a name, and no two names may be equal.
   explicit NetworkDictionary(NetworkList networks);
 
-  // nil for a nil name or an unknown one.
+  // Returns nil for a nil name or an unknown one.
   ScanResultRef networkNamed(const TextRef& name) const;
   bool contains(const TextRef& name) const { return positionOf(name) != kNone; }
   std::size_t count() const { return networks_.size(); }
 
-  // Puts the network under its name, in place of the one that was there. It must not be nil or
-  // without a name.
+  // Adds the network, or replaces the one that has its name. The network must not be nil or without
+  // a name.
   void set(ScanResultRef network);
 
-  // Nothing happens for a nil name or an unknown one.
+  // Does nothing for a nil name or an unknown one.
   void remove(const TextRef& name);
 
-  // In the order of the list that the dictionary was made of, but for what was set and removed.
+  // In the order of the list passed to the constructor, except for networks set or removed since.
   const NetworkList& networks() const { return networks_; }
 
   using Position = HashIndex::Position;
   static constexpr Position kNone = HashIndex::kNone;
 
-  // Where in `networks` the network of this name is, or kNone. Who can guess it saves the search
-  // when the guess is right; a wrong guess, of any value, does no harm.
+  // Returns the position in `networks` of the network with this name, or kNone. A correct `guess`
+  // saves the search; a wrong guess, of any value, does no harm.
   Position positionOf(const TextRef& name, Position guess = kNone) const {
     if (!name) return kNone;
     return guess < networks_.size() && isAt(guess, *name) ? guess : search(*name);

@@ -2,9 +2,9 @@
 // `wifiScanResults`, `distinctNetworks`, `filteredNetworks`, `filteredWiFiScanResults`, their two
 // snapshots, `currentNetwork`.
 //
-// One list operation at a time: a refresh can be pulled only after the first list is shown, not
-// during another one, and the table allows no selection meanwhile. What two threads could touch all
-// the same is swapped whole.
+// One list operation runs at a time: the user can pull to refresh only after the first list is
+// shown and not during another operation, and the table allows no selection in the meantime. Values
+// that two threads could still access are replaced as a whole.
 
 #include <numeric>
 
@@ -20,7 +20,7 @@ using toolkit::RowAnimation;
 
 namespace {
 
-// A short computation, handed to the global queue while the main thread waits.
+// Runs a short computation on the global queue while the main thread waits.
 template <class Rows>
 std::vector<IndexPath> pathsOnGlobalQueue(const Rows& rows) {
   std::vector<IndexPath> paths;
@@ -39,7 +39,7 @@ void WiFiProfileViewController::displayNetworkList() {
     if (!theInputs->selectedNetworkName()) {
       theInputs->setSelectedNetworkName(joinedNameOf(self->wifiStatus()));
     }
-    // Before the scan, so that the table has the rows that are known without it.
+    // Reload before the scan, so that the table has the rows that are known without it.
     WorkQueues::shared()->postToMain([self] {
       if (const auto table = self->tableView()) table->reloadData();
       if (self->inputs()->selectedNetworkName()) self->enableRightBarButtonItem(true);
@@ -71,7 +71,7 @@ void WiFiProfileViewController::refreshNetworkList(const ObjectRef& /*sender*/) 
                                                           self->currentNetworkData());
     self->dedupScanResultsToHighestRSSI();
     self->takeSelectedNetworkOutAfterRefresh(hadSelection);
-    // The table keeps the rows of names that it has, in their order.
+    // The table keeps the rows of names that it already has, in their order.
     self->filteredWiFiScanResults.set(sortedByNameAfter(self->previousScanFilteredWiFiScanResults(),
                                                         self->filteredWiFiScanResults(),
                                                         self->nameOrder_));
@@ -85,7 +85,7 @@ void WiFiProfileViewController::takeSelectedNetworkOutAfterRefresh(bool hadSelec
   if (equalNames(theInputs->selectedNetworkName(), joinedName)) return;
   if (!hadSelection) {
     theInputs->setSelectedNetworkName(joinedName);
-    // Also where there is no name, unlike after the first scan.
+    // Enable it even if there is no name, unlike after the first scan.
     WorkQueues::shared()->postToMain([self = self()] { self->enableRightBarButtonItem(true); });
   }
   const NetworkDictionaryRef networks = distinctNetworks();
@@ -115,7 +115,7 @@ void WiFiProfileViewController::dedupScanResultsToHighestRSSI() {
   distinctNetworks.set(std::move(networks.distinct));
   filteredNetworks.set(std::move(networks.filtered));
   filteredWiFiScanResults.set(std::move(networks.listed));
-  // A scan without the joined network's access point leaves the one of an earlier scan.
+  // If a scan does not find the joined access point, keep that of an earlier scan.
   if (networks.current) currentNetwork.set(std::move(networks.current));
 }
 

@@ -1,4 +1,4 @@
-// The Wi-Fi manager and the radio's power. State: `manager`, `device`, `wifiPoweredOn`.
+// The Wi-Fi manager and the power of the radio. State: `manager`, `device`, `wifiPoweredOn`.
 
 #include "controller/ErrorLog.h"
 #include "controller/StatusCodes.h"
@@ -40,8 +40,8 @@ class DeviceListReleaser final {
 
 bool WiFiProfileViewController::setupWiFi() {
   bool found = false;
-  // Runs on this thread, the main one, so that it is this thread's run loop that the manager is
-  // scheduled on.
+  // The work runs on this thread, the main thread, so that the manager is scheduled on its run
+  // loop.
   WorkQueues::shared()->runOnGlobalAndWait([self = self(), &found] {
     if (DorvexContainsRadio() != 0) self->manager.set(WiFiManagerClientCreate(kClientType));
     const WiFiManagerClientRef client = self->manager();
@@ -53,7 +53,7 @@ bool WiFiProfileViewController::setupWiFi() {
     WiFiManagerClientScheduleWithRunLoop(client);
     WiFiManagerClientSetType(client, kClientType);
     const WiFiDeviceListRef devices = WiFiManagerClientCopyDevices(client);
-    const DeviceListReleaser releaser(devices);  // last of all, on both ways out
+    const DeviceListReleaser releaser(devices);  // releases the list last, on both paths
     if (!devices || WiFiDeviceListGetCount(devices) == 0) {
       logManagerError("[ERROR] - Couldn't find a Wi-Fi device.");
       releaseWiFiHandle(client);

@@ -12,7 +12,7 @@ using Elements = std::vector<ObjectRef>;
 
 constexpr std::uint32_t kNone = UINT32_MAX;
 
-// Which results stand for one name in the two dictionaries: positions in the scan's array.
+// The results chosen for one name in the two dictionaries, as positions in the array of the scan.
 struct Chosen {
   std::uint32_t distinct = kNone;
   std::uint32_t filtered = kNone;
@@ -30,7 +30,7 @@ void append(const Elements& elements, std::size_t position, NetworkList& list) {
   list.emplace_back(elements[position], &resultAt(elements, position));
 }
 
-// The class is final, so that comparing types, which is much cheaper than a cast, is enough.
+// The class is final, so comparing types is enough. It is much cheaper than a cast.
 bool isNamedResult(const ObjectRef& object) {
   if (!object) return false;
   const Object& value = *object;
@@ -38,13 +38,13 @@ bool isNamedResult(const ObjectRef& object) {
          static_cast<const VqWiFiScanResult&>(value).ssidString();
 }
 
-// The address of the joined access point, if any.
+// The address of the joined access point, if it is known.
 class JoinedAddress {
  public:
   explicit JoinedAddress(const TextRef& address)
       : isKnown_(address != nullptr), address_(address ? address->string() : std::string_view()) {}
 
-  // Addresses of one maker begin alike: they are compared from their ends.
+  // Compares from the end: addresses of one vendor begin with the same bytes.
   bool isThatOf(const VqWiFiScanResult& result) const {
     if (!isKnown_ || !result.bssid()) return false;
     const std::string& address = result.bssid()->string();
@@ -57,8 +57,8 @@ class JoinedAddress {
   std::string_view address_;
 };
 
-// Goes through the results once. Gives what was chosen for each name by the name's number, and in
-// `current` the position of the joined access point.
+// Goes through the results once. Returns the chosen results by name number. Sets `current` to the
+// position of the joined access point if it is found.
 std::vector<Chosen> choose(const Elements& elements, const VqWiFiStatus& status,
                            NameOrder::Pass& names, std::uint32_t& current) {
   const JoinedAddress joinedAddress(status.bssid);
@@ -89,12 +89,12 @@ struct Row {
 };
 using Rows = std::vector<Row>;
 
-// Stable. Whether the rows were in order already.
+// Stable. Returns whether the rows were already in order.
 bool sortByKey(Rows& rows, const NameOrder::Pass& names) {
   const auto isBefore = [&](const Row& one, const Row& other) {
     return names.hasSmallerKey(one.name, other.name);
   };
-  // Mostly, one network was put behind a list that is in order.
+  // Usually one network was appended to a sorted list.
   const auto rest = std::is_sorted_until(rows.begin(), rows.end(), isBefore);
   if (rest == rows.end()) return true;
   std::stable_sort(rest, rows.end(), isBefore);
@@ -102,22 +102,22 @@ bool sortByKey(Rows& rows, const NameOrder::Pass& names) {
   return false;
 }
 
-// Of rows sorted by key.
+// The rows must be sorted by key.
 bool hasEqualKeys(const Rows& rows, const NameOrder::Pass& names) {
   return std::adjacent_find(rows.begin(), rows.end(), [&](const Row& one, const Row& other) {
            return !names.hasSmallerKey(one.name, other.name);
          }) != rows.end();
 }
 
-// Sorts rows with equal keys by their places in `before`; those that it lacks come last. Whether
-// they were in order already.
+// Sorts rows with equal keys by their positions in `before`; rows that it lacks come last. Returns
+// whether the rows were already in order.
 bool takeOrderOf(const NetworkList& before, Rows& rows, NameOrder::Pass& names) {
   std::vector<NameNumber> namesBefore;
   namesBefore.reserve(before.size());
   for (const ScanResultRef& network : before) {
     namesBefore.push_back(names.numberOf(network->ssidString()));
   }
-  // The rows of a name, one after the other.
+  // The rows of each name as a linked list, in ascending order.
   std::vector<std::uint32_t> first(names.count(), kNone);
   std::vector<std::uint32_t> next(rows.size(), kNone);
   for (std::size_t i = rows.size(); i-- > 0;) {
@@ -154,7 +154,7 @@ Deduplicated deduplicated(const ArrayRef& results, const VqWiFiStatusRef& status
   static const Elements kNoElements;
   const Elements& elements = results ? results->elements() : kNoElements;
   NetworkList listed;
-  NetworkList others;  // that are in `distinct` in place of a listed one, or are not listed
+  NetworkList others;  // in `distinct` instead of a listed one, or not listed
   std::uint32_t current = kNone;
   {
     NameOrder::Pass names(order, NameOrder::Pass::Of::scan);
@@ -221,7 +221,7 @@ std::vector<std::int64_t> rowsMissingFrom(const NetworkListRef& list,
                                           const NetworkDictionaryRef& dictionary) {
   std::vector<std::int64_t> rows;
   if (!list) return rows;
-  // Both are in the same order, so that a network is mostly found next to the one before it.
+  // Both are in the same order, so a network is usually found directly after the previous one.
   NetworkDictionary::Position next = 0;
   for (const ScanResultRef& network : *list) {
     const auto position =

@@ -1,5 +1,5 @@
-// The choice of a network: from the list, or by a typed name. State: the inputs' selected name and
-// `previousSelectedNetworkName`.
+// Selection of a network: from the list, or by a typed name. State: the selected name of the inputs
+// and `previousSelectedNetworkName`.
 
 #include <algorithm>
 
@@ -19,7 +19,7 @@ namespace {
 
 constexpr IndexPath kSelectedRow{kSelectedSection, 0};
 
-// Nothing where the list does not hold this very result.
+// Empty if the list does not contain this object.
 std::optional<std::int64_t> indexIn(const NetworkListRef& list, const ScanResultRef& network) {
   if (!list) return std::nullopt;
   const auto found = std::find(list->begin(), list->end(), network);
@@ -27,8 +27,9 @@ std::optional<std::int64_t> indexIn(const NetworkListRef& list, const ScanResult
   return found - list->begin();
 }
 
-// Where a network stands that was put in and sorted: behind names that compare equal. A list that
-// had this very object before has it twice; next to each other, either row will do.
+// Returns the position of a network that was added and sorted: after names that compare equal. If
+// the list already had this object, it now has the object twice. The two are adjacent, and either
+// position is correct.
 std::optional<std::int64_t> indexOfAdded(const NetworkListRef& list, const ScanResultRef& network) {
   if (!list) return std::nullopt;
   const auto last = std::find(list->rbegin(), list->rend(), network);
@@ -66,7 +67,7 @@ void WiFiProfileViewController::select(const TextRef& name, const ScanResultRef&
   }
   table->endUpdates();
 
-  // In a batch of its own: its index is that of the list without the network just chosen.
+  // A separate batch: its index refers to the list without the network just selected.
   table->beginUpdates();
   const NetworkDictionaryRef networks = distinctNetworks();
   const auto previous = networks ? networks->networkNamed(previousSelectedNetworkName()) : nullptr;
@@ -96,7 +97,7 @@ void WiFiProfileViewController::deleteSelectedNetwork(std::int64_t row) {
 }
 
 void WiFiProfileViewController::insertPreviousSelectedNetwork(const ScanResultRef& previous) {
-  std::vector<IndexPath> paths;  // none if a scan has just replaced the list
+  std::vector<IndexPath> paths;  // empty if a scan has just replaced the list
   WorkQueues::shared()->runOnGlobalAndWait([&] {
     if (const auto row = indexOfAdded(filteredWiFiScanResults(), previous)) {
       paths.push_back({kNetworksSection, *row});
@@ -120,7 +121,7 @@ void WiFiProfileViewController::askForSSID() {
   field->placeholder = localizedString("OTHER_NETWORK_PLACEHOLDER");
   field->onEditingChanged = [self = self()] { self->textFieldAlertDidChange(nullptr); };
   alert->addTextField(field);
-  // The confirming action is the last one: `textFieldAlertDidChange` counts on it.
+  // The confirming action must be the last: `textFieldAlertDidChange` relies on it.
   alert->addAction(std::make_shared<toolkit::AlertAction>(localizedString("CANCEL"),
                                                           toolkit::ActionStyle::cancel, nullptr));
   alert->addAction(done);
