@@ -61,7 +61,8 @@ constexpr const char* kExplainExamples = R"(Examples:
       says what a finding means, and what to do about it
 )";
 
-// Leaves an option a few possible values, and refuses others in the program's own words.
+// Restricts an option to a few values, and refuses any other value with a message in the program's
+// own form.
 void allowOnly(CLI::Option* option, const std::vector<std::string>& values) {
   option->type_name(fmt::format("{}", fmt::join(values, "|")));
   option->check([values](const std::string& given) {
@@ -75,7 +76,7 @@ std::vector<std::string> languageNames() {
   return {known.begin(), known.end()};
 }
 
-// The texts that options are parsed into before they have a meaning.
+// Option values as given, before they are interpreted.
 struct RunTexts {
   std::string ui;
   std::string output;
@@ -184,14 +185,15 @@ Command parseCommandLine(std::vector<std::string> arguments) {
   explainCommand->add_option("KEY", explain.key, "Key to explain; without one, all are listed");
   explainCommand->footer(kExplainExamples);
 
-  // The parser takes the argument behind "--name=" for the value; an empty one has to stand alone.
+  // The parser takes the argument after "--name=" as the value, so an empty value must be an
+  // argument of its own.
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     const bool isEmptyValue = arguments[i].find('=') + 1 == arguments[i].size();
     if (!arguments[i].starts_with("--") || !isEmptyValue) continue;
     arguments[i].pop_back();
     arguments.emplace(arguments.begin() + static_cast<std::ptrdiff_t>(i) + 1);
   }
-  std::reverse(arguments.begin(), arguments.end());  // as the parser wants them
+  std::reverse(arguments.begin(), arguments.end());  // the parser expects reverse order
   try {
     app.parse(std::move(arguments));
   } catch (const CLI::CallForHelp&) {

@@ -1,4 +1,4 @@
-// The command line, taken apart.
+// Parses the command line.
 #pragma once
 
 #include <optional>
@@ -9,10 +9,10 @@
 namespace wifi_profile {
 
 enum class OutputForm { text, json };
-// Which screen is shown to a person.
+// The screen that is shown to the person.
 enum class Ui { none, terminal, window };
 
-// Options of `run`; nothing where one was not given.
+// Options of `run`. An optional is empty where the option was not given.
 struct RunOptions {
   std::optional<std::string> device;
   std::optional<std::string> parametersFile;
@@ -40,11 +40,11 @@ struct TestsOptions {
 };
 
 struct ExplainOptions {
-  std::optional<std::string> key;  // nothing: all of them
+  std::optional<std::string> key;  // empty: all keys
 };
 
-// Nothing to run: a text to print, and the status to exit with. The text goes to standard output
-// when the status is 0, else to standard error.
+// The result of a command line that runs no command: a text to print and the exit status. The text
+// goes to standard output if the status is 0, otherwise to standard error.
 struct EarlyExit {
   int status;
   std::string text;
@@ -52,7 +52,7 @@ struct EarlyExit {
 
 using Command = std::variant<RunOptions, ScanOptions, TestsOptions, ExplainOptions, EarlyExit>;
 
-// `arguments` without the program's name.
+// `arguments` does not include the program's name.
 Command parseCommandLine(std::vector<std::string> arguments);
 
 }  // namespace wifi_profile

@@ -1,4 +1,4 @@
-// What the program says beside its results, and where.
+// Messages of the program besides its results.
 #pragma once
 
 #include <string>
@@ -6,20 +6,20 @@
 
 namespace wifi_profile {
 
-// A problem that ends the program, and the status it ends with.
+// A problem that ends the program, and the exit status.
 struct Failure {
   int status;
   std::string message;
 };
 
-// Writes what went wrong to standard error, and returns the status.
+// Writes the message to standard error. Returns the status.
 int complain(const Failure& failure);
 
 bool environmentHas(const char* name);
-// A terminal that can be drawn on.
+// Returns true if the descriptor is a terminal that can be drawn on.
 bool isTerminal(int descriptor);
 
-// That a place cannot be written to, with the `errno` of that.
+// Returns a message that `place` cannot be written to. `error` is the `errno` of the failed write.
 std::string cannotBeWritten(std::string_view place, int error);
 
 }  // namespace wifi_profile

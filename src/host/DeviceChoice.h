@@ -1,4 +1,4 @@
-// The device of a run, as the command line names it.
+// Chooses the device of a run from the command line.
 #pragma once
 
 #include <functional>
@@ -10,15 +10,15 @@
 
 namespace wifi_profile {
 
-// Makes the device of a run; what it is given must outlive it.
+// Makes the device of a run. The arguments must outlive the device.
 using MakeDevice = std::function<RunDevice(Pace& pace, Trace& trace)>;
 
 struct ChosenDevice {
   MakeDevice make;
-  bool hasUser;  // a script says what the user does
+  bool hasUser;  // a script performs the user's actions
 };
 
-// Reads the scenario, or the settings and then looks for this machine's radio.
+// Reads the scenario or, for this machine, reads the settings and then looks for the radio.
 std::variant<ChosenDevice, Failure> chooseDevice(const RunOptions& options);
 
 }  // namespace wifi_profile

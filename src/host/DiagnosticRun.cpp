@@ -10,10 +10,10 @@
 namespace wifi_profile {
 namespace {
 
-// The queues belong to the host; what is installed only points at them.
+// The host owns the queues; the installed pointer does not.
 std::shared_ptr<WorkQueues> unowned(RunLoop& loop) { return {std::shared_ptr<void>(), &loop}; }
 
-// A section as it stands now.
+// Returns a copy of the section in its present state.
 ObjectRef copyOf(const ObjectRef& section) {
   const auto dictionary = as<Dictionary>(section);
   return dictionary ? makeDictionary(dictionary->entries()) : nullPlaceholder();
@@ -113,7 +113,7 @@ Ending DiagnosticRun::run() {
 }
 
 void DiagnosticRun::start() {
-  if (isOver()) return;  // interrupted before it began
+  if (isOver()) return;  // interrupted before the run began
   surroundings_.trace.event("host.setup", {});
   controller_->setupWithInputs(inputs_, nullptr);
   surroundings_.trace.event("host.start", {});
@@ -157,7 +157,8 @@ void DiagnosticRun::askForPower() {
 
 void DiagnosticRun::personDid(scenario::Action action) {
   script_.personDid(action);
-  surroundings_.loop.postToMain([] {});  // the script may have something to do now
+  surroundings_.loop.postToMain(
+      [] {});  // wakes the main thread: the script may have a step to perform
 }
 
 void DiagnosticRun::tearDown() {
@@ -167,7 +168,7 @@ void DiagnosticRun::tearDown() {
   }
   script_.end();
   surroundings_.trace.event("host.teardown", {});
-  device_.close();  // before the requests go on that the teardown cancels
+  device_.close();  // before the teardown's cancel lets pending requests continue
   controller_->teardown();
 }
 
@@ -177,7 +178,7 @@ bool DiagnosticRun::isOver() const {
 }
 
 void DiagnosticRun::interrupt() {
-  // A script's wait would keep the main thread from the teardown.
+  // Without this, a script's wait would delay the teardown on the main thread.
   interrupted_ = true;
   endEarly();
 }
@@ -186,7 +187,7 @@ void DiagnosticRun::endEarly() {
   surroundings_.loop.cutPauses();
   surroundings_.loop.postToMain([self = shared_from_this()] {
     if (!self->isOver()) self->tearDown();
-    self->surroundings_.loop.hurry();  // only now: the teardown cancels what is waiting
+    self->surroundings_.loop.hurry();  // after the teardown, which cancels requests that wait
   });
 }
 
@@ -203,8 +204,8 @@ void DiagnosticRun::whileServing(DiagnosticsTestID test) {
     surroundings_.loop.hurry();
     tearDown();
   });
-  // What the step posts (a power notification, say) and what that posts in turn (the host's
-  // teardown) come before the answer, too.
+  // The answer must come after the work that the step posts (such as a power notification) and
+  // after the work that this work posts (such as the host's teardown).
   for (int round = 0; round < 3; ++round) surroundings_.loop.waitForMain();
 }
 
@@ -216,7 +217,7 @@ std::optional<std::string> DiagnosticRun::perform(const scenario::Step& step) {
       return std::nullopt;
     case Action::wait:
       if (surroundings_.person) {
-        surroundings_.loop.postToGlobalAfter(step.time, [] {});  // the screen goes on meanwhile
+        surroundings_.loop.postToGlobalAfter(step.time, [] {});  // the screen stays responsive
       } else {
         surroundings_.loop.pause(step.time, interrupted_);
       }

@@ -1,4 +1,4 @@
-// One run of the diagnostic on a device, from set-up to the last drained work.
+// One run of the diagnostic on a device, from set-up until all queued work has been done.
 #pragma once
 
 #include <atomic>
@@ -24,39 +24,40 @@
 namespace wifi_profile {
 
 enum class Ending {
-  finished,     // the diagnostic said so; there is an outcome
-  tornDown,     // by the script or on the screen, before it finished
-  interrupted,  // by a signal, before it finished
+  finished,     // the diagnostic finished; there is an outcome
+  tornDown,     // ended by the script or on the screen, before it finished
+  interrupted,  // ended by a signal, before it finished
   stuck,        // the script cannot go on
 };
 
 // The device of a run.
 struct RunDevice {
   DeviceBackEnds backEnds;
-  // For a device on paper: its parts that a script works on, and the script.
+  // For a scenario's device: the parts that a script acts on, and the script.
   std::optional<scenario::ScenarioDevice> paper = std::nullopt;
   std::vector<scenario::Step> user = {};
-  // For a machine: the host tears the run down, and nothing more is to be found out.
+  // For this machine: called when the host tears the run down. Ends all measurements.
   std::function<void()> close = [] {};
-  std::string site = {};  // address of the page that it tries to reach; empty: not known
+  std::string site = {};  // address of the page that the device tries to reach; empty: unknown
 };
 
 // `pace` and `trace` must outlive the device.
 RunDevice onPaper(const scenario::Scenario& scenario, Pace& pace, Trace& trace);
 
-// What a run needs of its host.
+// What a run needs from the host.
 struct Surroundings {
   RunLoop& loop;
   TraceFile& trace;
   ProgressLine& line;
   std::shared_ptr<StringTable> texts;
   std::shared_ptr<NameCollator> collator;
-  // null: nothing is drawn, and the script's user does everything. `loop` must wait on its queue.
+  // null: no screen is drawn, and the script performs all actions of the user. Otherwise `loop`
+  // must wait on this screen's main queue.
   std::shared_ptr<PersonScreen> person = nullptr;
 };
 
-// Installs the back ends for as long as it lives, drives the run, and keeps its outcome as it stood
-// when the diagnostic first finished. One at a time in a process.
+// Installs the back ends for its lifetime, drives the run, and keeps the outcome as it was when the
+// diagnostic first finished. One instance at a time in a process.
 class DiagnosticRun final : public HxDiagnosticObserver,
                             public std::enable_shared_from_this<DiagnosticRun> {
  public:
@@ -64,19 +65,19 @@ class DiagnosticRun final : public HxDiagnosticObserver,
                 Surroundings surroundings);
   ~DiagnosticRun() override;
 
-  // Main thread, once. Returns when everything has been drained.
+  // Main thread, once. Returns when all queued work has been done.
   Ending run();
 
-  // Any thread: ends the run early, through the host's `teardown`, unless it has finished; what is
-  // left to do then waits for nothing.
+  // Any thread. Ends the run early, through the host's `teardown`, unless it has finished.
+  // Remaining work then no longer waits.
   void interrupt();
 
-  // Any thread, while there is a person: `label` of the test that is under way now; empty: the same
-  // as before.
+  // Any thread, only if there is a person's screen. `label` names the test that has begun; empty:
+  // the test has not changed.
   void showTests(std::string label);
   void personDid(scenario::Action action);
 
-  // After `run`: the outcome of a finished one, the reason of a stuck one.
+  // After `run`: the outcome of a finished run, and the reason why a run is stuck.
   const Outcome& outcome() const { return *outcome_; }
   std::string reason() const;
 
@@ -107,8 +108,8 @@ class DiagnosticRun final : public HxDiagnosticObserver,
   std::atomic<bool> interrupted_ = false;
   bool stuck_ = false;        // main thread only
   std::string runningTest_;   // main thread only
-  EmptyList shownEmptyList_;  // main thread only; as the person's screen was told
-  mutable std::mutex mutex_;  // guards what follows
+  EmptyList shownEmptyList_;  // main thread only; the last state passed to the screen
+  mutable std::mutex mutex_;  // guards the members below
   std::optional<Outcome> outcome_;
   bool tornDown_ = false;
 };

@@ -3,11 +3,11 @@
 
 namespace wifi_profile {
 
-// Figures from 64 on are those of sysexits.h, where it has one for the case.
+// Values from 64 to 78 are those of sysexits.h where it defines one for the case.
 inline constexpr int kExitDone = 0;
 inline constexpr int kExitUsage = 64;         // wrong command line, unacceptable parameters
 inline constexpr int kExitScenario = 65;      // unusable scenario, or a step that cannot be done
-inline constexpr int kExitNoDevice = 69;      // a device that is not there
+inline constexpr int kExitNoDevice = 69;      // no such device
 inline constexpr int kExitSystem = 71;        // no memory, descriptors or threads left
 inline constexpr int kExitOutput = 74;        // output that cannot be written
 inline constexpr int kExitTornDown = 75;      // torn down before the run finished

@@ -123,7 +123,7 @@ std::string lowerCased(std::string_view text) {
   return lower;
 }
 
-// Levenshtein: the least number of characters to put in, take out or change.
+// Returns the Levenshtein distance: the least number of insertions, deletions and substitutions.
 std::size_t editDistance(std::string_view one, std::string_view other) {
   std::vector<std::size_t> row(other.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
@@ -180,8 +180,8 @@ std::string allKeysText() {
 }
 
 std::vector<std::string> similarKeys(std::string_view key) {
-  constexpr std::size_t kShortestPart = 3;  // shorter parts are found in too many keys
-  constexpr std::size_t kLongestKey = 64;   // nothing longer looks like a key
+  constexpr std::size_t kShortestPart = 3;  // a shorter part matches too many keys
+  constexpr std::size_t kLongestKey = 64;   // no key is that long
   constexpr std::size_t kMost = 3;
   if (key.empty() || key.size() > kLongestKey) return {};
   const std::string sought = lowerCased(key);

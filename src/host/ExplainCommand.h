@@ -1,4 +1,4 @@
-// What is known of one key of the record.
+// Explains the keys of the record.
 #pragma once
 
 #include <optional>
@@ -10,21 +10,21 @@
 
 namespace wifi_profile {
 
-// For a verdict the question and what each answer means; for a value its name, unit and
-// explanation; for both, which tests write it into which sections, and when. Ends with a newline.
-// Nothing for a key that the record never holds; letter cases must match.
+// Explains one key. For a verdict: the question and the meaning of each answer. For a value: its
+// name, unit and explanation. For both: which tests write the key, into which sections, and when.
+// Ends with a newline. Empty if the record never holds `key`, which is case-sensitive.
 std::optional<std::string> explainText(std::string_view key);
 
-// The same of a test's verdict for a person who has the answer before them, with the values that
-// stand beside it: a paragraph a line, none broken to a width, the keys in the last one. Without
-// advice, and without a line feed at the end.
+// Explains a test's verdict, and the values that belong to it, to a person who already sees the
+// answer. One line per paragraph, not wrapped; the last paragraph lists the keys. Contains no
+// advice and does not end with a line feed.
 std::string verdictExplanation(const CatalogueTest& test);
 
-// Every key with its question or name, a line each. Ends with a newline.
+// Lists every key with its question or name, one per line. Ends with a newline.
 std::string allKeysText();
 
-// The known keys that look like `key`, the most alike first, a few at most; letter cases do not
-// count. `key` may be any bytes.
+// Returns up to 3 known keys that resemble `key`, the most similar first. Letter case is ignored.
+// `key` may be any bytes.
 std::vector<std::string> similarKeys(std::string_view key);
 
 }  // namespace wifi_profile

@@ -38,7 +38,7 @@ bool writeAll(std::FILE* out, std::string_view text) {
 
 namespace {
 
-// Bytes of a text from outside that a message quotes: enough to recognise it by.
+// Longest piece of untrusted text in a message, in bytes: enough to recognise the text.
 constexpr std::size_t kLongestPiece = 300;
 
 }  // namespace

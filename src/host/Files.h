@@ -1,4 +1,4 @@
-// Whole files in, whole texts out.
+// Reads and writes whole files.
 #pragma once
 
 #include <cstdio>
@@ -8,7 +8,7 @@
 
 namespace wifi_profile {
 
-// Why a file could not be read or used, ready to be shown.
+// Why a file could not be read or used, as a message.
 struct Problem {
   std::string message;
 };
@@ -16,13 +16,13 @@ struct Problem {
 // Largest file that is read, in bytes.
 inline constexpr std::size_t kLargestFile = std::size_t{16} << 20U;
 
-// The content of a file; "-" is standard input.
+// Returns the content of a file. The path "-" means standard input.
 std::variant<std::string, Problem> readFile(const std::string& path);
 
-// Writes everything and flushes. NO when that failed.
+// Writes the text and flushes. Returns false on failure.
 bool writeAll(std::FILE* out, std::string_view text);
 
-// "PLACE: found FOUND, expected EXPECTED"
+// Returns the problem "PLACE: found FOUND, expected EXPECTED".
 Problem unexpected(std::string_view place, std::string_view found, std::string_view expected);
 
 }  // namespace wifi_profile

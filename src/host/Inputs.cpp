@@ -12,12 +12,11 @@ namespace {
 
 constexpr std::uint64_t kUsualScanCacheAge = 60;  // seconds
 
-// Which key an option stands for.
 constexpr std::string_view kAgeOption = "--max-scan-cache-age";
 constexpr std::string_view kNameOption = "--network-name";
 constexpr std::string_view kPickOption = "--pick";
 
-// What is expected under a key; empty: what is there will do.
+// Returns what is expected under a key; empty: the present value is valid.
 std::string expectedUnder(const DictionaryRef& parameters, std::string_view key) {
   WiFiProfileInputs alone;
   Dictionary::Entries entries{{"maxScanCacheAge", Number::withUnsigned(0)},

@@ -1,4 +1,4 @@
-// The diagnostic's parameters, from the command line or a file.
+// Makes the diagnostic's inputs from the command line or a file.
 #pragma once
 
 #include <memory>
@@ -10,11 +10,11 @@
 
 namespace wifi_profile {
 
-// Validated inputs, or what is wrong with the parameters. "maxScanCacheAge" is 60 where nothing
-// else was asked for.
+// Returns validated inputs, or what is wrong with the parameters. "maxScanCacheAge" defaults to 60
+// s.
 std::variant<std::shared_ptr<WiFiProfileInputs>, Problem> inputsOf(const RunOptions& options);
 
-// Where a person asked for the list of networks, for messages.
+// Returns where the list of networks was requested (an option or a key of the file), for messages.
 std::string placeOfPick(const RunOptions& options);
 
 }  // namespace wifi_profile

@@ -1,4 +1,4 @@
-// What happened to each test of a run, for the report to people.
+// Records what happened to each test of a run, for the report.
 #pragma once
 
 #include <cstdint>
@@ -18,36 +18,36 @@ namespace wifi_profile {
 
 enum class Section { device, currentNetwork, selectedNetwork };
 
-// Key of a section in the record.
+// The section's key in the record.
 constexpr std::string_view keyOf(Section section) {
   return section == Section::device           ? "device"
          : section == Section::currentNetwork ? "currentNetwork"
                                               : "selectedNetwork";
 }
 
-// What the log says of a test, in order.
+// Log lines about a test, in order.
 struct TestLines {
   // The diagnostic's own lines, without the leading "[ERROR] - Wi-Fi Profile: ".
   std::vector<std::string> ofDiagnostic = {};
-  // The service's: why an answer is as it is.
+  // The service's lines: the reasons for an answer.
   std::vector<std::string> ofService = {};
 
   bool empty() const { return ofDiagnostic.empty() && ofService.empty(); }
 };
 
-// Follows a run by its events. A log line belongs to the test that its thread asked for last: the
-// list's scan may go on beside the run's tests. What comes after the order to end (the cancel of
-// all requests) does not count. Any thread.
+// Follows a run by its trace events. A log line belongs to the test that its thread requested last,
+// because the scan for the list may run in parallel with the run's tests. Events after the cancel
+// of all requests are ignored. Any thread.
 class Journal final : public Trace {
  public:
   void event(std::string_view name, const Fields& fields) override;
 
   TestLines linesOf(Section section, DiagnosticsTestID test) const;
 
-  // Tests that were requested for the section.
+  // Returns true if the test was requested for the section.
   bool wasRequested(Section section, DiagnosticsTestID test) const;
 
-  // Why the last status query before the first test of the device failed; empty: it did not.
+  // Why the last status query before the first test of the device failed; empty: it succeeded.
   std::string statusFailure() const;
 
  private:
@@ -56,9 +56,10 @@ class Journal final : public Trace {
   void noteStatus(const Fields& fields);
   void noteLine(const std::string& text);
 
-  mutable std::mutex mutex_;                     // guards what follows
-  std::map<std::thread::id, Test> underWay_;     // the last request of each thread
-  std::set<std::thread::id> statusQueryFailed_;  // threads of which that was the last event
+  mutable std::mutex mutex_;                  // guards the members below
+  std::map<std::thread::id, Test> underWay_;  // the last request of each thread
+  std::set<std::thread::id>
+      statusQueryFailed_;  // threads whose latest event was a failed status query
   std::map<Test, TestLines> lines_;
   bool testsBegan_ = false;
   std::string statusFailure_;

@@ -12,7 +12,7 @@
 namespace wifi_profile {
 namespace {
 
-// There may be no memory left: nothing here asks for any.
+// Does not allocate: memory may be exhausted.
 [[noreturn]] void sayAndEnd(const char* reason) {
   std::array<char, 512> sentence{};
   const int length = std::snprintf(

@@ -1,10 +1,10 @@
-// The end of a program that the system gives too little to go on.
+// Ends the program when the system is out of resources.
 #pragma once
 
 namespace wifi_profile {
 
-// From now on an exception that nothing handles, on any thread, ends the process with one sentence
-// on standard error and the status kExitSystem. At the program's start.
+// Installs a handler for unhandled exceptions on any thread: it writes one sentence to standard
+// error and ends the process with kExitSystem. Call at program start.
 void installLastResort();
 
 }  // namespace wifi_profile

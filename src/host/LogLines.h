@@ -1,4 +1,4 @@
-// The diagnostics log of the command line: errors, to standard error and into the trace.
+// The diagnostics log of the command line: writes errors to standard error and into the trace.
 #pragma once
 
 #include "host/ProgressLine.h"
@@ -7,7 +7,7 @@
 
 namespace wifi_profile {
 
-// Any thread. What it writes to must outlive it.
+// Any thread. `line` and `trace` must outlive it.
 class LogLines final : public DiagnosticLog {
  public:
   LogLines(ProgressLine& line, Trace& trace) : line_(line), trace_(trace) {}

@@ -1,4 +1,4 @@
-// What `--device` names.
+// Opens the device that `--device` names.
 #pragma once
 
 #include <memory>
@@ -12,16 +12,17 @@
 
 namespace wifi_profile {
 
-// Whether it is a scenario, not this machine.
+// Returns true if `device` is a scenario, false if it is this machine.
 bool isOnPaper(const std::optional<std::string>& device);
 
-// The file that a device on paper is read from; nothing for the others.
+// Returns the file that a scenario's device is read from; empty for the built-in scenario and for
+// this machine.
 std::optional<std::string> scenarioFileOf(const std::optional<std::string>& device);
 
-// A device on paper: "demo", or a file.
+// Reads a scenario's device. `device` is "demo" or a file.
 std::variant<scenario::Scenario, Failure> readScenarioDevice(const std::string& device);
 
-// This machine's radio.
+// Opens this machine's radio.
 std::variant<std::shared_ptr<const machine::Machine>, Failure> openMachine(
     const std::optional<std::string>& device);
 

@@ -13,7 +13,7 @@ std::variant<NetworksInRange, Failure> networksOfMachine(const ScanOptions& opti
   auto opened = openMachine(options.device);
   if (auto* failure = std::get_if<Failure>(&opened)) return std::move(*failure);
   const auto& machine = *std::get<std::shared_ptr<const machine::Machine>>(opened);
-  const machine::Cancellation nobody;  // an interrupt ends the program
+  const machine::Cancellation nobody;  // never cancelled: an interrupt ends the process
   const machine::Patience patience{machine::Clock::now() + machine::kScanLimit, nobody};
   auto list = machine.scan(std::chrono::seconds(options.maxScanCacheAge), patience);
   if (!list) return Failure{kExitNoDevice, list.why().sentence};

@@ -1,4 +1,4 @@
-// The networks that a device has in range.
+// Finds the networks in range of a device.
 #pragma once
 
 #include <optional>
@@ -11,13 +11,13 @@
 
 namespace wifi_profile {
 
-// What a table of networks is made from.
+// The data for a table of networks.
 struct NetworksInRange {
   checks::Scan scan;
-  std::optional<std::string> joinedBssid;  // nothing: not joined, or not known
+  std::optional<std::string> joinedBssid;  // empty: not joined, or unknown
 };
 
-// The scan of a scenario's world, or of this machine's radio.
+// Returns the scan of a scenario's world, or scans with this machine's radio.
 std::variant<NetworksInRange, Failure> networksInRange(const ScanOptions& options);
 
 }  // namespace wifi_profile

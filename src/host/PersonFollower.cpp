@@ -9,7 +9,7 @@
 namespace wifi_profile {
 namespace {
 
-// What a person has done, by the event that it gives rise to.
+// Maps a trace event to the action of the person that causes it.
 struct Deed {
   std::string_view event;
   std::string_view op;

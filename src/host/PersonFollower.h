@@ -1,4 +1,4 @@
-// Follows a run for the person who looks at it.
+// Follows a run's trace on behalf of the person's screen.
 #pragma once
 
 #include "host/DiagnosticRun.h"
@@ -6,8 +6,8 @@
 
 namespace wifi_profile {
 
-// Tells the run which test is under way, and what of a script a person has done in its stead. Any
-// thread. `run` must outlive the events.
+// Reports the current test to the run, and reports each action of the person that replaces a step
+// of the script. Any thread. `run` must outlive the events.
 class PersonFollower final : public Trace {
  public:
   explicit PersonFollower(DiagnosticRun& run) : run_(run) {}

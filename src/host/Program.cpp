@@ -47,8 +47,8 @@ int execute(const EarlyExit& exit) {
   return exit.status;
 }
 
-// Makes sure that the three standard descriptors are taken: a file that is opened later must not
-// become standard output by accident. Reading finds nothing there, and writing fails.
+// Opens /dev/null on each standard descriptor that is closed: a file that is opened later must not
+// become standard output. Reading from such a descriptor returns end of file, and writing fails.
 void occupyStandardDescriptors() {
   int descriptor = 0;
   do {
@@ -74,7 +74,7 @@ int endWith(int status) {
 int runProgram(int argc, char** argv, const Run& run) {
   occupyStandardDescriptors();
   installLastResort();
-  std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow shows as a failed write
+  std::signal(SIGXFSZ, SIG_IGN);  // exceeding the file size limit then shows as a failed write
   return endWith(std::visit(Execute{run}, parseCommandLine({argv + 1, argv + argc})));
 }
 

@@ -1,4 +1,4 @@
-// A program as a whole: command line in, exit status out.
+// The frame of every program: command line in, exit status out.
 #pragma once
 
 #include <functional>
@@ -7,15 +7,16 @@
 
 namespace wifi_profile {
 
-// Does `run`, and returns the exit status.
+// Performs the `run` command. Returns the exit status.
 using Run = std::function<int(const RunOptions&)>;
 
-// Returns `status`, for `main` to return; where a thread was left behind, ends the process with it
-// at once. Such a thread may still use what is destroyed when a program ends in the usual way. All
-// output must have been written.
+// Returns `status`, for `main` to return. If a thread was left behind, ends the process with
+// `status` immediately, because such a thread may still use objects that a normal exit destroys.
+// All output must have been written before the call.
 int endWith(int status);
 
-// The programs take the same command line, and differ in how they run.
+// Runs a program. All programs accept the same command line and differ only in `run`. Returns the
+// exit status.
 int runProgram(int argc, char** argv, const Run& run);
 
 }  // namespace wifi_profile

@@ -22,7 +22,8 @@ int columnsOf(std::FILE* terminal) {
   return known ? size.ws_col : kUsualColumns;
 }
 
-// One line that fits: on a narrow screen the bar is shorter, and what does not fit is cut off.
+// Returns the bar and activity on one line. On a narrow terminal the bar is shorter, and excess
+// text is cut off.
 std::string barLine(double fraction, const std::string& activity, int columns) {
   const int width = std::clamp(columns * 3 / 8, 5, kWidestBar);
   const auto filled = static_cast<int>(fraction * width);

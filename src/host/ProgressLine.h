@@ -1,4 +1,4 @@
-// What a person sees on standard error while a run goes on.
+// The progress that a run shows on standard error.
 #pragma once
 
 #include <cstdio>
@@ -8,25 +8,25 @@
 
 namespace wifi_profile {
 
-// One line that a bar is drawn on, over and over, with log lines above it. Where standard error is
-// no terminal, log lines only; where a screen has the terminal, they wait until it is gone. Nothing
-// that is shown can act on the terminal. Any thread.
+// A progress bar that is redrawn on one line, with log lines above it. If standard error is not a
+// terminal, it prints log lines only. If a screen uses the terminal, it keeps the log lines until
+// `clear`. Text is made safe for the terminal. Any thread.
 class ProgressLine {
  public:
   enum class Shows { linesAndBar, lines, linesAtTheEnd };
 
-  // `out` is not closed.
+  // Does not close `out`.
   ProgressLine(std::FILE* out, Shows shows) : out_(out), shows_(shows) {}
   ~ProgressLine() { clear(); }
   ProgressLine(const ProgressLine&) = delete;
   ProgressLine& operator=(const ProgressLine&) = delete;
 
-  // `fraction` from 0 on; above 1 shows as the full bar.
+  // Values of `fraction` outside 0 to 1 are clamped.
   void showProgress(double fraction);
-  // What is going on, in ASCII.
+  // The current activity, in ASCII.
   void showActivity(std::string_view what);
   void printLine(std::string_view text);
-  // Takes the bar away, and prints what has waited.
+  // Erases the bar and prints lines that were kept back.
   void clear();
 
  private:
