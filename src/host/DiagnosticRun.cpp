@@ -157,8 +157,7 @@ void DiagnosticRun::askForPower() {
 
 void DiagnosticRun::personDid(scenario::Action action) {
   script_.personDid(action);
-  surroundings_.loop.postToMain(
-      [] {});  // wakes the main thread: the script may have a step to perform
+  surroundings_.loop.postToMain([] {});  // wakes the main thread for the script's next step
 }
 
 void DiagnosticRun::tearDown() {

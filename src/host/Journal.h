@@ -56,10 +56,9 @@ class Journal final : public Trace {
   void noteStatus(const Fields& fields);
   void noteLine(const std::string& text);
 
-  mutable std::mutex mutex_;                  // guards the members below
-  std::map<std::thread::id, Test> underWay_;  // the last request of each thread
-  std::set<std::thread::id>
-      statusQueryFailed_;  // threads whose latest event was a failed status query
+  mutable std::mutex mutex_;                     // guards the members below
+  std::map<std::thread::id, Test> underWay_;     // the last request of each thread
+  std::set<std::thread::id> statusQueryFailed_;  // whose last event was a failed query
   std::map<Test, TestLines> lines_;
   bool testsBegan_ = false;
   std::string statusFailure_;

@@ -10,9 +10,9 @@
 namespace wifi_profile {
 namespace {
 
-constexpr std::size_t kFindingIndent = 4;  // columns before a finding's texts
+constexpr std::size_t kFindingIndent = 4;  // indent of a finding's text, in columns
 
-// How a line begins, and its colour (a terminal's SGR parameters; empty: none).
+// The sign that begins a line, and its colour (SGR parameters; empty: none).
 struct Sign {
   std::string_view sign;
   std::string_view color;
@@ -36,14 +36,14 @@ constexpr Sign signOf(ReportMark mark) {
   return {"·", ""};
 }
 
-// `text` must hold nothing that a terminal would act on.
+// `text` must not contain control characters.
 std::string painted(std::string_view text, std::string_view color, ReportStyle style) {
   if (!style.color || color.empty()) return std::string(text);
   return fmt::format("\x1b[{}m{}\x1b[0m", color, text);
 }
 
-// The sentence with its values before its full stop, where a line holds both; else the values stand
-// beneath it.
+// Returns the sentence with its values before the full stop if both fit on one line, otherwise with
+// the values below it.
 std::string sentenceLines(const ReportFinding& finding) {
   std::string sentence = wrapped(kTextWidth, kFindingIndent, finding.sentence) + '\n';
   if (finding.values.empty()) return sentence;
@@ -54,7 +54,8 @@ std::string sentenceLines(const ReportFinding& finding) {
   const std::string values = fmt::format("{}", fmt::join(finding.values, separator));
   const std::string inside = fmt::format("{} ({}){}", line, values, stops ? "." : "");
   if (kFindingIndent + characterCount(inside) <= kTextWidth) return inside + '\n';
-  // Reasons are sentences; a measured value stays in one piece where a line holds it.
+  // Reasons are sentences and may break anywhere. A measured value is not broken unless it is
+  // longer than a line.
   const bool isLong = std::ranges::any_of(finding.values, [](const std::string& value) {
     return kFindingIndent + characterCount(value) > kTextWidth;
   });

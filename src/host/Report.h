@@ -8,13 +8,13 @@
 namespace wifi_profile {
 
 struct ReportStyle {
-  bool color = false;  // with the terminal's colours; signs stand beside every colour
+  bool color = false;  // use the terminal's colours; a sign accompanies every colour
 };
 
-// The report: its summary, then its sections; in each, the findings with their values, marked good,
-// worth a look or a problem, with advice where there is something to do; what could not be found
-// out, and why. Explanations are left out. Ends with a newline. Its lines keep to a bearable width
-// where they can.
+// Returns the report as text: its summary, then its sections. Each section lists its findings with
+// their values, marked good, worth a look or a problem, with advice if there is something to do;
+// then what could not be determined, and why. Explanations are omitted. Lines are at most
+// `kTextWidth` columns wide where possible. Ends with a newline.
 std::string reportText(const Report& report, ReportStyle style);
 
 }  // namespace wifi_profile

@@ -23,7 +23,7 @@
 namespace wifi_profile {
 namespace {
 
-// The more urgent come first.
+// In order of urgency, the most urgent first.
 constexpr std::array kMarks{Mark::problem, Mark::look, Mark::plain, Mark::good};
 
 constexpr ReportMark reportMarkOf(Mark mark) {
@@ -54,11 +54,11 @@ constexpr std::array kEarlyEnds{
     EarlyEnd{kStatusNoWiFiDevice, "Wi-Fi could not be used: there is no Wi-Fi interface.",
              "The Wi-Fi interface went away",
              "Check that the Wi-Fi adapter is plugged in and its driver is loaded."},
-    // The radio may be on: another program can turn it on before the answer.
+    // The radio may be on: another program may have turned it on before the answer.
     EarlyEnd{kStatusPowerOnDeclined, "The question whether to turn Wi-Fi on was answered with No.",
              "The question whether to turn Wi-Fi on was answered with No",
              "Run the diagnostic again, and turn Wi-Fi on when it asks."},
-    // It may never have been on.
+    // Wi-Fi may have been off from the start.
     EarlyEnd{kStatusWiFiSwitchedOff, "Wi-Fi is off, so no network could be chosen.",
              "Wi-Fi was switched off while the tests ran",
              "Turn Wi-Fi on, leave it on, and run the diagnostic again."},
@@ -82,8 +82,8 @@ std::span<const DiagnosticsTestID> batchOf(Section section) {
   return kSelectedNetworkBatch;
 }
 
-// Every test that can write into the section: its batch in order, then the others. The scan of the
-// list of networks is no test of a run: it counts only where there was no run.
+// Returns every test that can write into the section: its batch in order, then the others. The scan
+// for the list of networks is not a test of a run, so it counts only if there was no run.
 std::vector<DiagnosticsTestID> testsOf(Section section, bool isRun) {
   const auto batch = batchOf(section);
   std::vector<DiagnosticsTestID> tests(batch.begin(), batch.end());
@@ -102,7 +102,8 @@ std::string withoutStop(std::string text) {
   return text;
 }
 
-// What comes after "... failed with error: "; any other line as it is. Without a full stop.
+// Returns the text after "... failed with error: ", or the whole line if it has no such text,
+// without a full stop.
 std::string reasonIn(std::string_view line) {
   constexpr std::string_view kFailed = " failed with error: ";
   const std::size_t at = line.find(kFailed);
@@ -110,14 +111,14 @@ std::string reasonIn(std::string_view line) {
   return withoutStop(shownText(line));
 }
 
-// A boolean number, or an integer (0: no). Nothing for any other value.
+// Returns the answer of a boolean or an integer (0: no); empty for any other value.
 std::optional<bool> answerOf(const ObjectRef& value) {
   const auto number = as<Number>(value);
   if (!number || number->isDouble()) return std::nullopt;
   return number->toDouble() != 0;
 }
 
-// The tests of the plan by section, in the order of the run.
+// Returns the sections of the plan, in the order of the run.
 std::vector<Section> sectionsOf(const RunPlan& plan) {
   std::vector<Section> sections{Section::device};
   if (plan.runCurrentNetwork) sections.push_back(Section::currentNetwork);
@@ -135,8 +136,8 @@ std::size_t countOf(std::span<const ReportSection> sections, ReportMark mark) {
   return count;
 }
 
-// "2 problems, 1 thing worth a look, 31 fine, 4 facts, 1 not known"; marks without findings are
-// left out.
+// Returns the counts as text: "2 problems, 1 thing worth a look, 31 fine, 4 facts, 1 not known".
+// Marks without findings are omitted.
 std::string countsText(std::span<const ReportSection> sections) {
   std::vector<std::string> parts;
   const auto add = [&](ReportMark mark, std::string_view one, std::string_view more) {
@@ -151,7 +152,8 @@ std::string countsText(std::span<const ReportSection> sections) {
   return fmt::format("{}", fmt::join(parts, ", "));
 }
 
-// Which network the run left out although it could be there; empty: none.
+// Returns which networks the run excluded because of their name, or that it tested none; empty:
+// neither.
 std::string leftOut(const std::optional<RunPlan>& plan) {
   if (!plan) return {};
   const bool current = isExcludedFromRuns(plan->currentName);
@@ -163,7 +165,7 @@ std::string leftOut(const std::optional<RunPlan>& plan) {
   return sectionsOf(*plan).size() == 1 ? "no network was tested" : "";
 }
 
-// Of a run that was not cut short.
+// Returns the summary of a run that did not end early.
 std::string summaryOf(std::span<const ReportSection> sections, const std::optional<RunPlan>& plan) {
   std::size_t answered = 0;
   for (const ReportMark mark :
@@ -184,7 +186,7 @@ std::string summaryOf(std::span<const ReportSection> sections, const std::option
                      countsText(sections), end);
 }
 
-// The sentence names the page that was to be reached, where that is known.
+// Inserts the address of the page into the sentence, if the address is known.
 std::string withSite(std::string_view sentence, const std::string& site) {
   constexpr std::string_view kService = "the Orvane service";
   std::string text(sentence);
@@ -193,7 +195,7 @@ std::string withSite(std::string_view sentence, const std::string& site) {
   return text;
 }
 
-// Reads one section out of the record and the journal.
+// Reads one section from the record and the journal.
 class SectionReader {
  public:
   SectionReader(const Outcome& outcome, const Journal& journal, Section section)
@@ -203,9 +205,10 @@ class SectionReader {
         tests_(testsOf(section, outcome.plan.has_value())) {}
 
   ReportSection read() const;
-  // Tests of the batch that have an answer, or a reason why they have none.
+  // Returns the number of tests of the batch that have an answer, or a reason for having none.
   std::size_t testsDone() const;
-  // The question of the test of the batch that was asked and is not done; empty: there is none.
+  // Returns the question of the batch's test that was requested and is not done; empty: there is no
+  // such test.
   std::string questionUnderWay() const;
 
  private:
@@ -237,7 +240,7 @@ ReportSection SectionReader::read() const {
   return read;
 }
 
-// The findings of one mark.
+// Adds the findings of one mark.
 void SectionReader::addAnswered(Mark mark, std::set<std::string_view>& shownKeys,
                                 ReportSection& read) const {
   for (const DiagnosticsTestID id : tests_) {
@@ -258,8 +261,8 @@ void SectionReader::addAnswered(Mark mark, std::set<std::string_view>& shownKeys
   }
 }
 
-// Why the answer is as it is, what was measured, and what is missing of that. What several tests
-// write stands with the first one added, which is the most urgent.
+// Returns the reasons for the answer, the measured values, and which values are missing. A value
+// that several tests write is shown with the first finding added, which is the most urgent.
 std::vector<std::string> SectionReader::valuesOf(const CatalogueTest& test,
                                                  std::set<std::string_view>& shownKeys) const {
   std::vector<std::string> values;
@@ -285,7 +288,8 @@ std::vector<std::string> SectionReader::valuesOf(const CatalogueTest& test,
   return values;
 }
 
-// What was asked and not answered. Tests with the same reasons are one finding.
+// Adds the tests that were requested and not answered. Tests with the same reasons form one
+// finding.
 void SectionReader::addUnknown(ReportSection& read) const {
   struct Group {
     std::vector<std::string> reasons;
@@ -297,7 +301,7 @@ void SectionReader::addUnknown(ReportSection& read) const {
     const CatalogueTest& test = catalogueTest(id);
     const ObjectRef verdict = valueOf(test.resultKey);
     if (answerOf(verdict) || (!verdict && !journal_.wasRequested(section_, id))) continue;
-    // Cut short: the end tells of it.
+    // The run ended during this test: the early end reports it.
     if (!isDone(id) && earlyEnd(outcome_.statusCode)) continue;
     std::vector<std::string> reasons = reasonsOf(test);
     auto group = std::ranges::find(groups, reasons, &Group::reasons);
@@ -359,7 +363,7 @@ bool SectionReader::isDone(DiagnosticsTestID id) const {
   return valueOf(catalogueTest(id).resultKey) || !journal_.linesOf(section_, id).empty();
 }
 
-// Whether one of the tests was answered, or asked at least.
+// Returns true if at least one of the tests was requested or answered.
 bool SectionReader::anyRun(std::span<const DiagnosticsTestID> tests) const {
   return std::any_of(tests.begin(), tests.end(), [this](DiagnosticsTestID id) {
     return valueOf(catalogueTest(id).resultKey) || journal_.wasRequested(section_, id);
@@ -377,7 +381,7 @@ std::string SectionReader::title() const {
     case Section::device:
       return "Device";
     case Section::currentNetwork:
-      // Before a run there is the list's scan alone.
+      // Without a run, the section holds only the list's scan.
       if (!outcome_.plan) return "Networks in range";
       return titled("Current network", plan.currentName);
     case Section::selectedNetwork:
@@ -386,7 +390,7 @@ std::string SectionReader::title() const {
   return titled("Selected network", plan.selectedName);
 }
 
-// Why the section's batch did not run, in a sentence.
+// Returns why the section's batch did not run, as a sentence.
 std::string SectionReader::whyNotRun() const {
   constexpr std::string_view kExcluded =
       "Left alone: a name that ends with _nomap asks not to be surveyed.";
@@ -409,7 +413,7 @@ std::string SectionReader::whyNotRun() const {
   return "Its tests were not run.";
 }
 
-// Ends the document of a run that was cut short.
+// Adds the early end and the summary to the report of a run that was cut short.
 void tellEarlyEnd(const EarlyEnd& end, const Outcome& outcome, const Journal& journal,
                   Report& report) {
   ReportFinding& told = report.earlyEnd.emplace();

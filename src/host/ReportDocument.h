@@ -1,4 +1,4 @@
-// What a finished run found, as the document that every screen shows and the text report prints.
+// Makes the report document of a finished run, which every screen shows and the text report prints.
 #pragma once
 
 #include <cstdint>
@@ -15,15 +15,16 @@ namespace wifi_profile {
 // A finished run.
 struct Outcome {
   std::int64_t statusCode = 0;
-  DictionaryRef data;           // the three sections, no longer changing; nil: all are empty
-  std::optional<RunPlan> plan;  // empty: it ended before its tests
-  std::string site;             // address of the page that was to be reached; empty: not known
+  DictionaryRef data;           // the three sections, which no longer change; nil: all are empty
+  std::optional<RunPlan> plan;  // empty: the run ended before its tests
+  std::string site;             // address of the page that was to be reached; empty: unknown
 };
 
-// The sections device, current network, selected network, in this order; those of a run that ended
-// early only where they hold something. In each, every test once: the findings as sentences with
-// their values, and what could not be found out, with why; tests that have the same reason stand
-// together. Whatever kinds of values the record holds, there is a document. Any thread.
+// Returns the report. Its sections are device, current network and selected network, in this order;
+// for a run that ended early, only those with content. Each section holds every test once: first
+// the findings as sentences with their values, then the tests without an answer, with the reason.
+// Tests that have the same reasons are combined. Accepts values of any kind in the record. Any
+// thread.
 Report reportOf(const Outcome& outcome, const Journal& journal);
 
 }  // namespace wifi_profile

@@ -27,7 +27,7 @@
 namespace wifi_profile {
 namespace {
 
-// The name of the environment's locale for `category`, such as "LC_COLLATE".
+// Returns the name of the environment's locale for `category`, such as "LC_COLLATE".
 std::string_view localeFor(const char* category) {
   for (const char* const name : {"LC_ALL", category, "LANG"}) {
     if (environmentHas(name)) return std::getenv(name);
@@ -40,7 +40,7 @@ std::string_view languageFor(const RunOptions& options) {
   return BuiltInStringTable::languageOfLocale(localeFor("LC_MESSAGES")).value_or("en");
 }
 
-// What standard error shows beside a screen.
+// Returns what standard error shows besides the screen.
 ProgressLine::Shows showsBeside(Ui ui) {
   if (!isTerminal(STDERR_FILENO)) return ProgressLine::Shows::lines;
   return ui == Ui::terminal ? ProgressLine::Shows::linesAtTheEnd : ProgressLine::Shows::linesAndBar;
@@ -58,7 +58,7 @@ std::string recordText(const RunOptions& options, const Outcome& outcome, const 
          "\n";
 }
 
-// Follows the run on standard error.
+// Shows the run's progress on standard error.
 class Activity final : public Trace {
  public:
   explicit Activity(ProgressLine& line) : line_(line) {}
@@ -74,7 +74,7 @@ class Activity final : public Trace {
   ProgressLine& line_;
 };
 
-// Prints what the run came to, and returns the exit status.
+// Prints the run's result, and returns the exit status.
 int conclude(const DiagnosticRun& run, Ending ending, const RunOptions& options,
              const Journal& journal) {
   switch (ending) {
@@ -91,16 +91,17 @@ int conclude(const DiagnosticRun& run, Ending ending, const RunOptions& options,
   return static_cast<int>(std::abs(run.outcome().statusCode));
 }
 
-// What interrupts do to a run, from its preparation on. The first one ends what goes on; without
-// anything to end, and the second time, the process ends at once.
+// Handles interrupts during a run, from its preparation on. The first interrupt ends the current
+// activity. If there is no activity to end, or at the second interrupt, the process exits
+// immediately.
 class RunInterrupts {
  public:
-  // While the lock is held, an interrupt waits.
+  // Returns a lock. While it is held, an interrupt waits.
   std::unique_lock<std::mutex> hold() { return std::unique_lock(mutex_); }
-  // The screen to put right when the process ends at once. Under the lock.
+  // Sets the screen to abandon when the process exits immediately. Hold the lock.
   void setScreen(std::shared_ptr<PersonScreen> person) { person_ = std::move(person); }
 
-  // While it lives, the first interrupt calls `end`, on a thread of its own.
+  // During its lifetime, the first interrupt calls `end`, on a separate thread.
   class Scope {
    public:
     Scope(RunInterrupts& interrupts, std::function<void()> end) : interrupts_(interrupts) {
@@ -128,13 +129,13 @@ class RunInterrupts {
     std::exchange(end_, nullptr)();
   }
 
-  std::mutex mutex_;  // guards what follows
+  std::mutex mutex_;  // guards the members below
   std::shared_ptr<PersonScreen> person_;
   std::function<void()> end_;
-  const Interrupts interrupts_{[this] { interrupted(); }};  // last: its thread uses the others
+  const Interrupts interrupts_{[this] { interrupted(); }};  // last: its thread uses the above
 };
 
-// Shows a report until the person has read it.
+// Shows a report until the person closes it.
 void showReport(PersonScreen& person, Report report) {
   person.showReport(std::move(report));
   const auto queue = person.mainQueue();
@@ -186,9 +187,9 @@ int runCommand(const RunOptions& options, Ui drawn, const MakeScreen& makeScreen
   RunInterrupts interrupts;
   auto prepared = prepareRun(options);
   const auto* failure = std::get_if<Failure>(&prepared);
-  // On a terminal a message is seen where it is written, and nothing is drawn for it.
+  // In a terminal, the message on standard error is visible; no screen is drawn for it.
   if (failure && ui != Ui::window) return complain(*failure);
-  std::signal(SIGPIPE, SIG_IGN);  // a reader that has gone shows as a failed write
+  std::signal(SIGPIPE, SIG_IGN);  // a closed reader then shows as a failed write
   const ScopedInstall<StringTable> texts(
       std::make_shared<BuiltInStringTable>(languageFor(options)));
   std::shared_ptr<PersonScreen> person;

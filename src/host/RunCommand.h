@@ -1,4 +1,4 @@
-// `wifi-profile run`.
+// The command `wifi-profile run`.
 #pragma once
 
 #include <functional>
@@ -11,12 +11,11 @@
 
 namespace wifi_profile {
 
-// Makes the screen that is drawn for a person, or says why there is none: "found ..., expected
-// ...".
+// Makes the person's screen, or returns why it cannot: "found ..., expected ...".
 using MakeScreen = std::function<std::variant<std::shared_ptr<PersonScreen>, std::string>()>;
 
-// Runs the diagnostic once and prints its record. `drawn` is the screen that `makeScreen` makes,
-// and the only one there is besides none. Returns the exit status.
+// Runs the diagnostic once and prints its record. `drawn` is the kind of screen that `makeScreen`
+// makes; besides it, only Ui::none is accepted. Returns the exit status.
 int runCommand(const RunOptions& options, Ui drawn, const MakeScreen& makeScreen);
 
 }  // namespace wifi_profile

@@ -1,4 +1,4 @@
-// `wifi-profile-run`: runs with the screen in a terminal, or with none.
+// `wifi-profile-run`: the `run` command with a screen in the terminal, or without a screen.
 
 #include "host/Console.h"
 #include "host/Program.h"

@@ -17,9 +17,10 @@ namespace {
 
 Failure usage(const Problem& problem) { return {kExitUsage, problem.message}; }
 
-// Whether a file is an input of the run. What is no file proper, a terminal say, can be both.
+// Returns true if `file` is an input of the run. Only regular files count: a terminal, for example,
+// can be both input and output.
 bool readsFrom(const RunOptions& options, const std::string& file) {
-  std::error_code missing;  // of a file that is not there: then it is not the same, either
+  std::error_code missing;  // a missing file is not an input
   if (!std::filesystem::is_regular_file(file, missing)) return false;
   const auto isFile = [&](const std::optional<std::string>& input) {
     return input && std::filesystem::equivalent(*input, file, missing);
@@ -27,7 +28,8 @@ bool readsFrom(const RunOptions& options, const std::string& file) {
   return (isFile(scenarioFileOf(options.device))) || isFile(options.parametersFile);
 }
 
-// Whether the descriptor is what standard output is, where the two would mix: in a file or a pipe.
+// Returns true if the descriptor and standard output are the same file or pipe, where the two
+// outputs would mix.
 bool isStandardOutput(int descriptor) {
   struct stat file {};
   struct stat output {};
@@ -35,7 +37,7 @@ bool isStandardOutput(int descriptor) {
          !S_ISCHR(file.st_mode) && file.st_dev == output.st_dev && file.st_ino == output.st_ino;
 }
 
-// A new file is for its owner only: a trace has names and addresses in it.
+// A new file is readable and writable by its owner only: a trace contains names and addresses.
 std::variant<TraceFile::File, Failure> openTrace(const std::string& path) {
   const auto failed = [&path] { return Failure{kExitOutput, cannotBeWritten(path, errno)}; };
   const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
@@ -57,7 +59,7 @@ std::variant<TraceFile::File, Failure> openTrace(const std::string& path) {
 
 Ui uiOf(const RunOptions& options) {
   if (options.ui) return *options.ui;
-  // In virtual time there is no time for a person.
+  // A person cannot act in virtual time.
   const bool onTerminal = isTerminal(STDIN_FILENO) && isTerminal(STDOUT_FILENO);
   return onTerminal && !options.virtualTime ? Ui::terminal : Ui::none;
 }

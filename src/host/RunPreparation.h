@@ -1,4 +1,4 @@
-// What a run needs before it can begin, from the command line.
+// Prepares a run from the command line.
 #pragma once
 
 #include <memory>
@@ -14,13 +14,14 @@ namespace wifi_profile {
 struct PreparedRun {
   std::shared_ptr<WiFiProfileInputs> inputs;
   MakeDevice makeDevice;
-  TraceFile::File traceFile;  // null: none was asked for
+  TraceFile::File traceFile;  // null: not requested
 };
 
-// Reads parameters and device, and opens the trace; the first thing that is wrong is the failure.
+// Reads the parameters, chooses the device and opens the trace. Returns the first failure.
 std::variant<PreparedRun, Failure> prepareRun(const RunOptions& options);
 
-// The screen that was asked for. By itself: the terminal, where a person is at one.
+// Returns the requested screen. Without a request: the terminal if standard input and output are a
+// terminal and time is real, otherwise none.
 Ui uiOf(const RunOptions& options);
 
 }  // namespace wifi_profile

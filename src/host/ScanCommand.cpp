@@ -25,7 +25,7 @@ namespace {
 
 constexpr const char* kPlain = "\033[0m";
 
-// A signal that carries video calls, one that carries pages, and one that does not carry far.
+// Green: strong enough for video calls. Yellow: enough for web pages. Red: weak.
 std::string_view colorOf(int signal) {
   constexpr int kStrong = -60;
   constexpr int kWeak = -75;
@@ -42,7 +42,7 @@ std::string nameText(const checks::AccessPoint& accessPoint) {
   return accessPoint.ssid ? safeText(*accessPoint.ssid) : "(hidden)";
 }
 
-// The columns but for the name, which comes last: nobody knows how wide it is.
+// The columns without the name, which is last because its width is unknown.
 constexpr std::size_t kColumns = 7;
 using Cells = std::array<std::string, kColumns>;
 
@@ -65,7 +65,7 @@ ObjectRef textOrNull(std::string_view text) {
   return text.empty() ? nullPlaceholder() : ObjectRef(makeText(text));
 }
 
-// In Mbit/s.
+// Returns the rates in Mbit/s. `halves` are multiples of 0.5 Mbit/s.
 ObjectRef ratesOrNull(const std::vector<int>& halves) {
   if (halves.empty()) return nullPlaceholder();
   std::vector<ObjectRef> rates;
@@ -122,7 +122,7 @@ std::string scanText(const NetworksInRange& networks, const ScanStyle& style) {
     text += row && row->joined ? "* " : "  ";
     for (std::size_t i = 0; i < kColumns; ++i) {
       if (i == 0 && colored) text += colorOf(*row->accessPoint->signal);
-      // Numbers stand under each other's last digit.
+      // Right-align numbers.
       const bool right = i == 0 || i == 2 || i == 3 || (i == 6 && !style.all);
       text += right ? fmt::format("{:>{}}", table[line][i], widths[i])
                     : fmt::format("{:<{}}", table[line][i], widths[i]);

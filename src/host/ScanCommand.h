@@ -1,4 +1,4 @@
-// The networks in range, as a table or for programs.
+// The command `wifi-profile scan`: the networks in range, as a table or as JSON.
 #pragma once
 
 #include <string>
@@ -9,17 +9,17 @@
 namespace wifi_profile {
 
 struct ScanStyle {
-  bool all = false;    // every access point, not only the strongest of a name
+  bool all = false;    // every access point, not only the strongest of each name
   bool color = false;  // with ANSI sequences
 };
 
-// Strongest first. Access points that never told their name are rows of their own.
+// Returns the table, strongest first. Each access point with a hidden name has a row of its own.
 std::string scanText(const NetworksInRange& networks, const ScanStyle& style);
 
-// A JSON array on one line, of the same rows in the same order.
+// Returns the same rows in the same order, as a JSON array on one line.
 std::string scanJson(const NetworksInRange& networks, bool all);
 
-// Scans, prints and returns the exit status.
+// Scans and prints. Returns the exit status.
 int scanCommand(const ScanOptions& options);
 
 }  // namespace wifi_profile

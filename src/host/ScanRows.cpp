@@ -11,7 +11,7 @@ namespace {
 using ieee80211::Band;
 using ieee80211::Width;
 
-// Weakest where it is not known.
+// An unknown signal sorts as the weakest.
 int signalOf(const checks::AccessPoint& accessPoint) {
   return accessPoint.signal.value_or(std::numeric_limits<int>::min());
 }
@@ -39,7 +39,7 @@ std::vector<ScanRow> scanRows(const checks::Scan& scan,
     if (row.accessPoint->ssid) ++count[*row.accessPoint->ssid];
   }
   std::vector<ScanRow> shown;
-  shown.reserve(rows.size());  // what `strongest` points at stays
+  shown.reserve(rows.size());  // keeps the pointers in `strongest` valid
   for (const ScanRow& row : rows) {
     const auto& name = row.accessPoint->ssid;
     if (name && !all && strongest.contains(*name)) {

@@ -1,4 +1,4 @@
-// Which access points a list of networks shows.
+// Selects the access points that a list of networks shows.
 #pragma once
 
 #include <cstddef>
@@ -13,23 +13,24 @@ namespace wifi_profile {
 
 struct ScanRow {
   const checks::AccessPoint* accessPoint;
-  std::size_t accessPoints = 1;  // that have its name
-  bool joined = false;           // the radio is, to one of them
+  std::size_t accessPoints = 1;  // with the same name
+  bool joined = false;           // the radio is joined to one of them
 };
 
-// The strongest of each name, or all; strongest first, then by name and BSSID. Those without a name
-// each stand for themselves. Looks into the scan, which must outlive the rows.
+// Returns the strongest access point of each name, or all access points; strongest first, then by
+// name and BSSID. Each access point without a name has its own row. The rows point into `scan`,
+// which must outlive them.
 std::vector<ScanRow> scanRows(const checks::Scan& scan,
                               const std::optional<std::string>& joinedBssid, bool all);
 
-// Such as "2.4 GHz"; empty: not known.
+// Returns the band, such as "2.4 GHz"; empty: unknown.
 std::string_view bandText(const checks::AccessPoint& accessPoint);
-// Of the primary channel, in MHz; 0: not known.
+// Returns the frequency of the primary channel, in MHz; 0: unknown.
 int frequencyOf(const checks::AccessPoint& accessPoint);
-// MHz; 0: not known.
+// Returns the channel width in MHz; 0: unknown.
 int widthOf(const checks::AccessPoint& accessPoint);
-// The generation's number ("7", "6E", "6", "5", "4"), before there were numbers the letter ("g",
-// "a", "b"); empty: not known.
+// Returns the generation's number ("7", "6E", "6", "5", "4") or, for older standards, the letter
+// ("g", "a", "b"); empty: unknown.
 std::string_view generationOf(const checks::AccessPoint& accessPoint);
 
 }  // namespace wifi_profile

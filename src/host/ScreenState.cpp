@@ -18,7 +18,7 @@ ObjectRef nextButton(const std::shared_ptr<toolkit::NavigationItem>& item) {
   return makeText(item->rightBarButtonItem()->isEnabled() ? "enabled" : "disabled");
 }
 
-// The titles that the table shows; none once it is off the screen.
+// Returns the titles of the table's rows; an empty list while the table is off the screen.
 ObjectRef titles(const std::shared_ptr<toolkit::TableView>& table, std::int64_t section) {
   if (!table) return nullptr;
   std::vector<ObjectRef> all;

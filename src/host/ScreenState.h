@@ -1,4 +1,4 @@
-// What a person would see of the diagnostic's screen.
+// Describes the diagnostic's screen for the trace.
 #pragma once
 
 #include "controller/WiFiProfileViewController.h"
@@ -6,7 +6,7 @@
 
 namespace wifi_profile {
 
-// The fields of the trace's `screen` event. Main thread.
+// Returns the fields of the trace's `screen` event. Main thread.
 Trace::Fields screenState(WiFiProfileViewController& controller);
 
 }  // namespace wifi_profile

@@ -9,7 +9,7 @@ bool isOfTheWorld(Action action) {
   return action == Action::setPower || action == Action::wait || action == Action::teardown;
 }
 
-// The kinds of what a person does: all taps on rows are one.
+// Returns the kind of an action: all taps on rows are one kind.
 Action kindOf(Action action) {
   return action == Action::tapNetwork || action == Action::tapOther ? Action::tapRow : action;
 }

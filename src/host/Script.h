@@ -1,4 +1,4 @@
-// The user of a device on paper: does what the scenario's script says, one step after another.
+// The user of a scenario's device: performs the steps of the scenario's script in order.
 #pragma once
 
 #include <cstddef>
@@ -12,40 +12,40 @@
 
 namespace wifi_profile {
 
-// Who does what a script says on the screen: the script itself, or a person. A person is waited for
-// at each such step until they have done something of its kind; what scrolls by itself is passed
-// over. What the world does (the radio's switch, time, the host's teardown) the script does in any
-// case.
+// What performs the script's steps on the screen: the script itself, or a person. With a person,
+// the script waits at each such step until the person has performed an action of the same kind;
+// scroll steps are skipped. The script always performs the world's steps: the radio's switch,
+// waiting, and the host's teardown.
 enum class ScreenUser { script, person };
 
-// Keeps the place in a script. Steps are performed on the main thread by `perform`, which returns
-// what is in the way of a step that cannot be done. Any thread.
+// Keeps the position in a script. `perform` performs steps on the main thread and returns why a
+// step cannot be performed; empty: the step succeeded. Any thread.
 class Script {
  public:
   using Perform = std::function<std::optional<std::string>(const scenario::Step&)>;
 
   Script(std::vector<scenario::Step> steps, ScreenUser user, Perform perform);
 
-  // The script is over: left-over steps are ignored.
+  // Ends the script: the remaining steps are ignored.
   void end();
 
-  // The person has done something on the screen: a step of its kind is done with. Which row was
-  // tapped does not matter.
+  // Reports an action of the person. Completes the next step if it is of the same kind; the row of
+  // a tap does not matter.
   void personDid(scenario::Action action);
 
-  // Whether there is a step to be done at this idle moment.
+  // Returns true if the next step is the script's and is to be performed while the run is idle.
   bool hasIdleStep() const;
-  // Whether the next step is to be done while `test` is served.
+  // Returns true if the next step is the script's and is to be performed while `test` is served.
   bool hasStepDuring(DiagnosticsTestID test) const;
 
-  // Performs the next step, if the script is not over, and goes on to the one after it. Main
-  // thread.
+  // Performs the next step and advances, unless the script has ended. Main thread.
   void performNextStep();
 
-  // Why the script could not go on, with the place of the step; nothing so far otherwise.
+  // Returns why a step failed, with the step's place in the scenario; empty: no step has failed.
   std::optional<std::string> failure() const;
 
-  // Why a run that is idle and unfinished cannot go on: out of steps, or waiting for a test.
+  // Returns why an idle, unfinished run cannot continue: no steps are left, or the next step waits
+  // for a test.
   std::string reasonForBeingStuck() const;
 
  private:
@@ -54,7 +54,7 @@ class Script {
   std::vector<scenario::Step> steps_;  // never changes
   const ScreenUser user_;
   const Perform perform_;
-  mutable std::mutex mutex_;  // guards what follows
+  mutable std::mutex mutex_;  // guards the members below
   std::size_t next_ = 0;
   bool ended_ = false;
   std::optional<std::string> failure_;

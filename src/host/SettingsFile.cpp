@@ -20,7 +20,7 @@ using scenario::takeText;
 using scenario::ValueReader;
 
 constexpr std::string_view kName = "wifi-profile/settings.json";
-// RFC 1035, 2.3.4; addresses are shorter.
+// RFC 1035, 2.3.4. IP addresses are shorter.
 constexpr std::size_t kLongestHost = 253;
 constexpr std::size_t kLongestLabel = 63;
 
@@ -38,8 +38,8 @@ bool isLabel(std::string_view label) {
          });
 }
 
-// Labels with dots between them, and perhaps one behind the last. No name ends in a number (RFC
-// 3696, 2): such a text is a broken address.
+// Returns true for labels separated by dots, with an optional final dot. The last label is not a
+// number (RFC 3696, 2): a text that ends in one is a malformed IP address.
 bool isHostName(std::string_view name) {
   if (name.size() > kLongestHost) return false;
   if (name.ends_with('.')) name.remove_suffix(1);
@@ -94,8 +94,8 @@ void readSettings(const ValueReader& document, ToolSettings& settings) {
 
 }  // namespace
 
-// The reader of addresses that fetches them later takes more for one than is good in a settings
-// file, such as one slash in the place of two.
+// The URL parser that is used for fetching accepts more than a settings file should contain, such
+// as one slash instead of two.
 bool isWebAddress(const std::string& text) {
   for (const std::string_view kind : {"http://", "https://"}) {
     if (!text.starts_with(kind)) continue;
@@ -110,7 +110,7 @@ std::vector<std::string> settingsFiles() {
   std::vector<std::string> files{fmt::format("/etc/{}", kName)};
   const char* const config = std::getenv("XDG_CONFIG_HOME");
   const char* const home = std::getenv("HOME");
-  if (config && *config == '/') {  // a path that is not absolute counts for nothing
+  if (config && *config == '/') {  // a relative path is ignored
     files.push_back(fmt::format("{}/{}", config, kName));
   } else if (home && *home != '\0') {
     files.push_back(fmt::format("{}/.config/{}", home, kName));

@@ -1,4 +1,4 @@
-// What the person and the machine's owner have set. docs/SETTINGS.md describes the files.
+// Reads the settings of the user and of the system. docs/SETTINGS.md describes the files.
 #pragma once
 
 #include <optional>
@@ -20,19 +20,21 @@ struct ToolSettings {
   bool operator==(const ToolSettings&) const = default;
 };
 
-// The machine's file, then the person's, which says the last word: /etc/wifi-profile/settings.json
-// and wifi-profile/settings.json in XDG_CONFIG_HOME, or else in ~/.config.
+// Returns the system's file, then the user's, which takes precedence:
+// /etc/wifi-profile/settings.json, and wifi-profile/settings.json in XDG_CONFIG_HOME or, without
+// it, in ~/.config.
 std::vector<std::string> settingsFiles();
 
-// Changes the settings by what the text of `file` sets. A problem leaves some of them changed.
+// Applies the content `text` of `file` to the settings. On a problem some settings may have
+// changed.
 std::optional<Problem> addSettings(std::string_view text, const std::string& file,
                                    ToolSettings& settings);
 
-// The defaults, changed by what each of the files sets; files that are not there set nothing.
+// Returns the defaults, changed by each of the files in order. Missing files are skipped.
 std::variant<ToolSettings, Problem> readSettingsFiles(const std::vector<std::string>& files);
 
-// Whether a text is the address of a page: http or https, a host, a port of 1 to 65535 if there is
-// one, no blanks.
+// Returns true if the text is the address of a page: http or https, a host, optionally a port from
+// 1 to 65535, no blanks.
 bool isWebAddress(const std::string& text);
 
 }  // namespace wifi_profile

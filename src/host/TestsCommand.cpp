@@ -17,9 +17,9 @@
 namespace wifi_profile {
 namespace {
 
-// One way in which a test comes to be run.
+// One use of a test: in a batch, or by the list of networks.
 struct Use {
-  std::string_view batch;  // empty: in none, but by the list of networks
+  std::string_view batch;  // empty: used by the list of networks
   std::string_view configuration;
 };
 
@@ -38,7 +38,7 @@ std::vector<Use> usesOf(DiagnosticsTestID id) {
   return uses;
 }
 
-// The result key, then the output keys.
+// Returns the result key, then the output keys.
 std::vector<std::string> keysOf(const CatalogueTest& test) {
   std::vector<std::string> keys{std::string(test.resultKey)};
   for (const InformationCopy& copy : test.information()) {
@@ -73,7 +73,8 @@ ObjectRef valueOf(const CatalogueTest& test) {
 constexpr std::string_view kRow = "{:>2}  {:<28}  {:<32}  {:<15}  {}\n";
 
 std::string rowsOf(const CatalogueTest& test) {
-  // The keys take the room of name and label; further uses stand on the lines that the keys take.
+  // The keys fill the columns of name and label. The second use, if there is one, is on the first
+  // line of the keys.
   constexpr std::size_t kKeysIndent = 6;
   constexpr std::size_t kKeysEnd = 66;
   const std::vector<Use> uses = usesOf(test.id);

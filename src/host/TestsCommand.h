@@ -1,16 +1,16 @@
-// The catalogue, listed.
+// The command `wifi-profile tests`: lists the catalogue.
 #pragma once
 
 #include <string>
 
 namespace wifi_profile {
 
-// For people: a table of id, name, label, and for each batch the configuration that the test is run
-// with; beneath each test the keys it may write. Ends with a newline.
+// Returns a table of id, name, label and, for each batch, the configuration that the test runs
+// with. The lines below each test list the keys that it may write. Ends with a newline.
 std::string testsText();
 
-// For machines: one JSON array on one line, an object a test: "id", "name", "label", "batches",
-// "configuration" (the configurations it is run with), "keys" (the result key, then the output
+// Returns one JSON array on one line, with an object per test: "id", "name", "label", "batches",
+// "configuration" (the configurations that it runs with), "keys" (the result key, then the output
 // keys).
 std::string testsJson();
 

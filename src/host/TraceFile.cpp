@@ -18,7 +18,7 @@ void TraceFile::event(std::string_view name, const Fields& fields) {
       line += ':' + jsonText(value);
     }
     line += "}\n";
-    // A line at a time reaches the file, so that a reader can follow the run.
+    // Flush each line, so that a reader can follow the run.
     const bool written = std::fwrite(line.data(), 1, line.size(), file_.get()) == line.size();
     if ((!written || std::fflush(file_.get()) != 0) && firstError_ == 0) firstError_ = errno;
   }

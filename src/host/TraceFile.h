@@ -1,4 +1,4 @@
-// The trace of a run: numbered events, written as they happen and told to who listens.
+// The trace of a run: numbered events, written to a file as they happen and forwarded to listeners.
 #pragma once
 
 #include <cstdint>
@@ -13,8 +13,8 @@
 
 namespace wifi_profile {
 
-// Writes every event as one JSON object on a line of its own, with "seq" (from 1), "thread" and
-// "event" first. Events from several threads are written one after another. Any thread.
+// Writes each event as one JSON object on its own line, with "seq" (from 1), "thread" and "event"
+// first. Events from several threads are serialised. Any thread.
 class TraceFile final : public Trace {
  public:
   struct Close {
@@ -22,20 +22,20 @@ class TraceFile final : public Trace {
   };
   using File = std::unique_ptr<std::FILE, Close>;
 
-  // `queues` must outlive the trace. `file` may be null: then events are only told to listeners.
+  // `queues` must outlive the trace. If `file` is null, events are only forwarded to listeners.
   TraceFile(const WorkQueues& queues, File file) : queues_(queues), file_(std::move(file)) {}
 
-  // `listener` is told of every event from now on, in order, and must outlive the trace.
+  // Forwards every event from now on to `listener`, in order. The listener must outlive the trace.
   void addListener(Trace& listener) { listeners_.push_back(&listener); }
 
   void event(std::string_view name, const Fields& fields) override;
 
-  // The `errno` of the first write that failed; 0: every event reached the file.
+  // Returns the `errno` of the first write that failed; 0: no write has failed.
   int firstError() const;
 
  private:
   const WorkQueues& queues_;
-  mutable std::mutex mutex_;  // guards what follows
+  mutable std::mutex mutex_;  // guards the members below
   File file_;
   int firstError_ = 0;
   std::int64_t sequence_ = 0;

@@ -14,7 +14,7 @@ namespace {
 
 using namespace toolkit::table_event;
 
-// The progress screen adds eight at every layout pass.
+// The progress screen adds eight constraints at every layout pass.
 constexpr std::int64_t kConstraintsOfARound = 8;
 
 ObjectRef code(auto value) { return Number::withInteger(static_cast<std::int64_t>(value)); }
@@ -31,7 +31,7 @@ ObjectRef places(const std::vector<toolkit::IndexPath>& paths) {
   return std::make_shared<const Array>(std::move(all));
 }
 
-// The fields of `ui.table` for each thing that happens to a table.
+// The fields of the `ui.table` event for each event of a table.
 struct FieldsOf {
   using Fields = Trace::Fields;
   static Fields op(std::string_view name) { return {{"op", makeText(name)}}; }
@@ -69,7 +69,7 @@ struct FieldsOf {
             {"before", code(event.before)},     {"deleted", code(event.deleted)},
             {"inserted", code(event.inserted)}, {"expected", code(event.expected)}};
   }
-  // What these tell of follows from the others: no fields, no event.
+  // These follow from the other events: no fields, so no event is written.
   Fields operator()(const RowsWereRead& /*event*/) const { return {}; }
   Fields operator()(const RowsChanged& /*event*/) const { return {}; }
 };

@@ -1,4 +1,4 @@
-// A screen in front of another, which writes what happens into the trace.
+// A screen that forwards to another screen and writes the calls into the trace.
 #pragma once
 
 #include <cstdint>
@@ -31,7 +31,7 @@ class TracingScreen final : public toolkit::Screen {
   void alertTextWasEdited(const toolkit::Alert& alert) override;
   void alertActionWasTapped(const toolkit::Alert& alert,
                             const toolkit::AlertAction& action) override;
-  // No event: what follows tells of it.
+  // Writes no event: later events show the dismissal.
   void alertWasDismissed(const toolkit::Alert& alert) override {
     screen_->alertWasDismissed(alert);
   }

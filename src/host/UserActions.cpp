@@ -11,7 +11,7 @@
 namespace wifi_profile {
 namespace {
 
-using Obstacle = std::optional<std::string>;  // nothing: none
+using Obstacle = std::optional<std::string>;  // empty: the step can be performed
 using scenario::Action;
 using scenario::Step;
 
@@ -115,7 +115,7 @@ Obstacle performOnScreen(WiFiProfileViewController& controller, const Step& step
     if (!alert) return "found no alert on the screen, expected one";
     return step.action == Action::type ? type(*alert, step.text) : tapAction(*alert, step.text);
   }
-  // Scrolling is no tap: what scrolls may lie under an alert.
+  // A scroll is allowed under an alert: it is not a tap.
   if (alert && step.action != Action::scrollAway) {
     return "found an alert over the screen, expected none";
   }

@@ -1,4 +1,4 @@
-// What a script's user does on the screen.
+// Performs the user's steps of a script on the screen.
 #pragma once
 
 #include <optional>
@@ -9,8 +9,8 @@
 
 namespace wifi_profile {
 
-// Does a step that is done on the screen: taps, text, pulls and scrolls. Returns what is in the way
-// of it, as "found ..., expected ...", when it cannot be done; then nothing has happened. Main
+// Performs a step on the screen: a tap, text, a pull or a scroll. Returns why it cannot be
+// performed, as "found ..., expected ..."; then it has changed nothing. Empty on success. Main
 // thread.
 std::optional<std::string> performOnScreen(WiFiProfileViewController& controller,
                                            const scenario::Step& step);

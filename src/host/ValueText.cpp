@@ -17,11 +17,11 @@
 namespace wifi_profile {
 namespace {
 
-constexpr std::size_t kLongestText = 320;  // characters that are shown of one text
-constexpr std::size_t kMostEntries = 12;   // entries that are shown of one dictionary
+constexpr std::size_t kLongestText = 320;  // longest text shown, in characters
+constexpr std::size_t kMostEntries = 12;   // most entries shown of one dictionary
 
-// A summary's entry, what it is called, and the unit of its number; the rows' order is the order in
-// which they are shown.
+// A summary's entry: its key, its name, and the unit of its number. The order of the rows is the
+// order of display.
 struct EntryName {
   std::string_view key;
   std::string_view name;
@@ -31,10 +31,10 @@ constexpr std::array kPingEntries{
     EntryName{"count", "count"},    EntryName{"packetLoss", "loss", "%"},
     EntryName{"avg", "mean", "ms"}, EntryName{"min", "least", "ms"},
     EntryName{"max", "most", "ms"}, EntryName{"stddev", "deviation", "ms"},
-    EntryName{"SSID", "interface"},  // of all names, the interface's
+    EntryName{"SSID", "interface"},  // here the SSID entry holds the interface's name
     EntryName{"timestamp", "at"},
 };
-constexpr std::string_view kSecurity = "security";  // a number that has a name
+constexpr std::string_view kSecurity = "security";  // a number with a name
 constexpr std::array kRememberedEntries{
     EntryName{"SSID", "name"},
     EntryName{kSecurity, "security"},
@@ -59,7 +59,7 @@ std::string shortened(std::string text) {
   return text.substr(0, text.size() - rest.size()) + "…";
 }
 
-// In quotes where the text could be taken for more than one value, or for none.
+// Quotes the text if it could be read as several values or as none.
 std::string textOf(const std::string& text) {
   const std::string safe = shownText(text);
   const bool plain = !safe.empty() && safe.front() != ' ' && safe.back() != ' ' &&
@@ -83,7 +83,7 @@ std::string textOf(double number) {
   return text;
 }
 
-// A value without parts; any other as JSON.
+// Formats a plain value, and any other value as JSON.
 std::string textOf(const ObjectRef& value) {
   if (isNullPlaceholder(value)) return "unknown";
   if (const auto text = as<Text>(value)) return textOf(text->string());
@@ -102,7 +102,8 @@ std::string textOf(const Array& array) {
   return list.empty() ? "none" : shortened(std::move(list));
 }
 
-// The name of a remembered network's security; a number without a name stays one.
+// Returns the name of a remembered network's security; a number without a name is shown as a
+// number.
 std::string securityText(const ObjectRef& value) {
   const auto number = as<Number>(value);
   if (number && !number->isBoolean() && !number->isDouble()) {
@@ -113,7 +114,7 @@ std::string securityText(const ObjectRef& value) {
   return textOf(value);
 }
 
-// A number that can be measured has its unit behind it.
+// Appends the unit to a number, unless the number is boolean or not finite.
 std::string entryText(const EntryName& entry, const ObjectRef& value) {
   if (entry.key == kSecurity) return securityText(value);
   const auto number = as<Number>(value);
@@ -158,7 +159,7 @@ std::vector<std::string> valuePieces(std::string_view outputKey, const ObjectRef
   const auto number = as<Number>(value);
   if (number && !number->isBoolean() && finding && !finding->unit.empty()) {
     std::string_view unit = finding->unit;
-    if (number->toDouble() == 1 && unit.ends_with('s')) unit.remove_suffix(1);  // 1 beacon
+    if (number->toDouble() == 1 && unit.ends_with('s')) unit.remove_suffix(1);  // "1 beacon"
     piece += fmt::format(" {}", unit);
   }
   return {piece};

@@ -1,4 +1,4 @@
-// Values of the record as a person reads them.
+// Formats the record's values for people.
 #pragma once
 
 #include <string>
@@ -9,11 +9,11 @@
 
 namespace wifi_profile {
 
-// A text from the record or the journal, made safe to show; a very long one is cut off.
+// Makes a text from the record or the journal safe to show, and truncates a very long one.
 std::string shownText(std::string_view text);
 
-// The value under an output key as short pieces "name value", one for a plain value, one an entry
-// for a summary. Whatever kind the value is, it has a text; the null placeholder is "unknown".
+// Returns the value under an output key as short texts "name value": one for a plain value, one per
+// entry for a summary. Accepts any kind of value. The null placeholder is "unknown".
 std::vector<std::string> valuePieces(std::string_view outputKey, const ObjectRef& value);
 
 }  // namespace wifi_profile

@@ -1,4 +1,4 @@
-// What there is to say while the list of networks is empty.
+// Explains why the list of networks is empty.
 #pragma once
 
 #include <memory>
@@ -13,18 +13,18 @@ namespace wifi_profile {
 
 class WiFiProfileViewController;
 
-// How a scan for the list ended.
+// The result of a scan for the list.
 struct ScanOutcome {
   bool passed = false;
-  std::string failure;  // the service's description of its error; empty: it gave none
+  std::string failure;  // the service's description of its error; empty: the service gave none
 };
 
-// A service in front of another, which remembers how its latest scan ended. Any thread.
+// A service that forwards to another service and records how its latest scan ended. Any thread.
 class WatchedScans final : public VqClient {
  public:
   explicit WatchedScans(std::shared_ptr<VqClient> service) : service_(std::move(service)) {}
 
-  // Empty: no scan has ended yet.
+  // Returns the latest scan's result; empty: no scan has ended.
   std::optional<ScanOutcome> latest() const;
 
   DiagnosticsTestResults runDiagnosticsTests(const VqDiagnosticsTestRequests& requests,
@@ -42,8 +42,8 @@ class WatchedScans final : public VqClient {
   std::optional<ScanOutcome> latest_;
 };
 
-// `powerOnFailure`: why the radio stayed off; empty: it did not, or is not known. Main thread.
-// `askForPower` of the result is empty.
+// `powerOnFailure` is why the radio stayed off; empty: the radio did not fail to turn on, or the
+// reason is unknown. Leaves `askForPower` of the result empty. Main thread.
 EmptyList emptyListOf(const WiFiProfileViewController& controller,
                       const std::optional<ScanOutcome>& scan, std::string powerOnFailure);
 

@@ -1,4 +1,4 @@
-// `wifi-profile-window`: runs with the screen in a window, or with none.
+// `wifi-profile-window`: the `run` command with a screen in a window, or without a screen.
 
 #include <QGuiApplication>
 #include <QIcon>
@@ -16,8 +16,8 @@ namespace {
 
 using namespace wifi_profile;
 
-// Qt ends a program that cannot reach its display by a crash, after many words. A person gets the
-// one sentence that says what was in the way: the warning before.
+// If Qt cannot reach the display, it prints many messages and aborts. This handler prints only the
+// warning before the fatal message, which says why, and exits.
 void sayAndEnd(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
   static QString warning;
   if (type == QtWarningMsg) warning = message;

@@ -1,4 +1,4 @@
-// Texts on lines of a bearable width.
+// Wraps text.
 #pragma once
 
 #include <algorithm>
@@ -11,12 +11,12 @@
 
 namespace wifi_profile {
 
-// Columns that a line of text keeps to where it can.
+// The width that wrapped text keeps to where possible, in columns.
 inline constexpr std::size_t kTextWidth = 98;
 
-// `pieces` with `separator` between them, none of them broken, on as many lines as it takes to stay
-// within `width` columns. Every line is taken to start at column `indent`; those after the first
-// are moved there by blanks.
+// Joins `pieces` with `separator`, without breaking any of them, on lines of at most `width`
+// columns where possible. The first line is assumed to start at column `indent`; the following
+// lines are indented by that many blanks.
 inline std::string joinedWithin(std::size_t width, std::size_t indent,
                                 const std::vector<std::string>& pieces,
                                 std::string_view separator) {
@@ -26,7 +26,7 @@ inline std::string joinedWithin(std::size_t width, std::size_t indent,
     const std::string piece =
         pieces[i] + (i + 1 < pieces.size() ? std::string(separator) : std::string());
     const std::size_t columns = characterCount(piece);
-    // The blank at a separator's end may hang over.
+    // The blank at the end of a separator may exceed the width.
     if (column > indent && column + columns > width + (piece.ends_with(' ') ? 1 : 0)) {
       while (lines.ends_with(' ')) lines.pop_back();
       lines += '\n' + std::string(indent, ' ');
@@ -38,7 +38,7 @@ inline std::string joinedWithin(std::size_t width, std::size_t indent,
   return lines;
 }
 
-// A text, broken at its blanks.
+// Wraps a text at its blanks.
 inline std::string wrapped(std::size_t width, std::size_t indent, std::string_view text) {
   std::vector<std::string> words;
   for (std::size_t start = 0; start < text.size();) {

@@ -1,5 +1,5 @@
-// `wifi-profile`: every command. For `run` it becomes the program that draws the screen, so that
-// what only a run needs does not weigh on the others.
+// `wifi-profile`: all commands. For `run` it executes the program that draws the screen, so that
+// the other commands do not load what only a run needs.
 
 #include <filesystem>
 #include <fmt/format.h>
@@ -11,11 +11,12 @@
 
 namespace {
 
-// Becomes that program, with the same arguments. Returns only where it cannot be had.
+// Replaces this process by the program, with the same arguments. Returns only if the program cannot
+// be executed.
 void becomeProgram(const char* name, char** argv) {
   std::error_code unknown;
   const std::filesystem::path own = std::filesystem::read_symlink("/proc/self/exe", unknown);
-  if (own.empty()) return;  // or else the names would be of the working directory
+  if (own.empty()) return;  // otherwise the paths below would be relative to the working directory
   const auto beside = own.parent_path();
   const auto installed = beside / ".." / WIFI_PROFILE_LIBEXEC / "wifi-profile";
   for (const auto& folder : {beside, installed}) execv((folder / name).c_str(), argv);
