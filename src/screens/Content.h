@@ -1,4 +1,4 @@
-// What a screen draws: the parts of a controller's view, and the texts around them.
+// What a screen draws: the parts of a controller's view, and texts.
 #pragma once
 
 #include <initializer_list>
@@ -16,7 +16,7 @@
 
 namespace wifi_profile {
 
-// The frontmost subview of a kind; null: none.
+// Returns the frontmost subview of a kind; null: none.
 template <class Kind>
 std::shared_ptr<Kind> subviewOf(const toolkit::View& view) {
   std::shared_ptr<Kind> found;
@@ -26,21 +26,22 @@ std::shared_ptr<Kind> subviewOf(const toolkit::View& view) {
   return found;
 }
 
-// null: it is not on the screen.
+// The parts of a view. A null part is not on the screen.
 struct Content {
   std::shared_ptr<toolkit::NavigationBar> bar;
-  std::shared_ptr<toolkit::NavigationItem> item;  // the bar's last one
+  std::shared_ptr<toolkit::NavigationItem> item;  // the bar's last item
   std::shared_ptr<toolkit::TableView> table;
   std::shared_ptr<toolkit::Label> label;
   std::shared_ptr<toolkit::ProgressView> progress;
 };
 Content contentOf(const toolkit::View& view);
 
-// A text of the installed string table, with what is to stand for parts of it: {"{done}", "3"}.
+// Returns a text of the installed string table with its placeholders replaced, such as {"{done}",
+// "3"}.
 using Replacements = std::initializer_list<std::pair<std::string_view, std::string_view>>;
 std::string screenText(std::string_view key, Replacements replacements = {});
 
-// One sentence on an empty list; empty: there is nothing to say.
+// Returns one sentence that explains an empty list; empty: there is no explanation.
 std::string emptyListText(EmptyList::Why why);
 
 }  // namespace wifi_profile

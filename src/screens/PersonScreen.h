@@ -1,4 +1,4 @@
-// A screen that a person looks at and acts on.
+// The interface of an interactive screen.
 #pragma once
 
 #include <functional>
@@ -15,58 +15,58 @@ namespace toolkit {
 class ViewController;
 }
 
-// How far the tests are.
+// The progress of the tests.
 struct TestsDone {
   int done = 0;
   int total = 0;        // 0: none has begun
   std::string running;  // label of the test under way; empty: none
 };
 
-// What there is to say while the list of networks is empty.
+// Why the list of networks is empty.
 struct EmptyList {
   enum class Why {
     notKnownYet,
     noneInRange,
     onlyHiddenInRange,
-    noOtherInRange,  // than the joined or the selected network
+    noOtherInRange,  // no network other than the joined or selected one
     scanFailed,
     radioOff,
     powerOnFailed
   };
   Why why = Why::notKnownYet;
-  std::string reason;  // of a failure, for people; may be empty
-  // Asks again whether to turn the radio on. Empty: there is nothing to ask.
+  std::string reason;  // readable reason of a failure; may be empty
+  // Asks again whether to turn the radio on. Empty: there is no question to ask.
   std::function<void()> askForPower;
 };
 
-// Draws the view of one controller and lets a person do what can be done there; then a report.
-// Texts come from the installed string table. What a person does arrives in the main queue's
-// `handleNext`. Main thread only, but for `abandon`.
+// Draws the view of one controller and passes the person's actions to it; later shows a report.
+// Takes texts from the installed string table. The person's actions are handled in the main queue's
+// `handleNext`. Main thread only, except `abandon`.
 class PersonScreen : public toolkit::Screen {
  public:
-  // What the main thread has to wait on while this screen is there.
+  // Returns the queue that the main thread must wait on while the screen exists.
   virtual std::shared_ptr<MainQueue> mainQueue() const = 0;
 
-  // `askedToStop` is called, at most once, when the person wants the run to end before it has
-  // finished. The view is shown from now on.
+  // Shows the controller's view from now on. `askedToStop` is called at most once, if the person
+  // wants to end the run before it has finished.
   virtual void show(std::shared_ptr<toolkit::ViewController> controller,
                     std::function<void()> askedToStop) = 0;
 
   virtual void showTests(const TestsDone& tests) = 0;
 
-  // Called when the state changes.
+  // Call when the state changes.
   virtual void showEmptyList(EmptyList state) = 0;
 
-  // The run is over: shows the report, until the person closes it.
+  // Shows the report after the run, until the person closes it.
   virtual void showReport(Report report) = 0;
 
-  // The screen goes: it shows nothing any more, and a terminal is as it was. Nothing when called
-  // again.
+  // Removes the screen and restores the terminal. Further calls have no effect.
   virtual void close() = 0;
-  // Whether the report, or the screen, was closed.
+  // Returns true if the report or the screen was closed.
   virtual bool isClosed() const = 0;
 
-  // Any thread: the process is about to end at once. Only what must not stay behind is put right.
+  // Any thread. Call immediately before the process exits: restores only what would outlive the
+  // process, such as the terminal's modes.
   virtual void abandon() = 0;
 };
 

@@ -1,4 +1,4 @@
-// What a run found, ready to be shown to a person: sentences, marked by how urgent they are.
+// The findings of a run, ready for display: sentences, marked by urgency.
 #pragma once
 
 #include <array>
@@ -10,35 +10,36 @@
 
 namespace wifi_profile {
 
-// The more urgent come first.
+// In order of urgency, the most urgent first.
 enum class ReportMark { problem, look, plain, good, unknown };
 inline constexpr std::size_t kReportMarks = 5;
 
 struct ReportFinding {
   ReportMark mark = ReportMark::plain;
   std::string sentence;
-  // What was measured, or why nothing was; of several tests without an answer their questions.
+  // The measured values, or the reasons why there are none. For several tests without an answer:
+  // their questions.
   std::vector<std::string> values;
-  std::string advice;       // empty: there is nothing to do
-  std::string explanation;  // what the test is about: a paragraph a line; or empty
+  std::string advice;       // empty: no advice
+  std::string explanation;  // explains the test, one line per paragraph; may be empty
 };
 
-// What stands between two values on a line.
+// Returns the separator after `value` on a line of values.
 constexpr std::string_view separatorAfter(std::string_view value) {
   return value.ends_with('?') ? " " : ", ";
 }
 
 struct ReportSection {
   std::string title;
-  std::string note;  // why nothing was tested here; empty: it was
-  // In the order of the marks: those that could not be found out are last.
+  std::string note;  // why no test ran in this section; empty: tests ran
+  // In the order of the marks: tests without an answer are last.
   std::vector<ReportFinding> findings;
 
-  // Tests by mark: each counts once.
+  // The number of tests of each mark. Each test counts once.
   std::array<std::size_t, kReportMarks> counts{};
 };
 
-// Every text is valid UTF-8 and holds nothing that a terminal would act on, but for the line feeds
+// Every text is valid UTF-8 without characters that act on a terminal, except the line feeds
 // between an explanation's paragraphs.
 struct Report {
   std::string summary;  // "2 problems, 1 thing worth a look, 31 fine, 4 facts, 1 not known"

@@ -1,15 +1,15 @@
-// The screen of a host that draws nothing.
+// A screen that draws nothing.
 #pragma once
 
 #include "platform/toolkit/Screen.h"
 
 namespace wifi_profile {
 
-// Grants every wish for a layout pass, as work on the main queue; several wishes that come before
-// it share one pass.
+// Performs each requested layout pass as work on the main queue. Requests that come before a pass
+// share it.
 class NoScreen : public toolkit::Screen, public std::enable_shared_from_this<NoScreen> {
  public:
-  // As large as a small phone's, unless told otherwise.
+  // The default is the size of a small phone's screen.
   explicit NoScreen(toolkit::Size size = {320, 568}) : size_(size) {}
 
   toolkit::Size size() const override { return size_; }

@@ -6,7 +6,7 @@ namespace wifi_profile {
 namespace {
 
 constexpr int kWidestDialog = 60;
-constexpr int kFieldColumns = 32;  // as long as the longest name of a network
+constexpr int kFieldColumns = 32;  // the longest name of a network
 
 struct Box {
   int line, column, lines, columns;
@@ -25,7 +25,7 @@ void putBox(Frame& frame, const Look& look, const Box& box) {
   edge(box.line + box.lines - 1, sign[4], sign[0], sign[5]);
 }
 
-// A button as text: "[ Yes ]", the one in focus "[>Yes<]", one that cannot be pressed "( Done )".
+// Returns a button as text: "[ Yes ]", with focus "[>Yes<]", disabled "( Done )".
 Glyphs buttonText(const Look& look, const Dialog::Button& button, bool focused, bool narrow,
                   int room) {
   std::string_view left = narrow ? "[" : "[ ";
@@ -50,10 +50,11 @@ Glyphs buttonText(const Look& look, const Dialog::Button& button, bool focused, 
 struct Buttons {
   std::vector<Glyphs> texts;
   int gap = 2;
-  int columns = 0;  // all of them, with the gaps
+  int columns = 0;  // total, with the gaps
 };
 
-// In one line of at most `room`: closer together, and then shorter, where there is little of it.
+// Lays out the buttons in one line of at most `room` columns. If they do not fit, reduces the gaps
+// and then shortens the texts.
 Buttons buttonsOf(const Look& look, const Dialog& dialog, int room) {
   const std::size_t firstPart = dialog.field ? 1 : 0;
   const auto count = static_cast<int>(dialog.buttons.size());
@@ -82,7 +83,7 @@ void putButtons(Frame& frame, const Dialog& dialog, const Buttons& buttons, Plac
   }
 }
 
-// The text with its end, or the caret's surroundings, in sight.
+// Draws the field, scrolled so that the caret is visible.
 void putField(Frame& frame, const Dialog& dialog, Place place, int columns) {
   const auto& [edit, placeholder] = *dialog.field;
   frame.fill(place, columns, Style::field);
@@ -95,7 +96,7 @@ void putField(Frame& frame, const Dialog& dialog, Place place, int columns) {
   }
   const int caret = widthOf(glyphsOf(std::string_view(edit.text).substr(0, edit.caret)));
   Glyphs text = glyphsOf(edit.text);
-  int hidden = 0;  // columns that have gone to the left
+  int hidden = 0;  // columns scrolled out to the left
   while (!text.empty() && caret - hidden > columns - 1) {
     hidden += text.front().width;
     text.erase(text.begin());
@@ -117,8 +118,7 @@ int fieldColumns(const Look& look, const Dialog& dialog) {
 void putDialog(Frame& frame, const Look& look, const Dialog& dialog) {
   const Glyphs message = glyphsOf(dialog.message);
   const int fixed = (dialog.field ? 1 : 0) + (dialog.buttons.empty() ? 0 : 1);
-  // With a border and room about the text if there is room for these, else with all lines for
-  // itself.
+  // With a border and margins if they fit, otherwise with all lines for the text.
   bool bordered = true;
   int sides = 4;
   int columns = 0;

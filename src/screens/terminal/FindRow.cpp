@@ -6,7 +6,7 @@
 namespace wifi_profile {
 namespace {
 
-// Code points with all letters small.
+// Returns the code points in lower case.
 std::u32string folded(std::string_view text) {
   std::u32string points;
   for (; !text.empty(); text.remove_prefix(firstCodePoint(text).length)) {

@@ -1,4 +1,4 @@
-// The screen's own state after what happens elsewhere: to the table, to the terminal's size.
+// Updates the screen's own state after changes of the table or of the terminal's size.
 #pragma once
 
 #include "platform/toolkit/TableEvent.h"
@@ -6,14 +6,15 @@
 
 namespace wifi_profile {
 
-// Before a frame is made or a key is handled: the cursor is on a row that is there.
+// Call before making a frame or handling a key: moves the cursor to an existing row.
 TerminalState settled(const Shown& shown, TerminalState state, const Look& look);
 
-// After a table's event: the cursor follows its row, and a row that was scrolled to shows.
+// Call after a table's event: the cursor follows its row, and a row that was scrolled to is
+// visible.
 TerminalState following(const Shown& shown, TerminalState state, const Look& look,
                         const toolkit::TableEvent& event);
 
-// After `look` has become another one: the cursor is in sight.
+// Call after `look` has changed: the cursor is visible.
 TerminalState resized(const Shown& shown, TerminalState state, const Look& look);
 
 }  // namespace wifi_profile

@@ -2,7 +2,7 @@
 
 namespace wifi_profile {
 
-// Half of a wide character cannot stay: what is left of it becomes a blank.
+// Replaces the other half of an overwritten wide character by a blank.
 void Frame::putCell(Place place, const Cell& cell) {
   const auto blank = [this](Place half) {
     Cell& there = cells_[indexOf(half)];

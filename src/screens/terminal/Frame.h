@@ -1,4 +1,4 @@
-// What stands on a terminal, as a value: a grid of characters with styles.
+// The content of a terminal as a value: a grid of characters with styles.
 #pragma once
 
 #include <cstddef>
@@ -11,19 +11,20 @@
 
 namespace wifi_profile {
 
-// What a text is, from which its colour and the like follow. None is told by its colour alone.
+// The role of a text, which determines its colour and attributes. A role is never recognisable by
+// colour alone.
 enum class Style {
   plain,
   dim,
   heading,
   title,     // the bar at the top
-  titleOn,   // a button in it that can be pressed
-  titleOff,  // and one that cannot
+  titleOn,   // an enabled button in the bar
+  titleOff,  // a disabled button in the bar
   cursor,    // where the next key acts
   chosen,    // the mark of the chosen network
   field,     // a text that is being edited
-  bar,       // the done part of a bar
-  notice,    // an answer to a key
+  bar,       // the completed part of a progress bar
+  notice,    // a message in response to a key
   keyName,
   problem,
   look,
@@ -43,12 +44,12 @@ struct Place {
 };
 
 struct Cell {
-  Glyph glyph{{U' '}, 1};  // width 0: the right half of the wide character before it
+  Glyph glyph{{U' '}, 1};  // width 0: the right half of the preceding wide character
   Style style = Style::plain;
   bool operator==(const Cell&) const = default;
 };
 
-// A part of a line in one style.
+// A part of a line with one style.
 struct Span {
   int column = 0;
   std::string text;
@@ -56,7 +57,7 @@ struct Span {
   bool operator==(const Span&) const = default;
 };
 
-// Lines and columns count from 0. What lies outside is not put.
+// Lines and columns count from 0. Text outside the grid is cut off.
 class Frame {
  public:
   explicit Frame(Extent extent)
@@ -66,24 +67,24 @@ class Frame {
   const Extent& extent() const { return extent_; }
   const Cell& at(Place place) const { return cells_[indexOf(place)]; }
 
-  // Over what stands there. Returns the columns that it takes.
+  // Writes over the existing content. Returns the number of columns written.
   int put(Place place, const Glyphs& glyphs, Style style);
   int put(Place place, std::string_view text, Style style) {
     return put(place, glyphsOf(text), style);
   }
-  // Blanks over `columns`.
+  // Writes `columns` blanks.
   void fill(Place place, int columns, Style style);
-  // Another style for what stands there.
+  // Changes the style of existing content.
   void restyle(Place place, int columns, Style style);
 
-  // Where the terminal's own cursor is; nothing: it does not show.
+  // The position of the terminal's cursor; empty: the cursor is hidden.
   std::optional<Place> caret;
 
-  // A line's text, without blanks at its end.
+  // Returns a line's text without trailing blanks.
   std::string textOfLine(int line) const;
-  // All lines, each with its end.
+  // Returns all lines, each with a line feed.
   std::string text() const;
-  // A line in parts, without plain blanks at its end.
+  // Returns a line as spans, without trailing plain blanks.
   std::vector<Span> spansOfLine(int line) const;
 
  private:

@@ -5,7 +5,7 @@
 namespace wifi_profile {
 namespace {
 
-// Of keys that show at a time.
+// Returns the number of visible hints.
 int helpLines(Extent extent, std::size_t hints) {
   return std::min(static_cast<int>(hints), extent.lines - 2);
 }

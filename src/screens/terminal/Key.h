@@ -1,4 +1,4 @@
-// What a person presses.
+// A key that was pressed, or a paste.
 #pragma once
 
 #include <string>
@@ -8,14 +8,14 @@ namespace wifi_profile {
 
 struct Key {
   enum class Name {
-    character,  // `text` is what was typed, one code point of UTF-8
-    paste,      // `text` is what was pasted, of any length
+    character,  // `text` is the typed character, one code point of UTF-8
+    paste,      // `text` is the pasted text, of any length
     enter,
     escape,
     tab,
     backTab,
     backspace,
-    erase,  // what is under the caret
+    erase,  // deletes the character under the caret
     left,
     right,
     up,

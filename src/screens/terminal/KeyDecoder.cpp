@@ -7,7 +7,7 @@
 namespace wifi_profile {
 namespace {
 
-// The bytes of a character that begins so; 0: none does.
+// Returns the length of a character with this first byte; 0: invalid.
 std::size_t lengthAfter(unsigned char lead) {
   if (lead < 0x80) return 1;
   if (lead >= 0xC2 && lead < 0xE0) return 2;

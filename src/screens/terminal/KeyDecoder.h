@@ -1,4 +1,4 @@
-// From what a terminal sends to what a person pressed.
+// Decodes a terminal's input into keys.
 #pragma once
 
 #include <optional>
@@ -8,18 +8,18 @@
 
 namespace wifi_profile {
 
-// Puts bytes together to characters, across any pauses between them, and what is pasted to one key.
-// Bytes that are not UTF-8 are dropped, and so are control characters that are no keys.
+// Assembles bytes into characters, regardless of pauses between them, and a paste into one key.
+// Drops invalid UTF-8 and control characters that are not keys.
 class KeyDecoder {
  public:
   std::optional<Key> byte(unsigned char byte);
-  // A key that the terminal has a sequence for. Within a paste it is none.
+  // Passes a key that the terminal sends as a sequence. Within a paste it is ignored.
   std::optional<Key> named(Key::Name name);
   void pasteBegins();
   std::optional<Key> pasteEnds();
 
  private:
-  std::string partial_;  // of a character
+  std::string partial_;  // incomplete character
   std::optional<std::string> paste_;
 };
 

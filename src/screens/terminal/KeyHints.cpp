@@ -15,7 +15,7 @@ KeyHint quit() { return hint("q", "KEY_QUIT"); }
 KeyHint pages() { return hint("PgUp PgDn", "KEY_PAGE"); }
 KeyHint ends() { return hint("Home End", "KEY_ENDS"); }
 
-// A button that is there and can be pressed.
+// Returns true if there is a button and it is enabled.
 bool nextWorks(const Content& content) {
   return content.item && content.item->rightBarButtonItem() &&
          content.item->rightBarButtonItem()->isEnabled();
@@ -42,7 +42,7 @@ Hints dialogHints(const Shown& shown) {
   for (const auto& action : shown.alert->actions()) {
     if (action->style() == toolkit::ActionStyle::cancel) hints.push_back({"Esc", action->title()});
   }
-  // In a text field these are characters.
+  // A text field takes these keys as characters.
   if (shown.alert->textFields().empty()) hints.insert(hints.end(), {help(), quit()});
   return hints;
 }

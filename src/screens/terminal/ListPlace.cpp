@@ -18,7 +18,7 @@ bool isUsable(const TableView& table, IndexPath path) {
       .userInteractionEnabled;
 }
 
-// The row after `path`, or before it; nothing at the ends. `path` may be one before the first row
+// Returns the row after or before `path`; empty at the ends. `path` may be one before the first row
 // of a section.
 std::optional<IndexPath> next(const TableView& table, IndexPath path, Direction direction) {
   if (direction == Direction::down) {
@@ -49,7 +49,7 @@ IndexPath withinRows(const TableView& table, IndexPath path) {
   return path;
 }
 
-// The usable row at `path` or else nearest to it.
+// Returns the usable row at `path`, or else the nearest one: first below, then above.
 IndexPath usableAt(const TableView& table, IndexPath path) {
   path = withinRows(table, path);
   if (path.row >= 0 && isUsable(table, path)) return path;
@@ -65,7 +65,8 @@ void show(const ListLines& lines, ListPlace& place, int height, std::int64_t lin
   place.screenLine = lines.lineOf(place.cursor) - first;
 }
 
-// What stands above a row and cannot be reached by itself: headers, and rows that are passed over.
+// Returns the number of lines directly above a row that the cursor cannot reach: headers, and rows
+// that are not usable.
 std::int64_t linesLedBy(const TableView& table, const ListLines& lines, IndexPath row, int height) {
   const auto before = nextUsable(table, row, Direction::up);
   const std::int64_t above = before ? lines.lineOf(*before) + 1 : 0;
@@ -153,7 +154,7 @@ ListPlace following(const TableView& table,
                       static_cast<std::int64_t>(change.deleted.size()) -
                       static_cast<std::int64_t>(change.inserted.size());
   const auto rows = toolkit::rowsAfter(change, before);
-  // The row itself, or the first one after it that is left.
+  // The row itself or, if it was deleted, the next remaining row.
   const auto at = std::find_if(rows.begin(), rows.end(),
                                [&](std::int64_t old) { return old >= place.cursor.row; });
   place.cursor.row = at - rows.begin();

@@ -1,4 +1,4 @@
-// Where things stand in the list of networks, in lines, and where a person is in it.
+// The lines of the list of networks, and the position of the cursor in it.
 #pragma once
 
 #include <cstdint>
@@ -12,8 +12,9 @@ namespace wifi_profile {
 
 inline constexpr std::int64_t kNoLine = -1;
 
-// The lines of a table, from 0: for each section its header, a note where the last section lists
-// nothing but its last row, and its rows. Takes no longer for more rows.
+// The lines of a table, counted from 0. A section has a header and rows; the last section has a
+// note between them if its only row is the last one (another name). The cost does not depend on the
+// number of rows.
 struct ListLines {
   struct Section {
     std::int64_t header = kNoLine;
@@ -26,43 +27,44 @@ struct ListLines {
 
   std::int64_t lineOf(toolkit::IndexPath row) const;
 };
-// With an empty line between sections, or without.
+// `spaced` adds an empty line between sections.
 ListLines linesOf(const toolkit::TableView& table, bool spaced);
 
-// What a person sees of the list. The line on the screen counts more than the row at the top: rows
-// may come and go above.
+// The visible part of the list. It is defined by the cursor's line on the screen, not by the top
+// row, because rows may be inserted and deleted above.
 struct ListPlace {
   toolkit::IndexPath cursor;
-  std::int64_t screenLine = 0;  // of the cursor, from the top of the list; outside: out of sight
-  bool moved = false;           // the person has been at it; else the cursor is at the first row
+  std::int64_t screenLine = 0;  // the cursor's, from the list's top; out of range: not visible
+  bool moved = false;  // the list was used; otherwise the cursor is on the first usable row
   bool operator==(const ListPlace&) const = default;
 };
 
-// The first line that shows.
+// Returns the first visible line.
 std::int64_t firstLineShown(const ListLines& lines, const ListPlace& place, int height);
 
-// The following return a place whose cursor is on a row that can be used, if there is one, and
-// whose `screenLine` is where it shows.
+// The functions below return a place whose cursor is on a usable row, if there is one, and whose
+// `screenLine` is the line where that row is visible.
 
-// After any change of the rows, or of `height`.
+// Call after any change of the rows or of `height`.
 ListPlace settled(const toolkit::TableView& table, const ListLines& lines, ListPlace place,
                   int height);
-// The cursor goes by so many usable rows, and comes into sight.
+// Moves the cursor by `rows` usable rows and makes it visible.
 ListPlace movedBy(const toolkit::TableView& table, const ListLines& lines, ListPlace place,
                   int height, std::int64_t rows);
-// The cursor goes there, and comes into sight.
+// Moves the cursor to `row` and makes it visible.
 ListPlace movedTo(const toolkit::TableView& table, const ListLines& lines, ListPlace place,
                   int height, toolkit::IndexPath row);
-// The row comes into sight; the cursor stays on its row.
+// Makes `row` visible. The cursor stays on its row.
 ListPlace scrolledTo(const toolkit::TableView& table, const ListLines& lines, ListPlace place,
                      int height, toolkit::IndexPath row);
 
-// The place after changes that have taken effect: on the same row, or where it was.
+// Returns the place after `changes` have taken effect: the cursor stays on its row, or on the row
+// that takes its position.
 ListPlace following(const toolkit::TableView& table,
                     const std::map<std::int64_t, toolkit::RowChanges>& changes, ListPlace place);
 
-// The next row, from `from` on or up, whose title contains the text, letters of either case being
-// equal. Goes around at the ends.
+// Returns the first usable row in the section of `from` whose title contains `text`, ignoring
+// letter case. The search starts at `from`, inclusive, and wraps around at the ends.
 enum class Direction { down, up };
 std::optional<toolkit::IndexPath> rowWithText(const toolkit::TableView& table,
                                               const std::string& text, toolkit::IndexPath from,

@@ -1,4 +1,4 @@
-// The signs that the terminal screen draws with, besides texts.
+// The symbols that the terminal screen draws.
 #pragma once
 
 #include <array>
@@ -15,13 +15,14 @@ struct Marks {
   char32_t moreAbove;
   char32_t moreBelow;
   char32_t ellipsis;
-  std::u32string_view spinner;  // one after the other
-  std::u32string_view bar;      // from the least part of a column to the whole
+  std::u32string_view spinner;  // one symbol per step
+  std::u32string_view bar;      // from the narrowest part of a column to a full column
   char32_t barRest;
   std::array<char32_t, kReportMarks> findings;  // by ReportMark
   std::string_view advice;
-  std::u32string_view box;  // horizontal, vertical, then the corners in reading order
-  std::string_view arrows;  // the names of the keys up and down
+  std::u32string_view box;  // horizontal, vertical, then the corners: top left, top right, bottom
+                            // left, bottom right
+  std::string_view arrows;  // names of the up and down keys
 };
 
 inline constexpr Marks kUnicodeMarks{.cursor = U'›',
@@ -37,7 +38,7 @@ inline constexpr Marks kUnicodeMarks{.cursor = U'›',
                                      .box = U"─│┌┐└┘",
                                      .arrows = "↑↓"};
 
-// For terminals whose set of characters is small.
+// For terminals with a small character set.
 inline constexpr Marks kAsciiMarks{.cursor = U'>',
                                    .chosen = U'*',
                                    .moreAbove = U'^',
@@ -53,7 +54,7 @@ inline constexpr Marks kAsciiMarks{.cursor = U'>',
 
 inline Glyphs mark(char32_t point) { return {Glyph{{point}, 1}}; }
 
-// What a frame is made for.
+// The size and the symbols of a frame.
 struct Look {
   Extent extent;
   Marks marks = kUnicodeMarks;

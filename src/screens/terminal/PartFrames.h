@@ -1,5 +1,5 @@
-// The parts of the terminal's screen, each put into a frame. The body is what lies between the
-// first line and the last.
+// Draws the parts of the terminal's screen into a frame. The body is the lines between the first
+// line and the last.
 #pragma once
 
 #include <string>
@@ -10,19 +10,19 @@
 
 namespace wifi_profile {
 
-// The bar at the top: a title, and perhaps a button.
+// Draws the bar at the top: a title and, if there is one, a button.
 void putTitle(Frame& frame, const Look& look, const Content& content, const Shown& shown);
 
-// The list of networks; below an empty one the reason, where there is one.
+// Draws the list of networks; if the list is empty, the reason is below it.
 void putList(Frame& frame, const Look& look, const Shown& shown, const TerminalState& state);
 
-// The message, the bar, and how far the tests are.
+// Draws the message, the progress bar, and the number of tests done.
 void putProgress(Frame& frame, const Look& look, const Content& content, const TestsDone& tests);
 
-// One text in the middle of the body.
+// Draws one text in the middle of the body.
 void putMessage(Frame& frame, const std::string& text);
 
-// A box over the middle of everything.
+// A box over the middle of the screen.
 struct Dialog {
   struct Button {
     std::string title;
@@ -35,26 +35,26 @@ struct Dialog {
   };
   std::optional<Field> field;
   std::vector<Button> buttons;
-  std::size_t focus = 0;  // the field, if there is one, then the buttons
+  std::size_t focus = 0;  // index among the field, if there is one, and the buttons
 };
 void putDialog(Frame& frame, const Look& look, const Dialog& dialog);
 
-// The report.
+// Draws the report.
 void putReport(Frame& frame, const Look& look, const Report& report, const ReportPlace& place);
 
-// One of the keys that work.
+// A key, or several keys, and what they do.
 struct KeyHint {
   std::string keys;
   std::string text;
 };
-// As many as fit into the last line.
+// Draws the hints that fit into the last line.
 void putHints(Frame& frame, const std::vector<KeyHint>& hints);
-// All of them, in a box; `first` is the first line that shows, if they do not all fit.
+// Draws all hints in a box. `first` is the first visible hint if not all fit.
 void putHelp(Frame& frame, const Look& look, const std::vector<KeyHint>& hints, int first);
-// How far `first` can go.
+// Returns the greatest useful value of `first`.
 int lastHelpLine(Extent extent, std::size_t hints);
 
-// Marks at the right that there is more above and below lines `from` to `from + lines`.
+// Marks at the right edge of lines `from` to `from + lines` that there is more above or below.
 void putMore(Frame& frame, const Look& look, int from, int lines, bool above, bool below);
 
 }  // namespace wifi_profile

@@ -14,7 +14,8 @@ constexpr int kHeaderColumn = 1;
 constexpr int kChosenColumn = 2;
 constexpr int kNameColumn = 4;
 
-// What a header says while a wheel turns in it: both texts, or the more important one.
+// Returns the text of a header while its spinner runs: header and status, or only the status if
+// both do not fit.
 Glyphs turningText(const Look& look, const Glyphs& header, unsigned turn, int room) {
   const Glyphs wheel = mark(look.marks.spinner[turn % look.marks.spinner.size()]);
   Glyphs text = header;
@@ -56,7 +57,7 @@ class ListPainter {
     return line != kNoLine && line >= first_ && line < first_ + height_;
   }
   int screenLine(std::int64_t line) const { return static_cast<int>(line - first_) + 1; }
-  // The last column is for the marks of what is above and below.
+  // The last column is reserved for the scroll marks.
   int room(int column) const { return look_.extent.columns - 1 - column; }
 
   void paintSection(std::int64_t section, const ListLines::Section& part) const {
@@ -73,7 +74,7 @@ class ListPainter {
     }
   }
 
-  // In the lines that the list leaves free.
+  // Draws the reason in the lines below the list.
   void paintReason() const {
     std::int64_t line = lines_.count + (isRoomy(look_.extent) ? 1 : 0);
     for (Glyphs& text : wrapped(glyphsOf(emptyList_.reason), room(kNameColumn))) {
@@ -101,7 +102,7 @@ class ListPainter {
     if (row.image && row.image->name() == kChosenImage) {
       frame_.put({line, kChosenColumn}, mark(look_.marks.chosen), styled(Style::chosen));
     }
-    // No more of a name than any terminal has columns for.
+    // A longer name would not fit on any terminal.
     constexpr std::size_t kMostBytes = 4096;
     if (row.title) {
       put(line, kNameColumn, glyphsOf(shortened(row.title->string(), kMostBytes)),

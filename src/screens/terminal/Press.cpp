@@ -8,7 +8,7 @@
 namespace wifi_profile {
 namespace {
 
-constexpr std::size_t kGoOn = 1;  // the answer in focus when the question comes up
+constexpr std::size_t kGoOn = 1;  // the initial focus of the question
 
 void pressInHelp(const Shown& shown, TerminalState& state, const Look& look, const Key& key) {
   const int last = lastHelpLine(look.extent, helpHints(shown, look).size());

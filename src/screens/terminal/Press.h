@@ -1,4 +1,4 @@
-// What a key does, as a value.
+// Computes what a key does, as a value.
 #pragma once
 
 #include <cstddef>
@@ -25,18 +25,18 @@ struct Pull {
 struct AskForPower {
   bool operator==(const AskForPower&) const = default;
 };
-struct Type {  // the whole text of the alert's field
+struct Type {  // the new text of the alert's field
   std::string text;
   bool operator==(const Type&) const = default;
 };
-struct TapAction {  // of the alert
+struct TapAction {  // an action of the alert
   std::size_t action;
   bool operator==(const TapAction&) const = default;
 };
 struct Stop {
   bool operator==(const Stop&) const = default;
 };
-struct Close {  // the report
+struct Close {  // closes the report
   bool operator==(const Close&) const = default;
 };
 struct Repaint {
@@ -45,7 +45,7 @@ struct Repaint {
 
 }  // namespace effect
 
-// What is to be done besides; nothing: monostate.
+// What to do besides changing the state; monostate: no effect.
 using Effect =
     std::variant<std::monostate, effect::TapRow, effect::TapNext, effect::Pull, effect::AskForPower,
                  effect::Type, effect::TapAction, effect::Stop, effect::Close, effect::Repaint>;
@@ -55,24 +55,24 @@ struct Pressed {
   Effect effect;
 };
 
-// A key that can do nothing now leaves the reason in `state.notice`. Keys:
-// in the list: arrows, j, k, PgUp, PgDn, Home, End, Enter, n, r, /, ?, q, and p while the
-// radio is off;
-// in a search: characters, the edit keys, Up and Down to the hit before and after, Enter, Esc;
+// Handles a key. If the key cannot act now, `state.notice` gives the reason. Keys:
+// in the list: arrows, j, k, PgUp, PgDn, Home, End, Enter, n, r, /, ?, q, and p while the radio is
+// off;
+// in a search: characters, the edit keys, Up and Down to the previous and next match, Enter, Esc;
 // in a dialog: Tab, Shift-Tab, arrows between buttons, characters and the edit keys in its field.
-// Enter in the field presses the last action that is enabled and not of cancel style. Esc presses
-// the action of cancel style; where there is none it presses nothing, because nobody can know which
-// answer is harmless, but goes to the first button. The question whether to stop goes on at Esc;
-// in the report: moving keys, Enter opens and closes a finding, on the last line it closes the
-// report, as Esc and q do.
+// Enter in the field performs the last action that is enabled and not of cancel style. Esc performs
+// the action of cancel style. Without such an action, Esc performs no action, because no answer is
+// known to be harmless, and moves the focus to the first button. Esc answers the question whether
+// to stop with "continue";
+// in the report: the moving keys; Enter opens and closes a finding; Enter on the last line, Esc and
+// q close the report.
 Pressed pressed(const Shown& shown, TerminalState state, const Look& look, const Key& key);
 
-// Does what an effect says to the toolkit's objects. Stopping, closing and repainting are the
-// screen's own.
+// Applies an effect to the toolkit's objects. The screen itself handles Stop, Close and Repaint.
 void perform(const Shown& shown, const Effect& effect);
 
-// The state of a dialog that has just come up: in its field, or else on the last action that is
-// enabled and not of cancel style.
+// Returns the initial state of a dialog. The focus is in the text field or, without one, on the
+// last action that is enabled and not of cancel style.
 DialogState openingState(const toolkit::Alert& alert);
 
 }  // namespace wifi_profile

@@ -8,7 +8,7 @@ using Name = Key::Name;
 using toolkit::ActionStyle;
 using toolkit::Alert;
 
-// The parts of a dialog: its field, if there is one, and then its actions.
+// The parts of a dialog are its field, if there is one, and then its actions.
 std::size_t fieldParts(const Alert& alert) { return alert.textFields().empty() ? 0 : 1; }
 std::size_t partCount(const Alert& alert) { return fieldParts(alert) + alert.actions().size(); }
 
@@ -16,7 +16,7 @@ bool canHaveFocus(const Alert& alert, std::size_t part) {
   return part < fieldParts(alert) || alert.actions()[part - fieldParts(alert)]->isEnabled();
 }
 
-// The next part that can be used; the same if there is no other.
+// Returns the next part that can have the focus; the same part if there is no other.
 std::size_t nextPart(const Alert& alert, std::size_t part, bool forwards) {
   const std::size_t count = partCount(alert);
   for (std::size_t tried = 0; tried < count; ++tried) {
@@ -26,13 +26,13 @@ std::size_t nextPart(const Alert& alert, std::size_t part, bool forwards) {
   return part;
 }
 
-// Arrows stay within the buttons.
+// Returns the next button for an arrow key, without wrapping around and without entering the field.
 std::size_t nextButton(const Alert& alert, std::size_t part, bool forwards) {
   const std::size_t next = nextPart(alert, part, forwards);
   return next < fieldParts(alert) || (next > part) != forwards ? part : next;
 }
 
-// The last action that is enabled and not of cancel style.
+// Returns the last action that is enabled and not of cancel style.
 std::optional<std::size_t> mainAction(const Alert& alert) {
   for (std::size_t i = alert.actions().size(); i-- > 0;) {
     const auto& action = *alert.actions()[i];

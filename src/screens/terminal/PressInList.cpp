@@ -7,7 +7,7 @@ namespace {
 
 using Name = Key::Name;
 
-// The list as the keys see it.
+// The list's table and lines, for the key handlers.
 struct List {
   const toolkit::TableView& table;
   const ListLines lines;
@@ -70,7 +70,8 @@ Effect refresh(const Shown& shown, TerminalState& state) {
   return {};
 }
 
-// The nearest hit from `from` on; without one the cursor stays.
+// Moves the cursor to the nearest match from `from` on. Without a match, the cursor stays and a
+// notice says so.
 void findFrom(const List& list, TerminalState& state, toolkit::IndexPath from,
               Direction direction) {
   const auto hit = rowWithText(list.table, state.find->edit.text, from, direction);

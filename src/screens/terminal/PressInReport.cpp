@@ -39,7 +39,7 @@ Effect pressedInReport(const Shown& shown, TerminalState& state, const Look& loo
   }
   const ReportLines after = reportLines(*shown.report, look, place.open);
   const auto& item = after.items[place.item];
-  // A long one is read from its beginning.
+  // An item that is higher than the screen is shown from its beginning.
   if (item.end - item.first > height) place.firstLine = item.first;
   place = revealed(after, std::move(place), height);
   return {};

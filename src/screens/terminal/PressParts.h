@@ -1,5 +1,4 @@
-// What a key does in each of the screen's modes. Each changes `state` and returns what else is to
-// be done.
+// Key handlers of the screen's modes. Each one changes `state` and returns the remaining effect.
 #pragma once
 
 #include "screens/terminal/Press.h"
@@ -12,7 +11,7 @@ Effect pressedInAlert(const Shown& shown, TerminalState& state, const Key& key);
 Effect pressedInQuestion(TerminalState& state, const Key& key);
 Effect pressedInReport(const Shown& shown, TerminalState& state, const Look& look, const Key& key);
 
-// `?` and `q`, which work nearly everywhere.
+// Handles `?` and `q`, which work in most modes. Returns true if it handled the key.
 bool openedHelpOrQuestion(TerminalState& state, const Key& key);
 
 }  // namespace wifi_profile

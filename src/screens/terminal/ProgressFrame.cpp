@@ -71,8 +71,8 @@ void putBar(Frame& frame, const Look& look, int line, double fraction, int colum
   frame.put({line, start + columns - static_cast<int>(percent.size())}, percent, Style::plain);
 }
 
-// Leaves out what matters least, until the lines fit: empty ones, then the message but for its
-// first line, then how far the tests are.
+// Removes the least important lines until the rest fits: empty lines, then all but the first line
+// of the message, then the number of tests done.
 void shorten(std::vector<Line>& lines, std::size_t messageCount, std::size_t most) {
   if (lines.size() <= most) return;
   std::erase_if(lines, [](const Line& line) { return line.kind == Line::Kind::blank; });

@@ -51,7 +51,7 @@ class Writer {
 
  private:
   int lineCount() const { return static_cast<int>(written_.lines.size()); }
-  // The last column is for the marks of what is above and below.
+  // The last column is reserved for the scroll marks.
   int room(int column) const { return std::max(2, look_.extent.columns - 1 - column); }
   void blank() {
     if (isRoomy(look_.extent)) written_.lines.emplace_back();
@@ -76,7 +76,7 @@ class Writer {
     for (const ReportFinding& finding : section.findings) writeFinding(finding);
   }
 
-  // Behind the title, where there is room.
+  // Writes the counts after the title, as far as they fit.
   void writeCounts(const ReportSection& section) {
     auto& line = written_.lines.back();
     int column = kSectionColumn + widthOf(line.back().text) + 2;
@@ -122,7 +122,8 @@ class Writer {
   ReportLines written_;
 };
 
-// What stands above an item, such as a section's title, shows with it: the first line of that.
+// Returns the first of the lines above an item that are shown together with it, such as a section's
+// title.
 int leadOf(const ReportLines& lines, std::size_t item) {
   return item == 0 ? 0 : lines.items[item - 1].end;
 }
@@ -169,7 +170,7 @@ ReportPlace movedBy(const ReportLines& lines, ReportPlace place, int height, int
   const auto& next = lines.items[place.item];
   const bool tall = next.end - next.first > height;
   place = revealed(lines, place, height);
-  // A long one is read from its beginning, or backwards from its end.
+  // An item longer than the screen is entered at its beginning or, upwards, at its end.
   if (tall) place.firstLine = items > 0 ? next.first : next.end - height;
   return place;
 }
@@ -182,7 +183,7 @@ ReportPlace pagedBy(const ReportLines& lines, ReportPlace place, int height, int
     place.item = pages > 0 ? lines.items.size() - 1 : 0;
     return place;
   }
-  // The first item that begins within sight; the one that fills the screen where none does.
+  // Select the first item that begins in the visible lines, or else the item that fills the screen.
   for (std::size_t i = 0; i < lines.items.size(); ++i) {
     if (lines.items[i].end <= place.firstLine) continue;
     place.item = i;

@@ -1,4 +1,4 @@
-// A report in lines, with the items that a cursor goes over.
+// A report as lines, and the items that a cursor moves over.
 #pragma once
 
 #include <cstddef>
@@ -18,12 +18,12 @@ struct ReportText {
   Style style = Style::plain;
 };
 
-// Items are the findings in their order and, last, what closes the report.
+// The items are the findings in their order and, last, the line that closes the report.
 struct ReportLines {
   struct Item {
-    int first = 0;       // its lines
-    int end = 0;         // the line after them
-    bool opens = false;  // there is more to show of it
+    int first = 0;       // first line
+    int end = 0;         // the line after its last line
+    bool opens = false;  // has details that can be opened
   };
   std::vector<std::vector<ReportText>> lines;
   std::vector<Item> items;
@@ -31,11 +31,12 @@ struct ReportLines {
 
 ReportLines reportLines(const Report& report, const Look& look, const std::set<std::size_t>& open);
 
-// The cursor goes by so many items; within one that is longer than `height`, by lines.
+// Moves the cursor by `items` items, or by single lines within an item that is longer than
+// `height`.
 ReportPlace movedBy(const ReportLines& lines, ReportPlace place, int height, int items);
-// The lines go by a page, and the cursor with them.
+// Scrolls by `pages` pages, and moves the cursor along.
 ReportPlace pagedBy(const ReportLines& lines, ReportPlace place, int height, int pages);
-// The item with the cursor comes into sight, as much of it as there is room for.
+// Makes as much of the cursor's item visible as fits.
 ReportPlace revealed(const ReportLines& lines, ReportPlace place, int height);
 
 }  // namespace wifi_profile

@@ -5,7 +5,7 @@
 namespace wifi_profile {
 namespace {
 
-constexpr int kNarrow = 40;  // columns under which texts stand closer together
+constexpr int kNarrow = 40;  // screens with fewer columns get a compact layout
 
 void putBody(Frame& frame, const Look& look, const Shown& shown, const TerminalState& state) {
   if (shown.report) {
@@ -37,7 +37,7 @@ void putFind(Frame& frame, const Look& look, const FindState& find) {
   frame.caret = Place{line, column + caret};
 }
 
-// The last line: what there is to say, the name that is looked for, or the keys.
+// Draws the last line: the notice, the search text, or the keys.
 void putLastLine(Frame& frame, const Look& look, const Shown& shown, const TerminalState& state,
                  Mode mode) {
   const int line = look.extent.lines - 1;

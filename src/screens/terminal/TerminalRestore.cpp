@@ -12,12 +12,12 @@
 namespace wifi_profile {
 namespace {
 
-// Signals that end a process and that nothing else handles.
+// Signals that end the process and have no other handler.
 constexpr std::array kDeadly{SIGSEGV,   SIGBUS,  SIGABRT, SIGFPE,  SIGILL,  SIGQUIT,
                              SIGSYS,    SIGTRAP, SIGXCPU, SIGUSR1, SIGUSR2, SIGALRM,
                              SIGVTALRM, SIGPROF, SIGIO,   SIGPWR};
 
-// What a signal handler may read: written while no terminal is armed.
+// Data for the signal handler. Written only while no terminal is armed.
 struct Armed {
   std::array<char, 1024> sequence{};
   std::size_t length = 0;
@@ -30,7 +30,7 @@ static_assert(std::atomic<int>::is_always_lock_free);
 std::array<struct sigaction, kDeadly.size()> actionsBefore;
 std::terminate_handler terminateBefore = nullptr;
 
-// A crash for lack of stack needs another one.
+// The handler of a stack overflow needs a stack of its own.
 alignas(16) std::array<char, 65536> spareStack;
 
 bool isFault(int signal) {
@@ -43,7 +43,7 @@ void crashed(int signal, siginfo_t* info, void* /*context*/) {
   const auto place = std::find(kDeadly.begin(), kDeadly.end(), signal);
   sigaction(signal, &actionsBefore[static_cast<std::size_t>(place - kDeadly.begin())], nullptr);
   errno = error;
-  // A fault happens again at once; what another process sent does not.
+  // A fault recurs when the handler returns; a signal sent by a process does not.
   if (!isFault(signal) || info->si_code <= 0) raise(signal);
 }
 

@@ -1,4 +1,4 @@
-// Puts a terminal right when there is no time for anything else.
+// Restores a terminal when the process ends abnormally.
 #pragma once
 
 #include <string_view>
@@ -6,20 +6,20 @@
 
 namespace wifi_profile {
 
-// From now on a terminal has to be put right: by `sequence`, which is written to it, and by its
-// modes. Main thread. What is longer than 1023 bytes is cut off.
+// Stores what restores the terminal: `sequence`, which is written to it, and its modes. Main
+// thread. Bytes of `sequence` beyond 1023 are dropped.
 void armRestore(int terminal, const termios& modes, std::string_view sequence);
-// The terminal is right.
+// Cancels the restoring: the terminal is in its normal state.
 void disarmRestore();
 
-// Puts the terminal right, at most once after it was armed, unless other processes have it now.
-// Async-signal-safe; any thread.
+// Restores the terminal, at most once per `armRestore`. Does nothing if the process is not in the
+// terminal's foreground. Async-signal-safe; any thread.
 void restoreTerminalNow();
 
-// While it lives, an exception that nothing handles, a crash (SIGSEGV, SIGABRT, ...) and every
-// other signal that ends a process and is not handled (SIGUSR1, SIGALRM, SIGXCPU, ...) puts the
-// terminal right, and then does what it did before. Those that are ignored stay ignored. SIGINT,
-// SIGTERM and SIGHUP are the host's.
+// During its lifetime, these events restore the terminal and then have their previous effect: an
+// unhandled exception, a crash (SIGSEGV, SIGABRT, ...), and every other signal that ends the
+// process and is not handled (SIGUSR1, SIGALRM, SIGXCPU, ...). Ignored signals stay ignored. The
+// host handles SIGINT, SIGTERM and SIGHUP.
 class CrashGuard final {
  public:
   CrashGuard();

@@ -22,7 +22,7 @@ namespace wifi_profile {
 namespace {
 
 using namespace std::chrono_literals;
-constexpr auto kTurn = 100ms;  // of a spinner
+constexpr auto kTurn = 100ms;  // one step of a spinner
 constexpr auto kLookForForeground = 200ms;
 
 bool isIgnored(int signal) {
@@ -30,8 +30,8 @@ bool isIgnored(int signal) {
   return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
 }
 
-// The process stops as if the signal had not been waited for: where nobody could continue it, not
-// at all.
+// Stops the process by the default action of SIGTSTP, which does nothing in an orphaned process
+// group.
 void stopProcess() {
   struct sigaction waiting {};
   struct sigaction usual {};
@@ -43,8 +43,8 @@ void stopProcess() {
 
 volatile std::sig_atomic_t stopIsWanted = 0;
 
-// While the terminal is changed already and the screen does not wait for signals yet, an order to
-// stop waits: the screen puts the terminal right before it stops.
+// Defers SIGTSTP after the terminal was changed and before the screen handles the signal: the
+// screen must restore the terminal before the process stops.
 class StopsLater {
  public:
   StopsLater() {
@@ -54,7 +54,7 @@ class StopsLater {
     noting.sa_handler = [](int /*signal*/) { stopIsWanted = 1; };
     sigaction(SIGTSTP, &noting, &before_.emplace());
   }
-  // The screen has taken the signal over.
+  // Call when the screen handles the signal.
   void screenWaits() { before_.reset(); }
   ~StopsLater() {
     if (before_) sigaction(SIGTSTP, &*before_, nullptr);
@@ -76,7 +76,7 @@ class TerminalScreen final : public PersonScreen,
   }
   ~TerminalScreen() override { close(); }
 
-  // Once it is shared.
+  // Call once a shared_ptr owns the screen.
   void begin() {
     for (const int signal : {SIGWINCH, SIGTSTP, SIGCONT}) {
       if (signal == SIGWINCH || !isIgnored(signal)) signals_.add(signal);
@@ -135,7 +135,7 @@ class TerminalScreen final : public PersonScreen,
   void handleSignal(int signal);
   void takeTerminalBack();
 
-  // Calls a member later, unless the screen has gone or is closed by then.
+  // Returns a handler that calls a member, unless the screen has been destroyed or closed by then.
   template <class... Arguments>
   auto later(void (TerminalScreen::*member)(Arguments...)) {
     return
@@ -153,7 +153,7 @@ class TerminalScreen final : public PersonScreen,
   asio::steady_timer turning_{queue_->context()};
   asio::steady_timer returning_{queue_->context()};
 
-  std::shared_ptr<toolkit::ViewController> controller_;  // null: nothing to show yet
+  std::shared_ptr<toolkit::ViewController> controller_;  // null: no view yet
   std::function<void()> askedToStop_;
   TestsDone tests_;
   EmptyList emptyList_;
@@ -198,7 +198,7 @@ void TerminalScreen::tableDid(const toolkit::TableEvent& event) {
   draw();
 }
 
-// Once, soon, however often it is asked for.
+// Schedules one drawing; further calls until then have no effect.
 void TerminalScreen::draw() {
   if (std::exchange(drawIsPosted_, true)) return;
   asio::post(queue_->context(), [weak = weak_from_this()] {
@@ -234,7 +234,7 @@ void TerminalScreen::waitForKeys() {
   input_.async_wait(asio::posix::stream_descriptor::wait_read, later(&TerminalScreen::takeKey));
 }
 
-// One key at a time: what it gives rise to is posted, and comes before the next one.
+// Takes one key and posts the taking of the next one, so that work posted by this key comes first.
 void TerminalScreen::takeKey() {
   if (tty_->isReleased()) return;
   const auto key = tty_->nextKey();
@@ -292,7 +292,7 @@ void TerminalScreen::handleSignal(int signal) {
   draw();
 }
 
-// In the background the terminal is somebody else's, even after a SIGCONT.
+// In the background, another process uses the terminal, even after SIGCONT: try again later.
 void TerminalScreen::takeTerminalBack() {
   if (tty_->isInForeground()) {
     const bool wasReleased = tty_->isReleased();
@@ -313,7 +313,8 @@ void TerminalScreen::close() {
   input_.release();
   turning_.cancel();
   returning_.cancel();
-  // First the terminal: an order to stop that comes meanwhile does not leave it as it is.
+  // Restore the terminal before the signals are cleared, so that a SIGTSTP in between finds it
+  // restored.
   tty_.reset();
   signals_.clear();
   signals_.cancel();

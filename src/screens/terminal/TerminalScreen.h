@@ -1,4 +1,4 @@
-// The screen of a terminal.
+// The interactive screen in a terminal.
 #pragma once
 
 #include <memory>
@@ -10,13 +10,14 @@
 namespace wifi_profile {
 
 struct TerminalStyle {
-  bool color = true;  // a terminal without colours is monochrome by itself
+  bool color = true;  // has no effect on a monochrome terminal
 };
 
-// The screen, or why there is none ("found ..., expected ..."). Draws on the process's terminal, so
-// that standard input, output and error may be elsewhere. Waits for keys, for another size, and for
-// being stopped and continued in its main queue; SIGINT, SIGTERM and SIGHUP are left to the host. A
-// terminal that goes away counts as asked to stop, and closed. One at a time in a process.
+// Makes the screen, or returns why it cannot: "found ..., expected ...". The screen draws on the
+// controlling terminal, so standard input, output and error may be redirected. Its main queue
+// handles keys, changes of size, and being stopped and continued; SIGINT, SIGTERM and SIGHUP are
+// left to the host. If the terminal disappears, the screen asks to stop and is closed. One instance
+// at a time in a process.
 std::variant<std::shared_ptr<PersonScreen>, std::string> makeTerminalScreen(TerminalStyle style);
 
 }  // namespace wifi_profile

@@ -1,4 +1,4 @@
-// Everything that a frame is made from: what is there to be shown, and the screen's own state.
+// The input of a frame: the content to show, and the screen's own state.
 #pragma once
 
 #include <cstddef>
@@ -17,45 +17,45 @@
 
 namespace wifi_profile {
 
-// What the toolkit and the host show.
+// The content from the toolkit and the host.
 struct Shown {
   Content content;
   std::shared_ptr<toolkit::Alert> alert;  // null: none
   TestsDone tests;
   EmptyList emptyList = {};
-  const Report* report = nullptr;  // null: the run is not over
+  const Report* report = nullptr;  // null: the run has not finished
 };
 
-// A dialog's own state. Its parts are its text field, if it has one, and then its buttons.
+// A dialog's own state. Its parts are its text field, if there is one, and then its buttons.
 struct DialogState {
-  std::size_t focus = 0;  // the part
+  std::size_t focus = 0;  // index of the part
   EditedText edit;
 };
 
 struct FindState {
   EditedText edit;
-  ListPlace origin;  // where Esc goes back to
+  ListPlace origin;  // the place that Esc returns to
 };
 
 struct ReportPlace {
-  std::size_t item = 0;        // the cursor
-  int firstLine = 0;           // at the top
-  std::set<std::size_t> open;  // items whose details show
+  std::size_t item = 0;        // index of the cursor's item
+  int firstLine = 0;           // top visible line
+  std::set<std::size_t> open;  // items whose details are shown
 };
 
 struct TerminalState {
   ListPlace list;
   DialogState dialog;
   std::optional<FindState> find;
-  std::optional<std::size_t> question;  // whether to stop is being asked: the button in focus
-  std::optional<int> help;              // the keys are shown: the first line of them
+  std::optional<std::size_t> question;  // whether to stop: the focused button; empty: not asked
+  std::optional<int> help;              // first visible line of the help; empty: no help
   ReportPlace report;
-  std::string notice;  // what there is to say to the last key; empty: nothing
+  std::string notice;  // message in response to the last key; empty: none
   bool stopping = false;
-  unsigned turn = 0;  // of the spinners
+  unsigned turn = 0;  // step of the spinners
 };
 
-// Where keys go and what shows, the topmost first.
+// What receives the keys and is shown, the topmost first.
 enum class Mode {
   tooSmall,
   help,
@@ -72,18 +72,19 @@ Mode modeOf(const Shown& shown, const TerminalState& state, Extent extent);
 
 inline constexpr Extent kSmallest{20, 6};
 
-// The lines between the bar at the top and the keys at the bottom.
+// Returns the number of lines between the bar at the top and the keys at the bottom.
 inline int bodyLines(Extent extent) { return extent.lines - 2; }
-// Whether there is room for empty lines.
+// Returns true if there is space for empty lines.
 inline bool isRoomy(Extent extent) { return extent.lines >= 12; }
 
-// Whether the list's table is on the screen and has been read.
+// Returns true if the list's table is on the screen and has been read.
 bool hasList(const Content& content);
-// Whether a wheel turns in a header of the list.
+// Returns true if a spinner runs in a header of the list.
 bool isTurning(const toolkit::TableView& table);
-// Whether a key asks again whether to turn the radio on. Only with a list on the screen.
+// Returns true if a key can ask again whether to turn the radio on. False without a list on the
+// screen.
 bool canAskForPower(const Shown& shown);
-// The label and the wheel in a section's header; null: none.
+// Returns the label or the spinner in a section's header; null: none.
 std::shared_ptr<toolkit::Label> headerLabel(const toolkit::TableView& table, std::int64_t section);
 std::shared_ptr<toolkit::Spinner> headerSpinner(const toolkit::TableView& table,
                                                 std::int64_t section);

@@ -1,4 +1,4 @@
-// A file of its own because <term.h> makes macros of everyday words.
+// A separate file because <term.h> defines macros with common names.
 
 #include "screens/terminal/Terminfo.h"
 
@@ -9,7 +9,7 @@
 namespace wifi_profile {
 namespace {
 
-// Without its waits; empty: the terminal has no such capability.
+// Returns a capability without its padding; empty: the terminal has no such capability.
 std::string capability(const char* name) {
   const char* const value = tigetstr(name);
   if (!value || reinterpret_cast<std::intptr_t>(value) == -1) return {};  // -1: no such name
@@ -41,7 +41,7 @@ std::optional<std::string> restoringSequenceOf(const std::string& kind, int desc
   if (kind.empty() || setupterm(kind.c_str(), descriptor, &error) != OK) return std::nullopt;
   std::optional<std::string> sequence;
   if (!capability("cup").empty()) sequence = restoringSequence(lineCount);
-  del_curterm(cur_term);  // the screen makes one of its own
+  del_curterm(cur_term);  // newterm makes its own
   return sequence;
 }
 

@@ -1,4 +1,4 @@
-// What the terminal's description says of it.
+// Reads the terminal's description.
 #pragma once
 
 #include <optional>
@@ -6,17 +6,18 @@
 
 namespace wifi_profile {
 
-// What ends the use of the whole screen, of `lineCount` lines, of a terminal that has no screen of
-// ncurses yet. Empty: `kind`, a value of TERM, is no terminal whose cursor can be moved.
+// Returns the sequence that ends full-screen use of a terminal with `lineCount` lines, before
+// ncurses has a screen on it. Empty if `kind`, a value of TERM, is not a terminal with cursor
+// movement.
 std::optional<std::string> restoringSequenceOf(const std::string& kind, int descriptor,
                                                int lineCount);
 
-// The following tell of the terminal that has a screen of ncurses now.
+// The functions below apply to the terminal of the current ncurses screen.
 
-// Whether the shell's screen comes back at the end.
+// Returns true if the terminal restores the shell's screen at the end.
 bool hasSecondScreen();
 
-// The same, as ncurses would do it.
+// Returns the sequence that ends full-screen use, as ncurses would send it.
 std::string restoringSequence(int lineCount);
 
 }  // namespace wifi_profile

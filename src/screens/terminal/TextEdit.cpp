@@ -20,7 +20,7 @@ std::string withoutControls(std::string_view text) {
   return kept;
 }
 
-// The end of the character that begins at `place`.
+// Returns the end of the character that begins at `place`, with its combining marks.
 std::size_t after(std::string_view text, std::size_t place) {
   if (place >= text.size()) return text.size();
   place += firstCodePoint(text.substr(place)).length;

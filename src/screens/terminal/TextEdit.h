@@ -1,4 +1,4 @@
-// A text of one line with a caret, and what keys do to it.
+// A single-line text with a caret, and its edit keys.
 #pragma once
 
 #include <cstddef>
@@ -10,12 +10,12 @@ namespace wifi_profile {
 
 struct EditedText {
   std::string text;       // valid UTF-8 without control characters
-  std::size_t caret = 0;  // bytes before it; between two characters
+  std::size_t caret = 0;  // in bytes; always between two characters
   bool operator==(const EditedText&) const = default;
 };
 
-// The text after `key`; the same where the key does not edit. Pasted line ends and other control
-// characters are dropped. A character and the marks on it are one step.
+// Returns the text after `key`; unchanged if the key does not edit. Drops line ends and other
+// control characters of a paste. A character and its combining marks are one step.
 EditedText edited(EditedText text, const Key& key);
 
 }  // namespace wifi_profile

@@ -14,7 +14,7 @@ bool isWithin(char32_t point, char32_t first, char32_t last) {
   return point >= first && point <= last;
 }
 
-// Joiners, variation selectors and skin tones.
+// Returns true for joiners, variation selectors and skin tones.
 bool isLeftOut(char32_t point) {
   return point == 0x034F || isWithin(point, 0x180B, 0x180F) || isWithin(point, 0x200C, 0x200D) ||
          isWithin(point, 0xFE00, 0xFE0F) || isWithin(point, 0x1F3FB, 0x1F3FF);
@@ -117,7 +117,7 @@ std::vector<Glyphs> wrapped(const Glyphs& glyphs, int columns) {
   auto start = glyphs.begin();
   while (start != glyphs.end()) {
     int width = 0;
-    auto end = start;        // of what fits
+    auto end = start;        // end of the part that fits
     auto lastBreak = start;  // where the line may end
     for (; end != glyphs.end() && width + end->width <= columns; ++end) {
       if (end != start && (end->width == 2 || (end - 1)->width == 2)) lastBreak = end;
@@ -126,7 +126,7 @@ std::vector<Glyphs> wrapped(const Glyphs& glyphs, int columns) {
     }
     const bool mayEndHere = end == glyphs.end() || isBlank(*end) || end->width == 2;
     if (!mayEndHere && lastBreak != start) end = lastBreak;
-    if (end == start) ++end;  // wider than the line: no way to do better
+    if (end == start) ++end;  // one glyph wider than the line
     auto next = end;
     while (next != glyphs.end() && isBlank(*next)) ++next;
     while (end != start && isBlank(*(end - 1))) --end;

@@ -26,14 +26,15 @@ namespace {
 
 constexpr const char* kPasteOn = "\x1b[?2004h";
 constexpr const char* kPasteOff = "\x1b[?2004l";
-// Numbers that no key of ncurses has.
+// Codes that no ncurses key has.
 constexpr int kPasteBegins = 0x7001;
 constexpr int kPasteEnds = 0x7002;
-constexpr int kEscapeDelay = 50;  // milliseconds until an Esc is one, and not the start of a key
+constexpr int kEscapeDelay = 50;  // milliseconds until an Esc is a key, not the start of a sequence
 
 enum Pair : short { kRed = 1, kYellow, kGreen, kCyan };
 
-// Whether the terminal can be expected to show more than ASCII.
+// Sets LC_CTYPE to a UTF-8 locale. Returns true if the environment's locale is UTF-8, so that the
+// terminal probably shows more than ASCII.
 bool useUtf8() {
   const bool known = std::setlocale(LC_CTYPE, "") != nullptr;
   if (known && std::strcmp(nl_langinfo(CODESET), "UTF-8") == 0) return true;
@@ -41,14 +42,14 @@ bool useUtf8() {
   return false;
 }
 
-// null: the process has none.
+// Opens the controlling terminal; null: the process has none.
 FILE* openTerminal(const char* mode, int flags) {
   const int descriptor = open("/dev/tty", flags | O_CLOEXEC | O_NOCTTY);
   return descriptor < 0 ? nullptr : fdopen(descriptor, mode);
 }
 
-// ncurses answers to signals that are the host's, and to those that this screen waits for: they
-// keep what they do.
+// ncurses installs handlers for signals that the host or this screen handles. Keeps their previous
+// actions.
 class KeptSignals {
  public:
   KeptSignals() {
@@ -140,15 +141,15 @@ short pairOf(Style style) {
 }  // namespace
 
 struct Tty::State {
-  // Of two openings: waiting on one makes it non-blocking, and what is written must not be lost.
+  // Opened separately: waiting on `in` makes it non-blocking, which must not lose output on `out`.
   FILE* in = nullptr;
   FILE* out = nullptr;
   SCREEN* screen = nullptr;
-  WINDOW* keys = nullptr;  // a pad: reading from it draws nothing
-  termios modes{};         // as they were
+  WINDOW* keys = nullptr;  // a pad, because reading from it does not draw
+  termios modes{};         // the modes before use
   bool color = false;
   bool released = false;
-  bool rich = true;  // more than ASCII
+  bool rich = true;  // shows more than ASCII
   KeyDecoder decoder;
   std::unique_ptr<CrashGuard> guard;
 
@@ -199,7 +200,8 @@ struct Tty::State {
     resizeterm(size.ws_row, size.ws_col);
   }
 
-  // Sequences of keys that ncurses does not know are no Esc.
+  // Skips a key sequence that ncurses does not know, which would otherwise be read as Esc. Returns
+  // true if it skipped one.
   bool skippedUnknownSequence() const {
     const int next = wgetch(keys);
     if (next == ERR) return false;
@@ -235,7 +237,7 @@ std::variant<std::unique_ptr<Tty>, std::string> Tty::open(bool color) {
   ioctl(fileno(state->out), TIOCGWINSZ, &size);
   const auto sequence = restoringSequenceOf(kind, fileno(state->out), size.ws_row);
   if (!sequence) return unusable;
-  // From its first change on, the terminal is put right whatever happens.
+  // Arm the restoring before the first change of the terminal.
   state->guard = std::make_unique<CrashGuard>();
   armRestore(fileno(state->out), state->modes, kPasteOff + *sequence);
   {
@@ -324,7 +326,7 @@ void Tty::release() {
   disarmRestore();
   state_->send(kPasteOff);
   if (!hasSecondScreen()) {
-    // What the shell writes next stands where the keys were.
+    // Clears the last line, where the shell's prompt appears.
     wmove(stdscr, LINES - 1, 0);
     wclrtoeol(stdscr);
     wrefresh(stdscr);
@@ -337,12 +339,12 @@ void Tty::takeBack() {
     reset_prog_mode();
   } else {
     state_->released = false;
-    // The shell's may be others by now.
+    // The shell may have changed its modes.
     tcgetattr(fileno(state_->out), &state_->modes);
     def_shell_mode();
     reset_prog_mode();
     wrefresh(curscr);
-    keypad(state_->keys, TRUE);  // else only with the next look for a key
+    keypad(state_->keys, TRUE);  // otherwise only at the next read of a key
     state_->send(kPasteOn);
   }
   state_->follow();

@@ -1,4 +1,4 @@
-// The process's terminal: frames go out, keys come in. The only file that knows ncurses.
+// The process's terminal: shows frames and reads keys. Only this class and Terminfo use ncurses.
 #pragma once
 
 #include <memory>
@@ -11,40 +11,39 @@
 
 namespace wifi_profile {
 
-// Main thread only, but for `restoreTerminalNow`, which is armed while the terminal is in use. One
-// at a time in a process. It also sets the process's `LC_CTYPE`, which the widths of characters
-// need: from the environment, or to C.UTF-8 where that is no UTF-8.
+// Main thread only, except `restoreTerminalNow`, which is armed while the terminal is in use. One
+// instance at a time in a process. Also sets the process's `LC_CTYPE`, which character widths need:
+// from the environment, or to C.UTF-8 if that is not UTF-8.
 class Tty final {
  public:
-  // The terminal, in use; or why not: "found ..., expected ...".
+  // Opens the terminal, or returns why it cannot: "found ..., expected ...".
   static std::variant<std::unique_ptr<Tty>, std::string> open(bool color);
   Tty(const Tty&) = delete;
   Tty& operator=(const Tty&) = delete;
-  // Puts the terminal right, unless it is released.
+  // Restores the terminal, unless it is released.
   ~Tty();
 
-  // To wait for keys on.
+  // The descriptor to wait on for keys.
   int descriptor() const;
   Extent extent() const;
   const Marks& marks() const;
 
   void put(const Frame& frame);
-  // Everything is put anew with the next frame.
+  // Redraws the whole screen with the next frame.
   void repaint();
 
-  // The next key that has come; nothing: none has. The names of keys that mean nothing here are
-  // left out.
+  // Returns the next available key; empty: none. Skips keys that have no meaning here.
   std::optional<Key> nextKey();
-  // Whether it can never have one again.
+  // Returns true if no more keys can come: the terminal is gone.
   bool isGone() const;
 
-  // The terminal has another size.
+  // Call when the terminal's size has changed.
   void resized();
-  // Puts the terminal right, and takes it into use again.
+  // `release` restores the terminal, and `takeBack` takes it into use again.
   void release();
   void takeBack();
   bool isReleased() const;
-  // Whether the process is the one that a person at the terminal talks to.
+  // Returns true if the process is in the terminal's foreground.
   bool isInForeground() const;
 
  private:
