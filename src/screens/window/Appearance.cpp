@@ -15,7 +15,7 @@ const auto kSpace = QStringLiteral("org.freedesktop.appearance");
 const auto kKey = QStringLiteral("color-scheme");
 constexpr unsigned kDark = 1;
 
-// The portal's older call answers with a variant inside the variant.
+// The portal's older call, `Read`, returns a variant within a variant.
 QVariant unwrapped(QVariant value) {
   while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
   return value;

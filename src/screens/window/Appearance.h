@@ -1,4 +1,4 @@
-// Whether the desktop wants dark screens.
+// Follows the desktop's preference for dark or light screens.
 #pragma once
 
 #include <QDBusVariant>
@@ -7,9 +7,8 @@
 namespace wifi_profile {
 
 // Follows the setting "color-scheme" of the desktop's portal (org.freedesktop.portal.Settings,
-// namespace org.freedesktop.appearance: 0 no preference, 1 dark, 2 light) by its signal. Where
-// there is no portal, or no preference: light. Only what the owner of the portal's name says
-// counts.
+// namespace org.freedesktop.appearance: 0 no preference, 1 dark, 2 light) by its signal. Without a
+// portal or a preference: light. Accepts only signals of the owner of the portal's name.
 class Appearance final : public QObject {
   Q_OBJECT
 

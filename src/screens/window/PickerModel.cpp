@@ -8,7 +8,7 @@
 namespace wifi_profile {
 namespace {
 
-// More pieces than this at once cannot be followed by eye anyway.
+// More separate changes cannot be followed by eye.
 constexpr int kMostPieces = 60;
 
 QString shown(const TextRef& text) {
@@ -101,7 +101,7 @@ void PickerModel::headersChanged() {
 
 void PickerModel::rowsChanged(const toolkit::table_event::RowsChanged& changed) {
   Entries wanted = readTable();
-  // Where each wanted entry stood before, or -1.
+  // The former index of each wanted entry; -1: new.
   std::vector<int> places;
   places.reserve(wanted.size());
   std::vector<std::int64_t> before;
@@ -135,8 +135,8 @@ void PickerModel::rowsChanged(const toolkit::table_event::RowsChanged& changed) 
   become(std::move(wanted), places);
 }
 
-// Removes what is in no place any more, from the end; inserts what is new, from the start. What
-// stays is in the same order.
+// Removes the entries that are in no place, from the end, and then inserts the new ones, from the
+// start. The remaining entries keep their order.
 void PickerModel::become(Entries wanted, const std::vector<int>& places) {
   std::vector<bool> goes(entries_.size(), true);
   std::vector<bool> comes(wanted.size(), false);
@@ -171,7 +171,7 @@ void PickerModel::become(Entries wanted, const std::vector<int>& places) {
     endInsertRows();
     first = last;
   }
-  // Rows have other numbers now, and some have become the first or the last of their groups.
+  // The remaining rows have new numbers, and some are now the first or the last of their groups.
   entries_ = std::move(wanted);
   if (!entries_.empty()) Q_EMIT dataChanged(index(0), index(static_cast<int>(entries_.size()) - 1));
 }

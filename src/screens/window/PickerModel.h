@@ -1,4 +1,4 @@
-// The table of networks as a list of Qt's: headers, rows and footers, one below the other.
+// The table of networks as a Qt list model: headers, rows and footers, from top to bottom.
 #pragma once
 
 #include <QAbstractListModel>
@@ -11,8 +11,9 @@
 
 namespace wifi_profile {
 
-// Follows one table. A batch of the table becomes removals and insertions, so that they can be
-// shown as such, all in one turn of the event loop; a batch of very many pieces becomes a reset.
+// Follows one table. Turns a batch of the table into removals and insertions, which the view can
+// animate, within one iteration of the event loop. A batch with more than 60 separate changes
+// becomes a reset.
 class PickerModel final : public QAbstractListModel {
   Q_OBJECT
 
@@ -20,20 +21,20 @@ class PickerModel final : public QAbstractListModel {
   enum class Kind { header, row, footer };
   Q_ENUM(Kind)
 
-  // null: the list is empty.
+  // `table` may be null; then the list is empty.
   void setTable(const std::shared_ptr<toolkit::TableView>& table);
 
-  // All rows have been read anew.
+  // Call when all rows have been read anew.
   void reread();
   void rowsChanged(const toolkit::table_event::RowsChanged& changed);
-  // A spinner was switched, or frames have moved.
+  // Call when a spinner was switched or frames have changed.
   void headersChanged();
 
-  // -1: there is no such row.
+  // Returns the index of a row; -1: there is no such row.
   int indexOf(toolkit::IndexPath path) const;
-  // The row at `index`, which must be one.
+  // Returns the row at `index`, which must be the index of a row.
   toolkit::IndexPath pathOf(int index) const;
-  // Whether there is a row at `index`, and one that a person can do something with.
+  // Returns true if there is a usable row at `index`.
   Q_INVOKABLE bool isForPeople(int index) const;
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -49,11 +50,11 @@ class PickerModel final : public QAbstractListModel {
     QString text = {};
     bool checked = false;
     bool enabled = true;
-    bool first = false;  // of its group
+    bool first = false;  // first row of its group
     bool last = false;
     bool spinning = false;
     QRectF labelFrame = {};    // in the header
-    QRectF spinnerFrame = {};  // in the header; empty: none
+    QRectF spinnerFrame = {};  // in the header; empty: no spinner
   };
   using Entries = std::vector<Entry>;
 

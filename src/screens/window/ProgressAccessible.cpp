@@ -17,7 +17,7 @@ class ProgressAccessible final : public QAccessibleObject, public QAccessibleVal
   bool isValid() const override { return object() && window(); }
   QWindow* window() const override { return item() ? item()->window() : nullptr; }
 
-  // The nearest item around that screen readers know, or the window.
+  // Returns the nearest enclosing item that has an accessible interface, or the window.
   QAccessibleInterface* parent() const override {
     if (!item()) return nullptr;
     for (QQuickItem* around = item()->parentItem(); around; around = around->parentItem()) {
@@ -55,7 +55,7 @@ class ProgressAccessible final : public QAccessibleObject, public QAccessibleVal
   QVariant currentValue() const override {
     return item() ? item()->property("value") : QVariant(0.0);
   }
-  void setCurrentValue(const QVariant& /*value*/) override {}  // it is read only
+  void setCurrentValue(const QVariant& /*value*/) override {}  // read-only
   QVariant minimumValue() const override { return 0.0; }
   QVariant maximumValue() const override { return 1.0; }
   QVariant minimumStepSize() const override { return 0.0; }
@@ -64,11 +64,11 @@ class ProgressAccessible final : public QAccessibleObject, public QAccessibleVal
   QQuickItem* item() const { return static_cast<QQuickItem*>(object()); }
 };
 
-// Qt asks for each class of an object, from the most derived one on, and the latest factory first.
+// Qt calls the latest factory first, for each class of the object from the most derived one on.
 QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* object) {
   auto* const item = qobject_cast<QQuickItem*>(object);
   if (!item || item->objectName() != kProgressBar) return nullptr;
-  return new ProgressAccessible(item);  // Qt's from now on
+  return new ProgressAccessible(item);  // Qt takes ownership
 }
 
 }  // namespace

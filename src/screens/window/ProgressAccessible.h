@@ -1,11 +1,11 @@
-// The progress bar for screen readers.
+// Makes the progress bar accessible to screen readers.
 #pragma once
 
 namespace wifi_profile {
 
-// Qt Quick tells screen readers when a progress bar's value changes, but gives them no value to
-// read. From this call on the item with the object name "progressBar" has one, between 0 and 1; its
-// properties are "value", "name" and "description". Main thread; it does no harm to call it again.
+// Qt Quick notifies screen readers of changes of a progress bar's value, but provides no value to
+// read. After this call, the item with the object name "progressBar" provides one, between 0 and 1,
+// from its properties "value", "name" and "description". Main thread; may be called repeatedly.
 void makeProgressAccessible();
 
 }  // namespace wifi_profile

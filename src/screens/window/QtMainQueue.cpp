@@ -18,13 +18,13 @@ struct WorkEvent final : QEvent {
 
 class QtMainQueue::Receiver final : public QObject {
  public:
-  QEventLoop* loop = nullptr;  // that waits for the next piece of work
+  QEventLoop* loop = nullptr;  // the loop that waits for the next work
 
   bool event(QEvent* event) override {
     if (event->type() != kWorkEvent) return QObject::event(event);
     auto& work = static_cast<WorkEvent*>(event)->work;
     work();
-    work = nullptr;  // what it keeps alive goes now
+    work = nullptr;  // releases what the work keeps alive
     if (loop) loop->quit();
     return true;
   }

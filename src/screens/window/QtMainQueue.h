@@ -1,4 +1,4 @@
-// The main queue on Qt's own event loop.
+// The main queue on Qt's event loop.
 #pragma once
 
 #include <QObject>
@@ -8,8 +8,8 @@
 
 namespace wifi_profile {
 
-// There must be a QCoreApplication for as long as work is posted. What Qt delivers on the main
-// thread (input, timers, frames) is handled in `handleNext`.
+// A QCoreApplication must exist while work is posted. `handleNext` also handles the events that Qt
+// delivers on the main thread (input, timers, frames).
 class QtMainQueue final : public MainQueue {
  public:
   QtMainQueue();

@@ -1,4 +1,4 @@
-// A report as the entries of a list.
+// Converts a report to the entries of a list.
 #pragma once
 
 #include <QVariantList>
@@ -7,10 +7,9 @@
 
 namespace wifi_profile {
 
-// One map an entry, in the order of the report: "kind" is "section" ("text", "note", "counts": a
-// list of
-// {"mark", "count"}) or "finding" ("mark", "text", "values", "advice", "explanation"). A mark is
-// the number of a `ReportMark`.
+// Returns one map per entry, in the order of the report. "kind" is "section" (with "text", "note"
+// and "counts", a list of {"mark", "count"}) or "finding" (with "mark", "text", "values", "advice"
+// and "explanation"). A mark is the number of a `ReportMark`.
 QVariantList entriesOf(const Report& report);
 
 }  // namespace wifi_profile

@@ -11,7 +11,7 @@
 namespace wifi_profile {
 namespace {
 
-// Points.
+// In points.
 constexpr double kSideInset = 16;
 constexpr double kWidestList = 640;
 
@@ -158,7 +158,7 @@ bool WindowModel::scanning() const {
   return false;
 }
 
-// But for the row that asks for another name.
+// Ignores the row for another network's name.
 bool WindowModel::listIsEmpty() const {
   return table_ && table_->rowsOfSection(table_->numberOfSections() - 1).size() <= 1;
 }
@@ -266,7 +266,7 @@ void WindowModel::type(const QString& text) {
 
 void WindowModel::tapAction(int action) {
   if (!alert_ || action < 0 || action >= static_cast<int>(alert_->actions().size())) return;
-  const auto alert = alert_;  // it goes when it is answered
+  const auto alert = alert_;  // keeps the alert alive: the answer dismisses it
   alert->tap(*alert->actions()[static_cast<std::size_t>(action)]);
   syncSoon();
 }

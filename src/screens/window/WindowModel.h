@@ -1,4 +1,4 @@
-// What the window shows besides the list's rows, and what a person does in it.
+// The window's content except the list's rows, and the person's actions.
 #pragma once
 
 #include <QObject>
@@ -16,8 +16,8 @@
 
 namespace wifi_profile {
 
-// The window's page and its parts as properties. They are read from the controller's view in
-// `sync`, and what a person does goes straight to the toolkit's objects. Main thread only.
+// Properties of the window's page and its parts. `sync` reads them from the controller's view. The
+// person's actions go directly to the toolkit's objects. Main thread only.
 class WindowModel final : public QObject {
   Q_OBJECT
   Q_PROPERTY(QString page READ page NOTIFY changed)  // starting, picker, progress, report
@@ -29,13 +29,13 @@ class WindowModel final : public QObject {
   Q_PROPERTY(bool nextEnabled READ nextEnabled NOTIFY changed)
   Q_PROPERTY(QObject* rows READ rows CONSTANT)
   Q_PROPERTY(double topInset READ topInset NOTIFY changed)    // of the list, points
-  Q_PROPERTY(double sideInset READ sideInset NOTIFY changed)  // of the rows' background, points
+  Q_PROPERTY(double sideInset READ sideInset NOTIFY changed)  // the rows' background, points
   Q_PROPERTY(bool selectable READ selectable NOTIFY changed)
   Q_PROPERTY(bool canRefresh READ canRefresh NOTIFY changed)
   Q_PROPERTY(bool refreshing READ refreshing NOTIFY changed)
   Q_PROPERTY(bool listIsEmpty READ listIsEmpty NOTIFY changed)
-  Q_PROPERTY(QString listStatus READ listStatus NOTIFY changed)  // empty: there are networks
-  Q_PROPERTY(QString listReason READ listReason NOTIFY changed)  // of `listStatus`; may be empty
+  Q_PROPERTY(QString listStatus READ listStatus NOTIFY changed)  // empty: the list has networks
+  Q_PROPERTY(QString listReason READ listReason NOTIFY changed)  // may be empty
   Q_PROPERTY(bool canAskForPower READ canAskForPower NOTIFY changed)
   Q_PROPERTY(QString progressText READ progressText NOTIFY changed)
   Q_PROPERTY(QRectF progressTextFrame READ progressTextFrame NOTIFY changed)
@@ -51,24 +51,26 @@ class WindowModel final : public QObject {
   Q_PROPERTY(QVariantList alertActions READ alertActions NOTIFY alertChanged)
   Q_PROPERTY(bool alertHasField READ alertHasField NOTIFY alertChanged)
   Q_PROPERTY(QString alertPlaceholder READ alertPlaceholder NOTIFY alertChanged)
-  Q_PROPERTY(QVariantList alertEnabled READ alertEnabled NOTIFY alertEdited)  // by action
+  Q_PROPERTY(QVariantList alertEnabled READ alertEnabled NOTIFY alertEdited)  // one per action
   Q_PROPERTY(QString summary READ summary NOTIFY reportChanged)
   Q_PROPERTY(QVariantList report READ report NOTIFY reportChanged)
 
  public:
   WindowModel();
 
-  // `size`: of the window's content, points. Nothing is shown any more once `controller` is null.
+  // Shows the controller's view from now on.
   void show(std::shared_ptr<toolkit::ViewController> controller, std::function<void()> askedToStop);
+  // `size` is the size of the window's content, in points.
   void setSize(toolkit::Size size);
   toolkit::Size size() const { return size_; }
   void setTests(const TestsDone& tests);
   void setEmptyList(EmptyList state);
   void setReport(Report report);
   bool isClosed() const { return closed_; }
-  // Dark or light, whatever the desktop says.
+  // Sets dark or light, overriding the desktop's preference.
   void setDark(bool dark);
-  // Something has changed that `sync` reads: it is read soon, once for all that came by then.
+  // Call when `sync` would read changes. It runs once for all calls until the event loop is
+  // reached.
   void syncSoon();
   PickerModel& picker() { return rows_; }
   void scrollTo(toolkit::IndexPath row);
@@ -108,18 +110,18 @@ class WindowModel final : public QObject {
   QString summary() const;
   QVariantList report() const;
 
-  // A text of the screens' own, by its key.
+  // Returns a text of the string table by its key.
   Q_INVOKABLE static QString text(const QString& key);
 
-  // What a person does.
-  Q_INVOKABLE void tapRow(int index);  // the list's entry
+  // The person's actions.
+  Q_INVOKABLE void tapRow(int index);  // index of the list's entry
   Q_INVOKABLE void tapNext();
   Q_INVOKABLE void refresh();
   Q_INVOKABLE void askForPower();
   Q_INVOKABLE void type(const QString& text);
   Q_INVOKABLE void tapAction(int action);
-  Q_INVOKABLE void cancelAlert();  // its action of that style; nothing where there is none
-  // The window is asked to close: while the run goes on, that is asked back.
+  Q_INVOKABLE void cancelAlert();  // performs the action of cancel style, if there is one
+  // The person closes the window. During a run, the window asks for confirmation first.
   Q_INVOKABLE void askToClose();
   Q_INVOKABLE void answerStop(bool stop);
 
@@ -131,7 +133,7 @@ class WindowModel final : public QObject {
   void reportChanged();
   void closed();
   void scrolledTo(int index);
-  void noticed(const QString& text);  // why something cannot be done
+  void noticed(const QString& text);  // why an action is not possible
 
  private:
   void sync();
@@ -148,10 +150,10 @@ class WindowModel final : public QObject {
   std::optional<bool> dark_;
 
   QString title_;
-  QRectF barFrame_{0, 20, 0, 44};  // until there is a bar
+  QRectF barFrame_{0, 20, 0, 44};  // default until there is a bar
   QString nextTitle_;
   bool nextEnabled_ = false;
-  std::shared_ptr<toolkit::TableView> table_;  // on the screen
+  std::shared_ptr<toolkit::TableView> table_;  // null: not on the screen
   double topInset_ = 0;
   QString progressText_;
   QRectF progressTextFrame_;

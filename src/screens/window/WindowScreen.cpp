@@ -12,7 +12,7 @@
 namespace wifi_profile {
 namespace {
 
-// Points; less where the screen is smaller.
+// In points; smaller on a smaller screen.
 constexpr int kUsualWidth = 420;
 constexpr int kUsualHeight = 760;
 
@@ -50,7 +50,7 @@ void WindowScreen::show(std::shared_ptr<toolkit::ViewController> controller,
 void WindowScreen::close() {
   if (std::exchange(closed_, true)) return;
   window_->hide();
-  queue_->post([] {});  // whoever waits for the report to be closed looks again
+  queue_->post([] {});  // wakes the main thread, which waits for the report to be closed
 }
 
 void WindowScreen::needsLayout(const std::shared_ptr<toolkit::ViewController>& controller) {

@@ -13,7 +13,7 @@
 
 namespace wifi_profile {
 
-// There must be a QGuiApplication for as long as it lives. The window is shown at once.
+// A QGuiApplication must exist during its lifetime. Shows the window immediately.
 class WindowScreen final : public PersonScreen, public std::enable_shared_from_this<WindowScreen> {
  public:
   WindowScreen();
@@ -30,7 +30,7 @@ class WindowScreen final : public PersonScreen, public std::enable_shared_from_t
   void showReport(Report report) override { model_->setReport(std::move(report)); }
   void close() override;
   bool isClosed() const override { return closed_ || model_->isClosed(); }
-  void abandon() override {}  // a window goes with its process
+  void abandon() override {}  // a window disappears with its process
 
   toolkit::Size size() const override { return model_->size(); }
   void needsLayout(const std::shared_ptr<toolkit::ViewController>& controller) override;
@@ -50,7 +50,7 @@ class WindowScreen final : public PersonScreen, public std::enable_shared_from_t
   std::shared_ptr<QtMainQueue> queue_ = std::make_shared<QtMainQueue>();
   std::unique_ptr<WindowModel> model_ = std::make_unique<WindowModel>();
   QQmlApplicationEngine engine_;
-  QQuickWindow* window_ = nullptr;  // the engine's
+  QQuickWindow* window_ = nullptr;  // owned by the engine
   bool layoutIsPosted_ = false;
   bool closed_ = false;
 };

@@ -1,4 +1,4 @@
-// A button without a frame, or filled.
+// A button without a frame, or with a filled background.
 import QtQuick
 import QtQuick.Templates as T
 

@@ -18,7 +18,7 @@ ApplicationWindow {
         LayoutMirroring.enabled: profile.rightToLeft
         LayoutMirroring.childrenInherit: true
 
-        // At the start there is nothing to see yet.
+        // Shown at the start, before there is a page.
         Column {
             anchors.centerIn: parent
             spacing: 16
@@ -51,7 +51,7 @@ ApplicationWindow {
             buttonEnabled: profile.page === "report" || profile.nextEnabled
             onButtonClicked: profile.page === "report" ? profile.askToClose() : profile.tapNext()
         }
-        // Why something cannot be done now.
+        // Says why an action is not possible now.
         Rectangle {
             id: notice
             objectName: "notice"

@@ -1,4 +1,4 @@
-// The bar at the top: its background reaches up to the window's edge.
+// The bar at the top. Its background extends to the window's edge.
 import QtQuick
 
 Rectangle {
@@ -15,7 +15,7 @@ Rectangle {
 
     Text {
         id: title
-        // In the middle of the bar, or of what the button leaves where that is too narrow.
+        // Centred in the bar or, if it does not fit there, in the space beside the button.
         readonly property real side: button.visible ? button.width + 12 : 16
         anchors { left: parent.left; right: parent.right; rightMargin: side }
         anchors.leftMargin: implicitWidth <= bar.width - 2 * side ? side : 16

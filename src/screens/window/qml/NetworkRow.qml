@@ -1,4 +1,4 @@
-// A row of a rounded group.
+// A row of a group with rounded corners.
 import QtQuick
 import QtQuick.Templates as T
 
@@ -9,7 +9,7 @@ T.ItemDelegate {
     property bool last: false
     property bool selectable: true
 
-    activeFocusOnTab: false  // the list has the focus, and moves it from row to row
+    activeFocusOnTab: false  // the list keeps the focus and moves the current row
     focusPolicy: Qt.NoFocus
     Accessible.role: Accessible.ListItem
     Accessible.name: text
@@ -19,7 +19,7 @@ T.ItemDelegate {
 
     background: Item {
         clip: true
-        // A rectangle that is rounded only where the group ends.
+        // Rounded only at the first and last row of the group.
         Rectangle {
             anchors.fill: parent
             anchors.topMargin: control.first ? 0 : -Theme.radius

@@ -10,11 +10,11 @@ FocusScope {
     ListView {
         id: list
         objectName: "networkList"
-        // How far a person has to pull down.
+        // Pull distance that starts a refresh.
         readonly property real pullToRefresh: 64
         readonly property real pulled: Math.max(0, -verticalOvershoot)
         property bool armed: false
-        property bool byKey: false  // the person moves by keys: the current row shows
+        property bool byKey: false  // keys move the current row, so it is highlighted
 
         anchors.fill: parent
         focus: true
@@ -35,7 +35,7 @@ FocusScope {
         onPulledChanged: if (dragging) armed = pulled > pullToRefresh && profile.canRefresh
         onDragEnded: if (armed) { armed = false; profile.refresh() }
 
-        // What a batch inserts, deletes and moves, moves together.
+        // The changes of a batch are animated together.
         add: Transition { NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.animation } }
         remove: Transition { NumberAnimation { property: "opacity"; to: 0; duration: Theme.animation } }
         displaced: Transition {
@@ -72,7 +72,7 @@ FocusScope {
                     spinnerFrame: entry.spinnerFrame
                     spinning: entry.spinning
                     status: profile.listStatus
-                    // The groups that a person chooses from.
+                    // Only the groups of networks to choose from.
                     refreshable: entry.section > 0 && profile.canRefresh
                     onRefreshClicked: profile.refresh()
                 }
@@ -141,8 +141,8 @@ FocusScope {
             }
         }
 
-        // --- Keyboard: from one row that can be tapped to the next.
-        // Scrolls no further than it takes to show the row below the bar.
+        // --- Keyboard: moves between rows that can be tapped.
+        // Scrolls only as far as needed to show the row below the bar.
         function reveal(index) {
             positionViewAtIndex(index, ListView.Contain)
             const entry = itemAtIndex(index)
@@ -159,7 +159,8 @@ FocusScope {
             }
         }
         function pageRows() { return Math.max(1, Math.floor((height - topMargin) / 44) - 1) }
-        // The focus shows where it came by a key: not at first, nor when a dialog gives it back.
+        // Highlights the row only if a key moved the focus here: not at the start, and not when a
+        // dialog returns the focus.
         property bool hadFocus: false
         property bool lentFocus: false
         onActiveFocusChanged: {
@@ -193,7 +194,7 @@ FocusScope {
         }
     }
 
-    // What the pull shows, above the first group.
+    // The refresh indicator above the first group.
     Item {
         id: refresh
         width: parent.width

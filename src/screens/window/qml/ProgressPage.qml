@@ -1,4 +1,4 @@
-// The tests under way, with label and bar where the constraints put them.
+// The progress of the tests. The constraints determine the frames of label and bar.
 import QtQuick
 
 Item {
@@ -13,7 +13,7 @@ Item {
         text: profile.progressText
         textFormat: Text.PlainText
         font.pixelSize: profile.progressTextSize
-        // A font that is wider than the toolkit's rule takes another line, above the others.
+        // With a font that is wider than the toolkit assumes, the text grows by a line at the top.
         wrapMode: Text.Wrap
         maximumLineCount: profile.progressTextLines
         horizontalAlignment: Text.AlignHCenter

@@ -1,5 +1,5 @@
-// A question over the screen: a message, perhaps a text field, and buttons. Stands in the upper half
-// while an on-screen keyboard has the lower one.
+// A question over the screen: a message, an optional text field, and buttons. It is in the upper
+// half while an on-screen keyboard covers the lower one.
 import QtQuick
 import QtQuick.Controls.Basic
 import QtQuick.Templates as T
@@ -10,7 +10,7 @@ Popup {
     property bool hasField: false
     property string placeholder: ""
     property var actions: []          // {"title", "cancels"}
-    property var enabledActions: []   // by action
+    property var enabledActions: []   // one per action
     property alias typed: field.text
     signal actionClicked(int action)
     signal cancelled
@@ -33,7 +33,7 @@ Popup {
         border.width: Theme.dark ? 1 : 0
         border.color: Theme.line
     }
-    // The popup's own item is the dialog for screen readers.
+    // For screen readers, the popup's own item is the dialog.
     Component.onCompleted: {
         const frame = contentItem.parent
         frame.Accessible.role = Accessible.Dialog
@@ -41,7 +41,7 @@ Popup {
     }
     onOpened: hasField ? field.forceActiveFocus() : buttons.itemAt(buttons.count - 1).forceActiveFocus()
 
-    // Two short buttons stand side by side, others one above the other.
+    // Two short buttons are side by side, other buttons are stacked.
     readonly property bool sideBySide: {
         if (actions.length !== 2) return false
         for (let i = 0; i < buttons.count; ++i) {
@@ -93,7 +93,7 @@ Popup {
                     border.color: field.activeFocus ? Theme.tint : Theme.line
                 }
                 onTextEdited: dialog.edited(text)
-                // As good as the last button that does not cancel, if that can be pressed.
+                // Performs the last enabled action that does not cancel.
                 onAccepted: {
                     for (let i = dialog.actions.length - 1; i >= 0; --i) {
                         if (dialog.actions[i].cancels || !dialog.enabledActions[i]) continue

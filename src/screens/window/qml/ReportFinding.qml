@@ -1,4 +1,4 @@
-// A finding of the report; a tap opens what was measured, what to do and what the test is about.
+// A finding of the report. A tap shows the measured values, the advice and the explanation.
 import QtQuick
 import QtQuick.Templates as T
 

@@ -1,4 +1,4 @@
-// The report: sections with their counts, and findings that open.
+// The report: sections with their counts, and findings that can be opened.
 import QtQuick
 import QtQuick.Controls.Basic
 
@@ -6,7 +6,7 @@ FocusScope {
     id: page
     property int topInset: 64
 
-    // The report speaks English, whatever the screens speak.
+    // The report is in English, whatever the language of the screens.
     LayoutMirroring.enabled: false
     LayoutMirroring.childrenInherit: true
 
@@ -16,7 +16,7 @@ FocusScope {
         id: list
         objectName: "reportList"
         readonly property real side: Math.max(0, (width - 720) / 2)
-        property var open: ({})  // by index
+        property var open: ({})  // keyed by index
         property bool byKey: false
 
         anchors.fill: parent
@@ -39,7 +39,7 @@ FocusScope {
             all[index] = !all[index]
             open = all
         }
-        // Scrolls no further than it takes to show the finding below the bar.
+        // Scrolls only as far as needed to show the finding below the bar.
         function reveal(index) {
             positionViewAtIndex(index, ListView.Contain)
             const entry = itemAtIndex(index)

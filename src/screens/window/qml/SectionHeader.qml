@@ -1,4 +1,4 @@
-// The header of a group, with its label and spinner where the toolkit put them.
+// The header of a group. The toolkit determines the frames of label and spinner.
 import QtQuick
 
 Item {
@@ -25,8 +25,8 @@ Item {
         Accessible.role: Accessible.Heading
         Accessible.name: text
     }
-    // The spinner stands beside the label as the toolkit measures it, or a little further where the
-    // font is wider than that.
+    // The spinner is beside the label as measured by the toolkit, or further away if the font is
+    // wider.
     Wheel {
         id: wheel
         readonly property real gap: header.spinnerFrame.x - header.labelFrame.x - header.labelFrame.width
@@ -42,7 +42,7 @@ Item {
         x: header.mirrored ? header.labelFrame.x : header.width - header.labelFrame.x - width
         width: Math.max(0, header.mirrored ? wheel.x - 8 - x
                                            : header.width - header.labelFrame.x - wheel.x - wheel.width - 8)
-        visible: header.spinning && implicitWidth <= width  // the wheel says it, too
+        visible: header.spinning && implicitWidth <= width  // the spinner shows it, too
         text: header.status
         textFormat: Text.PlainText
         font.pixelSize: 13

@@ -1,4 +1,4 @@
-// Colours and measures. Texts keep a contrast of 4.5 to 1 with what they stand on.
+// Colours and sizes. The contrast of text and background is at least 4.5 to 1.
 pragma Singleton
 
 import QtQuick
@@ -21,7 +21,7 @@ QtObject {
     readonly property color scrim: dark ? "#99000000" : "#80000000"
     readonly property color danger: dark ? "#ff8a80" : "#b3261e"
 
-    // Problem, worth a look, plain, good, unknown.
+    // In the order: problem, worth a look, plain, good, unknown.
     readonly property var markColors: dark
         ? ["#ff8a80", "#ffc766", "#a8adb5", "#7fd48b", "#79c8d8"]
         : ["#b3261e", "#8a5a00", "#5b616a", "#1c6b2a", "#0e6475"]

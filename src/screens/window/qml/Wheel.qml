@@ -1,4 +1,4 @@
-// A wheel that turns while something is under way.
+// A spinner that shows activity.
 import QtQuick
 
 Item {
