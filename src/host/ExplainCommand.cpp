@@ -181,7 +181,7 @@ std::string allKeysText() {
 
 std::vector<std::string> similarKeys(std::string_view key) {
   constexpr std::size_t kShortestPart = 3;  // a shorter part matches too many keys
-  constexpr std::size_t kLongestKey = 64;   // no key is that long
+  constexpr std::size_t kLongestKey = 64;   // a longer text resembles no key
   constexpr std::size_t kMost = 3;
   if (key.empty() || key.size() > kLongestKey) return {};
   const std::string sought = lowerCased(key);

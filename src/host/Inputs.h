@@ -10,8 +10,8 @@
 
 namespace wifi_profile {
 
-// Returns validated inputs, or what is wrong with the parameters. "maxScanCacheAge" defaults to 60
-// s.
+// Returns validated inputs, or what is wrong with the parameters. The default of "maxScanCacheAge"
+// is 60 seconds.
 std::variant<std::shared_ptr<WiFiProfileInputs>, Problem> inputsOf(const RunOptions& options);
 
 // Returns where the list of networks was requested (an option or a key of the file), for messages.

@@ -25,7 +25,8 @@ class TraceFile final : public Trace {
   // `queues` must outlive the trace. If `file` is null, events are only forwarded to listeners.
   TraceFile(const WorkQueues& queues, File file) : queues_(queues), file_(std::move(file)) {}
 
-  // Forwards every event from now on to `listener`, in order. The listener must outlive the trace.
+  // Forwards every event from now on to `listener`, in order. The listener must exist until the
+  // last event.
   void addListener(Trace& listener) { listeners_.push_back(&listener); }
 
   void event(std::string_view name, const Fields& fields) override;
