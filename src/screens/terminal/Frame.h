@@ -11,8 +11,8 @@
 
 namespace wifi_profile {
 
-// The role of a text, which determines its colour and attributes. A role is never recognisable by
-// colour alone.
+// The role of a text, which determines its colour and attributes. Colour is never the only mark of
+// a role.
 enum class Style {
   plain,
   dim,

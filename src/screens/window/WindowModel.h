@@ -69,8 +69,7 @@ class WindowModel final : public QObject {
   bool isClosed() const { return closed_; }
   // Sets dark or light, overriding the desktop's preference.
   void setDark(bool dark);
-  // Call when `sync` would read changes. It runs once for all calls until the event loop is
-  // reached.
+  // Call after a change that `sync` reads. Schedules `sync` once for all calls before it runs.
   void syncSoon();
   PickerModel& picker() { return rows_; }
   void scrollTo(toolkit::IndexPath row);
