@@ -1,4 +1,5 @@
-// Whether the Wi-Fi driver takes turns with Bluetooth, from the parameters of its kernel module.
+// Whether the Wi-Fi driver shares the radio with Bluetooth, from the parameters of its kernel
+// module.
 #pragma once
 
 #include <filesystem>
@@ -9,9 +10,9 @@
 
 namespace wifi_profile::machine {
 
-// noHardware where there is no such interface, or no driver behind it; notSupported where the
-// driver's module has no such parameter; notPermitted and failed where it cannot be read. Any
-// thread.
+// Reads the driver's coexistence parameter. noHardware: there is no such interface, or no driver
+// behind it. notSupported: the driver's module has no such parameter. notPermitted, failed: the
+// parameter cannot be read. Any thread.
 checks::Known<checks::Coexistence> readCoexistence(const std::string& interface,
                                                    const std::filesystem::path& sysfs = "/sys");
 

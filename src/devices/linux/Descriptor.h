@@ -1,4 +1,4 @@
-// File descriptors that are closed in the end.
+// A file descriptor that closes itself.
 #pragma once
 
 #include <unistd.h>
@@ -6,7 +6,7 @@
 
 namespace wifi_profile::machine {
 
-// Owns a file descriptor; negative: none.
+// Owns a file descriptor and closes it. A negative number means that it owns no descriptor.
 class Descriptor {
  public:
   explicit Descriptor(int number = -1) : number_(number) {}

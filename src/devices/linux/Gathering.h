@@ -1,4 +1,4 @@
-// Finding facts out, side by side, each once.
+// Collects facts. Tasks run in parallel, each at most once.
 #pragma once
 
 #include <chrono>
@@ -13,48 +13,49 @@
 
 namespace wifi_profile::machine {
 
-// Puts what was found where it belongs.
+// Writes what a task found into `facts`.
 using Found = std::function<void(checks::Facts& facts)>;
 
-// One piece of work that finds facts out.
+// A task that finds facts.
 struct Errand {
-  std::string name;  // for a message: "The ... took too long."
+  std::string name;  // for messages: "The ... took too long."
   checks::FactSet gives;
-  checks::FactSet after;            // begins when these are settled
-  std::chrono::milliseconds limit;  // from its beginning
-  // On a thread of its own. `known` has what `after` asks for. Must end with its patience; one that
-  // does not is left behind, and what it gives counts as not known.
+  checks::FactSet after;            // the task begins when these are settled
+  std::chrono::milliseconds limit;  // counted from the task's beginning
+  // Runs on a thread of its own. `known` holds at least the facts in `after`. Must return when
+  // `patience` is over. A task that does not is abandoned: its thread continues, and its facts
+  // become unknown.
   std::function<Found(const checks::Facts& known, const Patience& patience)> run;
 };
 
-// Makes these facts not known, for this reason.
+// Makes these facts unknown, for this reason.
 void forget(checks::Facts& facts, checks::FactSet gone, const checks::Unknown& why);
 
-// Runs errands when what they give is wanted. A fact is settled once it was found out or its
-// errand has failed (by an exception, too), has taken too long or was called off; it never changes
-// after that. Any thread.
+// Runs a task when one of its facts is requested. A fact is settled when its task has found it, has
+// failed (also by an exception), has taken too long or was cancelled. A settled fact never changes.
+// Any thread.
 class Gathering {
  public:
-  // Every fact is given by one errand at most; those given by none are settled from the start, as
-  // not known. `used` lives for as long as an errand runs. Throws std::system_error when the system
-  // has no descriptors left.
+  // Each fact has at most one task. Facts without a task are settled from the start, as unknown.
+  // `used` lives as long as any task runs. Throws std::system_error when the system has no
+  // descriptors left.
   explicit Gathering(std::vector<Errand> errands, std::shared_ptr<const void> used = nullptr);
-  // Calls everything off, and waits for it, but no longer than kEndLimit: an errand that goes on
-  // keeps its thread, and what that uses, up to the end of the process.
+  // Cancels all tasks and waits for them, at most kEndLimit. The thread of a task that does not
+  // end, and the objects that it uses, are kept until the end of the process.
   ~Gathering();
   Gathering(const Gathering&) = delete;
   Gathering& operator=(const Gathering&) = delete;
 
   static constexpr std::chrono::milliseconds kEndLimit{500};
 
-  // Begins what gives these facts, and what that comes after. Returns at once.
+  // Starts the tasks for these facts and the tasks that those depend on. Returns at once.
   void begin(checks::FactSet facts);
 
-  // Waits until these facts are settled, and returns all that are by then. Nothing when it was
-  // called off meanwhile, or before.
+  // Starts the tasks for these facts, waits until the facts are settled, and returns all facts as
+  // they are then. Returns an empty optional when the work is or was cancelled.
   std::optional<checks::Facts> await(checks::FactSet facts);
 
-  // Calls everything off: those that wait go on at once.
+  // Cancels all tasks. Calls of `await` return at once.
   void cancel();
 
  private:

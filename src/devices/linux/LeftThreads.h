@@ -5,11 +5,11 @@
 
 namespace wifi_profile::machine {
 
-// Keeps the thread to the end of the process: it is neither joined, which could take for ever, nor
-// detached. What it uses must live as long. Any thread.
+// Keeps the thread until the end of the process. The thread is not joined, which could block for
+// ever, and not detached. The objects that it uses must live as long. Any thread.
 void leaveBehind(std::thread thread);
 
-// Whether a thread was left behind. Any thread.
+// Whether `leaveBehind` was ever called. Any thread.
 bool anyLeftBehind();
 
 }  // namespace wifi_profile::machine

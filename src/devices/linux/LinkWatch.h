@@ -1,5 +1,5 @@
-// Keeps what is asked of a link apart from what happens to it: another network's figures, or those
-// of no network, are not the link's.
+// Detects changes of the link during a run. After a change, figures of another network, or measured
+// without a network, must not count as the link's.
 #pragma once
 
 #include <functional>
@@ -12,26 +12,26 @@
 
 namespace wifi_profile::machine {
 
-// What is not known any more of the link that there was at a run's start.
+// The facts that a change of the link has made invalid, and why.
 struct LinkChange {
   checks::FactSet gone;
   checks::Unknown why;
 };
 
-// What follows from these events, which `now`, the link after them, explains: of a link that was
-// lost, or belongs to another network, everything is gone; after a change to another access point
-// of the same network, or with the access point to another channel, only what its radio gave. Where
-// events were missed, the link was lost if it is gone now. Empty: nothing is gone. `before` is
-// unset where it was not known. Pure.
+// Returns the facts that these events make invalid; empty: none. `before` is the link at the run's
+// start, unset where it was not known; `now` is the link after the events. If the link was lost, or
+// now belongs to another network, all facts of the link are invalid. If it moved to another access
+// point of the same network, or its access point changed the channel, only the facts of its radio
+// are. If events were missed, the link counts as lost when there is no link now. Pure.
 std::optional<LinkChange> changeOfLink(const std::optional<checks::Link>& before,
                                        const LinkEvents& events,
                                        const checks::Known<checks::Link>& now);
 
-// What the kernel says of one link.
+// The kernel's reports about one link.
 struct LinkSource {
-  std::function<NotDone(const Patience&)> watch;  // begins to remember events
-  std::function<LinkEvents()> takeEvents;         // those since it was last called
-  // The link there is now; called on several threads at a time.
+  std::function<NotDone(const Patience&)> watch;  // starts to record events
+  std::function<LinkEvents()> takeEvents;         // the events since the previous call
+  // Returns the current link. Several threads call it at the same time.
   std::function<checks::Known<checks::Link>(const Patience&)> now;
 };
 
@@ -42,38 +42,38 @@ class LinkWatch {
  public:
   explicit LinkWatch(LinkSource source) : source_(std::move(source)) {}
 
-  // Remembers what happens from now on; does nothing where it does so already. Where the kernel
-  // does not tell, nothing ever changes.
+  // Records events from now on. Has no effect if recording has begun already. If the kernel reports
+  // no events, `change` never finds a change.
   void begin(const Patience& patience);
-  // The link that the run is about.
+  // Sets the link that the run is about.
   void setLink(const checks::Link& link);
-  // Empty: the link is as it was. What is gone stays gone, for the reason that it had first. After
-  // a loss it waits up to 1 s, not beyond the deadline, for the link that there is instead. Looks
-  // at the link also after the deadline, for 0.2 s at most. Without an answer about the link, the
-  // next call looks again.
+  // Returns the change of the link since `begin`; empty: no change. Invalid facts stay invalid; the
+  // reason changes only if a later change invalidates more facts. After a loss, waits up to 1 s,
+  // within the deadline, for a new link. Reads the link also after the deadline, for at most 0.2 s.
+  // If the link cannot be read, the next call reads it again.
   std::optional<LinkChange> change(const Patience& patience);
 
  private:
-  // The link after these events, and whether that answer is the last one.
+  // The link after some events, and whether no later reading can change the conclusion.
   struct Look {
     checks::Known<checks::Link> link;
     bool isFinal;
   };
   Look look(const LinkEvents& events, const Patience& patience) const;
 
-  const LinkSource source_;  // `watch` and `takeEvents` with the mutex
-  std::mutex mutex_;         // guards what follows; never held while the link is looked at
+  const LinkSource source_;  // `watch` and `takeEvents` are called with the mutex held
+  std::mutex mutex_;         // guards what follows; never held while the link is read
   bool begun_ = false;
-  LinkEvents events_;                 // those that no final look has explained
-  int rounds_ = 0;                    // counts the changes of `events_`
+  LinkEvents events_;                 // events that no final look has explained yet
+  int rounds_ = 0;                    // incremented when `events_` changes
   std::optional<checks::Link> link_;  // unset: not known
   std::optional<LinkChange> change_;
 };
 
 using ChangeOfLink = std::function<std::optional<LinkChange>(const Patience& patience)>;
 
-// The same errand, whose facts of the link are not known when it changed before they were found. It
-// does not begin when nothing could be found out any more.
+// Returns the task with a check of the link: the facts of the link become unknown if the link
+// changed before they were found. The task does not run if all its facts are invalid already.
 Errand boundToLink(Errand errand, ChangeOfLink change);
 
 }  // namespace wifi_profile::machine

@@ -1,4 +1,4 @@
-// This machine as a whole: what stands behind the diagnostic's questions.
+// This machine: the back ends that answer the diagnostic.
 #pragma once
 
 #include <memory>

@@ -1,4 +1,4 @@
-// The Wi-Fi manager of this machine: the radio's switches.
+// The Wi-Fi manager of this machine: switches the radio on and reports changes of its power.
 #pragma once
 
 #include <atomic>
@@ -14,10 +14,10 @@
 
 namespace wifi_profile::machine {
 
-// One radio. Its switches tell of changes by themselves, by whatever they were turned; a thread
-// waits for that from the first registration of a callback on. A radio that was taken out counts as
-// off. One without switches counts as the connection manager says, else as on; one without news of
-// its switches as they were in the beginning, until the manager has switched it on.
+// One radio. Changes of its switches are reported whatever their cause; a thread waits for them
+// from the first registration of a callback on. A removed radio counts as off. The state of a radio
+// without switches comes from the connection manager; without one, the radio counts as on. If the
+// switches send no events, the radio keeps its initial state until the manager has switched it on.
 class LinuxRadio final : public ManagedRadio {
  public:
   // `trace` must outlive the radio.
@@ -25,7 +25,7 @@ class LinuxRadio final : public ManagedRadio {
   ~LinuxRadio() override;
 
  private:
-  bool hasRadio() override { return true; }  // there is no object of this class without
+  bool hasRadio() override { return true; }  // an object of this class has a radio
   bool givesClients() override { return true; }
   bool isPoweredOn() override { return on_; }
   void switchPower(bool on) override;
@@ -37,7 +37,7 @@ class LinuxRadio final : public ManagedRadio {
 
   const std::string interface_;
   const std::shared_ptr<Bus> bus_;
-  Rfkill rfkill_;  // of the watching thread, once there is one; without news it stays as it is
+  Rfkill rfkill_;  // belongs to the watching thread once that runs; without events never changes
   std::atomic<bool> on_ = true;
   Cancellation ended_;
   std::once_flag watching_;

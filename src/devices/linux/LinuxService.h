@@ -14,25 +14,28 @@
 
 namespace wifi_profile::machine {
 
-// Who finds facts out. Any thread.
+// Finds the facts that the service needs. Any thread.
 class FactFinder : public Interface {
  public:
   virtual checks::Known<checks::Link> link(const Patience& patience) = 0;
 
-  // A scan no older than `oldest`; with 0 a new one.
+  // Returns a scan no older than `oldest`; 0 requests a new scan.
   virtual checks::Known<checks::Scan> scan(std::chrono::seconds oldest,
                                            const Patience& patience) = 0;
 
-  // How everything is found out for one run of tests.
+  // Returns the tasks that find all facts of one run of tests.
   virtual std::vector<Errand> errands(std::chrono::seconds oldestScan) = 0;
 };
 
-// Answers every test from facts, by its check. The first request of a run (other than for the scan
-// of the list, NoScanResults, which scans for itself) begins to find everything out, side by side,
-// but for what must be sent through the joined network: the first that asks that network for some
-// of it, or names it as the one that the run is about, begins with all of it. Why something was not
-// reached goes to the log with the test that it decides, on the thread that asks. A cancel ends
-// that run, and the requests that wait for it, at once. Any thread.
+// Answers every test by applying its check to the facts.
+//
+// The first request of a run starts all tasks in parallel, except those that send packets through
+// the joined network. These start, all at once, with the first request that needs one of them for
+// the joined network or that names the joined network as the one that the run is about. A request
+// for the scan of the list (NoScanResults) is not part of a run: it makes a scan of its own.
+//
+// The reason why something was not reached is logged with the test that it decides, on the thread
+// of the request. A cancel ends the run and the requests that wait for it, at once. Any thread.
 class LinuxService final : public VqClient {
  public:
   // `trace` must outlive the service.
@@ -45,13 +48,13 @@ class LinuxService final : public VqClient {
                                                      VqErrorRef& error) override;
   void cancelAllRequests() override;
 
-  // Ends everything: requests under way, and all that come later, are cancelled.
+  // Cancels the requests under way and all later ones.
   void close();
 
-  // Code of a request that was cancelled; the others are those of checks::Reason.
+  // Error code of a cancelled request; the other codes are those of checks::Reason.
   static constexpr std::int64_t kCancelled = 2;
 
-  // Longest time for the status.
+  // Longest time that a status query takes.
   static constexpr std::chrono::milliseconds kStatusLimit{2'000};
 
  private:
@@ -70,9 +73,9 @@ class LinuxService final : public VqClient {
   std::mutex mutex_;  // guards what follows
   bool closed_ = false;
   std::shared_ptr<Gathering> gathering_;
-  // Those that were cancelled: nobody waits for their threads but the destructor.
+  // Cancelled ones: only the destructor waits for their threads.
   std::vector<std::shared_ptr<Gathering>> ended_;
-  // Scans of the list that are under way.
+  // Scans of the list (NoScanResults) under way.
   std::list<std::shared_ptr<Cancellation>> scans_;
 };
 

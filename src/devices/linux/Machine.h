@@ -14,23 +14,24 @@ namespace wifi_profile::machine {
 // One Wi-Fi interface of this machine. Any thread.
 class Machine final {
  public:
-  // The interface of this name; with an empty one, that to use first. noHardware: there is none.
+  // Returns the Wi-Fi interface of this name; an empty name selects the first of
+  // Nl80211::interfaces. noHardware: there is no such interface.
   static std::variant<std::shared_ptr<Machine>, checks::Unknown> open(const std::string& interface);
 
   const WifiInterface& interface() const { return interface_; }
-  // The one connection to the bus of the system, and that to the session's.
+  // The shared connections to the system bus and to the session bus.
   const std::shared_ptr<Bus>& systemBus() const { return systemBus_; }
   const std::shared_ptr<Bus>& sessionBus() const { return sessionBus_; }
 
   checks::Known<checks::Link> link(const Patience& patience) const;
-  // Without its interfaces.
+  // Returns the radio without its interfaces.
   checks::Known<checks::Radio> abilities(const Patience& patience) const;
 
-  // A scan no older than `oldest`; with 0 a new one. Of a new scan the list has what was heard
-  // since it began, or up to `oldest` before that; of an earlier one, what the kernel still keeps.
-  // Waits some seconds for a radio that was just switched on. Where no new scan can be made, the
-  // list is what the kernel and the connection manager have; it is incomplete unless the manager's
-  // last scan is young enough.
+  // Returns a scan no older than `oldest`; 0 requests a new scan. The list of a new scan holds the
+  // access points heard since the scan began or up to `oldest` before that; the list of an earlier
+  // scan holds what the kernel still keeps. Waits some seconds for a radio that was just switched
+  // on. If no new scan can be made, the list is what the kernel and the connection manager have; it
+  // is marked incomplete unless the manager's last scan is no older than `oldest`.
   checks::Known<ScanList> scan(std::chrono::seconds oldest, const Patience& patience) const;
 
  private:
@@ -40,9 +41,9 @@ class Machine final {
                                          const checks::Unknown& why,
                                          const Patience& patience) const;
   std::optional<std::chrono::nanoseconds> sinceManagersScan(const Patience& patience) const;
-  // Whether the kernel's list is of a scan that is no older than that, and still has all of it.
+  // Whether the list comes from a scan no older than `oldest` and is still complete.
   bool isYoung(const ScanList& list, std::chrono::seconds oldest, const Patience& patience) const;
-  // Start of the scan, as time since boot.
+  // When the scan began, as time since boot.
   using Began = checks::Known<std::chrono::nanoseconds>;
   Began makeScan(Nl80211& kernel, const Patience& patience) const;
   Began tryScan(Nl80211& kernel, const Patience& patience) const;

@@ -1,4 +1,4 @@
-// Who finds the facts of this machine out.
+// Finds the facts of this machine.
 #pragma once
 
 #include <memory>
@@ -27,7 +27,8 @@ class MachineFacts final : public FactFinder {
                         const std::shared_ptr<LinkWatch>& watch);
   void addServiceErrands(std::vector<Errand>& all, const std::shared_ptr<LinkWatch>& watch);
   Found findConnection(const Patience& patience);
-  // The survey of a run's start. Its task may be left behind, and end while it is read.
+  // The survey at the run's start. Its task may be abandoned, and then end while another thread
+  // reads the survey.
   struct FirstSurveys {
     using Surveys = checks::Known<std::vector<checks::ChannelSurvey>>;
     std::mutex mutex;  // guards what follows
@@ -37,7 +38,8 @@ class MachineFacts final : public FactFinder {
                                       "in a while."};
   };
   void surveyFirst(FirstSurveys& first, const Patience& patience) const;
-  // What happened since then, after waiting until that is long enough ago.
+  // Waits until kBetweenSurveys after the first survey, and returns the difference between then and
+  // now.
   FirstSurveys::Surveys surveysSince(FirstSurveys& first, const Patience& patience) const;
 
   const std::shared_ptr<const Machine> machine_;

@@ -1,4 +1,4 @@
-// How long work may take, and who may call it off.
+// Deadlines and cancellation.
 #pragma once
 
 #include <atomic>
@@ -6,7 +6,7 @@
 
 namespace wifi_profile::machine {
 
-// Whether somebody called the work off. Any thread.
+// A flag that cancels work. Any thread.
 class Cancellation {
  public:
   Cancellation();  // throws std::system_error when the system has no descriptors left
@@ -16,7 +16,7 @@ class Cancellation {
 
   void cancel();
   bool isCancelled() const { return cancelled_; }
-  // For poll: readable from the moment of `cancel` on. Not to be read.
+  // For poll: readable from `cancel` on. Do not read from it.
   int descriptor() const { return descriptor_; }
 
  private:
@@ -26,33 +26,33 @@ class Cancellation {
 
 using Clock = std::chrono::steady_clock;
 
-// What a piece of work is given: it ends at the deadline, and within 50 ms of being called off.
+// The limits of a piece of work: it ends at the deadline, and within 50 ms of being cancelled.
 struct Patience {
   Clock::time_point deadline;
   const Cancellation& cancellation;
 
   bool isOver() const { return cancellation.isCancelled() || Clock::now() >= deadline; }
-  // Never negative.
+  // Returns the time left; never negative.
   std::chrono::milliseconds left() const;
-  // No longer than this one.
+  // Returns these limits with a deadline at most `time` from now.
   Patience atMost(std::chrono::milliseconds time) const;
 };
 
-// Longest time for a scan: a joined radio goes back to its channel between others, so all of them
-// take seconds.
+// Longest time for a scan. A joined radio returns to its own channel between the others, so a scan
+// of all channels takes seconds.
 inline constexpr std::chrono::milliseconds kScanLimit{20'000};
 
 // Longest time for an answer of the machine's services, which answer at once or hang. A run sends
-// nothing through the link before it has theirs, or has given them up.
+// no packets through the link until the services have answered or this time has passed.
 inline constexpr std::chrono::milliseconds kServicesLimit{1'400};
 
-// What an errand may overrun its limit by before it is left behind.
+// How far a task may exceed its limit before it is abandoned.
 inline constexpr std::chrono::milliseconds kGrace{250};
 
 enum class Waited { ready, deadline, cancelled };
 
 // Waits until `descriptor` has one of poll's `events` (or an error), the deadline has passed or the
-// work is called off. A negative descriptor only waits.
+// work is cancelled. With a negative descriptor, only waits.
 Waited waitFor(int descriptor, short events, const Patience& patience);
 
 }  // namespace wifi_profile::machine

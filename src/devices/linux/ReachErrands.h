@@ -1,4 +1,4 @@
-// How it is found out what can be reached.
+// The tasks that find out what can be reached.
 #pragma once
 
 #include <string>
@@ -9,10 +9,10 @@
 
 namespace wifi_profile::machine {
 
-// Adds the errands that send something through the interface, or through what carries its
-// addresses. They begin when the link, the addresses and the profile were read, and run side by
-// side. All but the look at the router's outside also wait for the end of the scan, which takes the
-// radio off its channel. Without a link or addresses they end at once.
+// Adds the tasks that send packets through the interface, or through the interface that has its
+// addresses (see Carrier). They run in parallel, after the link, the addresses and the profile were
+// read. All but the one for the router's outer address also wait for the end of the scan, which
+// takes the radio off its channel. Without a link or addresses they end at once.
 void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
                      const Targets& targets);
 

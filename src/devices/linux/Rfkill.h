@@ -1,4 +1,4 @@
-// The switches of one radio (rfkill): whether it is on, news of that, and switching it on.
+// The switches of one radio (rfkill): reads its power, reports changes and switches it on.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@
 
 namespace wifi_profile::machine {
 
-// What /dev/rfkill says of one switch (linux/rfkill.h).
+// An event of /dev/rfkill about one switch (linux/rfkill.h).
 struct RfkillEvent {
   enum class Operation { added, removed, changed };
 
@@ -26,42 +26,43 @@ struct RfkillEvent {
   bool operator==(const RfkillEvent&) const = default;
 };
 
-// From an event's bytes: 8, or more of a newer kernel, of which the first 8 count. Nothing for
-// fewer, and for operations that are no news. Pure.
+// Parses an event: 8 bytes, or more from a newer kernel, whose first 8 count. Empty for fewer bytes
+// and for operations other than the three above. Pure.
 std::optional<RfkillEvent> parseRfkillEvent(ieee80211::Bytes bytes);
 
-// Belongs to one thread at a time. No operation waits.
+// Belongs to one thread at a time. No operation blocks.
 class Rfkill {
  public:
   enum class News { on, off, removed };
 
-  // The switches of the radio that the interface is of. The other paths are given in tests only.
+  // For the radio of this interface. Only tests pass the other paths.
   explicit Rfkill(std::string interface, std::string device = "/dev/rfkill",
                   std::string interfaces = "/sys/class/net");
 
-  // For the same radio, with the same paths; not opened. Any thread.
+  // Returns an unopened object for the same radio, with the same paths. Any thread.
   Rfkill another() const { return Rfkill(interface_, path_, interfaces_); }
 
-  // Looks for the switches and their state. noHardware: the interface is gone; notSupported: the
-  // radio has no switch, which counts as on, or the kernel does not show it; notPermitted: there
-  // will be no news, but `poweredOn` tells how it is now; call `open` again to look again.
+  // Finds the switches and reads their state. noHardware: the interface is gone. notSupported: the
+  // radio has no switch, or the kernel does not show it. notPermitted: there will be no events, but
+  // `poweredOn` returns the current state; call `open` again to refresh it.
   std::optional<checks::Unknown> open();
 
-  // Whether no switch of the radio is off. Nothing before `open`, and for a radio without switches.
+  // Whether no switch blocks the radio. Empty before `open` and for a radio without switches.
   std::optional<bool> poweredOn() const;
-  // Whether a switch is off that only hands can turn, or the firmware.
+  // Whether a switch blocks the radio that software cannot change: one on the case, or the
+  // firmware's.
   bool isHardBlocked() const;
 
-  // Readable when there are events; -1 before `open`, and where that gave notPermitted or the
-  // kernel does not show the switches.
+  // Readable when there are events. -1 before `open`, and after an `open` that returned
+  // notPermitted or found that the kernel does not show the switches.
   int descriptor() const { return device_.number(); }
-  // Takes what has come, and tells each change of `poweredOn`, and once that the last switch went
-  // away with its radio. Does nothing when nothing has come.
+  // Reads all pending events. Calls `tell` once if they changed `poweredOn`; with `removed` if they
+  // removed the radio's last switch. Does not block without events.
   void handleEvents(const std::function<void(News)>& tell);
 
-  // Asks for every switch of the radio to be turned on by software; the change comes as an event.
-  // notPermitted: on Debian, users without a seat who are not in the group netdev; radioOff: only
-  // hands can.
+  // Turns on every switch of the radio by software; the change arrives as an event. notPermitted:
+  // on Debian, users without a local session who are not in the group netdev. radioOff: a switch
+  // that software cannot change blocks the radio.
   std::optional<checks::Unknown> switchOn();
 
  private:
@@ -76,7 +77,7 @@ class Rfkill {
   std::string path_;
   std::string interfaces_;
   Descriptor device_;
-  std::map<std::uint32_t, State> switches_;  // the radio's, by number
+  std::map<std::uint32_t, State> switches_;  // the radio's switches, by number
   std::vector<std::uint32_t> own_;           // numbers of the radio's switches
 };
 

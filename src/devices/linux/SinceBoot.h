@@ -1,4 +1,4 @@
-// The clock that the kernel and the managers date scans with.
+// The clock of the kernel's and the connection managers' scan times.
 #pragma once
 
 #include <chrono>

@@ -13,23 +13,23 @@
 
 namespace wifi_profile::machine {
 
-// The interface's addresses that can be used now (not tentative, failed or deprecated ones), those
-// of wide scope first, and of each IP version the default gateway of lowest metric over this very
-// interface, in the main table of routes if it has one. `dnsServers` stays unset: the kernel does
-// not know them. An interface without addresses has empty lists; noHardware: there is no interface
-// of that number.
+// Returns the interface's usable addresses (not tentative, failed or deprecated ones), those of
+// wide scope first, and for each IP version the gateway of the default route of lowest metric over
+// this interface. Routes of the main table come before those of other tables. `dnsServers` stays
+// unset: the kernel does not know the name servers. An interface without addresses has empty lists.
+// noHardware: there is no interface of that number.
 checks::Known<checks::Addresses> readAddresses(int interface, const Patience& patience);
 
-// Those of the link, which its carrier has. Not known where the carrier is not known, or another
-// member of it sends.
+// Returns the addresses of the link, which belong to its carrier. Unknown if the carrier is unknown
+// or another member of it sends.
 checks::Known<checks::Addresses> readAddressesOfLink(const checks::Known<Carrier>& carrier,
                                                      const Patience& patience);
 
-// Whether a numeric address lies in a subnet of the interface's own addresses. NO where the kernel
-// does not tell.
+// Whether a numeric address lies in a subnet of the interface's own addresses. False if the kernel
+// does not answer.
 bool isInOwnSubnet(int interface, const std::string& address, const Patience& patience);
 
-// The pure parts: the payloads of RTM_NEWADDR and RTM_NEWROUTE messages, of all interfaces. Any
+// Pure versions of the above, from RTM_NEWADDR and RTM_NEWROUTE messages of all interfaces. Any
 // thread.
 checks::Addresses addressesOf(int interface, const std::vector<Message>& addresses,
                               const std::vector<Message>& routes);

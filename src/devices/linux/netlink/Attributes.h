@@ -1,6 +1,6 @@
-// Netlink attributes out of bytes (linux/netlink.h): a length, a type, and the payload up to a
-// multiple of 4. Looks into the bytes, which must outlive it. Any bytes will do: what is cut off
-// or shorter than asked for is not there.
+// Parses netlink attributes (linux/netlink.h): a length, a type, and the payload padded to a
+// multiple of 4. Keeps references to the bytes, which must outlive the object. Accepts any bytes:
+// an attribute that is cut off, or shorter than requested, counts as missing.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ namespace wifi_profile::machine {
 using ieee80211::Bytes;
 
 struct Attribute {
-  int type = 0;  // without the two flags above it
+  int type = 0;  // without the two flag bits above it
   Bytes payload;
 };
 
@@ -26,15 +26,15 @@ class Attributes {
   Attributes() = default;
   explicit Attributes(Bytes bytes);
 
-  // In their order. In nl80211's arrays the type is the index.
+  // In the order of the bytes. In nl80211's arrays the type is the index.
   auto begin() const { return all_.begin(); }
   auto end() const { return all_.end(); }
 
-  // The payload; where a type comes more than once, of the last one.
+  // Returns the payload of this type, of the last attribute if there are several.
   std::optional<Bytes> find(int type) const;
   bool has(int type) const { return find(type).has_value(); }
 
-  // In the machine's order of octets. Nothing when it is too short.
+  // Returns a number in host byte order. Empty if the payload is too short.
   template <class Number>
   std::optional<Number> number(int type) const {
     static_assert(std::is_integral_v<Number>);
@@ -45,10 +45,10 @@ class Attributes {
     return number;
   }
 
-  // Up to the first zero octet.
+  // Returns the payload up to the first zero octet.
   std::optional<std::string> text(int type) const;
 
-  // The attributes inside of one; none where it is not there.
+  // Returns the attributes inside the attribute of this type; no attributes if it is missing.
   Attributes nested(int type) const;
 
  private:

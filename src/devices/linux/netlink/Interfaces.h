@@ -1,4 +1,4 @@
-// The Wi-Fi interfaces as nl80211 lists them. Pure functions; any thread.
+// The Wi-Fi interfaces that nl80211 lists. Pure functions; any thread.
 #pragma once
 
 #include <cstdint>
@@ -12,24 +12,25 @@
 namespace wifi_profile::machine {
 
 struct WifiInterface {
-  std::string name;         // such as wlan0; empty: it is not a network interface
-  int index = 0;            // the kernel's number of it, never used again; 0: as above
-  std::uint32_t wiphy = 0;  // the kernel's number of its radio
-  std::string mac;          // as checks::Link::bssid; its own address, which may be a random one
+  std::string name;         // such as wlan0; empty: not a network interface
+  int index = 0;            // the kernel's number, never reused; 0: not a network interface
+  std::uint32_t wiphy = 0;  // the kernel's number of the radio
+  std::string mac;          // the interface's own, perhaps random; format as checks::Link::bssid
   checks::RadioInterface::Role role = checks::RadioInterface::Role::other;
-  std::optional<std::string> ssid;  // of the joined network, 1 to 32 bytes; of an access point, its
+  std::optional<std::string> ssid;  // the joined network's, or an access point's own; 1 to 32 bytes
   std::optional<int> frequency;     // MHz, of the primary channel
 
   bool operator==(const WifiInterface&) const = default;
 };
 
-// From the attributes of an answer to NL80211_CMD_GET_INTERFACE. Nothing without a radio.
+// Parses an answer to NL80211_CMD_GET_INTERFACE. Empty without a radio.
 std::optional<WifiInterface> interfaceOf(const Attributes& attributes);
 
-// Stations before others, joined ones before those that are not, then by index.
+// Sorts stations before others, joined ones before those that are not, then by index.
 void sortForUse(std::vector<WifiInterface>& interfaces);
 
-// Six octets as lower-case hexadecimal digits with colons; empty for any other number of them.
+// Formats six octets as lower-case hexadecimal digits with colons; empty for any other number of
+// octets.
 std::string addressText(ieee80211::Bytes octets);
 
 }  // namespace wifi_profile::machine

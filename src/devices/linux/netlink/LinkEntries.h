@@ -1,4 +1,5 @@
-// The link as nl80211 tells it in three answers. Pure functions; any thread.
+// The link, from nl80211's answers about interface, station and scan list. Pure functions; any
+// thread.
 #pragma once
 
 #include <optional>
@@ -13,44 +14,46 @@
 
 namespace wifi_profile::machine {
 
-// The access point as a station entry has it.
+// The access point, from the kernel's station entry.
 struct StationEntry {
-  std::string address;  // as checks::Link::bssid; where a network has several links, of all of them
+  std::string
+      address;  // as checks::Link::bssid; with several links, the address of all of them together
   std::optional<int> signal =
-      std::nullopt;  // dBm: mean of the beacons, else of all frames, else the last
+      std::nullopt;  // dBm: mean of the beacons, else mean of all frames, else of the last frame
   std::optional<int> beaconInterval = std::nullopt;  // TU
   std::optional<int> dtimPeriod = std::nullopt;      // beacons
 
   bool operator==(const StationEntry&) const = default;
 };
 
-// From an answer to NL80211_CMD_GET_STATION. Nothing for one that is not the access point: without
-// an address, or a direct link to another member (TDLS).
+// Parses an answer to NL80211_CMD_GET_STATION. Empty if the entry is not the access point's: it has
+// no address, or is a direct link to another member (TDLS).
 std::optional<StationEntry> stationEntryOf(const Attributes& attributes);
 
-// Nothing when they are not joined: without a station entry, without a name, or where the interface
-// is no station, such as an access point that others have joined. The scan list's
-// entry of the joined access point may be missing; it fills in what the others lack, and tells the
-// BSSID where the station entry's address is none.
+// Combines the three answers. Empty if the interface is not joined: there is no station entry or no
+// name, or the interface is not a station (an access point's station entries are its clients).
+// `joined`, the scan list's entry of the joined access point, may be missing. It supplies what the
+// others lack, and the BSSID, which replaces the station entry's address.
 std::optional<checks::Link> linkOf(const WifiInterface& interface,
                                    const std::optional<StationEntry>& station,
                                    const std::optional<ScanEntry>& joined);
 
-// What events say of the interface's link.
+// What events report about the interface's link.
 struct LinkEvents {
-  // Set by every end of a link: an order, a switch, an access point that is gone, another network,
-  // the interface's own end. Most drivers tell a roam as a loss and a joining.
+  // The link ended: by request, by a switch, because the access point disappeared, because another
+  // network was joined, or because the interface was removed. Most drivers report a roam as a loss
+  // followed by a joining.
   bool lost = false;
-  bool joined = false;          // by an order, or by a roam that the driver made
-  bool changedChannel = false;  // with the access point, which stays the same
-  bool missed = false;          // the kernel dropped events, which may have been any of these
+  bool joined = false;          // by request, or by a roam of the driver
+  bool changedChannel = false;  // together with its access point
+  bool missed = false;          // the kernel dropped events, perhaps some of the above
 
   bool any() const { return lost || joined || changedChannel || missed; }
   void add(const LinkEvents& more);
   bool operator==(const LinkEvents&) const = default;
 };
 
-// Adds what one event says. A joining that failed, and what other interfaces do, says nothing.
+// Adds what one event reports. Ignores failed joinings and events of other interfaces.
 void addToLinkEvents(const Message& event, const WifiInterface& interface, LinkEvents& events);
 
 }  // namespace wifi_profile::machine

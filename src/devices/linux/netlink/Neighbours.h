@@ -1,5 +1,5 @@
-// What the kernel knows of the other stations of a link (ARP, neighbour discovery), from rtnetlink.
-// Any user.
+// The kernel's neighbour table: other stations on a link (ARP, neighbour discovery), from
+// rtnetlink. Any user.
 #pragma once
 
 #include <chrono>
@@ -12,20 +12,19 @@
 namespace wifi_profile::machine {
 
 enum class NeighbourState {
-  unknown,    // there is no entry, or one that says nothing
-  unproven,   // it was there once, and there is no proof since the time asked about
-  reachable,  // it answered since then
-  failed,     // it does not answer
+  unknown,    // no entry, or one that says nothing
+  unproven,   // answered once, but not provably since the given time
+  reachable,  // answered since then
+  failed,     // does not answer
 };
 
-// The state, with answers since `begin`. Waits, up to the end of the patience, while it is
-// unproven. `address` is numeric.
+// Returns the state of a neighbour; only answers after `begin` count. Waits while the state is
+// unproven, until the deadline. `address` is numeric.
 NeighbourState awaitNeighbour(int interface, const std::string& address, Clock::time_point begin,
                               const Patience& patience);
 
-// The pure part: from the payloads of RTM_NEWNEIGH messages, of all interfaces.
-// An answer counts that is no older than `oldest`: the kernel takes a neighbour for reachable for
-// up to 45 s after its last answer.
+// Pure version, from RTM_NEWNEIGH messages of all interfaces. Only answers no older than `oldest`
+// count, because the kernel regards a neighbour as reachable for up to 45 s after its last answer.
 NeighbourState neighbourStateOf(int interface, const std::string& address,
                                 const std::vector<Message>& neighbours,
                                 std::chrono::milliseconds oldest);

@@ -1,4 +1,4 @@
-// Beginnings and ends of an interface's scans, as the kernel's events tell them.
+// Beginnings and ends of an interface's scans, from the kernel's events.
 #pragma once
 
 #include <optional>
@@ -8,12 +8,12 @@
 
 namespace wifi_profile::machine {
 
-// Which ends to report: any, also of the same radio's scan for no interface, or only that of the
-// interface's scan whose beginning was seen.
+// Which ends to report. ended: any, also those of the same radio's scans without an interface.
+// beganAndEnded: only those of the interface's own scan, after its beginning was seen.
 enum class ScansThat { ended, beganAndEnded };
 
-// Takes the events one by one, in their order. A scan that was asked for begins with an event of
-// its own; an end before it is that of another program's scan, which was under way. Any thread.
+// Takes the events one at a time, in order. A requested scan begins with an event of its own; an
+// end before that belongs to another program's scan that was under way. Any thread.
 class ScanEvents {
  public:
   enum class End { results, aborted };
@@ -21,13 +21,13 @@ class ScanEvents {
   ScanEvents(const WifiInterface& interface, ScansThat which)
       : interface_(interface), which_(which), counts_(which == ScansThat::ended) {}
 
-  // The end of a scan that counts; empty for any other event.
+  // Returns the end of a scan that counts; empty for any other event.
   std::optional<End> take(const Message& event);
 
  private:
   const WifiInterface& interface_;
   ScansThat which_;
-  bool counts_;  // the next end does
+  bool counts_;  // the next end counts
 };
 
 }  // namespace wifi_profile::machine

@@ -1,4 +1,4 @@
-// A netlink socket whose every wait ends in time.
+// A netlink socket. No operation waits beyond its deadline.
 #pragma once
 
 #include <cstdint>
@@ -16,27 +16,28 @@ struct nl_sock;
 
 namespace wifi_profile::machine {
 
-// The bytes of a message's fixed fields, such as an ifaddrmsg; as long as those live.
+// Returns the bytes of a message's fixed fields, such as an ifaddrmsg. They are valid as long as
+// `fields`.
 template <class Fields>
 ieee80211::Bytes octetsIn(const Fields& fields) {
   return {reinterpret_cast<const std::uint8_t*>(&fields), sizeof fields};
 }
 
-// A question to the kernel. `dump`: all there are, one answer each.
+// A request to the kernel. `dump`: for all objects, with one answer each.
 class Request {
  public:
   enum class Kind { one, dump };
 
-  // Of generic netlink.
+  // A request of generic netlink.
   Request(int family, int command, Kind kind);
-  // Of rtnetlink, with the fixed fields that go with the type.
+  // A request of rtnetlink, with the fixed fields that belong to the type.
   Request(int type, ieee80211::Bytes fields, Kind kind);
 
   Request& put(int attribute, ieee80211::Bytes payload);
   Request& put(int attribute, std::uint32_t number);
-  Request& put(int attribute, std::string_view text);  // a zero octet goes along
+  Request& put(int attribute, std::string_view text);  // adds a zero octet
   Request& putFlag(int attribute);
-  // An attribute that has one inside, with type 1 and an empty payload.
+  // Adds an attribute that contains one attribute of type 1 with an empty payload.
   Request& putEmptyList(int attribute);
 
  private:
@@ -47,17 +48,17 @@ class Request {
   std::unique_ptr<nl_msg, Deleter> message_;
 };
 
-// What the kernel sent.
+// A message from the kernel.
 struct Message {
   int type = 0;                       // of netlink
   int command = 0;                    // of generic netlink
   std::vector<std::uint8_t> payload;  // after the headers of netlink and of generic netlink
 };
 
-// Answers are bounded: a dump has at most kMostBytes altogether, of generic netlink also at most
-// kMostMessages (a tunnel may come with thousands of routes, each of them small), and one
-// that changed under way is asked for anew at most kMostRestarts times; then it counts as it came.
-// Messages of others than the kernel are passed over. Not opened until it is used.
+// Answers are bounded: a dump has at most kMostBytes in total and, of generic netlink, at most
+// kMostMessages (a tunnel may come with thousands of small routes). A dump that changed under way
+// is requested again at most kMostRestarts times, then used as it is. Messages that are not from
+// the kernel are ignored. The socket is opened at its first use.
 class NetlinkSocket {
  public:
   static constexpr std::size_t kMostMessages = 4096;
@@ -67,22 +68,24 @@ class NetlinkSocket {
   // `protocol`: NETLINK_GENERIC or NETLINK_ROUTE.
   explicit NetlinkSocket(int protocol) : protocol_(protocol) {}
 
-  // 0, or errno's number: the kernel's own, ETIMEDOUT, ECANCELED, or EMSGSIZE for too much. After
-  // anything but the kernel's own error, the next question has a fresh socket.
+  // Sends a request and collects the answers. Returns 0 or errno's number: the kernel's own,
+  // ETIMEDOUT, ECANCELED, or EMSGSIZE for an answer that is too long. After any error but the
+  // kernel's own, the next request uses a new socket.
   int ask(Request& request, const Patience& patience, std::vector<Message>& answers);
 
-  // For events: joins a multicast group, and forgets what came before.
+  // Joins a multicast group and discards earlier events.
   int listen(int group);
-  // The next one of those that came since. Errors as above; ENOBUFS: some were lost.
+  // Waits for the next event. Errors as for `ask`; ENOBUFS: events were lost.
   int nextEvent(const Patience& patience, Message& event);
-  // All of them so far, without waiting. 0, or ENOBUFS: some were lost; others as above.
+  // Returns all events so far, without waiting. 0, or ENOBUFS: events were lost; other errors as
+  // for `ask`.
   int takeEvents(std::vector<Message>& events);
 
  private:
   struct Closer {
     void operator()(nl_sock* socket) const;
   };
-  // What an answer's messages add up to.
+  // The state of a dump that is being received.
   struct Progress {
     bool ended = false;
     bool interrupted = false;
@@ -93,9 +96,9 @@ class NetlinkSocket {
   int open();
   int askOnce(Request& request, const Patience& patience, std::vector<Message>& answers,
               bool& interrupted);
-  // Receives what has come. 0, or errno's number: EAGAIN: nothing has.
+  // Receives one datagram without waiting. Returns 0 or errno's number; EAGAIN: there is none.
   int receive(ieee80211::Bytes& received);
-  // Waits and receives.
+  // Waits for a datagram and receives it.
   int await(const Patience& patience, ieee80211::Bytes& received);
   void keepEvents(ieee80211::Bytes received);
   void take(ieee80211::Bytes received, std::uint32_t sequence, Progress& progress,
@@ -107,7 +110,7 @@ class NetlinkSocket {
   std::deque<Message> events_;
 };
 
-// Why an answer is missing: `subject` names it, such as "the link".
+// Explains errno's number. `subject` names what is missing, such as "the link".
 checks::Unknown unknownFor(int error, std::string_view subject);
 
 }  // namespace wifi_profile::machine
