@@ -1,5 +1,5 @@
-// The access points that NetworkManager lists: for users whom the kernel does not let scan, and
-// after the kernel has forgotten what it heard. Pure functions; any thread.
+// The access points that NetworkManager lists. They are used for users who may not scan, and after
+// the kernel has removed its entries. Pure functions; any thread.
 #pragma once
 
 #include <chrono>
@@ -11,14 +11,15 @@
 
 namespace wifi_profile::machine {
 
-// From the properties of an access point, a{sv}. Marked as second-hand: it has address, name,
-// signal (exact from -100 to -40 dBm), primary channel, security and age, and nothing else of what
-// its frames say. `sinceBoot` is the time now by CLOCK_BOOTTIME. Nothing without a BSSID.
+// Parses the properties of an access point, a{sv}. The result is marked as second-hand: it has
+// address, name, signal (exact from -100 to -40 dBm), primary channel, security and age, and no
+// other data of the access point's frames. `sinceBoot` is the current time of CLOCK_BOOTTIME. Empty
+// without a BSSID.
 std::optional<checks::AccessPoint> accessPointFrom(const BusValue& properties,
                                                    std::chrono::nanoseconds sinceBoot);
 
-// Adds those that the scan does not have. Those last heard longer ago than `oldest`, or never, are
-// left out.
+// Adds the listed access points that the scan lacks, except those of unknown age or last heard
+// longer ago than `oldest`.
 void addSecondHand(const std::vector<checks::AccessPoint>& listed, std::chrono::milliseconds oldest,
                    checks::Scan& scan);
 

@@ -1,4 +1,4 @@
-// Bluetooth, as BlueZ tells it.
+// Bluetooth adapters and devices, from BlueZ.
 #pragma once
 
 #include "checks/DeviceFacts.h"
@@ -8,11 +8,11 @@
 
 namespace wifi_profile::machine {
 
-// noHardware where there is no adapter; failed where there are no objects at all. Pure; `objects`
-// is ObjectManager.GetManagedObjects.
+// Counts devices in the answer of ObjectManager.GetManagedObjects. noHardware: there is no adapter.
+// failed: the answer has no objects. Pure.
 checks::Known<checks::Bluetooth> bluetoothFrom(const BusValue& objects);
 
-// noService where BlueZ is not running or there is no bus. Any thread.
+// Asks BlueZ. noService: BlueZ is not running, or there is no bus. Any thread.
 checks::Known<checks::Bluetooth> readBluetooth(Bus& system, const Patience& patience);
 
 }  // namespace wifi_profile::machine

@@ -1,12 +1,12 @@
-// A connection to a message bus, for asking services.
+// A connection to a message bus, for calls to services.
 //
-// It only asks: it listens to no signals and offers nothing. No service is started by being asked:
-// calls go to the unique name of whoever owns the service's name at the moment (`ownerOf`), so they
-// can neither wake up a service nor reach another one that took the name over meanwhile.
+// It only makes calls: it listens to no signals and offers no objects. A call never starts a
+// service: it goes to the unique name of the current owner of the service's name (`ownerOf`), so it
+// cannot activate a service, nor reach another one that has taken the name over meanwhile.
 //
-// Any thread; calls by several threads wait for each other. A call ends at the deadline of the
-// caller's patience, and within 50 ms of being called off. Connecting is done by the first call
-// and, when the bus went away, by the next one.
+// Any thread; calls by several threads wait for each other. A call ends at the caller's deadline,
+// and within 50 ms of being cancelled. The first call connects; so does the next call after the
+// connection was lost.
 #pragma once
 
 #include <map>
@@ -22,46 +22,46 @@
 
 namespace wifi_profile::machine {
 
-// Why there is no answer.
+// Why a call failed.
 struct BusError {
   enum class Kind {
-    noBus,         // there is none, or it does not let us in
-    noService,     // nobody owns the name, or the owner went away before it answered
+    noBus,         // there is no bus, or it refuses this user
+    noService,     // the name has no owner, or the owner disappeared before it answered
     noSuchThing,   // the service has no such object, interface, method or property
-    notPermitted,  // bus or service refuse this user
+    notPermitted,  // the bus or the service refuses this user
     tookTooLong,   // the deadline passed
-    calledOff,     //
-    unreadable,    // an answer of more than 4 MiB, or nested deeper than anything asked for
-    failed,        // the service says so, for a reason of its own
+    calledOff,     // the caller cancelled the work
+    unreadable,    // the answer exceeds 4 MiB, or is nested too deep (see readMessage)
+    failed,        // the service reported an error of its own
   };
   Kind kind = Kind::failed;
   std::string name;     // the error's name on the bus, such as "org.freedesktop.DBus.Error.Failed"
-  std::string message;  // in the service's words: untrusted, at most 200 bytes
+  std::string message;  // the service's text: untrusted, at most 200 bytes
 
   bool operator==(const BusError&) const = default;
 };
 
 struct BusAnswer {
-  // What the method returned. Texts and byte arrays longer than 4096 bytes are nothing.
+  // The return values. Texts and byte arrays longer than 4096 bytes are empty values.
   std::vector<BusValue> values;
   std::optional<BusError> error;
 
   bool isGood() const { return !error; }
-  // Nothing where there are fewer.
+  // Returns the first value; an empty value if there is none.
   const BusValue& first() const;
 };
 
-// A variant with a boolean, as the argument that sets a property.
+// A variant that holds a boolean, for setting a property.
 struct BooleanVariant {
   bool value = false;
 };
-// a{sv} with texts only.
+// An a{sv} whose values are texts.
 using BusOptions = std::map<std::string, std::string>;
 using BusArgument = std::variant<std::string, BooleanVariant, BusOptions>;
 
 struct BusCall {
   std::string owner;  // a unique name, from `ownerOf`
-  std::string path;   // an object path; one that is none gives noSuchThing
+  std::string path;   // an object path; an invalid one gives noSuchThing
   std::string interface;
   std::string method;
   std::vector<BusArgument> arguments;
@@ -69,8 +69,8 @@ struct BusCall {
 
 class Bus {
  public:
-  // The bus of the system, of the session, or at an address ("unix:path=/..."). Where a session has
-  // none, every call gives noBus.
+  // Connections to the system bus, to the session bus, or to the bus at an address
+  // ("unix:path=/..."). Without a session bus, every call gives noBus.
   static std::unique_ptr<Bus> system();
   static std::unique_ptr<Bus> session();
   static std::unique_ptr<Bus> at(std::string address);
@@ -79,14 +79,15 @@ class Bus {
   Bus(const Bus&) = delete;
   Bus& operator=(const Bus&) = delete;
 
-  // Sends all calls, then waits for all answers: as many round trips as one. The answers are in the
-  // order of the calls, always as many. At most kCallsAtATime calls: the bus limits how many
-  // answers may be outstanding.
+  // Sends all calls, then waits for all answers, which takes as long as one round trip. Returns one
+  // answer for each call, in the order of the calls. At most kCallsAtATime calls, because the bus
+  // limits the number of outstanding answers.
   static constexpr std::size_t kCallsAtATime = 64;
   std::vector<BusAnswer> call(const std::vector<BusCall>& calls, const Patience& patience);
   BusAnswer call(const BusCall& one, const Patience& patience);
 
-  // The unique name of the owner of a service's name, as a text; noService where nobody owns it.
+  // Returns the unique name of the owner of a service's name, as a text. noService: it has no
+  // owner.
   BusAnswer ownerOf(const std::string& service, const Patience& patience);
 
  private:
@@ -96,7 +97,7 @@ class Bus {
   std::unique_ptr<Connection> connection_;
 };
 
-// Calls of the interface that every object with properties has.
+// Calls of org.freedesktop.DBus.Properties.
 BusCall getProperty(std::string owner, std::string path, std::string interface, std::string name);
 BusCall getProperties(std::string owner, std::string path, std::string interface);
 

@@ -1,5 +1,5 @@
-// A value that came over D-Bus, of whatever type its sender chose. Reading it as another type gives
-// nothing, and never fails, so facts are read from it without asking first what is there:
+// A value received over D-Bus, of the type that its sender chose. Reading it as another type gives
+// an empty value and never fails, so facts can be read without checking types first:
 //
 //   settings.at("ipv4").at("method").text()
 #pragma once
@@ -26,19 +26,19 @@ class BusValue {
   using Content = std::variant<std::monostate, bool, std::int64_t, std::uint64_t, double,
                                std::string, Bytes, List, Map>;
 
-  BusValue() = default;  // nothing
+  BusValue() = default;  // an empty value
   explicit BusValue(Content content) : content_(std::move(content)) {}
   explicit BusValue(Map map) : content_(std::move(map)) {}
 
   bool isNothing() const { return std::holds_alternative<std::monostate>(content_); }
   std::optional<bool> boolean() const;
-  std::optional<std::int64_t> integer() const;  // of either sign, where it fits
-  std::optional<std::string> text() const;      // also object paths
+  std::optional<std::int64_t> integer() const;  // signed or unsigned, if it fits
+  std::optional<std::string> text() const;      // also of an object path
   std::optional<std::string> bytes() const;     // of an array of bytes
-  // No elements where it is no list, no map.
+  // Empty if the value is not a list or a map.
   const List& list() const;
   const Map& map() const;
-  // Nothing where it is no map, or has no such key.
+  // An empty value if the value is not a map or has no such key.
   const BusValue& at(std::string_view key) const;
 
   bool operator==(const BusValue&) const = default;

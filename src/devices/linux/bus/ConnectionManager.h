@@ -1,7 +1,7 @@
-// Whoever manages the interface's connections: NetworkManager, else iwd, else wpa_supplicant. Who
-// that is, is found out once for an object, which lives no longer than a piece of work. Where
-// nobody is, and where there is no bus, everything is Unknown, noService. An object belongs to one
-// thread at a time.
+// The service that manages the interface's connections: NetworkManager, else iwd, else
+// wpa_supplicant. An object finds the service once, and is made anew for each piece of work.
+// Without such a service, and without a bus, every operation returns noService. An object belongs
+// to one thread at a time.
 #pragma once
 
 #include <optional>
@@ -19,31 +19,34 @@ namespace wifi_profile::machine {
 
 class ConnectionManager {
  public:
-  // `system` lives longer.
+  // `system` must outlive this object.
   explicit ConnectionManager(Bus& system) : bus_(system) {}
 
   enum class Kind { networkManager, iwd, supplicant };
   checks::Known<Kind> kind(const std::string& interface, const Patience& patience);
 
-  // Only NetworkManager tells; notTold with the others, notJoined where there is no connection.
+  // From NetworkManager; notTold with the others. notJoined: there is no connection.
   checks::Known<checks::ActiveProfile> activeProfile(const std::string& interface,
                                                      const Patience& patience);
-  // Only NetworkManager tells; notTold with the others. In order, IPv4 first.
+  // From NetworkManager, IPv4 first; notTold with the others.
   checks::Known<std::vector<std::string>> dnsServers(const std::string& interface,
                                                      const Patience& patience);
   checks::Known<std::vector<checks::SavedNetwork>> savedNetworks(const std::string& interface,
                                                                  const Patience& patience);
-  // When the manager's last scan of the interface ended; notTold where only NetworkManager tells.
+  // When the manager's last scan of the interface ended. From NetworkManager; notTold with the
+  // others.
   checks::Known<LastScan> lastScan(const std::string& interface, const Patience& patience);
-  // The access points that the manager lists; notTold where only NetworkManager tells.
+  // The access points that the manager lists. From NetworkManager; notTold with the others.
   checks::Known<std::vector<checks::AccessPoint>> accessPoints(const std::string& interface,
                                                                const Patience& patience);
-  // Asks for a scan, and does not wait for its end.
+  // Requests a scan. Does not wait for its end.
   checks::Known<ScanStart> requestScan(const std::string& interface, const Patience& patience);
 
-  // The manager's switch of all Wi-Fi: NetworkManager's. notSupported with the others.
+  // Whether the manager's switch for all Wi-Fi is on. From NetworkManager; notSupported with the
+  // others.
   checks::Known<bool> isRadioOn(const std::string& interface, const Patience& patience);
-  // Nothing: done. notPermitted where this user may not; nobody is asked for a password.
+  // Sets that switch. Empty: done. notPermitted: this user may not. The service does not ask for a
+  // password.
   std::optional<checks::Unknown> setRadioOn(const std::string& interface, bool on,
                                             const Patience& patience);
 

@@ -1,4 +1,4 @@
-// What iwd knows. Any thread; reasons as in NetworkManager.h.
+// Reads facts from iwd. Any thread; reasons as in NetworkManager.h.
 #pragma once
 
 #include <string>
@@ -12,15 +12,15 @@
 
 namespace wifi_profile::machine {
 
-// Pure; `objects` is what ObjectManager.GetManagedObjects returned, a{oa{sa{sv}}}.
+// Returns the known networks in the answer of ObjectManager.GetManagedObjects, a{oa{sa{sv}}}. Pure.
 std::vector<checks::SavedNetwork> savedNetworksFromIwd(const BusValue& objects);
 
 class Iwd {
  public:
-  // `system` lives longer.
+  // `system` must outlive this object.
   explicit Iwd(Bus& system) : bus_(system) {}
 
-  // Whether it is running and has a station on that interface.
+  // Whether iwd has a station on that interface; noService if it is not running.
   checks::Known<bool> manages(const std::string& interface, const Patience& patience);
   checks::Known<std::vector<checks::SavedNetwork>> savedNetworks(const Patience& patience);
   checks::Known<ScanStart> requestScan(const std::string& interface, const Patience& patience);

@@ -1,4 +1,4 @@
-// The content of a message as values.
+// Reads the content of a D-Bus message.
 #pragma once
 
 #include <optional>
@@ -12,13 +12,12 @@ class Message;
 
 namespace wifi_profile::machine {
 
-inline constexpr std::size_t kLongestBusText = 4096;  // bytes; longer ones become nothing
+inline constexpr std::size_t kLongestBusText = 4096;  // bytes; a longer text becomes an empty value
 
-// Reads all values of the message, from its beginning. Nothing where they are nested more than 16
-// deep, or are too many: each counts 32 bytes, and each of their bytes counts, up to 4 MiB. Of the
-// keys of a map that stand there twice the last one counts; a key that is a number becomes its
-// decimal text. Descriptors are closed and become nothing. Throws sdbus::Error where the message
-// is damaged.
+// Reads all values of the message, from its beginning. Returns an empty optional if they are nested
+// more than 16 deep or exceed 4 MiB; each value counts 32 bytes plus its own bytes. If a map has a
+// key twice, the last one counts; a numeric key becomes its decimal text. Descriptors are closed
+// and become empty values. Throws sdbus::Error if the message is damaged.
 std::optional<std::vector<BusValue>> readMessage(sdbus::Message& message);
 
 }  // namespace wifi_profile::machine

@@ -1,7 +1,7 @@
-// What NetworkManager knows. Any thread; each function asks anew, so a manager that was restarted
-// is asked again by the next call. Why something is not known: noService (not running, or it went
-// away while it was asked), notPermitted, tookTooLong (deadline, or called off), noHardware (it
-// does not know the interface), failed.
+// Reads facts from NetworkManager. Any thread. Each operation looks the service up again, so it
+// also reaches a restarted one. Reasons: noService (not running, or it disappeared before it
+// answered), notPermitted, tookTooLong (deadline passed, or cancelled), noHardware (it does not
+// know the interface), failed.
 #pragma once
 
 #include <chrono>
@@ -20,42 +20,43 @@ namespace wifi_profile::machine {
 
 class NetworkManager {
  public:
-  // `system` lives longer.
+  // `system` must outlive this object.
   explicit NetworkManager(Bus& system) : bus_(system) {}
 
-  // Whether it is running and takes care of that interface, and so of its scans and profiles.
+  // Whether NetworkManager manages that interface, and so its scans and profiles; noService if it
+  // is not running.
   checks::Known<bool> manages(const std::string& interface, const Patience& patience);
 
-  // The profile that the interface is joined with; notJoined where there is none.
+  // Returns the profile of the interface's connection; notJoined: there is none.
   checks::Known<checks::ActiveProfile> activeProfile(const std::string& interface,
                                                      const Patience& patience);
-  // Of the link, IPv4 first; notJoined where the interface has no configuration.
+  // Returns the link's servers, IPv4 first; notJoined: the interface has no configuration.
   checks::Known<std::vector<std::string>> dnsServers(const std::string& interface,
                                                      const Patience& patience);
-  // Of all interfaces; at most kLongestBusList. A profile that this user may not read is left
-  // out; notPermitted where that is all of them.
+  // Returns the profiles of all interfaces, at most kLongestBusList. A profile that this user may
+  // not read is left out. notPermitted: this user may read none of them.
   checks::Known<std::vector<checks::SavedNetwork>> savedNetworks(const Patience& patience);
 
-  // When the last scan of the interface ended, on CLOCK_BOOTTIME; nothing: it never did.
+  // Returns when the last scan of the interface ended, on CLOCK_BOOTTIME; empty: there was none.
   checks::Known<LastScan> lastScan(const std::string& interface, const Patience& patience);
-  // The access points that it lists for the interface, as `accessPointFrom` reads them; at most
+  // Returns the access points listed for the interface, parsed by `accessPointFrom`; at most
   // kLongestBusList.
   checks::Known<std::vector<checks::AccessPoint>> accessPoints(const std::string& interface,
                                                                const Patience& patience);
-  // Asks for a scan; does not wait for its end (see `lastScan`).
+  // Requests a scan. Does not wait for its end (see `lastScan`).
   checks::Known<ScanStart> requestScan(const std::string& interface, const Patience& patience);
 
-  // The software switch of all Wi-Fi, and the hardware's. Reading them needs no privileges.
+  // The software switch and the hardware switch of all Wi-Fi. Reading them needs no privileges.
   checks::Known<bool> isWirelessEnabled(const Patience& patience);
   checks::Known<bool> isWirelessHardwareEnabled(const Patience& patience);
-  // notPermitted where polkit does not let this user; nobody is asked for a password. Nothing:
-  // done.
+  // Sets the software switch. Empty: done. notPermitted: polkit refuses this user; it does not ask
+  // for a password.
   std::optional<checks::Unknown> setWirelessEnabled(bool enabled, const Patience& patience);
 
  private:
   struct Device {
-    std::string owner;    // of NetworkManager's name
-    std::string path;     // of the interface's object
+    std::string owner;    // unique name of the service
+    std::string path;     // path of the interface's object
     BusValue properties;  // a{sv}
   };
   checks::Known<std::string> owner(const Patience& patience);

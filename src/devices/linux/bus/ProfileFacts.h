@@ -1,5 +1,5 @@
-// NetworkManager's dictionaries as facts. Pure functions; a value of a wrong type is as good as
-// none.
+// Parses NetworkManager's dictionaries into facts. Pure functions; a value of a wrong type counts
+// as missing.
 #pragma once
 
 #include <optional>
@@ -12,32 +12,32 @@
 
 namespace wifi_profile::machine {
 
-// No list of texts or networks from the bus gets longer than this.
+// The longest list of texts or networks that is read from the bus.
 inline constexpr std::size_t kLongestBusList = 5000;
 
-// What NetworkManager says of the active connection, each the way its method or property returned
-// it; nothing where it did not.
+// NetworkManager's data about the active connection, as its methods and properties returned them;
+// empty if it did not.
 struct ActiveProfileSources {
   BusValue settings;      // Settings.Connection.GetSettings, a{sa{sv}}
   BusValue device;        // properties of the Device, a{sv}
   BusValue dhcp4Options;  // DHCP4Config.Options, a{sv}
 };
 
-// notTold where the settings do not name a method that is known, for IPv4 and for IPv6.
+// notTold: the settings do not name a known method for IPv4 and for IPv6.
 checks::Known<checks::ActiveProfile> activeProfileFrom(const ActiveProfileSources& sources);
 
-// One profile of Settings.ListConnections, from its GetSettings. Nothing where it is no profile to
-// join a Wi-Fi network with: another type, an access point of the device's own, no name of 1 to 32
-// bytes.
+// Parses a profile of Settings.ListConnections, from its GetSettings. Empty if it is not a profile
+// for joining a Wi-Fi network: it has another type, sets up an access point on this machine, or has
+// no name of 1 to 32 bytes.
 std::optional<checks::SavedNetwork> savedNetworkFrom(const BusValue& settings);
 
-// From properties of IP4Config and IP6Config, a{sv}: addresses of the link's servers, IPv4 first.
+// Returns the link's servers, IPv4 first, from the properties of IP4Config and IP6Config, a{sv}.
 std::vector<std::string> dnsServersFrom(const BusValue& ip4Config, const BusValue& ip6Config);
 
-// Where a DHCPv4 answer says whether there is a sign-in page (option 114), at most 2048 bytes.
+// Returns the URL of the captive portal API from a DHCPv4 answer (option 114), at most 2048 bytes.
 std::optional<std::string> captivePortalApiFrom(const BusValue& dhcp4Options);
 
-// Seconds after 1970-01-01 00:00:00 UTC; nothing for 0 and less, and for years after 9999.
+// From seconds since 1970-01-01 00:00:00 UTC. Empty for 0 and less, and for years after 9999.
 std::optional<Date> dateFromUnixTime(std::int64_t seconds);
 
 }  // namespace wifi_profile::machine

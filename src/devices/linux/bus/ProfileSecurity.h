@@ -1,4 +1,4 @@
-// The security that a saved network asks for, in one word. Pure functions.
+// The security of a saved network. Pure functions.
 #pragma once
 
 #include <string>
@@ -11,8 +11,7 @@ namespace wifi_profile::machine {
 // From NetworkManager's settings, a{sa{sv}}.
 ieee80211::Security securityFromProfile(const BusValue& settings);
 
-// From the properties of a network of wpa_supplicant's, a{sv} in the words of its configuration
-// file.
+// From a network's properties in wpa_supplicant, a{sv} with values as in its configuration file.
 ieee80211::Security securityFromSupplicant(const BusValue& properties);
 
 // From iwd's type of a network: open, wep, psk, 8021x, hotspot.

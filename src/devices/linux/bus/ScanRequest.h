@@ -1,4 +1,4 @@
-// Scans that a connection manager makes.
+// Scans by a connection manager.
 #pragma once
 
 #include <chrono>
@@ -8,11 +8,11 @@ namespace wifi_profile::machine {
 
 enum class ScanStart {
   started,
-  tooSoon,   // one is under way or has just been: its results are there, or will be
+  tooSoon,   // a scan is under way, or has just ended: its results are or will be there
   notReady,  // the radio is off, or was switched on a moment ago
 };
 
-// Time since the system started, on CLOCK_BOOTTIME; nothing: there was no scan yet.
+// Time of a scan on CLOCK_BOOTTIME; empty: there was no scan yet.
 using LastScan = std::optional<std::chrono::milliseconds>;
 
 }  // namespace wifi_profile::machine

@@ -1,4 +1,4 @@
-// The services that are asked, and what people are told when one does not answer.
+// The services that are called, and the messages for when one does not answer.
 #pragma once
 
 #include <string>
@@ -8,8 +8,8 @@
 
 namespace wifi_profile::machine {
 
-// What to do when a message bus cannot be reached, and when it, or a service on it, does not let
-// this user ask: sentences.
+// Advice, in sentences, for when a message bus cannot be reached, and for when the bus or a service
+// on it refuses this user.
 struct BusRemedies {
   const char* noBus;
   const char* notPermitted;
@@ -17,8 +17,8 @@ struct BusRemedies {
 
 struct Service {
   const char* busName;
-  const char* name;    // as people call it
-  const char* remedy;  // a sentence: what to do when it is not running
+  const char* name;    // for messages
+  const char* remedy;  // advice for when it is not running, a sentence
   const BusRemedies& bus;
 };
 
@@ -28,9 +28,9 @@ extern const Service kSupplicant;
 extern const Service kBluez;
 extern const Service kPortal;
 
-// The reason and the sentence for an error of that service.
+// Returns the reason and the message for an error of that service.
 checks::Unknown unknownFrom(const BusError& error, const Service& service);
-// The same for an answer; one without an error is taken as one of a wrong type.
+// The same for an answer. An answer without an error counts as one of a wrong type.
 checks::Unknown unknownFrom(const BusAnswer& answer, const Service& service);
 
 }  // namespace wifi_profile::machine

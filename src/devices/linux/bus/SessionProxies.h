@@ -8,14 +8,15 @@
 
 namespace wifi_profile::machine {
 
-// From the variables http_proxy, https_proxy and all_proxy, in this order and in letters of any
-// case; an empty one sets nothing. `environment` is like `environ`: "NAME=value" until a null.
+// Finds a proxy in the variables http_proxy, https_proxy and all_proxy, in this order, their names
+// in any case; an empty variable counts as unset. `environment` is like `environ`: "NAME=value"
+// strings, ended by a null pointer.
 checks::SessionProxy proxyInEnvironment(const char* const* environment);
 
-// The environment, and then the settings of the desktop, from its portal. Where the environment
-// names neither a desktop (XDG_CURRENT_DESKTOP) nor a session bus (DBUS_SESSION_BUS_ADDRESS), no
-// bus means no settings, and where it names no desktop, no portal does. Otherwise unknown where
-// there is no answer.
+// Looks in the environment, then in the desktop's settings, through its portal. Unknown if the
+// portal does not answer. There are no settings, however, if there is no bus and the environment
+// names neither a desktop (XDG_CURRENT_DESKTOP) nor a session bus (DBUS_SESSION_BUS_ADDRESS), or if
+// there is no portal and the environment names no desktop.
 checks::Known<checks::SessionProxy> readSessionProxy(const char* const* environment, Bus& session,
                                                      const Patience& patience);
 

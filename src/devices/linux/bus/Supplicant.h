@@ -1,5 +1,5 @@
-// What wpa_supplicant knows where it works alone. It must offer its D-Bus interface (-u). Any
-// thread; reasons as in NetworkManager.h.
+// Reads facts from wpa_supplicant when no other manager controls it. It must offer its D-Bus
+// interface (-u). Any thread; reasons as in NetworkManager.h.
 #pragma once
 
 #include <optional>
@@ -14,18 +14,18 @@
 
 namespace wifi_profile::machine {
 
-// One network of its, from the property Properties, a{sv} in the words of its configuration file.
-// Nothing where that has no name of 1 to 32 bytes. Pure.
+// Parses a network's property Properties, a{sv} with values as in the configuration file. Empty
+// without a name of 1 to 32 bytes. Pure.
 std::optional<checks::SavedNetwork> savedNetworkFromSupplicant(const BusValue& properties);
 
 class Supplicant {
  public:
-  // `system` lives longer.
+  // `system` must outlive this object.
   explicit Supplicant(Bus& system) : bus_(system) {}
 
-  // Whether it is running and takes care of that interface.
+  // Whether wpa_supplicant manages that interface; noService if it is not running.
   checks::Known<bool> manages(const std::string& interface, const Patience& patience);
-  // Of that interface.
+  // Returns the networks of that interface.
   checks::Known<std::vector<checks::SavedNetwork>> savedNetworks(const std::string& interface,
                                                                  const Patience& patience);
   checks::Known<ScanStart> requestScan(const std::string& interface, const Patience& patience);

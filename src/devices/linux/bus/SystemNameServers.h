@@ -1,5 +1,5 @@
-// The name servers that the system asks: those of resolv.conf, and where that names
-// systemd-resolved, its own. Any thread.
+// The system's name servers: those of resolv.conf or, if that names systemd-resolved, the latter's.
+// Any thread.
 #pragma once
 
 #include <functional>
@@ -12,24 +12,26 @@
 
 namespace wifi_profile::machine {
 
-// Those of the system's servers that are the link's: `isOfLink` says so of its router and its
-// neighbours, also where a cable leads to the same network; or the packets leave by the link, as
-// `towards` tells by the number of an interface; or no route leads there. Empty where there are
-// none, such as with a tunnel: the link's own are not known then. Pure.
+// Returns those of the system's servers that belong to the link: servers for which `isOfLink` is
+// true (the router and neighbours, even if a cable leads to the same network), servers whose
+// packets leave through the link (`towards` returns the number of the interface), and servers
+// without a route. Empty: there is no such server, for instance with a tunnel; the link's own
+// servers are then unknown. Pure.
 std::optional<std::vector<std::string>> nameServersThrough(
     int interface, std::vector<std::string> servers,
     const std::function<bool(const std::string& server)>& isOfLink,
     const std::function<std::optional<int>(const std::string& server)>& towards);
 
-// Empty where there are none, or where it is not known which servers those are that a resolver on
-// this machine asks in its turn. `interface`: number of the link.
+// Reads the system's servers. Empty: there are none, or a resolver on this machine does not tell
+// which servers it forwards to. `interface` is the number of the link.
 std::optional<std::vector<std::string>> readSystemNameServers(
     Bus& system, int interface, const Patience& patience,
     const std::string& resolvConf = "/etc/resolv.conf");
 
-// The pure parts: numeric addresses without those that are local to a link.
+// Pure versions: numeric addresses, without link-local IPv6 ones.
 std::vector<std::string> nameServersIn(std::string_view resolvConf);
-// From the property DNS of org.freedesktop.resolve1.Manager: the link's, and those of all links.
+// From the property DNS of org.freedesktop.resolve1.Manager: servers of the link and servers of no
+// particular link.
 std::vector<std::string> nameServersOf(int interface, const BusValue& servers);
 
 }  // namespace wifi_profile::machine

@@ -1,4 +1,4 @@
-// The two ways of pinging, for ping() and its tests.
+// The two kinds of ping, for ping() and its tests: echoes and connections.
 #pragma once
 
 #include <optional>
@@ -12,11 +12,11 @@ namespace wifi_profile::machine {
 
 using RoundTrip = std::chrono::duration<double>;
 
-// One element an echo that was sent; nothing in it: no answer.
+// One element for each echo that was sent; empty: it was not answered.
 using RoundTrips = std::vector<std::optional<RoundTrip>>;
 
-// A socket for echoes to the target: the kernel's own for everybody, else a raw one. Without one
-// errno says why; EACCES and EPERM: the user may not.
+// A socket for echoes: the kernel's ping socket, which ordinary users may open where the system
+// allows it, else a raw one. Without a socket, errno says why; EACCES and EPERM: this user may not.
 class EchoSocket {
  public:
   EchoSocket(int family, const std::string& interface);
@@ -33,7 +33,7 @@ class EchoSocket {
 RoundTrips echo(const EchoSocket& socket, const Address& target, const PingPlan& plan,
                 const Patience& patience);
 
-// Connections instead of echoes. Empty when no socket could be bound to the interface; errno says
+// Connects instead of sending echoes. Empty: no socket could be bound to the interface; errno says
 // why.
 std::optional<RoundTrips> pingByConnecting(const std::string& target, const std::string& interface,
                                            const PingPlan& plan, const Patience& patience);

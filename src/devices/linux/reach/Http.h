@@ -1,4 +1,4 @@
-// One request of HTTP, for the code of this folder. No redirect is followed.
+// A single HTTP request, for the code in this folder. Redirects are not followed.
 #pragma once
 
 #include <cstddef>
@@ -15,28 +15,28 @@ namespace wifi_profile::machine {
 struct HttpRequest {
   std::string url;
   std::size_t bodyLimit = std::size_t{64} * 1024;
-  bool useProxy = false;     // the environment's
-  bool connectOnly = false;  // TCP and TLS, and then nothing more
+  bool useProxy = false;     // the one named in the environment
+  bool connectOnly = false;  // only TCP and TLS, without a request
   std::vector<std::string> headers;
   std::string post;  // empty: GET
 };
 
 struct HttpAnswer {
-  bool complete = false;  // the whole answer is there (or cut off), or it is connected
-  long status = 0;        // 0: none came
-  std::string body;       // no longer than the limit
-  bool cutOff = false;    // at the limit
-  std::string redirect;   // where to, absolute; empty: nowhere
-  std::string problem;    // in a few words, when it is not complete
-  // What would help, when the problem is this machine's own and says nothing of the other side.
+  bool complete = false;  // the answer is complete or cut off, or the connection is made
+  long status = 0;        // 0: no answer
+  std::string body;       // at most bodyLimit
+  bool cutOff = false;    // the body was cut off at bodyLimit
+  std::string redirect;   // absolute URL; empty: no redirect
+  std::string problem;    // in a few words; empty if the answer is complete
+  // Advice, if the problem is this machine's own and says nothing about the other side; else empty.
   std::string remedy;
 };
 
-// Of an answer with a remedy.
+// Turns an answer with a remedy into Unknown.
 checks::Unknown notAsked(const HttpAnswer& answer);
 
-// Ends with problem "timed out" at the deadline, after 5 s without a connection, and soon after it
-// was called off.
+// Makes the request. Ends with problem "timed out" at the deadline, after 5 s without a connection,
+// and soon after being cancelled.
 HttpAnswer exchange(const HttpRequest& request, const Way& way, const Patience& patience);
 
 struct UrlParts {
@@ -45,10 +45,10 @@ struct UrlParts {
   std::string port;
 };
 
-// Nothing for what is no absolute address of http or https.
+// Splits a URL. Empty if it is not an absolute URL of http or https.
 std::optional<UrlParts> partsOf(const std::string& url);
 
-// `reference` as it stands in the document at `base`; empty when there is no such address.
+// Resolves `reference`, found in the document at `base`; empty if it is not a valid reference.
 std::string resolvedUrl(const std::string& base, const std::string& reference);
 
 }  // namespace wifi_profile::machine

@@ -1,4 +1,5 @@
-// The parts of routerOutside(), each with a time of its own. IPv4 addresses, numeric.
+// The parts of routerOutside(), each with a time limit of its own. Addresses are numeric IPv4
+// addresses.
 #pragma once
 
 #include <optional>
@@ -8,13 +9,14 @@
 
 namespace wifi_profile::machine {
 
-// The outer address that the router tells; only a unicast address counts.
+// Asks the router for its outer address; only a unicast address counts.
 std::optional<std::string> askNatPmp(const std::string& gateway, const std::string& interface,
                                      const Patience& patience);
 std::optional<std::string> askUpnp(const std::string& gateway, const std::string& interface,
                                    const Patience& patience);
 
-// Who says that a packet of two hops towards the target did not live long enough.
+// Returns the address that reports that a packet with a time to live of two hops towards the target
+// did not arrive.
 std::optional<std::string> findSecondHop(const std::string& gateway, const std::string& target,
                                          const std::string& interface, const Patience& patience);
 

@@ -1,4 +1,4 @@
-// Sockets of one interface, for the code of this folder.
+// Sockets bound to one interface, for the code in this folder.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@
 
 namespace wifi_profile::machine {
 
-// An address of IPv4 or IPv6 with a port.
+// An IPv4 or IPv6 address with a port.
 struct Address {
   sockaddr_storage storage{};
   socklen_t size = 0;
@@ -23,44 +23,44 @@ struct Address {
   const sockaddr* get() const { return reinterpret_cast<const sockaddr*>(&storage); }
 };
 
-// Of a numeric address; one that is local to a link gets the interface for its zone. Nothing for
-// anything else.
+// Parses a numeric address. A link-local IPv6 address gets the interface as its zone. Empty if
+// `text` is not a numeric address.
 std::optional<Address> addressOf(const std::string& text, std::uint16_t port,
                                  const std::string& interface);
 
-// The addresses that all interfaces of this machine have now. Empty when the system has no
+// Returns the current addresses of all interfaces of this machine. Empty if the system has no
 // descriptors or memory left.
 std::optional<std::vector<Address>> ownAddresses();
 
-// Whether what is sent there stays on this machine: its own addresses, loopback, and the address of
-// none, which the kernel takes for it.
+// Whether packets to this address stay on this machine: its own addresses, loopback, and the
+// unspecified address, which the kernel treats as this machine's.
 bool staysHere(const Address& address, const std::vector<Address>& own);
 
-// Whether no site can have this address: loopback, none, link-local, a group or broadcast. Name
-// servers that block a name answer with these.
+// Whether no site can have this address: loopback, unspecified, link-local, multicast or broadcast.
+// Name servers that block a name answer with such addresses.
 bool isOfNoSite(const Address& address);
 
-// Everything that the socket sends goes out through the interface (empty: any), and nothing else
-// comes in where the kernel lets this user say so. False with errno when there is no such
-// interface, or it has no address of this family.
+// Makes the socket send only through the interface (empty: any) and, if the kernel permits this
+// user to bind, receive only from it. False with errno if there is no such interface, or it has no
+// address of this family.
 bool bindToInterface(int socket, int family, const std::string& interface);
 
-// A socket that does not block, bound to the interface. Without one errno says why.
+// Opens a non-blocking socket, bound to the interface. Without a socket, errno says why.
 Descriptor openSocket(int family, int type, int protocol, const std::string& interface);
 
-// Gives an address that is local to a link the interface as its zone, if it has none.
+// Makes the interface the zone of a link-local IPv6 address that has none.
 void setZone(Address& address, const std::string& interface);
 
-// Whether errno's number says that this machine has no descriptors or memory left.
+// Whether errno's number means that this machine has no descriptors or memory left.
 bool isExhaustion(int error);
 
-// Why a socket could not be opened on the interface, by errno's number.
+// Explains, by errno's number, why a socket could not be opened on the interface.
 checks::Unknown noSocket(int error, const std::string& interface);
 
-// Printable ASCII, no more than 120 bytes of it; '?' for the rest.
+// Returns at most the first 120 bytes, with '?' for what is not printable ASCII.
 std::string shortText(std::string_view text);
 
-// For work that was called off, or had no time.
+// The result of work that was cancelled or had no time left.
 checks::Unknown calledOff();
 
 }  // namespace wifi_profile::machine

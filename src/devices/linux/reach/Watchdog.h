@@ -1,5 +1,4 @@
-// Ends the transfers of a library that does not look at the time while the other side keeps it
-// busy.
+// Ends the transfers of a library that does not check the time while the other side keeps sending.
 #pragma once
 
 #include <mutex>
@@ -10,19 +9,20 @@
 
 namespace wifi_profile::machine {
 
-// Owns the sockets of a transfer, and shuts them down when the patience is over: what reads or
-// writes them then fails. Any thread.
+// Owns the sockets of a transfer, and shuts them down at the deadline or on cancellation: reading
+// from them and writing to them then fails. Any thread.
 class Watchdog {
  public:
-  // Throws std::system_error when the system has no threads or descriptors left. The cancellation
-  // of `patience` must outlive it.
+  // Throws std::system_error if the system has no threads or descriptors left. The cancellation of
+  // `patience` must outlive this object.
   explicit Watchdog(const Patience& patience);
-  // All sockets must be closed.
+  // All sockets must have been closed.
   ~Watchdog();
   Watchdog(const Watchdog&) = delete;
   Watchdog& operator=(const Watchdog&) = delete;
 
-  // False when the patience is over: the socket stays the caller's.
+  // Takes the socket over. False at or after the deadline or cancellation: the caller keeps the
+  // socket.
   bool add(int socket);
   void close(int socket);
 
@@ -33,7 +33,7 @@ class Watchdog {
   std::mutex mutex_;  // guards what follows
   bool over_ = false;
   std::set<int> sockets_;
-  std::thread thread_;  // the last: it uses the others
+  std::thread thread_;  // declared last, because it uses the others
 };
 
 }  // namespace wifi_profile::machine
