@@ -15,10 +15,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Whether the two take turns, in the words of the drivers that have a parameter for it.
+// The names that drivers give the coexistence parameter.
 constexpr const char* kParameters[] = {"bt_coex_active", "btcoex_enable", "btcoex"};
 
-// The name that a link in sysfs ends with; nothing where there is none.
+// Returns the name that a symbolic link in sysfs ends with; empty if there is no link.
 std::string linkedName(const fs::path& link) {
   std::error_code error;
   const fs::path target = fs::read_symlink(link, error);

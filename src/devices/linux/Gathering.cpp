@@ -84,7 +84,8 @@ void forget(Facts& facts, FactSet gone, const checks::Unknown& why) {
   }
 }
 
-// What the threads share: each of them owns a part of it, so that it outlives them.
+// The state that the threads share. Each thread holds a reference, so the state outlives the
+// threads.
 class Gathering::Work : public std::enable_shared_from_this<Work> {
  public:
   Work(std::vector<Errand> errands, std::shared_ptr<const void> used) : used_(std::move(used)) {
@@ -104,10 +105,10 @@ class Gathering::Work : public std::enable_shared_from_this<Work> {
   struct Task {
     explicit Task(Errand one) : errand(std::move(one)) {}
     Errand errand;
-    std::thread thread;                        // joinable: it was begun
-    std::optional<Clock::time_point> overdue;  // while it runs
+    std::thread thread;                        // joinable: it was started
+    std::optional<Clock::time_point> overdue;  // when the running task is abandoned
     bool settled = false;
-    bool ended = false;  // its thread has nothing more to do
+    bool ended = false;  // its thread is done
   };
 
   void beginLocked(FactSet facts);
@@ -162,7 +163,7 @@ void Gathering::Work::perform(Task& task) {
     known = facts_;
     task.overdue = Clock::now() + task.errand.limit + kGrace;
   }
-  changed_.notify_all();  // those that wait have one more to look after
+  changed_.notify_all();  // waiting threads have one more time to watch
   const auto failed = [&task](const std::string& why) -> Found {
     const checks::Unknown unknown{
         checks::Reason::failed,

@@ -14,7 +14,7 @@ std::atomic<bool> someAreLeft = false;
 
 void leaveBehind(std::thread thread) {
   static std::mutex mutex;
-  // Never destroyed: a thread that still runs must not be.
+  // Never destroyed, because destroying a joinable thread ends the process.
   static auto* const kThreads = new std::vector<std::thread>;
   const std::lock_guard lock(mutex);
   kThreads->push_back(std::move(thread));

@@ -12,30 +12,30 @@ namespace {
 using checks::Fact;
 using checks::FactSet;
 
-// What belongs to one access point and its channel. The surveys tell of a channel by the frames of
-// the link; the scan is of the air.
+// The facts of one access point and its channel. The surveys belong here because a channel's
+// figures include the frames of the link; the scan does not, because it is about the air.
 constexpr FactSet kOfRadio{Fact::link, Fact::surveys};
-// What belongs to one link of one network: it goes through any of the network's access points.
+// The facts of one link to one network. Facts of reachability do not depend on the access point.
 constexpr FactSet kOfNetwork{Fact::link,           Fact::surveys,      Fact::addresses,
                              Fact::activeProfile,  Fact::lanPings,     Fact::wanPings,
                              Fact::portalProbe,    Fact::siteReach,    Fact::sitePage,
                              Fact::nameResolution, Fact::routerOutside};
 
-constexpr std::size_t kLongestName = 64;  // bytes in a sentence
-// Less than kGrace, because it may begin at an errand's deadline.
+constexpr std::size_t kLongestName = 64;  // bytes in a message
+// Less than kGrace, because a look may begin at a task's deadline.
 constexpr std::chrono::milliseconds kLookUpLimit{200};
-// In a roam that is told as a loss and a joining, authentication lies between the two: with SAE or
-// on another channel it takes some hundred milliseconds.
+// A roam that is reported as a loss and a joining includes authentication in between: with SAE or
+// on another channel that takes some hundred milliseconds.
 constexpr std::chrono::milliseconds kRoamLimit{1000};
 constexpr std::chrono::milliseconds kBetweenLinkLooks{100};
 
-// Whether that says what became of the link: it is there, or it is not.
+// Whether the answer is definite: there is a link, or there is none.
 bool isAnswer(const checks::Known<checks::Link>& now) {
   using checks::Reason;
   return now || (now.why().reason != Reason::tookTooLong && now.why().reason != Reason::failed);
 }
 
-// `happened` such as " was lost".
+// `happened` is a predicate such as " was lost".
 checks::Unknown unknownSince(const std::optional<checks::Link>& before,
                              const std::string& happened) {
   const std::string name =
@@ -119,7 +119,7 @@ std::optional<LinkChange> LinkWatch::change(const Patience& patience) {
   if (!events_.any()) return change_;
   auto change = changeOfLink(link_, events, seen.link);
   if (change_ && (!change || change->gone != kOfNetwork)) change = change_;
-  // Events that another thread has taken meanwhile may be later than the look.
+  // Another thread may have taken events meanwhile that are later than the look.
   if (!seen.isFinal || round != rounds_) return change;
   change_ = change;
   events_ = {};

@@ -6,7 +6,7 @@
 namespace wifi_profile::machine {
 namespace {
 
-// Who has hardware for WAPI lives where people say WLAN.
+// Devices with hardware for WAPI are sold where WLAN is the usual word for Wi-Fi.
 bool saysWlan(const Machine& machine) {
   const Cancellation nobody;
   const auto radio = machine.abilities({Clock::now() + std::chrono::seconds(2), nobody});

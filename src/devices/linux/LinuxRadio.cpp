@@ -13,7 +13,7 @@ namespace wifi_profile::machine {
 namespace {
 
 constexpr std::chrono::seconds kSwitchLimit{5};
-// The watching thread looks up this often even without news.
+// The watching thread wakes at least this often, also without events.
 constexpr std::chrono::hours kLongWait{1};
 
 }  // namespace
@@ -28,7 +28,7 @@ LinuxRadio::LinuxRadio(std::string interface, std::shared_ptr<Bus> systemBus, Tr
   if (closed && closed->reason == checks::Reason::noHardware) {
     on_ = false;
   } else if (const auto bySwitches = rfkill_.poweredOn()) {
-    on_ = *bySwitches;  // as they are now, even if there will be no news of them
+    on_ = *bySwitches;  // the current state, even if there will be no events
   } else {
     const auto byManager =
         ConnectionManager(*bus_).isRadioOn(interface_, {Clock::now() + kSwitchLimit, ended_});
@@ -46,7 +46,7 @@ void LinuxRadio::beginWatching() {
   std::call_once(watching_, [this] {
     try {
       watcher_ = std::thread([this] { watch(); });
-    } catch (const std::system_error& exhausted) {  // there is no news then
+    } catch (const std::system_error& exhausted) {  // changes are not reported then
       DiagnosticLogHandleForCategory(0).error([&] {
         return std::string("Changes of Wi-Fi's power go unnoticed: ") + exhausted.what();
       });
@@ -65,20 +65,21 @@ void LinuxRadio::watch() {
   }
 }
 
-// For want of news from the switches.
+// Reports the power itself, because the switches send no events.
 void LinuxRadio::tellByItself() {
-  if (rfkill_.isHardBlocked()) return;  // which no manager can change
+  if (rfkill_.isHardBlocked()) return;  // no manager can change that
   on_ = true;
   postNotification();
 }
 
 void LinuxRadio::switchPower(bool on) {
-  if (!on) return;  // nothing of the diagnostic switches a radio off
+  if (!on) return;  // the diagnostic never switches a radio off
   WorkQueues::shared()->postToGlobal([kept = shared_from_this(), this] { switchOn(); });
 }
 
-// The connection manager remembers that it was switched on; the switches work without one. A
-// manager agrees also where only hands can: then the switches have the reason.
+// Asks the connection manager first, because it stores the setting; the switches work without a
+// manager. A manager agrees even if only a hardware switch can turn the radio on: the reason then
+// comes from the switches.
 void LinuxRadio::switchOn() {
   const auto byManager =
       ConnectionManager(*bus_).setRadioOn(interface_, true, {Clock::now() + kSwitchLimit, ended_});

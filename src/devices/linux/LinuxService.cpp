@@ -15,7 +15,7 @@ namespace {
 using checks::Fact;
 using checks::FactSet;
 
-// What is found out by sending something through the joined network.
+// The facts that are found by sending packets through the joined network.
 constexpr FactSet kReachFacts{Fact::lanPings,     Fact::wanPings,  Fact::nameResolution,
                               Fact::portalProbe,  Fact::siteReach, Fact::sitePage,
                               Fact::routerOutside};
@@ -28,7 +28,7 @@ FactSet withoutReach(FactSet facts) {
   return rest;
 }
 
-// Everything that tests of a run ask for.
+// The facts that the tests of a run need.
 FactSet allFacts() {
   FactSet all{};
   for (const checks::Check& check : checks::allChecks()) all = all.with(check.needs);
@@ -39,8 +39,8 @@ VqErrorRef errorOf(const checks::Unknown& unknown) {
   return makeError(static_cast<std::int64_t>(unknown.reason), unknown.sentence);
 }
 
-// "MaxScanCacheAge" of a request's configuration; without one, or with one that is no time, no
-// cached scan is good enough.
+// Returns "MaxScanCacheAge" of a request's configuration; 0 (no cached scan is acceptable) if it is
+// missing or not a positive number.
 std::chrono::seconds oldestScanOf(const VqDiagnosticsTestRequest& request) {
   constexpr double kOldest = 1e9;  // older than any list
   const DictionaryRef& configuration = request.configuration();
@@ -50,7 +50,8 @@ std::chrono::seconds oldestScanOf(const VqDiagnosticsTestRequest& request) {
   return std::chrono::seconds(age > 0 ? static_cast<std::int64_t>(std::min(age, kOldest)) : 0);
 }
 
-// What else the system may lack ends in Unknown where it is asked for.
+// The error for a lack of descriptors. Other shortages are reported as Unknown by the code that
+// meets them.
 VqErrorRef nothingLeft() {
   return errorOf({checks::Reason::failed,
                   "The system has no descriptors left: close other programs, and try again."});
@@ -93,7 +94,7 @@ LinuxService::Outcome LinuxService::serve(const VqDiagnosticsTestRequest& reques
       .facts = *facts, .settings = settings_, .networkName = networkNameOf(request)};
   const checks::Answer answer = checks::checkOf(request.testID()).answer(question);
   if (const auto* unknown = std::get_if<checks::Unknown>(&answer)) return errorOf(*unknown);
-  // On the thread that asks, while it asks: so the line belongs to this test.
+  // Logged on the thread of the request, during it, so that the line belongs to this test.
   if (std::string problem = checks::problemOf(question, request.testID()); !problem.empty()) {
     DiagnosticLogHandleForCategory(0).error([&] { return problem; });
   }
@@ -119,8 +120,9 @@ std::optional<checks::Facts> LinuxService::factsFor(const VqDiagnosticsTestReque
   return facts;
 }
 
-// The tests of the device come first, and name the network that the run is about. Where that is the
-// joined one, what goes through it need not wait until they are answered.
+// The tests of the device run first and name the network that the run is about. If that is the
+// joined network, the tasks that send packets through it start now, without waiting for those
+// tests.
 void LinuxService::beginEarly(Gathering& running, const VqDiagnosticsTestRequest& request) {
   const TextRef name = networkNameOf(request);
   if (!name || isExcludedFromRuns(name)) return;
@@ -128,8 +130,8 @@ void LinuxService::beginEarly(Gathering& running, const VqDiagnosticsTestRequest
   if (known && known->link && known->link->ssid == name->string()) running.begin(kReachFacts);
 }
 
-// A network that is not to be tested is not to be probed, either: nothing is sent before a test of
-// the joined network wants it.
+// Sends no packets through the joined network until a test of that network needs their result: a
+// network that must not be tested must not be probed either.
 std::optional<checks::Facts> LinuxService::awaitFacts(Gathering& running,
                                                       const VqDiagnosticsTestRequest& request) {
   const FactSet needs = checks::checkOf(request.testID()).needs;

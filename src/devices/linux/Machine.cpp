@@ -15,16 +15,17 @@ using checks::Reason;
 using checks::Unknown;
 using std::chrono::milliseconds;
 
-// The kernel knows its interfaces at once.
+// The kernel lists its interfaces at once.
 constexpr milliseconds kInterfacesLimit{3'000};
-// Of a manager that is asked for its last scan or its list: a new scan has most of the time.
+// For asking a manager for its last scan or its list; a new scan gets most of the time.
 constexpr milliseconds kManagerLimit{2'000};
-// How long to wait before a manager is asked again for a scan that it found too soon.
+// How long to wait before repeating a request that a manager refused as too soon.
 constexpr milliseconds kBeforeAskingAgain{1'000};
 // An access point heard by a scan has a time at or after the scan's begin. A kernel that counts
-// these times in ticks of 10 ms or less may round it down, and tells it in whole milliseconds.
+// these times in ticks of 10 ms or less may round the time down, and reports it in whole
+// milliseconds.
 constexpr milliseconds kClockMargin{20};
-// How long to wait for an interface to come up, and how long between two tries.
+// How long to wait for an interface to come up, and how long between two attempts.
 constexpr milliseconds kUntilReady{5'000};
 constexpr milliseconds kBetweenTries{200};
 
@@ -72,7 +73,7 @@ Known<ScanList> Machine::scan(std::chrono::seconds oldest, const Patience& patie
   return kernel.scan(interface_, patience, *began - kClockMargin - oldest);
 }
 
-// Where only the joined access point is in range the list does not tell, and the manager may know.
+// If only the joined access point is in range, the list has no age; the manager may know it.
 bool Machine::isYoung(const ScanList& list, std::chrono::seconds oldest,
                       const Patience& patience) const {
   const auto longest = std::min<std::chrono::nanoseconds>(oldest, wholeFor(list));
@@ -103,7 +104,7 @@ Known<ScanList> Machine::withoutNewScan(Nl80211& kernel, std::chrono::seconds ol
   return list;
 }
 
-// After the switch is turned on the interface needs a moment until it is up.
+// An interface needs a moment to come up after its radio was switched on.
 Machine::Began Machine::makeScan(Nl80211& kernel, const Patience& patience) const {
   const Patience untilReady = patience.atMost(kUntilReady);
   while (true) {
@@ -114,7 +115,8 @@ Machine::Began Machine::makeScan(Nl80211& kernel, const Patience& patience) cons
   }
 }
 
-// The kernel lets only some users scan; the connection manager lets users with a local session.
+// The kernel lets only privileged users scan; the connection manager lets users with a local
+// session.
 Machine::Began Machine::tryScan(Nl80211& kernel, const Patience& patience) const {
   Began byKernel = kernel.triggerScan(interface_, patience);
   if (byKernel || byKernel.why().reason != Reason::notPermitted) return byKernel;
@@ -124,7 +126,7 @@ Machine::Began Machine::tryScan(Nl80211& kernel, const Patience& patience) const
 Machine::Began Machine::scanByManager(Nl80211& kernel, const Patience& patience) const {
   ConnectionManager manager(*systemBus_);
   while (true) {
-    // Forgets the ends of earlier scans.
+    // Discards the ends of earlier scans.
     if (NotDone why = kernel.watchScans(patience)) return *why;
     const auto asked = sinceBoot();
     const auto started = manager.requestScan(interface_.name, patience);
@@ -135,14 +137,14 @@ Machine::Began Machine::scanByManager(Nl80211& kernel, const Patience& patience)
         return *why;
       return asked;
     }
-    // Too soon: one is under way, or the last one was just now.
+    // Too soon: a scan is under way, or has just ended.
     const Patience little = patience.atMost(kBeforeAskingAgain);
     const NotDone none = kernel.awaitScanResults(interface_, ScansThat::ended, little);
-    if (!none) return asked - kLongestScan;  // it began before it was asked for
+    if (!none) return asked - kLongestScan;  // it began before the request
     const bool mayPass = none->reason == Reason::tookTooLong ||
-                         none->reason == Reason::failed;  // such as a scan given up
+                         none->reason == Reason::failed;  // for instance an aborted scan
     if (patience.isOver() || !mayPass) return *none;
-    waitFor(-1, 0, little);  // what failed, failed at once
+    waitFor(-1, 0, little);  // the failure may have come at once
   }
 }
 

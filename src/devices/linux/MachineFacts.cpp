@@ -22,11 +22,11 @@ using checks::Fact;
 using checks::Known;
 using std::chrono::milliseconds;
 
-// From the beginning of an errand. The kernel answers in much less.
+// Limit of the tasks that ask the kernel. The kernel answers much faster.
 constexpr milliseconds kKernelLimit{3'000};
-// The first survey delays the scan.
+// Short, because the first survey delays the scan.
 constexpr milliseconds kFirstSurveyLimit{1'000};
-// Between the two surveys of a run, so that there is a share of time to tell.
+// Time between the two surveys of a run, so that there is a share of time to report.
 constexpr milliseconds kBetweenSurveys{1'000};
 
 template <class T>
@@ -64,8 +64,8 @@ std::vector<Errand> MachineFacts::errands(std::chrono::seconds oldestScan) {
 
 void MachineFacts::addKernelErrands(std::vector<Errand>& all, std::chrono::seconds oldestScan,
                                     const std::shared_ptr<LinkWatch>& watch) {
-  // Written before the scan begins, and read after it. A driver that blocks in it takes only the
-  // scan along, not the link.
+  // The scan's task writes the first survey before the scan; the task of the surveys reads it
+  // afterwards. A driver that blocks in the survey delays only the scan, not the link.
   const auto first = std::make_shared<FirstSurveys>();
   all.push_back({.name = "kernel's answer about the link",
                  .gives = {Fact::link, Fact::radio, Fact::regulatory},
@@ -94,7 +94,7 @@ void MachineFacts::addKernelErrands(std::vector<Errand>& all, std::chrono::secon
                  }});
   all.push_back({.name = "survey of the channels",
                  .gives = {Fact::surveys},
-                 .after = {Fact::scan},  // which visits the channels
+                 .after = {Fact::scan},  // a scan visits the channels
                  .limit = kKernelLimit,
                  .run = [this, first](const checks::Facts&, const Patience& patience) {
                    return put(&checks::Facts::surveys, surveysSince(*first, patience));
@@ -157,7 +157,8 @@ void MachineFacts::addServiceErrands(std::vector<Errand>& all,
                  }});
 }
 
-// In the order of how much depends on it: a manager that does not answer holds nothing else up.
+// Reads the facts in order of importance: a manager that does not answer may use up the time for
+// the later ones.
 Found MachineFacts::findConnection(const Patience& patience) {
   const WifiInterface& wifi = machine_->interface();
   const auto read = readCarrier(wifi.index, patience);

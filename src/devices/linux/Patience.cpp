@@ -18,7 +18,7 @@ Cancellation::~Cancellation() { close(descriptor_); }
 
 void Cancellation::cancel() {
   cancelled_ = true;
-  // Fails only when the counter is full, and then it is readable already.
+  // Fails only if the counter is full; the descriptor is readable then.
   eventfd_write(descriptor_, 1);
 }
 
@@ -40,7 +40,8 @@ Waited waitFor(int descriptor, short events, const Patience& patience) {
     if (patience.cancellation.isCancelled()) return Waited::cancelled;
     if (ready > 0) return Waited::ready;
     if (ready == 0 && left == 0) return Waited::deadline;
-    if (ready < 0 && errno != EINTR) return Waited::ready;  // the caller's next call says why
+    if (ready < 0 && errno != EINTR)
+      return Waited::ready;  // the caller's next call reports the error
   }
 }
 

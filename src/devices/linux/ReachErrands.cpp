@@ -23,7 +23,7 @@ using checks::Reason;
 using checks::Unknown;
 using std::chrono::milliseconds;
 
-// Longest times; none is longer than 13 s, so that the last ends within 15 s of the scan.
+// Longest times. None exceeds 13 s, so that all tasks end within 15 s of the scan.
 constexpr milliseconds kNameLimit{8'500};
 constexpr milliseconds kPingLimit{4'500};
 constexpr milliseconds kRouterLimit{7'000};
@@ -32,7 +32,7 @@ constexpr milliseconds kPortalLimit{5'500};
 constexpr milliseconds kReachLimit{5'500};
 constexpr milliseconds kPageLimit{10'500};
 
-// Where the link has no name servers, or they are not known, the system's are asked.
+// Uses the system's name servers if the link has none, or its servers are not known.
 Way wayThrough(const std::string& interface, const checks::Addresses& addresses) {
   Way way{addresses.carrier.value_or(interface), addresses.dnsServers};
   const bool hasNone = !way.nameServers || way.nameServers->empty();
@@ -43,8 +43,8 @@ Way wayThrough(const std::string& interface, const checks::Addresses& addresses)
   return way;
 }
 
-// Where a tunnel has taken the link's default route away, nothing beyond the link can be asked
-// through it.
+// Returns the reason if a tunnel has replaced the link's default route: nothing beyond the link can
+// then be reached through it.
 std::optional<Unknown> whyNoWayOut(const std::string& interface,
                                    const checks::Addresses& addresses) {
   if (!addresses.otherWayOut || addresses.ipv4Gateway || addresses.ipv6Gateway) return {};
@@ -54,7 +54,8 @@ std::optional<Unknown> whyNoWayOut(const std::string& interface,
                                       ": end the other connection, and try again."};
 }
 
-// What every errand begins with: without a link, or an address, nothing can be sent.
+// The parts in which these tasks differ. All of them first check that there is a link and an
+// address.
 template <class T>
 struct ReachErrand {
   std::string name;
@@ -99,7 +100,7 @@ Unknown noIpv4Router() {
       "be done."};
 }
 
-// Of this network or machine, in the place of a host in the Internet.
+// Whether the address belongs to this network or machine rather than to the Internet.
 bool isOfTheHouse(const std::string& address) {
   const auto ofIPv4 = checks::ipv4KindOf(address);
   if (ofIPv4) return *ofIPv4 != checks::Ipv4Kind::global;
@@ -107,7 +108,8 @@ bool isOfTheHouse(const std::string& address) {
          address == "::" || address.starts_with("fe80:");
 }
 
-// The first of those that the network has a router for; the first at all where none is.
+// Returns the first IPv6 address if the network has only an IPv6 router, else the first IPv4
+// address; if there is no such address, the first one.
 const std::string& reachable(const std::vector<std::string>& addresses,
                              const checks::Addresses& own) {
   const bool byIPv6 = !own.ipv4Gateway && own.ipv6Gateway;
@@ -150,8 +152,8 @@ Known<checks::Pings> pingInternet(const Facts& known, const std::string& host, c
   return ping(*address, way.interface, {}, patience);
 }
 
-// The link's servers must know the name, and where the system asks others, these, too. Both are
-// asked at once.
+// Looks the name up at the link's servers and, if the system uses others, at the same time at
+// those: both must know it.
 Known<checks::NameResolution> lookUp(const std::string& name, const checks::Addresses& addresses,
                                      const Way& way, const Patience& patience) {
   const auto& through = addresses.systemDnsThrough;
@@ -230,7 +232,7 @@ void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
          if (!gateway) return known.addresses->ipv6Gateway ? noIpv4Router() : noRouter();
          return routerOutside(*gateway, targets.pingHost, way, patience);
        }});
-  // Nothing is measured here, and what the scan makes late or lost is sent again.
+  // This task measures no times, and repeats packets that the scan delays or loses.
   errands.back().after = {Fact::link, Fact::addresses, Fact::activeProfile};
 }
 

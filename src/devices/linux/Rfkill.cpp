@@ -20,15 +20,16 @@ namespace {
 using checks::Reason;
 using checks::Unknown;
 
-// All kernels' events have these; a read of so many takes one event whole and leaves out the rest.
+// The bytes that every kernel's events have. A read of this size takes one event and drops the rest
+// of it.
 constexpr std::size_t kEventBytes = RFKILL_EVENT_SIZE_V1;
-// More than any machine has switches; whatever else is left comes the next time.
+// More than any machine has switches; further events are read the next time.
 constexpr int kMostEvents = 256;
 
 const Unknown kNoSwitch{Reason::notSupported,
                         "The Wi-Fi radio has no switch. Use the device's own, where it has one."};
 
-// The number in a name such as rfkill3.
+// Returns the number in a name such as rfkill3.
 std::optional<std::uint32_t> numberOf(std::string_view name) {
   constexpr std::string_view kFront = "rfkill";
   if (!name.starts_with(kFront)) return std::nullopt;
@@ -51,7 +52,7 @@ std::vector<std::uint32_t> switchesIn(const std::filesystem::path& folder, std::
   return numbers;
 }
 
-// Whether a file of sysfs says 1; nothing when it cannot be read.
+// Whether a file in sysfs contains 1; empty if it cannot be read.
 std::optional<bool> isSet(const std::filesystem::path& file) {
   const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   char digit = 0;
@@ -133,7 +134,7 @@ void Rfkill::readEvents() {
     if (!event || std::ranges::find(own_, event->index) == own_.end()) continue;
     if (event->operation == RfkillEvent::Operation::removed) {
       switches_.erase(event->index);
-      // The number may come again, for another device.
+      // The kernel may reuse the number for another device.
       std::erase(own_, event->index);
     } else {
       switches_[event->index] = {event->softBlocked, event->hardBlocked};

@@ -13,7 +13,7 @@ namespace {
 using ieee80211::Security;
 using std::chrono::milliseconds;
 
-// In lower case; empty for what is no address.
+// Returns the address in lower case; empty if the text is not an address.
 std::string addressFrom(std::string text) {
   constexpr std::size_t kLength = 17;
   if (text.size() != kLength) return "";
@@ -31,7 +31,7 @@ constexpr std::int64_t kPsk = 0x100;
 constexpr std::int64_t k8021x = 0x200;
 constexpr std::int64_t kSae = 0x400;
 constexpr std::int64_t kOwe = 0x800;
-constexpr std::int64_t kOweTransition = 0x1000;  // the open half
+constexpr std::int64_t kOweTransition = 0x1000;  // the open network of an OWE transition pair
 constexpr std::int64_t kSuiteB192 = 0x2000;
 
 Security securityFrom(std::int64_t flags, std::int64_t wpa, std::int64_t rsn) {
@@ -54,7 +54,7 @@ Security securityFrom(const BusValue& properties) {
   return flags && wpa && rsn ? securityFrom(*flags, *wpa, *rsn) : Security::unknown;
 }
 
-// NetworkManager makes percent of -100 to -40 dBm.
+// NetworkManager maps -100 to -40 dBm to percent.
 std::optional<int> signalFrom(const BusValue& percent) {
   const auto strength = percent.integer();
   if (!strength || *strength < 0 || *strength > 100) return std::nullopt;

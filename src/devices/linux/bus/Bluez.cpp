@@ -10,7 +10,7 @@ using checks::Reason;
 using checks::Unknown;
 
 Known<Bluetooth> bluetoothFrom(const BusValue& objects) {
-  // BlueZ always has an object of its own: this is no list of objects.
+  // BlueZ always has an object of its own, so an empty map is not a list of its objects.
   if (objects.map().empty()) return unknownFrom(BusAnswer{}, kBluez);
   bool hasAdapter = false;
   Bluetooth bluetooth;

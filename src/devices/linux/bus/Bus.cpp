@@ -17,7 +17,8 @@ namespace {
 using ErrorKind = BusError::Kind;
 constexpr std::size_t kLongestMessage = 200;
 
-// How an error's name on the bus ends, and its kind. The services' own names differ at the front.
+// The end of an error's name on the bus, and the error's kind. The beginning differs from service
+// to service.
 struct Ending {
   std::string_view ending;
   ErrorKind kind;
@@ -25,7 +26,7 @@ struct Ending {
 constexpr Ending kEndings[] = {
     {"DBus.Error.ServiceUnknown", ErrorKind::noService},
     {"DBus.Error.NameHasNoOwner", ErrorKind::noService},
-    // The owner went away before it answered: no call has a time limit of the bus's.
+    // The owner disappeared before it answered; these calls have no time limit on the bus.
     {"DBus.Error.NoReply", ErrorKind::noService},
     {"DBus.Error.Disconnected", ErrorKind::noService},
     {"DBus.Error.UnknownObject", ErrorKind::noSuchThing},
@@ -79,10 +80,10 @@ BusAnswer answerFrom(sdbus::MethodReply& reply, const sdbus::Error* error) {
   }
 }
 
-// Calls that are under way. Their answers come while the connection is being pumped.
+// The calls under way. Their answers arrive while the connection is processed.
 struct Pending {
   std::vector<std::optional<BusAnswer>> answers;
-  std::vector<std::unique_ptr<sdbus::IProxy>> proxies;  // a call is given up with its proxy
+  std::vector<std::unique_ptr<sdbus::IProxy>> proxies;  // destroying the proxy abandons the call
   std::size_t left = 0;
 
   void settle(std::size_t index, BusAnswer answer) {
@@ -104,9 +105,9 @@ BusAnswer overdue(const Patience& patience) {
 
 using Connect = std::function<std::unique_ptr<sdbus::IConnection>()>;
 
-// Connecting, which blocks until the bus has answered: on a thread of its own, so that a bus that
-// does not answer is waited for no longer than the patience lasts. A thread that is given up is
-// left behind; the library ends its work after 25 s.
+// Connects on a thread of its own, because connecting blocks until the bus has answered. The caller
+// thus waits until its deadline at most. An abandoned thread is left behind; the library ends its
+// work after 25 s.
 class Connecting {
  public:
   explicit Connecting(Connect connect) : result_(std::make_shared<Result>()) {
@@ -132,12 +133,12 @@ class Connecting {
   Connecting(Connecting&&) = default;
   Connecting& operator=(Connecting&&) = delete;
 
-  // Whether it ended.
+  // Waits for the end, within `patience`. True: connecting has ended.
   bool wait(const Patience& patience) {
     waitFor(result_->ended.descriptor(), POLLIN, patience);
     return result_->ended.isCancelled();
   }
-  // Once, when it ended. Throws sdbus::Error when there is no connection.
+  // Call it once, after the end. Throws sdbus::Error if there is no connection.
   std::unique_ptr<sdbus::IConnection> take() {
     if (result_->error) throw *result_->error;
     return std::move(result_->connection);
@@ -147,7 +148,7 @@ class Connecting {
   struct Result {
     std::unique_ptr<sdbus::IConnection> connection;
     std::optional<sdbus::Error> error;
-    Cancellation ended;  // as an event; the others are read after it only
+    Cancellation ended;  // serves as an event; read the other members only after it
   };
   std::shared_ptr<Result> result_;
   std::thread thread_;
@@ -161,11 +162,12 @@ class Bus::Connection {
 
   std::vector<BusAnswer> call(const std::vector<BusCall>& calls, const Patience& patience) {
     std::unique_lock turn(turn_, std::defer_lock);
-    // After the turn, so that it goes before it: calls are given up through the connection.
+    // Declared after the lock, so that it is destroyed before it: abandoning calls uses the
+    // connection.
     Pending pending;
     pending.answers.resize(calls.size());
     pending.left = calls.size();
-    // Not a timed wait: that would not see that the work is called off.
+    // Not a timed wait, which would not notice a cancellation.
     while (!turn.try_lock() && !patience.isOver()) {
       waitFor(-1, 0, patience.atMost(std::chrono::milliseconds(10)));
     }
@@ -192,15 +194,16 @@ class Bus::Connection {
       BusAnswer why = failure(lost);
       if (why.error->kind != ErrorKind::notPermitted) why.error->kind = ErrorKind::noBus;
       loseConnection(pending, why);
-    } catch (const std::system_error& exhausted) {  // no thread, no descriptor
+    } catch (const std::system_error& exhausted) {  // no thread or descriptor left
       loseConnection(pending, failure(ErrorKind::noBus, {}, exhausted.what()));
     }
   }
 
-  // Whether there is a connection that the bus has not ended since it was used last.
+  // Whether there is a connection, and the bus has not closed it since its last use.
   bool isConnected(const Patience& patience) {
     try {
-      // What has come since are answers that nobody waits for any more, or the connection's end.
+      // Messages received since then are late answers that are not needed, or the end of the
+      // connection.
       while (connection_ && !patience.isOver() && connection_->processPendingRequest()) continue;
     } catch (const sdbus::Error&) {
       connection_.reset();
@@ -208,7 +211,7 @@ class Bus::Connection {
     return connection_ != nullptr;
   }
 
-  // False: the patience is over.
+  // False: the deadline has passed, or the work is cancelled.
   bool connect(const Patience& patience) {
     if (isConnected(patience)) return true;
     if (!connecting_) connecting_.emplace(connect_);
@@ -219,7 +222,7 @@ class Bus::Connection {
     return true;
   }
 
-  // The next call tries anew.
+  // Settles the calls with this answer. The next call connects again.
   void loseConnection(Pending& pending, const BusAnswer& answer) {
     pending.settleAll(answer);
     pending.proxies.clear();
@@ -237,7 +240,8 @@ class Bus::Connection {
       proxy->callMethod(message, answered, kNoLimit);
       pending.proxies.push_back(std::move(proxy));
     } catch (const sdbus::Error& refused) {
-      // What is no path, interface or method. Anything else means that the connection is lost.
+      // The path, interface or method is not valid. Any other error means that the connection is
+      // lost.
       if (!refused.getName().ends_with(".InvalidArgs")) throw;
       pending.settle(index,
                      failure(ErrorKind::noSuchThing, refused.getName(), refused.getMessage()));
@@ -254,12 +258,12 @@ class Bus::Connection {
     }
   }
 
-  // Patience is looked after here. Microseconds; large, and still addable to a clock.
+  // Microseconds. Large, because `pump` checks the deadline, but small enough to add to a clock.
   static constexpr std::uint64_t kNoLimit = 24ULL * 60 * 60 * 1'000'000;
 
   const Connect connect_;
   std::optional<Connecting> connecting_;
-  std::mutex turn_;  // of whoever talks
+  std::mutex turn_;  // held by the thread that uses the connection
   std::unique_ptr<sdbus::IConnection> connection_;
 };
 

@@ -18,7 +18,7 @@ using ManagerKind = ConnectionManager::Kind;
 
 const char* nameOf(ManagerKind kind) { return kind == ManagerKind::iwd ? "iwd" : "wpa_supplicant"; }
 
-// What the managers of radios alone do not know.
+// The reason for facts that iwd and wpa_supplicant do not know.
 Unknown notTold(ManagerKind kind, const char* what) {
   return {Reason::notTold,
           std::string(nameOf(kind)) + " does not say " + what + "; only NetworkManager does."};

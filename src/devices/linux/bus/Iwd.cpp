@@ -18,7 +18,7 @@ constexpr auto kIwdDevice = "net.connman.iwd.Device";
 constexpr auto kStation = "net.connman.iwd.Station";
 constexpr auto kKnownNetwork = "net.connman.iwd.KnownNetwork";
 
-// The object of the interface where that is a station's; nothing otherwise.
+// Returns the path of the interface's object if it is a station; empty otherwise.
 std::optional<std::string> stationPath(const BusValue& objects, const std::string& interface) {
   for (const auto& [path, interfaces] : objects.map()) {
     if (interfaces.at(kIwdDevice).at("Name").text() == interface &&

@@ -14,7 +14,7 @@ class MessageReader {
  public:
   explicit MessageReader(sdbus::Message& message) : message_(message) {}
 
-  // Until the end of the message or of the container that the reader stands in.
+  // Reads to the end of the message, or of the container that the reader has entered.
   BusValue::List readList(int depth) {
     BusValue::List values;
     while (!tooLarge_ && !atEnd()) values.push_back(readValue(depth));
@@ -53,7 +53,7 @@ class MessageReader {
   }
 
   sdbus::Message& message_;
-  std::string type_;  // of the value that is next
+  std::string type_;  // of the next value
   std::string contents_;
   std::size_t left_ = kLargest;
   bool tooLarge_ = false;

@@ -32,7 +32,7 @@ constexpr auto kIp6Config = "org.freedesktop.NetworkManager.IP6Config";
 
 constexpr std::int64_t kUnmanaged = 10;  // the device's state
 
-// An object that is there; "/" stands for none.
+// Returns the path of an object; empty if there is none, which "/" stands for.
 std::optional<std::string> objectAt(const BusValue& properties, const char* key) {
   auto path = properties.at(key).text();
   return path && path->size() > 1 ? path : std::nullopt;
@@ -102,7 +102,7 @@ Known<std::vector<std::string>> NetworkManager::dnsServers(const std::string& in
                                   getProperties(found->owner, ip6.value_or(none), kIp6Config)},
                                  patience);
   auto servers = dnsServersFrom(answers[0].first(), answers[1].first());
-  // That there are none is known when both have said so.
+  // An empty list is certain only if both versions have answered.
   if (servers.empty() && ip4 && !answers[0].isGood())
     return unknownFrom(answers[0], kNetworkManager);
   if (servers.empty() && ip6 && !answers[1].isGood())
@@ -127,7 +127,7 @@ Known<std::vector<SavedNetwork>> NetworkManager::savedNetworks(const Patience& p
     }
     for (const BusAnswer& answer : bus_.call(calls, patience)) {
       using Kind = BusError::Kind;
-      // A profile may be forgotten meanwhile, or be another user's.
+      // A profile may have been deleted meanwhile, or belong to another user.
       const bool isRefused = answer.error && answer.error->kind == Kind::notPermitted;
       if (isRefused && ++refused == count) return unknownFrom(answer, kNetworkManager);
       if (answer.error && answer.error->kind != Kind::noSuchThing && !isRefused &&
@@ -166,7 +166,7 @@ Known<std::vector<checks::AccessPoint>> NetworkManager::accessPoints(const std::
       calls.push_back(getProperties(found->owner, paths[index].text().value_or(""), kAccessPoint));
     }
     for (const BusAnswer& answer : bus_.call(calls, patience)) {
-      // One may be forgotten meanwhile.
+      // An access point may have been removed meanwhile.
       if (answer.error && answer.error->kind != BusError::Kind::noSuchThing) {
         return unknownFrom(answer, kNetworkManager);
       }
@@ -185,7 +185,7 @@ Known<ScanStart> NetworkManager::requestScan(const std::string& interface,
   const BusAnswer answer =
       bus_.call({found->owner, found->path, kWireless, "RequestScan", {BusOptions{}}}, patience);
   if (answer.isGood()) return ScanStart::started;
-  // One name stands for several refusals; only the words differ.
+  // One error name stands for several refusals; only the message differs.
   const std::string& words = answer.error->message;
   const auto says = [&words](const char* word) { return words.find(word) != std::string::npos; };
   if (answer.error->name.ends_with(".NotAllowed")) {

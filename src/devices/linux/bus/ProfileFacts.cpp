@@ -23,7 +23,7 @@ constexpr std::size_t kLongestUrl = 2048;
 
 std::optional<AddressMethod> methodFrom(std::string_view text) {
   if (text == "auto" || text == "dhcp") return AddressMethod::automatic;
-  // IPv6 only: it is left to the kernel, which does what the network's routers say.
+  // IPv6 only: the kernel follows the network's routers.
   if (text == "ignore") return AddressMethod::automatic;
   if (text == "manual") return AddressMethod::manual;
   if (text == "link-local") return AddressMethod::linkLocal;
@@ -32,7 +32,7 @@ std::optional<AddressMethod> methodFrom(std::string_view text) {
   return std::nullopt;
 }
 
-// An IPv6 address of 16 bytes, as text; nothing of other bytes.
+// Returns an IPv6 address of 16 bytes as text; empty for other bytes.
 std::optional<std::string> textOfIpv6(const BusValue& value) {
   const auto bytes = value.bytes();
   if (!bytes || bytes->size() != sizeof(in6_addr)) return std::nullopt;
@@ -41,7 +41,7 @@ std::optional<std::string> textOfIpv6(const BusValue& value) {
   return text.data();
 }
 
-// An IPv4 address as the number whose bytes in memory are the address.
+// Returns as text an IPv4 address that is sent as a number in network byte order.
 std::optional<std::string> textOfIpv4(const BusValue& value) {
   const auto number = value.integer();
   if (!number || *number < 0 || *number > UINT32_MAX) return std::nullopt;
@@ -82,13 +82,13 @@ std::optional<AddressSettings> addressSettingsFrom(const BusValue& section) {
 
 bool hasProxy(const BusValue& proxy) {
   constexpr std::int64_t kByScript = 1;
-  // Without a script of its own it is the network that may name one.
+  // Without a script of the profile's own, it is the network that may name one.
   return proxy.at("method").integer() == kByScript &&
          (!proxy.at("pac-url").text().value_or("").empty() ||
-          proxy.map().contains("pac-script"));  // a long script is nothing, and yet one
+          proxy.map().contains("pac-script"));  // a script too long for BusValue still counts
 }
 
-// NetworkManager's numbers: 1 yes, 2 no, 3 probably, 4 probably not.
+// NetworkManager's NMMetered: 1 yes, 2 no, 3 probably, 4 probably not.
 std::optional<bool> meteredFrom(const BusValue& value) {
   switch (value.integer().value_or(0)) {
     case 1:
@@ -105,7 +105,7 @@ std::optional<bool> meteredFrom(const BusValue& value) {
 std::optional<bool> meteredFrom(const ActiveProfileSources& sources) {
   if (const auto told = meteredFrom(sources.device.at("Metered"))) return told;
   if (const auto set = meteredFrom(sources.settings.at("connection").at("metered"))) return set;
-  // What telephones put into their DHCP answers.
+  // Telephones put this text into their DHCP answers.
   for (const char* const key : {"vendor_encapsulated_options", "vendor_class_identifier"}) {
     const std::string option = sources.dhcp4Options.at(key).text().value_or("");
     if (option.find("ANDROID_METERED") != std::string::npos) return true;
@@ -159,7 +159,7 @@ std::vector<std::string> dnsServersFrom(const BusValue& ip4Config, const BusValu
 }
 
 std::optional<std::string> captivePortalApiFrom(const BusValue& dhcp4Options) {
-  // The names that DHCP clients have for the option, the oldest last.
+  // DHCP clients' names for the option, the oldest last.
   for (const char* const key :
        {"captive_portal", "v4_captive_portal", "default_url", "unknown_114", "option_114"}) {
     auto url = dhcp4Options.at(key).text();

@@ -19,7 +19,7 @@ Words wordsOf(const BusValue& value) {
   return words;
 }
 
-// Where the profile allows the first WPA only.
+// Whether the profile allows only the first version of WPA.
 bool isFirstWpaOnly(const BusValue& protocols) {
   const BusValue::List& list = protocols.list();
   return !list.empty() && std::all_of(list.begin(), list.end(), [](const BusValue& protocol) {
@@ -63,7 +63,7 @@ Security securityFromSupplicant(const BusValue& properties) {
   const bool sae = hasAny(methods, {"SAE", "FT-SAE"});
   if (sae) return byPassword ? Security::wpa2Wpa3Personal : Security::wpa3Personal;
   if (hasAny(methods, {"WPA-EAP-SUITE-B-192", "WPA-EAP-SUITE-B"})) return Security::wpa3Enterprise;
-  // Unless told otherwise it allows both; then what the network has decides.
+  // By default, wpa_supplicant allows both; the settings then show which one is meant.
   if (byName && (!byPassword || isSet("eap") || isSet("identity"))) {
     return first ? Security::wpaEnterprise : Security::wpa2Enterprise;
   }
@@ -78,7 +78,7 @@ Security securityFromSupplicant(const BusValue& properties) {
 Security securityFromIwd(const std::string& type) {
   if (type == "open") return Security::none;
   if (type == "wep") return Security::wep;
-  // Which of WPA, WPA2 and WPA3 is the access point's choice; WPA2 stands for them.
+  // The access point chooses between WPA, WPA2 and WPA3; WPA2 stands for all three.
   if (type == "psk") return Security::wpa2Personal;
   if (type == "8021x" || type == "hotspot") return Security::wpa2Enterprise;
   return Security::unknown;

@@ -13,7 +13,7 @@ using checks::SessionProxy;
 
 namespace {
 
-// The bytes, not the locale's letters: names of variables are ASCII.
+// Ignores the locale, because the names of the variables are ASCII.
 char lowered(char letter) {
   return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }

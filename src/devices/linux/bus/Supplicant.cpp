@@ -34,7 +34,7 @@ std::optional<std::string> bytesOfHex(std::string_view digits) {
   return bytes;
 }
 
-// "name" between quotes, or its bytes in hexadecimal.
+// Parses a name in quotes, or its bytes in hexadecimal.
 std::optional<std::string> ssidFrom(std::string_view text) {
   const bool quoted = text.size() >= 2 && text.front() == '"' && text.back() == '"';
   auto ssid = quoted ? std::string(text.substr(1, text.size() - 2)) : bytesOfHex(text);

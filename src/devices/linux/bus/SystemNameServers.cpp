@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t kMostSystemServers = 16;
 constexpr std::size_t kLongestFile = std::size_t{64} * 1024;
 
-// Empty for what is no address, or one that is local to a link.
+// Returns the address as text; empty for an invalid one and for a link-local IPv6 one.
 std::string textOf(int family, const void* octets) {
   std::array<char, INET6_ADDRSTRLEN> text{};
   if (inet_ntop(family, octets, text.data(), text.size()) == nullptr) return {};
@@ -28,7 +28,7 @@ std::string normalized(const std::string& text) {
   return {};
 }
 
-// The addresses of systemd-resolved.
+// Whether the server is systemd-resolved.
 bool isResolved(const std::string& server) {
   return server == "127.0.0.53" || server == "127.0.0.54";
 }
@@ -65,7 +65,7 @@ std::vector<std::string> nameServersIn(std::string_view resolvConf) {
 
 std::vector<std::string> nameServersOf(int interface, const BusValue& servers) {
   std::vector<std::string> found;
-  for (const BusValue& server : servers.list()) {  // interface, family, octets
+  for (const BusValue& server : servers.list()) {  // a structure of interface, family and octets
     if (server.list().size() < 3 || found.size() == kMostSystemServers) continue;
     const auto link = server.list()[0].integer();
     const auto family = server.list()[1].integer();

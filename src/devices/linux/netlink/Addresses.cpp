@@ -16,7 +16,7 @@ namespace wifi_profile::machine {
 
 namespace {
 
-// An answer's fixed fields, and the attributes behind them.
+// An answer's fixed fields, and the attributes that follow them.
 template <class Fields>
 struct Entry {
   Fields fields{};
@@ -32,7 +32,7 @@ std::optional<Entry<Fields>> entryOf(const Message& message) {
   return entry;
 }
 
-// Empty where the number of octets is not the family's.
+// Returns the address as text; empty if the number of octets is not the family's.
 std::string textOf(int family, Bytes octets) {
   if (octets.size() != (family == AF_INET ? sizeof(in_addr) : sizeof(in6_addr))) return {};
   std::array<char, INET6_ADDRSTRLEN> text{};
@@ -43,7 +43,7 @@ std::string textOf(int family, Bytes octets) {
 struct InterfaceAddress {
   std::string text;
   int family = AF_UNSPEC;
-  int scope = 0;  // the lower the wider
+  int scope = 0;  // a lower number is a wider scope
 };
 
 std::optional<InterfaceAddress> interfaceAddressOf(int interface, const Message& message) {
@@ -53,7 +53,7 @@ std::optional<InterfaceAddress> interfaceAddressOf(int interface, const Message&
   const int family = entry->fields.ifa_family;
   if (family != AF_INET && family != AF_INET6) return std::nullopt;
   constexpr std::uint32_t kUnusable = IFA_F_TENTATIVE | IFA_F_DADFAILED | IFA_F_DEPRECATED;
-  // An optimistic address is in use before it is proved to be nobody else's (RFC 4429).
+  // An optimistic address is in use before duplicate address detection has ended (RFC 4429).
   const std::uint32_t flags =
       entry->attributes.number<std::uint32_t>(IFA_FLAGS).value_or(entry->fields.ifa_flags);
   if ((flags & kUnusable) != 0 && (flags & IFA_F_OPTIMISTIC) == 0) return std::nullopt;
@@ -89,7 +89,8 @@ struct DefaultRoute {
   std::uint32_t metric = 0;
 };
 
-// The gateway of a route that is written with one way, or of the first way over the interface.
+// Returns the gateway of a route with one next hop, or of the first of several next hops over the
+// interface.
 std::string gatewayOf(int interface, int family, const Attributes& route) {
   const auto over = route.number<std::int32_t>(RTA_OIF);
   if (over) {
@@ -127,7 +128,7 @@ std::optional<DefaultRoute> defaultRouteOf(int interface, const Message& message
   return route;
 }
 
-// One question for both IP versions.
+// Requests the entries of both IP versions in one dump.
 int ask(NetlinkSocket& socket, int type, Bytes fields, const Patience& patience,
         std::vector<Message>& answers) {
   Request request(type, fields, Request::Kind::dump);
@@ -152,7 +153,8 @@ checks::Addresses addressesOf(int interface, const std::vector<Message>& address
   for (const Message& message : routes) {
     if (auto route = defaultRouteOf(interface, message)) defaults.push_back(std::move(*route));
   }
-  // Other tables are for packets that rules pick out: they count where the main one has no route.
+  // Other tables are for packets that rules select: they count only if the main table has no
+  // default route.
   std::ranges::stable_sort(defaults, {}, [](const DefaultRoute& route) {
     return std::pair(!route.inMainTable, route.metric);
   });

@@ -15,7 +15,7 @@
 namespace wifi_profile::machine {
 namespace {
 
-// Bounds a chain of masters, which could be a ring.
+// Limits the chain of masters, which could be circular.
 constexpr int kMostLevels = 4;
 // Reserved for documentation: only a default route leads there (RFC 5737, RFC 3849).
 constexpr std::array kInTheInternet{"203.0.113.1", "2001:db8::1"};
@@ -25,7 +25,7 @@ struct Interface {
   bool isRunning = false;
   std::string name;
   std::optional<int> master;
-  std::string kind;              // such as "bond"; empty: a device
+  std::string kind;              // such as "bond"; empty: the kernel names no kind
   bool sendsThroughOne = false;  // a bond with one active member
   std::optional<int> activeMember;
 };
@@ -44,7 +44,7 @@ std::optional<Interface> interfaceOf(const Message& message) {
   interface.kind = information.text(IFLA_INFO_KIND).value_or("");
   if (interface.kind != "bond") return interface;
   const Attributes bond = information.nested(IFLA_INFO_DATA);
-  // The modes that balance by themselves (5 and 6) tell an active member too, but send through all.
+  // Modes 5 and 6 (adaptive balancing) also report an active member, but send through all members.
   constexpr std::uint8_t kActiveBackup = 1;
   interface.sendsThroughOne = bond.number<std::uint8_t>(IFLA_BOND_MODE) == kActiveBackup;
   interface.activeMember = bond.number<std::int32_t>(IFLA_BOND_ACTIVE_SLAVE);
@@ -61,7 +61,8 @@ const Interface* find(const std::vector<Interface>& all, int index) {
   return found == all.end() ? nullptr : &*found;
 }
 
-// A team, a bridge and most bonds may send through each member that is running.
+// Returns another member that sends. A team, a bridge and most bonds may send through each running
+// member.
 std::optional<OtherMember> otherMemberOf(const Interface& master, const Interface& member,
                                          const std::vector<Interface>& all) {
   const auto sends = [&](const Interface& one) {

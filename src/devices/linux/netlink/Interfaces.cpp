@@ -21,7 +21,7 @@ Role roleOf(std::optional<std::uint32_t> type, bool hasChannel) {
       return Role::accessPoint;
     case NL80211_IFTYPE_NAN:
       return Role::peerLink;
-    // Meant for it, but down or alone: without a channel there is no link.
+    // An interface without a channel is down or alone: it has no peer link.
     case NL80211_IFTYPE_P2P_CLIENT:
     case NL80211_IFTYPE_P2P_GO:
     case NL80211_IFTYPE_ADHOC:
@@ -67,7 +67,7 @@ std::optional<WifiInterface> interfaceOf(const Attributes& attributes) {
 }
 
 void sortForUse(std::vector<WifiInterface>& interfaces) {
-  // A station has a channel only while it is joined. Some kernels then tell no name.
+  // A station has a channel only while it is joined. Some kernels then report no name.
   const auto key = [](const WifiInterface& one) {
     return std::tuple(one.role != Role::station, !one.ssid && !one.frequency, one.index);
   };

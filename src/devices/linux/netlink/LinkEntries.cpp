@@ -6,7 +6,7 @@ namespace wifi_profile::machine {
 
 namespace {
 
-// A positive number as a fact; zero means that the driver does not know.
+// Keeps positive numbers only; zero means that the driver does not know.
 std::optional<int> positive(std::optional<int> number) {
   return number && *number > 0 ? number : std::nullopt;
 }
@@ -14,7 +14,7 @@ std::optional<int> positive(std::optional<int> number) {
 std::optional<int> linkSignalOf(const Attributes& information) {
   for (const int type :
        {NL80211_STA_INFO_BEACON_SIGNAL_AVG, NL80211_STA_INFO_SIGNAL_AVG, NL80211_STA_INFO_SIGNAL}) {
-    // One octet with a sign; 0 is what drivers say before they measured.
+    // A signed octet. Drivers report 0 before they have measured.
     const auto signal = information.number<std::int8_t>(type);
     if (signal && *signal != 0) return *signal;
   }
@@ -47,7 +47,7 @@ std::optional<StationEntry> stationEntryOf(const Attributes& attributes) {
 std::optional<checks::Link> linkOf(const WifiInterface& interface,
                                    const std::optional<StationEntry>& station,
                                    const std::optional<ScanEntry>& joined) {
-  // The stations of an access point are its guests.
+  // The stations of an access point are its clients.
   if (!station || interface.role != checks::RadioInterface::Role::station) return std::nullopt;
   checks::Link link;
   link.interface = interface.name;

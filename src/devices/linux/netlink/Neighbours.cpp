@@ -26,7 +26,7 @@ bool isOf(const std::string& address, int family, Bytes octets) {
   return octets.size() == size && std::equal(octets.begin(), octets.end(), expected.begin());
 }
 
-// The time since the last proof that it answers. Empty: the kernel does not tell.
+// Returns the time since the neighbour last proved that it answers. Empty: the kernel does not say.
 std::optional<std::chrono::milliseconds> sinceConfirmed(const Attributes& attributes) {
   // The first field of nda_cacheinfo is ndm_confirmed.
   const auto ticks = attributes.number<std::uint32_t>(NDA_CACHEINFO);

@@ -26,7 +26,7 @@ Request about(int family, int command, Request::Kind kind, const WifiInterface& 
   return request;
 }
 
-// The number of a multicast group in a family's description; 0: there is none.
+// Returns the number of a multicast group from a family's description; 0: there is none.
 int groupOf(const Attributes& family, std::string_view name) {
   for (const Attribute& one : family.nested(CTRL_ATTR_MCAST_GROUPS)) {
     const Attributes group(one.payload);
@@ -123,7 +123,7 @@ Known<checks::Link> Nl80211::link(const WifiInterface& interface, const Patience
   std::optional<ScanEntry> joined;
   if (station) {
     auto entries = scanEntries(*current, patience);
-    // Without the list the link is known less well.
+    // Without the scan list, some values of the link are missing.
     if (!entries && entries.why().reason == Reason::tookTooLong) return entries.why();
     if (entries) {
       const auto found = std::ranges::find_if(*entries, &ScanEntry::joined);
@@ -200,7 +200,7 @@ Known<checks::Radio> Nl80211::abilities(const WifiInterface& interface, const Pa
   bool found = false;
   for (const Message& answer : *answers) {
     const Attributes attributes(answer.payload);
-    // Old kernels do not filter.
+    // Old kernels ignore the filter of the request.
     if (attributes.number<std::uint32_t>(NL80211_ATTR_WIPHY) != interface.wiphy) continue;
     addToRadio(attributes, radio);
     found = true;

@@ -1,4 +1,4 @@
-// Scans: asked for, and waited for.
+// The operations of Nl80211 that make scans and wait for them.
 
 #include <cerrno>
 #include <linux/netlink.h>
@@ -57,7 +57,7 @@ int Nl80211::startScan(const WifiInterface& interface, const Patience& patience,
                        std::uint32_t flags) {
   Request request(family_, NL80211_CMD_TRIGGER_SCAN, Request::Kind::one);
   request.put(NL80211_ATTR_IFINDEX, static_cast<std::uint32_t>(interface.index));
-  // One name, the empty one: probes for any network.
+  // One empty SSID: probes for any network.
   request.putEmptyList(NL80211_ATTR_SCAN_SSIDS);
   if (flags != 0) request.put(NL80211_ATTR_SCAN_FLAGS, flags);
   std::vector<Message> answers;
@@ -77,11 +77,11 @@ checks::Unknown Nl80211::whyNoScan(const WifiInterface& interface, const Patienc
 
 checks::Known<std::chrono::nanoseconds> Nl80211::triggerScan(const WifiInterface& interface,
                                                              const Patience& patience) {
-  // Of 6 GHz only the channels that access points of other bands announce, and those that are for
-  // being found on: the others are most of them, and would take seconds.
+  // On 6 GHz, scans only channels that access points of other bands announce, and the preferred
+  // scanning channels. The others, most of the band, would take seconds.
   std::uint32_t flags = NL80211_SCAN_FLAG_COLOCATED_6GHZ;
   while (true) {
-    // Forgets the ends of earlier scans.
+    // Discards the ends of earlier scans.
     if (auto problem = watchScans(patience)) return *problem;
     const auto began = sinceBoot();
     const int error = startScan(interface, patience, flags);
@@ -89,18 +89,18 @@ checks::Known<std::chrono::nanoseconds> Nl80211::triggerScan(const WifiInterface
       flags = 0;
       continue;
     }
-    // Another scan may be under way, perhaps of one channel only: ours begins after it. It may also
-    // have ended before we listened.
+    // Another scan may be under way, perhaps of a single channel: this one begins after it. The
+    // other scan may also have ended before the events were recorded.
     constexpr std::chrono::milliseconds kUntilNextTry{1000};
     const bool isOurs = error == 0;
     if (error == EOPNOTSUPP) return whyNoScan(interface, patience);
     if (!isOurs && error != EBUSY) return unknownFor(error, kSubject);
-    // Another one may have ended after `watchScans` and before ours began.
+    // Another scan may have ended after `watchScans` and before this one began.
     ScanEvents::End end{};
     const int awaited =
         isOurs ? awaitScanEnd(interface, ScansThat::beganAndEnded, patience, end)
                : awaitScanEnd(interface, ScansThat::ended, patience.atMost(kUntilNextTry), end);
-    // Events were lost, and ours may have been among them: one more scan has its own.
+    // Events were lost, perhaps the end of this scan: a further scan has an end of its own.
     if (awaited == ENOBUFS) continue;
     if (awaited != 0 && (isOurs || awaited != ETIMEDOUT || patience.isOver())) {
       return unknownFor(awaited, kSubject);

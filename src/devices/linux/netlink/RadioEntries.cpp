@@ -10,7 +10,7 @@ namespace {
 
 // The cipher of WAPI, SMS4, as nl80211 numbers suites: organisation and type.
 constexpr std::uint32_t kSms4Cipher = 0x00147201;
-// More than the standard's bands have; a driver that says more is broken.
+// More than the standard's bands have: a driver that reports more is broken.
 constexpr std::size_t kMostChannels = 1024;
 
 std::optional<checks::RadioChannel> channelOf(const Attributes& attributes) {
@@ -23,7 +23,7 @@ std::optional<checks::RadioChannel> channelOf(const Attributes& attributes) {
 
 std::optional<std::chrono::milliseconds> timeOf(const Attributes& survey, int type) {
   const auto time = survey.number<std::uint64_t>(type);
-  // Nobody listened for a hundred years.
+  // No radio has listened for a hundred years: a longer time is wrong.
   constexpr std::uint64_t kLongest = std::uint64_t{100} * 366 * 24 * 3600 * 1000;
   if (!time || *time > kLongest) return std::nullopt;
   return std::chrono::milliseconds(static_cast<std::int64_t>(*time));
@@ -79,7 +79,7 @@ std::optional<checks::ChannelSurvey> surveyOf(const Attributes& attributes) {
   survey.frequency = *frequency;
   survey.inUse = information.has(NL80211_SURVEY_INFO_IN_USE);
   const auto noise = information.number<std::int8_t>(NL80211_SURVEY_INFO_NOISE);
-  // 0 dBm of noise is what drivers say that did not measure.
+  // Drivers report 0 dBm of noise if they did not measure.
   if (noise && *noise != 0) survey.noise = *noise;
   survey.active = timeOf(information, NL80211_SURVEY_INFO_TIME);
   survey.busy = timeOf(information, NL80211_SURVEY_INFO_TIME_BUSY);

@@ -23,7 +23,7 @@ void fill(std::optional<T>& place, const std::optional<T>& value) {
   if (!place) place = value;
 }
 
-// What a network says of itself, where it is not known already.
+// Adds what a network's elements say, where it is not known already.
 void fillFrom(AccessPoint& point, const NetworkElements& network) {
   if (!point.ssid && network.ssid && !network.ssid->hidden) point.ssid = network.ssid->name;
   if (!point.dtimPeriod && network.dtim) point.dtimPeriod = network.dtim->period;
@@ -53,14 +53,15 @@ void fillFrom(AccessPoint& point, const AccessPointElements& elements) {
   if (elements.country) fill(point.country, std::optional(elements.country->code));
 }
 
-// As these elements of a beacon say. Nothing: they have no name.
+// Whether a beacon with these elements hides the name. Empty: they have no SSID element.
 std::optional<bool> hidesName(const NetworkElements& network) {
   if (!network.ssid) return std::nullopt;
-  // The encrypted half of an open network tells the open half's name beside its own empty one.
+  // The encrypted network of an OWE transition pair has an empty SSID, but announces the open
+  // network's name.
   return network.ssid->hidden && !network.oweTransition;
 }
 
-// Of a network that another one's beacons announce: where and when is the sender's.
+// A network that another one's beacons announce. It is heard where and when the sender is.
 std::optional<AccessPoint> announced(const AccessPoint& sender,
                                      const ieee80211::NontransmittedNetwork& other) {
   if (!other.bssid) return std::nullopt;
@@ -87,8 +88,8 @@ bool hasElement(Bytes elements, std::uint8_t id) {
   return false;
 }
 
-// In dBm, rounded down: what is weaker than a threshold stays weaker. Other values are a broken
-// driver's.
+// Returns dBm, rounded down, so that a signal below a threshold stays below it. Empty for values
+// that only a broken driver reports.
 std::optional<int> signalOf(const Attributes& bss) {
   constexpr int kWeakest = -150;
   constexpr int kStrongest = 50;
@@ -102,7 +103,7 @@ std::optional<int> signalOf(const Attributes& bss) {
 std::optional<milliseconds> ageOf(const Attributes& bss, std::chrono::nanoseconds sinceBoot) {
   if (const auto heard = bss.number<std::uint64_t>(NL80211_BSS_LAST_SEEN_BOOTTIME)) {
     const auto now = static_cast<std::uint64_t>(std::max<std::int64_t>(sinceBoot.count(), 0));
-    // A time that is still to come: heard just now, by a clock that is read later than ours.
+    // A time in the future: the access point was heard after `sinceBoot` was read.
     const std::uint64_t nanoseconds = now > *heard ? now - *heard : 0;
     return milliseconds(static_cast<std::int64_t>(nanoseconds / 1'000'000));
   }
@@ -117,7 +118,7 @@ bool isJoined(const Attributes& bss) {
   return status == NL80211_BSS_STATUS_ASSOCIATED || status == NL80211_BSS_STATUS_IBSS_JOINED;
 }
 
-// Which of two entries with the same BSSID is the one to keep.
+// Whether `one` is the entry to keep, of two with the same BSSID.
 bool isBetter(const ScanEntry& one, const ScanEntry& other) {
   const bool named = one.accessPoint.ssid.has_value();
   if (named != other.accessPoint.ssid.has_value()) return named;
@@ -125,7 +126,8 @@ bool isBetter(const ScanEntry& one, const ScanEntry& other) {
   return one.age && (!other.age || *one.age < *other.age);
 }
 
-// The BSSIDs that are heard without scans: the joined one, and all that share beacons with it.
+// Returns the BSSIDs that are heard without scans: the joined one and those that share beacons with
+// it.
 std::unordered_set<std::string> heardAlways(const std::vector<ScanEntry>& entries) {
   std::unordered_set<std::string> always;
   for (const ScanEntry& entry : entries) {
@@ -164,7 +166,7 @@ class ListMaker {
     }
   }
 
-  // Of those that announce others, the others; once all entries are in.
+  // Adds the networks that the entries announce. Call it after all entries were added.
   void addAnnounced() {
     const std::size_t count = entries_.size();
     for (std::size_t at = 0; at < count; ++at) {
@@ -182,7 +184,8 @@ class ListMaker {
 
  private:
   static void join(ScanEntry& kept, ScanEntry&& other) {
-    // The kernel lists a hidden network twice when its name was told: as it hides, and with it.
+    // The kernel lists a hidden network twice once its name is known: without the name, and with
+    // it.
     const auto hides = std::max(kept.accessPoint.hidesName, other.accessPoint.hidesName);
     if (isBetter(other, kept)) std::swap(kept, other);
     kept.accessPoint.hidesName = hides;
@@ -200,15 +203,15 @@ class ListMaker {
       return;
     }
     ScanEntry& entry = entries_[place->second];
-    // Anybody can announce a neighbour's address.
+    // Any sender can announce another access point's address.
     if (!entry.nontransmitted) return;
     fill(entry.accessPoint.transmitterBssid, other.transmitterBssid);
-    // The kernel's entry has inherited the sender's beacon map.
+    // The kernel's entry has inherited the sender's traffic indication map.
     if (other.dtimPeriod) entry.accessPoint.dtimPeriod = other.dtimPeriod;
   }
 
   std::vector<ScanEntry> entries_;
-  std::unordered_map<std::string, std::size_t> places_;  // by BSSID
+  std::unordered_map<std::string, std::size_t> places_;  // index in `entries_`, by BSSID
 };
 
 }  // namespace
@@ -232,7 +235,7 @@ std::optional<ScanEntry> scanEntryOf(const Attributes& bss, std::chrono::nanosec
   entry.joined = isJoined(bss);
   entry.age = point.age = ageOf(bss, sinceBoot);
 
-  // The newest frame's, of a probe response where there was one.
+  // The elements of the newest frame; of a probe response if one was heard.
   const Bytes newest = bss.find(NL80211_BSS_INFORMATION_ELEMENTS).value_or(Bytes());
   const auto beacon = bss.find(NL80211_BSS_BEACON_IES);
   frame.elements = newest;

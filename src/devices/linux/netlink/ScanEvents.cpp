@@ -7,7 +7,7 @@ namespace wifi_profile::machine {
 std::optional<ScanEvents::End> ScanEvents::take(const Message& event) {
   const Attributes attributes(event.payload);
   const auto index = attributes.number<std::int32_t>(NL80211_ATTR_IFINDEX);
-  // Scans of what is no network interface, such as a P2P device, have the radio's number only. They
+  // Scans without a network interface, such as a P2P device's, carry only the radio's number. They
   // keep the radio busy, but are never the interface's own.
   const bool isOfRadio = !index && which_ == ScansThat::ended &&
                          attributes.number<std::uint32_t>(NL80211_ATTR_WIPHY) == interface_.wiphy;

@@ -16,9 +16,9 @@ namespace wifi_profile::machine {
 
 namespace {
 
-// The kernel fills what it is given, up to 32 KiB at a time.
+// The kernel fills the buffer that it gets, up to 32 KiB at a time.
 constexpr std::size_t kBufferBytes = std::size_t{64} << 10U;
-// Events come in bursts while nobody reads.
+// Events come in bursts while no thread reads.
 constexpr int kEventBufferBytes = 256 << 10;
 
 int flagsOf(Request::Kind kind) {
@@ -26,10 +26,10 @@ int flagsOf(Request::Kind kind) {
 }
 
 void require(bool done) {
-  if (!done) throw std::bad_alloc();  // the only way in which a message cannot be put together
+  if (!done) throw std::bad_alloc();  // the only reason why building a message fails
 }
 
-// The number in an error or at a dump's end: 0, or errno's number.
+// Returns errno's number from an error message or a dump's end; 0: success.
 int errorOf(const nlmsghdr* header) {
   int error = 0;
   if (static_cast<std::size_t>(nlmsg_datalen(header)) < sizeof error) return 0;
@@ -138,7 +138,7 @@ int NetlinkSocket::askOnce(Request& request, const Patience& patience,
       if (tooMany || progress.bytes > kMostBytes) error = EMSGSIZE;
     }
     if (error == 0) continue;
-    // What is still to come must not be taken for another question's answer.
+    // Answers still under way must not be taken for another request's.
     socket_.reset();
     return error;
   }
@@ -164,7 +164,7 @@ int NetlinkSocket::receive(ieee80211::Bytes& received) {
 
 int NetlinkSocket::await(const Patience& patience, ieee80211::Bytes& received) {
   while (true) {
-    // Asked each time: what is always ready never waits.
+    // Checked in every round, because a socket that is always ready never waits.
     if (patience.cancellation.isCancelled()) return ECANCELED;
     if (patience.isOver()) return ETIMEDOUT;
     if (const int error = receive(received); error != EAGAIN) return error;
@@ -176,7 +176,7 @@ void NetlinkSocket::take(ieee80211::Bytes received, std::uint32_t sequence, Prog
                          std::vector<Message>& answers) const {
   progress.bytes += received.size();
   auto left = static_cast<int>(received.size());
-  // The kernel's headers have no constness; nothing is written through them.
+  // The netlink functions take non-const headers, but do not write through them.
   auto* header = reinterpret_cast<nlmsghdr*>(const_cast<std::uint8_t*>(received.data()));
   for (; nlmsg_ok(header, left) != 0 && !progress.ended; header = nlmsg_next(header, &left)) {
     if (header->nlmsg_seq != sequence) continue;
@@ -192,7 +192,7 @@ void NetlinkSocket::take(ieee80211::Bytes received, std::uint32_t sequence, Prog
 
 int NetlinkSocket::listen(int group) {
   if (const int error = open(); error != 0) return error;
-  // Where the system allows less, there are fewer events before some are lost.
+  // If the system allows less, events are lost earlier.
   nl_socket_set_buffer_size(socket_.get(), kEventBufferBytes, 0);
   errno = 0;
   if (nl_socket_add_membership(socket_.get(), group) < 0) return errno != 0 ? errno : EIO;

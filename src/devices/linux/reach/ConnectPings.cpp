@@ -18,7 +18,7 @@ struct Attempt {
   std::uint16_t port;
 };
 
-// Whether the other side answered, with a connection or a refusal. Nothing: not yet.
+// Whether the other side answered, with a connection or a refusal. Empty: not yet.
 std::optional<bool> outcome(int error) {
   if (error == EINPROGRESS || error == EALREADY || error == EINTR) return {};
   return error == 0 || error == ECONNREFUSED;
@@ -30,14 +30,14 @@ int errorOf(int socket) {
   return getsockopt(socket, SOL_SOCKET, SO_ERROR, &error, &size) == 0 ? error : errno;
 }
 
-// Rounds of connections, each to all ports until one gave an answer, which is then the only one.
-// All of them go on until the end.
+// Makes rounds of connections. A round tries all ports until one has answered; later rounds use
+// only that port. All rounds continue until the end.
 class Connections {
  public:
   Connections(const std::string& target, const std::string& interface, const PingPlan& plan)
       : target_(target), interface_(interface), plan_(plan), ports_(plan.ports) {}
 
-  // Empty when there is no socket for one of them; errno says why.
+  // Empty: no socket could be opened for one of them; errno says why.
   std::optional<RoundTrips> run(const Patience& patience) {
     const Clock::time_point began = Clock::now();
     while (!patience.isOver()) {
@@ -71,14 +71,14 @@ class Connections {
     if (!address) return false;
     Descriptor socket = openSocket(address->family(), SOCK_STREAM, IPPROTO_TCP, interface_);
     if (!socket) return false;
-    // Ends with a reset: nothing is left to close slowly on either side.
+    // Closing sends a reset, so that neither side keeps a closing connection.
     const linger atOnce{1, 0};
     setsockopt(socket.number(), SOL_SOCKET, SO_LINGER, &atOnce, sizeof(atOnce));
     const int result = connect(socket.number(), address->get(), address->size);
     const auto answered = outcome(result == 0 ? 0 : errno);
     if (!answered) {
       attempts_.push_back({std::move(socket), round, port});
-    } else if (*answered) {  // at once, as this machine's own addresses do
+    } else if (*answered) {  // at once, for instance at an address of this machine
       take(round, port);
     }
     return true;
@@ -99,7 +99,7 @@ class Connections {
       return;
     }
     for (const pollfd& one : watched) {
-      // It may be gone already, with its round.
+      // The attempt may have been removed with its round.
       const auto attempt = std::ranges::find_if(
           attempts_, [&](const Attempt& other) { return other.socket.number() == one.fd; });
       if (one.revents == 0 || attempt == attempts_.end()) continue;
@@ -112,8 +112,8 @@ class Connections {
     }
   }
 
-  // Where some answered before their packet was repeated, one that answered after that answered the
-  // repetition: the packet itself was lost.
+  // If some pings were answered within kRepeat, an answer after that answers the kernel's
+  // repetition: the first packet was lost, so the ping counts as unanswered.
   void leaveOutRepeated() {
     const auto early = [](const auto& one) { return one && *one < kRepeat; };
     if (std::ranges::none_of(roundTrips_, early)) return;
@@ -126,9 +126,9 @@ class Connections {
   const std::string& interface_;
   const PingPlan& plan_;
   std::vector<std::uint16_t> ports_;
-  std::vector<Clock::time_point> started_;  // the rounds
+  std::vector<Clock::time_point> started_;  // beginnings of the rounds
   RoundTrips roundTrips_;
-  std::vector<Attempt> attempts_;  // those without an outcome
+  std::vector<Attempt> attempts_;  // attempts without an outcome
 };
 
 }  // namespace

@@ -18,7 +18,7 @@ namespace {
 using Bytes = std::span<const std::uint8_t>;
 using Token = std::array<std::uint8_t, 16>;
 
-// Both protocols lay their echoes out alike; only the types differ.
+// ICMP and ICMPv6 echoes have the same layout; only the types differ.
 struct Echo {
   std::uint8_t type = 0;
   std::uint8_t code = 0;
@@ -29,7 +29,7 @@ struct Echo {
 };
 static_assert(sizeof(Echo) == 24);
 
-// RFC 1071. The kernel does it itself but for raw sockets of IPv4.
+// RFC 1071. Only raw IPv4 sockets need it; the kernel computes the others'.
 std::uint16_t checksumOf(const Echo& echo) {
   std::array<std::uint16_t, sizeof(Echo) / 2> words{};
   std::memcpy(words.data(), &echo, sizeof(Echo));
@@ -40,7 +40,7 @@ std::uint16_t checksumOf(const Echo& echo) {
   return static_cast<std::uint16_t>(~sum);
 }
 
-// A raw socket of IPv4 gets the IP header as well.
+// Removes the IP header, which a raw IPv4 socket receives as well.
 Bytes withoutHeader(Bytes packet, bool rawIPv4) {
   if (!rawIPv4 || packet.empty()) return packet;
   const std::size_t header = std::size_t{packet[0] & 0x0fU} * 4;
@@ -53,7 +53,7 @@ class Series {
       : socket_(socket), target_(target), ofIPv4_(target.family() == AF_INET), plan_(plan) {
     std::array<std::uint8_t, sizeof(Token) + sizeof(identifier_)> random{};
     if (getrandom(random.data(), random.size(), 0) < 0) {
-      // Only before the kernel has seeded itself. The clock is better than nothing.
+      // Fails only before the kernel has seeded its generator. The clock is a weak replacement.
       const auto now = Clock::now().time_since_epoch().count();
       std::memcpy(random.data(), &now, sizeof(now));
     }
@@ -75,7 +75,7 @@ class Series {
                            patience.cancellation};
       const Waited waited = waitFor(socket_.number(), POLLIN, until);
       if (waited == Waited::ready) receive();
-      // A flood of strangers' packets must not keep it from ending.
+      // A flood of other packets must not prevent the end.
       if (waited == Waited::cancelled || patience.isOver()) break;
     }
     return roundTrips_;
@@ -85,24 +85,25 @@ class Series {
   void send() {
     Echo echo;
     echo.type = ofIPv4_ ? ICMP_ECHO : ICMP6_ECHO_REQUEST;
-    echo.identifier = identifier_;  // the kernel's own sockets put theirs in its place
+    echo.identifier = identifier_;  // the kernel replaces it on its ping sockets
     echo.sequence = htons(static_cast<std::uint16_t>(sent_.size() + 1));
     echo.token = token_;
     echo.checksum = checksumOf(echo);
     sent_.push_back(Clock::now());
     roundTrips_.emplace_back();
-    // A failure (no route, no neighbour, an old error of the socket) is an echo without an answer.
+    // A failure (no route, no neighbour, an earlier error of the socket) counts as an unanswered
+    // echo.
     sendto(socket_.number(), &echo, sizeof(echo), MSG_NOSIGNAL, target_.get(), target_.size);
   }
 
   void receive() {
-    std::array<std::uint8_t, 256> buffer{};  // longer ones are not ours
+    std::array<std::uint8_t, 256> buffer{};  // longer packets are not answers to these echoes
     sockaddr_storage from{};
     socklen_t size = sizeof(from);
     const ssize_t length = recvfrom(socket_.number(), buffer.data(), buffer.size(), 0,
                                     reinterpret_cast<sockaddr*>(&from), &size);
     const Clock::time_point now = Clock::now();
-    if (length < 0) return;  // an error that was reported is no answer
+    if (length < 0) return;  // a reported error is not an answer
     if (!isFromTarget(from)) return;
     const Bytes bytes = withoutHeader(Bytes(buffer).first(static_cast<std::size_t>(length)),
                                       socket_.isRaw() && ofIPv4_);

@@ -20,9 +20,9 @@ namespace wifi_profile::machine {
 namespace {
 
 constexpr const char* kMoreRoom = "close programs, as memory or open files ran out";
-// The library does not wait for the socket of a second address before it was told to go on.
+// The library does not watch the socket of a second address until it is called again.
 constexpr std::chrono::milliseconds kLook{200};
-constexpr std::chrono::milliseconds kConnectTime{5000};  // with the handshake of TLS
+constexpr std::chrono::milliseconds kConnectTime{5000};  // including the TLS handshake
 constexpr std::size_t kMostHeaderBytes = std::size_t{64} * 1024;
 
 template <auto release>
@@ -42,8 +42,8 @@ bool isCurlReady() {
   return kReady;
 }
 
-// The library writes to sockets of TLS in a way that raises SIGPIPE when the other side is gone.
-// Meanwhile this thread does not get it.
+// Blocks SIGPIPE for this thread: the library writes to TLS sockets in a way that raises it when
+// the other side has closed the connection.
 class NoBrokenPipe {
  public:
   NoBrokenPipe() {
@@ -77,7 +77,7 @@ std::string partOf(CURLU* url, CURLUPart part, unsigned flags) {
   return result;
 }
 
-// Null where the text is no address: the library would not look behind a NUL.
+// Returns null if the text is not a URL. The library would ignore everything after a NUL.
 Url parsedUrl(const std::string& text) {
   Url url(isCurlReady() ? curl_url() : nullptr);
   const bool good = url && text.find('\0') == std::string::npos &&
@@ -85,8 +85,8 @@ Url parsedUrl(const std::string& text) {
   return good ? std::move(url) : nullptr;
 }
 
-// In the place of a name's addresses that were not found, so that the library does not look for
-// them by itself. Nothing can be sent there.
+// Replaces the addresses of a name that was not found, so that the library does not look the name
+// up itself. No packet can be sent to this address.
 constexpr const char* kNowhere = "255.255.255.255";
 
 bool isNowhere(const Address& address) {
@@ -94,21 +94,21 @@ bool isNowhere(const Address& address) {
          reinterpret_cast<const sockaddr_in*>(address.get())->sin_addr.s_addr == INADDR_NONE;
 }
 
-// What one transfer collects.
+// The state of one transfer.
 struct Transfer {
   const std::string& interface;
   std::size_t bodyLimit;
   Watchdog& watchdog;
   const std::vector<Address>& own;  // addresses of this machine
-  bool mayStayHere = false;         // a proxy on this machine is not behind the interface
+  bool mayStayHere = false;         // a proxy on this machine is not reached through the interface
   bool wentNowhere = false;
-  bool opened = false;      // one socket at least
-  std::string remedy = {};  // for the one that could not be
+  bool opened = false;      // at least one socket was opened
+  std::string remedy = {};  // advice about a socket that could not be opened
   HttpAnswer answer = {};
   std::size_t headerBytes = 0;
 };
 
-// Empty: the network gave no address of the protocol.
+// Returns advice for errno's number. Empty: the network gave no address of this IP version.
 std::string remedyForSocket(int error, const std::string& interface) {
   switch (error) {
     case EADDRNOTAVAIL:
@@ -129,7 +129,7 @@ curl_socket_t openBound(void* self, curlsocktype /*purpose*/, curl_sockaddr* to)
   std::memcpy(&address.storage, &to->addr, address.size);
   transfer.wentNowhere = isNowhere(address);
   if (transfer.wentNowhere) return CURL_SOCKET_BAD;
-  // Whoever answers a name or redirects must not choose this machine's own services.
+  // A DNS answer or a redirect must not lead to this machine's own services.
   const bool here = !transfer.interface.empty() && staysHere(address, transfer.own);
   if (here && !transfer.mayStayHere) return CURL_SOCKET_BAD;
   Descriptor socket(::socket(to->family, to->socktype | SOCK_CLOEXEC, to->protocol));
@@ -153,7 +153,7 @@ std::size_t takeBody(const char* bytes, std::size_t /*one*/, std::size_t count, 
   const std::size_t taken = std::min(count, transfer.bodyLimit - body.size());
   body.append(bytes, taken);
   transfer.answer.cutOff = taken < count;
-  return taken;  // fewer than there were end the transfer
+  return taken;  // taking less than offered ends the transfer
 }
 
 std::size_t countHeader(const char* /*bytes*/, std::size_t /*one*/, std::size_t count, void* self) {
@@ -212,12 +212,12 @@ std::string problemOf(CURLcode code, CURL* easy) {
   }
 }
 
-// An endless header is told as no memory, too.
+// The library also reports an endless header as lack of memory.
 bool isHeaderTooLong(CURLcode code, const Transfer& transfer) {
   return code == CURLE_OUT_OF_MEMORY && transfer.opened;
 }
 
-// As in HttpAnswer.
+// Returns HttpAnswer::remedy.
 std::string remedyFor(CURLcode code, const Transfer& transfer) {
   switch (code) {
     case CURLE_SSL_CACERT_BADFILE:
@@ -244,16 +244,16 @@ bool environmentNamesProxy() {
 
 bool mayUseProxy(const HttpRequest& request) { return request.useProxy && environmentNamesProxy(); }
 
-// Numeric, and of this machine.
+// Whether the host is a numeric address of this machine.
 bool isHere(const std::string& host, const std::vector<Address>& own) {
   const auto address = addressOf(host, 0, {});
   return address && staysHere(*address, own);
 }
 
 struct Addresses {
-  std::string entry;    // what the library is told; empty: nothing
-  std::string problem;  // why there are none
-  std::string remedy;   // as in HttpAnswer
+  std::string entry;    // entry for CURLOPT_RESOLVE; empty: none needed
+  std::string problem;  // why there are no addresses
+  std::string remedy;   // see HttpAnswer::remedy
 };
 
 Addresses addressesOf(const UrlParts& url, const HttpRequest& request, const Way& way,
@@ -271,7 +271,7 @@ Addresses addressesOf(const UrlParts& url, const HttpRequest& request, const Way
   }
   std::string entry = url.host + ":" + url.port + ":";
   if (answer->addresses.empty()) {
-    return {mayUseProxy(request) ? entry + kNowhere : "",  // a proxy may know it
+    return {mayUseProxy(request) ? entry + kNowhere : "",  // a proxy may know the name
             answer->resolution.resolved ? "the name stands for this machine"
                                         : "name: " + answer->resolution.problem,
             {}};
@@ -288,7 +288,7 @@ void setUp(CURL* easy, const HttpRequest& request, Transfer& transfer, const cur
   curl_easy_setopt(easy, CURLOPT_URL, request.url.c_str());
   curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
   curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
-  // A thread of the library's that looks up a proxy's name must not be waited for.
+  // Do not wait for the library's thread that looks up a proxy's name.
   curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
   curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, long{CURL_HTTP_VERSION_1_1});
   curl_easy_setopt(easy, CURLOPT_USERAGENT, "wifi-profile/" WIFI_PROFILE_VERSION);
@@ -308,7 +308,7 @@ void setUp(CURL* easy, const HttpRequest& request, Transfer& transfer, const cur
 }
 
 CURLcode perform(CURLM* multi, CURL* easy, const Patience& patience) {
-  // Of it, the first of several addresses gets half, the next half of what is left.
+  // The first of several addresses gets half of this time, the next one half of the rest.
   curl_easy_setopt(
       easy, CURLOPT_CONNECTTIMEOUT_MS,
       std::max(1L, static_cast<long>(std::min(patience.left(), kConnectTime).count())));
@@ -326,7 +326,7 @@ CURLcode perform(CURLM* multi, CURL* easy, const Patience& patience) {
   while (const CURLMsg* message = curl_multi_info_read(multi, &left)) {
     if (message->msg == CURLMSG_DONE) result = message->data.result;
   }
-  // Sockets that are shut down fail in a way of their own.
+  // Sockets that the watchdog has shut down fail with other codes.
   return result != CURLE_OK && patience.isOver() ? CURLE_OPERATION_TIMEDOUT : result;
 }
 

@@ -23,14 +23,15 @@ constexpr int kTries = 2;
 constexpr std::size_t kMostServers = 4;
 constexpr std::size_t kMostAddresses = 16;
 constexpr std::chrono::milliseconds kInAll{8000};
-constexpr std::chrono::milliseconds kForTheOther{300};  // protocol's addresses
+constexpr std::chrono::milliseconds kForTheOther{300};  // wait for the other IP version's addresses
 
 bool isAresReady() {
   static const bool kReady = ares_library_init(ARES_LIB_INIT_ALL) == ARES_SUCCESS;
   return kReady;
 }
 
-// One list for the library, without zones: the socket is bound to the interface.
+// Returns the servers in the library's notation. Omits zones, because the socket is bound to the
+// interface.
 std::string listOf(const std::vector<std::string>& servers) {
   std::string list;
   std::size_t count = 0;
@@ -71,7 +72,7 @@ std::string problemOf(int status) {
   }
 }
 
-// The question for one protocol's addresses.
+// The query for the addresses of one IP version.
 struct Query {
   int family;
   int status = ARES_ETIMEOUT;
@@ -93,7 +94,7 @@ void take(void* argument, int status, int /*timeouts*/, ares_addrinfo* found) {
   if (found == nullptr) return;
   for (const ares_addrinfo_node* node = found->nodes; node != nullptr; node = node->ai_next) {
     if (query.addresses.size() == kMostAddresses / 2) break;
-    // A server may add the other protocol's.
+    // A server may add addresses of the other IP version.
     if (node->ai_family != query.family) continue;
     std::string text = numericOf(node->ai_addr, node->ai_addrlen);
     if (!text.empty()) query.addresses.push_back(std::move(text));
@@ -120,8 +121,8 @@ std::vector<ares_addr_port_node> serversOf(ares_channel channel) {
   return servers;
 }
 
-// Each for kTries rounds. The library doubles its time for every round of its own, so it has one,
-// through a list that names them as often.
+// Sets the servers, each for kTries rounds. The library doubles its timeout in every round of its
+// own, so it makes one round, over a list that names each server kTries times.
 void setServers(ares_channel channel, const std::vector<ares_addr_port_node>& servers) {
   std::vector<ares_addr_port_node> rounds;
   for (int i = 0; i < kTries; ++i) rounds.insert(rounds.end(), servers.begin(), servers.end());
@@ -150,8 +151,8 @@ class Resolver {
       }
     };
     options.sock_state_cb_data = this;
-    // The library would bind to no interface of its own, and reads for as long as there is
-    // something.
+    // The library cannot bind its sockets to an interface, and reads for as long as data arrives,
+    // so these functions replace its own.
     static constexpr ares_socket_functions kSockets{openSocketFor, closeSocket, connectSocket,
                                                     receive, sendParts};
     const int mask = ARES_OPT_FLAGS | ARES_OPT_TIMEOUTMS | ARES_OPT_TRIES | ARES_OPT_LOOKUPS |
@@ -166,8 +167,8 @@ class Resolver {
         !way.nameServers ||
         (!list.empty() && ares_set_servers_ports_csv(channel_, list.c_str()) == ARES_SUCCESS);
     auto servers = serversOf(channel_);
-    // A resolver on this machine cannot be asked through an interface, and asks the link's servers
-    // by itself: it is left out where there are others.
+    // A resolver on this machine cannot be reached through an interface, and forwards to the link's
+    // servers by itself. It is left out if there are other servers.
     const auto own = ownAddresses().value_or(std::vector<Address>{});
     const auto here = [&own](const auto& server) { return isHere(server, own); };
     if (!way.interface.empty() && !way.asksAsSystem && !std::ranges::all_of(servers, here)) {
@@ -177,7 +178,7 @@ class Resolver {
     setServers(channel_, servers);
   }
   ~Resolver() {
-    if (channel_ != nullptr) ares_destroy(channel_);  // calls back for what is not done
+    if (channel_ != nullptr) ares_destroy(channel_);  // calls `take` for unfinished queries
   }
   Resolver(const Resolver&) = delete;
   Resolver& operator=(const Resolver&) = delete;
@@ -185,7 +186,7 @@ class Resolver {
   bool isUsable() const { return channel_ != nullptr; }
   bool hasServers() const { return hasServers_; }
 
-  // Whether a socket could not be had because this machine has no more.
+  // Whether a socket could not be opened because this machine has no more descriptors or memory.
   bool isExhausted() const { return exhausted_; }
 
   void ask(const std::string& name) {
@@ -215,9 +216,9 @@ class Resolver {
   }
 
   std::string problem() const {
-    // That there is no IPv4 address says less than what became of the other question.
+    // A missing IPv4 address says less than the result of the other query.
     const int status = queries_[0].status == ARES_ENODATA ? queries_[1].status : queries_[0].status;
-    // The library tells every server that gave no answer of use as one that refused.
+    // The library reports any server without a usable answer as one that refused.
     return problemOf(status == ARES_ECONNREFUSED && failure_ != 0 ? failure_ : status);
   }
 
@@ -245,7 +246,7 @@ class Resolver {
     return ::connect(socket, address.get(), address.size);
   }
 
-  // The library reads until there is nothing more, which a peer that floods it never lets happen.
+  // The library reads until no data is left, which a flooding peer can prevent for ever.
   static ares_ssize_t receive(ares_socket_t socket, void* buffer, std::size_t size, int flags,
                               sockaddr* from, ares_socklen_t* fromSize, void* self) {
     auto& resolver = *static_cast<Resolver*>(self);
@@ -284,7 +285,7 @@ class Resolver {
     const timeval* wait = ares_timeout(channel_, &most, &next);
     const int time = static_cast<int>(wait->tv_sec * 1000 + (wait->tv_usec + 999) / 1000);
     if (poll(watched.data(), watched.size(), time) <= 0) {
-      ares_process_fd(channel_, ARES_SOCKET_BAD, ARES_SOCKET_BAD);  // it looks at its timeouts
+      ares_process_fd(channel_, ARES_SOCKET_BAD, ARES_SOCKET_BAD);  // checks the library's timeouts
       return;
     }
     for (std::size_t i = 1; i < watched.size(); ++i) {
@@ -299,15 +300,15 @@ class Resolver {
   const Patience& patience_;
   ares_channel channel_ = nullptr;
   bool hasServers_ = false;
-  bool bound_ = false;  // its sockets, to the way's interface
+  bool bound_ = false;  // its sockets are bound to the interface of `way_`
   bool exhausted_ = false;
-  int failure_ = 0;  // the library's number for what a server answered, if that is none of use
+  int failure_ = 0;  // the library's number for a server's unusable answer
   std::set<ares_socket_t> datagrams_;
-  std::map<ares_socket_t, short> sockets_;  // with poll's events
+  std::map<ares_socket_t, short> sockets_;  // sockets to watch, with poll's events
   std::array<Query, 2> queries_{Query{AF_INET}, Query{AF_INET6}};
 };
 
-// Of one set of servers.
+// Looks a name up at one set of servers.
 checks::Known<NameAnswer> ask(const std::string& name, const Way& way, const Patience& patience) {
   if (patience.cancellation.isCancelled()) return calledOff();
   NameAnswer answer;

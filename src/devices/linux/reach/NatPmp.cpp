@@ -14,7 +14,8 @@ namespace {
 
 constexpr std::uint16_t kPort = 5351;
 constexpr std::string_view kQuestion("\0\0", 2);  // version 0, the public address
-constexpr std::chrono::milliseconds kTime{1000};  // in all: asks anew after 250 and 750 ms
+constexpr std::chrono::milliseconds kTime{
+    1000};  // in total; repeats the request after 250 and 750 ms
 constexpr std::chrono::milliseconds kFirstWait{250};
 
 }  // namespace
@@ -24,7 +25,7 @@ std::optional<std::string> askNatPmp(const std::string& gateway, const std::stri
   const Patience ours = patience.atMost(kTime);
   const auto router = addressOf(gateway, kPort, interface);
   const Descriptor socket = openSocket(AF_INET, SOCK_DGRAM, 0, interface);
-  // Connected, it gets nothing from others, and is told where no port is open.
+  // A connected socket receives only from the router, and reports a closed port as an error.
   if (!router || !socket || connect(socket.number(), router->get(), router->size) != 0) return {};
   for (auto wait = kFirstWait; !ours.isOver(); wait *= 2) {
     if (send(socket.number(), kQuestion.data(), kQuestion.size(), MSG_NOSIGNAL) < 0) return {};
@@ -33,7 +34,7 @@ std::optional<std::string> askNatPmp(const std::string& gateway, const std::stri
       std::array<char, 64> buffer{};
       const ssize_t length = recv(socket.number(), buffer.data(), buffer.size(), 0);
       if (length < 0 && errno != EAGAIN) return {};
-      // A refusal or an odd answer may not be the last.
+      // A valid answer may follow a refusal or a malformed answer.
       const auto size = static_cast<std::size_t>(std::max<ssize_t>(length, 0));
       if (auto address = addressFromNatPmp({buffer.data(), size})) return address;
     }

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kNameTime{2000};
 
-// Whether it tells what stands behind the router.
+// Whether the address is one that a router may have towards the Internet.
 bool isOutside(const std::optional<std::string>& address) {
   const auto kind = address ? checks::ipv4KindOf(*address) : std::nullopt;
   return kind && (*kind == checks::Ipv4Kind::global || checks::isBehindTranslation(*kind));
@@ -23,7 +23,7 @@ bool isOutside(const std::optional<std::string>& address) {
 std::optional<std::string> secondHopTo(const std::string& host, const std::string& gateway,
                                        const Way& way, const Patience& patience) {
   const auto answer = resolve(host, way, patience.atMost(kNameTime));
-  // Those of IPv4 are first.
+  // IPv4 addresses come first.
   if (!answer || answer->addresses.empty()) return {};
   return findSecondHop(gateway, answer->addresses.front(), way.interface, patience);
 }

@@ -13,7 +13,7 @@
 namespace wifi_profile::machine {
 namespace {
 
-// So long connections wait for echoes.
+// How long to wait for echoes before making connections.
 constexpr std::chrono::milliseconds kEchoesAlone{1000};
 
 constexpr double kReferenceDate = 978307200;  // 2001-01-01, in seconds of the system's clock
@@ -24,11 +24,11 @@ Date now() {
   return {sinceEpoch.count() - kReferenceDate};
 }
 
-// What came of both ways.
+// The results of both kinds of ping.
 struct Both {
-  std::optional<RoundTrips> echoes;       // empty: the user may send none
-  std::optional<RoundTrips> connections;  // empty: none was needed, or there was no socket
-  int error = 0;                          // errno's, for a socket that there was not
+  std::optional<RoundTrips> echoes;       // empty: the user may not send echoes
+  std::optional<RoundTrips> connections;  // empty: not needed, or no socket
+  int error = 0;                          // errno's number if no socket could be opened
 };
 
 bool anyAnswered(const std::optional<RoundTrips>& roundTrips) {
@@ -36,7 +36,7 @@ bool anyAnswered(const std::optional<RoundTrips>& roundTrips) {
          std::ranges::any_of(*roundTrips, [](const auto& roundTrip) { return bool(roundTrip); });
 }
 
-// Ends the other thread, also where the next one could not be started.
+// Ends the other thread, also if the next one cannot be started.
 struct CancelAtEnd {
   explicit CancelAtEnd(Cancellation& one) : cancellation(one) {}
   ~CancelAtEnd() { cancellation.cancel(); }
@@ -45,7 +45,8 @@ struct CancelAtEnd {
   Cancellation& cancellation;
 };
 
-// The echoes, and after a while connections beside them. It ends with all answers of one way.
+// Sends the echoes and, after kEchoesAlone, also makes connections. Ends when all echoes are
+// answered, or when the connections have finished and any of them was answered.
 Both pingBothWays(const std::string& target, const Address& address, const std::string& interface,
                   const PingPlan& plan, const Patience& patience) {
   Both both;
@@ -96,7 +97,7 @@ checks::Known<checks::Pings> ping(const std::string& target, const std::string& 
   Both both;
   try {
     both = pingBothWays(target, *address, interface, plan, ours);
-  } catch (const std::system_error&) {  // no thread, no descriptor
+  } catch (const std::system_error&) {  // no thread or descriptor left
     return noSocket(EMFILE, interface);
   }
   pings.byConnecting = !both.echoes || (!anyAnswered(both.echoes) && anyAnswered(both.connections));

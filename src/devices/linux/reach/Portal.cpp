@@ -56,7 +56,7 @@ checks::Known<PortalProbe> probePortal(const PortalQuestion& question, const Way
     if (const auto answer = told.get()) return *answer;
     return page;
   } catch (const std::system_error&) {
-    return noSocket(EMFILE, way.interface);  // no thread
+    return noSocket(EMFILE, way.interface);  // no thread left
   }
 }
 

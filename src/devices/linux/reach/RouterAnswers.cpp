@@ -10,13 +10,12 @@
 
 #include "devices/linux/reach/Http.h"
 
-// Of the library for UPnP only the parsers are used: its functions that talk to the network block
-// and read without a limit.
+// Uses only the parsers of the UPnP library: its network functions block, and read without a limit.
 
 namespace wifi_profile::machine {
 namespace {
 
-// The value of the header "LOCATION".
+// Returns the value of the header "LOCATION".
 std::string locationIn(std::string_view text) {
   while (!text.empty()) {
     const std::size_t end = std::min(text.find('\n'), text.size());
@@ -53,15 +52,15 @@ std::optional<std::string> hostAddress(const std::string& text) {
   in_addr address{};
   if (inet_pton(AF_INET, text.c_str(), &address) != 1) return {};
   const std::uint32_t number = ntohl(address.s_addr);
-  if (number >> 24U == 0 || number >> 28U >= 14) return {};  // "this network", groups, reserved
+  if (number >> 24U == 0 || number >> 28U >= 14) return {};  // "this network", multicast, reserved
   std::array<char, INET_ADDRSTRLEN> written{};
   inet_ntop(AF_INET, &address, written.data(), written.size());
   return written.data();
 }
 
 std::optional<std::string> addressFromNatPmp(std::string_view datagram) {
-  // Version 0, the answer to question 0, result 0 (success); then the router's time, and the
-  // address.
+  // Version 0, the answer to request 0, result 0 (success). The router's time and the address
+  // follow.
   constexpr std::string_view kSuccess("\0\x80\0\0", 4);
   constexpr std::size_t kAddressAt = 8;
   if (datagram.size() < kAddressAt + sizeof(in_addr) || !datagram.starts_with(kSuccess)) return {};

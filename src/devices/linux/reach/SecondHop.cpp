@@ -18,11 +18,11 @@ namespace {
 constexpr int kHopTries = 3;
 constexpr std::chrono::milliseconds kBetweenHopTries{250};
 constexpr std::chrono::milliseconds kHopTime{
-    1200};                                    // in all: a slow one still has time for the first
-constexpr std::uint16_t kUnusedPort = 33434;  // where no program listens, by custom
+    1200};                                    // in total; a slow router can still answer the first
+constexpr std::uint16_t kUnusedPort = 33434;  // by convention no program listens there
 
-// Who sent the error that the socket got: a router that the packet's time ended at, or the target
-// itself, where nobody listens, or whoever forbids the packet.
+// Returns the sender of the ICMP error that the socket received: the router where the packet's time
+// to live ended, the target itself, where no program listens, or a router that forbids the packet.
 std::optional<std::string> offender(int socket) {
   std::array<char, 64> data{};
   alignas(cmsghdr) std::array<char, 512> control{};
@@ -47,7 +47,7 @@ std::optional<std::string> offender(int socket) {
     std::array<char, INET_ADDRSTRLEN> text{};
     inet_ntop(AF_INET, &from.sin_addr, text.data(), text.size());
     if (error.ee_type == ICMP_TIME_EXCEEDED) return hostAddress(text.data());
-    // A target of one's own house says nothing about the way out.
+    // A target inside the network says nothing about the path to the Internet.
     if (error.ee_type == ICMP_DEST_UNREACH &&
         checks::ipv4KindOf(text.data()) == checks::Ipv4Kind::global) {
       return hostAddress(text.data());
@@ -68,19 +68,20 @@ std::optional<std::string> findSecondHop(const std::string& gateway, const std::
   const int yes = 1;
   setsockopt(socket.number(), IPPROTO_IP, IP_TTL, &hops, sizeof(hops));
   setsockopt(socket.number(), IPPROTO_IP, IP_RECVERR, &yes, sizeof(yes));
-  // Connected: only errors about packets to the target come in.
+  // A connected socket receives only errors about packets to the target.
   if (connect(socket.number(), address->get(), address->size) != 0) return {};
   const Patience ours = patience.atMost(kHopTime);
   for (int tries = 0; !ours.isOver();) {
     const std::array<char, 8> nothing{};
-    // The error of the packet before makes one fail.
+    // May fail with the error of the previous packet.
     if (tries < kHopTries) send(socket.number(), nothing.data(), nothing.size(), MSG_NOSIGNAL);
     ++tries;
     const Patience next = tries < kHopTries ? ours.atMost(kBetweenHopTries) : ours;
     while (waitFor(socket.number(), 0, next) == Waited::ready && !next.isOver()) {
       auto hop = offender(socket.number());
       if (hop && *hop != gateway) return hop;
-      // One without a message in the queue would be reported again and again.
+      // Clears the socket's error: one without a message in the queue would be reported again and
+      // again.
       int error = 0;
       socklen_t size = sizeof(error);
       getsockopt(socket.number(), SOL_SOCKET, SO_ERROR, &error, &size);

@@ -13,7 +13,7 @@
 namespace wifi_profile::machine {
 namespace {
 
-// The interface's own address, as the source of what a socket sends.
+// Binds to the interface's own address, as the source of the socket's packets.
 bool bindToAddress(int socket, int family, const std::string& interface) {
   ifaddrs* first = nullptr;
   if (getifaddrs(&first) != 0) return false;
@@ -32,7 +32,7 @@ bool bindToAddress(int socket, int family, const std::string& interface) {
 
 using AddressBytes = std::array<std::uint8_t, 16>;
 
-// As in IPv6, where an address of IPv4 is a mapped one. Without port and zone.
+// Returns the address as IPv6, IPv4 as a mapped address, without port and zone.
 std::optional<AddressBytes> bytesOf(const Address& address) {
   AddressBytes bytes{};
   if (address.family() == AF_INET) {
@@ -127,7 +127,7 @@ bool bindToInterface(int socket, int family, const std::string& interface) {
     return true;
   }
   if (errno != EPERM) return false;
-  // Kernels before 5.7 let only root bind.
+  // Kernels before 5.7 let only root bind to an interface.
   const unsigned index = if_nametoindex(interface.c_str());
   if (index == 0) return false;
   const std::uint32_t number = htonl(index);

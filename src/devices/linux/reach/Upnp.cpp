@@ -27,7 +27,7 @@ bool send(int socket, const std::string& text, const Address& to) {
   return sendto(socket, text.data(), text.size(), MSG_NOSIGNAL, to.get(), to.size) > 0;
 }
 
-// Where the router itself says that it is described; empty: it does not say so in time.
+// Waits for the router's own answer with the URL of its description. Empty: no answer in time.
 std::string locationFrom(int socket, const Address& router, const std::string& gateway,
                          const Patience& patience) {
   const auto& expected = reinterpret_cast<const sockaddr_in&>(router.storage);
@@ -44,7 +44,7 @@ std::string locationFrom(int socket, const Address& router, const std::string& g
   return {};
 }
 
-// Where the router describes itself; empty: it does not.
+// Returns the URL of the router's description; empty if the router gives none.
 std::string discover(const std::string& gateway, const std::string& interface,
                      const Patience& patience) {
   const auto router = addressOf(gateway, kDiscoveryPort, interface);

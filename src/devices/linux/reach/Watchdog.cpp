@@ -7,7 +7,7 @@
 namespace wifi_profile::machine {
 namespace {
 
-// What has come in before the end is still read after it: not much, then.
+// Small, because data received before the shutdown is still read after it.
 constexpr int kReceiveBuffer = 64 * 1024;
 
 }  // namespace

@@ -11,10 +11,11 @@ namespace {
 using checks::PortalProbe;
 using Answer = PortalProbe::Answer;
 
-// For the log: a query may name this device or its user.
+// For the log: a query may identify this device or its user.
 std::string withoutQuery(const std::string& url) { return url.substr(0, url.find_first_of("?#")); }
 
-// The same host by TLS: the site itself may want that, and so may a sign-in page in its place.
+// Whether the redirect leads to the same host by TLS: both the site itself and a sign-in page may
+// require that.
 bool isSameSiteByTls(const std::string& from, const std::string& to) {
   const auto one = partsOf(from);
   const auto other = partsOf(to);
