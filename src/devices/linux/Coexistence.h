@@ -1,5 +1,5 @@
-// Whether the Wi-Fi driver shares the radio with Bluetooth, from the parameters of its kernel
-// module.
+// Whether the Wi-Fi driver takes turns with Bluetooth (coexistence), from the parameters of its
+// kernel module.
 #pragma once
 
 #include <filesystem>

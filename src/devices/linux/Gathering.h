@@ -23,8 +23,8 @@ struct Errand {
   checks::FactSet after;            // the task begins when these are settled
   std::chrono::milliseconds limit;  // counted from the task's beginning
   // Runs on a thread of its own. `known` holds at least the facts in `after`. Must return when
-  // `patience` is over. A task that does not is abandoned: its thread continues, and its facts
-  // become unknown.
+  // `patience` is over. A task that continues is abandoned: its facts become unknown, and its
+  // thread is kept.
   std::function<Found(const checks::Facts& known, const Patience& patience)> run;
 };
 

@@ -22,7 +22,7 @@ struct LinkChange {
 // start, unset where it was not known; `now` is the link after the events. If the link was lost, or
 // now belongs to another network, all facts of the link are invalid. If it moved to another access
 // point of the same network, or its access point changed the channel, only the facts of its radio
-// are. If events were missed, the link counts as lost when there is no link now. Pure.
+// are invalid. If events were missed, the link counts as lost when there is no link now. Pure.
 std::optional<LinkChange> changeOfLink(const std::optional<checks::Link>& before,
                                        const LinkEvents& events,
                                        const checks::Known<checks::Link>& now);

@@ -14,8 +14,8 @@ namespace wifi_profile::machine {
 // One Wi-Fi interface of this machine. Any thread.
 class Machine final {
  public:
-  // Returns the Wi-Fi interface of this name; an empty name selects the first of
-  // Nl80211::interfaces. noHardware: there is no such interface.
+  // Opens the Wi-Fi interface of this name. An empty name selects the first network interface in
+  // the order of Nl80211::interfaces. noHardware: there is no such interface.
   static std::variant<std::shared_ptr<Machine>, checks::Unknown> open(const std::string& interface);
 
   const WifiInterface& interface() const { return interface_; }
@@ -30,8 +30,8 @@ class Machine final {
   // Returns a scan no older than `oldest`; 0 requests a new scan. The list of a new scan holds the
   // access points heard since the scan began or up to `oldest` before that; the list of an earlier
   // scan holds what the kernel still keeps. Waits some seconds for a radio that was just switched
-  // on. If no new scan can be made, the list is what the kernel and the connection manager have; it
-  // is marked incomplete unless the manager's last scan is no older than `oldest`.
+  // on. If no new scan can be made, the list holds what the kernel and the connection manager have;
+  // it is marked incomplete unless the manager's last scan is no older than `oldest`.
   checks::Known<ScanList> scan(std::chrono::seconds oldest, const Patience& patience) const;
 
  private:

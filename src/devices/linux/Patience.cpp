@@ -40,8 +40,7 @@ Waited waitFor(int descriptor, short events, const Patience& patience) {
     if (patience.cancellation.isCancelled()) return Waited::cancelled;
     if (ready > 0) return Waited::ready;
     if (ready == 0 && left == 0) return Waited::deadline;
-    if (ready < 0 && errno != EINTR)
-      return Waited::ready;  // the caller's next call reports the error
+    if (ready < 0 && errno != EINTR) return Waited::ready;  // the next call reports it
   }
 }
 

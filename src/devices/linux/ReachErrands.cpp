@@ -169,7 +169,7 @@ Known<checks::NameResolution> lookUp(const std::string& name, const checks::Addr
         return resolveAsSystem(name, *addresses.systemDnsServers, patience);
       });
     } catch (const std::system_error&) {
-      return noSocket(EMFILE, {});  // no thread
+      return noSocket(EMFILE, {});  // no thread left
     }
   }
   const auto answer = resolve(name, way, patience);

@@ -43,8 +43,8 @@ class Rfkill {
   Rfkill another() const { return Rfkill(interface_, path_, interfaces_); }
 
   // Finds the switches and reads their state. noHardware: the interface is gone. notSupported: the
-  // radio has no switch, or the kernel does not show it. notPermitted: there will be no events, but
-  // `poweredOn` returns the current state; call `open` again to refresh it.
+  // radio has no switch (treat it as on), or the kernel does not show it. notPermitted: there will
+  // be no events, but `poweredOn` returns the current state; call `open` again to refresh it.
   std::optional<checks::Unknown> open();
 
   // Whether no switch blocks the radio. Empty before `open` and for a radio without switches.

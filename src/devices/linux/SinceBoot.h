@@ -6,7 +6,7 @@
 
 namespace wifi_profile::machine {
 
-// The time by CLOCK_BOOTTIME.
+// Returns the current time of CLOCK_BOOTTIME.
 inline std::chrono::nanoseconds sinceBoot() {
   timespec now{};
   clock_gettime(CLOCK_BOOTTIME, &now);

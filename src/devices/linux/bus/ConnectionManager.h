@@ -55,7 +55,7 @@ class ConnectionManager {
 
   Bus& bus_;
   std::optional<Kind> kind_;
-  std::string kindOf_;  // the interface
+  std::string kindOf_;  // the interface that `kind_` belongs to
 };
 
 }  // namespace wifi_profile::machine

@@ -30,7 +30,7 @@ constexpr auto kDhcp4Config = "org.freedesktop.NetworkManager.DHCP4Config";
 constexpr auto kIp4Config = "org.freedesktop.NetworkManager.IP4Config";
 constexpr auto kIp6Config = "org.freedesktop.NetworkManager.IP6Config";
 
-constexpr std::int64_t kUnmanaged = 10;  // the device's state
+constexpr std::int64_t kUnmanaged = 10;  // a device's state: not managed by NetworkManager
 
 // Returns the path of an object; empty if there is none, which "/" stands for.
 std::optional<std::string> objectAt(const BusValue& properties, const char* key) {

@@ -15,10 +15,9 @@ namespace wifi_profile::machine {
 // A member of a bond, team or bridge that sends instead of the link, or in addition to it.
 struct OtherMember {
   std::string name;
-  std::string master;  // the bond, team or bridge
-  std::string
-      memberOfLink;  // the member of the same master that is or contains the link's interface
-  bool sendsAlone = false;  // the bond sends through its active member only
+  std::string master;        // the bond, team or bridge
+  std::string memberOfLink;  // the member that is or contains the link's
+  bool sendsAlone = false;   // the bond sends through its active member only
 
   bool operator==(const OtherMember&) const = default;
 };

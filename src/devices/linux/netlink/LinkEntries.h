@@ -16,8 +16,7 @@ namespace wifi_profile::machine {
 
 // The access point, from the kernel's station entry.
 struct StationEntry {
-  std::string
-      address;  // as checks::Link::bssid; with several links, the address of all of them together
+  std::string address;  // as checks::Link::bssid; of all links where there are several
   std::optional<int> signal =
       std::nullopt;  // dBm: mean of the beacons, else mean of all frames, else of the last frame
   std::optional<int> beaconInterval = std::nullopt;  // TU

@@ -58,14 +58,14 @@ class Nl80211 {
   checks::Known<std::chrono::nanoseconds> triggerScan(const WifiInterface& interface,
                                                       const Patience& patience);
 
-  // Wait for a scan that another program makes. `watchScans` starts to record scan events.
-  // `awaitScanResults` returns when a scan of the interface that counts has brought results, at
-  // once if it has already. Errors as for triggerScan. Any user.
+  // For a scan that another program makes. `watchScans` starts to record scan events.
+  // `awaitScanResults` returns when a scan that counts (see ScansThat) has brought results, at once
+  // if it has already. Errors as for triggerScan. Any user.
   NotDone watchScans(const Patience& patience);
   NotDone awaitScanResults(const WifiInterface& interface, ScansThat which,
                            const Patience& patience);
 
-  // Report changes of the link. `watchLink` starts to record them. `takeLinkEvents` returns those
+  // For changes of the link. `watchLink` starts to record them. `takeLinkEvents` returns those
   // since its previous call, without waiting. Any user.
   NotDone watchLink(const Patience& patience);
   LinkEvents takeLinkEvents(const WifiInterface& interface);
@@ -79,8 +79,8 @@ class Nl80211 {
   // Returns the same without the interfaces, with one request less.
   checks::Known<checks::Radio> abilities(const WifiInterface& interface, const Patience& patience);
 
-  // Returns the country whose rules the interface's radio follows: its own where it manages them
-  // itself, otherwise the kernel's. notTold: the rules are not a country's.
+  // Returns the country whose rules the interface's radio follows: the radio's own rules if it
+  // manages them itself, otherwise the kernel's. notTold: the rules are not a country's.
   checks::Known<checks::Regulatory> regulatory(const WifiInterface& interface,
                                                const Patience& patience);
 
@@ -95,7 +95,7 @@ class Nl80211 {
                                                     const Patience& patience);
   // Returns 0 or errno's number. `flags` are nl80211's.
   int startScan(const WifiInterface& interface, const Patience& patience, std::uint32_t flags);
-  // Explains why an interface that refuses to scan does.
+  // Explains why this interface refused to scan.
   checks::Unknown whyNoScan(const WifiInterface& interface, const Patience& patience);
   // Waits for the end of a scan. Returns 0 or errno's number. ENOBUFS: events were lost.
   int awaitScanEnd(const WifiInterface& interface, ScansThat which, const Patience& patience,

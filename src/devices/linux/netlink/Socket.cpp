@@ -198,7 +198,7 @@ int NetlinkSocket::listen(int group) {
   if (nl_socket_add_membership(socket_.get(), group) < 0) return errno != 0 ? errno : EIO;
   events_.clear();
   ieee80211::Bytes received;
-  // Bounded, because a busy air could send them as fast as they are read.
+  // Bounded, because events may arrive as fast as they are read.
   for (std::size_t count = 0; count < kMostMessages; ++count) {
     const int error = receive(received);
     if (error == EAGAIN) return 0;
@@ -222,7 +222,7 @@ int NetlinkSocket::nextEvent(const Patience& patience, Message& event) {
 int NetlinkSocket::takeEvents(std::vector<Message>& events) {
   events.clear();
   int error = open();
-  // Bounded, because a busy air could send them as fast as they are read.
+  // Bounded, because events may arrive as fast as they are read.
   for (std::size_t count = 0; error == 0 && count < kMostMessages; ++count) {
     ieee80211::Bytes received;
     error = receive(received);

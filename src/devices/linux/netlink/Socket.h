@@ -50,8 +50,8 @@ class Request {
 
 // A message from the kernel.
 struct Message {
-  int type = 0;                       // of netlink
-  int command = 0;                    // of generic netlink
+  int type = 0;                       // netlink's message type
+  int command = 0;                    // generic netlink's command
   std::vector<std::uint8_t> payload;  // after the headers of netlink and of generic netlink
 };
 

@@ -269,7 +269,7 @@ class Resolver {
     return sendmsg(socket, &message, MSG_NOSIGNAL);
   }
 
-  // RFC 1035, 4.1.1.
+  // Records an error that a server answered with (RFC 1035, 4.1.1).
   void noteCode(unsigned code) {
     if (code == 2) failure_ = ARES_ESERVFAIL;
     if (code == 4) failure_ = ARES_ENOTIMP;

@@ -18,7 +18,8 @@ struct Way {
   // have a "%zone". At most four are used. A server on this machine is used, without the interface,
   // only if there is no other. Unset: the servers that the system has configured.
   std::optional<std::vector<std::string>> nameServers;
-  // Whether to query them as the system routes, for instance because they are behind a tunnel.
+  // Whether the system's routes decide how to reach these servers, for instance because they are
+  // behind a tunnel.
   bool asksAsSystem = false;
 };
 

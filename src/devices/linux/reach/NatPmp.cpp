@@ -13,9 +13,8 @@ namespace wifi_profile::machine {
 namespace {
 
 constexpr std::uint16_t kPort = 5351;
-constexpr std::string_view kQuestion("\0\0", 2);  // version 0, the public address
-constexpr std::chrono::milliseconds kTime{
-    1000};  // in total; repeats the request after 250 and 750 ms
+constexpr std::string_view kQuestion("\0\0", 2);  // version 0, opcode 0: the public address
+constexpr std::chrono::milliseconds kTime{1000};  // in total; repeats at 250 and 750 ms
 constexpr std::chrono::milliseconds kFirstWait{250};
 
 }  // namespace

@@ -20,9 +20,8 @@ namespace wifi_profile::machine {
 
 struct PingPlan {
   int count = 3;
-  std::chrono::milliseconds interval{
-      100};                              // from the beginning of one to the beginning of the next
-  std::chrono::milliseconds time{4000};  // in total; less if all answers arrive
+  std::chrono::milliseconds interval{100};  // between the beginnings of two pings
+  std::chrono::milliseconds time{4000};     // in total; less if all answers arrive
   // TCP ports. All are tried until one answers, with a connection or a refusal; later pings use
   // that one.
   std::vector<std::uint16_t> ports = {443, 80, 53};

@@ -17,8 +17,8 @@ namespace {
 
 constexpr int kHopTries = 3;
 constexpr std::chrono::milliseconds kBetweenHopTries{250};
-constexpr std::chrono::milliseconds kHopTime{
-    1200};                                    // in total; a slow router can still answer the first
+// In total. A slow router can still answer the first packet.
+constexpr std::chrono::milliseconds kHopTime{1200};
 constexpr std::uint16_t kUnusedPort = 33434;  // by convention no program listens there
 
 // Returns the sender of the ICMP error that the socket received: the router where the packet's time

@@ -21,8 +21,7 @@ class Watchdog {
   Watchdog(const Watchdog&) = delete;
   Watchdog& operator=(const Watchdog&) = delete;
 
-  // Takes the socket over. False at or after the deadline or cancellation: the caller keeps the
-  // socket.
+  // Takes over the socket. False after the deadline or cancellation: the caller keeps the socket.
   bool add(int socket);
   void close(int socket);
 
