@@ -152,8 +152,8 @@ Known<checks::Pings> pingInternet(const Facts& known, const std::string& host, c
   return ping(*address, way.interface, {}, patience);
 }
 
-// Looks the name up at the link's servers and, if the system uses others, at the same time at
-// those: both must know it.
+// Looks the name up at the link's servers and, in parallel, at the system's servers if these are
+// others. Both must know the name.
 Known<checks::NameResolution> lookUp(const std::string& name, const checks::Addresses& addresses,
                                      const Way& way, const Patience& patience) {
   const auto& through = addresses.systemDnsThrough;

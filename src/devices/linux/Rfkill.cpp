@@ -52,7 +52,7 @@ std::vector<std::uint32_t> switchesIn(const std::filesystem::path& folder, std::
   return numbers;
 }
 
-// Whether a file in sysfs contains 1; empty if it cannot be read.
+// Whether a flag in sysfs is set; empty if the file cannot be read.
 std::optional<bool> isSet(const std::filesystem::path& file) {
   const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   char digit = 0;

@@ -16,7 +16,7 @@ namespace wifi_profile::machine {
 inline constexpr std::size_t kLongestBusList = 5000;
 
 // NetworkManager's data about the active connection, as its methods and properties returned them;
-// empty if it did not.
+// empty values where they did not answer.
 struct ActiveProfileSources {
   BusValue settings;      // Settings.Connection.GetSettings, a{sa{sv}}
   BusValue device;        // properties of the Device, a{sv}

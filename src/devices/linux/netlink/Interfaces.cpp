@@ -67,7 +67,7 @@ std::optional<WifiInterface> interfaceOf(const Attributes& attributes) {
 }
 
 void sortForUse(std::vector<WifiInterface>& interfaces) {
-  // A station has a channel only while it is joined. Some kernels then report no name.
+  // A station has a channel only while it is joined. Some kernels report no name even then.
   const auto key = [](const WifiInterface& one) {
     return std::tuple(one.role != Role::station, !one.ssid && !one.frequency, one.index);
   };

@@ -85,7 +85,7 @@ class NetlinkSocket {
   struct Closer {
     void operator()(nl_sock* socket) const;
   };
-  // The state of a dump that is being received.
+  // The state of an answer that is being received.
   struct Progress {
     bool ended = false;
     bool interrupted = false;

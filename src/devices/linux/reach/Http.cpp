@@ -217,7 +217,7 @@ bool isHeaderTooLong(CURLcode code, const Transfer& transfer) {
   return code == CURLE_OUT_OF_MEMORY && transfer.opened;
 }
 
-// Returns HttpAnswer::remedy.
+// Returns the value for HttpAnswer::remedy.
 std::string remedyFor(CURLcode code, const Transfer& transfer) {
   switch (code) {
     case CURLE_SSL_CACERT_BADFILE:

@@ -32,7 +32,8 @@ bool bindToAddress(int socket, int family, const std::string& interface) {
 
 using AddressBytes = std::array<std::uint8_t, 16>;
 
-// Returns the address as IPv6, IPv4 as a mapped address, without port and zone.
+// Returns the bytes of an IPv6 address, or of the mapped address for an IPv4 one, without port and
+// zone.
 std::optional<AddressBytes> bytesOf(const Address& address) {
   AddressBytes bytes{};
   if (address.family() == AF_INET) {

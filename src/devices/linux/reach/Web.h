@@ -22,11 +22,11 @@ struct PortalQuestion {
   std::string apiUrl;  // the network's captive portal API (RFC 8908), https; empty: it has none
 };
 
-// Asks the API, if there is one, and requests the page at the same time, without a proxy and
+// Asks the API, if there is one, and at the same time requests the page, without a proxy and
 // without following a redirect. The page counts if the API gives no answer. open: 204, 200 with an
-// empty body, or 200 with the expected text. portal: another body, a redirect, or 511. A redirect
-// to the same host by https is neither: no answer. 5 s in total. Reads at most 8 KiB of the API's
-// answer and 64 KiB of the page.
+// empty body, or 200 with the expected text. portal: 200 with another body, a redirect, or 511. A
+// redirect to the same host by https is neither: it gives noAnswer. 5 s in total. Reads at most 8
+// KiB of the API's answer and 64 KiB of the page.
 checks::Known<checks::PortalProbe> probePortal(const PortalQuestion& question, const Way& way,
                                                const Patience& patience);
 
