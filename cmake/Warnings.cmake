@@ -8,8 +8,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LES
   # gcc 12 sees an overlap in `"text" + std::string` where there is none (gcc bug 105651).
   target_compile_options(wifi_profile_options INTERFACE -Wno-restrict)
 endif()
-if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_UNITY_BUILD)
-  # gcc takes the files that are compiled as one for headers, whose anonymous namespaces it warns of.
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  # Where files are compiled as one, gcc takes them for headers, and warns of their anonymous namespaces.
   target_compile_options(wifi_profile_options INTERFACE -Wno-subobject-linkage)
 endif()
 if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
