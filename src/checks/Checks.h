@@ -69,8 +69,8 @@ std::span<const Check> allChecks();
 // Returns the row of a test.
 const Check& checkOf(DiagnosticsTestID id);
 
-// Returns why the test's result is bad, in sentences for the log, because a result has no field for
-// them. Empty if the facts contain no explanation.
+// Returns why the test's result is bad, or what else must be said of it, in sentences for the log,
+// because a result has no field for them. Empty if the facts contain no explanation.
 std::string problemOf(const Question& question, DiagnosticsTestID id);
 
 }  // namespace wifi_profile::checks

@@ -160,8 +160,7 @@ constexpr std::array kReachRows{
           .measures = "Whether a host in the Internet answers, and how fast.",
           .from = "ICMP or ICMPv6 echoes through the Wi-Fi interface, where the kernel allows them "
                   "to this user; without all of their answers after 1 s, or without echoes, TCP "
-                  "connections, of which a refusal is an answer, too; after a failure the log says "
-                  "where the "
+                  "connections, of which a refusal is an answer, too; the log says where the "
                   "system's own packets to the Internet leave by another interface alone, such as "
                   "a tunnel (RTM_GETROUTE)",
           .threshold = "one answer to 3, sent 0.1 s apart, within 4 s in all",
@@ -265,13 +264,16 @@ std::string problemSentence(std::string_view what, const Known<T>& fact) {
   return problem.empty() ? "" : "The " + std::string(what) + ": " + problem + ".";
 }
 
-// A program can reach the Internet although this ping fails, if its packets leave by another
-// interface.
-std::string problemOfWanPings(const Facts& facts) {
-  const std::string problem = problemSentence("ping of the Internet", facts.wanPings);
-  if (problem.empty() || !facts.addresses || !facts.addresses->otherWayOut) return problem;
-  return problem + " This machine's own packets to the Internet go through " +
-         *facts.addresses->otherWayOut + ", not through the Wi-Fi link that is tested.";
+// What programs reach is not reached through Wi-Fi then.
+std::string otherWayOut(const Facts& facts) {
+  if (!facts.addresses || !facts.addresses->otherWayOut) return {};
+  return "This machine's own packets to the Internet go through " + *facts.addresses->otherWayOut +
+         ", not through the Wi-Fi link that is tested.";
+}
+
+std::string joined(std::string first, const std::string& second) {
+  if (!first.empty() && !second.empty()) first += ' ';
+  return first + second;
 }
 
 }  // namespace
@@ -283,7 +285,7 @@ std::string problemOf(const Question& question, DiagnosticsTestID id) {
     case DiagnosticsTestID::PingLAN:
       return problemSentence("ping of the router", facts.lanPings);
     case DiagnosticsTestID::PingWAN:
-      return problemOfWanPings(facts);
+      return joined(problemSentence("ping of the Internet", facts.wanPings), otherWayOut(facts));
     case DiagnosticsTestID::ResolveDNS:
       return problemSentence("look-up of a name", facts.nameResolution);
     case DiagnosticsTestID::CaptivePortal:

@@ -83,18 +83,18 @@ TEST_F(ReachChecks, SayWhatWasReached) {
   }
 }
 
-TEST_F(ReachChecks, SayOfAFailedPingThatTheSystemsOwnPacketsGoThroughAnotherInterface) {
+TEST_F(ReachChecks, SayWhereTheSystemsOwnPacketsGoThroughAnotherInterface) {
   facts.wanPings = Pings{.target = "192.0.2.1", .sent = 1, .answers = {Seconds(0.01)}};
   facts.addresses = Addresses{};
   const auto said = [this] { return problemOf({facts, settings, nullptr}, Id::PingWAN); };
-  facts.addresses->otherWayOut = "tun0";
   EXPECT_EQ(said(), "");
-  facts.wanPings->answers.clear();
+  facts.addresses->otherWayOut = "tun0";
   EXPECT_EQ(said(),
-            "The ping of the Internet: no echo was answered by 192.0.2.1. This machine's own "
-            "packets to the Internet go through tun0, not through the Wi-Fi link that is tested.");
-  facts.addresses->otherWayOut.reset();
-  EXPECT_EQ(said(), "The ping of the Internet: no echo was answered by 192.0.2.1.");
+            "This machine's own packets to the Internet go through tun0, not through the Wi-Fi "
+            "link that is tested.");
+  facts.wanPings->answers.clear();
+  EXPECT_THAT(said(), ::testing::StartsWith("The ping of the Internet: no echo was answered by"));
+  EXPECT_THAT(said(), ::testing::HasSubstr(". This machine's own packets"));
 }
 
 TEST_F(ReachChecks, SayNothingOfAnotherNetwork) {
