@@ -136,7 +136,7 @@ Errand boundToLink(Errand errand, ChangeOfLink change) {
                                             const Patience& patience) -> Found {
     const auto before = change(patience);
     const bool isInVain = before && before->gone.both(gives) == gives;
-    const Found found = isInVain ? Found() : run(known, patience);
+    Found found = isInVain ? Found() : run(known, patience);
     const auto changed = change(patience);
     if (!changed || !changed->gone.meets(ofLink)) return found;
     return [gone = changed->gone.both(ofLink), why = changed->why, found](checks::Facts& facts) {

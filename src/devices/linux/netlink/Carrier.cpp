@@ -171,6 +171,7 @@ std::optional<int> otherWayOut(int interface, const std::vector<std::optional<in
 
 std::optional<std::string> otherWayOut(int interface, const Patience& patience) {
   std::vector<std::optional<int>> ways;
+  ways.reserve(kInTheInternet.size());
   for (const char* const address : kInTheInternet) {
     ways.push_back(interfaceTowards(address, patience));
   }
