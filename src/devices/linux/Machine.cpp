@@ -133,8 +133,9 @@ Machine::Began Machine::scanByManager(Nl80211& kernel, const Patience& patience)
     if (!started) return started.why();
     if (*started == ScanStart::notReady) return kNotReady;
     if (*started == ScanStart::started) {
-      if (NotDone why = kernel.awaitScanResults(interface_, ScansThat::beganAndEnded, patience))
+      if (NotDone why = kernel.awaitScanResults(interface_, ScansThat::beganAndEnded, patience)) {
         return *why;
+      }
       return asked;
     }
     // Too soon: a scan is under way, or has just ended.
