@@ -4,18 +4,18 @@
 #include <benchmark/benchmark.h>
 #include <chrono>
 
+#include "app/cli/TracingScreen.h"
 #include "benchmarks/ScanListInputs.h"
-#include "controller/WiFiProfileViewController.h"
 #include "devices/scenario/ScenarioDevice.h"
-#include "host/TracingScreen.h"
-#include "platform/DiagnosticLog.h"
-#include "platform/DiagnosticsSupport.h"
-#include "platform/toolkit/Alert.h"
+#include "diagnostic/controller/WiFiProfileViewController.h"
+#include "diagnostic/platform/DiagnosticLog.h"
+#include "diagnostic/platform/DiagnosticsSupport.h"
+#include "diagnostic/platform/toolkit/Alert.h"
 #include "runtime/BuiltInStringTable.h"
 #include "runtime/IcuNameCollator.h"
 #include "runtime/Iso8601Formatter.h"
+#include "runtime/NoScreen.h"
 #include "runtime/VirtualTimeRunLoop.h"
-#include "screens/none/NoScreen.h"
 
 namespace wifi_profile {
 namespace {
@@ -46,7 +46,7 @@ class TimedQueues final : public WorkQueues {
     longest = std::max(longest, Clock::now() - before);
   }
 
-  VirtualTimeRunLoop loop;
+  runtime::VirtualTimeRunLoop loop;
   Clock::duration longest{0};
 };
 
@@ -117,12 +117,12 @@ class Picker {
   Install<WiFiManagerService> radio_{device_.radio};
   Install<DeviceCapability> capability_{device_.capability};
   Install<HsTestAutomation> automation_{device_.automation};
-  Install<HsDateFormatter> dates_{std::make_shared<Iso8601Formatter>()};
+  Install<HsDateFormatter> dates_{std::make_shared<runtime::Iso8601Formatter>()};
   Install<DiagnosticLog> log_{std::make_shared<Quiet>()};
-  Install<StringTable> texts_{std::make_shared<BuiltInStringTable>("en")};
-  Install<NameCollator> order_{std::make_shared<IcuNameCollator>("en")};
+  Install<StringTable> texts_{std::make_shared<runtime::BuiltInStringTable>("en")};
+  Install<NameCollator> order_{std::make_shared<runtime::IcuNameCollator>("en")};
   Install<toolkit::Screen> screen_{
-      std::make_shared<TracingScreen>(std::make_shared<NoScreen>(), trace_)};
+      std::make_shared<cli::TracingScreen>(std::make_shared<runtime::NoScreen>(), trace_)};
   std::shared_ptr<WiFiProfileViewController> controller_ =
       std::make_shared<WiFiProfileViewController>();
 };

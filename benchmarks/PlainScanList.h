@@ -1,5 +1,5 @@
 // The list of a scan as one would write it without a thought for its cost: what the list of
-// src/wifi/ is measured against, and must equal.
+// src/diagnostic/wifi/ is measured against, and must equal.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "wifi/ScanList.h"
+#include "diagnostic/wifi/ScanList.h"
 
 namespace wifi_profile {
 

@@ -6,15 +6,15 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "app/cli/DiagnosticRun.h"
 #include "devices/scenario/ScenarioReader.h"
-#include "host/DiagnosticRun.h"
+#include "diagnostic/tests/Batches.h"
+#include "diagnostic/tests/Catalogue.h"
 #include "runtime/BuiltInStringTable.h"
 #include "runtime/IcuNameCollator.h"
 #include "runtime/JsonReader.h"
 #include "runtime/JsonWriter.h"
 #include "runtime/VirtualTimeRunLoop.h"
-#include "tests/Batches.h"
-#include "tests/Catalogue.h"
 
 namespace wifi_profile {
 namespace {
@@ -35,24 +35,24 @@ const std::string& demoText() {
 
 const scenario::Scenario& demo() {
   static const scenario::Scenario read = std::get<scenario::Scenario>(
-      scenario::readScenario(std::get<ObjectRef>(readJson(demoText()))));
+      scenario::readScenario(std::get<ObjectRef>(runtime::readJson(demoText()))));
   return read;
 }
 
-Outcome runDemo() {
+report::Outcome runDemo() {
   static std::FILE* const nowhere = std::fopen("/dev/null", "w");
   auto inputs = std::make_shared<WiFiProfileInputs>();
   inputs->validateAndInitializeParameters(
       makeDictionary({{"maxScanCacheAge", Number::withUnsigned(60)},
                       {"reprofileWithUI", Number::withBool(false)},
                       {"networkName", makeText("Café Linde")}}));
-  VirtualTimeRunLoop loop;
-  TraceFile trace(loop, nullptr);
-  ProgressLine line(nowhere, ProgressLine::Shows::lines);
-  const auto run = std::make_shared<DiagnosticRun>(
-      onPaper(demo(), loop, trace), inputs,
-      Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>("en"),
-                   std::make_shared<IcuNameCollator>("en")});
+  runtime::VirtualTimeRunLoop loop;
+  cli::TraceFile trace(loop, nullptr);
+  cli::ProgressLine line(nowhere, cli::ProgressLine::Shows::lines);
+  const auto run = std::make_shared<cli::DiagnosticRun>(
+      cli::onPaper(demo(), loop, trace), inputs,
+      cli::Surroundings{loop, trace, line, std::make_shared<runtime::BuiltInStringTable>("en"),
+                        std::make_shared<runtime::IcuNameCollator>("en")});
   run->run();
   return run->outcome();
 }
@@ -61,7 +61,7 @@ Outcome runDemo() {
 void serviceAlone(benchmark::State& state) {
   Nowhere trace;
   for (auto _ : state) {
-    VirtualTimeRunLoop loop;
+    runtime::VirtualTimeRunLoop loop;
     loop.postToGlobal([&] {
       scenario::ScenarioService service(demo(), loop, trace);
       const auto ask = [&](const auto& batch) {
@@ -93,19 +93,19 @@ void readByTheLibrary(benchmark::State& state) {
 BENCHMARK(readByTheLibrary);
 
 void readAsValues(benchmark::State& state) {
-  for (auto _ : state) benchmark::DoNotOptimize(readJson(demoText()));
+  for (auto _ : state) benchmark::DoNotOptimize(runtime::readJson(demoText()));
 }
 BENCHMARK(readAsValues);
 
 void writeByTheLibrary(benchmark::State& state) {
-  const auto record = nlohmann::json::parse(jsonText(runDemo().data));
+  const auto record = nlohmann::json::parse(runtime::jsonText(runDemo().data));
   for (auto _ : state) benchmark::DoNotOptimize(record.dump());
 }
 BENCHMARK(writeByTheLibrary);
 
 void writeOfValues(benchmark::State& state) {
   const DictionaryRef record = runDemo().data;
-  for (auto _ : state) benchmark::DoNotOptimize(jsonText(record));
+  for (auto _ : state) benchmark::DoNotOptimize(runtime::jsonText(record));
 }
 BENCHMARK(writeOfValues);
 

@@ -6,8 +6,8 @@
 
 #include "benchmarks/PlainScanList.h"
 #include "benchmarks/ScanListInputs.h"
+#include "diagnostic/wifi/ScanList.h"
 #include "runtime/IcuNameCollator.h"
-#include "wifi/ScanList.h"
 
 namespace wifi_profile {
 namespace {
@@ -22,7 +22,7 @@ struct Scene {
     second = air.scan();
   }
 
-  const ScopedInstall<NameCollator> collator{std::make_shared<IcuNameCollator>("en")};
+  const ScopedInstall<NameCollator> collator{std::make_shared<runtime::IcuNameCollator>("en")};
   const PlainScanList plain;
   NameOrder order;
   Neighbourhood air;

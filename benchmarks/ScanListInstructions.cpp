@@ -12,8 +12,8 @@
 
 #include "benchmarks/PlainScanList.h"
 #include "benchmarks/ScanListInputs.h"
+#include "diagnostic/wifi/ScanList.h"
 #include "runtime/IcuNameCollator.h"
-#include "wifi/ScanList.h"
 
 namespace wifi_profile {
 namespace {
@@ -141,7 +141,7 @@ int main(int count, char** arguments) {
     std::fputs("usage: scan_list_instructions <work> <results of a scan>\n", stderr);
     return EXIT_FAILURE;
   }
-  const ScopedInstall<NameCollator> collator(std::make_shared<IcuNameCollator>("en"));
+  const ScopedInstall<NameCollator> collator(std::make_shared<runtime::IcuNameCollator>("en"));
   Scene scene(std::strtoul(arguments[2], nullptr, 10), work->second.rescans, work->second.changes);
   Outcome outcome;
   malloc_trim(0);  // What building the scene left scattered is not tidied up in what is measured.

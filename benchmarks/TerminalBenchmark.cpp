@@ -3,13 +3,13 @@
 #include <benchmark/benchmark.h>
 #include <clocale>
 
-#include "platform/WorkQueues.h"
+#include "app/terminal/Follow.h"
+#include "app/terminal/Press.h"
+#include "app/terminal/TerminalFrame.h"
+#include "diagnostic/platform/WorkQueues.h"
 #include "runtime/BuiltInStringTable.h"
+#include "runtime/NoScreen.h"
 #include "runtime/VirtualTimeRunLoop.h"
-#include "screens/none/NoScreen.h"
-#include "screens/terminal/Follow.h"
-#include "screens/terminal/Press.h"
-#include "screens/terminal/TerminalFrame.h"
 
 namespace wifi_profile {
 namespace {
@@ -39,32 +39,34 @@ class ManyRows final : public toolkit::TableViewDataSource {
 // A page down, or up again at the end of the list, and the frame after it.
 void terminalPage(benchmark::State& state) {
   std::setlocale(LC_CTYPE, "C.UTF-8");
-  const ScopedInstall<WorkQueues> queues(std::make_shared<VirtualTimeRunLoop>());
-  const ScopedInstall<StringTable> texts(std::make_shared<BuiltInStringTable>("en"));
-  const ScopedInstall<toolkit::Screen> screen(std::make_shared<NoScreen>());
+  const ScopedInstall<WorkQueues> queues(std::make_shared<runtime::VirtualTimeRunLoop>());
+  const ScopedInstall<StringTable> texts(std::make_shared<runtime::BuiltInStringTable>("en"));
+  const ScopedInstall<toolkit::Screen> screen(std::make_shared<runtime::NoScreen>());
   const auto rows = std::make_shared<ManyRows>(state.range(0));
   const auto table = std::make_shared<toolkit::TableView>();
   table->registerCell<toolkit::TableViewCell>("row");
   table->setDataSource(rows);
   table->reloadData();
-  const Shown shown{.content = {.bar = nullptr,
-                                .item = nullptr,
-                                .table = table,
-                                .label = nullptr,
-                                .progress = nullptr},
-                    .alert = nullptr,
-                    .tests = {},
-                    .report = nullptr};
-  const Look look{.extent = {static_cast<int>(state.range(1)), static_cast<int>(state.range(2))}};
-  TerminalState own = settled(shown, {}, look);
-  Key key{Key::Name::pageDown, ""};
+  const terminal::Shown shown{.content = {.bar = nullptr,
+                                          .item = nullptr,
+                                          .table = table,
+                                          .label = nullptr,
+                                          .progress = nullptr},
+                              .alert = nullptr,
+                              .tests = {},
+                              .report = nullptr};
+  const terminal::Look look{
+      .extent = {static_cast<int>(state.range(1)), static_cast<int>(state.range(2))}};
+  terminal::TerminalState own = terminal::settled(shown, {}, look);
+  terminal::Key key{terminal::Key::Name::pageDown, ""};
   for ([[maybe_unused]] auto iteration : state) {
     const toolkit::IndexPath before = own.list.cursor;
-    own = pressed(shown, settled(shown, std::move(own), look), look, key).state;
+    own = terminal::pressed(shown, terminal::settled(shown, std::move(own), look), look, key).state;
     if (own.list.cursor == before) {
-      key.name = key.name == Key::Name::pageDown ? Key::Name::pageUp : Key::Name::pageDown;
+      key.name = key.name == terminal::Key::Name::pageDown ? terminal::Key::Name::pageUp
+                                                           : terminal::Key::Name::pageDown;
     }
-    benchmark::DoNotOptimize(frameOf(shown, own, look));
+    benchmark::DoNotOptimize(terminal::frameOf(shown, own, look));
   }
 }
 BENCHMARK(terminalPage)

@@ -9,10 +9,10 @@
 #include <chrono>
 #include <cstdio>
 
-#include "platform/toolkit/NavigationBar.h"
+#include "app/window/WindowScreen.h"
+#include "diagnostic/platform/toolkit/NavigationBar.h"
 #include "runtime/BuiltInStringTable.h"
 #include "runtime/VirtualTimeRunLoop.h"
-#include "screens/window/WindowScreen.h"
 
 namespace wifi_profile {
 namespace {
@@ -102,9 +102,9 @@ class ListWindow {
   QQuickWindow& window() { return screen_->window(); }
 
  private:
-  const ScopedInstall<StringTable> texts_{std::make_shared<BuiltInStringTable>("en")};
-  const ScopedInstall<WorkQueues> queues_{std::make_shared<VirtualTimeRunLoop>()};
-  const std::shared_ptr<WindowScreen> screen_ = std::make_shared<WindowScreen>();
+  const ScopedInstall<StringTable> texts_{std::make_shared<runtime::BuiltInStringTable>("en")};
+  const ScopedInstall<WorkQueues> queues_{std::make_shared<runtime::VirtualTimeRunLoop>()};
+  const std::shared_ptr<window::WindowScreen> screen_ = std::make_shared<window::WindowScreen>();
   const ScopedInstall<toolkit::Screen> installedScreen_;
   const std::shared_ptr<Networks> networks_ = std::make_shared<Networks>();
   const std::shared_ptr<toolkit::ViewController> controller_ =

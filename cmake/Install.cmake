@@ -1,7 +1,7 @@
 # `find_package(WiFiProfile)`: the program, and the libraries with which a host embeds it.
 include(CMakePackageConfigHelpers)
 
-set(installed_targets wifi_profile wifi_profile_runtime wifi_profile_screens wifi_profile_ieee80211
+set(installed_targets wifi_profile wifi_profile_runtime wifi_profile_ieee80211 wifi_profile_facts
     wifi_profile_checks wifi_profile_devices wifi_profile_scenario)
 if(NOT WIFI_PROFILE_CORE_ONLY)
   list(APPEND installed_targets wifi-profile)
@@ -10,10 +10,10 @@ endif()
 install(TARGETS ${installed_targets} EXPORT WiFiProfileTargets
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-foreach(room platform controller tests wifi ui runtime screens ieee80211 checks devices)
-  install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/${room}
+foreach(folder diagnostic runtime analysis devices)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/${folder}
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/wifi_profile FILES_MATCHING PATTERN "*.h"
-          PATTERN linux EXCLUDE PATTERN terminal EXCLUDE PATTERN window EXCLUDE)
+          PATTERN linux EXCLUDE)
 endforeach()
 install(EXPORT WiFiProfileTargets NAMESPACE WiFiProfile::
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/WiFiProfile)

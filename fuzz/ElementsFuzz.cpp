@@ -2,7 +2,7 @@
 // the last octet off changes nothing that stands before the last element.
 
 #include "Require.h"
-#include "ieee80211/Invariants.h"
+#include "analysis/ieee80211/Invariants.h"
 
 using namespace wifi_profile::ieee80211;
 

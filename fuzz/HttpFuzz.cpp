@@ -1,24 +1,26 @@
 // Any bytes as what a web server sends, and as an address in it.
 
 #include "Require.h"
-#include "devices/linux/reach/Http.h"
-#include "devices/linux/reach/HttpServers.h"
-#include "devices/linux/reach/WebAnswers.h"
+#include "devices/linux/probes/Http.h"
+#include "devices/linux/probes/HttpServers.h"
+#include "devices/linux/probes/WebAnswers.h"
 
 using namespace wifi_profile;
-using namespace wifi_profile::machine;
+using namespace wifi_profile::linux;
 
 namespace {
 
 bool isPlain(const std::string& text) {
-  return shortText(text) == text.substr(0, 120) && text.find(' ') == std::string::npos;
+  return linux::probes::shortText(text) == text.substr(0, 120) &&
+         text.find(' ') == std::string::npos;
 }
 
 void resolveAddress(const std::string& reference) {
   const std::string base = "http://router.example:8080/a/b?c";
-  const std::string url = resolvedUrl(base, reference);
-  require(url.empty() || resolvedUrl(base, url) == url, "a resolved address stands for itself");
-  const auto parts = partsOf(url);
+  const std::string url = linux::probes::resolvedUrl(base, reference);
+  require(url.empty() || linux::probes::resolvedUrl(base, url) == url,
+          "a resolved address stands for itself");
+  const auto parts = linux::probes::partsOf(url);
   if (!parts) return;
   require(parts->scheme == "http" || parts->scheme == "https", "only http and https have parts");
   require(!parts->host.empty() && isPlain(parts->host), "a host is plain text");
@@ -27,19 +29,22 @@ void resolveAddress(const std::string& reference) {
 
 void receive(const std::string& reply) {
   constexpr std::size_t kBodyLimit = 256;
-  const TcpServer server(answering(reply));
-  const std::string url = urlOf(server);
-  const Cancellation never;
-  const HttpAnswer answer = exchange(
-      {.url = url, .bodyLimit = kBodyLimit, .headers = {}, .post = {}}, {}, patient(never));
+  const linux::probes::TcpServer server(linux::probes::answering(reply));
+  const std::string url = linux::probes::urlOf(server);
+  const linux::Cancellation never;
+  const linux::probes::HttpAnswer answer =
+      linux::probes::exchange({.url = url, .bodyLimit = kBodyLimit, .headers = {}, .post = {}}, {},
+                              linux::probes::patient(never));
   require(answer.body.size() <= kBodyLimit, "a body is no longer than its limit");
   require(!answer.cutOff || answer.body.size() == kBodyLimit, "what is cut off fills the limit");
   require(answer.complete == answer.problem.empty(), "what is not complete has a problem");
-  require(shortText(answer.problem) == answer.problem, "a problem is short and printable");
+  require(linux::probes::shortText(answer.problem) == answer.problem,
+          "a problem is short and printable");
   require(answer.remedy.empty(), "a server's answer is no fault of this machine");
-  const auto portal = portalFrom(answer, url, "expected");
-  require(shortText(portal.detail) == portal.detail, "details are short and printable");
-  const auto page = pageFrom(answer, "expected");
+  const auto portal = linux::probes::portalFrom(answer, url, "expected");
+  require(linux::probes::shortText(portal.detail) == portal.detail,
+          "details are short and printable");
+  const auto page = linux::probes::pageFrom(answer, "expected");
   require(!page || !page->retrieved || answer.status == 200, "a page comes with status 200");
 }
 

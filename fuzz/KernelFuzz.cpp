@@ -15,7 +15,7 @@
 #include "devices/linux/netlink/ScanEntries.h"
 
 using namespace wifi_profile;
-using namespace wifi_profile::machine;
+using namespace wifi_profile::linux;
 
 namespace {
 
@@ -27,21 +27,23 @@ bool isName(const std::string& name) { return !name.empty() && name.size() <= 32
 bool isAddress(const std::string& text) { return text.size() == 17; }
 
 // The attributes at the top are entries, one each.
-void readScan(Bytes bytes) {
-  std::vector<ScanEntry> entries;
-  for (const Attribute& one : Attributes(bytes)) {
-    auto entry = scanEntryOf(Attributes(one.payload), std::chrono::seconds(1000));
+void readScan(ieee80211::Bytes bytes) {
+  std::vector<linux::netlink::ScanEntry> entries;
+  for (const linux::netlink::Attribute& one : linux::netlink::Attributes(bytes)) {
+    auto entry = linux::netlink::scanEntryOf(linux::netlink::Attributes(one.payload),
+                                             std::chrono::seconds(1000));
     if (!entry) continue;
-    require(entry->others.size() <= ScanEntry::kMostAnnounced, "others are bounded");
+    require(entry->others.size() <= linux::netlink::ScanEntry::kMostAnnounced,
+            "others are bounded");
     require(!entry->age || entry->age->count() >= 0, "ages are not negative");
-    WifiInterface station;
-    station.role = checks::RadioInterface::Role::station;
-    linkOf(station, StationEntry{}, entry);
+    linux::netlink::WifiInterface station;
+    station.role = facts::RadioInterface::Role::station;
+    linux::netlink::linkOf(station, linux::netlink::StationEntry{}, entry);
     entries.push_back(std::move(*entry));
   }
-  const auto list = scanListOf(std::move(entries));
+  const auto list = linux::netlink::scanListOf(std::move(entries));
   std::set<std::string> seen;
-  for (const checks::AccessPoint& point : list.scan.accessPoints) {
+  for (const facts::AccessPoint& point : list.scan.accessPoints) {
     require(seen.insert(point.bssid).second, "each BSSID comes once");
     require(isAddress(point.bssid), "a BSSID is an address");
     require(!point.ssid || isName(*point.ssid), "a name has 1 to 32 bytes");
@@ -51,31 +53,32 @@ void readScan(Bytes bytes) {
   }
 }
 
-void readOthers(Bytes bytes) {
-  const Attributes attributes(bytes);
-  if (const auto one = interfaceOf(attributes)) {
+void readOthers(ieee80211::Bytes bytes) {
+  const linux::netlink::Attributes attributes(bytes);
+  if (const auto one = linux::netlink::interfaceOf(attributes)) {
     require(!one->ssid || isName(*one->ssid), "a joined network has a name");
   }
-  const auto station = stationEntryOf(attributes);
+  const auto station = linux::netlink::stationEntryOf(attributes);
   require(!station || isAddress(station->address), "a station has an address");
-  checks::Radio radio;
-  addToRadio(attributes, radio);
-  finishChannels(radio);
+  facts::Radio radio;
+  linux::netlink::addToRadio(attributes, radio);
+  linux::netlink::finishChannels(radio);
   require(radio.channels.size() <= 1024, "channels are bounded");
-  if (const auto survey = surveyOf(attributes)) {
+  if (const auto survey = linux::netlink::surveyOf(attributes)) {
     require(!survey->busy || survey->busy <= survey->active, "busy is part of the time");
   }
-  const auto regulatory = regulatoryOf(attributes);
+  const auto regulatory = linux::netlink::regulatoryOf(attributes);
   require(!regulatory || regulatory->country.size() == 2, "a country has two letters");
 }
 
 // Two interfaces, one in each half.
 void requireCarrierAmong(const std::vector<std::uint8_t>& bytes) {
   const auto middle = bytes.begin() + static_cast<std::ptrdiff_t>(bytes.size() / 2);
-  const std::vector<Message> links{{.type = RTM_NEWLINK, .payload = {bytes.begin(), middle}},
-                                   {.type = RTM_NEWLINK, .payload = {middle, bytes.end()}}};
-  const auto carrier = carrierOf(4, links);
-  const auto isCarrier = [&](const Message& link) {
+  const std::vector<linux::netlink::Message> links{
+      {.type = RTM_NEWLINK, .payload = {bytes.begin(), middle}},
+      {.type = RTM_NEWLINK, .payload = {middle, bytes.end()}}};
+  const auto carrier = linux::netlink::carrierOf(4, links);
+  const auto isCarrier = [&](const linux::netlink::Message& link) {
     ifinfomsg fields{};
     if (link.payload.size() < sizeof fields) return false;
     std::memcpy(&fields, link.payload.data(), sizeof fields);
@@ -88,7 +91,7 @@ void requireCarrierAmong(const std::vector<std::uint8_t>& bytes) {
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
   if (size == 0) return 0;
-  const Bytes bytes(data + 1, size - 1);
+  const ieee80211::Bytes bytes(data + 1, size - 1);
   switch (static_cast<Reader>(*data % kReaders)) {
     case Reader::scanEntry:
       readScan(bytes);
@@ -98,13 +101,13 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
       break;
     case Reader::addresses: {
       const std::vector<std::uint8_t> payload(bytes.begin(), bytes.end());
-      addressesOf(4, {{.type = RTM_NEWADDR, .payload = payload}},
-                  {{.type = RTM_NEWROUTE, .payload = payload}});
+      linux::netlink::addressesOf(4, {{.type = RTM_NEWADDR, .payload = payload}},
+                                  {{.type = RTM_NEWROUTE, .payload = payload}});
       requireCarrierAmong(payload);
       break;
     }
     case Reader::rfkill:
-      require(!parseRfkillEvent(bytes) || bytes.size() >= 8, "an event has 8 bytes");
+      require(!linux::parseRfkillEvent(bytes) || bytes.size() >= 8, "an event has 8 bytes");
       break;
   }
   return 0;

@@ -3,9 +3,9 @@
 #include <clocale>
 
 #include "Require.h"
-#include "platform/Text.h"
-#include "screens/terminal/KeyDecoder.h"
-#include "screens/terminal/TextEdit.h"
+#include "app/terminal/KeyDecoder.h"
+#include "app/terminal/TextEdit.h"
+#include "diagnostic/platform/Text.h"
 
 using namespace wifi_profile;
 
@@ -19,14 +19,14 @@ bool hasControl(std::string_view text) {
   return false;
 }
 
-void check(const Key& key) {
+void check(const terminal::Key& key) {
   require(isValidUtf8(key.text), "what is typed is UTF-8");
-  const bool isTyped = key.name == Key::Name::character;
-  require(isTyped == (characterCount(key.text) == 1) || key.name == Key::Name::paste,
+  const bool isTyped = key.name == terminal::Key::Name::character;
+  require(isTyped == (characterCount(key.text) == 1) || key.name == terminal::Key::Name::paste,
           "a character is one, and other keys have none");
 }
 
-void check(const EditedText& edit) {
+void check(const terminal::EditedText& edit) {
   require(isValidUtf8(edit.text) && !hasControl(edit.text), "a text has no controls");
   require(edit.caret <= edit.text.size(), "a caret stands in its text");
   require(isValidUtf8(std::string_view(edit.text).substr(0, edit.caret)),
@@ -34,14 +34,15 @@ void check(const EditedText& edit) {
 }
 
 // Bytes that UTF-8 does not have stand for the sequences that the terminal's description names.
-std::optional<Key> keyOf(KeyDecoder& decoder, unsigned char byte) {
+std::optional<terminal::Key> keyOf(terminal::KeyDecoder& decoder, unsigned char byte) {
   if (byte < 0xF5) return decoder.byte(byte);
   if (byte == 0xFE) decoder.pasteBegins();
   if (byte == 0xFE) return std::nullopt;
   if (byte == 0xFF) return decoder.pasteEnds();
-  constexpr Key::Name kNames[]{Key::Name::left, Key::Name::right,    Key::Name::home,
-                               Key::Name::end,  Key::Name::erase,    Key::Name::eraseWord,
-                               Key::Name::up,   Key::Name::pageDown, Key::Name::backTab};
+  constexpr terminal::Key::Name kNames[]{
+      terminal::Key::Name::left, terminal::Key::Name::right,    terminal::Key::Name::home,
+      terminal::Key::Name::end,  terminal::Key::Name::erase,    terminal::Key::Name::eraseWord,
+      terminal::Key::Name::up,   terminal::Key::Name::pageDown, terminal::Key::Name::backTab};
   return decoder.named(kNames[byte - 0xF5]);
 }
 
@@ -50,16 +51,16 @@ std::optional<Key> keyOf(KeyDecoder& decoder, unsigned char byte) {
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t size) {
   static const char* const kLocale = std::setlocale(LC_CTYPE, "C.UTF-8");
   require(kLocale != nullptr, "there is a locale of UTF-8");
-  KeyDecoder decoder;
-  EditedText edit;
+  terminal::KeyDecoder decoder;
+  terminal::EditedText edit;
   for (const unsigned char byte : std::basic_string_view(bytes, size)) {
     const auto key = keyOf(decoder, byte);
     if (!key) continue;
     check(*key);
-    const EditedText before = edit;
-    edit = edited(edit, *key);
+    const terminal::EditedText before = edit;
+    edit = terminal::edited(edit, *key);
     check(edit);
-    if (key->name == Key::Name::character && !hasControl(key->text)) {
+    if (key->name == terminal::Key::Name::character && !hasControl(key->text)) {
       require(edit.text.size() == before.text.size() + key->text.size(), "what is typed is kept");
     }
   }

@@ -2,21 +2,21 @@
 // another one. Two readers of JSON agree on what is said.
 
 #include "Require.h"
-#include "devices/linux/reach/Sockets.h"
-#include "devices/linux/reach/WebAnswers.h"
-#include "platform/Dictionary.h"
-#include "platform/Number.h"
+#include "devices/linux/probes/Sockets.h"
+#include "devices/linux/probes/WebAnswers.h"
+#include "diagnostic/platform/Dictionary.h"
+#include "diagnostic/platform/Number.h"
 #include "runtime/JsonReader.h"
 
 using namespace wifi_profile;
-using namespace wifi_profile::machine;
-using Answer = checks::PortalProbe::Answer;
+using namespace wifi_profile::linux;
+using Answer = facts::PortalProbe::Answer;
 
 namespace {
 
 void readApi(const std::string& body) {
-  const auto captive = captiveFrom(body);
-  const auto read = readJson(body);
+  const auto captive = linux::probes::captiveFrom(body);
+  const auto read = runtime::readJson(body);
   // The other reader refuses more, such as a key that stands twice.
   const auto* const value = std::get_if<ObjectRef>(&read);
   if (!value) return;
@@ -27,13 +27,14 @@ void readApi(const std::string& body) {
 }
 
 void readPage(long status, const std::string& text) {
-  HttpAnswer answer;
+  linux::probes::HttpAnswer answer;
   answer.complete = true;
   answer.status = status;
   answer.body = text;
   if (status == 302) answer.redirect = text;
-  const auto probe = portalFrom(answer, "http://page.example/", "expected");
-  require(shortText(probe.detail) == probe.detail, "details are short and printable");
+  const auto probe = linux::probes::portalFrom(answer, "http://page.example/", "expected");
+  require(linux::probes::shortText(probe.detail) == probe.detail,
+          "details are short and printable");
   const bool isExpected = text.empty() || text.find("expected") != std::string::npos;
   if (status == 204) require(probe.answer == Answer::open, "no content is open");
   if (status == 511) require(probe.answer == Answer::portal, "511 is a portal");

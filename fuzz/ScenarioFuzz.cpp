@@ -1,9 +1,9 @@
 // Any bytes as a scenario file: refused with a place, or run to its end in virtual time.
 
 #include "Require.h"
+#include "app/cli/DiagnosticRun.h"
 #include "devices/scenario/ScenarioReader.h"
-#include "host/DiagnosticRun.h"
-#include "host/Report.h"
+#include "report/ReportText.h"
 #include "runtime/BuiltInStringTable.h"
 #include "runtime/IcuNameCollator.h"
 #include "runtime/JsonReader.h"
@@ -18,7 +18,7 @@ namespace {
 void requireSafe(const std::string& text) {
   std::string lines = text;
   std::erase(lines, '\n');
-  require(safeText(lines) == lines, "the report is safe text");
+  require(runtime::safeText(lines) == lines, "the report is safe text");
 }
 
 void runIt(const scenario::Scenario& scenario) {
@@ -29,28 +29,28 @@ void runIt(const scenario::Scenario& scenario) {
                               {"reprofileWithUI", Number::withBool(scenario.user.has_value())},
                               {"networkName", makeText("Lab")}})),
           "the parameters are good");
-  VirtualTimeRunLoop loop;
-  TraceFile trace(loop, nullptr);
-  Journal journal;
+  runtime::VirtualTimeRunLoop loop;
+  cli::TraceFile trace(loop, nullptr);
+  report::Journal journal;
   trace.addListener(journal);
-  ProgressLine line(nowhere, ProgressLine::Shows::lines);
-  const auto run = std::make_shared<DiagnosticRun>(
-      onPaper(scenario, loop, trace), inputs,
-      Surroundings{loop, trace, line, std::make_shared<BuiltInStringTable>("en"),
-                   std::make_shared<IcuNameCollator>("en")});
-  if (run->run() != Ending::finished) return;
-  requireSafe(reportText(reportOf(run->outcome(), journal), {}));
-  const std::string record = jsonText(run->outcome().data);
-  const auto again = readJson(record);
+  cli::ProgressLine line(nowhere, cli::ProgressLine::Shows::lines);
+  const auto run = std::make_shared<cli::DiagnosticRun>(
+      cli::onPaper(scenario, loop, trace), inputs,
+      cli::Surroundings{loop, trace, line, std::make_shared<runtime::BuiltInStringTable>("en"),
+                        std::make_shared<runtime::IcuNameCollator>("en")});
+  if (run->run() != cli::Ending::finished) return;
+  requireSafe(report::reportText(report::reportOf(run->outcome(), journal), {}));
+  const std::string record = runtime::jsonText(run->outcome().data);
+  const auto again = runtime::readJson(record);
   require(std::holds_alternative<ObjectRef>(again), "the record is JSON");
-  require(jsonText(std::get<ObjectRef>(again)) == record, "and reads as it was written");
+  require(runtime::jsonText(std::get<ObjectRef>(again)) == record, "and reads as it was written");
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t size) {
-  const auto document = readJson({reinterpret_cast<const char*>(bytes), size});
-  if (std::holds_alternative<JsonFault>(document)) return 0;
+  const auto document = runtime::readJson({reinterpret_cast<const char*>(bytes), size});
+  if (std::holds_alternative<runtime::JsonFault>(document)) return 0;
   const auto read = scenario::readScenario(std::get<ObjectRef>(document));
   if (const auto* fault = std::get_if<scenario::Fault>(&read)) {
     require(!fault->found.empty() && !fault->expected.empty(), "a fault says what is wrong");

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "Require.h"
-#include "checks/IpAddresses.h"
-#include "host/SettingsFile.h"
+#include "analysis/facts/IpAddresses.h"
+#include "app/cli/SettingsFile.h"
 #include "runtime/SafeText.h"
 
 using namespace wifi_profile;
@@ -27,24 +27,24 @@ bool areWithin(const checks::Settings& set) {
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t size) {
   const std::string_view text(reinterpret_cast<const char*>(bytes), size);
-  ToolSettings settings;
-  if (const auto problem = addSettings(text, "settings.json", settings)) {
+  cli::ToolSettings settings;
+  if (const auto problem = cli::addSettings(text, "settings.json", settings)) {
     require(problem->message.starts_with("settings.json"), "a message says which file");
     require(problem->message.find("expected") != std::string::npos, "and what was expected");
     return 0;
   }
   require(areWithin(settings.checks), "numbers are in their ranges");
   for (const std::string& subnet : settings.checks.hotspotSubnets) {
-    require(checks::isInSubnet(subnet.substr(0, subnet.find('/')), subnet), "networks are such");
+    require(facts::isInSubnet(subnet.substr(0, subnet.find('/')), subnet), "networks are such");
   }
-  const machine::Targets& targets = settings.targets;
-  require(isWebAddress(targets.siteUrl), "the site is the address of a page");
-  require(isWebAddress(targets.portalUrl) && targets.portalUrl.starts_with("http://"),
+  const linux::Targets& targets = settings.targets;
+  require(cli::isWebAddress(targets.siteUrl), "the site is the address of a page");
+  require(cli::isWebAddress(targets.portalUrl) && targets.portalUrl.starts_with("http://"),
           "the portal's page is one without TLS");
   for (const std::string& host : {targets.pingHost, targets.name}) {
-    require(!host.empty() && safeText(host) == host, "hosts are plain texts");
+    require(!host.empty() && runtime::safeText(host) == host, "hosts are plain texts");
   }
-  ToolSettings again = settings;
-  require(!addSettings(text, "settings.json", again) && again == settings, "twice is as once");
+  cli::ToolSettings again = settings;
+  require(!cli::addSettings(text, "settings.json", again) && again == settings, "twice is as once");
   return 0;
 }

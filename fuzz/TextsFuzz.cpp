@@ -7,12 +7,12 @@
 #include <vector>
 
 #include "Require.h"
-#include "platform/Text.h"
+#include "app/terminal/TextWidth.h"
+#include "diagnostic/platform/Text.h"
 #include "runtime/IcuNameCollator.h"
 #include "runtime/JsonReader.h"
 #include "runtime/JsonWriter.h"
 #include "runtime/SafeText.h"
-#include "screens/terminal/TextWidth.h"
 
 using namespace wifi_profile;
 
@@ -21,25 +21,27 @@ namespace {
 bool isSafe(std::string_view text) {
   for (; !text.empty(); text.remove_prefix(firstCodePoint(text).length)) {
     const CodePoint point = firstCodePoint(text);
-    if (!point.valid || isUnsafeToShow(point.value)) return false;
+    if (!point.valid || runtime::isUnsafeToShow(point.value)) return false;
   }
   return true;
 }
 
 void show(const std::string& text) {
-  const std::string safe = safeText(text);
+  const std::string safe = runtime::safeText(text);
   require(isSafe(safe), "a safe text is one");
-  require(safeText(safe) == safe, "a safe text stays as it is");
+  require(runtime::safeText(safe) == safe, "a safe text stays as it is");
   require(!isSafe(text) || safe == text, "and so does one that was safe");
-  const auto read = readJson(jsonString(text));
+  const auto read = runtime::readJson(runtime::jsonString(text));
   const auto* const value = std::get_if<ObjectRef>(&read);
-  require(value && as<Text>(*value)->string() == validUtf8(text), "JSON gives the text back");
-  require(isSafe(jsonString(text)), "JSON is safe");
+  require(value && as<Text>(*value)->string() == runtime::validUtf8(text),
+          "JSON gives the text back");
+  require(isSafe(runtime::jsonString(text)), "JSON is safe");
   require(isValidUtf8(shortened(safe, 20)) && shortened(safe, 20).size() <= 23, "short is short");
-  const Glyphs glyphs = glyphsOf(text);
-  require(isSafe(textOf(glyphs)), "what is shown is safe");
-  require(widthOf(fitted(glyphs, 10, U'~')) <= 10, "what is fitted fits");
-  for (const Glyphs& line : wrapped(glyphs, 10)) require(widthOf(line) <= 10, "lines fit");
+  const terminal::Glyphs glyphs = terminal::glyphsOf(text);
+  require(isSafe(terminal::textOf(glyphs)), "what is shown is safe");
+  require(terminal::widthOf(terminal::fitted(glyphs, 10, U'~')) <= 10, "what is fitted fits");
+  for (const terminal::Glyphs& line : terminal::wrapped(glyphs, 10))
+    require(terminal::widthOf(line) <= 10, "lines fit");
 }
 
 struct Language {
@@ -48,7 +50,7 @@ struct Language {
     rules = ucol_open(name, &status);
     ucol_setStrength(rules, UCOL_SECONDARY);
   }
-  IcuNameCollator keys;
+  runtime::IcuNameCollator keys;
   UCollator* rules = nullptr;  // as long as the process
 };
 

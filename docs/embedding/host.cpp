@@ -1,25 +1,25 @@
 // A host in thirty lines: the diagnostic on a device on paper, in real time.
 #include <cstdio>
 
-#include "controller/WiFiProfileViewController.h"
 #include "devices/scenario/ScenarioDevice.h"
 #include "devices/scenario/ScenarioReader.h"
-#include "platform/DiagnosticLog.h"
+#include "diagnostic/controller/WiFiProfileViewController.h"
+#include "diagnostic/platform/DiagnosticLog.h"
 #include "runtime/BuiltInStringTable.h"
 #include "runtime/IcuNameCollator.h"
 #include "runtime/Iso8601Formatter.h"
 #include "runtime/JsonReader.h"
 #include "runtime/JsonWriter.h"
+#include "runtime/NoScreen.h"
 #include "runtime/SafeText.h"
 #include "runtime/ThreadRunLoop.h"
-#include "screens/none/NoScreen.h"
 
 using namespace wifi_profile;
 
 struct StandardError final : DiagnosticLog {
   bool isEnabled(int, LogLevel level) const override { return level == LogLevel::error; }
   void write(int, LogLevel, const std::string& text) override {
-    std::fprintf(stderr, "%s\n", safeText(text).c_str());
+    std::fprintf(stderr, "%s\n", runtime::safeText(text).c_str());
   }
 };
 
@@ -28,9 +28,9 @@ struct NoTrace final : Trace {
 };
 
 int main() {
-  ThreadRunLoop loop;
+  runtime::ThreadRunLoop loop;
   NoTrace trace;
-  const auto document = readJson(R"({"scenario": 1, "status": [{"ssid": "Home"}],
+  const auto document = runtime::readJson(R"({"scenario": 1, "status": [{"ssid": "Home"}],
       "answers": {"PoorSignal": [{"result": true, "info": {"RSSI": -81, "Noise": -92}}]}})");
   const auto paper = scenario::readScenario(std::get<ObjectRef>(document));
   const scenario::ScenarioDevice device(std::get<scenario::Scenario>(paper), loop, trace);
@@ -41,11 +41,11 @@ int main() {
   const ScopedInstall<WiFiManagerService> radio(device.radio);
   const ScopedInstall<DeviceCapability> capability(device.capability);
   const ScopedInstall<HsTestAutomation> automation(device.automation);
-  const ScopedInstall<HsDateFormatter> dates(std::make_shared<Iso8601Formatter>());
+  const ScopedInstall<HsDateFormatter> dates(std::make_shared<runtime::Iso8601Formatter>());
   const ScopedInstall<DiagnosticLog> log(std::make_shared<StandardError>());
-  const ScopedInstall<StringTable> texts(std::make_shared<BuiltInStringTable>("en"));
-  const ScopedInstall<NameCollator> order(std::make_shared<IcuNameCollator>("en"));
-  const ScopedInstall<toolkit::Screen> screen(std::make_shared<NoScreen>());
+  const ScopedInstall<StringTable> texts(std::make_shared<runtime::BuiltInStringTable>("en"));
+  const ScopedInstall<NameCollator> order(std::make_shared<runtime::IcuNameCollator>("en"));
+  const ScopedInstall<toolkit::Screen> screen(std::make_shared<runtime::NoScreen>());
 
   const auto inputs = std::make_shared<WiFiProfileInputs>();
   if (!inputs->validateAndInitializeParameters(
@@ -57,7 +57,7 @@ int main() {
   diagnostic->setupWithInputs(inputs, nullptr);
   diagnostic->start();
   loop.runUntilIdle();  // until the record is there
-  std::puts(jsonText(diagnostic->result().data()).c_str());
+  std::puts(runtime::jsonText(diagnostic->result().data()).c_str());
   diagnostic->teardown();
   loop.runUntilIdle();
 }

@@ -1,8 +1,8 @@
 #include "devices/DeviceBackEnds.h"
 
-#include "platform/Number.h"
+#include "diagnostic/platform/Number.h"
 
-namespace wifi_profile {
+namespace wifi_profile::devices {
 namespace {
 
 class Capability final : public DeviceCapability {
@@ -69,4 +69,4 @@ VqErrorRef makeError(std::int64_t code, std::string description) {
   return std::make_shared<const VqError>(code, std::move(description));
 }
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::devices

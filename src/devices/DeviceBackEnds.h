@@ -4,12 +4,12 @@
 #include <memory>
 
 #include "devices/ManagedRadio.h"
-#include "platform/DeviceCapability.h"
-#include "platform/DiagnosticsService.h"
-#include "platform/DiagnosticsSupport.h"
-#include "platform/Trace.h"
+#include "diagnostic/platform/DeviceCapability.h"
+#include "diagnostic/platform/DiagnosticsService.h"
+#include "diagnostic/platform/DiagnosticsSupport.h"
+#include "diagnostic/platform/Trace.h"
 
-namespace wifi_profile {
+namespace wifi_profile::devices {
 
 struct DeviceBackEnds {
   std::shared_ptr<VqClient> service;
@@ -37,4 +37,4 @@ TextRef networkNameOf(const VqDiagnosticsTestRequest& request);
 // Returns the error of a failed request or query.
 VqErrorRef makeError(std::int64_t code, std::string description);
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::devices

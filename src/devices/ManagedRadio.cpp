@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/Number.h"
-#include "platform/Text.h"
-#include "platform/WorkQueues.h"
+#include "diagnostic/platform/Number.h"
+#include "diagnostic/platform/Text.h"
+#include "diagnostic/platform/WorkQueues.h"
 
 namespace wifi_profile {
 
@@ -19,6 +19,10 @@ struct WiFiDeviceClient {
 struct WiFiDeviceList {
   std::vector<WiFiDeviceClientRef> devices;
 };
+
+}  // namespace wifi_profile
+
+namespace wifi_profile::devices {
 
 struct ManagedRadio::State {
   std::vector<std::unique_ptr<WiFiDeviceClient>> devices;
@@ -207,4 +211,4 @@ void ManagedRadio::release(WiFiDeviceListRef devices) {
   drop(state_->lists, devices);
 }
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::devices

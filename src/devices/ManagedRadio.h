@@ -7,10 +7,10 @@
 #include <mutex>
 #include <string>
 
-#include "platform/Trace.h"
-#include "platform/WiFiManager.h"
+#include "diagnostic/platform/Trace.h"
+#include "diagnostic/platform/WiFiManager.h"
 
-namespace wifi_profile {
+namespace wifi_profile::devices {
 
 // Gives out clients and device handles, and writes every operation into the trace. A handle that it
 // did not give out, or that was released, has no power and gets no notifications. Any thread; power
@@ -69,4 +69,4 @@ class ManagedRadio : public WiFiManagerService, public std::enable_shared_from_t
   std::unique_ptr<State> state_;
 };
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::devices

@@ -4,7 +4,7 @@
 #include <asio/io_context.hpp>
 #include <asio/post.hpp>
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 struct AsioMainQueue::State {
   asio::io_context context;
@@ -21,4 +21,4 @@ void AsioMainQueue::handleNext() { state_->context.run_one(); }
 
 asio::io_context& AsioMainQueue::context() { return state_->context; }
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

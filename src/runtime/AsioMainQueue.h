@@ -9,7 +9,7 @@ namespace asio {
 class io_context;
 }
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 class AsioMainQueue final : public MainQueue {
  public:
@@ -27,4 +27,4 @@ class AsioMainQueue final : public MainQueue {
   std::unique_ptr<State> state_;
 };
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

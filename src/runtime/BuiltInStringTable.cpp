@@ -5,7 +5,7 @@
 
 #include "runtime/StringFiles.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 // Cuts `text` at the first of the `ends`: returns the part before it and leaves the part after it.
@@ -76,4 +76,4 @@ std::optional<std::string_view> BuiltInStringTable::languageOfLocale(std::string
   return *known;
 }
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

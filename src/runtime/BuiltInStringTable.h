@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/StringTable.h"
+#include "diagnostic/platform/StringTable.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 // "keys" is also a language: each text is its own key.
 inline constexpr std::string_view kKeysLanguage = "keys";
@@ -34,4 +34,4 @@ class BuiltInStringTable final : public StringTable {
   std::map<std::string_view, std::string_view> texts_;  // by key; empty in the language of keys
 };
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -7,7 +7,7 @@
 #include <unicode/ucoleitr.h>
 #include <unicode/uset.h>
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 constexpr std::size_t kShortName = 128;   // bytes
@@ -130,4 +130,4 @@ void IcuLetterKeys::append(const char16_t* units, std::int32_t length, std::stri
   key += weights.second;
 }
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -9,7 +9,7 @@
 
 struct UCollator;  // of ICU
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 // Builds keys of names in the order of a collator that distinguishes letters and accents, but not
 // case. Most names consist of Latin letters and signs, each of which adds the same weights at any
@@ -51,4 +51,4 @@ class IcuLetterKeys {
   std::array<Letter, kLetters> letters_;
 };
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -8,7 +8,7 @@
 #include <unicode/ustring.h>
 #include <vector>
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 // Sizes of a name and its key, in bytes, up to which no memory is allocated on the heap.
@@ -103,4 +103,4 @@ void IcuNameCollator::appendSortKey(std::string_view name, std::string& key) con
   }
 }
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -5,12 +5,12 @@
 #include <mutex>
 #include <optional>
 
-#include "platform/NameCollator.h"
+#include "diagnostic/platform/NameCollator.h"
 #include "runtime/IcuLetterKeys.h"
 
 struct UCollator;  // of ICU
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 // Ignores letter case, respects accents. Bytes that are not valid UTF-8 count as U+FFFD.
 class IcuNameCollator final : public NameCollator {
@@ -36,4 +36,4 @@ class IcuNameCollator final : public NameCollator {
   mutable std::optional<IcuLetterKeys> letterKeys_;
 };
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

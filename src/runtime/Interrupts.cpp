@@ -6,7 +6,7 @@
 #include <thread>
 #include <utility>
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 bool isIgnored(int signal) {
@@ -47,4 +47,4 @@ Interrupts::~Interrupts() {
   state_->thread.join();
 }
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -4,7 +4,7 @@
 #include <functional>
 #include <memory>
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 // While the object exists, calls `handler` on a thread of its own at every SIGINT, SIGTERM and
 // SIGHUP, one call after another. A signal that was ignored when the process started, as with
@@ -22,4 +22,4 @@ class Interrupts final {
   std::unique_ptr<State> state_;
 };
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

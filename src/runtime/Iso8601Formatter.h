@@ -1,9 +1,9 @@
 // Formats the dates of the record.
 #pragma once
 
-#include "platform/DiagnosticsSupport.h"
+#include "diagnostic/platform/DiagnosticsSupport.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 // Has one style, ISO 8601 in UTC to the second, and ignores the requested type.
 class Iso8601Formatter final : public HsDateFormatter,
@@ -18,4 +18,4 @@ class Iso8601Formatter final : public HsDateFormatter,
   }
 };
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -5,12 +5,12 @@
 #include <optional>
 #include <vector>
 
-#include "platform/Array.h"
-#include "platform/Dictionary.h"
-#include "platform/Number.h"
-#include "platform/Text.h"
+#include "diagnostic/platform/Array.h"
+#include "diagnostic/platform/Dictionary.h"
+#include "diagnostic/platform/Number.h"
+#include "diagnostic/platform/Text.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 // An array or object whose end has not been read.
@@ -181,4 +181,4 @@ std::variant<ObjectRef, JsonFault> readJson(std::string_view text) {
                  std::move(builder.found), std::move(builder.expected));
 }
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <variant>
 
-#include "platform/Object.h"
+#include "diagnostic/platform/Object.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 // Why a text is not valid, and where.
 struct JsonFault {
@@ -29,4 +29,4 @@ inline constexpr std::size_t kDeepestJson = 64;
 // nesting deeper than `kDeepestJson`.
 std::variant<ObjectRef, JsonFault> readJson(std::string_view text);
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

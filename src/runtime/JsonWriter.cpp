@@ -5,13 +5,13 @@
 #include <cmath>
 #include <cstdio>
 
-#include "platform/Array.h"
-#include "platform/Dictionary.h"
-#include "platform/Number.h"
-#include "platform/Text.h"
+#include "diagnostic/platform/Array.h"
+#include "diagnostic/platform/Dictionary.h"
+#include "diagnostic/platform/Number.h"
+#include "diagnostic/platform/Text.h"
 #include "runtime/SafeText.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 template <class... Arguments>
@@ -108,4 +108,4 @@ std::string jsonString(std::string_view text) {
   return out + '"';
 }
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

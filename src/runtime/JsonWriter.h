@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Object.h"
+#include "diagnostic/platform/Object.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 // Returns `value` on one line, without blanks, with keys in bytewise order. Each kind of number has
 // a distinct form: true and false; integers; doubles, which have a point or an exponent and the
@@ -19,4 +19,4 @@ std::string jsonText(const ObjectRef& value);
 // Returns a text as a JSON string, including the quotes.
 std::string jsonString(std::string_view text);
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

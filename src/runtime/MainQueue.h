@@ -1,10 +1,10 @@
 // The queue from which the main thread takes its work.
 #pragma once
 
-#include "platform/Interface.h"
-#include "platform/WorkQueues.h"
+#include "diagnostic/platform/Interface.h"
+#include "diagnostic/platform/WorkQueues.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 // The thread that creates it is the main thread.
 class MainQueue : public Interface {
@@ -18,4 +18,4 @@ class MainQueue : public Interface {
   virtual void handleNext() = 0;
 };
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

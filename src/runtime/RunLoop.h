@@ -1,9 +1,9 @@
 // Runs the main queue; the only part that a host drives.
 #pragma once
 
-#include "platform/WorkQueues.h"
+#include "diagnostic/platform/WorkQueues.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 // The thread that creates the run loop is the main thread. The run loop must outlive all work
 // posted to it.
@@ -18,4 +18,4 @@ class RunLoop : public WorkQueues, public Pace {
   virtual void hurry() = 0;
 };
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -4,9 +4,9 @@
 #include <array>
 #include <cstdio>
 
-#include "platform/Text.h"
+#include "diagnostic/platform/Text.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 struct Range {
@@ -77,4 +77,4 @@ std::string safeText(std::string_view text) {
   return safe;
 }
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

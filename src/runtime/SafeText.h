@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 // True if a terminal could do more with a code point than show a character: control characters (C0,
 // DEL, C1), line and paragraph separators, and the invisible characters that change the direction
@@ -19,4 +19,4 @@ std::string validUtf8(std::string_view text);
 // contains nothing that a terminal would act on.
 std::string safeText(std::string_view text);
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -1,9 +1,9 @@
 // Orders names with the standard library alone.
 #pragma once
 
-#include "platform/NameCollator.h"
+#include "diagnostic/platform/NameCollator.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 // Orders names by their code points, which is the order of the bytes of UTF-8, and treats A to Z
 // like a to z. Other letters, with accents or of other scripts, therefore come after z.
@@ -14,4 +14,4 @@ class SimpleNameCollator final : public NameCollator {
   }
 };
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

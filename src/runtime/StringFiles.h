@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 // The content of runtime/strings/<language>.txt: UTF-8; lines `KEY = text`, comment lines that
 // begin with `#`, and empty lines. A test checks the files for this form.
@@ -16,4 +16,4 @@ struct StringFile {
 // Any thread.
 const std::vector<StringFile>& stringFiles();
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

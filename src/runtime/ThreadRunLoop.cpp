@@ -11,7 +11,7 @@
 
 #include "runtime/AsioMainQueue.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 struct ThreadRunLoop::State {
   State(std::shared_ptr<MainQueue> queue, std::size_t workers)
@@ -132,4 +132,4 @@ void ThreadRunLoop::hurry() {
   for (const auto& timer : state_->timers) timer->cancel();
 }
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

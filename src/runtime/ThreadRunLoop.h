@@ -7,7 +7,7 @@
 #include "runtime/MainQueue.h"
 #include "runtime/RunLoop.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 // The main queue runs on the thread that creates the run loop, the global queue on a pool of
 // `workers` threads (at least one). A delayed post waits on a timer and occupies no worker. Work
@@ -38,4 +38,4 @@ class ThreadRunLoop final : public RunLoop {
   std::unique_ptr<State> state_;
 };
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 using std::chrono::nanoseconds;
@@ -195,4 +195,4 @@ nanoseconds VirtualTimeRunLoop::now() const {
   return state_->clock;
 }
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

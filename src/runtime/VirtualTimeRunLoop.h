@@ -6,7 +6,7 @@
 
 #include "runtime/RunLoop.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 // A run loop whose runs are repeatable. Each piece of work on the global queue has a thread, but
 // only one of all threads runs at a time. It hands over when its work ends, pauses or waits for the
@@ -41,4 +41,4 @@ class VirtualTimeRunLoop final : public RunLoop {
   std::unique_ptr<State> state_;
 };
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -10,7 +10,7 @@
 
 #include "runtime/IcuLetterKeys.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 using Collator = std::unique_ptr<UCollator, decltype(&ucol_close)>;
@@ -100,4 +100,4 @@ TEST(IcuLetterKeys, AreNotMadeFromTheTableForOtherBytes) {
 }
 
 }  // namespace
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

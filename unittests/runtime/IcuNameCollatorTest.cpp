@@ -13,7 +13,7 @@
 
 #include "runtime/IcuNameCollator.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 using namespace std::string_literals;
@@ -195,4 +195,4 @@ TEST(IcuNameCollator, ServesSeveralThreadsAtATime) {
 }
 
 }  // namespace
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -5,7 +5,7 @@
 
 #include "runtime/Interrupts.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 TEST(InterruptsTest, TellsOfEachOnAThreadOfItsOwn) {
@@ -32,4 +32,4 @@ TEST(InterruptsTest, LeavesAnIgnoredSignalIgnored) {
 }
 
 }  // namespace
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

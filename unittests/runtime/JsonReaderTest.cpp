@@ -1,11 +1,11 @@
 #include <string>
 
-#include "platform/Array.h"
+#include "diagnostic/platform/Array.h"
 #include "runtime/JsonReader.h"
 #include "runtime/JsonWriter.h"
 #include "support/Matchers.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 using ::testing::ElementsAre;
@@ -161,4 +161,4 @@ TEST(JsonReader, TellsOfAnEarlyEndWhereTheTextEnds) {
 }
 
 }  // namespace
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -2,14 +2,14 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "platform/Array.h"
-#include "platform/DiagnosticsService.h"
-#include "platform/Dictionary.h"
-#include "platform/Number.h"
-#include "platform/Text.h"
+#include "diagnostic/platform/Array.h"
+#include "diagnostic/platform/DiagnosticsService.h"
+#include "diagnostic/platform/Dictionary.h"
+#include "diagnostic/platform/Number.h"
+#include "diagnostic/platform/Text.h"
 #include "runtime/JsonWriter.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 using namespace std::string_literals;
@@ -116,4 +116,4 @@ TEST(JsonStrings, ShowBadBytesByTheirNumbers) {
 }
 
 }  // namespace
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

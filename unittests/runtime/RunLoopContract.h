@@ -10,7 +10,7 @@
 
 #include "runtime/RunLoop.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 
 template <class Loop>
 class RunLoopContract : public ::testing::Test {
@@ -173,4 +173,4 @@ REGISTER_TYPED_TEST_SUITE_P(RunLoopContract, RunsMainWorkOnTheMainThreadInOrder,
                             BeginsNoPauseThatIsCutAlready, LetsGoOfWhatWorkHeldOnceItHasRun,
                             IsIdleAtOnceWithNothingToDoAndAgainAfterWork);
 
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "platform/Text.h"
+#include "diagnostic/platform/Text.h"
 #include "runtime/SafeText.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 using namespace std::string_literals;
@@ -67,4 +67,4 @@ TEST(SafeText, IsValidAndSafeWhateverTheBytes) {
 }
 
 }  // namespace
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -4,7 +4,7 @@
 
 #include "runtime/SimpleNameCollator.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 using namespace std::string_literals;
@@ -58,4 +58,4 @@ TEST(NameCollator, IsTheOneThatIsInstalled) {
 }
 
 }  // namespace
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

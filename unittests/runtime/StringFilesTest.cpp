@@ -11,11 +11,11 @@
 #include <string>
 #include <vector>
 
-#include "platform/Text.h"
+#include "diagnostic/platform/Text.h"
 #include "runtime/BuiltInStringTable.h"
 #include "runtime/SafeText.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 namespace fs = std::filesystem;
@@ -167,4 +167,4 @@ TEST(StringFolder, HasArabicTextsThatBeginWithAnArabicLetter) {
 }
 
 }  // namespace
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -6,7 +6,7 @@
 
 #include "runtime/BuiltInStringTable.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 TEST(StringTable, DiffersByLanguage) {
@@ -74,4 +74,4 @@ TEST(StringTable, AnswersTheInstalledTablesTextOrNothing) {
 }
 
 }  // namespace
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -10,7 +10,7 @@
 #include "runtime/RunLoopContract.h"
 #include "runtime/ThreadRunLoop.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 using std::chrono::milliseconds;
@@ -155,4 +155,4 @@ TEST(ThreadRunLoops, KeepCountUnderManyPosts) {
 }
 
 }  // namespace
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

@@ -5,7 +5,7 @@
 #include "runtime/RunLoopContract.h"
 #include "runtime/VirtualTimeRunLoop.h"
 
-namespace wifi_profile {
+namespace wifi_profile::runtime {
 namespace {
 
 using std::chrono::milliseconds;
@@ -188,4 +188,4 @@ TEST(VirtualTime, FinishesItsWorkBeforeItEnds) {
 }
 
 }  // namespace
-}  // namespace wifi_profile
+}  // namespace wifi_profile::runtime

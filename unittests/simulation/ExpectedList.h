@@ -4,7 +4,7 @@
 #include <map>
 #include <string>
 
-#include "controller/WiFiProfileViewController.h"
+#include "diagnostic/controller/WiFiProfileViewController.h"
 
 namespace wifi_profile::simulation {
 

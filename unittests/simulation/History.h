@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/Text.h"
+#include "diagnostic/platform/Text.h"
 
 namespace wifi_profile::simulation {
 

@@ -1,6 +1,6 @@
 #include "simulation/HostWatch.h"
 
-#include "controller/StatusCodes.h"
+#include "diagnostic/controller/StatusCodes.h"
 
 namespace wifi_profile::simulation {
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <set>
 
-#include "controller/WiFiProfileViewController.h"
+#include "diagnostic/controller/WiFiProfileViewController.h"
 #include "simulation/History.h"
 #include "simulation/SimulatedRadio.h"
 

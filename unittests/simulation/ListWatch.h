@@ -4,8 +4,8 @@
 #include <set>
 #include <string>
 
-#include "controller/WiFiProfileViewController.h"
-#include "platform/NameCollator.h"
+#include "diagnostic/controller/WiFiProfileViewController.h"
+#include "diagnostic/platform/NameCollator.h"
 #include "simulation/ExpectedList.h"
 #include "simulation/History.h"
 

@@ -6,8 +6,8 @@
 #include <mutex>
 #include <vector>
 
-#include "platform/WiFiManager.h"
-#include "platform/WorkQueues.h"
+#include "diagnostic/platform/WiFiManager.h"
+#include "diagnostic/platform/WorkQueues.h"
 #include "simulation/History.h"
 #include "simulation/World.h"
 

@@ -1,6 +1,6 @@
 #include "simulation/SimulatedService.h"
 
-#include "platform/Number.h"
+#include "diagnostic/platform/Number.h"
 
 namespace wifi_profile::simulation {
 namespace {

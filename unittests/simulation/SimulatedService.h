@@ -6,8 +6,8 @@
 #include <mutex>
 #include <set>
 
-#include "platform/DiagnosticsService.h"
-#include "platform/WorkQueues.h"
+#include "diagnostic/platform/DiagnosticsService.h"
+#include "diagnostic/platform/WorkQueues.h"
 #include "simulation/History.h"
 #include "simulation/World.h"
 

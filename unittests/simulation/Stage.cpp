@@ -1,6 +1,6 @@
 #include "simulation/Stage.h"
 
-#include "controller/StatusCodes.h"
+#include "diagnostic/controller/StatusCodes.h"
 #include "runtime/BuiltInStringTable.h"
 #include "runtime/Iso8601Formatter.h"
 
@@ -67,9 +67,9 @@ struct Stage::Surroundings {
         screen(stage.screen_),
         capability(std::make_shared<SimulatedCapability>(stage.world_.capability)),
         automation(std::make_shared<NoAutomation>()),
-        dates(std::make_shared<Iso8601Formatter>()),
+        dates(std::make_shared<runtime::Iso8601Formatter>()),
         log(std::make_shared<NoLog>(stage.history_)),
-        texts(std::make_shared<BuiltInStringTable>(kKeysLanguage)),
+        texts(std::make_shared<runtime::BuiltInStringTable>(runtime::kKeysLanguage)),
         collator(std::make_shared<FoldingCollator>()) {}
   ScopedInstall<WorkQueues> queues;
   ScopedInstall<VqClient> service;
@@ -83,7 +83,7 @@ struct Stage::Surroundings {
   ScopedInstall<NameCollator> collator;
 };
 
-Stage::Stage(World& world, RunLoop& loop, History& history, bool ordered)
+Stage::Stage(World& world, runtime::RunLoop& loop, History& history, bool ordered)
     : world_(world),
       loop_(loop),
       history_(history),

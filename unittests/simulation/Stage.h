@@ -4,11 +4,11 @@
 #include <atomic>
 #include <memory>
 
-#include "platform/DeviceCapability.h"
-#include "platform/DiagnosticLog.h"
-#include "platform/DiagnosticsSupport.h"
-#include "platform/NameCollator.h"
-#include "platform/StringTable.h"
+#include "diagnostic/platform/DeviceCapability.h"
+#include "diagnostic/platform/DiagnosticLog.h"
+#include "diagnostic/platform/DiagnosticsSupport.h"
+#include "diagnostic/platform/NameCollator.h"
+#include "diagnostic/platform/StringTable.h"
 #include "runtime/RunLoop.h"
 #include "simulation/HostWatch.h"
 #include "simulation/ListWatch.h"
@@ -25,7 +25,7 @@ class Stage {
  public:
   // All must outlive the stage. `ordered`: no two threads run side by side, so that what is checked
   // between two pieces of work stands still.
-  Stage(World& world, RunLoop& loop, History& history, bool ordered);
+  Stage(World& world, runtime::RunLoop& loop, History& history, bool ordered);
   ~Stage();
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
@@ -50,7 +50,7 @@ class Stage {
   void checkProgress(const WiFiProfileViewController& controller);
 
   World& world_;
-  RunLoop& loop_;
+  runtime::RunLoop& loop_;
   History& history_;
   const bool ordered_;
   const std::shared_ptr<WatchedQueues> queues_;

@@ -11,7 +11,7 @@ constexpr std::int64_t kTimeDivisor = 20'000;  // a second becomes 50 microsecon
 
 Outcome playOnThreads(std::uint64_t seed) {
   World world(seed, kTimeDivisor);
-  ThreadRunLoop loop;
+  runtime::ThreadRunLoop loop;
   History history(true, [&loop] { return loop.onMainThread() ? "main        " : "background  "; });
   Stage(world, loop, history, false).play();
   return {history.violation(), history.lines()};

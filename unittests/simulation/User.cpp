@@ -1,6 +1,6 @@
 #include "simulation/User.h"
 
-#include "platform/toolkit/NavigationBar.h"
+#include "diagnostic/platform/toolkit/NavigationBar.h"
 
 namespace wifi_profile::simulation {
 namespace {

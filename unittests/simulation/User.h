@@ -4,9 +4,9 @@
 #include <functional>
 #include <string>
 
-#include "controller/WiFiProfileViewController.h"
-#include "platform/toolkit/Alert.h"
-#include "platform/toolkit/TableView.h"
+#include "diagnostic/controller/WiFiProfileViewController.h"
+#include "diagnostic/platform/toolkit/Alert.h"
+#include "diagnostic/platform/toolkit/TableView.h"
 #include "simulation/History.h"
 #include "simulation/World.h"
 

@@ -7,7 +7,7 @@
 namespace wifi_profile::simulation {
 namespace {
 
-std::string timeAndThread(const VirtualTimeRunLoop& loop) {
+std::string timeAndThread(const runtime::VirtualTimeRunLoop& loop) {
   char text[48];
   std::snprintf(text, sizeof text, "%14.9f s  %s ",
                 std::chrono::duration<double>(loop.now()).count(),
@@ -20,7 +20,7 @@ std::string timeAndThread(const VirtualTimeRunLoop& loop) {
 Outcome playInVirtualTime(std::uint64_t seed, bool keepHistory) {
   World world(seed, 1);
   // Some runs take the main queue first and everything else in the order of coming.
-  VirtualTimeRunLoop loop(world.random.oneIn(8) ? 0 : world.random.next());
+  runtime::VirtualTimeRunLoop loop(world.random.oneIn(8) ? 0 : world.random.next());
   History history(keepHistory, [&loop] { return timeAndThread(loop); });
   Stage(world, loop, history, true).play();
   return {history.violation(), history.lines()};

@@ -4,7 +4,7 @@
 #include <functional>
 #include <utility>
 
-#include "platform/WorkQueues.h"
+#include "diagnostic/platform/WorkQueues.h"
 
 namespace wifi_profile::simulation {
 

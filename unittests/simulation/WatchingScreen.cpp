@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/toolkit/Alert.h"
-#include "platform/toolkit/ProgressView.h"
-#include "platform/toolkit/TableView.h"
+#include "diagnostic/platform/toolkit/Alert.h"
+#include "diagnostic/platform/toolkit/ProgressView.h"
+#include "diagnostic/platform/toolkit/TableView.h"
 
 namespace wifi_profile::simulation {
 namespace {

@@ -5,8 +5,8 @@
 #include <set>
 #include <vector>
 
-#include "controller/WiFiProfileViewController.h"
-#include "screens/none/NoScreen.h"
+#include "diagnostic/controller/WiFiProfileViewController.h"
+#include "runtime/NoScreen.h"
 #include "simulation/History.h"
 #include "simulation/ListWatch.h"
 
@@ -14,7 +14,7 @@ namespace wifi_profile::simulation {
 
 // Keeps rows of its own: what was shown before, plus what each batch says. Main thread, but for
 // `operations`, which is asked in virtual time by whoever is in turn.
-class WatchingScreen final : public NoScreen {
+class WatchingScreen final : public runtime::NoScreen {
  public:
   // Both must outlive the screen.
   WatchingScreen(History& history, const ListWatch& list) : history_(history), list_(list) {}

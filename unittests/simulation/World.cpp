@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/Number.h"
+#include "diagnostic/platform/Number.h"
 
 namespace wifi_profile::simulation {
 namespace {

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/Array.h"
-#include "platform/DiagnosticsService.h"
+#include "diagnostic/platform/Array.h"
+#include "diagnostic/platform/DiagnosticsService.h"
 #include "simulation/Random.h"
 
 namespace wifi_profile::simulation {

@@ -16,7 +16,7 @@ std::shared_ptr<WiFiProfileInputs> makeInputs(const TextRef& name, bool list) {
 
 DiagnosticFixture::DiagnosticFixture()
     : events(std::make_shared<Events>()),
-      queues(std::make_shared<VirtualTimeRunLoop>()),
+      queues(std::make_shared<runtime::VirtualTimeRunLoop>()),
       service(std::make_shared<FakeService>(events)),
       log(std::make_shared<RecordingLog>()),
       automation(std::make_shared<FakeAutomation>()),
@@ -25,8 +25,8 @@ DiagnosticFixture::DiagnosticFixture()
       screen(std::make_shared<RecordingScreen>()),
       wifiManager(std::make_shared<FakeWiFiManager>(events)),
       host(std::make_shared<RecordingHost>(events, queues)),
-      installedTexts_(std::make_shared<BuiltInStringTable>(kKeysLanguage)),
-      installedFormatter_(std::make_shared<Iso8601Formatter>()),
+      installedTexts_(std::make_shared<runtime::BuiltInStringTable>(runtime::kKeysLanguage)),
+      installedFormatter_(std::make_shared<runtime::Iso8601Formatter>()),
       installedService_(service),
       installedLog_(log),
       installedAutomation_(automation),

@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-#include "controller/WiFiProfileViewController.h"
-#include "platform/StringTable.h"
-#include "platform/WorkQueues.h"
+#include "diagnostic/controller/WiFiProfileViewController.h"
+#include "diagnostic/platform/StringTable.h"
+#include "diagnostic/platform/WorkQueues.h"
 #include "runtime/VirtualTimeRunLoop.h"
 #include "support/Events.h"
 #include "support/FakeService.h"
@@ -34,7 +34,7 @@ class DiagnosticFixture : public ::testing::Test {
   void letRequestsTake(std::chrono::nanoseconds time);
 
   const EventsRef events;
-  const std::shared_ptr<VirtualTimeRunLoop> queues;
+  const std::shared_ptr<runtime::VirtualTimeRunLoop> queues;
   const std::shared_ptr<FakeService> service;
   const std::shared_ptr<RecordingLog> log;
   const std::shared_ptr<FakeAutomation> automation;

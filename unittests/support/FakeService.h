@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/DiagnosticsService.h"
+#include "diagnostic/platform/DiagnosticsService.h"
 #include "support/Events.h"
 
 namespace wifi_profile {

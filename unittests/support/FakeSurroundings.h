@@ -11,18 +11,18 @@
 #include <variant>
 #include <vector>
 
-#include "platform/DeviceCapability.h"
-#include "platform/DiagnosticLog.h"
-#include "platform/DiagnosticsSupport.h"
-#include "platform/HostFramework.h"
-#include "platform/NameCollator.h"
-#include "platform/toolkit/Alert.h"
-#include "platform/toolkit/NavigationBar.h"
-#include "platform/toolkit/ProgressView.h"
-#include "platform/toolkit/Spinner.h"
-#include "platform/toolkit/TableEvent.h"
+#include "diagnostic/platform/DeviceCapability.h"
+#include "diagnostic/platform/DiagnosticLog.h"
+#include "diagnostic/platform/DiagnosticsSupport.h"
+#include "diagnostic/platform/HostFramework.h"
+#include "diagnostic/platform/NameCollator.h"
+#include "diagnostic/platform/toolkit/Alert.h"
+#include "diagnostic/platform/toolkit/NavigationBar.h"
+#include "diagnostic/platform/toolkit/ProgressView.h"
+#include "diagnostic/platform/toolkit/Spinner.h"
+#include "diagnostic/platform/toolkit/TableEvent.h"
+#include "runtime/NoScreen.h"
 #include "runtime/VirtualTimeRunLoop.h"
-#include "screens/none/NoScreen.h"
 #include "support/Events.h"
 
 namespace wifi_profile {
@@ -101,9 +101,9 @@ class FakeCollator final : public NameCollator {
 // Grants layout passes as any host that draws nothing does, and writes down what it is told, but
 // for constraints and progress in words: "insert [1,0] [1,1]", "spinner start", "alert MESSAGE".
 // Codes other than the usual ones show as such.
-class RecordingScreen final : public NoScreen {
+class RecordingScreen final : public runtime::NoScreen {
  public:
-  using NoScreen::NoScreen;
+  using runtime::NoScreen::NoScreen;
 
   struct AddedConstraint {
     const toolkit::View* holder;
@@ -120,7 +120,7 @@ class RecordingScreen final : public NoScreen {
 
   void needsLayout(const std::shared_ptr<toolkit::ViewController>& controller) override {
     ++layoutsWanted;
-    NoScreen::needsLayout(controller);
+    runtime::NoScreen::needsLayout(controller);
   }
   void constraintWasAdded(const toolkit::View& holder,
                           const toolkit::LayoutConstraint& constraint) override {
@@ -215,7 +215,7 @@ class RecordingScreen final : public NoScreen {
 // The host's side of a diagnostic's end.
 class RecordingHost final : public HxDiagnosticObserver {
  public:
-  RecordingHost(EventsRef events, std::shared_ptr<VirtualTimeRunLoop> queues)
+  RecordingHost(EventsRef events, std::shared_ptr<runtime::VirtualTimeRunLoop> queues)
       : events_(std::move(events)), queues_(std::move(queues)) {}
 
   std::vector<NumberRef> statusCodes;
@@ -239,7 +239,7 @@ class RecordingHost final : public HxDiagnosticObserver {
 
  private:
   EventsRef events_;
-  std::shared_ptr<VirtualTimeRunLoop> queues_;
+  std::shared_ptr<runtime::VirtualTimeRunLoop> queues_;
 };
 
 }  // namespace wifi_profile

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/toolkit/TableView.h"
+#include "diagnostic/platform/toolkit/TableView.h"
 
 namespace wifi_profile::toolkit {
 

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/WiFiManager.h"
+#include "diagnostic/platform/WiFiManager.h"
 #include "support/Events.h"
 
 namespace wifi_profile {

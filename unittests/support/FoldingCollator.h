@@ -17,7 +17,7 @@ class FoldingCollator final : public NameCollator {
   int calls() const { return calls_; }
 
  private:
-  SimpleNameCollator simple_;
+  runtime::SimpleNameCollator simple_;
   mutable std::atomic<int> calls_{0};
 };
 

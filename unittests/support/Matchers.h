@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/Dictionary.h"
-#include "platform/Number.h"
-#include "platform/Text.h"
+#include "diagnostic/platform/Dictionary.h"
+#include "diagnostic/platform/Number.h"
+#include "diagnostic/platform/Text.h"
 #include "runtime/JsonWriter.h"
 
 namespace wifi_profile {
@@ -21,9 +21,9 @@ inline std::string described(const ObjectRef& value) {
   if (isNullPlaceholder(value)) return "the null placeholder";
   if (const auto number = as<Number>(value)) {
     constexpr const char* kKinds[] = {"boolean ", "signed ", "unsigned ", "double "};
-    return kKinds[number->value().index()] + jsonText(value);
+    return kKinds[number->value().index()] + runtime::jsonText(value);
   }
-  return jsonText(value);
+  return runtime::jsonText(value);
 }
 
 template <class T>

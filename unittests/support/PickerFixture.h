@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/toolkit/Alert.h"
-#include "platform/toolkit/RefreshControl.h"
+#include "diagnostic/platform/toolkit/Alert.h"
+#include "diagnostic/platform/toolkit/RefreshControl.h"
 #include "support/DiagnosticFixture.h"
 #include "support/FakeTableRows.h"
 

@@ -4,12 +4,12 @@
 #include <fstream>
 #include <system_error>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 
-using checks::Coexistence;
-using checks::Known;
-using checks::Reason;
-using checks::Unknown;
+using facts::Coexistence;
+using facts::Known;
+using facts::Reason;
+using facts::Unknown;
 
 namespace {
 
@@ -37,13 +37,15 @@ std::optional<bool> flagFrom(const std::string& text) {
 
 }  // namespace
 
-Known<Coexistence> readCoexistence(const std::string& interface, const fs::path& sysfs) {
+facts::Known<facts::Coexistence> readCoexistence(const std::string& interface,
+                                                 const fs::path& sysfs) {
   const fs::path driverLink =
       sysfs / "class/net" / fs::path(interface).filename() / "device/driver";
   const std::string driver = linkedName(driverLink);
   if (driver.empty()) {
-    return Unknown{Reason::noHardware, "No driver is behind " + interface +
-                                           ". Plug the device in again, or use another one."};
+    return facts::Unknown{
+        facts::Reason::noHardware,
+        "No driver is behind " + interface + ". Plug the device in again, or use another one."};
   }
   const std::string module = linkedName(driverLink / "module");
   const fs::path parameters = sysfs / "module" / (module.empty() ? driver : module) / "parameters";
@@ -51,19 +53,21 @@ Known<Coexistence> readCoexistence(const std::string& interface, const fs::path&
     errno = 0;
     std::ifstream file(parameters / parameter);
     if (!file && errno == EACCES) {
-      return Unknown{Reason::notPermitted, "The parameter " + std::string(parameter) + " of " +
-                                               driver + " cannot be read. Run as root."};
+      return facts::Unknown{facts::Reason::notPermitted, "The parameter " + std::string(parameter) +
+                                                             " of " + driver +
+                                                             " cannot be read. Run as root."};
     }
     std::string text;
     if (!file || !(file >> text)) continue;
-    if (const auto flag = flagFrom(text)) return Coexistence{*flag};
-    return Unknown{Reason::failed, "The parameter " + std::string(parameter) + " of " + driver +
-                                       " is neither on nor off. Set it (modprobe.d)."};
+    if (const auto flag = flagFrom(text)) return facts::Coexistence{*flag};
+    return facts::Unknown{facts::Reason::failed,
+                          "The parameter " + std::string(parameter) + " of " + driver +
+                              " is neither on nor off. Set it (modprobe.d)."};
   }
-  return Unknown{Reason::notSupported,
-                 "The driver " + driver +
-                     " has no parameter about taking turns with Bluetooth. Ask "
-                     "its maker, or use another device."};
+  return facts::Unknown{facts::Reason::notSupported,
+                        "The driver " + driver +
+                            " has no parameter about taking turns with Bluetooth. Ask "
+                            "its maker, or use another device."};
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

@@ -5,15 +5,15 @@
 #include <filesystem>
 #include <string>
 
-#include "checks/DeviceFacts.h"
-#include "checks/Known.h"
+#include "analysis/facts/DeviceFacts.h"
+#include "analysis/facts/Known.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 
 // Reads the driver's coexistence parameter. noHardware: there is no such interface, or no driver
 // behind it. notSupported: the driver's module has no such parameter. notPermitted, failed: the
 // parameter cannot be read. Any thread.
-checks::Known<checks::Coexistence> readCoexistence(const std::string& interface,
-                                                   const std::filesystem::path& sysfs = "/sys");
+facts::Known<facts::Coexistence> readCoexistence(const std::string& interface,
+                                                 const std::filesystem::path& sysfs = "/sys");
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

@@ -4,7 +4,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 
 // Owns a file descriptor and closes it. A negative number means that it owns no descriptor.
 class Descriptor {
@@ -29,4 +29,4 @@ class Descriptor {
   int number_;
 };
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

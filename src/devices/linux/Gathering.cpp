@@ -10,67 +10,67 @@
 
 #include "devices/linux/LeftThreads.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 namespace {
 
-using checks::Fact;
-using checks::Facts;
 using checks::FactSet;
+using facts::Fact;
+using facts::Facts;
 
-void forgetOne(Facts& facts, Fact fact, const checks::Unknown& why) {
+void forgetOne(facts::Facts& facts, facts::Fact fact, const facts::Unknown& why) {
   switch (fact) {
-    case Fact::link:
+    case facts::Fact::link:
       facts.link = why;
       return;
-    case Fact::scan:
+    case facts::Fact::scan:
       facts.scan = why;
       return;
-    case Fact::surveys:
+    case facts::Fact::surveys:
       facts.surveys = why;
       return;
-    case Fact::radio:
+    case facts::Fact::radio:
       facts.radio = why;
       return;
-    case Fact::regulatory:
+    case facts::Fact::regulatory:
       facts.regulatory = why;
       return;
-    case Fact::addresses:
+    case facts::Fact::addresses:
       facts.addresses = why;
       return;
-    case Fact::activeProfile:
+    case facts::Fact::activeProfile:
       facts.activeProfile = why;
       return;
-    case Fact::savedNetworks:
+    case facts::Fact::savedNetworks:
       facts.savedNetworks = why;
       return;
-    case Fact::sessionProxy:
+    case facts::Fact::sessionProxy:
       facts.sessionProxy = why;
       return;
-    case Fact::bluetooth:
+    case facts::Fact::bluetooth:
       facts.bluetooth = why;
       return;
-    case Fact::coexistence:
+    case facts::Fact::coexistence:
       facts.coexistence = why;
       return;
-    case Fact::lanPings:
+    case facts::Fact::lanPings:
       facts.lanPings = why;
       return;
-    case Fact::wanPings:
+    case facts::Fact::wanPings:
       facts.wanPings = why;
       return;
-    case Fact::nameResolution:
+    case facts::Fact::nameResolution:
       facts.nameResolution = why;
       return;
-    case Fact::portalProbe:
+    case facts::Fact::portalProbe:
       facts.portalProbe = why;
       return;
-    case Fact::siteReach:
+    case facts::Fact::siteReach:
       facts.siteReach = why;
       return;
-    case Fact::sitePage:
+    case facts::Fact::sitePage:
       facts.sitePage = why;
       return;
-    case Fact::routerOutside:
+    case facts::Fact::routerOutside:
       facts.routerOutside = why;
       return;
   }
@@ -78,9 +78,9 @@ void forgetOne(Facts& facts, Fact fact, const checks::Unknown& why) {
 
 }  // namespace
 
-void forget(Facts& facts, FactSet gone, const checks::Unknown& why) {
-  for (int fact = 0; fact < checks::kFactCount; ++fact) {
-    if (gone.holds(Fact(fact))) forgetOne(facts, Fact(fact), why);
+void forget(facts::Facts& facts, checks::FactSet gone, const facts::Unknown& why) {
+  for (int fact = 0; fact < facts::kFactCount; ++fact) {
+    if (gone.holds(facts::Fact(fact))) forgetOne(facts, facts::Fact(fact), why);
   }
 }
 
@@ -92,12 +92,12 @@ class Gathering::Work : public std::enable_shared_from_this<Work> {
     for (Errand& errand : errands) tasks_.emplace_back(std::move(errand));
   }
 
-  void begin(FactSet facts) {
+  void begin(checks::FactSet facts) {
     const std::lock_guard lock(mutex_);
     beginLocked(facts);
   }
 
-  std::optional<Facts> await(FactSet facts);
+  std::optional<facts::Facts> await(checks::FactSet facts);
   void cancel();
   void end();
 
@@ -111,23 +111,23 @@ class Gathering::Work : public std::enable_shared_from_this<Work> {
     bool ended = false;  // its thread is done
   };
 
-  void beginLocked(FactSet facts);
-  void giveUpLocked(Task& task, const checks::Unknown& why);
+  void beginLocked(checks::FactSet facts);
+  void giveUpLocked(Task& task, const facts::Unknown& why);
   void perform(Task& task);
   void settle(Task& task, const Found& found);
   void settleOverdue();
-  bool isSettled(FactSet facts) const;
+  bool isSettled(checks::FactSet facts) const;
   std::optional<Clock::time_point> nextOverdue() const;
 
   const std::shared_ptr<const void> used_;
   Cancellation cancellation_;
   std::mutex mutex_;  // guards what follows
   std::condition_variable changed_;
-  Facts facts_;
+  facts::Facts facts_;
   std::list<Task> tasks_;
 };
 
-void Gathering::Work::beginLocked(FactSet facts) {
+void Gathering::Work::beginLocked(checks::FactSet facts) {
   if (cancellation_.isCancelled()) return;
   for (Task& task : tasks_) {
     if (task.settled || task.thread.joinable() || !task.errand.gives.meets(facts)) continue;
@@ -139,7 +139,7 @@ void Gathering::Work::beginLocked(FactSet facts) {
         work->changed_.notify_all();
       });
     } catch (const std::system_error&) {
-      giveUpLocked(task, {checks::Reason::failed,
+      giveUpLocked(task, {facts::Reason::failed,
                           "The system has no threads left: close other programs, and try again."});
       continue;
     }
@@ -147,14 +147,14 @@ void Gathering::Work::beginLocked(FactSet facts) {
   }
 }
 
-void Gathering::Work::giveUpLocked(Task& task, const checks::Unknown& why) {
+void Gathering::Work::giveUpLocked(Task& task, const facts::Unknown& why) {
   forget(facts_, task.errand.gives, why);
   task.settled = true;
   changed_.notify_all();
 }
 
 void Gathering::Work::perform(Task& task) {
-  Facts known;
+  facts::Facts known;
   {
     std::unique_lock lock(mutex_);
     changed_.wait(lock,
@@ -165,10 +165,12 @@ void Gathering::Work::perform(Task& task) {
   }
   changed_.notify_all();  // waiting threads have one more time to watch
   const auto failed = [&task](const std::string& why) -> Found {
-    const checks::Unknown unknown{
-        checks::Reason::failed,
+    const facts::Unknown unknown{
+        facts::Reason::failed,
         "The " + task.errand.name + " failed (" + why + "): close other programs, and try again."};
-    return [gives = task.errand.gives, unknown](Facts& facts) { forget(facts, gives, unknown); };
+    return [gives = task.errand.gives, unknown](facts::Facts& facts) {
+      forget(facts, gives, unknown);
+    };
   };
   try {
     settle(task, task.errand.run(known, {Clock::now() + task.errand.limit, cancellation_}));
@@ -188,7 +190,7 @@ void Gathering::Work::settle(Task& task, const Found& found) {
   changed_.notify_all();
 }
 
-std::optional<Facts> Gathering::Work::await(FactSet facts) {
+std::optional<facts::Facts> Gathering::Work::await(checks::FactSet facts) {
   std::unique_lock lock(mutex_);
   beginLocked(facts);
   while (!cancellation_.isCancelled() && !isSettled(facts)) {
@@ -228,7 +230,7 @@ void Gathering::Work::end() {
   for (std::thread& thread : ended) thread.join();
 }
 
-bool Gathering::Work::isSettled(FactSet facts) const {
+bool Gathering::Work::isSettled(checks::FactSet facts) const {
   return std::all_of(tasks_.begin(), tasks_.end(), [&](const Task& task) {
     return task.settled || !task.errand.gives.meets(facts);
   });
@@ -245,7 +247,7 @@ std::optional<Clock::time_point> Gathering::Work::nextOverdue() const {
 void Gathering::Work::settleOverdue() {
   for (Task& task : tasks_) {
     if (task.settled || !task.overdue || Clock::now() < *task.overdue) continue;
-    giveUpLocked(task, {checks::Reason::tookTooLong,
+    giveUpLocked(task, {facts::Reason::tookTooLong,
                         "The " + task.errand.name + " took too long: try again in a while."});
   }
 }
@@ -255,8 +257,8 @@ Gathering::Gathering(std::vector<Errand> errands, std::shared_ptr<const void> us
 
 Gathering::~Gathering() { work_->end(); }
 
-void Gathering::begin(FactSet facts) { work_->begin(facts); }
-std::optional<Facts> Gathering::await(FactSet facts) { return work_->await(facts); }
+void Gathering::begin(checks::FactSet facts) { work_->begin(facts); }
+std::optional<facts::Facts> Gathering::await(checks::FactSet facts) { return work_->await(facts); }
 void Gathering::cancel() { work_->cancel(); }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

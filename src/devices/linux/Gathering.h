@@ -8,13 +8,13 @@
 #include <string>
 #include <vector>
 
-#include "checks/Checks.h"
+#include "analysis/checks/Checks.h"
 #include "devices/linux/Patience.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 
 // Writes what a task found into `facts`.
-using Found = std::function<void(checks::Facts& facts)>;
+using Found = std::function<void(facts::Facts& facts)>;
 
 // A task that finds facts.
 struct Errand {
@@ -25,11 +25,11 @@ struct Errand {
   // Runs on a thread of its own. `known` holds at least the facts in `after`. Must return when
   // `patience` is over. A task that continues is abandoned: its facts become unknown, and its
   // thread is kept.
-  std::function<Found(const checks::Facts& known, const Patience& patience)> run;
+  std::function<Found(const facts::Facts& known, const Patience& patience)> run;
 };
 
 // Makes these facts unknown, for this reason.
-void forget(checks::Facts& facts, checks::FactSet gone, const checks::Unknown& why);
+void forget(facts::Facts& facts, checks::FactSet gone, const facts::Unknown& why);
 
 // Runs a task when one of its facts is requested. A fact is settled when its task has found it, has
 // failed (also by an exception), has taken too long or was cancelled. A settled fact never changes.
@@ -53,7 +53,7 @@ class Gathering {
 
   // Starts the tasks for these facts, waits until the facts are settled, and returns all facts as
   // they are then. Returns an empty optional when the work is or was cancelled.
-  std::optional<checks::Facts> await(checks::FactSet facts);
+  std::optional<facts::Facts> await(checks::FactSet facts);
 
   // Cancels all tasks. Calls of `await` return at once.
   void cancel();
@@ -63,4 +63,4 @@ class Gathering {
   std::shared_ptr<Work> work_;
 };
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

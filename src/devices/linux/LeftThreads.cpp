@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 namespace {
 
 std::atomic<bool> someAreLeft = false;
@@ -23,4 +23,4 @@ void leaveBehind(std::thread thread) {
 
 bool anyLeftBehind() { return someAreLeft; }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

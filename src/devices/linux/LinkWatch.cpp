@@ -4,22 +4,23 @@
 #include <memory>
 #include <utility>
 
-#include "platform/Text.h"
+#include "diagnostic/platform/Text.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 namespace {
 
-using checks::Fact;
 using checks::FactSet;
+using facts::Fact;
 
 // The facts of one access point and its channel. The surveys belong here because a channel's
 // figures include the frames of the link; the scan does not, because it is about the air.
-constexpr FactSet kOfRadio{Fact::link, Fact::surveys};
+constexpr checks::FactSet kOfRadio{facts::Fact::link, facts::Fact::surveys};
 // The facts of one link to one network. Facts of reachability do not depend on the access point.
-constexpr FactSet kOfNetwork{Fact::link,           Fact::surveys,      Fact::addresses,
-                             Fact::activeProfile,  Fact::lanPings,     Fact::wanPings,
-                             Fact::portalProbe,    Fact::siteReach,    Fact::sitePage,
-                             Fact::nameResolution, Fact::routerOutside};
+constexpr checks::FactSet kOfNetwork{
+    facts::Fact::link,           facts::Fact::surveys,      facts::Fact::addresses,
+    facts::Fact::activeProfile,  facts::Fact::lanPings,     facts::Fact::wanPings,
+    facts::Fact::portalProbe,    facts::Fact::siteReach,    facts::Fact::sitePage,
+    facts::Fact::nameResolution, facts::Fact::routerOutside};
 
 constexpr std::size_t kLongestName = 64;  // bytes in a message
 // Less than kGrace, because a look may begin at a task's deadline.
@@ -30,25 +31,25 @@ constexpr std::chrono::milliseconds kRoamLimit{1000};
 constexpr std::chrono::milliseconds kBetweenLinkLooks{100};
 
 // Whether the answer is definite: there is a link, or there is none.
-bool isAnswer(const checks::Known<checks::Link>& now) {
-  using checks::Reason;
-  return now || (now.why().reason != Reason::tookTooLong && now.why().reason != Reason::failed);
+bool isAnswer(const facts::Known<facts::Link>& now) {
+  using facts::Reason;
+  return now || (now.why().reason != facts::Reason::tookTooLong &&
+                 now.why().reason != facts::Reason::failed);
 }
 
 // `happened` is a predicate such as " was lost".
-checks::Unknown unknownSince(const std::optional<checks::Link>& before,
-                             const std::string& happened) {
+facts::Unknown unknownSince(const std::optional<facts::Link>& before, const std::string& happened) {
   const std::string name =
       before ? " to \"" + shortened(before->ssid, kLongestName) + "\"" : std::string();
-  return {checks::Reason::linkChanged,
+  return {facts::Reason::linkChanged,
           "The link" + name + happened + " while this was asked: run again when it is stable."};
 }
 
 }  // namespace
 
-std::optional<LinkChange> changeOfLink(const std::optional<checks::Link>& before,
-                                       const LinkEvents& events,
-                                       const checks::Known<checks::Link>& now) {
+std::optional<LinkChange> changeOfLink(const std::optional<facts::Link>& before,
+                                       const netlink::LinkEvents& events,
+                                       const facts::Known<facts::Link>& now) {
   const bool isSameNetwork = before && now && now->ssid == before->ssid;
   if (events.lost || events.joined || events.missed) {
     if (isSameNetwork && now->bssid != before->bssid) {
@@ -70,12 +71,14 @@ std::optional<LinkChange> changeOfLink(const std::optional<checks::Link>& before
   return std::nullopt;
 }
 
-LinkSource linkSourceOf(const WifiInterface& interface) {
-  const auto events = std::make_shared<Nl80211>();
-  return {
-      .watch = [events](const Patience& patience) { return events->watchLink(patience); },
-      .takeEvents = [events, interface] { return events->takeLinkEvents(interface); },
-      .now = [interface](const Patience& patience) { return Nl80211().link(interface, patience); }};
+LinkSource linkSourceOf(const netlink::WifiInterface& interface) {
+  const auto events = std::make_shared<netlink::Nl80211>();
+  return {.watch = [events](const Patience& patience) { return events->watchLink(patience); },
+          .takeEvents = [events, interface] { return events->takeLinkEvents(interface); },
+          .now =
+              [interface](const Patience& patience) {
+                return netlink::Nl80211().link(interface, patience);
+              }};
 }
 
 void LinkWatch::begin(const Patience& patience) {
@@ -83,12 +86,12 @@ void LinkWatch::begin(const Patience& patience) {
   if (!begun_) begun_ = !source_.watch(patience.atMost(kLookUpLimit));
 }
 
-void LinkWatch::setLink(const checks::Link& link) {
+void LinkWatch::setLink(const facts::Link& link) {
   const std::lock_guard lock(mutex_);
   link_ = link;
 }
 
-LinkWatch::Look LinkWatch::look(const LinkEvents& events, const Patience& patience) const {
+LinkWatch::Look LinkWatch::look(const netlink::LinkEvents& events, const Patience& patience) const {
   const auto now = [&] {
     return source_.now({Clock::now() + kLookUpLimit, patience.cancellation});
   };
@@ -106,11 +109,11 @@ LinkWatch::Look LinkWatch::look(const LinkEvents& events, const Patience& patien
 std::optional<LinkChange> LinkWatch::change(const Patience& patience) {
   std::unique_lock lock(mutex_);
   if (!begun_ || (change_ && change_->gone == kOfNetwork)) return change_;
-  const LinkEvents taken = source_.takeEvents();
+  const netlink::LinkEvents taken = source_.takeEvents();
   events_.add(taken);
   if (taken.any()) ++rounds_;
   if (!events_.any()) return change_;
-  const LinkEvents events = events_;
+  const netlink::LinkEvents events = events_;
   const int round = rounds_;
   lock.unlock();
   const Look seen = look(events, patience);
@@ -129,17 +132,17 @@ std::optional<LinkChange> LinkWatch::change(const Patience& patience) {
 }
 
 Errand boundToLink(Errand errand, ChangeOfLink change) {
-  const FactSet ofLink = errand.gives.both(kOfNetwork);
-  if (ofLink == FactSet{}) return errand;
+  const checks::FactSet ofLink = errand.gives.both(kOfNetwork);
+  if (ofLink == checks::FactSet{}) return errand;
   errand.run = [run = std::move(errand.run), gives = errand.gives, ofLink,
-                change = std::move(change)](const checks::Facts& known,
+                change = std::move(change)](const facts::Facts& known,
                                             const Patience& patience) -> Found {
     const auto before = change(patience);
     const bool isInVain = before && before->gone.both(gives) == gives;
     Found found = isInVain ? Found() : run(known, patience);
     const auto changed = change(patience);
     if (!changed || !changed->gone.meets(ofLink)) return found;
-    return [gone = changed->gone.both(ofLink), why = changed->why, found](checks::Facts& facts) {
+    return [gone = changed->gone.both(ofLink), why = changed->why, found](facts::Facts& facts) {
       if (found) found(facts);
       forget(facts, gone, why);
     };
@@ -147,4 +150,4 @@ Errand boundToLink(Errand errand, ChangeOfLink change) {
   return errand;
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

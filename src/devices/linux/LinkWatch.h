@@ -10,12 +10,12 @@
 #include "devices/linux/Gathering.h"
 #include "devices/linux/netlink/Nl80211.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 
 // The facts that a change of the link has made invalid, and why.
 struct LinkChange {
   checks::FactSet gone;
-  checks::Unknown why;
+  facts::Unknown why;
 };
 
 // Returns the facts that these events make invalid; empty: none. `before` is the link at the run's
@@ -23,19 +23,19 @@ struct LinkChange {
 // now belongs to another network, all facts of the link are invalid. If it moved to another access
 // point of the same network, or its access point changed the channel, only the facts of its radio
 // are invalid. If events were missed, the link counts as lost when there is no link now. Pure.
-std::optional<LinkChange> changeOfLink(const std::optional<checks::Link>& before,
-                                       const LinkEvents& events,
-                                       const checks::Known<checks::Link>& now);
+std::optional<LinkChange> changeOfLink(const std::optional<facts::Link>& before,
+                                       const netlink::LinkEvents& events,
+                                       const facts::Known<facts::Link>& now);
 
 // The kernel's reports about one link.
 struct LinkSource {
-  std::function<NotDone(const Patience&)> watch;  // starts to record events
-  std::function<LinkEvents()> takeEvents;         // the events since the previous call
+  std::function<netlink::NotDone(const Patience&)> watch;  // starts to record events
+  std::function<netlink::LinkEvents()> takeEvents;         // the events since the previous call
   // Returns the current link. Several threads call it at the same time.
-  std::function<checks::Known<checks::Link>(const Patience&)> now;
+  std::function<facts::Known<facts::Link>(const Patience&)> now;
 };
 
-LinkSource linkSourceOf(const WifiInterface& interface);
+LinkSource linkSourceOf(const netlink::WifiInterface& interface);
 
 // Follows one link for one run. Any thread.
 class LinkWatch {
@@ -46,7 +46,7 @@ class LinkWatch {
   // no events, `change` never finds a change.
   void begin(const Patience& patience);
   // Sets the link that the run is about.
-  void setLink(const checks::Link& link);
+  void setLink(const facts::Link& link);
   // Returns the change of the link since `begin`; empty: no change. Invalid facts stay invalid; the
   // reason changes only if a later change invalidates more facts. After a loss, waits up to 1 s,
   // within the deadline, for a new link. Reads the link also after the deadline, for at most 0.2 s.
@@ -56,17 +56,17 @@ class LinkWatch {
  private:
   // The link after some events, and whether no later reading can change the conclusion.
   struct Look {
-    checks::Known<checks::Link> link;
+    facts::Known<facts::Link> link;
     bool isFinal;
   };
-  Look look(const LinkEvents& events, const Patience& patience) const;
+  Look look(const netlink::LinkEvents& events, const Patience& patience) const;
 
   const LinkSource source_;  // `watch` and `takeEvents` are called with the mutex held
   std::mutex mutex_;         // guards what follows; never held while the link is read
   bool begun_ = false;
-  LinkEvents events_;                 // events that no final look has explained yet
-  int rounds_ = 0;                    // incremented when `events_` changes
-  std::optional<checks::Link> link_;  // unset: not known
+  netlink::LinkEvents events_;       // events that no final look has explained yet
+  int rounds_ = 0;                   // incremented when `events_` changes
+  std::optional<facts::Link> link_;  // unset: not known
   std::optional<LinkChange> change_;
 };
 
@@ -76,4 +76,4 @@ using ChangeOfLink = std::function<std::optional<LinkChange>(const Patience& pat
 // changed before they were found. The task does not run if all its facts are invalid already.
 Errand boundToLink(Errand errand, ChangeOfLink change);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

@@ -3,7 +3,7 @@
 #include "devices/linux/LinuxRadio.h"
 #include "devices/linux/MachineFacts.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 namespace {
 
 // Devices with hardware for WAPI are sold where WLAN is the usual word for Wi-Fi.
@@ -22,6 +22,7 @@ LinuxDevice::LinuxDevice(const std::shared_ptr<const Machine>& machine, const Ta
       backEnds{service,
                std::make_shared<LinuxRadio>(machine->interface().name, machine->systemBus(), trace,
                                             Rfkill(machine->interface().name)),
-               capabilityOf(saysWlan(*machine), trace), automationOf(false, trace)} {}
+               devices::capabilityOf(saysWlan(*machine), trace),
+               devices::automationOf(false, trace)} {}
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

@@ -3,13 +3,13 @@
 
 #include <memory>
 
-#include "checks/Settings.h"
+#include "analysis/checks/Settings.h"
 #include "devices/DeviceBackEnds.h"
 #include "devices/linux/LinuxService.h"
 #include "devices/linux/Machine.h"
 #include "devices/linux/Targets.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 
 struct LinuxDevice {
   // `trace` must outlive the device.
@@ -17,7 +17,7 @@ struct LinuxDevice {
               const checks::Settings& settings, Trace& trace);
 
   std::shared_ptr<LinuxService> service;
-  DeviceBackEnds backEnds;
+  devices::DeviceBackEnds backEnds;
 };
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

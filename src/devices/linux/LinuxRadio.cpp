@@ -6,10 +6,10 @@
 #include <utility>
 
 #include "devices/linux/bus/ConnectionManager.h"
-#include "platform/DiagnosticLog.h"
-#include "platform/WorkQueues.h"
+#include "diagnostic/platform/DiagnosticLog.h"
+#include "diagnostic/platform/WorkQueues.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 namespace {
 
 constexpr std::chrono::seconds kSwitchLimit{5};
@@ -18,20 +18,20 @@ constexpr std::chrono::hours kLongWait{1};
 
 }  // namespace
 
-LinuxRadio::LinuxRadio(std::string interface, std::shared_ptr<Bus> systemBus, Trace& trace,
+LinuxRadio::LinuxRadio(std::string interface, std::shared_ptr<bus::Bus> systemBus, Trace& trace,
                        Rfkill rfkill)
-    : ManagedRadio(1, trace),
+    : devices::ManagedRadio(1, trace),
       interface_(std::move(interface)),
       bus_(std::move(systemBus)),
       rfkill_(std::move(rfkill)) {
   const auto closed = rfkill_.open();
-  if (closed && closed->reason == checks::Reason::noHardware) {
+  if (closed && closed->reason == facts::Reason::noHardware) {
     on_ = false;
   } else if (const auto bySwitches = rfkill_.poweredOn()) {
     on_ = *bySwitches;  // the current state, even if there will be no events
   } else {
     const auto byManager =
-        ConnectionManager(*bus_).isRadioOn(interface_, {Clock::now() + kSwitchLimit, ended_});
+        bus::ConnectionManager(*bus_).isRadioOn(interface_, {Clock::now() + kSwitchLimit, ended_});
     on_ = !byManager || *byManager;
   }
 }
@@ -81,8 +81,8 @@ void LinuxRadio::switchPower(bool on) {
 // manager. A manager agrees even if only a hardware switch can turn the radio on: the reason then
 // comes from the switches.
 void LinuxRadio::switchOn() {
-  const auto byManager =
-      ConnectionManager(*bus_).setRadioOn(interface_, true, {Clock::now() + kSwitchLimit, ended_});
+  const auto byManager = bus::ConnectionManager(*bus_).setRadioOn(
+      interface_, true, {Clock::now() + kSwitchLimit, ended_});
   Rfkill switches = rfkill_.another();
   auto why = switches.open();
   if (!byManager && !switches.isHardBlocked()) {
@@ -97,4 +97,4 @@ void LinuxRadio::switchOn() {
       [&] { return "Wi-Fi could not be switched on. " + reason; });
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

@@ -12,16 +12,17 @@
 #include "devices/linux/Rfkill.h"
 #include "devices/linux/bus/Bus.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 
 // One radio. Changes of its switches are reported whatever their cause; a thread waits for them
 // from the first registration of a callback on. A removed radio counts as off. The state of a radio
 // without switches comes from the connection manager; without one, the radio counts as on. If the
 // switches send no events, the radio keeps its initial state until the manager has switched it on.
-class LinuxRadio final : public ManagedRadio {
+class LinuxRadio final : public devices::ManagedRadio {
  public:
   // `trace` must outlive the radio.
-  LinuxRadio(std::string interface, std::shared_ptr<Bus> systemBus, Trace& trace, Rfkill rfkill);
+  LinuxRadio(std::string interface, std::shared_ptr<bus::Bus> systemBus, Trace& trace,
+             Rfkill rfkill);
   ~LinuxRadio() override;
 
  private:
@@ -36,7 +37,7 @@ class LinuxRadio final : public ManagedRadio {
   void tellByItself();
 
   const std::string interface_;
-  const std::shared_ptr<Bus> bus_;
+  const std::shared_ptr<bus::Bus> bus_;
   Rfkill rfkill_;  // belongs to the watching thread once that runs; without events never changes
   std::atomic<bool> on_ = true;
   Cancellation ended_;
@@ -44,4 +45,4 @@ class LinuxRadio final : public ManagedRadio {
   std::thread watcher_;
 };
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

@@ -3,40 +3,42 @@
 #include <algorithm>
 #include <system_error>
 
-#include "checks/Subject.h"
+#include "analysis/checks/Subject.h"
 #include "devices/DeviceBackEnds.h"
-#include "platform/DiagnosticLog.h"
-#include "platform/ExcludedNetworks.h"
-#include "platform/Number.h"
+#include "diagnostic/platform/DiagnosticLog.h"
+#include "diagnostic/platform/ExcludedNetworks.h"
+#include "diagnostic/platform/Number.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 namespace {
 
-using checks::Fact;
 using checks::FactSet;
+using facts::Fact;
 
 // The facts that are found by sending packets through the joined network.
-constexpr FactSet kReachFacts{Fact::lanPings,     Fact::wanPings,  Fact::nameResolution,
-                              Fact::portalProbe,  Fact::siteReach, Fact::sitePage,
-                              Fact::routerOutside};
+constexpr checks::FactSet kReachFacts{facts::Fact::lanPings,       facts::Fact::wanPings,
+                                      facts::Fact::nameResolution, facts::Fact::portalProbe,
+                                      facts::Fact::siteReach,      facts::Fact::sitePage,
+                                      facts::Fact::routerOutside};
 
-FactSet withoutReach(FactSet facts) {
-  FactSet rest{};
-  for (int i = 0; i < checks::kFactCount; ++i) {
-    if (facts.holds(Fact(i)) && !kReachFacts.holds(Fact(i))) rest = rest.with({Fact(i)});
+checks::FactSet withoutReach(checks::FactSet facts) {
+  checks::FactSet rest{};
+  for (int i = 0; i < facts::kFactCount; ++i) {
+    if (facts.holds(facts::Fact(i)) && !kReachFacts.holds(facts::Fact(i)))
+      rest = rest.with({facts::Fact(i)});
   }
   return rest;
 }
 
 // The facts that the tests of a run need.
-FactSet allFacts() {
-  FactSet all{};
+checks::FactSet allFacts() {
+  checks::FactSet all{};
   for (const checks::Check& check : checks::allChecks()) all = all.with(check.needs);
   return all;
 }
 
-VqErrorRef errorOf(const checks::Unknown& unknown) {
-  return makeError(static_cast<std::int64_t>(unknown.reason), unknown.sentence);
+VqErrorRef errorOf(const facts::Unknown& unknown) {
+  return devices::makeError(static_cast<std::int64_t>(unknown.reason), unknown.sentence);
 }
 
 // Returns "MaxScanCacheAge" of a request's configuration; 0 (no cached scan is acceptable) if it is
@@ -53,7 +55,7 @@ std::chrono::seconds oldestScanOf(const VqDiagnosticsTestRequest& request) {
 // The error for a lack of descriptors. Other shortages are reported as Unknown by the code that
 // meets them.
 VqErrorRef nothingLeft() {
-  return errorOf({checks::Reason::failed,
+  return errorOf({facts::Reason::failed,
                   "The system has no descriptors left: close other programs, and try again."});
 }
 
@@ -82,18 +84,18 @@ DiagnosticsTestResults LinuxService::runDiagnosticsTests(const VqDiagnosticsTest
 }
 
 LinuxService::Outcome LinuxService::serve(const VqDiagnosticsTestRequest& request) {
-  traceRequest(trace_, request);
-  std::optional<checks::Facts> facts;
+  devices::traceRequest(trace_, request);
+  std::optional<facts::Facts> facts;
   try {
     facts = factsFor(request);
   } catch (const std::system_error&) {
     return nothingLeft();
   }
-  if (!facts) return makeError(kCancelled, "cancelled");
+  if (!facts) return devices::makeError(kCancelled, "cancelled");
   const checks::Question question{
-      .facts = *facts, .settings = settings_, .networkName = networkNameOf(request)};
+      .facts = *facts, .settings = settings_, .networkName = devices::networkNameOf(request)};
   const checks::Answer answer = checks::checkOf(request.testID()).answer(question);
-  if (const auto* unknown = std::get_if<checks::Unknown>(&answer)) return errorOf(*unknown);
+  if (const auto* unknown = std::get_if<facts::Unknown>(&answer)) return errorOf(*unknown);
   // Logged on the thread of the request, during it, so that the line belongs to this test.
   if (std::string problem = checks::problemOf(question, request.testID()); !problem.empty()) {
     DiagnosticLogHandleForCategory(0).error([&] { return problem; });
@@ -101,7 +103,7 @@ LinuxService::Outcome LinuxService::serve(const VqDiagnosticsTestRequest& reques
   return std::get<DiagnosticsTestResult>(answer);
 }
 
-std::optional<checks::Facts> LinuxService::factsFor(const VqDiagnosticsTestRequest& request) {
+std::optional<facts::Facts> LinuxService::factsFor(const VqDiagnosticsTestRequest& request) {
   if (request.testID() != DiagnosticsTestID::NoScanResults) {
     const auto running = gathering(request);
     return running ? awaitFacts(*running, request) : std::nullopt;
@@ -112,7 +114,7 @@ std::optional<checks::Facts> LinuxService::factsFor(const VqDiagnosticsTestReque
     if (closed_) return std::nullopt;
     scans_.push_back(cancellation);
   }
-  checks::Facts facts;
+  facts::Facts facts;
   facts.scan = finder_->scan(oldestScanOf(request), {Clock::now() + kScanLimit, *cancellation});
   const std::lock_guard lock(mutex_);
   scans_.remove(cancellation);
@@ -124,20 +126,20 @@ std::optional<checks::Facts> LinuxService::factsFor(const VqDiagnosticsTestReque
 // joined network, the tasks that send packets through it start now, without waiting for those
 // tests.
 void LinuxService::beginEarly(Gathering& running, const VqDiagnosticsTestRequest& request) {
-  const TextRef name = networkNameOf(request);
+  const TextRef name = devices::networkNameOf(request);
   if (!name || isExcludedFromRuns(name)) return;
-  const auto known = running.await({Fact::link});
+  const auto known = running.await({facts::Fact::link});
   if (known && known->link && known->link->ssid == name->string()) running.begin(kReachFacts);
 }
 
 // Sends no packets through the joined network until a test of that network needs their result: a
 // network that must not be tested must not be probed either.
-std::optional<checks::Facts> LinuxService::awaitFacts(Gathering& running,
-                                                      const VqDiagnosticsTestRequest& request) {
-  const FactSet needs = checks::checkOf(request.testID()).needs;
+std::optional<facts::Facts> LinuxService::awaitFacts(Gathering& running,
+                                                     const VqDiagnosticsTestRequest& request) {
+  const checks::FactSet needs = checks::checkOf(request.testID()).needs;
   beginEarly(running, request);
   if (!needs.meets(kReachFacts)) return running.await(needs);
-  if (const TextRef name = networkNameOf(request)) {
+  if (const TextRef name = devices::networkNameOf(request)) {
     auto known = running.await(withoutReach(needs));
     if (!known) return std::nullopt;
     const checks::Question question{.facts = *known, .settings = settings_, .networkName = name};
@@ -164,18 +166,18 @@ std::shared_ptr<const VqStatus> LinuxService::queryStatusForPeer(const VqPeer* /
     const auto link = finder_->link({Clock::now() + kStatusLimit, nobody});
     if (link) {
       wifi = {makeText(link->ssid), makeText(link->bssid)};
-    } else if (link.why().reason != checks::Reason::notJoined) {
+    } else if (link.why().reason != facts::Reason::notJoined) {
       error = errorOf(link.why());
     }
   } catch (const std::system_error&) {
     error = nothingLeft();
   }
-  traceStatus(trace_, wifi, error);
+  devices::traceStatus(trace_, wifi, error);
   return std::make_shared<const VqStatus>(VqStatus{std::make_shared<const VqWiFiStatus>(wifi)});
 }
 
 void LinuxService::cancelAllRequests() {
-  traceCancel(trace_);
+  devices::traceCancel(trace_);
   const std::lock_guard lock(mutex_);
   for (const auto& scan : scans_) scan->cancel();
   if (!gathering_) return;
@@ -191,4 +193,4 @@ void LinuxService::close() {
   if (gathering_) gathering_->cancel();
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

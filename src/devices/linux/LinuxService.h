@@ -7,21 +7,20 @@
 #include <memory>
 #include <mutex>
 
-#include "checks/Checks.h"
+#include "analysis/checks/Checks.h"
 #include "devices/linux/Gathering.h"
-#include "platform/DiagnosticsService.h"
-#include "platform/Trace.h"
+#include "diagnostic/platform/DiagnosticsService.h"
+#include "diagnostic/platform/Trace.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 
 // Finds the facts that the service needs. Any thread.
 class FactFinder : public Interface {
  public:
-  virtual checks::Known<checks::Link> link(const Patience& patience) = 0;
+  virtual facts::Known<facts::Link> link(const Patience& patience) = 0;
 
   // Returns a scan no older than `oldest`; 0 requests a new scan.
-  virtual checks::Known<checks::Scan> scan(std::chrono::seconds oldest,
-                                           const Patience& patience) = 0;
+  virtual facts::Known<facts::Scan> scan(std::chrono::seconds oldest, const Patience& patience) = 0;
 
   // Returns the tasks that find all facts of one run of tests.
   virtual std::vector<Errand> errands(std::chrono::seconds oldestScan) = 0;
@@ -61,10 +60,10 @@ class LinuxService final : public VqClient {
   using Outcome = std::variant<DiagnosticsTestResult, VqErrorRef>;
 
   Outcome serve(const VqDiagnosticsTestRequest& request);
-  std::optional<checks::Facts> factsFor(const VqDiagnosticsTestRequest& request);
+  std::optional<facts::Facts> factsFor(const VqDiagnosticsTestRequest& request);
   void beginEarly(Gathering& running, const VqDiagnosticsTestRequest& request);
-  std::optional<checks::Facts> awaitFacts(Gathering& running,
-                                          const VqDiagnosticsTestRequest& request);
+  std::optional<facts::Facts> awaitFacts(Gathering& running,
+                                         const VqDiagnosticsTestRequest& request);
   std::shared_ptr<Gathering> gathering(const VqDiagnosticsTestRequest& request);
 
   const std::shared_ptr<FactFinder> finder_;
@@ -79,4 +78,4 @@ class LinuxService final : public VqClient {
   std::list<std::shared_ptr<Cancellation>> scans_;
 };
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

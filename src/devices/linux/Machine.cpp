@@ -7,12 +7,12 @@
 #include "devices/linux/bus/AccessPointList.h"
 #include "devices/linux/bus/ConnectionManager.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 namespace {
 
-using checks::Known;
-using checks::Reason;
-using checks::Unknown;
+using facts::Known;
+using facts::Reason;
+using facts::Unknown;
 using std::chrono::milliseconds;
 
 // The kernel lists its interfaces at once.
@@ -29,41 +29,43 @@ constexpr milliseconds kClockMargin{20};
 constexpr milliseconds kUntilReady{5'000};
 constexpr milliseconds kBetweenTries{200};
 
-const Unknown kNotReady{
-    Reason::radioOff,
+const facts::Unknown kNotReady{
+    facts::Reason::radioOff,
     "Wi-Fi is off or not ready yet, so NetworkManager could not scan. Switch it "
     "on, and try again."};
 
-Unknown noInterface(const std::string& name) {
-  return {checks::Reason::noHardware, "There is no Wi-Fi interface \"" + name +
-                                          "\" on this machine: leave the name out, or use one that "
-                                          "\"iw dev\" or \"nmcli device\" lists."};
+facts::Unknown noInterface(const std::string& name) {
+  return {facts::Reason::noHardware, "There is no Wi-Fi interface \"" + name +
+                                         "\" on this machine: leave the name out, or use one that "
+                                         "\"iw dev\" or \"nmcli device\" lists."};
 }
 
 }  // namespace
 
-std::variant<std::shared_ptr<Machine>, Unknown> Machine::open(const std::string& interface) {
+std::variant<std::shared_ptr<Machine>, facts::Unknown> Machine::open(const std::string& interface) {
   const Cancellation nobody;
-  Nl80211 kernel;
+  netlink::Nl80211 kernel;
   const auto all = kernel.interfaces({Clock::now() + kInterfacesLimit, nobody});
   if (!all) return all.why();
-  const auto found = std::find_if(all->begin(), all->end(), [&](const WifiInterface& one) {
+  const auto found = std::find_if(all->begin(), all->end(), [&](const netlink::WifiInterface& one) {
     return interface.empty() ? !one.name.empty() : one.name == interface;
   });
-  if (found == all->end()) return interface.empty() ? noWifiDevice() : noInterface(interface);
+  if (found == all->end())
+    return interface.empty() ? netlink::noWifiDevice() : noInterface(interface);
   return std::shared_ptr<Machine>(new Machine(*found));
 }
 
-Known<checks::Link> Machine::link(const Patience& patience) const {
-  return Nl80211().link(interface_, patience);
+facts::Known<facts::Link> Machine::link(const Patience& patience) const {
+  return netlink::Nl80211().link(interface_, patience);
 }
 
-Known<checks::Radio> Machine::abilities(const Patience& patience) const {
-  return Nl80211().abilities(interface_, patience);
+facts::Known<facts::Radio> Machine::abilities(const Patience& patience) const {
+  return netlink::Nl80211().abilities(interface_, patience);
 }
 
-Known<ScanList> Machine::scan(std::chrono::seconds oldest, const Patience& patience) const {
-  Nl80211 kernel;
+facts::Known<netlink::ScanList> Machine::scan(std::chrono::seconds oldest,
+                                              const Patience& patience) const {
+  netlink::Nl80211 kernel;
   if (oldest.count() > 0) {
     auto list = kernel.scan(interface_, patience);
     if (list && isYoung(*list, oldest, patience)) return list;
@@ -74,42 +76,45 @@ Known<ScanList> Machine::scan(std::chrono::seconds oldest, const Patience& patie
 }
 
 // If only the joined access point is in range, the list has no age; the manager may know it.
-bool Machine::isYoung(const ScanList& list, std::chrono::seconds oldest,
+bool Machine::isYoung(const netlink::ScanList& list, std::chrono::seconds oldest,
                       const Patience& patience) const {
-  const auto longest = std::min<std::chrono::nanoseconds>(oldest, wholeFor(list));
+  const auto longest = std::min<std::chrono::nanoseconds>(oldest, netlink::wholeFor(list));
   if (list.age) return *list.age <= longest;
   const auto since = sinceManagersScan(patience.atMost(kManagerLimit));
   return since && *since <= longest;
 }
 
 std::optional<std::chrono::nanoseconds> Machine::sinceManagersScan(const Patience& patience) const {
-  const auto last = ConnectionManager(*systemBus_).lastScan(interface_.name, patience);
+  const auto last = bus::ConnectionManager(*systemBus_).lastScan(interface_.name, patience);
   if (!last || !*last) return std::nullopt;
   return sinceBoot() - **last;
 }
 
-Known<ScanList> Machine::withoutNewScan(Nl80211& kernel, std::chrono::seconds oldest,
-                                        const Unknown& why, const Patience& patience) const {
-  if (why.reason == Reason::radioOff) return why;
+facts::Known<netlink::ScanList> Machine::withoutNewScan(netlink::Nl80211& kernel,
+                                                        std::chrono::seconds oldest,
+                                                        const facts::Unknown& why,
+                                                        const Patience& patience) const {
+  if (why.reason == facts::Reason::radioOff) return why;
   auto list = kernel.scan(interface_, patience);
   if (!list) return why;
   const Patience little = patience.atMost(kManagerLimit);
-  const auto listed = ConnectionManager(*systemBus_).accessPoints(interface_.name, little);
+  const auto listed = bus::ConnectionManager(*systemBus_).accessPoints(interface_.name, little);
   const auto since = sinceManagersScan(little);
   if (!listed || !since || *since > oldest) list->scan.incomplete = why;
   if (listed) {
-    addSecondHand(*listed, list->scan.incomplete ? milliseconds::max() : oldest + kLongestScan,
-                  list->scan);
+    bus::addSecondHand(*listed,
+                       list->scan.incomplete ? milliseconds::max() : oldest + netlink::kLongestScan,
+                       list->scan);
   }
   return list;
 }
 
 // An interface needs a moment to come up after its radio was switched on.
-Machine::Began Machine::makeScan(Nl80211& kernel, const Patience& patience) const {
+Machine::Began Machine::makeScan(netlink::Nl80211& kernel, const Patience& patience) const {
   const Patience untilReady = patience.atMost(kUntilReady);
   while (true) {
     Began began = tryScan(kernel, patience);
-    if (began || began.why().reason != Reason::radioOff) return began;
+    if (began || began.why().reason != facts::Reason::radioOff) return began;
     if (untilReady.isOver() || isSwitchedOff()) return began;
     waitFor(-1, 0, untilReady.atMost(kBetweenTries));
   }
@@ -117,33 +122,35 @@ Machine::Began Machine::makeScan(Nl80211& kernel, const Patience& patience) cons
 
 // The kernel lets only privileged users scan; the connection manager lets users with a local
 // session.
-Machine::Began Machine::tryScan(Nl80211& kernel, const Patience& patience) const {
+Machine::Began Machine::tryScan(netlink::Nl80211& kernel, const Patience& patience) const {
   Began byKernel = kernel.triggerScan(interface_, patience);
-  if (byKernel || byKernel.why().reason != Reason::notPermitted) return byKernel;
+  if (byKernel || byKernel.why().reason != facts::Reason::notPermitted) return byKernel;
   return scanByManager(kernel, patience);
 }
 
-Machine::Began Machine::scanByManager(Nl80211& kernel, const Patience& patience) const {
-  ConnectionManager manager(*systemBus_);
+Machine::Began Machine::scanByManager(netlink::Nl80211& kernel, const Patience& patience) const {
+  bus::ConnectionManager manager(*systemBus_);
   while (true) {
     // Discards the ends of earlier scans.
-    if (NotDone why = kernel.watchScans(patience)) return *why;
+    if (netlink::NotDone why = kernel.watchScans(patience)) return *why;
     const auto asked = sinceBoot();
     const auto started = manager.requestScan(interface_.name, patience);
     if (!started) return started.why();
-    if (*started == ScanStart::notReady) return kNotReady;
-    if (*started == ScanStart::started) {
-      if (NotDone why = kernel.awaitScanResults(interface_, ScansThat::beganAndEnded, patience)) {
+    if (*started == bus::ScanStart::notReady) return kNotReady;
+    if (*started == bus::ScanStart::started) {
+      if (netlink::NotDone why =
+              kernel.awaitScanResults(interface_, netlink::ScansThat::beganAndEnded, patience)) {
         return *why;
       }
       return asked;
     }
     // Too soon: a scan is under way, or has just ended.
     const Patience little = patience.atMost(kBeforeAskingAgain);
-    const NotDone none = kernel.awaitScanResults(interface_, ScansThat::ended, little);
-    if (!none) return asked - kLongestScan;  // it began before the request
-    const bool mayPass = none->reason == Reason::tookTooLong ||
-                         none->reason == Reason::failed;  // for instance an aborted scan
+    const netlink::NotDone none =
+        kernel.awaitScanResults(interface_, netlink::ScansThat::ended, little);
+    if (!none) return asked - netlink::kLongestScan;  // it began before the request
+    const bool mayPass = none->reason == facts::Reason::tookTooLong ||
+                         none->reason == facts::Reason::failed;  // for instance an aborted scan
     if (patience.isOver() || !mayPass) return *none;
     waitFor(-1, 0, little);  // the failure may have come at once
   }
@@ -155,4 +162,4 @@ bool Machine::isSwitchedOff() const {
   return switches.poweredOn() == false;
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

@@ -8,7 +8,7 @@
 #include <system_error>
 #include <unistd.h>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 
 Cancellation::Cancellation() : descriptor_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
   if (descriptor_ < 0) throw std::system_error(errno, std::generic_category(), "eventfd");
@@ -44,4 +44,4 @@ Waited waitFor(int descriptor, short events, const Patience& patience) {
   }
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

@@ -4,7 +4,7 @@
 #include <atomic>
 #include <chrono>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 
 // A flag that cancels work. Any thread.
 class Cancellation {
@@ -55,4 +55,4 @@ enum class Waited { ready, deadline, cancelled };
 // work is cancelled. With a negative descriptor, only waits.
 Waited waitFor(int descriptor, short events, const Patience& patience);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

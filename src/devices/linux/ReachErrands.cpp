@@ -5,22 +5,22 @@
 #include <future>
 #include <system_error>
 
-#include "checks/IpAddresses.h"
-#include "checks/NameServers.h"
-#include "devices/linux/reach/Names.h"
-#include "devices/linux/reach/Outside.h"
-#include "devices/linux/reach/Ping.h"
-#include "devices/linux/reach/Sockets.h"
-#include "devices/linux/reach/Web.h"
+#include "analysis/facts/IpAddresses.h"
+#include "analysis/facts/NameServers.h"
+#include "devices/linux/probes/Names.h"
+#include "devices/linux/probes/Outside.h"
+#include "devices/linux/probes/Ping.h"
+#include "devices/linux/probes/Sockets.h"
+#include "devices/linux/probes/Web.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 namespace {
 
-using checks::Fact;
-using checks::Facts;
-using checks::Known;
-using checks::Reason;
-using checks::Unknown;
+using facts::Fact;
+using facts::Facts;
+using facts::Known;
+using facts::Reason;
+using facts::Unknown;
 using std::chrono::milliseconds;
 
 // Longest times. None exceeds 13 s, so that all tasks end within 15 s of the scan.
@@ -33,8 +33,8 @@ constexpr milliseconds kReachLimit{5'500};
 constexpr milliseconds kPageLimit{10'500};
 
 // Uses the system's name servers if the link has none, or its servers are not known.
-Way wayThrough(const std::string& interface, const checks::Addresses& addresses) {
-  Way way{addresses.carrier.value_or(interface), addresses.dnsServers};
+probes::Way wayThrough(const std::string& interface, const facts::Addresses& addresses) {
+  probes::Way way{addresses.carrier.value_or(interface), addresses.dnsServers};
   const bool hasNone = !way.nameServers || way.nameServers->empty();
   if (hasNone && addresses.systemDnsServers) {
     way.nameServers = addresses.systemDnsServers;
@@ -45,13 +45,13 @@ Way wayThrough(const std::string& interface, const checks::Addresses& addresses)
 
 // Returns the reason if a tunnel has replaced the link's default route: nothing beyond the link can
 // then be reached through it.
-std::optional<Unknown> whyNoWayOut(const std::string& interface,
-                                   const checks::Addresses& addresses) {
+std::optional<facts::Unknown> whyNoWayOut(const std::string& interface,
+                                          const facts::Addresses& addresses) {
   if (!addresses.otherWayOut || addresses.ipv4Gateway || addresses.ipv6Gateway) return {};
-  return Unknown{Reason::notTold, "The default route goes through " + *addresses.otherWayOut +
-                                      ", and none through " +
-                                      addresses.carrier.value_or(interface) +
-                                      ": end the other connection, and try again."};
+  return facts::Unknown{facts::Reason::notTold, "The default route goes through " +
+                                                    *addresses.otherWayOut + ", and none through " +
+                                                    addresses.carrier.value_or(interface) +
+                                                    ": end the other connection, and try again."};
 }
 
 // The parts in which these tasks differ. All of them first check that there is a link and an
@@ -59,10 +59,12 @@ std::optional<Unknown> whyNoWayOut(const std::string& interface,
 template <class T>
 struct ReachErrand {
   std::string name;
-  Fact fact;
-  Known<T> Facts::*member;
+  facts::Fact fact;
+  facts::Known<T> facts::Facts::*member;
   milliseconds limit;
-  std::function<Known<T>(const Facts& known, const Way& way, const Patience& patience)> find;
+  std::function<facts::Known<T>(const facts::Facts& known, const probes::Way& way,
+                                const Patience& patience)>
+      find;
 };
 
 template <class T>
@@ -70,10 +72,11 @@ void add(std::vector<Errand>& errands, const std::string& interface, ReachErrand
   errands.push_back(
       {.name = reach.name,
        .gives = {reach.fact},
-       .after = {Fact::link, Fact::scan, Fact::addresses, Fact::activeProfile},
+       .after = {facts::Fact::link, facts::Fact::scan, facts::Fact::addresses,
+                 facts::Fact::activeProfile},
        .limit = reach.limit,
-       .run = [interface, reach](const Facts& known, const Patience& patience) -> Found {
-         Known<T> fact;
+       .run = [interface, reach](const facts::Facts& known, const Patience& patience) -> Found {
+         facts::Known<T> fact;
          if (!known.link) {
            fact = known.link.why();
          } else if (!known.addresses) {
@@ -83,35 +86,35 @@ void add(std::vector<Errand>& errands, const std::string& interface, ReachErrand
          } else {
            fact = reach.find(known, wayThrough(interface, *known.addresses), patience);
          }
-         return [member = reach.member, fact](Facts& facts) { facts.*member = fact; };
+         return [member = reach.member, fact](facts::Facts& facts) { facts.*member = fact; };
        }});
 }
 
-Unknown noRouter() {
-  return {checks::Reason::notTold,
+facts::Unknown noRouter() {
+  return {facts::Reason::notTold,
           "The network named no router: renew the address (join again), or look at the router's "
           "DHCP settings."};
 }
 
-Unknown noIpv4Router() {
+facts::Unknown noIpv4Router() {
   return {
-      checks::Reason::notTold,
+      facts::Reason::notTold,
       "The network has only an IPv6 router, which does not translate addresses. Nothing needs to "
       "be done."};
 }
 
 // Whether the address belongs to this network or machine rather than to the Internet.
 bool isOfTheHouse(const std::string& address) {
-  const auto ofIPv4 = checks::ipv4KindOf(address);
-  if (ofIPv4) return *ofIPv4 != checks::Ipv4Kind::global;
-  return checks::ipv6KindOf(address) == checks::Ipv6Kind::uniqueLocal || address == "::1" ||
+  const auto ofIPv4 = facts::ipv4KindOf(address);
+  if (ofIPv4) return *ofIPv4 != facts::Ipv4Kind::global;
+  return facts::ipv6KindOf(address) == facts::Ipv6Kind::uniqueLocal || address == "::1" ||
          address == "::" || address.starts_with("fe80:");
 }
 
 // Returns the first IPv6 address if the network has only an IPv6 router, else the first IPv4
 // address; if there is no such address, the first one.
 const std::string& reachable(const std::vector<std::string>& addresses,
-                             const checks::Addresses& own) {
+                             const facts::Addresses& own) {
   const bool byIPv6 = !own.ipv4Gateway && own.ipv6Gateway;
   const auto found = std::ranges::find_if(addresses, [byIPv6](const std::string& address) {
     return (address.find(':') != std::string::npos) == byIPv6;
@@ -119,68 +122,72 @@ const std::string& reachable(const std::vector<std::string>& addresses,
   return found == addresses.end() ? addresses.front() : *found;
 }
 
-Known<std::string> addressInTheInternet(const std::string& host, const checks::Addresses& own,
-                                        const Way& way, const Patience& patience) {
-  const auto answer = resolve(host, way, patience);
+facts::Known<std::string> addressInTheInternet(const std::string& host, const facts::Addresses& own,
+                                               const probes::Way& way, const Patience& patience) {
+  const auto answer = probes::resolve(host, way, patience);
   if (!answer) return answer.why();
   if (answer->addresses.empty()) {
-    return Unknown{checks::Reason::failed,
-                   "The address of " + host + " could not be looked up (" +
-                       answer->resolution.problem +
-                       "): fix DNS first, or set a numeric address to ping."};
+    return facts::Unknown{facts::Reason::failed,
+                          "The address of " + host + " could not be looked up (" +
+                              answer->resolution.problem +
+                              "): fix DNS first, or set a numeric address to ping."};
   }
   const std::string& address = reachable(answer->addresses, own);
   if (address == host || !isOfTheHouse(address)) return address;
-  return Unknown{checks::Reason::failed,
-                 "DNS gives the private address " + address + " for " + host +
-                     ": sign in to the network first, or set a numeric address to ping."};
+  return facts::Unknown{facts::Reason::failed,
+                        "DNS gives the private address " + address + " for " + host +
+                            ": sign in to the network first, or set a numeric address to ping."};
 }
 
-Known<checks::Pings> pingRouter(const Facts& known, const Way& way, const Patience& patience) {
+facts::Known<facts::Pings> pingRouter(const facts::Facts& known, const probes::Way& way,
+                                      const Patience& patience) {
   const auto& addresses = *known.addresses;
   const auto& router = addresses.ipv4Gateway ? addresses.ipv4Gateway : addresses.ipv6Gateway;
   if (!router) return noRouter();
-  PingPlan plan;
+  probes::PingPlan plan;
   plan.isOnLink = true;
-  return ping(*router, way.interface, plan, patience);
+  return probes::ping(*router, way.interface, plan, patience);
 }
 
-Known<checks::Pings> pingInternet(const Facts& known, const std::string& host, const Way& way,
-                                  const Patience& patience) {
+facts::Known<facts::Pings> pingInternet(const facts::Facts& known, const std::string& host,
+                                        const probes::Way& way, const Patience& patience) {
   const auto address = addressInTheInternet(host, *known.addresses, way, patience);
   if (!address) return address.why();
-  return ping(*address, way.interface, {}, patience);
+  return probes::ping(*address, way.interface, {}, patience);
 }
 
 // Looks the name up at the link's servers and, in parallel, at the system's servers if these are
 // others. Both must know the name.
-Known<checks::NameResolution> lookUp(const std::string& name, const checks::Addresses& addresses,
-                                     const Way& way, const Patience& patience) {
+facts::Known<facts::NameResolution> lookUp(const std::string& name,
+                                           const facts::Addresses& addresses,
+                                           const probes::Way& way, const Patience& patience) {
   const auto& through = addresses.systemDnsThrough;
   if (way.asksAsSystem && through && !through->isTunnel) {
-    return Unknown{Reason::notTold,
-                   "The network's name servers are not known, and the system asks others through " +
-                       through->name + ": end the other connection, and try again."};
+    return facts::Unknown{
+        facts::Reason::notTold,
+        "The network's name servers are not known, and the system asks others through " +
+            through->name + ": end the other connection, and try again."};
   }
-  std::future<Known<NameAnswer>> asSystem;
-  if (!way.asksAsSystem && checks::asksOthers(addresses)) {
+  std::future<facts::Known<probes::NameAnswer>> asSystem;
+  if (!way.asksAsSystem && facts::asksOthers(addresses)) {
     try {
       asSystem = std::async(std::launch::async, [&] {
-        return resolveAsSystem(name, *addresses.systemDnsServers, patience);
+        return probes::resolveAsSystem(name, *addresses.systemDnsServers, patience);
       });
     } catch (const std::system_error&) {
-      return noSocket(EMFILE, {});  // no thread left
+      return probes::noSocket(EMFILE, {});  // no thread left
     }
   }
-  const auto answer = resolve(name, way, patience);
+  const auto answer = probes::resolve(name, way, patience);
   if (!answer) return answer.why();
   if (!asSystem.valid() || !answer->resolution.resolved) return answer->resolution;
   const auto other = asSystem.get();
   if (!other) return other.why();
   if (other->resolution.resolved) return answer->resolution;
-  checks::NameResolution unresolved = other->resolution;
+  facts::NameResolution unresolved = other->resolution;
   unresolved.problem = "the system's own name servers (" +
-                       shortText(addresses.systemDnsServers->front()) + "): " + unresolved.problem;
+                       probes::shortText(addresses.systemDnsServers->front()) +
+                       "): " + unresolved.problem;
   return unresolved;
 }
 
@@ -188,52 +195,59 @@ Known<checks::NameResolution> lookUp(const std::string& name, const checks::Addr
 
 void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
                      const Targets& targets) {
-  add<checks::Pings>(
+  add<facts::Pings>(errands, interface,
+                    {"ping of the router", facts::Fact::lanPings, &facts::Facts::lanPings,
+                     kRouterLimit, pingRouter});
+  add<facts::Pings>(
       errands, interface,
-      {"ping of the router", Fact::lanPings, &Facts::lanPings, kRouterLimit, pingRouter});
-  add<checks::Pings>(
-      errands, interface,
-      {"ping of the Internet", Fact::wanPings, &Facts::wanPings, kNameLimit + kPingLimit,
-       [targets](const Facts& known, const Way& way, const Patience& patience) {
+      {"ping of the Internet", facts::Fact::wanPings, &facts::Facts::wanPings,
+       kNameLimit + kPingLimit,
+       [targets](const facts::Facts& known, const probes::Way& way, const Patience& patience) {
          return pingInternet(known, targets.pingHost, way, patience);
        }});
-  add<checks::NameResolution>(
+  add<facts::NameResolution>(
       errands, interface,
-      {"look-up of a name", Fact::nameResolution, &Facts::nameResolution, kNameLimit,
-       [targets](const Facts& known, const Way& way, const Patience& patience) {
+      {"look-up of a name", facts::Fact::nameResolution, &facts::Facts::nameResolution, kNameLimit,
+       [targets](const facts::Facts& known, const probes::Way& way, const Patience& patience) {
          return lookUp(targets.name, *known.addresses, way, patience);
        }});
-  add<checks::PortalProbe>(
+  add<facts::PortalProbe>(
       errands, interface,
-      {"look for a sign-in page", Fact::portalProbe, &Facts::portalProbe, kPortalLimit,
-       [targets](const Facts& known, const Way& way, const Patience& patience) {
+      {"look for a sign-in page", facts::Fact::portalProbe, &facts::Facts::portalProbe,
+       kPortalLimit,
+       [targets](const facts::Facts& known, const probes::Way& way, const Patience& patience) {
          const auto& profile = known.activeProfile;
-         return probePortal({.url = targets.portalUrl,
-                             .expectedText = targets.portalText,
-                             .apiUrl = profile ? profile->captivePortalApi.value_or("") : ""},
-                            way, patience);
+         return probes::probePortal(
+             {.url = targets.portalUrl,
+              .expectedText = targets.portalText,
+              .apiUrl = profile ? profile->captivePortalApi.value_or("") : ""},
+             way, patience);
        }});
-  add<checks::SiteReach>(errands, interface,
-                         {"connection to the site", Fact::siteReach, &Facts::siteReach, kReachLimit,
-                          [targets](const Facts&, const Way& way, const Patience& patience) {
-                            return reachSite(targets.siteUrl, way, patience);
-                          }});
-  add<checks::SitePage>(errands, interface,
-                        {"page of the site", Fact::sitePage, &Facts::sitePage, kPageLimit,
-                         [targets](const Facts&, const Way& way, const Patience& patience) {
-                           return retrievePage(targets.siteUrl, targets.siteText, way, patience);
-                         }});
-  add<checks::RouterOutside>(
+  add<facts::SiteReach>(
       errands, interface,
-      {"look at the router's outside", Fact::routerOutside, &Facts::routerOutside, kOutsideLimit,
-       [targets](const Facts& known, const Way& way,
-                 const Patience& patience) -> Known<checks::RouterOutside> {
-         const auto& gateway = known.addresses->ipv4Gateway;
-         if (!gateway) return known.addresses->ipv6Gateway ? noIpv4Router() : noRouter();
-         return routerOutside(*gateway, targets.pingHost, way, patience);
+      {"connection to the site", facts::Fact::siteReach, &facts::Facts::siteReach, kReachLimit,
+       [targets](const facts::Facts&, const probes::Way& way, const Patience& patience) {
+         return probes::reachSite(targets.siteUrl, way, patience);
        }});
+  add<facts::SitePage>(
+      errands, interface,
+      {"page of the site", facts::Fact::sitePage, &facts::Facts::sitePage, kPageLimit,
+       [targets](const facts::Facts&, const probes::Way& way, const Patience& patience) {
+         return probes::retrievePage(targets.siteUrl, targets.siteText, way, patience);
+       }});
+  add<facts::RouterOutside>(errands, interface,
+                            {"look at the router's outside", facts::Fact::routerOutside,
+                             &facts::Facts::routerOutside, kOutsideLimit,
+                             [targets](const facts::Facts& known, const probes::Way& way,
+                                       const Patience& patience) -> Known<facts::RouterOutside> {
+                               const auto& gateway = known.addresses->ipv4Gateway;
+                               if (!gateway)
+                                 return known.addresses->ipv6Gateway ? noIpv4Router() : noRouter();
+                               return probes::routerOutside(*gateway, targets.pingHost, way,
+                                                            patience);
+                             }});
   // This task measures no times, and repeats packets that the scan delays or loses.
-  errands.back().after = {Fact::link, Fact::addresses, Fact::activeProfile};
+  errands.back().after = {facts::Fact::link, facts::Fact::addresses, facts::Fact::activeProfile};
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

@@ -7,7 +7,7 @@
 #include "devices/linux/Gathering.h"
 #include "devices/linux/Targets.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 
 // Adds the tasks that send packets through the interface, or through the interface that has its
 // addresses (see Carrier). They run in parallel, after the link, the addresses and the profile were
@@ -16,4 +16,4 @@ namespace wifi_profile::machine {
 void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
                      const Targets& targets);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <ctime>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 
 // Returns the current time of CLOCK_BOOTTIME.
 inline std::chrono::nanoseconds sinceBoot() {
@@ -13,4 +13,4 @@ inline std::chrono::nanoseconds sinceBoot() {
   return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "devices/scenario/World.h"
-#include "platform/DiagnosticsService.h"
+#include "diagnostic/platform/DiagnosticsService.h"
 
 namespace wifi_profile::scenario {
 

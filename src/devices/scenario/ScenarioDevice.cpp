@@ -5,7 +5,7 @@ namespace wifi_profile::scenario {
 ScenarioDevice::ScenarioDevice(const Scenario& scenario, Pace& pace, Trace& trace)
     : service(std::make_shared<ScenarioService>(scenario, pace, trace)),
       radio(std::make_shared<ScenarioRadio>(scenario.device, trace)),
-      capability(capabilityOf(scenario.device.wlanWording, trace)),
-      automation(automationOf(scenario.device.testAutomation, trace)) {}
+      capability(devices::capabilityOf(scenario.device.wlanWording, trace)),
+      automation(devices::automationOf(scenario.device.testAutomation, trace)) {}
 
 }  // namespace wifi_profile::scenario

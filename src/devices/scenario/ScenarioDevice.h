@@ -14,7 +14,7 @@ struct ScenarioDevice {
   // `pace` and `trace` must outlive the device.
   ScenarioDevice(const Scenario& scenario, Pace& pace, Trace& trace);
 
-  DeviceBackEnds backEnds() const { return {service, radio, capability, automation}; }
+  devices::DeviceBackEnds backEnds() const { return {service, radio, capability, automation}; }
 
   std::shared_ptr<ScenarioService> service;
   std::shared_ptr<ScenarioRadio> radio;

@@ -3,7 +3,9 @@
 namespace wifi_profile::scenario {
 
 ScenarioRadio::ScenarioRadio(const DeviceSettings& device, Trace& trace)
-    : ManagedRadio(device.interfaces.size(), trace), settings_(device), power_(device.power) {}
+    : devices::ManagedRadio(device.interfaces.size(), trace),
+      settings_(device),
+      power_(device.power) {}
 
 void ScenarioRadio::switchFromOutside(bool on) {
   power_ = on;

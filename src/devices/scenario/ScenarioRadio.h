@@ -8,7 +8,7 @@
 
 namespace wifi_profile::scenario {
 
-class ScenarioRadio final : public ManagedRadio {
+class ScenarioRadio final : public devices::ManagedRadio {
  public:
   // `trace` must outlive the radio.
   ScenarioRadio(const DeviceSettings& device, Trace& trace);

@@ -4,8 +4,8 @@
 
 #include "devices/scenario/ServiceRecords.h"
 #include "devices/scenario/WorldReader.h"
-#include "platform/Array.h"
-#include "platform/Number.h"
+#include "diagnostic/platform/Array.h"
+#include "diagnostic/platform/Number.h"
 
 namespace wifi_profile::scenario {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "checks/Checks.h"
+#include "analysis/checks/Checks.h"
 #include "devices/DeviceBackEnds.h"
 
 namespace wifi_profile::scenario {
@@ -17,14 +17,14 @@ bool matches(const Answer& answer, const TextRef& networkName) {
 
 Answer failure(std::int64_t code, std::string description) {
   Answer answer;
-  answer.error = makeError(code, std::move(description));
+  answer.error = devices::makeError(code, std::move(description));
   return answer;
 }
 
 Answer answerFrom(const World& world, DiagnosticsTestID test, const TextRef& networkName) {
   auto found = checks::checkOf(test).answer({world.facts, world.settings, networkName});
   Answer answer;
-  if (const auto* unknown = std::get_if<checks::Unknown>(&found)) {
+  if (const auto* unknown = std::get_if<facts::Unknown>(&found)) {
     answer = failure(static_cast<std::int64_t>(unknown->reason), unknown->sentence);
   } else {
     answer.results.emplace().push_back(std::make_shared<const DiagnosticsTestResult>(
@@ -59,7 +59,7 @@ DiagnosticsTestResults ScenarioService::runDiagnosticsTests(
 
 Answer ScenarioService::serve(const VqDiagnosticsTestRequest& request) {
   pace_.waitForMain();
-  traceRequest(trace_, request);
+  devices::traceRequest(trace_, request);
   Answer answer = takeAnswer(request);
   const auto cancelled = std::make_shared<std::atomic<bool>>(false);
   const bool waits = answer.delay.count() > 0;
@@ -78,7 +78,7 @@ Answer ScenarioService::serve(const VqDiagnosticsTestRequest& request) {
 }
 
 Answer ScenarioService::takeAnswer(const VqDiagnosticsTestRequest& request) {
-  const TextRef networkName = networkNameOf(request);
+  const TextRef networkName = devices::networkNameOf(request);
   if (auto answer = takeWrittenAnswer(request.testID(), networkName)) return *std::move(answer);
   if (world_) return answerFrom(*world_, request.testID(), networkName);
   return failure(kNoAnswer, "no answer for " + std::string(nameOf(request.testID())));
@@ -106,13 +106,13 @@ std::shared_ptr<const VqStatus> ScenarioService::queryStatusForPeer(const VqPeer
     if (nextStatus_ + 1 < status_.size()) ++nextStatus_;
   }
   const VqWiFiStatus wifi{answer.ssid, answer.bssid};
-  traceStatus(trace_, wifi, answer.error);
+  devices::traceStatus(trace_, wifi, answer.error);
   error = answer.error;
   return std::make_shared<const VqStatus>(VqStatus{std::make_shared<const VqWiFiStatus>(wifi)});
 }
 
 void ScenarioService::cancelAllRequests() {
-  traceCancel(trace_);
+  devices::traceCancel(trace_);
   {
     const std::lock_guard lock(mutex_);
     for (const auto& cancelled : inFlight_) *cancelled = true;

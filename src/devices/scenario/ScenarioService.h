@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "devices/scenario/Scenario.h"
-#include "platform/DiagnosticsService.h"
-#include "platform/Trace.h"
-#include "platform/WorkQueues.h"
+#include "diagnostic/platform/DiagnosticsService.h"
+#include "diagnostic/platform/Trace.h"
+#include "diagnostic/platform/WorkQueues.h"
 
 namespace wifi_profile::scenario {
 

@@ -2,9 +2,9 @@
 
 #include <limits>
 
-#include "platform/Array.h"
-#include "platform/DiagnosticsService.h"
-#include "platform/Number.h"
+#include "diagnostic/platform/Array.h"
+#include "diagnostic/platform/DiagnosticsService.h"
+#include "diagnostic/platform/Number.h"
 
 namespace wifi_profile::scenario {
 namespace {

@@ -3,8 +3,8 @@
 #include <array>
 #include <charconv>
 
-#include "platform/Array.h"
-#include "platform/Number.h"
+#include "diagnostic/platform/Array.h"
+#include "diagnostic/platform/Number.h"
 
 namespace wifi_profile::scenario {
 namespace {

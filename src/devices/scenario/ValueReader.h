@@ -12,9 +12,9 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/Date.h"
-#include "platform/Dictionary.h"
-#include "platform/Text.h"
+#include "diagnostic/platform/Date.h"
+#include "diagnostic/platform/Dictionary.h"
+#include "diagnostic/platform/Text.h"
 
 namespace wifi_profile::scenario {
 

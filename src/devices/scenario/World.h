@@ -4,14 +4,14 @@
 #include <chrono>
 #include <map>
 
-#include "checks/Facts.h"
-#include "checks/Settings.h"
-#include "platform/DiagnosticsTestID.h"
+#include "analysis/checks/Settings.h"
+#include "analysis/facts/Facts.h"
+#include "diagnostic/platform/DiagnosticsTestID.h"
 
 namespace wifi_profile::scenario {
 
 struct World {
-  checks::Facts facts;
+  facts::Facts facts;
   checks::Settings settings = checks::defaultSettings();
   // The duration of a request: that of its test, otherwise that of all tests.
   std::map<DiagnosticsTestID, std::chrono::nanoseconds> delays;

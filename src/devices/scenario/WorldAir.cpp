@@ -2,10 +2,10 @@
 #include <cmath>
 #include <set>
 
+#include "analysis/ieee80211/Extent.h"
 #include "devices/scenario/WorldParts.h"
 #include "devices/scenario/WorldValues.h"
-#include "ieee80211/Extent.h"
-#include "platform/Array.h"
+#include "diagnostic/platform/Array.h"
 
 namespace wifi_profile::scenario {
 namespace {
@@ -27,9 +27,9 @@ struct Wideness {
 
 // Returns the extent of the only wide channel that contains the primary one. 320 MHz channels
 // overlap: the lower one is taken. Empty if the band has no such channel.
-std::optional<Extent> extentOf(const ChannelPlace& place, const Wideness& wide) {
+std::optional<ieee80211::Extent> extentOf(const ChannelPlace& place, const Wideness& wide) {
   if (wide.width == 20) return ieee80211::extentOfTwentyMHz(place.band, place.channel);
-  if (place.band == Band::ghz2) {
+  if (place.band == ieee80211::Band::ghz2) {
     if (wide.width != 40 || place.channel + wide.secondary < 1) return std::nullopt;
     return ieee80211::extentOfHt(
         place.band, {.primary = place.channel, .secondary = place.channel + wide.secondary});
@@ -39,18 +39,18 @@ std::optional<Extent> extentOf(const ChannelPlace& place, const Wideness& wide) 
   for (int above = count - 1; above >= 0; --above) {
     const int lowest = place.channel - kStep * above;
     if (!ieee80211::isWideChannel(place.band, lowest, count)) continue;
-    const Width width = count == 2   ? Width::mhz40
-                        : count == 4 ? Width::mhz80
-                        : count == 8 ? Width::mhz160
-                                     : Width::mhz320;
-    return Extent{.width = width,
-                  .center = lowest + 2 * (count - 1),
-                  .secondary = place.channel + (above % 2 == 0 ? kStep : -kStep)};
+    const ieee80211::Width width = count == 2   ? ieee80211::Width::mhz40
+                                   : count == 4 ? ieee80211::Width::mhz80
+                                   : count == 8 ? ieee80211::Width::mhz160
+                                                : ieee80211::Width::mhz320;
+    return ieee80211::Extent{.width = width,
+                             .center = lowest + 2 * (count - 1),
+                             .secondary = place.channel + (above % 2 == 0 ? kStep : -kStep)};
   }
   return std::nullopt;
 }
 
-std::optional<OperatingChannel> takeOperatingChannel(FieldsReader& fields) {
+std::optional<ieee80211::OperatingChannel> takeOperatingChannel(FieldsReader& fields) {
   const auto place = takeChannel(fields);
   Wideness wide;
   const auto isTold = [&](bool told) {
@@ -67,7 +67,7 @@ std::optional<OperatingChannel> takeOperatingChannel(FieldsReader& fields) {
     field.fail("20, 40, 80, 160 or 320");
     wide.width = 20;
   }));
-  const bool needsSecondary = place && place->band == Band::ghz2 && wide.width == 40;
+  const bool needsSecondary = place && place->band == ieee80211::Band::ghz2 && wide.width == 40;
   const bool hasSecondary = isTold(fields.take("secondary", [&](const ValueReader& field) {
     static constexpr std::pair<std::string_view, int> kChoices[]{{"above", 4}, {"below", -4}};
     wide.secondary = readChoice(field, kChoices);
@@ -79,7 +79,7 @@ std::optional<OperatingChannel> takeOperatingChannel(FieldsReader& fields) {
         "\"secondary\" where, and only where, 40 MHz are used in 2.4 GHz");
     return std::nullopt;
   }
-  OperatingChannel channel{place->band, place->channel, extentOf(*place, wide)};
+  ieee80211::OperatingChannel channel{place->band, place->channel, extentOf(*place, wide)};
   if (!channel.extent) {
     fields.object().fail("channel " + std::to_string(place->channel) + " with a width of " +
                              std::to_string(wide.width) + " MHz",
@@ -96,8 +96,8 @@ int readRate(const ValueReader& value) {
   return static_cast<int>(units);
 }
 
-PhyModes readModes(const ValueReader& value) {
-  PhyModes modes;
+ieee80211::PhyModes readModes(const ValueReader& value) {
+  ieee80211::PhyModes modes;
   value.list(
       [&](const ValueReader& mode) { modes.*readChoice(mode, ieee80211::kPhyModeNames) = true; });
   return modes;
@@ -109,8 +109,8 @@ void takeBeaconTimes(FieldsReader& fields, T& target) {
   takeInteger(fields, "dtim", 1, 255, target.dtimPeriod);
 }
 
-checks::AccessPoint readAccessPoint(const ValueReader& value) {
-  checks::AccessPoint point;
+facts::AccessPoint readAccessPoint(const ValueReader& value) {
+  facts::AccessPoint point;
   value.object([&](FieldsReader& fields) {
     fields.require("bssid", [&](const ValueReader& field) { point.bssid = readBssid(field); });
     fields.take("ssid", [&](const ValueReader& field) {
@@ -150,8 +150,8 @@ void takeMilliseconds(FieldsReader& fields, std::string_view key,
   });
 }
 
-checks::ChannelSurvey readSurvey(const ValueReader& value) {
-  checks::ChannelSurvey survey;
+facts::ChannelSurvey readSurvey(const ValueReader& value) {
+  facts::ChannelSurvey survey;
   value.object([&](FieldsReader& fields) {
     const auto place = takeChannel(fields);
     if (!place) fields.require("channel", [](const ValueReader&) {});
@@ -166,10 +166,10 @@ checks::ChannelSurvey readSurvey(const ValueReader& value) {
 }
 
 // Reads channels that have the same properties.
-void readRadioChannels(const ValueReader& value, std::vector<checks::RadioChannel>& channels) {
+void readRadioChannels(const ValueReader& value, std::vector<facts::RadioChannel>& channels) {
   value.object([&](FieldsReader& fields) {
-    std::optional<Band> band;
-    checks::RadioChannel kind;
+    std::optional<ieee80211::Band> band;
+    facts::RadioChannel kind;
     fields.take("band", [&](const ValueReader& field) { band = readBand(field); });
     takeFlag(fields, "disabled", kind.disabled);
     takeFlag(fields, "radarDetection", kind.radarDetection);
@@ -182,13 +182,13 @@ void readRadioChannels(const ValueReader& value, std::vector<checks::RadioChanne
   });
 }
 
-checks::RadioInterface readInterface(const ValueReader& value) {
-  using Role = checks::RadioInterface::Role;
+facts::RadioInterface readInterface(const ValueReader& value) {
+  using Role = facts::RadioInterface::Role;
   static constexpr std::pair<std::string_view, Role> kChoices[]{{"station", Role::station},
                                                                 {"accessPoint", Role::accessPoint},
                                                                 {"peerLink", Role::peerLink},
                                                                 {"other", Role::other}};
-  checks::RadioInterface interface;
+  facts::RadioInterface interface;
   value.object([&](FieldsReader& fields) {
     takeText(fields, "name", interface.name);
     fields.require("role",
@@ -199,8 +199,8 @@ checks::RadioInterface readInterface(const ValueReader& value) {
 
 }  // namespace
 
-checks::Link readLink(const ValueReader& value) {
-  checks::Link link;
+facts::Link readLink(const ValueReader& value) {
+  facts::Link link;
   value.object([&](FieldsReader& fields) {
     fields.require("interface", [&](const ValueReader& field) { link.interface = field.text(); });
     fields.require("ssid", [&](const ValueReader& field) { link.ssid = readSsid(field); });
@@ -212,8 +212,8 @@ checks::Link readLink(const ValueReader& value) {
   return link;
 }
 
-checks::Scan readScan(const ValueReader& value) {
-  checks::Scan scan;
+facts::Scan readScan(const ValueReader& value) {
+  facts::Scan scan;
   std::set<std::string> seen;
   value.list([&](const ValueReader& element) {
     scan.accessPoints.push_back(readAccessPoint(element));
@@ -225,14 +225,14 @@ checks::Scan readScan(const ValueReader& value) {
   return scan;
 }
 
-std::vector<checks::ChannelSurvey> readSurveys(const ValueReader& value) {
-  std::vector<checks::ChannelSurvey> surveys;
+std::vector<facts::ChannelSurvey> readSurveys(const ValueReader& value) {
+  std::vector<facts::ChannelSurvey> surveys;
   value.list([&](const ValueReader& element) { surveys.push_back(readSurvey(element)); });
   return surveys;
 }
 
-checks::Radio readRadio(const ValueReader& value) {
-  checks::Radio radio;
+facts::Radio readRadio(const ValueReader& value) {
+  facts::Radio radio;
   value.object([&](FieldsReader& fields) {
     fields.take("channels", [&](const ValueReader& field) {
       field.list([&](const ValueReader& kind) { readRadioChannels(kind, radio.channels); });
@@ -246,8 +246,8 @@ checks::Radio readRadio(const ValueReader& value) {
   return radio;
 }
 
-checks::Regulatory readRegulatory(const ValueReader& value) {
-  checks::Regulatory regulatory;
+facts::Regulatory readRegulatory(const ValueReader& value) {
+  facts::Regulatory regulatory;
   value.object([&](FieldsReader& fields) {
     fields.require("country", [&](const ValueReader& field) {
       const auto text = as<Text>(field.value());

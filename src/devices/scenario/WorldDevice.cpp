@@ -6,14 +6,14 @@ namespace {
 
 constexpr int kMostThings = 1'000'000;
 
-checks::AddressSettings readAddressSettings(const ValueReader& value) {
-  using Method = checks::AddressMethod;
+facts::AddressSettings readAddressSettings(const ValueReader& value) {
+  using Method = facts::AddressMethod;
   static constexpr std::pair<std::string_view, Method> kChoices[]{{"automatic", Method::automatic},
                                                                   {"manual", Method::manual},
                                                                   {"linkLocal", Method::linkLocal},
                                                                   {"shared", Method::shared},
                                                                   {"disabled", Method::disabled}};
-  checks::AddressSettings settings;
+  facts::AddressSettings settings;
   value.object([&](FieldsReader& fields) {
     fields.take("method",
                 [&](const ValueReader& field) { settings.method = readChoice(field, kChoices); });
@@ -24,8 +24,8 @@ checks::AddressSettings readAddressSettings(const ValueReader& value) {
   return settings;
 }
 
-checks::SavedNetwork readSavedNetwork(const ValueReader& value) {
-  checks::SavedNetwork network;
+facts::SavedNetwork readSavedNetwork(const ValueReader& value) {
+  facts::SavedNetwork network;
   value.object([&](FieldsReader& fields) {
     fields.require("ssid", [&](const ValueReader& field) { network.ssid = readSsid(field); });
     fields.take("security",
@@ -43,8 +43,8 @@ checks::SavedNetwork readSavedNetwork(const ValueReader& value) {
 
 }  // namespace
 
-checks::Addresses readAddresses(const ValueReader& value) {
-  checks::Addresses addresses;
+facts::Addresses readAddresses(const ValueReader& value) {
+  facts::Addresses addresses;
   value.object([&](FieldsReader& fields) {
     takeTexts(fields, "ipv4", addresses.ipv4, readIpv4);
     takeTexts(fields, "ipv6", addresses.ipv6, readIpv6);
@@ -69,8 +69,8 @@ checks::Addresses readAddresses(const ValueReader& value) {
   return addresses;
 }
 
-checks::ActiveProfile readActiveProfile(const ValueReader& value) {
-  checks::ActiveProfile profile;
+facts::ActiveProfile readActiveProfile(const ValueReader& value) {
+  facts::ActiveProfile profile;
   value.object([&](FieldsReader& fields) {
     fields.take("ipv4",
                 [&](const ValueReader& field) { profile.ipv4 = readAddressSettings(field); });
@@ -83,22 +83,22 @@ checks::ActiveProfile readActiveProfile(const ValueReader& value) {
   return profile;
 }
 
-std::vector<checks::SavedNetwork> readSavedNetworks(const ValueReader& value) {
-  std::vector<checks::SavedNetwork> networks;
+std::vector<facts::SavedNetwork> readSavedNetworks(const ValueReader& value) {
+  std::vector<facts::SavedNetwork> networks;
   value.list([&](const ValueReader& element) { networks.push_back(readSavedNetwork(element)); });
   return networks;
 }
 
-checks::SessionProxy readSessionProxy(const ValueReader& value) {
-  checks::SessionProxy proxy;
+facts::SessionProxy readSessionProxy(const ValueReader& value) {
+  facts::SessionProxy proxy;
   value.object([&](FieldsReader& fields) {
     fields.require("source", [&](const ValueReader& field) { proxy.source = field.text(); });
   });
   return proxy;
 }
 
-checks::Bluetooth readBluetooth(const ValueReader& value) {
-  checks::Bluetooth bluetooth;
+facts::Bluetooth readBluetooth(const ValueReader& value) {
+  facts::Bluetooth bluetooth;
   value.object([&](FieldsReader& fields) {
     takeInteger(fields, "paired", 0, kMostThings, bluetooth.paired);
     takeInteger(fields, "connected", 0, kMostThings, bluetooth.connected);
@@ -106,8 +106,8 @@ checks::Bluetooth readBluetooth(const ValueReader& value) {
   return bluetooth;
 }
 
-checks::Coexistence readCoexistence(const ValueReader& value) {
-  checks::Coexistence coexistence;
+facts::Coexistence readCoexistence(const ValueReader& value) {
+  facts::Coexistence coexistence;
   value.object([&](FieldsReader& fields) {
     fields.require("takesTurns",
                    [&](const ValueReader& field) { coexistence.takesTurns = field.boolean(); });

@@ -3,32 +3,32 @@
 
 #include <vector>
 
-#include "checks/Facts.h"
+#include "analysis/facts/Facts.h"
 #include "devices/scenario/ValueReader.h"
 
 namespace wifi_profile::scenario {
 
 // WorldAir.cpp
-checks::Link readLink(const ValueReader& value);
-checks::Scan readScan(const ValueReader& value);
-std::vector<checks::ChannelSurvey> readSurveys(const ValueReader& value);
-checks::Radio readRadio(const ValueReader& value);
-checks::Regulatory readRegulatory(const ValueReader& value);
+facts::Link readLink(const ValueReader& value);
+facts::Scan readScan(const ValueReader& value);
+std::vector<facts::ChannelSurvey> readSurveys(const ValueReader& value);
+facts::Radio readRadio(const ValueReader& value);
+facts::Regulatory readRegulatory(const ValueReader& value);
 
 // WorldDevice.cpp
-checks::Addresses readAddresses(const ValueReader& value);
-checks::ActiveProfile readActiveProfile(const ValueReader& value);
-std::vector<checks::SavedNetwork> readSavedNetworks(const ValueReader& value);
-checks::SessionProxy readSessionProxy(const ValueReader& value);
-checks::Bluetooth readBluetooth(const ValueReader& value);
-checks::Coexistence readCoexistence(const ValueReader& value);
+facts::Addresses readAddresses(const ValueReader& value);
+facts::ActiveProfile readActiveProfile(const ValueReader& value);
+std::vector<facts::SavedNetwork> readSavedNetworks(const ValueReader& value);
+facts::SessionProxy readSessionProxy(const ValueReader& value);
+facts::Bluetooth readBluetooth(const ValueReader& value);
+facts::Coexistence readCoexistence(const ValueReader& value);
 
 // WorldReach.cpp
-checks::Pings readPings(const ValueReader& value);
-checks::NameResolution readNameResolution(const ValueReader& value);
-checks::PortalProbe readPortalProbe(const ValueReader& value);
-checks::SiteReach readSiteReach(const ValueReader& value);
-checks::SitePage readSitePage(const ValueReader& value);
-checks::RouterOutside readRouterOutside(const ValueReader& value);
+facts::Pings readPings(const ValueReader& value);
+facts::NameResolution readNameResolution(const ValueReader& value);
+facts::PortalProbe readPortalProbe(const ValueReader& value);
+facts::SiteReach readSiteReach(const ValueReader& value);
+facts::SitePage readSitePage(const ValueReader& value);
+facts::RouterOutside readRouterOutside(const ValueReader& value);
 
 }  // namespace wifi_profile::scenario

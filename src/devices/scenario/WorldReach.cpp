@@ -3,10 +3,10 @@
 
 namespace wifi_profile::scenario {
 
-checks::Pings readPings(const ValueReader& value) {
+facts::Pings readPings(const ValueReader& value) {
   constexpr int kMostPings = 10'000;
   constexpr double kLongestAnswer = 1e9;  // ms
-  checks::Pings pings;
+  facts::Pings pings;
   value.object([&](FieldsReader& fields) {
     fields.require("target", [&](const ValueReader& field) { pings.target = field.text(); });
     takeFlag(fields, "byConnecting", pings.byConnecting);
@@ -28,8 +28,8 @@ checks::Pings readPings(const ValueReader& value) {
   return pings;
 }
 
-checks::NameResolution readNameResolution(const ValueReader& value) {
-  checks::NameResolution resolution;
+facts::NameResolution readNameResolution(const ValueReader& value) {
+  facts::NameResolution resolution;
   value.object([&](FieldsReader& fields) {
     takeText(fields, "name", resolution.name);
     fields.require("resolved",
@@ -39,11 +39,11 @@ checks::NameResolution readNameResolution(const ValueReader& value) {
   return resolution;
 }
 
-checks::PortalProbe readPortalProbe(const ValueReader& value) {
-  using enum checks::PortalProbe::Answer;
-  static constexpr std::pair<std::string_view, checks::PortalProbe::Answer> kChoices[]{
+facts::PortalProbe readPortalProbe(const ValueReader& value) {
+  using enum facts::PortalProbe::Answer;
+  static constexpr std::pair<std::string_view, facts::PortalProbe::Answer> kChoices[]{
       {"open", open}, {"portal", portal}, {"noAnswer", noAnswer}};
-  checks::PortalProbe probe;
+  facts::PortalProbe probe;
   value.object([&](FieldsReader& fields) {
     fields.require("answer",
                    [&](const ValueReader& field) { probe.answer = readChoice(field, kChoices); });
@@ -52,8 +52,8 @@ checks::PortalProbe readPortalProbe(const ValueReader& value) {
   return probe;
 }
 
-checks::SiteReach readSiteReach(const ValueReader& value) {
-  checks::SiteReach reach;
+facts::SiteReach readSiteReach(const ValueReader& value) {
+  facts::SiteReach reach;
   value.object([&](FieldsReader& fields) {
     fields.require("reached", [&](const ValueReader& field) { reach.reached = field.boolean(); });
     takeText(fields, "problem", reach.problem);
@@ -61,8 +61,8 @@ checks::SiteReach readSiteReach(const ValueReader& value) {
   return reach;
 }
 
-checks::SitePage readSitePage(const ValueReader& value) {
-  checks::SitePage page;
+facts::SitePage readSitePage(const ValueReader& value) {
+  facts::SitePage page;
   value.object([&](FieldsReader& fields) {
     fields.require("retrieved",
                    [&](const ValueReader& field) { page.retrieved = field.boolean(); });
@@ -71,8 +71,8 @@ checks::SitePage readSitePage(const ValueReader& value) {
   return page;
 }
 
-checks::RouterOutside readRouterOutside(const ValueReader& value) {
-  checks::RouterOutside outside;
+facts::RouterOutside readRouterOutside(const ValueReader& value) {
+  facts::RouterOutside outside;
   value.object([&](FieldsReader& fields) {
     fields.take("address", [&](const ValueReader& field) { outside.address = readIpv4(field); });
     fields.take("secondHop",

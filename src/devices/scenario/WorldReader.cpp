@@ -1,7 +1,7 @@
 #include "devices/scenario/WorldReader.h"
 
-#include "checks/IpAddresses.h"
-#include "checks/Reasons.h"
+#include "analysis/facts/IpAddresses.h"
+#include "analysis/facts/Reasons.h"
 #include "devices/scenario/Scenario.h"
 #include "devices/scenario/WorldParts.h"
 #include "devices/scenario/WorldValues.h"
@@ -9,15 +9,15 @@
 namespace wifi_profile::scenario {
 namespace {
 
-using checks::Known;
-using checks::Reason;
-using checks::Unknown;
+using facts::Known;
+using facts::Reason;
+using facts::Unknown;
 
-Unknown readUnknown(const ValueReader& value) {
-  Unknown unknown;
+facts::Unknown readUnknown(const ValueReader& value) {
+  facts::Unknown unknown;
   value.object([&](FieldsReader& fields) {
     fields.require("unknown", [&](const ValueReader& field) {
-      const checks::ReasonText named = readChoice(field, checks::kReasons);
+      const facts::ReasonText named = readChoice(field, facts::kReasons);
       unknown = {named.reason, std::string(named.sentence)};
     });
     takeText(fields, "sentence", unknown.sentence);
@@ -27,10 +27,10 @@ Unknown readUnknown(const ValueReader& value) {
 
 // Takes one fact. `missing` completes the sentence for a world without this fact.
 template <class T>
-void takeFact(FieldsReader& fields, std::string_view key, Known<T>& fact,
+void takeFact(FieldsReader& fields, std::string_view key, facts::Known<T>& fact,
               T (*read)(const ValueReader&), std::string_view missing) {
-  fact =
-      Unknown{Reason::notTold, "The scenario's world does not say " + std::string(missing) + "."};
+  fact = facts::Unknown{facts::Reason::notTold,
+                        "The scenario's world does not say " + std::string(missing) + "."};
   fields.take(key, [&](const ValueReader& field) {
     const auto object = as<Dictionary>(field.value());
     if (object && object->objectForKey("unknown")) {
@@ -41,7 +41,7 @@ void takeFact(FieldsReader& fields, std::string_view key, Known<T>& fact,
   });
 }
 
-void takeFacts(FieldsReader& fields, checks::Facts& facts) {
+void takeFacts(FieldsReader& fields, facts::Facts& facts) {
   const auto take = [&](std::string_view key, auto& fact, auto read, std::string_view missing) {
     takeFact(fields, key, fact, read, missing);
   };
@@ -70,7 +70,7 @@ void takeFacts(FieldsReader& fields, checks::Facts& facts) {
 // Reads an IPv4 network, such as 192.168.43.0/24.
 std::string readSubnet(const ValueReader& value) {
   std::string subnet = value.text();
-  if (!checks::isInSubnet(subnet.substr(0, subnet.find('/')), subnet)) {
+  if (!facts::isInSubnet(subnet.substr(0, subnet.find('/')), subnet)) {
     value.fail("a network such as \"192.168.43.0/24\"");
   }
   return subnet;

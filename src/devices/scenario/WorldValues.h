@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "devices/scenario/ValueReader.h"
-#include "ieee80211/Channels.h"
-#include "ieee80211/Security.h"
+#include "analysis/ieee80211/Channels.h"
+#include "analysis/ieee80211/Security.h"
 
 namespace wifi_profile::scenario {
 

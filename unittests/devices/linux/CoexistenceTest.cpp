@@ -7,13 +7,13 @@
 
 #include "devices/linux/Coexistence.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 namespace {
 
 namespace fs = std::filesystem;
-using checks::Coexistence;
-using checks::Known;
-using checks::Reason;
+using facts::Coexistence;
+using facts::Known;
+using facts::Reason;
 
 class CoexistenceTest : public testing::Test {
  protected:
@@ -37,7 +37,7 @@ class CoexistenceTest : public testing::Test {
   void parameter(const std::string& module, const std::string& name, const std::string& value) {
     std::ofstream(sysfs_ / "module" / module / "parameters" / name) << value;
   }
-  Known<Coexistence> read() { return readCoexistence("wlan0", sysfs_); }
+  facts::Known<facts::Coexistence> read() { return readCoexistence("wlan0", sysfs_); }
 
   fs::path sysfs_;
 };
@@ -45,35 +45,35 @@ class CoexistenceTest : public testing::Test {
 TEST_F(CoexistenceTest, IsTheParameterOfTheDriversModule) {
   driver("rtl8723be", "rtl8723be");
   parameter("rtl8723be", "btcoex", "0\n");
-  EXPECT_EQ(read(), Known<Coexistence>(Coexistence{false}));
+  EXPECT_EQ(read(), facts::Known<facts::Coexistence>(facts::Coexistence{false}));
   parameter("rtl8723be", "btcoex", "2\n");
-  EXPECT_EQ(read(), Known<Coexistence>(Coexistence{true}));
+  EXPECT_EQ(read(), facts::Known<facts::Coexistence>(facts::Coexistence{true}));
 }
 
 TEST_F(CoexistenceTest, IsABooleanOfTheKernels) {
   driver("wifi_pci", "wifi");
   parameter("wifi", "bt_coex_active", "Y\n");
-  EXPECT_EQ(read(), Known<Coexistence>(Coexistence{true}));
+  EXPECT_EQ(read(), facts::Known<facts::Coexistence>(facts::Coexistence{true}));
   parameter("wifi", "bt_coex_active", "N\n");
-  EXPECT_EQ(read(), Known<Coexistence>(Coexistence{false}));
+  EXPECT_EQ(read(), facts::Known<facts::Coexistence>(facts::Coexistence{false}));
 }
 
 TEST_F(CoexistenceTest, OfADriverWithoutTheParameterIsNotSupported) {
   driver("plain", "plain");
-  EXPECT_EQ(read().why().reason, Reason::notSupported);
+  EXPECT_EQ(read().why().reason, facts::Reason::notSupported);
 }
 
 TEST_F(CoexistenceTest, ThatIsNeitherOnNorOffFailed) {
   driver("plain", "plain");
   parameter("plain", "btcoex_enable", "maybe\n");
-  EXPECT_EQ(read().why().reason, Reason::failed);
+  EXPECT_EQ(read().why().reason, facts::Reason::failed);
 }
 
 TEST_F(CoexistenceTest, OfAnInterfaceWithoutDriverIsNoHardware) {
-  EXPECT_EQ(read().why().reason, Reason::noHardware);
-  EXPECT_EQ(readCoexistence("", sysfs_).why().reason, Reason::noHardware);
-  EXPECT_EQ(readCoexistence("../../etc", sysfs_).why().reason, Reason::noHardware);
+  EXPECT_EQ(read().why().reason, facts::Reason::noHardware);
+  EXPECT_EQ(readCoexistence("", sysfs_).why().reason, facts::Reason::noHardware);
+  EXPECT_EQ(readCoexistence("../../etc", sysfs_).why().reason, facts::Reason::noHardware);
 }
 
 }  // namespace
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

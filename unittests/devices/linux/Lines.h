@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/DiagnosticLog.h"
+#include "diagnostic/platform/DiagnosticLog.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 
 // What was logged, by any thread.
 class Lines final : public DiagnosticLog {
@@ -27,4 +27,4 @@ class Lines final : public DiagnosticLog {
   std::vector<std::string> lines_;
 };
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

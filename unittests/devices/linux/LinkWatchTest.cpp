@@ -4,31 +4,31 @@
 
 #include "devices/linux/LinkWatch.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 namespace {
 
-using checks::Fact;
-using checks::Facts;
-using checks::Link;
-using checks::Reason;
-using checks::Unknown;
+using facts::Fact;
+using facts::Facts;
+using facts::Link;
+using facts::Reason;
+using facts::Unknown;
 
 constexpr std::chrono::milliseconds kTaskLimit{60'000};
-const Unknown kNotJoined{Reason::notJoined, "Join."};
-const Unknown kLookFailed{Reason::tookTooLong, "Try again."};
-const Link kHome{.ssid = "Home", .bssid = "02:00:00:00:00:01"};
-const Link kUpstairs{.ssid = "Home", .bssid = "02:00:00:00:00:02"};
-const Link kCafe{.ssid = "Cafe", .bssid = "02:00:00:00:00:03"};
-constexpr LinkEvents kLost{.lost = true};
-constexpr LinkEvents kJoined{.joined = true};
-constexpr LinkEvents kBoth{.lost = true, .joined = true};
+const facts::Unknown kNotJoined{facts::Reason::notJoined, "Join."};
+const facts::Unknown kLookFailed{facts::Reason::tookTooLong, "Try again."};
+const facts::Link kHome{.ssid = "Home", .bssid = "02:00:00:00:00:01"};
+const facts::Link kUpstairs{.ssid = "Home", .bssid = "02:00:00:00:00:02"};
+const facts::Link kCafe{.ssid = "Cafe", .bssid = "02:00:00:00:00:03"};
+constexpr netlink::LinkEvents kLost{.lost = true};
+constexpr netlink::LinkEvents kJoined{.joined = true};
+constexpr netlink::LinkEvents kBoth{.lost = true, .joined = true};
 
 // The sentence; empty where nothing is gone.
-std::string said(const std::optional<Link>& before, const LinkEvents& events,
-                 const checks::Known<Link>& now) {
+std::string said(const std::optional<facts::Link>& before, const netlink::LinkEvents& events,
+                 const facts::Known<facts::Link>& now) {
   const auto change = changeOfLink(before, events, now);
   if (!change) return {};
-  EXPECT_EQ(change->why.reason, Reason::linkChanged);
+  EXPECT_EQ(change->why.reason, facts::Reason::linkChanged);
   return change->why.sentence;
 }
 
@@ -46,13 +46,13 @@ TEST(ChangeOfLink, ALinkThatIsBackWasLostAllTheSame) {
 TEST(ChangeOfLink, NamesTheNetworkThatIsJoinedInstead) {
   const std::string sentence =
       "The link to \"Home\" changed to \"Cafe\" while this was asked: run again when it is stable.";
-  for (const LinkEvents& events : {kLost, kJoined, kBoth}) {
+  for (const netlink::LinkEvents& events : {kLost, kJoined, kBoth}) {
     EXPECT_EQ(said(kHome, events, kCafe), sentence);
   }
 }
 
 TEST(ChangeOfLink, SaysThatItMovedToAnotherAccessPoint) {
-  for (const LinkEvents& events : {kJoined, kBoth}) {
+  for (const netlink::LinkEvents& events : {kJoined, kBoth}) {
     EXPECT_EQ(said(kHome, events, kUpstairs),
               "The link to \"Home\" moved to another access point while this was asked: run again "
               "when it is stable.");
@@ -73,22 +73,24 @@ TEST(ChangeOfLink, IsNoneWhereTheLinkIsWhatItWas) {
 TEST(ChangeOfLink, WithinANetworkTakesOnlyWhatTheRadioGave) {
   for (const auto& change : {changeOfLink(kHome, kBoth, kUpstairs),
                              changeOfLink(kHome, {.changedChannel = true}, kHome)}) {
-    EXPECT_EQ(change->gone, (checks::FactSet{Fact::link, Fact::surveys}));
+    EXPECT_EQ(change->gone, (checks::FactSet{facts::Fact::link, facts::Fact::surveys}));
   }
 }
 
 TEST(ChangeOfLink, ToAnotherNetworkOrNoneTakesEverythingOfTheLinkButTheScan) {
   for (const auto& change :
        {changeOfLink(kHome, kBoth, kCafe), changeOfLink(kHome, kLost, kNotJoined)}) {
-    for (const Fact fact : {Fact::link, Fact::surveys, Fact::addresses, Fact::lanPings}) {
+    for (const facts::Fact fact :
+         {facts::Fact::link, facts::Fact::surveys, facts::Fact::addresses, facts::Fact::lanPings}) {
       EXPECT_TRUE(change->gone.holds(fact));
     }
-    EXPECT_FALSE(change->gone.meets({Fact::scan, Fact::radio, Fact::savedNetworks}));
+    EXPECT_FALSE(
+        change->gone.meets({facts::Fact::scan, facts::Fact::radio, facts::Fact::savedNetworks}));
   }
 }
 
 TEST(ChangeOfLink, OfMissedEventsIsALossOnlyWhereTheLinkIsGoneNow) {
-  constexpr LinkEvents kMissed{.missed = true};
+  constexpr netlink::LinkEvents kMissed{.missed = true};
   EXPECT_EQ(said(kHome, kMissed, kHome), "");
   EXPECT_EQ(said(kHome, kMissed, kNotJoined), said(kHome, kLost, kNotJoined));
   EXPECT_EQ(said(kHome, kMissed, kCafe), said(kHome, kLost, kCafe));
@@ -107,7 +109,7 @@ class LinkWatchOfEvents : public testing::Test {
     return {Clock::now() + time, cancellation_};
   }
   // What is gone when this happened; empty: nothing.
-  checks::FactSet goneAfter(const LinkEvents& events, const Patience& patience) {
+  checks::FactSet goneAfter(const netlink::LinkEvents& events, const Patience& patience) {
     events_ = events;
     const auto change = watch_.change(patience);
     return change ? change->gone : checks::FactSet{};
@@ -116,15 +118,17 @@ class LinkWatchOfEvents : public testing::Test {
   const checks::FactSet allGone_ = changeOfLink(kHome, kLost, kNotJoined)->gone;
   const checks::FactSet radioGone_ = changeOfLink(kHome, kBoth, kUpstairs)->gone;
   Cancellation cancellation_;
-  LinkEvents events_;
-  std::function<checks::Known<Link>(const Patience&)> now_ = [](const Patience&) { return kHome; };
-  LinkWatch watch_{{.watch = [](const Patience&) { return NotDone(); },
+  netlink::LinkEvents events_;
+  std::function<facts::Known<facts::Link>(const Patience&)> now_ = [](const Patience&) {
+    return kHome;
+  };
+  LinkWatch watch_{{.watch = [](const Patience&) { return netlink::NotDone(); },
                     .takeEvents = [this] { return std::exchange(events_, {}); },
                     .now = [this](const Patience& patience) { return now_(patience); }}};
 };
 
 TEST_F(LinkWatchOfEvents, LooksAtTheLinkAfterTheDeadlineToo) {
-  now_ = [](const Patience& patience) -> checks::Known<Link> {
+  now_ = [](const Patience& patience) -> facts::Known<facts::Link> {
     if (patience.isOver()) return kLookFailed;
     return kUpstairs;
   };
@@ -140,7 +144,7 @@ TEST_F(LinkWatchOfEvents, KeepsTheEventsUntilALookHasAnswered) {
 
 TEST_F(LinkWatchOfEvents, ALossIsARoamWhereAnotherAccessPointIsJoinedSoonAfter) {
   int looks = 0;
-  now_ = [&](const Patience&) -> checks::Known<Link> {
+  now_ = [&](const Patience&) -> facts::Known<facts::Link> {
     if (++looks < 3) return kNotJoined;
     return kUpstairs;
   };
@@ -180,8 +184,8 @@ TEST_F(LinkWatchOfEvents, EventsThatComeWhileItLooksAreLookedAtAsWell) {
 }
 
 TEST_F(LinkWatchOfEvents, BeginsAgainWhereItCouldNot) {
-  LinkEvents events = kJoined;
-  NotDone problem = kLookFailed;
+  netlink::LinkEvents events = kJoined;
+  netlink::NotDone problem = kLookFailed;
   LinkWatch watch{{.watch = [&](const Patience&) { return problem; },
                    .takeEvents = [&] { return events; },
                    .now = [](const Patience&) { return kCafe; }}};
@@ -193,30 +197,30 @@ TEST_F(LinkWatchOfEvents, BeginsAgainWhereItCouldNot) {
 }
 
 const LinkChange kAllGone{changeOfLink(kHome, kLost, kNotJoined)->gone,
-                          {Reason::linkChanged, "The link was lost."}};
+                          {facts::Reason::linkChanged, "The link was lost."}};
 const LinkChange kRadioGone{changeOfLink(kHome, kBoth, kUpstairs)->gone,
-                            {Reason::linkChanged, "The link moved."}};
+                            {facts::Reason::linkChanged, "The link moved."}};
 
 class BoundToLink : public testing::Test {
  protected:
   // What an errand gives that is bound to a link whose changes are told as listed, one by one.
-  Facts factsOf(checks::FactSet gives, std::vector<std::optional<LinkChange>> changes) {
+  facts::Facts factsOf(checks::FactSet gives, std::vector<std::optional<LinkChange>> changes) {
     Errand errand{.name = "errand",
                   .gives = gives,
                   .after = {},
                   .limit = kTaskLimit,
-                  .run = [this](const Facts&, const Patience&) -> Found {
+                  .run = [this](const facts::Facts&, const Patience&) -> Found {
                     ++runs_;
-                    return [](Facts& facts) {
-                      facts.link = Link{.ssid = "Home"};
-                      facts.radio = checks::Radio{};
-                      facts.scan = checks::Scan{};
-                      facts.lanPings = checks::Pings{.target = "192.0.2.1"};
+                    return [](facts::Facts& facts) {
+                      facts.link = facts::Link{.ssid = "Home"};
+                      facts.radio = facts::Radio{};
+                      facts.scan = facts::Scan{};
+                      facts.lanPings = facts::Pings{.target = "192.0.2.1"};
                     };
                   }};
     std::size_t asked = 0;
     const Errand bound = boundToLink(errand, [&](const Patience&) { return changes.at(asked++); });
-    Facts facts;
+    facts::Facts facts;
     bound.run({}, {Clock::now() + kTaskLimit, cancellation_})(facts);
     return facts;
   }
@@ -226,41 +230,43 @@ class BoundToLink : public testing::Test {
 };
 
 TEST_F(BoundToLink, FactsOfALinkThatStaysAreKnown) {
-  EXPECT_TRUE(factsOf({Fact::lanPings}, {std::nullopt, std::nullopt}).lanPings);
+  EXPECT_TRUE(factsOf({facts::Fact::lanPings}, {std::nullopt, std::nullopt}).lanPings);
 }
 
 TEST_F(BoundToLink, FactsOfALinkThatChangedMeanwhileAreNotKnown) {
-  const Facts facts = factsOf({Fact::lanPings}, {std::nullopt, kAllGone});
+  const facts::Facts facts = factsOf({facts::Fact::lanPings}, {std::nullopt, kAllGone});
   ASSERT_FALSE(facts.lanPings);
   EXPECT_EQ(facts.lanPings.why(), kAllGone.why);
 }
 
 TEST_F(BoundToLink, NothingIsSentThroughALinkThatChanged) {
-  const Facts facts = factsOf({Fact::lanPings}, {kAllGone, kAllGone});
+  const facts::Facts facts = factsOf({facts::Fact::lanPings}, {kAllGone, kAllGone});
   EXPECT_EQ(runs_, 0);
   ASSERT_FALSE(facts.lanPings);
   EXPECT_EQ(facts.lanPings.why(), kAllGone.why);
 }
 
 TEST_F(BoundToLink, WhatIsReachedStaysKnownWhenTheLinkMovesWithinTheNetwork) {
-  EXPECT_TRUE(factsOf({Fact::lanPings}, {std::nullopt, kRadioGone}).lanPings);
-  EXPECT_TRUE(factsOf({Fact::lanPings}, {kRadioGone, kRadioGone}).lanPings);
+  EXPECT_TRUE(factsOf({facts::Fact::lanPings}, {std::nullopt, kRadioGone}).lanPings);
+  EXPECT_TRUE(factsOf({facts::Fact::lanPings}, {kRadioGone, kRadioGone}).lanPings);
   EXPECT_EQ(runs_, 2);
 }
 
 TEST_F(BoundToLink, TheLinkIsNotKnownWhenItMovesMeanwhile) {
-  const Facts facts = factsOf({Fact::link, Fact::radio}, {std::nullopt, kRadioGone});
+  const facts::Facts facts =
+      factsOf({facts::Fact::link, facts::Fact::radio}, {std::nullopt, kRadioGone});
   ASSERT_FALSE(facts.link);
   EXPECT_EQ(facts.link.why(), kRadioGone.why);
   EXPECT_TRUE(facts.radio);
 }
 
 TEST_F(BoundToLink, FactsOfTheRadioAndTheAirStayKnown) {
-  const Facts facts = factsOf({Fact::link, Fact::radio, Fact::scan}, {kAllGone, kAllGone});
+  const facts::Facts facts =
+      factsOf({facts::Fact::link, facts::Fact::radio, facts::Fact::scan}, {kAllGone, kAllGone});
   EXPECT_FALSE(facts.link);
   EXPECT_TRUE(facts.radio);
   EXPECT_TRUE(facts.scan);
 }
 
 }  // namespace
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

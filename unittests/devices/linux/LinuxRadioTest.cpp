@@ -14,13 +14,13 @@
 
 #include "devices/linux/Lines.h"
 #include "devices/linux/LinuxRadio.h"
-#include "devices/linux/NetlinkBytes.h"
 #include "devices/linux/NoTrace.h"
 #include "devices/linux/bus/BusFixture.h"
-#include "platform/DiagnosticLog.h"
+#include "devices/linux/netlink/NetlinkBytes.h"
+#include "diagnostic/platform/DiagnosticLog.h"
 #include "runtime/ThreadRunLoop.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 namespace {
 
 namespace fs = std::filesystem;
@@ -30,13 +30,13 @@ constexpr std::chrono::seconds kLongestWait{20};
 // Longer than a name of an interface can be, so that no machine has it: it is only in the folder.
 constexpr const char* kRadioName = "wlan-of-a-test-only";
 
-Octets switchEvent(std::uint8_t operation, bool soft = false) {
+ieee80211::Octets switchEvent(std::uint8_t operation, bool soft = false) {
   rfkill_event made{};
   made.idx = 3;
   made.type = RFKILL_TYPE_WLAN;
   made.op = operation;
   made.soft = soft ? 1 : 0;
-  return octetsOf(made);
+  return netlink::octetsOf(made);
 }
 
 class LinuxRadioTest : public testing::Test {
@@ -63,13 +63,13 @@ class LinuxRadioTest : public testing::Test {
     std::ofstream(switchFolder() / "soft") << (blocked ? "1\n" : "0\n");
     std::ofstream(switchFolder() / "hard") << (byHand ? "1\n" : "0\n");
   }
-  void happens(const Octets& bytes) const {
+  void happens(const ieee80211::Octets& bytes) const {
     EXPECT_EQ(write(fifo_.number(), bytes.data(), bytes.size()),
               static_cast<ssize_t>(bytes.size()));
   }
 
   void make(const std::string& bus = "unix:path=/nonexistent/socket") {
-    radio_ = std::make_shared<LinuxRadio>(kRadioName, Bus::at(bus), trace_,
+    radio_ = std::make_shared<LinuxRadio>(kRadioName, bus::Bus::at(bus), trace_,
                                           Rfkill(kRadioName, device(), folder_.string()));
     manager_ = radio_->createClient(0);
   }
@@ -101,7 +101,7 @@ class LinuxRadioTest : public testing::Test {
   bool isOn() { return radio_->getPower(manager_) != 0; }
 
   NoTrace trace_;
-  ThreadRunLoop loop_;
+  runtime::ThreadRunLoop loop_;
   ScopedInstall<WorkQueues> queues_{{std::shared_ptr<void>(), &loop_}};
   std::shared_ptr<Lines> log_ = std::make_shared<Lines>();
   ScopedInstall<DiagnosticLog> installedLog_{log_};
@@ -230,8 +230,8 @@ class ManagedLinuxRadioTest : public LinuxRadioTest {
   }
 
   std::atomic<bool> enabled = false;
-  BusDaemon daemon;
-  FakeService manager{daemon.address(), "org.freedesktop.NetworkManager"};
+  bus::BusDaemon daemon;
+  bus::FakeService manager{daemon.address(), "org.freedesktop.NetworkManager"};
 };
 
 TEST_F(ManagedLinuxRadioTest, WithoutASwitchIsAsTheManagerSays) {
@@ -279,4 +279,4 @@ TEST_F(ManagedLinuxRadioTest, LeavesTheNewsToTheSwitchWhereItTells) {
 }
 
 }  // namespace
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

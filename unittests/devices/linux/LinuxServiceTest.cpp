@@ -10,32 +10,32 @@
 #include "devices/linux/NoDescriptors.h"
 #include "devices/linux/NoTrace.h"
 #include "devices/linux/ReachErrands.h"
-#include "platform/Array.h"
-#include "platform/Number.h"
-#include "tests/Batches.h"
+#include "diagnostic/platform/Array.h"
+#include "diagnostic/platform/Number.h"
+#include "diagnostic/tests/Batches.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 namespace {
 
-using checks::Fact;
-using checks::Facts;
-using checks::Reason;
-using checks::Unknown;
+using facts::Fact;
+using facts::Facts;
+using facts::Reason;
+using facts::Unknown;
 
 // Facts that are known at once, or never.
 class Finder final : public FactFinder {
  public:
-  Facts facts;
+  facts::Facts facts;
   bool scansForEver = false;
   std::atomic<int> scans = 0;
   std::atomic<int> runs = 0;
   std::atomic<int> sendings = 0;
   std::chrono::seconds oldest{-1};
 
-  checks::Known<checks::Link> link(const Patience& /*patience*/) override { return facts.link; }
+  facts::Known<facts::Link> link(const Patience& /*patience*/) override { return facts.link; }
 
-  checks::Known<checks::Scan> scan(std::chrono::seconds oldestScan,
-                                   const Patience& patience) override {
+  facts::Known<facts::Scan> scan(std::chrono::seconds oldestScan,
+                                 const Patience& patience) override {
     oldest = oldestScan;
     ++scans;
     if (scansForEver)
@@ -46,14 +46,15 @@ class Finder final : public FactFinder {
   std::vector<Errand> errands(std::chrono::seconds oldestScan) override {
     ++runs;
     return {{.name = "sending",
-             .gives = {Fact::lanPings, Fact::wanPings, Fact::nameResolution, Fact::portalProbe,
-                       Fact::siteReach, Fact::sitePage, Fact::routerOutside},
+             .gives = {facts::Fact::lanPings, facts::Fact::wanPings, facts::Fact::nameResolution,
+                       facts::Fact::portalProbe, facts::Fact::siteReach, facts::Fact::sitePage,
+                       facts::Fact::routerOutside},
              .after = {},
              .limit = std::chrono::minutes(1),
-             .run = [this](const Facts&, const Patience&) -> Found {
+             .run = [this](const facts::Facts&, const Patience&) -> Found {
                ++sendings;
-               return [this](Facts& all) {
-                 all.portalProbe = facts.portalProbe ? facts.portalProbe : checks::PortalProbe{};
+               return [this](facts::Facts& all) {
+                 all.portalProbe = facts.portalProbe ? facts.portalProbe : facts::PortalProbe{};
                  all.wanPings = facts.wanPings;
                  all.nameResolution = facts.nameResolution;
                  all.siteReach = facts.siteReach;
@@ -61,18 +62,18 @@ class Finder final : public FactFinder {
                };
              }},
             {.name = "link",
-             .gives = {Fact::link},
+             .gives = {facts::Fact::link},
              .after = {},
              .limit = std::chrono::minutes(1),
-             .run = [this](const Facts&, const Patience&) -> Found {
-               return [link = facts.link](Facts& all) { all.link = link; };
+             .run = [this](const facts::Facts&, const Patience&) -> Found {
+               return [link = facts.link](facts::Facts& all) { all.link = link; };
              }},
             {.name = "scan",
-             .gives = {Fact::scan},
+             .gives = {facts::Fact::scan},
              .after = {},
              .limit = std::chrono::minutes(1),
-             .run = [this, oldestScan](const Facts&, const Patience& patience) -> Found {
-               return [found = scan(oldestScan, patience)](Facts& all) { all.scan = found; };
+             .run = [this, oldestScan](const facts::Facts&, const Patience& patience) -> Found {
+               return [found = scan(oldestScan, patience)](facts::Facts& all) { all.scan = found; };
              }}};
   }
 };
@@ -80,13 +81,13 @@ class Finder final : public FactFinder {
 class LinuxServiceTest : public ::testing::Test {
  protected:
   LinuxServiceTest() {
-    finder->facts.link = checks::Link{.interface = "wlan0",
-                                      .ssid = "Home",
-                                      .bssid = "02:00:00:00:00:01",
-                                      .signal = -80,
-                                      .frequency = 2437};
+    finder->facts.link = facts::Link{.interface = "wlan0",
+                                     .ssid = "Home",
+                                     .bssid = "02:00:00:00:00:01",
+                                     .signal = -80,
+                                     .frequency = 2437};
     finder->facts.scan =
-        checks::Scan{{{.bssid = "02:00:00:00:00:01", .ssid = "Home", .signal = -80}}};
+        facts::Scan{{{.bssid = "02:00:00:00:00:01", .ssid = "Home", .signal = -80}}};
   }
 
   DiagnosticsTestResults ask(DiagnosticsTestID test, VqErrorRef& error,
@@ -115,11 +116,11 @@ TEST_F(LinuxServiceTest, AnswersATestByItsCheck) {
 }
 
 TEST_F(LinuxServiceTest, WhatIsNotKnownIsAnErrorThatSaysWhy) {
-  finder->facts.link = Unknown{Reason::notJoined, "Join a network."};
+  finder->facts.link = facts::Unknown{facts::Reason::notJoined, "Join a network."};
   VqErrorRef error;
   EXPECT_FALSE(ask(DiagnosticsTestID::PoorSignal, error));
   ASSERT_NE(error, nullptr);
-  EXPECT_EQ(error->code(), static_cast<std::int64_t>(Reason::notJoined));
+  EXPECT_EQ(error->code(), static_cast<std::int64_t>(facts::Reason::notJoined));
   EXPECT_EQ(error->description(), "Join a network.");
 }
 
@@ -146,10 +147,10 @@ class LinesOfThreads final : public DiagnosticLog {
 TEST_F(LinuxServiceTest, LogsWhyWithinEachTestThatIsAnsweredBadlyForIt) {
   const auto log = std::make_shared<LinesOfThreads>();
   const ScopedInstall<DiagnosticLog> installed(log);
-  finder->facts.wanPings = checks::Pings{.target = "192.0.2.1", .sent = 3};
-  finder->facts.nameResolution = checks::NameResolution{.problem = "no name server"};
-  finder->facts.siteReach = checks::SiteReach{.problem = "name: no name server"};
-  finder->facts.sitePage = checks::SitePage{.problem = "name: no name server"};
+  finder->facts.wanPings = facts::Pings{.target = "192.0.2.1", .sent = 3};
+  finder->facts.nameResolution = facts::NameResolution{.problem = "no name server"};
+  finder->facts.siteReach = facts::SiteReach{.problem = "name: no name server"};
+  finder->facts.sitePage = facts::SitePage{.problem = "name: no name server"};
   const auto linesOf = [&](DiagnosticsTestID test) {
     VqErrorRef error;
     ask(test, error);
@@ -180,9 +181,9 @@ TEST_F(LinuxServiceTest, LogsWhyWithinEachTestThatIsAnsweredBadlyForIt) {
 TEST_F(LinuxServiceTest, LogsNothingOfTheJoinedNetworkForTestsOfAnother) {
   const auto log = std::make_shared<LinesOfThreads>();
   const ScopedInstall<DiagnosticLog> installed(log);
-  using checks::PortalProbe;
+  using facts::PortalProbe;
   finder->facts.portalProbe =
-      PortalProbe{.answer = PortalProbe::Answer::portal, .detail = "status 511"};
+      facts::PortalProbe{.answer = facts::PortalProbe::Answer::portal, .detail = "status 511"};
   finder->facts.scan->accessPoints.push_back({.bssid = "02:00:00:00:00:02",
                                               .ssid = "Elsewhere",
                                               .signal = -60,
@@ -223,7 +224,7 @@ TEST_F(LinuxServiceTest, WithoutDescriptorsAnswersWithErrors) {
     VqErrorRef error;
     EXPECT_FALSE(ask(test, error));
     ASSERT_NE(error, nullptr);
-    EXPECT_EQ(error->code(), static_cast<std::int64_t>(Reason::failed));
+    EXPECT_EQ(error->code(), static_cast<std::int64_t>(facts::Reason::failed));
   }
   VqErrorRef error;
   EXPECT_EQ(service.queryStatusForPeer(nullptr, error)->wifi->ssidString, nullptr);
@@ -331,15 +332,15 @@ TEST_F(LinuxServiceTest, TheStatusIsTheLink) {
 }
 
 TEST_F(LinuxServiceTest, NotBeingJoinedIsAStatusToo) {
-  finder->facts.link = Unknown{Reason::notJoined, "Join a network."};
+  finder->facts.link = facts::Unknown{facts::Reason::notJoined, "Join a network."};
   VqErrorRef error;
   EXPECT_EQ(service.queryStatusForPeer(nullptr, error)->wifi->ssidString, nullptr);
   EXPECT_EQ(error, nullptr);
-  finder->facts.link = Unknown{Reason::noHardware, "It is gone."};
+  finder->facts.link = facts::Unknown{facts::Reason::noHardware, "It is gone."};
   service.queryStatusForPeer(nullptr, error);
   ASSERT_NE(error, nullptr);
   EXPECT_EQ(error->description(), "It is gone.");
 }
 
 }  // namespace
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

@@ -2,7 +2,7 @@
 
 #include <sys/resource.h>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 
 // The process can open no descriptor while this lives.
 class NoDescriptors {
@@ -20,4 +20,4 @@ class NoDescriptors {
   rlimit before_{};
 };
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

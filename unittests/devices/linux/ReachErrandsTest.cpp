@@ -5,37 +5,38 @@
 
 #include "devices/linux/Lines.h"
 #include "devices/linux/ReachErrands.h"
-#include "devices/linux/reach/LocalServers.h"
+#include "devices/linux/probes/LocalServers.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 namespace {
 
-using checks::Fact;
-using checks::Facts;
-using checks::Reason;
-using checks::Unknown;
+using facts::Fact;
+using facts::Facts;
+using facts::Reason;
+using facts::Unknown;
 
-constexpr Fact kReachFacts[]{Fact::lanPings,     Fact::wanPings,  Fact::nameResolution,
-                             Fact::portalProbe,  Fact::siteReach, Fact::sitePage,
-                             Fact::routerOutside};
+constexpr facts::Fact kReachFacts[]{facts::Fact::lanPings,       facts::Fact::wanPings,
+                                    facts::Fact::nameResolution, facts::Fact::portalProbe,
+                                    facts::Fact::siteReach,      facts::Fact::sitePage,
+                                    facts::Fact::routerOutside};
 
 // Why a fact of this kind is not known; nothing: it is.
-std::optional<Unknown> whyNot(const Facts& facts, Fact fact) {
+std::optional<facts::Unknown> whyNot(const facts::Facts& facts, facts::Fact fact) {
   const auto why = [](const auto& known) {
-    return known ? std::nullopt : std::optional<Unknown>(known.why());
+    return known ? std::nullopt : std::optional<facts::Unknown>(known.why());
   };
   switch (fact) {
-    case Fact::lanPings:
+    case facts::Fact::lanPings:
       return why(facts.lanPings);
-    case Fact::wanPings:
+    case facts::Fact::wanPings:
       return why(facts.wanPings);
-    case Fact::nameResolution:
+    case facts::Fact::nameResolution:
       return why(facts.nameResolution);
-    case Fact::portalProbe:
+    case facts::Fact::portalProbe:
       return why(facts.portalProbe);
-    case Fact::siteReach:
+    case facts::Fact::siteReach:
       return why(facts.siteReach);
-    case Fact::sitePage:
+    case facts::Fact::sitePage:
       return why(facts.sitePage);
     default:
       return why(facts.routerOutside);
@@ -46,15 +47,15 @@ class ReachErrands : public testing::Test {
  protected:
   ReachErrands() { addReachErrands(errands_, "lo", {}); }
 
-  const Errand& errandOf(Fact fact) const {
+  const Errand& errandOf(facts::Fact fact) const {
     return *std::find_if(errands_.begin(), errands_.end(),
                          [fact](const Errand& errand) { return errand.gives.holds(fact); });
   }
   // Its patience is over, so an errand that tried to send something would find that out only.
-  Unknown whyNotAfter(Fact fact, const Facts& known) const {
-    Facts facts;
+  facts::Unknown whyNotAfter(facts::Fact fact, const facts::Facts& known) const {
+    facts::Facts facts;
     errandOf(fact).run(known, {Clock::now(), cancellation_})(facts);
-    return whyNot(facts, fact).value_or(Unknown{Reason::failed, "It is known."});
+    return whyNot(facts, fact).value_or(facts::Unknown{facts::Reason::failed, "It is known."});
   }
 
   std::shared_ptr<Lines> log_ = std::make_shared<Lines>();
@@ -65,7 +66,7 @@ class ReachErrands : public testing::Test {
 
 TEST_F(ReachErrands, GiveEachFactOnce) {
   EXPECT_EQ(errands_.size(), std::size(kReachFacts));
-  for (const Fact fact : kReachFacts) {
+  for (const facts::Fact fact : kReachFacts) {
     EXPECT_EQ(std::count_if(errands_.begin(), errands_.end(),
                             [fact](const Errand& errand) { return errand.gives.holds(fact); }),
               1);
@@ -74,60 +75,62 @@ TEST_F(ReachErrands, GiveEachFactOnce) {
 
 TEST_F(ReachErrands, BeginAfterTheScanAndEndWithin15SecondsOfIt) {
   for (const Errand& errand : errands_) {
-    for (const Fact fact : {Fact::link, Fact::addresses, Fact::activeProfile}) {
+    for (const facts::Fact fact :
+         {facts::Fact::link, facts::Fact::addresses, facts::Fact::activeProfile}) {
       EXPECT_TRUE(errand.after.holds(fact)) << errand.name;
     }
     // What only asks the router need not wait for the radio.
-    EXPECT_NE(errand.after.holds(Fact::scan), errand.gives.holds(Fact::routerOutside))
+    EXPECT_NE(errand.after.holds(facts::Fact::scan), errand.gives.holds(facts::Fact::routerOutside))
         << errand.name;
-    EXPECT_FALSE(errand.after.meets({Fact::lanPings, Fact::nameResolution})) << errand.name;
+    EXPECT_FALSE(errand.after.meets({facts::Fact::lanPings, facts::Fact::nameResolution}))
+        << errand.name;
     EXPECT_LE(errand.limit, std::chrono::seconds(15)) << errand.name;
   }
 }
 
 TEST_F(ReachErrands, WithoutALinkSayWhyThereIsNone) {
-  Facts known;
-  known.link = Unknown{Reason::notJoined, "There is no link."};
-  known.addresses = checks::Addresses{.ipv4Gateway = "127.0.0.1"};
-  for (const Fact fact : kReachFacts) {
+  facts::Facts known;
+  known.link = facts::Unknown{facts::Reason::notJoined, "There is no link."};
+  known.addresses = facts::Addresses{.ipv4Gateway = "127.0.0.1"};
+  for (const facts::Fact fact : kReachFacts) {
     EXPECT_EQ(whyNotAfter(fact, known), known.link.why()) << errandOf(fact).name;
   }
 }
 
 TEST_F(ReachErrands, WithoutAddressesSayWhyThereAreNone) {
-  Facts known;
-  known.link = checks::Link{.interface = "lo", .ssid = "Home"};
-  known.addresses = Unknown{Reason::failed, "There are no addresses."};
-  for (const Fact fact : kReachFacts) {
+  facts::Facts known;
+  known.link = facts::Link{.interface = "lo", .ssid = "Home"};
+  known.addresses = facts::Unknown{facts::Reason::failed, "There are no addresses."};
+  for (const facts::Fact fact : kReachFacts) {
     EXPECT_EQ(whyNotAfter(fact, known), known.addresses.why()) << errandOf(fact).name;
   }
 }
 
 TEST_F(ReachErrands, WithoutARouterSayThatTheNetworkNamedNone) {
-  Facts known;
-  known.link = checks::Link{.interface = "lo", .ssid = "Home"};
-  known.addresses = checks::Addresses{};
-  for (const Fact fact : {Fact::lanPings, Fact::routerOutside}) {
-    const Unknown why = whyNotAfter(fact, known);
-    EXPECT_EQ(why.reason, Reason::notTold);
+  facts::Facts known;
+  known.link = facts::Link{.interface = "lo", .ssid = "Home"};
+  known.addresses = facts::Addresses{};
+  for (const facts::Fact fact : {facts::Fact::lanPings, facts::Fact::routerOutside}) {
+    const facts::Unknown why = whyNotAfter(fact, known);
+    EXPECT_EQ(why.reason, facts::Reason::notTold);
     EXPECT_NE(why.sentence.find("named no router"), std::string::npos) << why.sentence;
   }
 }
 
 TEST_F(ReachErrands, WithARouterOfIpv6OnlySayThatThereIsNothingToTranslate) {
-  Facts known;
-  known.link = checks::Link{.interface = "lo", .ssid = "Home"};
-  known.addresses = checks::Addresses{.ipv6Gateway = "fe80::1"};
-  const Unknown why = whyNotAfter(Fact::routerOutside, known);
-  EXPECT_EQ(why.reason, Reason::notTold);
+  facts::Facts known;
+  known.link = facts::Link{.interface = "lo", .ssid = "Home"};
+  known.addresses = facts::Addresses{.ipv6Gateway = "fe80::1"};
+  const facts::Unknown why = whyNotAfter(facts::Fact::routerOutside, known);
+  EXPECT_EQ(why.reason, facts::Reason::notTold);
   EXPECT_EQ(why.sentence.find("named no router"), std::string::npos) << why.sentence;
 }
 
 TEST_F(ReachErrands, SendNothingWhereOnlyAnotherInterfaceHasADefaultRoute) {
-  Facts known;
-  known.link = checks::Link{.interface = "lo", .ssid = "Home"};
-  known.addresses = checks::Addresses{.otherWayOut = "tun0"};
-  for (const Fact fact : kReachFacts) {
+  facts::Facts known;
+  known.link = facts::Link{.interface = "lo", .ssid = "Home"};
+  known.addresses = facts::Addresses{.otherWayOut = "tun0"};
+  for (const facts::Fact fact : kReachFacts) {
     EXPECT_EQ(whyNotAfter(fact, known).sentence,
               "The default route goes through tun0, and none through lo: end the other "
               "connection, and try again.");
@@ -137,21 +140,21 @@ TEST_F(ReachErrands, SendNothingWhereOnlyAnotherInterfaceHasADefaultRoute) {
 TEST_F(ReachErrands, GoThroughTheBondOrBridgeThatHasTheAddresses) {
   std::vector<Errand> errands;
   addReachErrands(errands, "no-such0", {});
-  Facts known;
-  known.link = checks::Link{.interface = "no-such0", .ssid = "Home"};
-  known.addresses = checks::Addresses{.ipv4Gateway = "127.0.0.1", .carrier = "lo"};
-  Facts facts;
-  errands.front().run(known, patient(cancellation_))(facts);
+  facts::Facts known;
+  known.link = facts::Link{.interface = "no-such0", .ssid = "Home"};
+  known.addresses = facts::Addresses{.ipv4Gateway = "127.0.0.1", .carrier = "lo"};
+  facts::Facts facts;
+  errands.front().run(known, probes::patient(cancellation_))(facts);
   ASSERT_TRUE(facts.lanPings) << facts.lanPings.why().sentence;
   EXPECT_FALSE(facts.lanPings->answers.empty());
 }
 
 TEST_F(ReachErrands, PingTheRouterThatTheNetworkNamed) {
-  Facts known;
-  known.link = checks::Link{.interface = "lo", .ssid = "Home"};
-  known.addresses = checks::Addresses{.ipv4Gateway = "127.0.0.1"};
-  Facts facts;
-  errandOf(Fact::lanPings)
+  facts::Facts known;
+  known.link = facts::Link{.interface = "lo", .ssid = "Home"};
+  known.addresses = facts::Addresses{.ipv4Gateway = "127.0.0.1"};
+  facts::Facts facts;
+  errandOf(facts::Fact::lanPings)
       .run(known, {Clock::now() + std::chrono::seconds(30), cancellation_})(facts);
   ASSERT_TRUE(facts.lanPings) << facts.lanPings.why().sentence;
   EXPECT_EQ(facts.lanPings->target, "127.0.0.1");
@@ -161,10 +164,10 @@ TEST_F(ReachErrands, PingTheRouterThatTheNetworkNamed) {
 TEST_F(ReachErrands, WithoutNameServersOfAnAddressPingNothing) {
   std::vector<Errand> errands;
   addReachErrands(errands, "lo", {.pingHost = "no_such..name"});
-  Facts known;
-  known.link = checks::Link{.interface = "lo", .ssid = "Home"};
-  known.addresses = checks::Addresses{};
-  Facts facts;
+  facts::Facts known;
+  known.link = facts::Link{.interface = "lo", .ssid = "Home"};
+  known.addresses = facts::Addresses{};
+  facts::Facts facts;
   errands[1].run(known, {Clock::now() + std::chrono::seconds(30), cancellation_})(facts);
   ASSERT_FALSE(facts.wanPings);
   EXPECT_NE(facts.wanPings.why().sentence.find("could not be looked up (malformed name)"),
@@ -175,12 +178,12 @@ TEST_F(ReachErrands, WithoutNameServersOfAnAddressPingNothing) {
 TEST_F(ReachErrands, KeepWithTheFactWhySomethingWasNotReached) {
   std::vector<Errand> errands;
   addReachErrands(errands, "lo", {.name = "no_such..name"});
-  Facts known;
-  known.link = checks::Link{.interface = "lo", .ssid = "Home"};
-  known.addresses = checks::Addresses{.dnsServers = std::vector<std::string>()};
-  Facts facts;
+  facts::Facts known;
+  known.link = facts::Link{.interface = "lo", .ssid = "Home"};
+  known.addresses = facts::Addresses{.dnsServers = std::vector<std::string>()};
+  facts::Facts facts;
   for (const std::size_t lookUpAndSite : {2U, 4U}) {
-    errands.at(lookUpAndSite).run(known, patient(cancellation_))(facts);
+    errands.at(lookUpAndSite).run(known, probes::patient(cancellation_))(facts);
   }
   ASSERT_TRUE(facts.nameResolution);
   EXPECT_EQ(facts.nameResolution->problem, "no name server");
@@ -191,11 +194,11 @@ TEST_F(ReachErrands, KeepWithTheFactWhySomethingWasNotReached) {
 TEST_F(ReachErrands, LogNothingFromTheirThreads) {
   std::vector<Errand> errands;
   addReachErrands(errands, "lo", {.name = "no_such..name"});
-  Facts known;
-  known.link = checks::Link{.interface = "lo", .ssid = "Home"};
-  known.addresses = checks::Addresses{.dnsServers = std::vector<std::string>()};
-  Facts facts;
-  errands.at(2).run(known, patient(cancellation_))(facts);
+  facts::Facts known;
+  known.link = facts::Link{.interface = "lo", .ssid = "Home"};
+  known.addresses = facts::Addresses{.dnsServers = std::vector<std::string>()};
+  facts::Facts facts;
+  errands.at(2).run(known, probes::patient(cancellation_))(facts);
   ASSERT_TRUE(facts.nameResolution);
   EXPECT_FALSE(facts.nameResolution->resolved);
   EXPECT_TRUE(log_->lines().empty());
@@ -217,22 +220,22 @@ std::vector<std::string> routersAddressesOfBoth(const std::string& question) {
 
 class ReachOfTheInternet : public ReachErrands {
  protected:
-  ReachOfTheInternet() { known_.link = checks::Link{.interface = "lo", .ssid = "Home"}; }
+  ReachOfTheInternet() { known_.link = facts::Link{.interface = "lo", .ssid = "Home"}; }
 
-  Facts after(Fact fact, checks::Addresses addresses) {
+  facts::Facts after(facts::Fact fact, facts::Addresses addresses) {
     addresses.dnsServers = std::vector{"127.0.0.1:" + std::to_string(server_.port())};
     known_.addresses = addresses;
-    Facts facts;
-    errandOf(fact).run(known_, patient(cancellation_))(facts);
+    facts::Facts facts;
+    errandOf(fact).run(known_, probes::patient(cancellation_))(facts);
     return facts;
   }
 
-  const UdpServer server_{routersAddressesOfBoth};
-  Facts known_;
+  const probes::UdpServer server_{routersAddressesOfBoth};
+  facts::Facts known_;
 };
 
 TEST_F(ReachOfTheInternet, IsNotPingedWhereTheNameServersGiveAnAddressOfTheHouse) {
-  const Facts facts = after(Fact::wanPings, {.ipv4Gateway = "192.168.0.1"});
+  const facts::Facts facts = after(facts::Fact::wanPings, {.ipv4Gateway = "192.168.0.1"});
   ASSERT_FALSE(facts.wanPings);
   EXPECT_NE(facts.wanPings.why().sentence.find("private address 192.168.0.1"), std::string::npos)
       << facts.wanPings.why().sentence;
@@ -247,11 +250,12 @@ std::vector<std::string> noSuchName(const std::string& question) {
 }
 
 TEST_F(ReachOfTheInternet, LooksUpANameOfTheSystemsOtherServersToo) {
-  const UdpServer knowing(routersAddressesOfBoth);
-  const UdpServer other(noSuchName);
-  const auto lookedUp = [&](const UdpServer& system) {
+  const probes::UdpServer knowing(routersAddressesOfBoth);
+  const probes::UdpServer other(noSuchName);
+  const auto lookedUp = [&](const probes::UdpServer& system) {
     const std::string server = "127.0.0.1:" + std::to_string(system.port());
-    return *after(Fact::nameResolution, {.systemDnsServers = std::vector{server}}).nameResolution;
+    return *after(facts::Fact::nameResolution, {.systemDnsServers = std::vector{server}})
+                .nameResolution;
   };
   EXPECT_TRUE(lookedUp(knowing).resolved);
   EXPECT_EQ(lookedUp(other).problem, "the system's own name servers (127.0.0.1:" +
@@ -262,34 +266,34 @@ TEST_F(ReachOfTheInternet, LooksUpANameOfTheSystemsOtherServersToo) {
 }
 
 TEST_F(ReachOfTheInternet, AsksTheSystemsServersWhereThoseOfTheLinkAreNotKnown) {
-  const UdpServer knowing(routersAddressesOfBoth);
-  known_.addresses = checks::Addresses{
+  const probes::UdpServer knowing(routersAddressesOfBoth);
+  known_.addresses = facts::Addresses{
       .systemDnsServers = std::vector{"127.0.0.1:" + std::to_string(knowing.port())}};
-  Facts facts;
-  errandOf(Fact::nameResolution).run(known_, patient(cancellation_))(facts);
+  facts::Facts facts;
+  errandOf(facts::Fact::nameResolution).run(known_, probes::patient(cancellation_))(facts);
   EXPECT_TRUE(facts.nameResolution->resolved);
   EXPECT_EQ(knowing.questions(), 2);
 }
 
 TEST_F(ReachOfTheInternet, AsksTheSystemsServersOnceWhereTheLinkHasNone) {
-  const UdpServer knowing(routersAddressesOfBoth);
-  known_.addresses = checks::Addresses{
+  const probes::UdpServer knowing(routersAddressesOfBoth);
+  known_.addresses = facts::Addresses{
       .dnsServers = std::vector<std::string>(),
       .systemDnsServers = std::vector{"127.0.0.1:" + std::to_string(knowing.port())}};
-  Facts facts;
-  errandOf(Fact::nameResolution).run(known_, patient(cancellation_))(facts);
+  facts::Facts facts;
+  errandOf(facts::Fact::nameResolution).run(known_, probes::patient(cancellation_))(facts);
   EXPECT_TRUE(facts.nameResolution->resolved) << facts.nameResolution->problem;
   EXPECT_EQ(knowing.questions(), 2);
 }
 
 TEST_F(ReachOfTheInternet, AsksTheSystemsServersThroughATunnelButNotThroughACable) {
-  const UdpServer knowing(routersAddressesOfBoth);
-  const auto lookedUp = [&](const checks::OtherInterface& through) {
-    known_.addresses = checks::Addresses{
+  const probes::UdpServer knowing(routersAddressesOfBoth);
+  const auto lookedUp = [&](const facts::OtherInterface& through) {
+    known_.addresses = facts::Addresses{
         .systemDnsServers = std::vector{"127.0.0.1:" + std::to_string(knowing.port())},
         .systemDnsThrough = through};
-    Facts facts;
-    errandOf(Fact::nameResolution).run(known_, patient(cancellation_))(facts);
+    facts::Facts facts;
+    errandOf(facts::Fact::nameResolution).run(known_, probes::patient(cancellation_))(facts);
     return facts.nameResolution;
   };
   EXPECT_EQ(lookedUp({.name = "eth0"}).why().sentence,
@@ -300,9 +304,10 @@ TEST_F(ReachOfTheInternet, AsksTheSystemsServersThroughATunnelButNotThroughACabl
 }
 
 TEST_F(ReachOfTheInternet, DoesNotDependOnTheSystemsOtherServers) {
-  const UdpServer other(noSuchName);
+  const probes::UdpServer other(noSuchName);
   const std::string server = "127.0.0.1:" + std::to_string(other.port());
-  const Facts facts = after(Fact::wanPings, {.systemDnsServers = std::vector{server}});
+  const facts::Facts facts =
+      after(facts::Fact::wanPings, {.systemDnsServers = std::vector{server}});
   ASSERT_FALSE(facts.wanPings);
   EXPECT_NE(facts.wanPings.why().sentence.find("private address 192.168.0.1"), std::string::npos)
       << facts.wanPings.why().sentence;
@@ -310,7 +315,7 @@ TEST_F(ReachOfTheInternet, DoesNotDependOnTheSystemsOtherServers) {
 }
 
 TEST_F(ReachOfTheInternet, IsPingedByIPv6WhereOnlyThatHasARouter) {
-  const Facts facts = after(Fact::wanPings, {.ipv6Gateway = "fe80::1"});
+  const facts::Facts facts = after(facts::Fact::wanPings, {.ipv6Gateway = "fe80::1"});
   // Whether it can be pinged here or not.
   EXPECT_EQ(facts.wanPings ? facts.wanPings->target : "2001:db8::1", "2001:db8::1");
   if (!facts.wanPings) {
@@ -320,4 +325,4 @@ TEST_F(ReachOfTheInternet, IsPingedByIPv6WhereOnlyThatHasARouter) {
 }
 
 }  // namespace
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

@@ -10,26 +10,28 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "devices/linux/NetlinkBytes.h"
 #include "devices/linux/Rfkill.h"
+#include "devices/linux/netlink/NetlinkBytes.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux {
 namespace {
 
 namespace fs = std::filesystem;
-using checks::Reason;
+using facts::Reason;
+using ieee80211::operator+;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using News = Rfkill::News;
 
-Octets event(std::uint32_t index, std::uint8_t operation, bool soft = false, bool hard = false) {
+ieee80211::Octets event(std::uint32_t index, std::uint8_t operation, bool soft = false,
+                        bool hard = false) {
   rfkill_event made{};
   made.idx = index;
   made.type = RFKILL_TYPE_WLAN;
   made.op = operation;
   made.soft = soft ? 1 : 0;
   made.hard = hard ? 1 : 0;
-  return octetsOf(made);
+  return netlink::octetsOf(made);
 }
 
 TEST(RfkillEvents, AreReadFromEightBytesOrMore) {
@@ -37,10 +39,10 @@ TEST(RfkillEvents, AreReadFromEightBytesOrMore) {
                              .operation = RfkillEvent::Operation::changed,
                              .softBlocked = true,
                              .hardBlocked = false};
-  const Octets bytes = event(7, RFKILL_OP_CHANGE, true);
+  const ieee80211::Octets bytes = event(7, RFKILL_OP_CHANGE, true);
   EXPECT_EQ(parseRfkillEvent(bytes), expected);
-  EXPECT_EQ(parseRfkillEvent(bytes + Octets{3, 9, 9}), expected);
-  EXPECT_FALSE(parseRfkillEvent(Bytes(bytes).first(7)));
+  EXPECT_EQ(parseRfkillEvent(bytes + ieee80211::Octets{3, 9, 9}), expected);
+  EXPECT_FALSE(parseRfkillEvent(ieee80211::Bytes(bytes).first(7)));
   EXPECT_FALSE(parseRfkillEvent({}));
 }
 
@@ -67,7 +69,7 @@ class Switches : public testing::Test {
   Rfkill rfkill(const std::string& interface = "wlan0") const {
     return Rfkill(interface, device(), folder_.string());
   }
-  void happens(const Octets& bytes) const {
+  void happens(const ieee80211::Octets& bytes) const {
     EXPECT_EQ(write(fifo_.number(), bytes.data(), bytes.size()),
               static_cast<ssize_t>(bytes.size()));
   }
@@ -131,7 +133,7 @@ TEST_F(Switches, ThatOnlyHandsCanTurnAreNotTurned) {
   ASSERT_FALSE(switches.open());
   const auto problem = switches.switchOn();
   ASSERT_TRUE(problem);
-  EXPECT_EQ(problem->reason, Reason::radioOff);
+  EXPECT_EQ(problem->reason, facts::Reason::radioOff);
   EXPECT_THAT(newsOf(switches), IsEmpty());
 }
 
@@ -139,7 +141,7 @@ TEST_F(Switches, OfAnInterfaceThatIsGoneAreUnknown) {
   Rfkill switches = rfkill("wlan9");
   const auto problem = switches.open();
   ASSERT_TRUE(problem);
-  EXPECT_EQ(problem->reason, Reason::noHardware);
+  EXPECT_EQ(problem->reason, facts::Reason::noHardware);
   EXPECT_FALSE(switches.poweredOn());
   EXPECT_THAT(newsOf(switches), IsEmpty());
 }
@@ -149,8 +151,8 @@ TEST_F(Switches, ThatARadioLacksAreNotSupported) {
   Rfkill switches = rfkill("wlan1");
   const auto problem = switches.open();
   ASSERT_TRUE(problem);
-  EXPECT_EQ(problem->reason, Reason::notSupported);
-  EXPECT_EQ(switches.switchOn()->reason, Reason::notSupported);
+  EXPECT_EQ(problem->reason, facts::Reason::notSupported);
+  EXPECT_EQ(switches.switchOn()->reason, facts::Reason::notSupported);
 }
 
 TEST_F(Switches, ThatGiveNoNewsAreKnownAsTheyAreNow) {
@@ -171,8 +173,8 @@ TEST_F(Switches, OfAKernelWithoutTheDeviceAreNotSupported) {
   Rfkill switches = rfkill();
   const auto problem = switches.open();
   ASSERT_TRUE(problem);
-  EXPECT_EQ(problem->reason, Reason::notSupported);
+  EXPECT_EQ(problem->reason, facts::Reason::notSupported);
 }
 
 }  // namespace
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux

@@ -5,9 +5,9 @@
 #include <set>
 #include <string>
 
-#include "ieee80211/Network.h"
+#include "analysis/ieee80211/Network.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 namespace {
 
 using ieee80211::Security;
@@ -34,24 +34,26 @@ constexpr std::int64_t kOwe = 0x800;
 constexpr std::int64_t kOweTransition = 0x1000;  // the open network of an OWE transition pair
 constexpr std::int64_t kSuiteB192 = 0x2000;
 
-Security securityFrom(std::int64_t flags, std::int64_t wpa, std::int64_t rsn) {
+ieee80211::Security securityFrom(std::int64_t flags, std::int64_t wpa, std::int64_t rsn) {
   const auto has = [](std::int64_t set, std::int64_t flag) { return (set & flag) != 0; };
-  if (has(rsn, kSae)) return has(rsn, kPsk) ? Security::wpa2Wpa3Personal : Security::wpa3Personal;
-  if (has(rsn, kPsk)) return Security::wpa2Personal;
-  if (has(rsn, kSuiteB192)) return Security::wpa3Enterprise;
-  if (has(rsn, k8021x)) return Security::wpa2Enterprise;
-  if (has(rsn, kOwe)) return Security::owe;
-  if (has(wpa, kPsk)) return Security::wpaPersonal;
-  if (has(wpa, k8021x)) return Security::wpaEnterprise;
-  if (wpa != 0 || (rsn & ~kOweTransition) != 0) return Security::unknown;
-  return has(flags, kPrivacy) ? Security::wep : Security::none;
+  if (has(rsn, kSae))
+    return has(rsn, kPsk) ? ieee80211::Security::wpa2Wpa3Personal
+                          : ieee80211::Security::wpa3Personal;
+  if (has(rsn, kPsk)) return ieee80211::Security::wpa2Personal;
+  if (has(rsn, kSuiteB192)) return ieee80211::Security::wpa3Enterprise;
+  if (has(rsn, k8021x)) return ieee80211::Security::wpa2Enterprise;
+  if (has(rsn, kOwe)) return ieee80211::Security::owe;
+  if (has(wpa, kPsk)) return ieee80211::Security::wpaPersonal;
+  if (has(wpa, k8021x)) return ieee80211::Security::wpaEnterprise;
+  if (wpa != 0 || (rsn & ~kOweTransition) != 0) return ieee80211::Security::unknown;
+  return has(flags, kPrivacy) ? ieee80211::Security::wep : ieee80211::Security::none;
 }
 
-Security securityFrom(const BusValue& properties) {
+ieee80211::Security securityFrom(const BusValue& properties) {
   const auto flags = properties.at("Flags").integer();
   const auto wpa = properties.at("WpaFlags").integer();
   const auto rsn = properties.at("RsnFlags").integer();
-  return flags && wpa && rsn ? securityFrom(*flags, *wpa, *rsn) : Security::unknown;
+  return flags && wpa && rsn ? securityFrom(*flags, *wpa, *rsn) : ieee80211::Security::unknown;
 }
 
 // NetworkManager maps -100 to -40 dBm to percent.
@@ -79,9 +81,9 @@ std::optional<milliseconds> ageFrom(const BusValue& lastSeen, std::chrono::nanos
 
 }  // namespace
 
-std::optional<checks::AccessPoint> accessPointFrom(const BusValue& properties,
-                                                   std::chrono::nanoseconds sinceBoot) {
-  checks::AccessPoint point;
+std::optional<facts::AccessPoint> accessPointFrom(const BusValue& properties,
+                                                  std::chrono::nanoseconds sinceBoot) {
+  facts::AccessPoint point;
   point.isSecondHand = true;
   point.bssid = addressFrom(properties.at("HwAddress").text().value_or(""));
   if (point.bssid.empty()) return std::nullopt;
@@ -97,14 +99,14 @@ std::optional<checks::AccessPoint> accessPointFrom(const BusValue& properties,
   return point;
 }
 
-void addSecondHand(const std::vector<checks::AccessPoint>& listed, milliseconds oldest,
-                   checks::Scan& scan) {
+void addSecondHand(const std::vector<facts::AccessPoint>& listed, milliseconds oldest,
+                   facts::Scan& scan) {
   std::set<std::string> known;
-  for (const checks::AccessPoint& point : scan.accessPoints) known.insert(point.bssid);
-  for (const checks::AccessPoint& point : listed) {
+  for (const facts::AccessPoint& point : scan.accessPoints) known.insert(point.bssid);
+  for (const facts::AccessPoint& point : listed) {
     if (!point.age || *point.age > oldest || !known.insert(point.bssid).second) continue;
     scan.accessPoints.push_back(point);
   }
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

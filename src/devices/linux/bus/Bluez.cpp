@@ -2,18 +2,18 @@
 
 #include "devices/linux/bus/Services.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
-using checks::Bluetooth;
-using checks::Known;
-using checks::Reason;
-using checks::Unknown;
+using facts::Bluetooth;
+using facts::Known;
+using facts::Reason;
+using facts::Unknown;
 
-Known<Bluetooth> bluetoothFrom(const BusValue& objects) {
+facts::Known<facts::Bluetooth> bluetoothFrom(const BusValue& objects) {
   // BlueZ always has an object of its own, so an empty map is not a list of its objects.
   if (objects.map().empty()) return unknownFrom(BusAnswer{}, kBluez);
   bool hasAdapter = false;
-  Bluetooth bluetooth;
+  facts::Bluetooth bluetooth;
   for (const auto& [path, interfaces] : objects.map()) {
     const BusValue& device = interfaces.at("org.bluez.Device1");
     hasAdapter = hasAdapter || !interfaces.at("org.bluez.Adapter1").map().empty();
@@ -21,15 +21,15 @@ Known<Bluetooth> bluetoothFrom(const BusValue& objects) {
     bluetooth.connected += device.at("Connected").boolean().value_or(false) ? 1 : 0;
   }
   if (!hasAdapter) {
-    return Unknown{
-        Reason::noHardware,
+    return facts::Unknown{
+        facts::Reason::noHardware,
         "This device has no Bluetooth adapter that BlueZ knows. Plug one in, or load its "
         "driver."};
   }
   return bluetooth;
 }
 
-Known<Bluetooth> readBluetooth(Bus& system, const Patience& patience) {
+facts::Known<facts::Bluetooth> readBluetooth(Bus& system, const Patience& patience) {
   const BusAnswer owner = system.ownerOf(kBluez.busName, patience);
   if (!owner.isGood()) return unknownFrom(owner, kBluez);
   const BusAnswer answer = system.call({owner.first().text().value_or(""),
@@ -42,4 +42,4 @@ Known<Bluetooth> readBluetooth(Bus& system, const Patience& patience) {
   return bluetoothFrom(answer.first());
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

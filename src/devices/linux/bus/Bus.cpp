@@ -10,7 +10,7 @@
 #include "devices/linux/LeftThreads.h"
 #include "devices/linux/bus/MessageReader.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 namespace {
 
@@ -326,4 +326,4 @@ BusCall getProperties(std::string owner, std::string path, std::string interface
           {std::move(interface)}};
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

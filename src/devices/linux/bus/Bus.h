@@ -20,7 +20,7 @@
 #include "devices/linux/Patience.h"
 #include "devices/linux/bus/BusValue.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 // Why a call failed.
 struct BusError {
@@ -101,4 +101,4 @@ class Bus {
 BusCall getProperty(std::string owner, std::string path, std::string interface, std::string name);
 BusCall getProperties(std::string owner, std::string path, std::string interface);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 namespace {
 
@@ -51,4 +51,4 @@ const BusValue& BusValue::at(std::string_view key) const {
   return found == entries.end() ? kNothing : found->second;
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

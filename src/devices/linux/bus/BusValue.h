@@ -12,7 +12,7 @@
 #include <variant>
 #include <vector>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 class BusValue {
  public:
@@ -47,4 +47,4 @@ class BusValue {
   Content content_;
 };
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

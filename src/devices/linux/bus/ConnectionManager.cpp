@@ -4,13 +4,13 @@
 #include "devices/linux/bus/NetworkManager.h"
 #include "devices/linux/bus/Supplicant.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
-using checks::ActiveProfile;
-using checks::Known;
-using checks::Reason;
-using checks::SavedNetwork;
-using checks::Unknown;
+using facts::ActiveProfile;
+using facts::Known;
+using facts::Reason;
+using facts::SavedNetwork;
+using facts::Unknown;
 
 namespace {
 
@@ -19,14 +19,15 @@ using ManagerKind = ConnectionManager::Kind;
 const char* nameOf(ManagerKind kind) { return kind == ManagerKind::iwd ? "iwd" : "wpa_supplicant"; }
 
 // The reason for facts that iwd and wpa_supplicant do not know.
-Unknown notTold(ManagerKind kind, const char* what) {
-  return {Reason::notTold,
+facts::Unknown notTold(ManagerKind kind, const char* what) {
+  return {facts::Reason::notTold,
           std::string(nameOf(kind)) + " does not say " + what + "; only NetworkManager does."};
 }
 
 }  // namespace
 
-Known<ManagerKind> ConnectionManager::kind(const std::string& interface, const Patience& patience) {
+facts::Known<ManagerKind> ConnectionManager::kind(const std::string& interface,
+                                                  const Patience& patience) {
   if (kind_ && kindOf_ == interface) return *kind_;
   auto found = findKind(interface, patience);
   if (found) {
@@ -36,12 +37,12 @@ Known<ManagerKind> ConnectionManager::kind(const std::string& interface, const P
   return found;
 }
 
-Known<ManagerKind> ConnectionManager::findKind(const std::string& interface,
-                                               const Patience& patience) {
+facts::Known<ManagerKind> ConnectionManager::findKind(const std::string& interface,
+                                                      const Patience& patience) {
   const auto byNetworkManager = NetworkManager(bus_).manages(interface, patience);
   if (byNetworkManager && *byNetworkManager) return ManagerKind::networkManager;
-  const auto isAbsent = [](const Known<bool>& manages) {
-    return manages || manages.why().reason == Reason::noService;
+  const auto isAbsent = [](const facts::Known<bool>& manages) {
+    return manages || manages.why().reason == facts::Reason::noService;
   };
   if (!isAbsent(byNetworkManager)) return byNetworkManager.why();
   const auto byIwd = Iwd(bus_).manages(interface, patience);
@@ -51,16 +52,17 @@ Known<ManagerKind> ConnectionManager::findKind(const std::string& interface,
   if (bySupplicant && *bySupplicant) return ManagerKind::supplicant;
   if (!isAbsent(bySupplicant)) return bySupplicant.why();
   if (byNetworkManager) {
-    return Unknown{Reason::noService, "NetworkManager is running, but does not take care of " +
-                                          interface + " (nmcli device set " + interface +
-                                          " managed yes), and neither does iwd or "
-                                          "wpa_supplicant."};
+    return facts::Unknown{facts::Reason::noService,
+                          "NetworkManager is running, but does not take care of " + interface +
+                              " (nmcli device set " + interface +
+                              " managed yes), and neither does iwd or "
+                              "wpa_supplicant."};
   }
   return byNetworkManager.why();
 }
 
-Known<ActiveProfile> ConnectionManager::activeProfile(const std::string& interface,
-                                                      const Patience& patience) {
+facts::Known<facts::ActiveProfile> ConnectionManager::activeProfile(const std::string& interface,
+                                                                    const Patience& patience) {
   const auto manager = kind(interface, patience);
   if (!manager) return manager.why();
   if (*manager != ManagerKind::networkManager)
@@ -68,16 +70,16 @@ Known<ActiveProfile> ConnectionManager::activeProfile(const std::string& interfa
   return NetworkManager(bus_).activeProfile(interface, patience);
 }
 
-Known<std::vector<std::string>> ConnectionManager::dnsServers(const std::string& interface,
-                                                              const Patience& patience) {
+facts::Known<std::vector<std::string>> ConnectionManager::dnsServers(const std::string& interface,
+                                                                     const Patience& patience) {
   const auto manager = kind(interface, patience);
   if (!manager) return manager.why();
   if (*manager != ManagerKind::networkManager) return notTold(*manager, "the link's DNS servers");
   return NetworkManager(bus_).dnsServers(interface, patience);
 }
 
-Known<std::vector<SavedNetwork>> ConnectionManager::savedNetworks(const std::string& interface,
-                                                                  const Patience& patience) {
+facts::Known<std::vector<facts::SavedNetwork>> ConnectionManager::savedNetworks(
+    const std::string& interface, const Patience& patience) {
   const auto manager = kind(interface, patience);
   if (!manager) return manager.why();
   switch (*manager) {
@@ -91,15 +93,15 @@ Known<std::vector<SavedNetwork>> ConnectionManager::savedNetworks(const std::str
   return Supplicant(bus_).savedNetworks(interface, patience);
 }
 
-Known<LastScan> ConnectionManager::lastScan(const std::string& interface,
-                                            const Patience& patience) {
+facts::Known<LastScan> ConnectionManager::lastScan(const std::string& interface,
+                                                   const Patience& patience) {
   const auto manager = kind(interface, patience);
   if (!manager) return manager.why();
   if (*manager != ManagerKind::networkManager) return notTold(*manager, "when it scanned last");
   return NetworkManager(bus_).lastScan(interface, patience);
 }
 
-Known<std::vector<checks::AccessPoint>> ConnectionManager::accessPoints(
+facts::Known<std::vector<facts::AccessPoint>> ConnectionManager::accessPoints(
     const std::string& interface, const Patience& patience) {
   const auto manager = kind(interface, patience);
   if (!manager) return manager.why();
@@ -108,8 +110,8 @@ Known<std::vector<checks::AccessPoint>> ConnectionManager::accessPoints(
   return NetworkManager(bus_).accessPoints(interface, patience);
 }
 
-Known<ScanStart> ConnectionManager::requestScan(const std::string& interface,
-                                                const Patience& patience) {
+facts::Known<ScanStart> ConnectionManager::requestScan(const std::string& interface,
+                                                       const Patience& patience) {
   const auto manager = kind(interface, patience);
   if (!manager) return manager.why();
   switch (*manager) {
@@ -123,24 +125,25 @@ Known<ScanStart> ConnectionManager::requestScan(const std::string& interface,
   return Supplicant(bus_).requestScan(interface, patience);
 }
 
-Known<bool> ConnectionManager::isRadioOn(const std::string& interface, const Patience& patience) {
+facts::Known<bool> ConnectionManager::isRadioOn(const std::string& interface,
+                                                const Patience& patience) {
   const auto manager = kind(interface, patience);
   if (!manager) return manager.why();
   if (*manager == ManagerKind::networkManager)
     return NetworkManager(bus_).isWirelessEnabled(patience);
-  return Unknown{Reason::notSupported,
-                 std::string(nameOf(*manager)) + " has no switch for all Wi-Fi."};
+  return facts::Unknown{facts::Reason::notSupported,
+                        std::string(nameOf(*manager)) + " has no switch for all Wi-Fi."};
 }
 
-std::optional<Unknown> ConnectionManager::setRadioOn(const std::string& interface, bool on,
-                                                     const Patience& patience) {
+std::optional<facts::Unknown> ConnectionManager::setRadioOn(const std::string& interface, bool on,
+                                                            const Patience& patience) {
   const auto manager = kind(interface, patience);
   if (!manager) return manager.why();
   if (*manager == ManagerKind::networkManager) {
     return NetworkManager(bus_).setWirelessEnabled(on, patience);
   }
-  return Unknown{Reason::notSupported,
-                 std::string(nameOf(*manager)) + " has no switch for all Wi-Fi."};
+  return facts::Unknown{facts::Reason::notSupported,
+                        std::string(nameOf(*manager)) + " has no switch for all Wi-Fi."};
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

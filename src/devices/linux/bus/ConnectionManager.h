@@ -8,14 +8,14 @@
 #include <string>
 #include <vector>
 
-#include "checks/AirFacts.h"
-#include "checks/DeviceFacts.h"
-#include "checks/Known.h"
+#include "analysis/facts/AirFacts.h"
+#include "analysis/facts/DeviceFacts.h"
+#include "analysis/facts/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/bus/Bus.h"
 #include "devices/linux/bus/ScanRequest.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 class ConnectionManager {
  public:
@@ -23,39 +23,39 @@ class ConnectionManager {
   explicit ConnectionManager(Bus& system) : bus_(system) {}
 
   enum class Kind { networkManager, iwd, supplicant };
-  checks::Known<Kind> kind(const std::string& interface, const Patience& patience);
+  facts::Known<Kind> kind(const std::string& interface, const Patience& patience);
 
   // From NetworkManager; notTold with the others. notJoined: there is no connection.
-  checks::Known<checks::ActiveProfile> activeProfile(const std::string& interface,
-                                                     const Patience& patience);
+  facts::Known<facts::ActiveProfile> activeProfile(const std::string& interface,
+                                                   const Patience& patience);
   // From NetworkManager, IPv4 first; notTold with the others.
-  checks::Known<std::vector<std::string>> dnsServers(const std::string& interface,
-                                                     const Patience& patience);
-  checks::Known<std::vector<checks::SavedNetwork>> savedNetworks(const std::string& interface,
-                                                                 const Patience& patience);
+  facts::Known<std::vector<std::string>> dnsServers(const std::string& interface,
+                                                    const Patience& patience);
+  facts::Known<std::vector<facts::SavedNetwork>> savedNetworks(const std::string& interface,
+                                                               const Patience& patience);
   // When the manager's last scan of the interface ended. From NetworkManager; notTold with the
   // others.
-  checks::Known<LastScan> lastScan(const std::string& interface, const Patience& patience);
+  facts::Known<LastScan> lastScan(const std::string& interface, const Patience& patience);
   // The access points that the manager lists. From NetworkManager; notTold with the others.
-  checks::Known<std::vector<checks::AccessPoint>> accessPoints(const std::string& interface,
-                                                               const Patience& patience);
+  facts::Known<std::vector<facts::AccessPoint>> accessPoints(const std::string& interface,
+                                                             const Patience& patience);
   // Requests a scan. Does not wait for its end.
-  checks::Known<ScanStart> requestScan(const std::string& interface, const Patience& patience);
+  facts::Known<ScanStart> requestScan(const std::string& interface, const Patience& patience);
 
   // Whether the manager's switch for all Wi-Fi is on. From NetworkManager; notSupported with the
   // others.
-  checks::Known<bool> isRadioOn(const std::string& interface, const Patience& patience);
+  facts::Known<bool> isRadioOn(const std::string& interface, const Patience& patience);
   // Sets that switch. Empty: done. notPermitted: this user may not. The service does not ask for a
   // password.
-  std::optional<checks::Unknown> setRadioOn(const std::string& interface, bool on,
-                                            const Patience& patience);
+  std::optional<facts::Unknown> setRadioOn(const std::string& interface, bool on,
+                                           const Patience& patience);
 
  private:
-  checks::Known<Kind> findKind(const std::string& interface, const Patience& patience);
+  facts::Known<Kind> findKind(const std::string& interface, const Patience& patience);
 
   Bus& bus_;
   std::optional<Kind> kind_;
   std::string kindOf_;  // the interface that `kind_` belongs to
 };
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

@@ -1,16 +1,16 @@
 #include "devices/linux/bus/Iwd.h"
 
+#include "analysis/ieee80211/Network.h"
 #include "devices/linux/bus/ProfileFacts.h"
 #include "devices/linux/bus/ProfileSecurity.h"
 #include "devices/linux/bus/Services.h"
-#include "ieee80211/Network.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
-using checks::Known;
-using checks::Reason;
-using checks::SavedNetwork;
-using checks::Unknown;
+using facts::Known;
+using facts::Reason;
+using facts::SavedNetwork;
+using facts::Unknown;
 
 namespace {
 
@@ -31,15 +31,15 @@ std::optional<std::string> stationPath(const BusValue& objects, const std::strin
 
 }  // namespace
 
-std::vector<SavedNetwork> savedNetworksFromIwd(const BusValue& objects) {
-  std::vector<SavedNetwork> networks;
+std::vector<facts::SavedNetwork> savedNetworksFromIwd(const BusValue& objects) {
+  std::vector<facts::SavedNetwork> networks;
   for (const auto& [path, interfaces] : objects.map()) {
     const BusValue& known = interfaces.at(kKnownNetwork);
     const auto name = known.at("Name").text();
     if (!name || name->empty() || name->size() > ieee80211::kLongestSsid) continue;
     if (networks.size() == kLongestBusList) break;
     const std::string type = known.at("Type").text().value_or("");
-    SavedNetwork network;
+    facts::SavedNetwork network;
     network.ssid = *name;
     network.security = securityFromIwd(type);
     network.isPasspoint = type == "hotspot";
@@ -51,7 +51,7 @@ std::vector<SavedNetwork> savedNetworksFromIwd(const BusValue& objects) {
   return networks;
 }
 
-Known<Iwd::Objects> Iwd::objects(const Patience& patience) {
+facts::Known<Iwd::Objects> Iwd::objects(const Patience& patience) {
   const BusAnswer owner = bus_.ownerOf(kIwd.busName, patience);
   if (!owner.isGood()) return unknownFrom(owner, kIwd);
   const std::string name = owner.first().text().value_or("");
@@ -61,23 +61,24 @@ Known<Iwd::Objects> Iwd::objects(const Patience& patience) {
   return Objects{name, answer.first()};
 }
 
-Known<bool> Iwd::manages(const std::string& interface, const Patience& patience) {
+facts::Known<bool> Iwd::manages(const std::string& interface, const Patience& patience) {
   const auto found = objects(patience);
   if (!found) return found.why();
   return stationPath(found->objects, interface).has_value();
 }
 
-Known<std::vector<SavedNetwork>> Iwd::savedNetworks(const Patience& patience) {
+facts::Known<std::vector<facts::SavedNetwork>> Iwd::savedNetworks(const Patience& patience) {
   const auto found = objects(patience);
   if (!found) return found.why();
   return savedNetworksFromIwd(found->objects);
 }
 
-Known<ScanStart> Iwd::requestScan(const std::string& interface, const Patience& patience) {
+facts::Known<ScanStart> Iwd::requestScan(const std::string& interface, const Patience& patience) {
   const auto found = objects(patience);
   if (!found) return found.why();
   const auto path = stationPath(found->objects, interface);
-  if (!path) return Unknown{Reason::noHardware, "iwd has no station on " + interface + "."};
+  if (!path)
+    return facts::Unknown{facts::Reason::noHardware, "iwd has no station on " + interface + "."};
   const BusAnswer answer = bus_.call({found->owner, *path, kStation, "Scan", {}}, patience);
   if (answer.isGood()) return ScanStart::started;
   const std::string& error = answer.error->name;
@@ -85,4 +86,4 @@ Known<ScanStart> Iwd::requestScan(const std::string& interface, const Patience& 
   return unknownFrom(answer, kIwd);
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

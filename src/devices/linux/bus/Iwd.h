@@ -4,16 +4,16 @@
 #include <string>
 #include <vector>
 
-#include "checks/DeviceFacts.h"
-#include "checks/Known.h"
+#include "analysis/facts/DeviceFacts.h"
+#include "analysis/facts/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/bus/Bus.h"
 #include "devices/linux/bus/ScanRequest.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 // Returns the known networks in the answer of ObjectManager.GetManagedObjects, a{oa{sa{sv}}}. Pure.
-std::vector<checks::SavedNetwork> savedNetworksFromIwd(const BusValue& objects);
+std::vector<facts::SavedNetwork> savedNetworksFromIwd(const BusValue& objects);
 
 class Iwd {
  public:
@@ -21,18 +21,18 @@ class Iwd {
   explicit Iwd(Bus& system) : bus_(system) {}
 
   // Whether iwd has a station on that interface; noService if it is not running.
-  checks::Known<bool> manages(const std::string& interface, const Patience& patience);
-  checks::Known<std::vector<checks::SavedNetwork>> savedNetworks(const Patience& patience);
-  checks::Known<ScanStart> requestScan(const std::string& interface, const Patience& patience);
+  facts::Known<bool> manages(const std::string& interface, const Patience& patience);
+  facts::Known<std::vector<facts::SavedNetwork>> savedNetworks(const Patience& patience);
+  facts::Known<ScanStart> requestScan(const std::string& interface, const Patience& patience);
 
  private:
   struct Objects {
     std::string owner;
     BusValue objects;
   };
-  checks::Known<Objects> objects(const Patience& patience);
+  facts::Known<Objects> objects(const Patience& patience);
 
   Bus& bus_;
 };
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

@@ -2,7 +2,7 @@
 
 #include <sdbus-c++/sdbus-c++.h>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 namespace {
 
@@ -165,4 +165,4 @@ std::optional<std::vector<BusValue>> readMessage(sdbus::Message& message) {
   return reader.isTooLarge() ? std::nullopt : std::optional(std::move(values));
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

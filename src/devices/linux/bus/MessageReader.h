@@ -10,7 +10,7 @@ namespace sdbus {
 class Message;
 }
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 inline constexpr std::size_t kLongestBusText = 4096;  // bytes; a longer text becomes an empty value
 
@@ -20,4 +20,4 @@ inline constexpr std::size_t kLongestBusText = 4096;  // bytes; a longer text be
 // and become empty values. Throws sdbus::Error if the message is damaged.
 std::optional<std::vector<BusValue>> readMessage(sdbus::Message& message);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

@@ -7,13 +7,13 @@
 #include "devices/linux/bus/ProfileFacts.h"
 #include "devices/linux/bus/Services.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
-using checks::ActiveProfile;
-using checks::Known;
-using checks::Reason;
-using checks::SavedNetwork;
-using checks::Unknown;
+using facts::ActiveProfile;
+using facts::Known;
+using facts::Reason;
+using facts::SavedNetwork;
+using facts::Unknown;
 
 namespace {
 
@@ -40,21 +40,22 @@ std::optional<std::string> objectAt(const BusValue& properties, const char* key)
 
 }  // namespace
 
-Known<std::string> NetworkManager::owner(const Patience& patience) {
+facts::Known<std::string> NetworkManager::owner(const Patience& patience) {
   const BusAnswer answer = bus_.ownerOf(kNetworkManager.busName, patience);
   if (!answer.isGood()) return unknownFrom(answer, kNetworkManager);
   return answer.first().text().value_or("");
 }
 
-Known<NetworkManager::Device> NetworkManager::device(const std::string& interface,
-                                                     const Patience& patience) {
+facts::Known<NetworkManager::Device> NetworkManager::device(const std::string& interface,
+                                                            const Patience& patience) {
   const auto service = owner(patience);
   if (!service) return service.why();
   const BusAnswer found =
       bus_.call({*service, kManagerPath, kManager, "GetDeviceByIpIface", {interface}}, patience);
   const auto path = found.first().text();
   if (!path && (found.isGood() || found.error->kind == BusError::Kind::noSuchThing)) {
-    return Unknown{Reason::noHardware, "NetworkManager knows no interface " + interface + "."};
+    return facts::Unknown{facts::Reason::noHardware,
+                          "NetworkManager knows no interface " + interface + "."};
   }
   if (!path) return unknownFrom(found, kNetworkManager);
   BusAnswer properties = bus_.call(getProperties(*service, *path, kDevice), patience);
@@ -62,20 +63,20 @@ Known<NetworkManager::Device> NetworkManager::device(const std::string& interfac
   return Device{*service, *path, properties.first()};
 }
 
-Known<bool> NetworkManager::manages(const std::string& interface, const Patience& patience) {
+facts::Known<bool> NetworkManager::manages(const std::string& interface, const Patience& patience) {
   const auto found = device(interface, patience);
-  if (!found && found.why().reason == Reason::noHardware) return false;
+  if (!found && found.why().reason == facts::Reason::noHardware) return false;
   if (!found) return found.why();
   const auto state = found->properties.at("State").integer();
   return state.has_value() && *state > kUnmanaged;
 }
 
-Known<ActiveProfile> NetworkManager::activeProfile(const std::string& interface,
-                                                   const Patience& patience) {
+facts::Known<facts::ActiveProfile> NetworkManager::activeProfile(const std::string& interface,
+                                                                 const Patience& patience) {
   const auto found = device(interface, patience);
   if (!found) return found.why();
   const auto active = objectAt(found->properties, "ActiveConnection");
-  if (!active) return Unknown{Reason::notJoined, interface + " is not connected."};
+  if (!active) return facts::Unknown{facts::Reason::notJoined, interface + " is not connected."};
   std::vector<BusCall> calls{getProperty(found->owner, *active, kActive, "Connection")};
   if (const auto dhcp = objectAt(found->properties, "Dhcp4Config")) {
     calls.push_back(getProperty(found->owner, *dhcp, kDhcp4Config, "Options"));
@@ -90,13 +91,14 @@ Known<ActiveProfile> NetworkManager::activeProfile(const std::string& interface,
       {settings.first(), found->properties, answers.size() > 1 ? answers[1].first() : BusValue()});
 }
 
-Known<std::vector<std::string>> NetworkManager::dnsServers(const std::string& interface,
-                                                           const Patience& patience) {
+facts::Known<std::vector<std::string>> NetworkManager::dnsServers(const std::string& interface,
+                                                                  const Patience& patience) {
   const auto found = device(interface, patience);
   if (!found) return found.why();
   const auto ip4 = objectAt(found->properties, "Ip4Config");
   const auto ip6 = objectAt(found->properties, "Ip6Config");
-  if (!ip4 && !ip6) return Unknown{Reason::notJoined, interface + " is not connected."};
+  if (!ip4 && !ip6)
+    return facts::Unknown{facts::Reason::notJoined, interface + " is not connected."};
   const std::string none = "/";
   const auto answers = bus_.call({getProperties(found->owner, ip4.value_or(none), kIp4Config),
                                   getProperties(found->owner, ip6.value_or(none), kIp6Config)},
@@ -110,7 +112,8 @@ Known<std::vector<std::string>> NetworkManager::dnsServers(const std::string& in
   return servers;
 }
 
-Known<std::vector<SavedNetwork>> NetworkManager::savedNetworks(const Patience& patience) {
+facts::Known<std::vector<facts::SavedNetwork>> NetworkManager::savedNetworks(
+    const Patience& patience) {
   const auto service = owner(patience);
   if (!service) return service.why();
   const BusAnswer listed =
@@ -118,7 +121,7 @@ Known<std::vector<SavedNetwork>> NetworkManager::savedNetworks(const Patience& p
   if (!listed.isGood()) return unknownFrom(listed, kNetworkManager);
   const BusValue::List& paths = listed.first().list();
   const std::size_t count = std::min(paths.size(), kLongestBusList);
-  std::vector<SavedNetwork> networks;
+  std::vector<facts::SavedNetwork> networks;
   std::size_t refused = 0;
   for (std::size_t begin = 0; begin < count; begin += Bus::kCallsAtATime) {
     std::vector<BusCall> calls;
@@ -140,7 +143,8 @@ Known<std::vector<SavedNetwork>> NetworkManager::savedNetworks(const Patience& p
   return networks;
 }
 
-Known<LastScan> NetworkManager::lastScan(const std::string& interface, const Patience& patience) {
+facts::Known<LastScan> NetworkManager::lastScan(const std::string& interface,
+                                                const Patience& patience) {
   const auto found = device(interface, patience);
   if (!found) return found.why();
   const BusAnswer answer =
@@ -150,8 +154,8 @@ Known<LastScan> NetworkManager::lastScan(const std::string& interface, const Pat
   return *time < 0 ? LastScan() : LastScan(std::chrono::milliseconds(*time));
 }
 
-Known<std::vector<checks::AccessPoint>> NetworkManager::accessPoints(const std::string& interface,
-                                                                     const Patience& patience) {
+facts::Known<std::vector<facts::AccessPoint>> NetworkManager::accessPoints(
+    const std::string& interface, const Patience& patience) {
   const auto found = device(interface, patience);
   if (!found) return found.why();
   const BusAnswer listed =
@@ -159,7 +163,7 @@ Known<std::vector<checks::AccessPoint>> NetworkManager::accessPoints(const std::
   if (!listed.isGood()) return unknownFrom(listed, kNetworkManager);
   const BusValue::List& paths = listed.first().list();
   const std::size_t count = std::min(paths.size(), kLongestBusList);
-  std::vector<checks::AccessPoint> points;
+  std::vector<facts::AccessPoint> points;
   for (std::size_t begin = 0; begin < count; begin += Bus::kCallsAtATime) {
     std::vector<BusCall> calls;
     for (std::size_t index = begin; index < std::min(count, begin + Bus::kCallsAtATime); ++index) {
@@ -178,8 +182,8 @@ Known<std::vector<checks::AccessPoint>> NetworkManager::accessPoints(const std::
   return points;
 }
 
-Known<ScanStart> NetworkManager::requestScan(const std::string& interface,
-                                             const Patience& patience) {
+facts::Known<ScanStart> NetworkManager::requestScan(const std::string& interface,
+                                                    const Patience& patience) {
   const auto found = device(interface, patience);
   if (!found) return found.why();
   const BusAnswer answer =
@@ -195,7 +199,7 @@ Known<ScanStart> NetworkManager::requestScan(const std::string& interface,
   return unknownFrom(answer, kNetworkManager);
 }
 
-Known<bool> NetworkManager::managerFlag(const char* property, const Patience& patience) {
+facts::Known<bool> NetworkManager::managerFlag(const char* property, const Patience& patience) {
   const auto service = owner(patience);
   if (!service) return service.why();
   const BusAnswer answer =
@@ -205,15 +209,16 @@ Known<bool> NetworkManager::managerFlag(const char* property, const Patience& pa
   return *flag;
 }
 
-Known<bool> NetworkManager::isWirelessEnabled(const Patience& patience) {
+facts::Known<bool> NetworkManager::isWirelessEnabled(const Patience& patience) {
   return managerFlag("WirelessEnabled", patience);
 }
 
-Known<bool> NetworkManager::isWirelessHardwareEnabled(const Patience& patience) {
+facts::Known<bool> NetworkManager::isWirelessHardwareEnabled(const Patience& patience) {
   return managerFlag("WirelessHardwareEnabled", patience);
 }
 
-std::optional<Unknown> NetworkManager::setWirelessEnabled(bool enabled, const Patience& patience) {
+std::optional<facts::Unknown> NetworkManager::setWirelessEnabled(bool enabled,
+                                                                 const Patience& patience) {
   const auto service = owner(patience);
   if (!service) return service.why();
   const BusAnswer answer = bus_.call({*service,
@@ -226,4 +231,4 @@ std::optional<Unknown> NetworkManager::setWirelessEnabled(bool enabled, const Pa
   return unknownFrom(answer, kNetworkManager);
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

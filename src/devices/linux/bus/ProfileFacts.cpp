@@ -4,31 +4,31 @@
 #include <arpa/inet.h>
 #include <array>
 
+#include "analysis/ieee80211/Network.h"
 #include "devices/linux/bus/ProfileSecurity.h"
-#include "ieee80211/Network.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
-using checks::ActiveProfile;
-using checks::AddressMethod;
-using checks::AddressSettings;
-using checks::Known;
-using checks::Reason;
-using checks::Unknown;
+using facts::ActiveProfile;
+using facts::AddressMethod;
+using facts::AddressSettings;
+using facts::Known;
+using facts::Reason;
+using facts::Unknown;
 
 namespace {
 
 constexpr std::size_t kMostSetServers = 64;
 constexpr std::size_t kLongestUrl = 2048;
 
-std::optional<AddressMethod> methodFrom(std::string_view text) {
-  if (text == "auto" || text == "dhcp") return AddressMethod::automatic;
+std::optional<facts::AddressMethod> methodFrom(std::string_view text) {
+  if (text == "auto" || text == "dhcp") return facts::AddressMethod::automatic;
   // IPv6 only: the kernel follows the network's routers.
-  if (text == "ignore") return AddressMethod::automatic;
-  if (text == "manual") return AddressMethod::manual;
-  if (text == "link-local") return AddressMethod::linkLocal;
-  if (text == "shared") return AddressMethod::shared;
-  if (text == "disabled") return AddressMethod::disabled;
+  if (text == "ignore") return facts::AddressMethod::automatic;
+  if (text == "manual") return facts::AddressMethod::manual;
+  if (text == "link-local") return facts::AddressMethod::linkLocal;
+  if (text == "shared") return facts::AddressMethod::shared;
+  if (text == "disabled") return facts::AddressMethod::disabled;
   return std::nullopt;
 }
 
@@ -65,8 +65,8 @@ void addServers(const BusValue& list, std::vector<std::string>& servers) {
   }
 }
 
-std::optional<AddressSettings> addressSettingsFrom(const BusValue& section) {
-  AddressSettings settings;
+std::optional<facts::AddressSettings> addressSettingsFrom(const BusValue& section) {
+  facts::AddressSettings settings;
   const auto method = methodFrom(section.at("method").text().value_or(""));
   if (!method) return std::nullopt;
   settings.method = *method;
@@ -76,7 +76,7 @@ std::optional<AddressSettings> addressSettingsFrom(const BusValue& section) {
   const bool hasOwn = !section.at("address-data").list().empty() ||
                       !section.at("addresses").list().empty() ||
                       !section.at("gateway").text().value_or("").empty();
-  settings.hasExtraAddresses = settings.method == AddressMethod::automatic && hasOwn;
+  settings.hasExtraAddresses = settings.method == facts::AddressMethod::automatic && hasOwn;
   return settings;
 }
 
@@ -115,14 +115,14 @@ std::optional<bool> meteredFrom(const ActiveProfileSources& sources) {
 
 }  // namespace
 
-Known<ActiveProfile> activeProfileFrom(const ActiveProfileSources& sources) {
+facts::Known<facts::ActiveProfile> activeProfileFrom(const ActiveProfileSources& sources) {
   const auto ipv4 = addressSettingsFrom(sources.settings.at("ipv4"));
   const auto ipv6 = addressSettingsFrom(sources.settings.at("ipv6"));
   if (!ipv4 || !ipv6) {
-    return Unknown{Reason::notTold,
-                   "NetworkManager does not say how the profile sets addresses up."};
+    return facts::Unknown{facts::Reason::notTold,
+                          "NetworkManager does not say how the profile sets addresses up."};
   }
-  ActiveProfile profile;
+  facts::ActiveProfile profile;
   profile.ipv4 = *ipv4;
   profile.ipv6 = *ipv6;
   profile.hasProxy = hasProxy(sources.settings.at("proxy"));
@@ -131,14 +131,14 @@ Known<ActiveProfile> activeProfileFrom(const ActiveProfileSources& sources) {
   return profile;
 }
 
-std::optional<checks::SavedNetwork> savedNetworkFrom(const BusValue& settings) {
+std::optional<facts::SavedNetwork> savedNetworkFrom(const BusValue& settings) {
   const BusValue& connection = settings.at("connection");
   const BusValue& wireless = settings.at("802-11-wireless");
   if (connection.at("type").text() != "802-11-wireless") return std::nullopt;
   if (wireless.at("mode").text() == "ap") return std::nullopt;
   const auto ssid = wireless.at("ssid").bytes();
   if (!ssid || ssid->empty() || ssid->size() > ieee80211::kLongestSsid) return std::nullopt;
-  checks::SavedNetwork network;
+  facts::SavedNetwork network;
   network.ssid = *ssid;
   network.security = securityFromProfile(settings);
   network.isHidden = wireless.at("hidden").boolean().value_or(false);
@@ -175,4 +175,4 @@ std::optional<Date> dateFromUnixTime(std::int64_t seconds) {
   return Date{static_cast<double>(seconds - kReferenceDate)};
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "checks/DeviceFacts.h"
-#include "checks/Known.h"
+#include "analysis/facts/DeviceFacts.h"
+#include "analysis/facts/Known.h"
 #include "devices/linux/bus/BusValue.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 // The longest list of texts or networks that is read from the bus.
 inline constexpr std::size_t kLongestBusList = 5000;
@@ -24,12 +24,12 @@ struct ActiveProfileSources {
 };
 
 // notTold: the settings do not name a known method for IPv4 and for IPv6.
-checks::Known<checks::ActiveProfile> activeProfileFrom(const ActiveProfileSources& sources);
+facts::Known<facts::ActiveProfile> activeProfileFrom(const ActiveProfileSources& sources);
 
 // Parses a profile of Settings.ListConnections, from its GetSettings. Empty if it is not a profile
 // for joining a Wi-Fi network: it has another type, sets up an access point on this machine, or has
 // no name of 1 to 32 bytes.
-std::optional<checks::SavedNetwork> savedNetworkFrom(const BusValue& settings);
+std::optional<facts::SavedNetwork> savedNetworkFrom(const BusValue& settings);
 
 // Returns the link's servers, IPv4 first, from the properties of IP4Config and IP6Config, a{sv}.
 std::vector<std::string> dnsServersFrom(const BusValue& ip4Config, const BusValue& ip6Config);
@@ -40,4 +40,4 @@ std::optional<std::string> captivePortalApiFrom(const BusValue& dhcp4Options);
 // From seconds since 1970-01-01 00:00:00 UTC. Empty for 0 and less, and for years after 9999.
 std::optional<Date> dateFromUnixTime(std::int64_t seconds);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

@@ -3,10 +3,10 @@
 
 #include <string>
 
+#include "analysis/ieee80211/Security.h"
 #include "devices/linux/bus/BusValue.h"
-#include "ieee80211/Security.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 // From NetworkManager's settings, a{sa{sv}}.
 ieee80211::Security securityFromProfile(const BusValue& settings);
@@ -17,4 +17,4 @@ ieee80211::Security securityFromSupplicant(const BusValue& properties);
 // From iwd's type of a network: open, wep, psk, 8021x, hotspot.
 ieee80211::Security securityFromIwd(const std::string& type);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

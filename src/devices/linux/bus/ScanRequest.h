@@ -4,7 +4,7 @@
 #include <chrono>
 #include <optional>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 enum class ScanStart {
   started,
@@ -15,4 +15,4 @@ enum class ScanStart {
 // Time of a scan on CLOCK_BOOTTIME; empty: there was no scan yet.
 using LastScan = std::optional<std::chrono::milliseconds>;
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

@@ -1,9 +1,9 @@
 #include "devices/linux/bus/Services.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
-using checks::Reason;
-using checks::Unknown;
+using facts::Reason;
+using facts::Unknown;
 
 namespace {
 
@@ -26,39 +26,41 @@ const Service kPortal{"org.freedesktop.portal.Desktop", "The desktop's portal",
                       "Start it (systemctl --user start xdg-desktop-portal), or install one.",
                       kSessionBus};
 
-Unknown unknownFrom(const BusError& error, const Service& service) {
+facts::Unknown unknownFrom(const BusError& error, const Service& service) {
   const std::string name = service.name;
   const std::string words = error.message.empty() ? error.name : error.message;
   switch (error.kind) {
     case BusError::Kind::noBus:
-      return {Reason::noService, "The message bus (D-Bus) cannot be reached (" + words + "), so " +
-                                     name + " cannot be asked. " + service.bus.noBus};
+      return {facts::Reason::noService, "The message bus (D-Bus) cannot be reached (" + words +
+                                            "), so " + name + " cannot be asked. " +
+                                            service.bus.noBus};
     case BusError::Kind::noService:
-      return {Reason::noService, name + " is not running. " + service.remedy};
+      return {facts::Reason::noService, name + " is not running. " + service.remedy};
     case BusError::Kind::noSuchThing:
-      return {Reason::notTold,
+      return {facts::Reason::notTold,
               name + " does not know what it was asked for (" + words + "). Install a newer one."};
     case BusError::Kind::notPermitted:
-      return {Reason::notPermitted,
+      return {facts::Reason::notPermitted,
               name + " does not let this user ask (" + words + "). " + service.bus.notPermitted};
     case BusError::Kind::tookTooLong:
-      return {Reason::tookTooLong, name + " did not answer in time. Try again, or restart it."};
+      return {facts::Reason::tookTooLong,
+              name + " did not answer in time. Try again, or restart it."};
     case BusError::Kind::calledOff:
-      return {Reason::tookTooLong,
+      return {facts::Reason::tookTooLong,
               name + " was not waited for: the run was called off. Start again."};
     case BusError::Kind::unreadable:
-      return {Reason::failed, name +
-                                  " gave an answer that makes no sense. Restart it, or "
-                                  "install a newer one."};
+      return {facts::Reason::failed, name +
+                                         " gave an answer that makes no sense. Restart it, or "
+                                         "install a newer one."};
     case BusError::Kind::failed:
       break;
   }
-  return {Reason::failed, name + " refused: " + words + ". Try again, or restart it."};
+  return {facts::Reason::failed, name + " refused: " + words + ". Try again, or restart it."};
 }
 
-Unknown unknownFrom(const BusAnswer& answer, const Service& service) {
+facts::Unknown unknownFrom(const BusAnswer& answer, const Service& service) {
   const BusError wrongType{BusError::Kind::unreadable, {}, {}};
   return unknownFrom(answer.error.value_or(wrongType), service);
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

@@ -3,10 +3,10 @@
 
 #include <string>
 
-#include "checks/Known.h"
+#include "analysis/facts/Known.h"
 #include "devices/linux/bus/Bus.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 // Advice, in sentences, for when a message bus cannot be reached, and for when the bus or a service
 // on it refuses this user.
@@ -29,8 +29,8 @@ extern const Service kBluez;
 extern const Service kPortal;
 
 // Returns the reason and the message for an error of that service.
-checks::Unknown unknownFrom(const BusError& error, const Service& service);
+facts::Unknown unknownFrom(const BusError& error, const Service& service);
 // The same for an answer. An answer without an error counts as one of a wrong type.
-checks::Unknown unknownFrom(const BusAnswer& answer, const Service& service);
+facts::Unknown unknownFrom(const BusAnswer& answer, const Service& service);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

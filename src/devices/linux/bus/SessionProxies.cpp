@@ -6,10 +6,10 @@
 
 #include "devices/linux/bus/Services.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
-using checks::Known;
-using checks::SessionProxy;
+using facts::Known;
+using facts::SessionProxy;
 
 namespace {
 
@@ -36,7 +36,7 @@ bool isSet(const char* const* environment, std::string_view variable) {
 
 }  // namespace
 
-SessionProxy proxyInEnvironment(const char* const* environment) {
+facts::SessionProxy proxyInEnvironment(const char* const* environment) {
   for (const char* const wanted : {"http_proxy", "https_proxy", "all_proxy"}) {
     for (const char* const* entry = environment; entry && *entry; ++entry) {
       const std::string_view variable(*entry);
@@ -49,9 +49,9 @@ SessionProxy proxyInEnvironment(const char* const* environment) {
   return {};
 }
 
-Known<SessionProxy> readSessionProxy(const char* const* environment, Bus& session,
-                                     const Patience& patience) {
-  SessionProxy proxy = proxyInEnvironment(environment);
+facts::Known<facts::SessionProxy> readSessionProxy(const char* const* environment, Bus& session,
+                                                   const Patience& patience) {
+  facts::SessionProxy proxy = proxyInEnvironment(environment);
   if (!proxy.source.empty()) return proxy;
   using Kind = BusError::Kind;
   const bool hasDesktop = isSet(environment, "XDG_CURRENT_DESKTOP");
@@ -80,4 +80,4 @@ Known<SessionProxy> readSessionProxy(const char* const* environment, Bus& sessio
   return proxy;
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

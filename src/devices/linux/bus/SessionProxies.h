@@ -1,23 +1,23 @@
 // The proxies that programs of this session use.
 #pragma once
 
-#include "checks/DeviceFacts.h"
-#include "checks/Known.h"
+#include "analysis/facts/DeviceFacts.h"
+#include "analysis/facts/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/bus/Bus.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 // Finds a proxy in the variables http_proxy, https_proxy and all_proxy, in this order, their names
 // in any case; an empty variable counts as unset. `environment` is like `environ`: "NAME=value"
 // strings, ended by a null pointer.
-checks::SessionProxy proxyInEnvironment(const char* const* environment);
+facts::SessionProxy proxyInEnvironment(const char* const* environment);
 
 // Looks in the environment, then in the desktop's settings, through its portal. Unknown if the
 // portal does not answer. There are no settings, however, if there is no bus and the environment
 // names neither a desktop (XDG_CURRENT_DESKTOP) nor a session bus (DBUS_SESSION_BUS_ADDRESS), or if
 // there is no portal and the environment names no desktop.
-checks::Known<checks::SessionProxy> readSessionProxy(const char* const* environment, Bus& session,
-                                                     const Patience& patience);
+facts::Known<facts::SessionProxy> readSessionProxy(const char* const* environment, Bus& session,
+                                                   const Patience& patience);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

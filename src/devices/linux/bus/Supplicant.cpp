@@ -3,17 +3,17 @@
 #include <algorithm>
 #include <charconv>
 
+#include "analysis/ieee80211/Network.h"
 #include "devices/linux/bus/ProfileFacts.h"
 #include "devices/linux/bus/ProfileSecurity.h"
 #include "devices/linux/bus/Services.h"
-#include "ieee80211/Network.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
-using checks::Known;
-using checks::Reason;
-using checks::SavedNetwork;
-using checks::Unknown;
+using facts::Known;
+using facts::Reason;
+using facts::SavedNetwork;
+using facts::Unknown;
 
 namespace {
 
@@ -43,10 +43,10 @@ std::optional<std::string> ssidFrom(std::string_view text) {
 
 }  // namespace
 
-std::optional<SavedNetwork> savedNetworkFromSupplicant(const BusValue& properties) {
+std::optional<facts::SavedNetwork> savedNetworkFromSupplicant(const BusValue& properties) {
   const auto ssid = ssidFrom(properties.at("ssid").text().value_or(""));
   if (!ssid) return std::nullopt;
-  SavedNetwork network;
+  facts::SavedNetwork network;
   network.ssid = *ssid;
   network.security = securityFromSupplicant(properties);
   network.isHidden = properties.at("scan_ssid").text() == "1";
@@ -54,7 +54,8 @@ std::optional<SavedNetwork> savedNetworkFromSupplicant(const BusValue& propertie
   return network;
 }
 
-Known<Supplicant::Object> Supplicant::find(const std::string& interface, const Patience& patience) {
+facts::Known<Supplicant::Object> Supplicant::find(const std::string& interface,
+                                                  const Patience& patience) {
   const BusAnswer owner = bus_.ownerOf(kSupplicant.busName, patience);
   if (!owner.isGood()) return unknownFrom(owner, kSupplicant);
   const std::string name = owner.first().text().value_or("");
@@ -62,20 +63,21 @@ Known<Supplicant::Object> Supplicant::find(const std::string& interface, const P
       bus_.call({name, kRootPath, kRoot, "GetInterface", {interface}}, patience);
   if (const auto path = answer.first().text()) return Object{name, *path};
   if (answer.error && answer.error->kind == BusError::Kind::noSuchThing) {
-    return Unknown{Reason::noHardware, "wpa_supplicant does not take care of " + interface + "."};
+    return facts::Unknown{facts::Reason::noHardware,
+                          "wpa_supplicant does not take care of " + interface + "."};
   }
   return unknownFrom(answer, kSupplicant);
 }
 
-Known<bool> Supplicant::manages(const std::string& interface, const Patience& patience) {
+facts::Known<bool> Supplicant::manages(const std::string& interface, const Patience& patience) {
   const auto object = find(interface, patience);
   if (object) return true;
-  if (object.why().reason == Reason::noHardware) return false;
+  if (object.why().reason == facts::Reason::noHardware) return false;
   return object.why();
 }
 
-Known<std::vector<SavedNetwork>> Supplicant::savedNetworks(const std::string& interface,
-                                                           const Patience& patience) {
+facts::Known<std::vector<facts::SavedNetwork>> Supplicant::savedNetworks(
+    const std::string& interface, const Patience& patience) {
   const auto object = find(interface, patience);
   if (!object) return object.why();
   const BusAnswer listed =
@@ -83,7 +85,7 @@ Known<std::vector<SavedNetwork>> Supplicant::savedNetworks(const std::string& in
   if (!listed.isGood()) return unknownFrom(listed, kSupplicant);
   const BusValue::List& paths = listed.first().list();
   const std::size_t count = std::min(paths.size(), kLongestBusList);
-  std::vector<SavedNetwork> networks;
+  std::vector<facts::SavedNetwork> networks;
   for (std::size_t begin = 0; begin < count; begin += Bus::kCallsAtATime) {
     std::vector<BusCall> calls;
     for (std::size_t index = begin; index < std::min(count, begin + Bus::kCallsAtATime); ++index) {
@@ -102,7 +104,8 @@ Known<std::vector<SavedNetwork>> Supplicant::savedNetworks(const std::string& in
   return networks;
 }
 
-Known<ScanStart> Supplicant::requestScan(const std::string& interface, const Patience& patience) {
+facts::Known<ScanStart> Supplicant::requestScan(const std::string& interface,
+                                                const Patience& patience) {
   const auto object = find(interface, patience);
   if (!object) return object.why();
   const BusAnswer answer =
@@ -113,4 +116,4 @@ Known<ScanStart> Supplicant::requestScan(const std::string& interface, const Pat
   return unknownFrom(answer, kSupplicant);
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

@@ -6,17 +6,17 @@
 #include <string>
 #include <vector>
 
-#include "checks/DeviceFacts.h"
-#include "checks/Known.h"
+#include "analysis/facts/DeviceFacts.h"
+#include "analysis/facts/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/bus/Bus.h"
 #include "devices/linux/bus/ScanRequest.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 // Parses a network's property Properties, a{sv} with values as in the configuration file. Empty
 // without a name of 1 to 32 bytes. Pure.
-std::optional<checks::SavedNetwork> savedNetworkFromSupplicant(const BusValue& properties);
+std::optional<facts::SavedNetwork> savedNetworkFromSupplicant(const BusValue& properties);
 
 class Supplicant {
  public:
@@ -24,20 +24,20 @@ class Supplicant {
   explicit Supplicant(Bus& system) : bus_(system) {}
 
   // Whether wpa_supplicant manages that interface; noService if it is not running.
-  checks::Known<bool> manages(const std::string& interface, const Patience& patience);
+  facts::Known<bool> manages(const std::string& interface, const Patience& patience);
   // Returns the networks of that interface.
-  checks::Known<std::vector<checks::SavedNetwork>> savedNetworks(const std::string& interface,
-                                                                 const Patience& patience);
-  checks::Known<ScanStart> requestScan(const std::string& interface, const Patience& patience);
+  facts::Known<std::vector<facts::SavedNetwork>> savedNetworks(const std::string& interface,
+                                                               const Patience& patience);
+  facts::Known<ScanStart> requestScan(const std::string& interface, const Patience& patience);
 
  private:
   struct Object {
     std::string owner;
     std::string path;  // of the interface
   };
-  checks::Known<Object> find(const std::string& interface, const Patience& patience);
+  facts::Known<Object> find(const std::string& interface, const Patience& patience);
 
   Bus& bus_;
 };
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <fstream>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 namespace {
 
 constexpr std::size_t kMostSystemServers = 16;
@@ -107,4 +107,4 @@ std::optional<std::vector<std::string>> readSystemNameServers(Bus& system, int i
   return servers;
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

@@ -10,7 +10,7 @@
 
 #include "devices/linux/bus/Bus.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 // Returns those of the system's servers that belong to the link: servers for which `isOfLink` is
 // true (the router and neighbours, even if a cable leads to the same network), servers whose
@@ -34,4 +34,4 @@ std::vector<std::string> nameServersIn(std::string_view resolvConf);
 // particular link.
 std::vector<std::string> nameServersOf(int interface, const BusValue& servers);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

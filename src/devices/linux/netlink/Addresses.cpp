@@ -12,7 +12,7 @@
 
 #include "devices/linux/netlink/Attributes.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 namespace {
 
@@ -28,12 +28,13 @@ std::optional<Entry<Fields>> entryOf(const Message& message) {
   Entry<Fields> entry;
   if (message.payload.size() < sizeof entry.fields) return std::nullopt;
   std::memcpy(&entry.fields, message.payload.data(), sizeof entry.fields);
-  entry.attributes = Attributes(Bytes(message.payload).subspan(NLMSG_ALIGN(sizeof entry.fields)));
+  entry.attributes =
+      Attributes(ieee80211::Bytes(message.payload).subspan(NLMSG_ALIGN(sizeof entry.fields)));
   return entry;
 }
 
 // Returns the address as text; empty if the number of octets is not the family's.
-std::string textOf(int family, Bytes octets) {
+std::string textOf(int family, ieee80211::Bytes octets) {
   if (octets.size() != (family == AF_INET ? sizeof(in_addr) : sizeof(in6_addr))) return {};
   std::array<char, INET6_ADDRSTRLEN> text{};
   if (inet_ntop(family, octets.data(), text.data(), text.size()) == nullptr) return {};
@@ -60,20 +61,20 @@ std::optional<InterfaceAddress> interfaceAddressOf(int interface, const Message&
   // On a link with a peer, IFA_ADDRESS is the peer's.
   auto octets = entry->attributes.find(IFA_LOCAL);
   if (!octets) octets = entry->attributes.find(IFA_ADDRESS);
-  InterfaceAddress address{textOf(family, octets.value_or(Bytes())), family,
+  InterfaceAddress address{textOf(family, octets.value_or(ieee80211::Bytes())), family,
                            entry->fields.ifa_scope};
   if (address.text.empty()) return std::nullopt;
   return address;
 }
 
-bool isSubnetOf(int interface, int family, Bytes octets, const Message& message) {
+bool isSubnetOf(int interface, int family, ieee80211::Bytes octets, const Message& message) {
   if (message.type != RTM_NEWADDR) return false;
   const auto entry = entryOf<ifaddrmsg>(message);
   if (!entry || static_cast<int>(entry->fields.ifa_index) != interface ||
       entry->fields.ifa_family != family) {
     return false;
   }
-  const Bytes subnet = entry->attributes.find(IFA_ADDRESS).value_or(Bytes());
+  const ieee80211::Bytes subnet = entry->attributes.find(IFA_ADDRESS).value_or(ieee80211::Bytes());
   const unsigned bits = entry->fields.ifa_prefixlen;
   if (subnet.size() != octets.size() || bits > octets.size() * 8) return false;
   for (unsigned bit = 0; bit < bits; ++bit) {
@@ -94,16 +95,17 @@ struct DefaultRoute {
 std::string gatewayOf(int interface, int family, const Attributes& route) {
   const auto over = route.number<std::int32_t>(RTA_OIF);
   if (over) {
-    return *over == interface ? textOf(family, route.find(RTA_GATEWAY).value_or(Bytes())) : "";
+    return *over == interface ? textOf(family, route.find(RTA_GATEWAY).value_or(ieee80211::Bytes()))
+                              : "";
   }
-  Bytes ways = route.find(RTA_MULTIPATH).value_or(Bytes());
+  ieee80211::Bytes ways = route.find(RTA_MULTIPATH).value_or(ieee80211::Bytes());
   while (ways.size() >= sizeof(rtnexthop)) {
     rtnexthop way{};
     std::memcpy(&way, ways.data(), sizeof way);
     if (way.rtnh_len < sizeof way || way.rtnh_len > ways.size()) break;
     if (way.rtnh_ifindex == interface) {
       const Attributes inside(ways.subspan(sizeof way, way.rtnh_len - sizeof way));
-      return textOf(family, inside.find(RTA_GATEWAY).value_or(Bytes()));
+      return textOf(family, inside.find(RTA_GATEWAY).value_or(ieee80211::Bytes()));
     }
     ways = ways.subspan(std::min<std::size_t>(RTNH_ALIGN(way.rtnh_len), ways.size()));
   }
@@ -129,7 +131,7 @@ std::optional<DefaultRoute> defaultRouteOf(int interface, const Message& message
 }
 
 // Requests the entries of both IP versions in one dump.
-int ask(NetlinkSocket& socket, int type, Bytes fields, const Patience& patience,
+int ask(NetlinkSocket& socket, int type, ieee80211::Bytes fields, const Patience& patience,
         std::vector<Message>& answers) {
   Request request(type, fields, Request::Kind::dump);
   return socket.ask(request, patience, answers);
@@ -137,15 +139,15 @@ int ask(NetlinkSocket& socket, int type, Bytes fields, const Patience& patience,
 
 }  // namespace
 
-checks::Addresses addressesOf(int interface, const std::vector<Message>& addresses,
-                              const std::vector<Message>& routes) {
+facts::Addresses addressesOf(int interface, const std::vector<Message>& addresses,
+                             const std::vector<Message>& routes) {
   std::vector<InterfaceAddress> usable;
   for (const Message& message : addresses) {
     if (auto address = interfaceAddressOf(interface, message))
       usable.push_back(std::move(*address));
   }
   std::ranges::stable_sort(usable, {}, &InterfaceAddress::scope);
-  checks::Addresses result;
+  facts::Addresses result;
   for (InterfaceAddress& address : usable) {
     (address.family == AF_INET ? result.ipv4 : result.ipv6).push_back(std::move(address.text));
   }
@@ -170,7 +172,8 @@ bool isInOwnSubnet(int interface, const std::string& address,
   const int family = address.find(':') == std::string::npos ? AF_INET : AF_INET6;
   std::array<std::uint8_t, sizeof(in6_addr)> octets{};
   if (inet_pton(family, address.c_str(), octets.data()) != 1) return false;
-  const auto used = Bytes(octets).first(family == AF_INET ? sizeof(in_addr) : sizeof(in6_addr));
+  const auto used =
+      ieee80211::Bytes(octets).first(family == AF_INET ? sizeof(in_addr) : sizeof(in6_addr));
   return std::ranges::any_of(addresses, [&](const Message& message) {
     return isSubnetOf(interface, family, used, message);
   });
@@ -183,7 +186,7 @@ bool isInOwnSubnet(int interface, const std::string& address, const Patience& pa
          isInOwnSubnet(interface, address, addresses);
 }
 
-checks::Known<checks::Addresses> readAddresses(int interface, const Patience& patience) {
+facts::Known<facts::Addresses> readAddresses(int interface, const Patience& patience) {
   constexpr std::string_view kSubject = "the interface's addresses";
   NetlinkSocket socket(NETLINK_ROUTE);
   ifinfomsg link{};
@@ -200,11 +203,11 @@ checks::Known<checks::Addresses> readAddresses(int interface, const Patience& pa
   return addressesOf(interface, addresses, routes);
 }
 
-checks::Known<checks::Addresses> readAddressesOfLink(const checks::Known<Carrier>& carrier,
-                                                     const Patience& patience) {
+facts::Known<facts::Addresses> readAddressesOfLink(const facts::Known<Carrier>& carrier,
+                                                   const Patience& patience) {
   if (!carrier) return carrier.why();
   if (carrier->otherMember) return sentByAnother(*carrier->otherMember);
   return readAddresses(carrier->index, patience);
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

@@ -5,25 +5,25 @@
 #include <string>
 #include <vector>
 
-#include "checks/DeviceFacts.h"
-#include "checks/Known.h"
+#include "analysis/facts/DeviceFacts.h"
+#include "analysis/facts/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/netlink/Carrier.h"
 #include "devices/linux/netlink/Socket.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 // Returns the interface's usable addresses (not tentative, failed or deprecated ones), those of
 // wide scope first, and for each IP version the gateway of the default route of lowest metric over
 // this interface. Routes of the main table come before those of other tables. `dnsServers` stays
 // unset: the kernel does not know the name servers. An interface without addresses has empty lists.
 // noHardware: there is no interface of that number.
-checks::Known<checks::Addresses> readAddresses(int interface, const Patience& patience);
+facts::Known<facts::Addresses> readAddresses(int interface, const Patience& patience);
 
 // Returns the addresses of the link, which belong to its carrier. Unknown if the carrier is unknown
 // or another member of it sends.
-checks::Known<checks::Addresses> readAddressesOfLink(const checks::Known<Carrier>& carrier,
-                                                     const Patience& patience);
+facts::Known<facts::Addresses> readAddressesOfLink(const facts::Known<Carrier>& carrier,
+                                                   const Patience& patience);
 
 // Whether a numeric address lies in a subnet of the interface's own addresses. False if the kernel
 // does not answer.
@@ -31,9 +31,9 @@ bool isInOwnSubnet(int interface, const std::string& address, const Patience& pa
 
 // Pure versions of the above, from RTM_NEWADDR and RTM_NEWROUTE messages of all interfaces. Any
 // thread.
-checks::Addresses addressesOf(int interface, const std::vector<Message>& addresses,
-                              const std::vector<Message>& routes);
+facts::Addresses addressesOf(int interface, const std::vector<Message>& addresses,
+                             const std::vector<Message>& routes);
 bool isInOwnSubnet(int interface, const std::string& address,
                    const std::vector<Message>& addresses);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

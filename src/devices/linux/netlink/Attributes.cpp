@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <linux/netlink.h>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
-Attributes::Attributes(Bytes bytes) {
+Attributes::Attributes(ieee80211::Bytes bytes) {
   while (bytes.size() >= sizeof(nlattr)) {
     nlattr header{};
     std::memcpy(&header, bytes.data(), sizeof header);
@@ -17,7 +17,7 @@ Attributes::Attributes(Bytes bytes) {
   }
 }
 
-std::optional<Bytes> Attributes::find(int type) const {
+std::optional<ieee80211::Bytes> Attributes::find(int type) const {
   const auto found = std::find_if(all_.rbegin(), all_.rend(),
                                   [type](const auto& one) { return one.type == type; });
   if (found == all_.rend()) return std::nullopt;
@@ -35,4 +35,4 @@ Attributes Attributes::nested(int type) const {
   return payload ? Attributes(*payload) : Attributes();
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

@@ -10,28 +10,28 @@
 #include <type_traits>
 #include <vector>
 
-#include "ieee80211/Bytes.h"
+#include "analysis/ieee80211/Bytes.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 using ieee80211::Bytes;
 
 struct Attribute {
   int type = 0;  // without the two flag bits above it
-  Bytes payload;
+  ieee80211::Bytes payload;
 };
 
 class Attributes {
  public:
   Attributes() = default;
-  explicit Attributes(Bytes bytes);
+  explicit Attributes(ieee80211::Bytes bytes);
 
   // In the order of the bytes. In nl80211's arrays the type is the index.
   auto begin() const { return all_.begin(); }
   auto end() const { return all_.end(); }
 
   // Returns the payload of this type, of the last attribute if there are several.
-  std::optional<Bytes> find(int type) const;
+  std::optional<ieee80211::Bytes> find(int type) const;
   bool has(int type) const { return find(type).has_value(); }
 
   // Returns a number in host byte order. Empty if the payload is too short.
@@ -55,4 +55,4 @@ class Attributes {
   std::vector<Attribute> all_;
 };
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

@@ -12,7 +12,7 @@
 
 #include "devices/linux/netlink/Attributes.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 namespace {
 
 // Limits the chain of masters, which could be circular.
@@ -34,7 +34,8 @@ std::optional<Interface> interfaceOf(const Message& message) {
   ifinfomsg fields{};
   if (message.type != RTM_NEWLINK || message.payload.size() < sizeof fields) return std::nullopt;
   std::memcpy(&fields, message.payload.data(), sizeof fields);
-  const Attributes attributes(Bytes(message.payload).subspan(NLMSG_ALIGN(sizeof fields)));
+  const Attributes attributes(
+      ieee80211::Bytes(message.payload).subspan(NLMSG_ALIGN(sizeof fields)));
   const Attributes information = attributes.nested(IFLA_LINKINFO);
   Interface interface;
   interface.index = fields.ifi_index;
@@ -96,20 +97,20 @@ std::optional<Carrier> carrierOf(int interface, const std::vector<Message>& link
   return carrier;
 }
 
-checks::Unknown sentByAnother(const OtherMember& other) {
+facts::Unknown sentByAnother(const OtherMember& other) {
   if (other.sendsAlone) {
-    return {checks::Reason::notTold,
-            other.master + " sends through its member " + other.name +
-                ", so what is reached is not reached through Wi-Fi: make " + other.memberOfLink +
-                " the active member of " + other.master + ", and try again."};
+    return {facts::Reason::notTold, other.master + " sends through its member " + other.name +
+                                        ", so what is reached is not reached through Wi-Fi: make " +
+                                        other.memberOfLink + " the active member of " +
+                                        other.master + ", and try again."};
   }
-  return {checks::Reason::notTold,
+  return {facts::Reason::notTold,
           other.master + " may send through its member " + other.name +
               ", so what is reached may not be reached through Wi-Fi: take all members but " +
               other.memberOfLink + " out of " + other.master + ", and try again."};
 }
 
-checks::Known<Carrier> readCarrier(int interface, const Patience& patience) {
+facts::Known<Carrier> readCarrier(int interface, const Patience& patience) {
   constexpr std::string_view kSubject = "the interfaces";
   NetlinkSocket socket(NETLINK_ROUTE);
   Request request(RTM_GETLINK, octetsIn(ifinfomsg{}), Request::Kind::dump);
@@ -131,29 +132,29 @@ std::optional<int> interfaceTowards(const std::string& address, const Patience& 
   fields.rtm_family = static_cast<unsigned char>(family);
   fields.rtm_dst_len = static_cast<unsigned char>(count * 8);
   Request request(RTM_GETROUTE, octetsIn(fields), Request::Kind::one);
-  request.put(RTA_DST, Bytes(octets).first(count));
+  request.put(RTA_DST, ieee80211::Bytes(octets).first(count));
   NetlinkSocket socket(NETLINK_ROUTE);
   std::vector<Message> answers;
   if (socket.ask(request, patience, answers) != 0) return std::nullopt;
   for (const Message& answer : answers) {
     if (answer.type != RTM_NEWROUTE || answer.payload.size() < sizeof fields) continue;
-    const Attributes route(Bytes(answer.payload).subspan(NLMSG_ALIGN(sizeof fields)));
+    const Attributes route(ieee80211::Bytes(answer.payload).subspan(NLMSG_ALIGN(sizeof fields)));
     if (const auto over = route.number<std::int32_t>(RTA_OIF)) return over;
   }
   return std::nullopt;
 }
 
-std::optional<checks::OtherInterface> otherInterfaceOf(const Message& link) {
+std::optional<facts::OtherInterface> otherInterfaceOf(const Message& link) {
   const auto interface = interfaceOf(link);
   if (!interface) return std::nullopt;
   ifinfomsg fields{};
   std::memcpy(&fields, link.payload.data(), sizeof fields);
-  return checks::OtherInterface{
+  return facts::OtherInterface{
       .name = interface->name,
       .isTunnel = fields.ifi_type != ARPHRD_ETHER || interface->kind == "tun"};
 }
 
-std::optional<checks::OtherInterface> readOtherInterface(int interface, const Patience& patience) {
+std::optional<facts::OtherInterface> readOtherInterface(int interface, const Patience& patience) {
   ifinfomsg fields{};
   fields.ifi_index = interface;
   Request request(RTM_GETLINK, octetsIn(fields), Request::Kind::one);
@@ -183,4 +184,4 @@ std::optional<std::string> otherWayOut(int interface, const Patience& patience) 
   return name.data();
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

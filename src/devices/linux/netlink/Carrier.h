@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "checks/DeviceFacts.h"
-#include "checks/Known.h"
+#include "analysis/facts/DeviceFacts.h"
+#include "analysis/facts/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/netlink/Socket.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 // A member of a bond, team or bridge that sends instead of the link, or in addition to it.
 struct OtherMember {
@@ -33,24 +33,24 @@ struct Carrier {
 };
 
 // Reads the carrier of a link. noHardware: there is no interface of that number.
-checks::Known<Carrier> readCarrier(int interface, const Patience& patience);
+facts::Known<Carrier> readCarrier(int interface, const Patience& patience);
 
 // Pure version, from RTM_NEWLINK messages of all interfaces. Any thread.
 std::optional<Carrier> carrierOf(int interface, const std::vector<Message>& links);
 
 // Explains why the addresses are unknown when another member sends.
-checks::Unknown sentByAnother(const OtherMember& other);
+facts::Unknown sentByAnother(const OtherMember& other);
 
 // Returns the number of the interface through which packets to this numeric address leave. Empty:
 // there is no route, or the kernel does not answer.
 std::optional<int> interfaceTowards(const std::string& address, const Patience& patience);
 
 // Describes the interface of this number; empty if the kernel does not answer.
-std::optional<checks::OtherInterface> readOtherInterface(int interface, const Patience& patience);
+std::optional<facts::OtherInterface> readOtherInterface(int interface, const Patience& patience);
 
 // Pure version, from an RTM_NEWLINK message. An interface that does not send Ethernet frames, or
 // that a program serves (tun and tap), counts as a tunnel.
-std::optional<checks::OtherInterface> otherInterfaceOf(const Message& link);
+std::optional<facts::OtherInterface> otherInterfaceOf(const Message& link);
 
 // Returns the name of the interface through which packets to the Internet leave, such as a tunnel
 // or a cable, if packets of neither IP version leave through this one. Empty: packets of one IP
@@ -63,4 +63,4 @@ std::optional<std::string> otherWayOut(int interface, const Patience& patience);
 // own, but the resulting IPv6 packets leave through the link.
 std::optional<int> otherWayOut(int interface, const std::vector<std::optional<int>>& ways);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

@@ -4,13 +4,13 @@
 #include <linux/nl80211.h>
 #include <tuple>
 
-#include "ieee80211/Network.h"
+#include "analysis/ieee80211/Network.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 namespace {
 
-using Role = checks::RadioInterface::Role;
+using Role = facts::RadioInterface::Role;
 
 Role roleOf(std::optional<std::uint32_t> type, bool hasChannel) {
   switch (type.value_or(NL80211_IFTYPE_UNSPECIFIED)) {
@@ -54,7 +54,7 @@ std::optional<WifiInterface> interfaceOf(const Attributes& attributes) {
   interface.wiphy = *wiphy;
   interface.name = attributes.text(NL80211_ATTR_IFNAME).value_or("");
   interface.index = attributes.number<std::int32_t>(NL80211_ATTR_IFINDEX).value_or(0);
-  interface.mac = addressText(attributes.find(NL80211_ATTR_MAC).value_or(Bytes()));
+  interface.mac = addressText(attributes.find(NL80211_ATTR_MAC).value_or(ieee80211::Bytes()));
   const auto ssid = attributes.find(NL80211_ATTR_SSID);
   if (ssid && !ssid->empty() && ssid->size() <= ieee80211::kLongestSsid) {
     interface.ssid = ieee80211::toText(*ssid);
@@ -74,4 +74,4 @@ void sortForUse(std::vector<WifiInterface>& interfaces) {
   std::ranges::stable_sort(interfaces, {}, key);
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

@@ -6,17 +6,17 @@
 #include <string>
 #include <vector>
 
-#include "checks/AirFacts.h"
+#include "analysis/facts/AirFacts.h"
 #include "devices/linux/netlink/Attributes.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 struct WifiInterface {
   std::string name;         // such as wlan0; empty: not a network interface
   int index = 0;            // the kernel's number, never reused; 0: not a network interface
   std::uint32_t wiphy = 0;  // the kernel's number of the radio
   std::string mac;          // the interface's own, perhaps random; format as checks::Link::bssid
-  checks::RadioInterface::Role role = checks::RadioInterface::Role::other;
+  facts::RadioInterface::Role role = facts::RadioInterface::Role::other;
   std::optional<std::string> ssid;  // the joined network's, or an access point's own; 1 to 32 bytes
   std::optional<int> frequency;     // MHz, of the primary channel
 
@@ -33,4 +33,4 @@ void sortForUse(std::vector<WifiInterface>& interfaces);
 // octets.
 std::string addressText(ieee80211::Bytes octets);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

@@ -2,7 +2,7 @@
 
 #include <linux/nl80211.h>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 namespace {
 
@@ -33,7 +33,7 @@ bool isDirectLink(const Attributes& information) {
 
 std::optional<StationEntry> stationEntryOf(const Attributes& attributes) {
   StationEntry entry;
-  entry.address = addressText(attributes.find(NL80211_ATTR_MAC).value_or(Bytes()));
+  entry.address = addressText(attributes.find(NL80211_ATTR_MAC).value_or(ieee80211::Bytes()));
   const Attributes information = attributes.nested(NL80211_ATTR_STA_INFO);
   if (entry.address.empty() || isDirectLink(information)) return std::nullopt;
   entry.signal = linkSignalOf(information);
@@ -44,12 +44,12 @@ std::optional<StationEntry> stationEntryOf(const Attributes& attributes) {
   return entry;
 }
 
-std::optional<checks::Link> linkOf(const WifiInterface& interface,
-                                   const std::optional<StationEntry>& station,
-                                   const std::optional<ScanEntry>& joined) {
+std::optional<facts::Link> linkOf(const WifiInterface& interface,
+                                  const std::optional<StationEntry>& station,
+                                  const std::optional<ScanEntry>& joined) {
   // The stations of an access point are its clients.
-  if (!station || interface.role != checks::RadioInterface::Role::station) return std::nullopt;
-  checks::Link link;
+  if (!station || interface.role != facts::RadioInterface::Role::station) return std::nullopt;
+  facts::Link link;
   link.interface = interface.name;
   link.bssid = station->address;
   link.signal = station->signal;
@@ -58,7 +58,7 @@ std::optional<checks::Link> linkOf(const WifiInterface& interface,
   link.dtimPeriod = station->dtimPeriod;
   if (interface.ssid) link.ssid = *interface.ssid;
   if (joined) {
-    const checks::AccessPoint& point = joined->accessPoint;
+    const facts::AccessPoint& point = joined->accessPoint;
     link.bssid = point.bssid;
     if (link.ssid.empty()) link.ssid = point.ssid.value_or("");
     if (!link.signal) link.signal = point.signal;
@@ -100,4 +100,4 @@ void addToLinkEvents(const Message& event, const WifiInterface& interface, LinkE
   }
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

@@ -6,13 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "checks/AirFacts.h"
+#include "analysis/facts/AirFacts.h"
 #include "devices/linux/netlink/Attributes.h"
 #include "devices/linux/netlink/Interfaces.h"
 #include "devices/linux/netlink/ScanEntries.h"
 #include "devices/linux/netlink/Socket.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 // The access point, from the kernel's station entry.
 struct StationEntry {
@@ -33,9 +33,9 @@ std::optional<StationEntry> stationEntryOf(const Attributes& attributes);
 // name, or the interface is not a station (an access point's station entries are its clients).
 // `joined`, the scan list's entry of the joined access point, may be missing. It supplies what the
 // others lack, and the BSSID, which replaces the station entry's address.
-std::optional<checks::Link> linkOf(const WifiInterface& interface,
-                                   const std::optional<StationEntry>& station,
-                                   const std::optional<ScanEntry>& joined);
+std::optional<facts::Link> linkOf(const WifiInterface& interface,
+                                  const std::optional<StationEntry>& station,
+                                  const std::optional<ScanEntry>& joined);
 
 // What events report about the interface's link.
 struct LinkEvents {
@@ -55,4 +55,4 @@ struct LinkEvents {
 // Adds what one event reports. Ignores failed joinings and events of other interfaces.
 void addToLinkEvents(const Message& event, const WifiInterface& interface, LinkEvents& events);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

@@ -12,14 +12,14 @@
 
 #include "devices/linux/netlink/Attributes.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 namespace {
 
 using ieee80211::Bytes;
 
 constexpr std::chrono::milliseconds kBetweenLooks{200};
 
-bool isOf(const std::string& address, int family, Bytes octets) {
+bool isOf(const std::string& address, int family, ieee80211::Bytes octets) {
   std::array<std::uint8_t, sizeof(in6_addr)> expected{};
   if (inet_pton(family, address.c_str(), expected.data()) != 1) return false;
   const std::size_t size = family == AF_INET ? sizeof(in_addr) : sizeof(in6_addr);
@@ -55,8 +55,9 @@ NeighbourState neighbourStateOf(int interface, const std::string& address,
     if (fields.ndm_ifindex != interface) continue;
     const int family = fields.ndm_family;
     if (family != AF_INET && family != AF_INET6) continue;
-    const Attributes attributes(Bytes(message.payload).subspan(NLMSG_ALIGN(sizeof fields)));
-    if (isOf(address, family, attributes.find(NDA_DST).value_or(Bytes()))) {
+    const Attributes attributes(
+        ieee80211::Bytes(message.payload).subspan(NLMSG_ALIGN(sizeof fields)));
+    if (isOf(address, family, attributes.find(NDA_DST).value_or(ieee80211::Bytes()))) {
       const auto since = sinceConfirmed(attributes);
       return stateOf(fields.ndm_state, since && *since <= oldest);
     }
@@ -68,7 +69,7 @@ NeighbourState awaitNeighbour(int interface, const std::string& address, Clock::
                               const Patience& patience) {
   NetlinkSocket socket(NETLINK_ROUTE);
   const ndmsg all{};
-  const Bytes fields{reinterpret_cast<const std::uint8_t*>(&all), sizeof all};
+  const ieee80211::Bytes fields{reinterpret_cast<const std::uint8_t*>(&all), sizeof all};
   NeighbourState state = NeighbourState::unknown;
   do {
     Request request(RTM_GETNEIGH, fields, Request::Kind::dump);
@@ -82,4 +83,4 @@ NeighbourState awaitNeighbour(int interface, const std::string& address, Clock::
   return state;
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

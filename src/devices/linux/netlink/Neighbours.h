@@ -9,7 +9,7 @@
 #include "devices/linux/Patience.h"
 #include "devices/linux/netlink/Socket.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 enum class NeighbourState {
   unknown,    // no entry, or one that says nothing
@@ -29,4 +29,4 @@ NeighbourState neighbourStateOf(int interface, const std::string& address,
                                 const std::vector<Message>& neighbours,
                                 std::chrono::milliseconds oldest);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

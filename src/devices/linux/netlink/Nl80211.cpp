@@ -9,16 +9,16 @@
 #include "devices/linux/SinceBoot.h"
 #include "devices/linux/netlink/RadioEntries.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 namespace {
 
-using checks::Known;
-using checks::Reason;
-using checks::Unknown;
+using facts::Known;
+using facts::Reason;
+using facts::Unknown;
 
-const Unknown kGone{Reason::noHardware,
-                    "The Wi-Fi interface is gone. Plug it in again, or use another one."};
+const facts::Unknown kGone{facts::Reason::noHardware,
+                           "The Wi-Fi interface is gone. Plug it in again, or use another one."};
 
 Request about(int family, int command, Request::Kind kind, const WifiInterface& interface) {
   Request request(family, command, kind);
@@ -38,8 +38,8 @@ int groupOf(const Attributes& family, std::string_view name) {
 
 }  // namespace
 
-Unknown noWifiDevice() {
-  return {Reason::noHardware,
+facts::Unknown noWifiDevice() {
+  return {facts::Reason::noHardware,
           "There is no Wi-Fi device, or its driver is not loaded. Plug one in, or load its driver "
           "(modprobe)."};
 }
@@ -61,15 +61,15 @@ NotDone Nl80211::open(const Patience& patience) {
   return std::nullopt;
 }
 
-Known<std::vector<Message>> Nl80211::ask(Request& request, std::string_view subject,
-                                         const Patience& patience) {
+facts::Known<std::vector<Message>> Nl80211::ask(Request& request, std::string_view subject,
+                                                const Patience& patience) {
   std::vector<Message> answers;
   const int error = requests_.ask(request, patience, answers);
   if (error != 0) return unknownFor(error, subject);
   return answers;
 }
 
-Known<std::vector<WifiInterface>> Nl80211::interfaces(const Patience& patience) {
+facts::Known<std::vector<WifiInterface>> Nl80211::interfaces(const Patience& patience) {
   if (auto problem = open(patience)) return *problem;
   Request request(family_, NL80211_CMD_GET_INTERFACE, Request::Kind::dump);
   const auto answers = ask(request, "the Wi-Fi interfaces", patience);
@@ -83,7 +83,7 @@ Known<std::vector<WifiInterface>> Nl80211::interfaces(const Patience& patience) 
   return interfaces;
 }
 
-Known<WifiInterface> Nl80211::now(const WifiInterface& interface, const Patience& patience) {
+facts::Known<WifiInterface> Nl80211::now(const WifiInterface& interface, const Patience& patience) {
   auto request = about(family_, NL80211_CMD_GET_INTERFACE, Request::Kind::one, interface);
   const auto answers = ask(request, "the state of the interface", patience);
   if (!answers) return answers.why();
@@ -93,8 +93,8 @@ Known<WifiInterface> Nl80211::now(const WifiInterface& interface, const Patience
   return *read;
 }
 
-Known<std::vector<ScanEntry>> Nl80211::scanEntries(const WifiInterface& interface,
-                                                   const Patience& patience) {
+facts::Known<std::vector<ScanEntry>> Nl80211::scanEntries(const WifiInterface& interface,
+                                                          const Patience& patience) {
   auto request = about(family_, NL80211_CMD_GET_SCAN, Request::Kind::dump, interface);
   const auto answers = ask(request, "the list of access points", patience);
   if (!answers) return answers.why();
@@ -108,7 +108,7 @@ Known<std::vector<ScanEntry>> Nl80211::scanEntries(const WifiInterface& interfac
   return entries;
 }
 
-Known<checks::Link> Nl80211::link(const WifiInterface& interface, const Patience& patience) {
+facts::Known<facts::Link> Nl80211::link(const WifiInterface& interface, const Patience& patience) {
   if (auto problem = open(patience)) return *problem;
   const auto current = now(interface, patience);
   if (!current) return current.why();
@@ -124,7 +124,7 @@ Known<checks::Link> Nl80211::link(const WifiInterface& interface, const Patience
   if (station) {
     auto entries = scanEntries(*current, patience);
     // Without the scan list, some values of the link are missing.
-    if (!entries && entries.why().reason == Reason::tookTooLong) return entries.why();
+    if (!entries && entries.why().reason == facts::Reason::tookTooLong) return entries.why();
     if (entries) {
       const auto found = std::ranges::find_if(*entries, &ScanEntry::joined);
       if (found != entries->end()) joined = std::move(*found);
@@ -132,8 +132,9 @@ Known<checks::Link> Nl80211::link(const WifiInterface& interface, const Patience
   }
   const auto link = linkOf(*current, station, joined);
   if (!link) {
-    return Unknown{Reason::notJoined,
-                   "The Wi-Fi interface is not joined to a network. Join one and try again."};
+    return facts::Unknown{
+        facts::Reason::notJoined,
+        "The Wi-Fi interface is not joined to a network. Join one and try again."};
   }
   return *link;
 }
@@ -155,8 +156,8 @@ LinkEvents Nl80211::takeLinkEvents(const WifiInterface& interface) {
   return taken;
 }
 
-Known<ScanList> Nl80211::scan(const WifiInterface& interface, const Patience& patience,
-                              std::optional<std::chrono::nanoseconds> heardSince) {
+facts::Known<ScanList> Nl80211::scan(const WifiInterface& interface, const Patience& patience,
+                                     std::optional<std::chrono::nanoseconds> heardSince) {
   if (auto problem = open(patience)) return *problem;
   auto entries = scanEntries(interface, patience);
   if (!entries) return entries.why();
@@ -167,22 +168,23 @@ Known<ScanList> Nl80211::scan(const WifiInterface& interface, const Patience& pa
   return scanListOf(std::move(*entries));
 }
 
-Known<std::vector<checks::ChannelSurvey>> Nl80211::surveys(const WifiInterface& interface,
-                                                           const Patience& patience) {
+facts::Known<std::vector<facts::ChannelSurvey>> Nl80211::surveys(const WifiInterface& interface,
+                                                                 const Patience& patience) {
   if (auto problem = open(patience)) return *problem;
   auto request = about(family_, NL80211_CMD_GET_SURVEY, Request::Kind::dump, interface);
   const auto answers = ask(request, "the survey of the channels", patience);
   if (!answers) return answers.why();
-  std::vector<checks::ChannelSurvey> surveys;
+  std::vector<facts::ChannelSurvey> surveys;
   for (const Message& answer : *answers) {
     if (const auto one = surveyOf(Attributes(answer.payload))) surveys.push_back(*one);
   }
   if (surveys.empty()) return unknownFor(EOPNOTSUPP, "the survey of the channels");
-  std::ranges::stable_sort(surveys, {}, &checks::ChannelSurvey::frequency);
+  std::ranges::stable_sort(surveys, {}, &facts::ChannelSurvey::frequency);
   return surveys;
 }
 
-Known<checks::Radio> Nl80211::radio(const WifiInterface& interface, const Patience& patience) {
+facts::Known<facts::Radio> Nl80211::radio(const WifiInterface& interface,
+                                          const Patience& patience) {
   const auto all = interfaces(patience);
   if (!all) return all.why();
   auto radio = abilities(interface, patience);
@@ -190,13 +192,14 @@ Known<checks::Radio> Nl80211::radio(const WifiInterface& interface, const Patien
   return radio;
 }
 
-Known<checks::Radio> Nl80211::abilities(const WifiInterface& interface, const Patience& patience) {
+facts::Known<facts::Radio> Nl80211::abilities(const WifiInterface& interface,
+                                              const Patience& patience) {
   if (auto problem = open(patience)) return *problem;
   Request request(family_, NL80211_CMD_GET_WIPHY, Request::Kind::dump);
   request.putFlag(NL80211_ATTR_SPLIT_WIPHY_DUMP).put(NL80211_ATTR_WIPHY, interface.wiphy);
   const auto answers = ask(request, "the abilities of the radio", patience);
   if (!answers) return answers.why();
-  checks::Radio radio;
+  facts::Radio radio;
   bool found = false;
   for (const Message& answer : *answers) {
     const Attributes attributes(answer.payload);
@@ -210,8 +213,8 @@ Known<checks::Radio> Nl80211::abilities(const WifiInterface& interface, const Pa
   return radio;
 }
 
-Known<checks::Regulatory> Nl80211::regulatory(const WifiInterface& interface,
-                                              const Patience& patience) {
+facts::Known<facts::Regulatory> Nl80211::regulatory(const WifiInterface& interface,
+                                                    const Patience& patience) {
   if (auto problem = open(patience)) return *problem;
   Request request(family_, NL80211_CMD_GET_REG, Request::Kind::one);
   request.put(NL80211_ATTR_WIPHY, interface.wiphy);
@@ -221,10 +224,10 @@ Known<checks::Regulatory> Nl80211::regulatory(const WifiInterface& interface,
     const auto regulatory = regulatoryOf(Attributes(answers->front().payload));
     if (regulatory) return *regulatory;
   }
-  return Unknown{
-      Reason::notTold,
+  return facts::Unknown{
+      facts::Reason::notTold,
       "The kernel follows rules that are no country's, such as the driver's own. Set the "
       "country, for instance with `iw reg set`."};
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

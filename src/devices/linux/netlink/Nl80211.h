@@ -15,8 +15,8 @@
 #include <string_view>
 #include <vector>
 
-#include "checks/AirFacts.h"
-#include "checks/Known.h"
+#include "analysis/facts/AirFacts.h"
+#include "analysis/facts/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/netlink/Interfaces.h"
 #include "devices/linux/netlink/LinkEntries.h"
@@ -24,13 +24,13 @@
 #include "devices/linux/netlink/ScanEvents.h"
 #include "devices/linux/netlink/Socket.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 // The result of an operation without a value. Empty: done; otherwise why it was not.
-using NotDone = std::optional<checks::Unknown>;
+using NotDone = std::optional<facts::Unknown>;
 
 // The reason to give when this machine has no Wi-Fi device.
-checks::Unknown noWifiDevice();
+facts::Unknown noWifiDevice();
 
 class Nl80211 {
  public:
@@ -40,23 +40,23 @@ class Nl80211 {
 
   // Returns all interfaces of all radios: stations before others, joined ones before those that are
   // not, then by the kernel's number. Never an empty list; noHardware instead.
-  checks::Known<std::vector<WifiInterface>> interfaces(const Patience& patience);
+  facts::Known<std::vector<WifiInterface>> interfaces(const Patience& patience);
 
   // Returns the access point that the interface is joined to. notJoined; noHardware: the interface
   // is gone.
-  checks::Known<checks::Link> link(const WifiInterface& interface, const Patience& patience);
+  facts::Known<facts::Link> link(const WifiInterface& interface, const Patience& patience);
 
   // Returns the kernel's list of access points. The kernel keeps each for 30 s after it was last
   // heard. With `heardSince`, a time since boot, access points last heard earlier are left out (see
   // `removeOlderThan`). An empty list is a valid answer. Any user.
-  checks::Known<ScanList> scan(const WifiInterface& interface, const Patience& patience,
-                               std::optional<std::chrono::nanoseconds> heardSince = std::nullopt);
+  facts::Known<ScanList> scan(const WifiInterface& interface, const Patience& patience,
+                              std::optional<std::chrono::nanoseconds> heardSince = std::nullopt);
 
   // Scans all channels, with probes for any network, and waits for the results. Waits for another
   // program's scan to end first. Returns the time since boot when the scan began. notPermitted:
   // ordinary users may not scan. radioOff. failed: the scan was aborted. tookTooLong.
-  checks::Known<std::chrono::nanoseconds> triggerScan(const WifiInterface& interface,
-                                                      const Patience& patience);
+  facts::Known<std::chrono::nanoseconds> triggerScan(const WifiInterface& interface,
+                                                     const Patience& patience);
 
   // For a scan that another program makes. `watchScans` starts to record scan events.
   // `awaitScanResults` returns when a scan that counts (see ScansThat) has brought results, at once
@@ -71,32 +71,32 @@ class Nl80211 {
   LinkEvents takeLinkEvents(const WifiInterface& interface);
 
   // Returns the channel surveys in order of frequency. notSupported: the driver does not measure.
-  checks::Known<std::vector<checks::ChannelSurvey>> surveys(const WifiInterface& interface,
-                                                            const Patience& patience);
+  facts::Known<std::vector<facts::ChannelSurvey>> surveys(const WifiInterface& interface,
+                                                          const Patience& patience);
 
   // Returns the abilities of the radio and its other interfaces.
-  checks::Known<checks::Radio> radio(const WifiInterface& interface, const Patience& patience);
+  facts::Known<facts::Radio> radio(const WifiInterface& interface, const Patience& patience);
   // Returns the same without the interfaces, with one request less.
-  checks::Known<checks::Radio> abilities(const WifiInterface& interface, const Patience& patience);
+  facts::Known<facts::Radio> abilities(const WifiInterface& interface, const Patience& patience);
 
   // Returns the country whose rules the interface's radio follows: the radio's own rules if it
   // manages them itself, otherwise the kernel's. notTold: the rules are not a country's.
-  checks::Known<checks::Regulatory> regulatory(const WifiInterface& interface,
-                                               const Patience& patience);
+  facts::Known<facts::Regulatory> regulatory(const WifiInterface& interface,
+                                             const Patience& patience);
 
  private:
   static constexpr int kProtocol = 16;  // NETLINK_GENERIC
 
   // `subject` names the request, as for `unknownFor`.
-  checks::Known<std::vector<Message>> ask(Request& request, std::string_view subject,
-                                          const Patience& patience);
-  checks::Known<WifiInterface> now(const WifiInterface& interface, const Patience& patience);
-  checks::Known<std::vector<ScanEntry>> scanEntries(const WifiInterface& interface,
-                                                    const Patience& patience);
+  facts::Known<std::vector<Message>> ask(Request& request, std::string_view subject,
+                                         const Patience& patience);
+  facts::Known<WifiInterface> now(const WifiInterface& interface, const Patience& patience);
+  facts::Known<std::vector<ScanEntry>> scanEntries(const WifiInterface& interface,
+                                                   const Patience& patience);
   // Returns 0 or errno's number. `flags` are nl80211's.
   int startScan(const WifiInterface& interface, const Patience& patience, std::uint32_t flags);
   // Explains why this interface refused to scan.
-  checks::Unknown whyNoScan(const WifiInterface& interface, const Patience& patience);
+  facts::Unknown whyNoScan(const WifiInterface& interface, const Patience& patience);
   // Waits for the end of a scan. Returns 0 or errno's number. ENOBUFS: events were lost.
   int awaitScanEnd(const WifiInterface& interface, ScansThat which, const Patience& patience,
                    ScanEvents::End& end);
@@ -108,4 +108,4 @@ class Nl80211 {
   int linkGroup_ = 0;  // multicast group of changes of the link; 0: there is none
 };
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

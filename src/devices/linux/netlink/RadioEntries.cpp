@@ -4,7 +4,7 @@
 #include <array>
 #include <linux/nl80211.h>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 namespace {
 
@@ -13,12 +13,12 @@ constexpr std::uint32_t kSms4Cipher = 0x00147201;
 // More than the standard's bands have: a driver that reports more is broken.
 constexpr std::size_t kMostChannels = 1024;
 
-std::optional<checks::RadioChannel> channelOf(const Attributes& attributes) {
+std::optional<facts::RadioChannel> channelOf(const Attributes& attributes) {
   const auto frequency = attributes.number<std::int32_t>(NL80211_FREQUENCY_ATTR_FREQ);
   if (!frequency || *frequency <= 0) return std::nullopt;
-  return checks::RadioChannel{.frequency = *frequency,
-                              .disabled = attributes.has(NL80211_FREQUENCY_ATTR_DISABLED),
-                              .radarDetection = attributes.has(NL80211_FREQUENCY_ATTR_RADAR)};
+  return facts::RadioChannel{.frequency = *frequency,
+                             .disabled = attributes.has(NL80211_FREQUENCY_ATTR_DISABLED),
+                             .radarDetection = attributes.has(NL80211_FREQUENCY_ATTR_RADAR)};
 }
 
 std::optional<std::chrono::milliseconds> timeOf(const Attributes& survey, int type) {
@@ -29,7 +29,7 @@ std::optional<std::chrono::milliseconds> timeOf(const Attributes& survey, int ty
   return std::chrono::milliseconds(static_cast<std::int64_t>(*time));
 }
 
-bool hasSms4(Bytes suites) {
+bool hasSms4(ieee80211::Bytes suites) {
   for (; suites.size() >= sizeof kSms4Cipher; suites = suites.subspan(sizeof kSms4Cipher)) {
     std::uint32_t suite = 0;
     std::memcpy(&suite, suites.data(), sizeof suite);
@@ -40,20 +40,20 @@ bool hasSms4(Bytes suites) {
 
 }  // namespace
 
-void addToRadio(const Attributes& attributes, checks::Radio& radio) {
+void addToRadio(const Attributes& attributes, facts::Radio& radio) {
   for (const Attribute& band : attributes.nested(NL80211_ATTR_WIPHY_BANDS)) {
     for (const Attribute& one : Attributes(band.payload).nested(NL80211_BAND_ATTR_FREQS)) {
       const auto channel = channelOf(Attributes(one.payload));
       if (channel && radio.channels.size() < kMostChannels) radio.channels.push_back(*channel);
     }
   }
-  if (hasSms4(attributes.find(NL80211_ATTR_CIPHER_SUITES).value_or(Bytes()))) {
+  if (hasSms4(attributes.find(NL80211_ATTR_CIPHER_SUITES).value_or(ieee80211::Bytes()))) {
     radio.knowsWapi = true;
   }
 }
 
-void finishChannels(checks::Radio& radio) {
-  std::ranges::stable_sort(radio.channels, {}, &checks::RadioChannel::frequency);
+void finishChannels(facts::Radio& radio) {
+  std::ranges::stable_sort(radio.channels, {}, &facts::RadioChannel::frequency);
   const auto isSame = [](const auto& one, const auto& other) {
     return one.frequency == other.frequency;
   };
@@ -61,9 +61,9 @@ void finishChannels(checks::Radio& radio) {
                        radio.channels.end());
 }
 
-std::vector<checks::RadioInterface> interfacesBeside(const WifiInterface& inUse,
-                                                     const std::vector<WifiInterface>& all) {
-  std::vector<checks::RadioInterface> interfaces;
+std::vector<facts::RadioInterface> interfacesBeside(const WifiInterface& inUse,
+                                                    const std::vector<WifiInterface>& all) {
+  std::vector<facts::RadioInterface> interfaces;
   for (const WifiInterface& one : all) {
     const bool isOther = one.wiphy == inUse.wiphy && one.index != inUse.index;
     if (isOther) interfaces.push_back({.name = one.name, .role = one.role});
@@ -71,11 +71,11 @@ std::vector<checks::RadioInterface> interfacesBeside(const WifiInterface& inUse,
   return interfaces;
 }
 
-std::optional<checks::ChannelSurvey> surveyOf(const Attributes& attributes) {
+std::optional<facts::ChannelSurvey> surveyOf(const Attributes& attributes) {
   const Attributes information = attributes.nested(NL80211_ATTR_SURVEY_INFO);
   const auto frequency = information.number<std::int32_t>(NL80211_SURVEY_INFO_FREQUENCY);
   if (!frequency || *frequency <= 0) return std::nullopt;
-  checks::ChannelSurvey survey;
+  facts::ChannelSurvey survey;
   survey.frequency = *frequency;
   survey.inUse = information.has(NL80211_SURVEY_INFO_IN_USE);
   const auto noise = information.number<std::int8_t>(NL80211_SURVEY_INFO_NOISE);
@@ -93,18 +93,18 @@ std::optional<checks::ChannelSurvey> surveyOf(const Attributes& attributes) {
   return survey;
 }
 
-std::vector<checks::ChannelSurvey> surveysBetween(const std::vector<checks::ChannelSurvey>& first,
-                                                  std::vector<checks::ChannelSurvey> second) {
-  using checks::ChannelSurvey;
-  constexpr std::array kTimes{&ChannelSurvey::active, &ChannelSurvey::busy,
-                              &ChannelSurvey::transmit, &ChannelSurvey::receive};
-  for (ChannelSurvey& survey : second) {
-    const auto found = std::ranges::find(first, survey.frequency, &ChannelSurvey::frequency);
+std::vector<facts::ChannelSurvey> surveysBetween(const std::vector<facts::ChannelSurvey>& first,
+                                                 std::vector<facts::ChannelSurvey> second) {
+  using facts::ChannelSurvey;
+  constexpr std::array kTimes{&facts::ChannelSurvey::active, &facts::ChannelSurvey::busy,
+                              &facts::ChannelSurvey::transmit, &facts::ChannelSurvey::receive};
+  for (facts::ChannelSurvey& survey : second) {
+    const auto found = std::ranges::find(first, survey.frequency, &facts::ChannelSurvey::frequency);
     if (found == first.end()) {
       for (const auto time : kTimes) (survey.*time).reset();
       continue;
     }
-    const ChannelSurvey& before = *found;
+    const facts::ChannelSurvey& before = *found;
     const bool wentBack = std::ranges::any_of(kTimes, [&](auto time) {
       return survey.*time && before.*time && *(survey.*time) < *(before.*time);
     });
@@ -120,13 +120,13 @@ std::vector<checks::ChannelSurvey> surveysBetween(const std::vector<checks::Chan
   return second;
 }
 
-std::optional<checks::Regulatory> regulatoryOf(const Attributes& attributes) {
+std::optional<facts::Regulatory> regulatoryOf(const Attributes& attributes) {
   const auto country = attributes.text(NL80211_ATTR_REG_ALPHA2);
   if (!country || country->size() != 2) return std::nullopt;
   const bool letters =
       std::ranges::all_of(*country, [](char letter) { return letter >= 'A' && letter <= 'Z'; });
   if (!letters && *country != "00" && *country != "98") return std::nullopt;
-  return checks::Regulatory{*country};
+  return facts::Regulatory{*country};
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

@@ -5,15 +5,15 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "analysis/ieee80211/AccessPointElements.h"
+#include "analysis/ieee80211/Elements.h"
 #include "devices/linux/netlink/Interfaces.h"
-#include "ieee80211/AccessPointElements.h"
-#include "ieee80211/Elements.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 namespace {
 
-using checks::AccessPoint;
+using facts::AccessPoint;
 using ieee80211::AccessPointElements;
 using ieee80211::NetworkElements;
 using std::chrono::milliseconds;
@@ -24,7 +24,7 @@ void fill(std::optional<T>& place, const std::optional<T>& value) {
 }
 
 // Adds what a network's elements say, where it is not known already.
-void fillFrom(AccessPoint& point, const NetworkElements& network) {
+void fillFrom(facts::AccessPoint& point, const ieee80211::NetworkElements& network) {
   if (!point.ssid && network.ssid && !network.ssid->hidden) point.ssid = network.ssid->name;
   if (!point.dtimPeriod && network.dtim) point.dtimPeriod = network.dtim->period;
   if (point.security == ieee80211::Security::unknown) point.security = network.security;
@@ -46,7 +46,7 @@ void fillFrom(AccessPoint& point, const NetworkElements& network) {
   }
 }
 
-void fillFrom(AccessPoint& point, const AccessPointElements& elements) {
+void fillFrom(facts::AccessPoint& point, const ieee80211::AccessPointElements& elements) {
   fillFrom(point, elements.network);
   fill(point.channel, elements.channel);
   if (point.modes == ieee80211::PhyModes{}) point.modes = elements.modes;
@@ -54,7 +54,7 @@ void fillFrom(AccessPoint& point, const AccessPointElements& elements) {
 }
 
 // Whether a beacon with these elements hides the name. Empty: they have no SSID element.
-std::optional<bool> hidesName(const NetworkElements& network) {
+std::optional<bool> hidesName(const ieee80211::NetworkElements& network) {
   if (!network.ssid) return std::nullopt;
   // The encrypted network of an OWE transition pair has an empty SSID, but announces the open
   // network's name.
@@ -62,10 +62,10 @@ std::optional<bool> hidesName(const NetworkElements& network) {
 }
 
 // A network that another one's beacons announce. It is heard where and when the sender is.
-std::optional<AccessPoint> announced(const AccessPoint& sender,
-                                     const ieee80211::NontransmittedNetwork& other) {
+std::optional<facts::AccessPoint> announced(const facts::AccessPoint& sender,
+                                            const ieee80211::NontransmittedNetwork& other) {
   if (!other.bssid) return std::nullopt;
-  AccessPoint point;
+  facts::AccessPoint point;
   point.bssid = addressText(*other.bssid);
   if (point.bssid == sender.bssid) return std::nullopt;
   point.transmitterBssid = sender.bssid;
@@ -80,7 +80,7 @@ std::optional<AccessPoint> announced(const AccessPoint& sender,
   return point;
 }
 
-bool hasElement(Bytes elements, std::uint8_t id) {
+bool hasElement(ieee80211::Bytes elements, std::uint8_t id) {
   ieee80211::ElementWalker walker(elements);
   while (const auto element = walker.next()) {
     if (element->id == id) return true;
@@ -138,7 +138,7 @@ std::unordered_set<std::string> heardAlways(const std::vector<ScanEntry>& entrie
     const auto isJoinedTo = [&joined](const auto& other) { return joined.contains(other.bssid); };
     if (!isJoinedTo(entry.accessPoint) && std::ranges::none_of(entry.others, isJoinedTo)) continue;
     always.insert(entry.accessPoint.bssid);
-    for (const AccessPoint& other : entry.others) always.insert(other.bssid);
+    for (const facts::AccessPoint& other : entry.others) always.insert(other.bssid);
   }
   return always;
 }
@@ -170,13 +170,13 @@ class ListMaker {
   void addAnnounced() {
     const std::size_t count = entries_.size();
     for (std::size_t at = 0; at < count; ++at) {
-      const std::vector<AccessPoint> others = std::move(entries_[at].others);
-      for (const AccessPoint& other : others) addAnnounced(other);
+      const std::vector<facts::AccessPoint> others = std::move(entries_[at].others);
+      for (const facts::AccessPoint& other : others) addAnnounced(other);
     }
   }
 
-  checks::Scan scan() && {
-    checks::Scan scan;
+  facts::Scan scan() && {
+    facts::Scan scan;
     scan.accessPoints.reserve(entries_.size());
     for (ScanEntry& entry : entries_) scan.accessPoints.push_back(std::move(entry.accessPoint));
     return scan;
@@ -193,7 +193,7 @@ class ListMaker {
     fill(kept.accessPoint.country, other.accessPoint.country);
   }
 
-  void addAnnounced(const AccessPoint& other) {
+  void addAnnounced(const facts::AccessPoint& other) {
     const auto place = places_.find(other.bssid);
     if (place == places_.end()) {
       ScanEntry entry;
@@ -217,9 +217,9 @@ class ListMaker {
 }  // namespace
 
 std::optional<ScanEntry> scanEntryOf(const Attributes& bss, std::chrono::nanoseconds sinceBoot) {
-  const Bytes bssid = bss.find(NL80211_BSS_BSSID).value_or(Bytes());
+  const ieee80211::Bytes bssid = bss.find(NL80211_BSS_BSSID).value_or(ieee80211::Bytes());
   ScanEntry entry;
-  AccessPoint& point = entry.accessPoint;
+  facts::AccessPoint& point = entry.accessPoint;
   point.bssid = addressText(bssid);
   if (point.bssid.empty()) return std::nullopt;
 
@@ -236,17 +236,18 @@ std::optional<ScanEntry> scanEntryOf(const Attributes& bss, std::chrono::nanosec
   entry.age = point.age = ageOf(bss, sinceBoot);
 
   // The elements of the newest frame; of a probe response if one was heard.
-  const Bytes newest = bss.find(NL80211_BSS_INFORMATION_ELEMENTS).value_or(Bytes());
+  const ieee80211::Bytes newest =
+      bss.find(NL80211_BSS_INFORMATION_ELEMENTS).value_or(ieee80211::Bytes());
   const auto beacon = bss.find(NL80211_BSS_BEACON_IES);
   frame.elements = newest;
-  const auto fromNewest = parseAccessPointElements(frame);
+  const auto fromNewest = ieee80211::parseAccessPointElements(frame);
   const bool beaconIsNewest = !bss.has(NL80211_BSS_PRESP_DATA);
   fillFrom(point, fromNewest);
-  const AccessPointElements* all = &fromNewest;
-  AccessPointElements fromBeacon;
+  const ieee80211::AccessPointElements* all = &fromNewest;
+  ieee80211::AccessPointElements fromBeacon;
   if (beacon && !ieee80211::areEqual(*beacon, newest)) {
     frame.elements = *beacon;
-    fromBeacon = parseAccessPointElements(frame);
+    fromBeacon = ieee80211::parseAccessPointElements(frame);
     fillFrom(point, fromBeacon);
     if (fromBeacon.network.ssid) point.hidesName = hidesName(fromBeacon.network);
     if (all->others.empty()) all = &fromBeacon;
@@ -284,4 +285,4 @@ ScanList scanListOf(std::vector<ScanEntry> entries) {
   return list;
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

@@ -8,14 +8,14 @@
 #include <string>
 #include <vector>
 
-#include "checks/AirFacts.h"
+#include "analysis/facts/AirFacts.h"
 #include "devices/linux/netlink/Attributes.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 // The kernel's scan list and its age.
 struct ScanList {
-  checks::Scan scan;
+  facts::Scan scan;
   // The age of the scan: time since its newest entry, ignoring the joined access point and those
   // that share its beacons, whose beacons arrive all the time. Right after a scan the age is the
   // time that the radio then spent on other channels. Empty: there is no other access point, or the
@@ -39,7 +39,7 @@ std::chrono::milliseconds wholeFor(const ScanList& list);
 
 // One entry of the scan list.
 struct ScanEntry {
-  checks::AccessPoint accessPoint;
+  facts::AccessPoint accessPoint;
   bool joined = false;                           // the radio is joined to this access point
   std::optional<int> frequency;                  // MHz, of the channel that it was heard on
   std::optional<std::chrono::milliseconds> age;  // time since it was last heard
@@ -47,7 +47,7 @@ struct ScanEntry {
   bool nontransmitted = false;
   // The other networks that its beacons announce, at most kMostAnnounced.
   static constexpr std::size_t kMostAnnounced = 32;
-  std::vector<checks::AccessPoint> others;
+  std::vector<facts::AccessPoint> others;
 
   bool operator==(const ScanEntry&) const = default;
 };
@@ -68,4 +68,4 @@ void removeOlderThan(std::chrono::milliseconds age, std::vector<ScanEntry>& entr
 inline constexpr std::size_t kMostAccessPoints = 4096;
 ScanList scanListOf(std::vector<ScanEntry> entries);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

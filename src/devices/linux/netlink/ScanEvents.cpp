@@ -2,7 +2,7 @@
 
 #include <linux/nl80211.h>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 std::optional<ScanEvents::End> ScanEvents::take(const Message& event) {
   const Attributes attributes(event.payload);
@@ -19,4 +19,4 @@ std::optional<ScanEvents::End> ScanEvents::take(const Message& event) {
   return std::nullopt;
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

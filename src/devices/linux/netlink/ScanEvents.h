@@ -6,7 +6,7 @@
 #include "devices/linux/netlink/Interfaces.h"
 #include "devices/linux/netlink/Socket.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 // Which ends to report. ended: any, also those of the same radio's scans without an interface.
 // beganAndEnded: only those of the interface's own scan, after its beginning was seen.
@@ -30,4 +30,4 @@ class ScanEvents {
   bool counts_;  // the next end counts
 };
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

@@ -12,7 +12,7 @@
 #include <sys/socket.h>
 #include <system_error>
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 namespace {
 
@@ -241,36 +241,38 @@ void NetlinkSocket::keepEvents(ieee80211::Bytes received) {
   }
 }
 
-checks::Unknown unknownFor(int error, std::string_view subject) {
-  using checks::Reason;
+facts::Unknown unknownFor(int error, std::string_view subject) {
+  using facts::Reason;
   const std::string what(subject);
   switch (error) {
     case ENODEV:
     case ENXIO:
-      return {Reason::noHardware, "The Wi-Fi interface is gone, and with it " + what +
-                                      ". Plug it in again, or use another one."};
+      return {facts::Reason::noHardware, "The Wi-Fi interface is gone, and with it " + what +
+                                             ". Plug it in again, or use another one."};
     case EPERM:
     case EACCES:
-      return {Reason::notPermitted, "This user may not ask the kernel for " + what +
-                                        "; that needs the capability CAP_NET_ADMIN. Run as root."};
+      return {facts::Reason::notPermitted,
+              "This user may not ask the kernel for " + what +
+                  "; that needs the capability CAP_NET_ADMIN. Run as root."};
     case EOPNOTSUPP:
     case EPROTONOSUPPORT:
     case EAFNOSUPPORT:
-      return {Reason::notSupported, "The driver or the kernel cannot tell " + what +
-                                        ". Use another Wi-Fi device, or a newer kernel."};
+      return {facts::Reason::notSupported, "The driver or the kernel cannot tell " + what +
+                                               ". Use another Wi-Fi device, or a newer kernel."};
     case ENETDOWN:
     case ERFKILL:
-      return {Reason::radioOff, "Wi-Fi is off, so the kernel could not tell " + what +
-                                    ". Switch it on and try again."};
+      return {facts::Reason::radioOff, "Wi-Fi is off, so the kernel could not tell " + what +
+                                           ". Switch it on and try again."};
     case ETIMEDOUT:
-      return {Reason::tookTooLong, "The kernel did not tell " + what + " in time. Try again."};
+      return {facts::Reason::tookTooLong,
+              "The kernel did not tell " + what + " in time. Try again."};
     case ECANCELED:
-      return {Reason::tookTooLong,
+      return {facts::Reason::tookTooLong,
               "The kernel was asked for " + what + ", but it was called off. Start again."};
     default:
-      return {Reason::failed, "The kernel did not tell " + what + ": " +
-                                  std::generic_category().message(error) + ". Try again."};
+      return {facts::Reason::failed, "The kernel did not tell " + what + ": " +
+                                         std::generic_category().message(error) + ". Try again."};
   }
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

@@ -7,14 +7,14 @@
 #include <string_view>
 #include <vector>
 
-#include "checks/Known.h"
+#include "analysis/facts/Known.h"
+#include "analysis/ieee80211/Bytes.h"
 #include "devices/linux/Patience.h"
-#include "ieee80211/Bytes.h"
 
 struct nl_msg;
 struct nl_sock;
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::netlink {
 
 // Returns the bytes of a message's fixed fields, such as an ifaddrmsg. They are valid as long as
 // `fields`.
@@ -111,6 +111,6 @@ class NetlinkSocket {
 };
 
 // Explains errno's number. `subject` names what is missing, such as "the link".
-checks::Unknown unknownFor(int error, std::string_view subject);
+facts::Unknown unknownFor(int error, std::string_view subject);
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::netlink

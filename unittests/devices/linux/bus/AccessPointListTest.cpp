@@ -6,7 +6,7 @@
 #include "devices/linux/bus/AccessPointList.h"
 #include "devices/linux/bus/Values.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 namespace {
 
 using namespace std::chrono_literals;
@@ -25,11 +25,11 @@ BusValue::Map cafe() {
           {"LastSeen", number(960)}};
 }
 
-std::optional<checks::AccessPoint> read(BusValue::Map properties) {
+std::optional<facts::AccessPoint> read(BusValue::Map properties) {
   return accessPointFrom(map(std::move(properties)), kNow);
 }
 
-checks::AccessPoint with(const char* key, BusValue value) {
+facts::AccessPoint with(const char* key, BusValue value) {
   auto properties = cafe();
   properties[key] = std::move(value);
   return read(std::move(properties)).value();
@@ -46,7 +46,7 @@ TEST(ListedAccessPoint, HasWhatTheManagerTells) {
   ASSERT_TRUE(point->channel);
   EXPECT_EQ(point->channel->primary, 11);
   EXPECT_FALSE(point->channel->extent);
-  EXPECT_EQ(point->security, Security::wpa2Personal);
+  EXPECT_EQ(point->security, ieee80211::Security::wpa2Personal);
   EXPECT_EQ(point->age, 40s);
 }
 
@@ -86,19 +86,19 @@ TEST(ListedAccessPoint, HasTheSecurityThatItsFlagsSay) {
     properties["RsnFlags"] = number(rsn);
     return read(properties)->security;
   };
-  EXPECT_EQ(security(0, 0, 0), Security::none);
-  EXPECT_EQ(security(1, 0, 0), Security::wep);
-  EXPECT_EQ(security(1, 0x144, 0), Security::wpaPersonal);
-  EXPECT_EQ(security(1, 0x244, 0), Security::wpaEnterprise);
-  EXPECT_EQ(security(1, 0x144, 0x188), Security::wpa2Personal);
-  EXPECT_EQ(security(1, 0, 0x288), Security::wpa2Enterprise);
-  EXPECT_EQ(security(1, 0, 0x588), Security::wpa2Wpa3Personal);
-  EXPECT_EQ(security(1, 0, 0x488), Security::wpa3Personal);
-  EXPECT_EQ(security(1, 0, 0x2000), Security::wpa3Enterprise);
-  EXPECT_EQ(security(1, 0, 0x888), Security::owe);
-  EXPECT_EQ(security(0, 0, 0x1000), Security::none) << "the open half of a transition";
-  EXPECT_EQ(security(1, 0, 0x8), Security::unknown);
-  EXPECT_EQ(with("RsnFlags", text("no")).security, Security::unknown);
+  EXPECT_EQ(security(0, 0, 0), ieee80211::Security::none);
+  EXPECT_EQ(security(1, 0, 0), ieee80211::Security::wep);
+  EXPECT_EQ(security(1, 0x144, 0), ieee80211::Security::wpaPersonal);
+  EXPECT_EQ(security(1, 0x244, 0), ieee80211::Security::wpaEnterprise);
+  EXPECT_EQ(security(1, 0x144, 0x188), ieee80211::Security::wpa2Personal);
+  EXPECT_EQ(security(1, 0, 0x288), ieee80211::Security::wpa2Enterprise);
+  EXPECT_EQ(security(1, 0, 0x588), ieee80211::Security::wpa2Wpa3Personal);
+  EXPECT_EQ(security(1, 0, 0x488), ieee80211::Security::wpa3Personal);
+  EXPECT_EQ(security(1, 0, 0x2000), ieee80211::Security::wpa3Enterprise);
+  EXPECT_EQ(security(1, 0, 0x888), ieee80211::Security::owe);
+  EXPECT_EQ(security(0, 0, 0x1000), ieee80211::Security::none) << "the open half of a transition";
+  EXPECT_EQ(security(1, 0, 0x8), ieee80211::Security::unknown);
+  EXPECT_EQ(with("RsnFlags", text("no")).security, ieee80211::Security::unknown);
 }
 
 TEST(ListedAccessPoint, WasNeverHeardWhereTheManagerSaysSo) {
@@ -108,9 +108,9 @@ TEST(ListedAccessPoint, WasNeverHeardWhereTheManagerSaysSo) {
 }
 
 TEST(ListedAccessPoints, AreAddedToThoseThatTheKernelStillHas) {
-  checks::Scan scan;
+  facts::Scan scan;
   scan.accessPoints.emplace_back().bssid = "02:aa:00:00:00:02";
-  std::vector<checks::AccessPoint> listed(4);
+  std::vector<facts::AccessPoint> listed(4);
   for (std::size_t i = 0; i < listed.size(); ++i) {
     listed[i].bssid = "02:aa:00:00:00:0" + std::to_string(i);
     listed[i].isSecondHand = true;
@@ -125,4 +125,4 @@ TEST(ListedAccessPoints, AreAddedToThoseThatTheKernelStillHas) {
 }
 
 }  // namespace
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

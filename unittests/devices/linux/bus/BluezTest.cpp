@@ -4,10 +4,10 @@
 #include "Values.h"
 #include "devices/linux/bus/Bluez.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 namespace {
 
-using checks::Reason;
+using facts::Reason;
 using sdbus::Variant;
 
 constexpr auto kAdapter = "org.bluez.Adapter1";
@@ -17,12 +17,12 @@ TEST(BluetoothFacts, WithoutAdapterAreNoHardware) {
   EXPECT_EQ(bluetoothFrom(map({{"/org/bluez", map({{"org.bluez.AgentManager1", map({})}})}}))
                 .why()
                 .reason,
-            Reason::noHardware);
+            facts::Reason::noHardware);
 }
 
 TEST(BluetoothFacts, WithoutAnyObjectFailed) {
-  EXPECT_EQ(bluetoothFrom({}).why().reason, Reason::failed);
-  EXPECT_EQ(bluetoothFrom(text("objects")).why().reason, Reason::failed);
+  EXPECT_EQ(bluetoothFrom({}).why().reason, facts::Reason::failed);
+  EXPECT_EQ(bluetoothFrom(text("objects")).why().reason, facts::Reason::failed);
 }
 
 TEST(BluetoothFacts, OfWrongTypesAreAsIfOff) {
@@ -31,7 +31,7 @@ TEST(BluetoothFacts, OfWrongTypesAreAsIfOff) {
            {"/a/d", map({{kDevice, map({{"Paired", number(1)}, {"Connected", text("yes")}})}})},
            {"/b", number(3)}}));
   ASSERT_TRUE(bluetooth);
-  EXPECT_EQ(*bluetooth, checks::Bluetooth{});
+  EXPECT_EQ(*bluetooth, facts::Bluetooth{});
 }
 
 class BluezTest : public BusFixture {};
@@ -52,17 +52,17 @@ TEST_F(BluezTest, CountsPairedAndConnectedDevicesOfAllAdapters) {
   service.start();
   const auto bluetooth = readBluetooth(*bus_, patience());
   ASSERT_TRUE(bluetooth) << bluetooth.why().sentence;
-  EXPECT_EQ(*bluetooth, (checks::Bluetooth{3, 1}));
+  EXPECT_EQ(*bluetooth, (facts::Bluetooth{3, 1}));
 }
 
 TEST_F(BluezTest, ThatIsNotRunningIsNoService) {
-  EXPECT_EQ(readBluetooth(*bus_, patience()).why().reason, Reason::noService);
+  EXPECT_EQ(readBluetooth(*bus_, patience()).why().reason, facts::Reason::noService);
 }
 
 TEST_F(BluezTest, WithoutABusIsNoService) {
   const auto none = Bus::at("unix:path=/nonexistent/socket");
-  EXPECT_EQ(readBluetooth(*none, patience()).why().reason, Reason::noService);
+  EXPECT_EQ(readBluetooth(*none, patience()).why().reason, facts::Reason::noService);
 }
 
 }  // namespace
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

@@ -14,7 +14,7 @@
 extern "C" const char* __lsan_default_suppressions();  // NOLINT: the sanitizer's name
 extern "C" const char* __lsan_default_suppressions() { return "leak:libsystemd.so"; }
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 namespace fs = std::filesystem;
 
@@ -112,4 +112,4 @@ void FakeService::start() {
   connection_->requestName(name_);
 }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

@@ -14,7 +14,7 @@
 #include "devices/linux/Patience.h"
 #include "devices/linux/bus/Bus.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 using Properties = std::map<std::string, sdbus::Variant>;
 using Sections = std::map<std::string, Properties>;
@@ -93,4 +93,4 @@ class BusFixture : public testing::Test {
   std::unique_ptr<Bus> bus_ = Bus::at(daemon_.address());
 };
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

@@ -10,7 +10,7 @@
 #include "devices/linux/bus/Bus.h"
 #include "devices/linux/bus/MessageReader.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 namespace {
 
 using namespace std::chrono_literals;
@@ -276,4 +276,4 @@ TEST_F(BusTest, ABusThatEndedIsNoBus) {
 }
 
 }  // namespace
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

@@ -6,11 +6,11 @@
 #include "devices/linux/bus/NetworkManager.h"
 #include "devices/linux/bus/ProfileFacts.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 namespace {
 
 using namespace std::chrono_literals;
-using checks::Reason;
+using facts::Reason;
 using sdbus::ObjectPath;
 using sdbus::Variant;
 
@@ -73,9 +73,9 @@ TEST_F(NetworkManagerTest, TellsTheProfileThatTheInterfaceIsJoinedWith) {
   service_.start();
   const auto profile = manager_.activeProfile("wlan0", patience());
   ASSERT_TRUE(profile) << profile.why().sentence;
-  EXPECT_EQ(profile->ipv4.method, checks::AddressMethod::manual);
+  EXPECT_EQ(profile->ipv4.method, facts::AddressMethod::manual);
   EXPECT_EQ(profile->ipv4.dnsServers, std::vector<std::string>{"192.0.2.1"});
-  EXPECT_EQ(profile->ipv6.method, checks::AddressMethod::automatic);
+  EXPECT_EQ(profile->ipv6.method, facts::AddressMethod::automatic);
   EXPECT_EQ(profile->metered, false);
   EXPECT_EQ(profile->captivePortalApi, "https://portal.test/");
 }
@@ -85,14 +85,14 @@ TEST_F(NetworkManagerTest, MissingPropertiesLeaveOutOnlyWhatTheyTell) {
   service_.start();
   const auto profile = manager_.activeProfile("wlan0", patience());
   ASSERT_TRUE(profile);
-  EXPECT_EQ(*profile, checks::ActiveProfile{});
+  EXPECT_EQ(*profile, facts::ActiveProfile{});
 }
 
 TEST_F(NetworkManagerTest, AnInterfaceWithoutConnectionIsNotJoined) {
   service_.property(kDevicePath, kManagedDevice, "ActiveConnection", ObjectPath("/"));
   service_.start();
-  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).why().reason, Reason::notJoined);
-  EXPECT_EQ(manager_.dnsServers("wlan0", patience()).why().reason, Reason::notJoined);
+  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).why().reason, facts::Reason::notJoined);
+  EXPECT_EQ(manager_.dnsServers("wlan0", patience()).why().reason, facts::Reason::notJoined);
 }
 
 TEST_F(NetworkManagerTest, PropertiesOfWrongTypesAreUnknown) {
@@ -101,17 +101,17 @@ TEST_F(NetworkManagerTest, PropertiesOfWrongTypesAreUnknown) {
   service_.property(kDevicePath, kWireless, "LastScan", std::string("yesterday"));
   service_.property(kRoot, kManagerName, "WirelessEnabled", std::string("yes"));
   service_.start();
-  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).why().reason, Reason::notJoined);
-  EXPECT_EQ(manager_.manages("wlan0", patience()), checks::Known<bool>(false));
-  EXPECT_EQ(manager_.lastScan("wlan0", patience()).why().reason, Reason::failed);
-  EXPECT_EQ(manager_.isWirelessEnabled(patience()).why().reason, Reason::failed);
+  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).why().reason, facts::Reason::notJoined);
+  EXPECT_EQ(manager_.manages("wlan0", patience()), facts::Known<bool>(false));
+  EXPECT_EQ(manager_.lastScan("wlan0", patience()).why().reason, facts::Reason::failed);
+  EXPECT_EQ(manager_.isWirelessEnabled(patience()).why().reason, facts::Reason::failed);
 }
 
 TEST_F(NetworkManagerTest, AConnectionOfAWrongTypeIsUnknown) {
   service_.property(kDevicePath, kManagedDevice, "ActiveConnection", ObjectPath(kActivePath));
   service_.property(kActivePath, kActive, "Connection", std::uint32_t{7});
   service_.start();
-  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).why().reason, Reason::failed);
+  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).why().reason, facts::Reason::failed);
 }
 
 TEST_F(NetworkManagerTest, SettingsOfAWrongTypeAreNotTold) {
@@ -119,24 +119,24 @@ TEST_F(NetworkManagerTest, SettingsOfAWrongTypeAreNotTold) {
   settings["ipv4"]["method"] = Variant(std::uint32_t{1});
   service_.joined(settings);
   service_.start();
-  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).why().reason, Reason::notTold);
+  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).why().reason, facts::Reason::notTold);
 }
 
 TEST_F(NetworkManagerTest, AnInterfaceThatItDoesNotKnowIsNoHardware) {
   service_.start();
-  EXPECT_EQ(manager_.activeProfile("wlan9", patience()).why().reason, Reason::noHardware);
-  EXPECT_EQ(manager_.manages("wlan9", patience()), checks::Known<bool>(false));
+  EXPECT_EQ(manager_.activeProfile("wlan9", patience()).why().reason, facts::Reason::noHardware);
+  EXPECT_EQ(manager_.manages("wlan9", patience()), facts::Known<bool>(false));
 }
 
 TEST_F(NetworkManagerTest, AnInterfaceThatIsLeftAloneIsNotManaged) {
   service_.property(kDevicePath, kManagedDevice, "State", std::uint32_t{10});
   service_.start();
-  EXPECT_EQ(manager_.manages("wlan0", patience()), checks::Known<bool>(false));
+  EXPECT_EQ(manager_.manages("wlan0", patience()), facts::Known<bool>(false));
 }
 
 TEST_F(NetworkManagerTest, NotRunningIsNoServiceAndNamesTheRemedy) {
   const auto profile = manager_.activeProfile("wlan0", patience());
-  EXPECT_EQ(profile.why().reason, Reason::noService);
+  EXPECT_EQ(profile.why().reason, facts::Reason::noService);
   EXPECT_NE(profile.why().sentence.find("NetworkManager is not running"), std::string::npos);
   EXPECT_NE(profile.why().sentence.find("systemctl start NetworkManager"), std::string::npos);
 }
@@ -248,28 +248,28 @@ TEST_F(NetworkManagerTest, ProfilesThatAreAllRefusedAreNotPermitted) {
     });
   }
   service_.start();
-  EXPECT_EQ(manager_.savedNetworks(patience()).why().reason, Reason::notPermitted);
+  EXPECT_EQ(manager_.savedNetworks(patience()).why().reason, facts::Reason::notPermitted);
 }
 
 TEST_F(NetworkManagerTest, OneProfileThatIsNeverToldEndsAtTheDeadline) {
   service_.list({ObjectPath(kProfilePath)});
   service_.silentMethod<Sections>(kProfilePath, kProfile, "GetSettings");
   service_.start();
-  EXPECT_EQ(manager_.savedNetworks(shortPatience()).why().reason, Reason::tookTooLong);
+  EXPECT_EQ(manager_.savedNetworks(shortPatience()).why().reason, facts::Reason::tookTooLong);
 }
 
 TEST_F(NetworkManagerTest, TellsItsLastScan) {
   service_.property(kDevicePath, kWireless, "LastScan", std::int64_t{123'456});
   service_.property(kDevicePath, kManagedDevice, "State", std::uint32_t{30});
   service_.start();
-  EXPECT_EQ(manager_.lastScan("wlan0", patience()), checks::Known<LastScan>(LastScan(123'456ms)));
+  EXPECT_EQ(manager_.lastScan("wlan0", patience()), facts::Known<LastScan>(LastScan(123'456ms)));
 }
 
 TEST_F(NetworkManagerTest, AScanThatNeverWasHasNoTime) {
   service_.property(kDevicePath, kWireless, "LastScan", std::int64_t{-1});
   service_.property(kDevicePath, kManagedDevice, "State", std::uint32_t{30});
   service_.start();
-  EXPECT_EQ(manager_.lastScan("wlan0", patience()), checks::Known<LastScan>(LastScan()));
+  EXPECT_EQ(manager_.lastScan("wlan0", patience()), facts::Known<LastScan>(LastScan()));
 }
 
 struct Refusal {
@@ -279,7 +279,7 @@ struct Refusal {
 
 class RequestScan : public NetworkManagerTest {
  protected:
-  checks::Known<ScanStart> refusedWith(const Refusal& refusal) {
+  facts::Known<ScanStart> refusedWith(const Refusal& refusal) {
     service_.property(kDevicePath, kManagedDevice, "State", std::uint32_t{30});
     service_.method(kDevicePath, kWireless, "RequestScan", [refusal](const Properties& options) {
       EXPECT_TRUE(options.empty());
@@ -291,30 +291,30 @@ class RequestScan : public NetworkManagerTest {
 };
 
 TEST_F(RequestScan, Starts) {
-  EXPECT_EQ(refusedWith({nullptr, nullptr}), checks::Known<ScanStart>(ScanStart::started));
+  EXPECT_EQ(refusedWith({nullptr, nullptr}), facts::Known<ScanStart>(ScanStart::started));
 }
 
 TEST_F(RequestScan, IsTooSoonAfterAnother) {
   EXPECT_EQ(refusedWith({"org.freedesktop.NetworkManager.Device.NotAllowed",
                          "Scanning not allowed immediately following previous scan"}),
-            checks::Known<ScanStart>(ScanStart::tooSoon));
+            facts::Known<ScanStart>(ScanStart::tooSoon));
 }
 
 TEST_F(RequestScan, WaitsForARadioThatIsNotReady) {
   EXPECT_EQ(refusedWith({"org.freedesktop.NetworkManager.Device.NotAllowed",
                          "Scanning not allowed while unavailable"}),
-            checks::Known<ScanStart>(ScanStart::notReady));
+            facts::Known<ScanStart>(ScanStart::notReady));
 }
 
 TEST_F(RequestScan, IsRefusedForOtherReasons) {
   EXPECT_EQ(refusedWith({"org.freedesktop.NetworkManager.Device.NotAllowed", "no"}).why().reason,
-            Reason::failed);
+            facts::Reason::failed);
 }
 
 TEST_F(RequestScan, IsNotPermittedToEverybody) {
   EXPECT_EQ(
       refusedWith({"org.freedesktop.NetworkManager.Device.PermissionDenied", "no"}).why().reason,
-      Reason::notPermitted);
+      facts::Reason::notPermitted);
 }
 
 TEST_F(NetworkManagerTest, ListsTheAccessPointsThatAreStillThere) {
@@ -344,8 +344,8 @@ TEST_F(NetworkManagerTest, TheRadioIsSwitched) {
       .withSetter([&switched](const bool& on) { switched.set_value(on); });
   service_.property(kRoot, kManagerName, "WirelessHardwareEnabled", false);
   service_.start();
-  EXPECT_EQ(manager_.isWirelessEnabled(patience()), checks::Known<bool>(true));
-  EXPECT_EQ(manager_.isWirelessHardwareEnabled(patience()), checks::Known<bool>(false));
+  EXPECT_EQ(manager_.isWirelessEnabled(patience()), facts::Known<bool>(true));
+  EXPECT_EQ(manager_.isWirelessHardwareEnabled(patience()), facts::Known<bool>(false));
   EXPECT_EQ(manager_.setWirelessEnabled(false, patience()), std::nullopt);
   EXPECT_FALSE(switched.get_future().get());
 }
@@ -361,7 +361,7 @@ TEST_F(NetworkManagerTest, TheRadioIsNotSwitchedWithoutPermission) {
   service_.start();
   const auto problem = manager_.setWirelessEnabled(false, patience());
   ASSERT_TRUE(problem);
-  EXPECT_EQ(problem->reason, Reason::notPermitted);
+  EXPECT_EQ(problem->reason, facts::Reason::notPermitted);
 }
 
 TEST_F(NetworkManagerTest, ARestartInTheMiddleIsUnknownAndTheNextCallIsAnswered) {
@@ -378,11 +378,11 @@ TEST_F(NetworkManagerTest, ARestartInTheMiddleIsUnknownAndTheNextCallIsAnswered)
       std::async(std::launch::async, [&] { return manager_.activeProfile("wlan0", patience()); });
   ASSERT_EQ(asked.get_future().wait_for(30s), std::future_status::ready);
   first.reset();
-  EXPECT_EQ(answer.get().why().reason, Reason::noService);
+  EXPECT_EQ(answer.get().why().reason, facts::Reason::noService);
   service_.joined(wifiProfile("Home"));
   service_.start();
   EXPECT_TRUE(manager_.activeProfile("wlan0", patience()));
 }
 
 }  // namespace
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

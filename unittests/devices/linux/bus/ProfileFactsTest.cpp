@@ -6,24 +6,24 @@
 #include "Values.h"
 #include "devices/linux/bus/ProfileFacts.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 namespace {
 
-using checks::AddressMethod;
-using checks::AddressSettings;
+using facts::AddressMethod;
+using facts::AddressSettings;
 
 BusValue sections(BusValue ipv4, BusValue ipv6 = map({{"method", text("auto")}})) {
   return map({{"ipv4", std::move(ipv4)}, {"ipv6", std::move(ipv6)}});
 }
 
-std::optional<AddressSettings> ipv4From(BusValue section) {
+std::optional<facts::AddressSettings> ipv4From(BusValue section) {
   const auto profile = activeProfileFrom({sections(std::move(section)), {}, {}});
   return profile ? std::optional(profile->ipv4) : std::nullopt;
 }
 
 struct MethodRow {
   const char* text;
-  std::optional<AddressMethod> method;
+  std::optional<facts::AddressMethod> method;
 };
 
 class Methods : public testing::TestWithParam<MethodRow> {};
@@ -37,13 +37,13 @@ TEST_P(Methods, AreKnownByTheirNames) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Methods,
-                         testing::Values(MethodRow{"auto", AddressMethod::automatic},
-                                         MethodRow{"dhcp", AddressMethod::automatic},
-                                         MethodRow{"ignore", AddressMethod::automatic},
-                                         MethodRow{"manual", AddressMethod::manual},
-                                         MethodRow{"link-local", AddressMethod::linkLocal},
-                                         MethodRow{"shared", AddressMethod::shared},
-                                         MethodRow{"disabled", AddressMethod::disabled},
+                         testing::Values(MethodRow{"auto", facts::AddressMethod::automatic},
+                                         MethodRow{"dhcp", facts::AddressMethod::automatic},
+                                         MethodRow{"ignore", facts::AddressMethod::automatic},
+                                         MethodRow{"manual", facts::AddressMethod::manual},
+                                         MethodRow{"link-local", facts::AddressMethod::linkLocal},
+                                         MethodRow{"shared", facts::AddressMethod::shared},
+                                         MethodRow{"disabled", facts::AddressMethod::disabled},
                                          MethodRow{"", std::nullopt},
                                          MethodRow{"newer", std::nullopt}));
 
@@ -51,7 +51,7 @@ TEST(ActiveProfileFacts, SettingsThatAreNotThereAreNotTold) {
   EXPECT_FALSE(activeProfileFrom({}));
   EXPECT_FALSE(activeProfileFrom({text("settings"), {}, {}}));
   EXPECT_FALSE(activeProfileFrom({map({{"ipv4", map({{"method", text("auto")}})}}), {}, {}}));
-  EXPECT_EQ(activeProfileFrom({}).why().reason, checks::Reason::notTold);
+  EXPECT_EQ(activeProfileFrom({}).why().reason, facts::Reason::notTold);
 }
 
 TEST(ActiveProfileFacts, ServersOfAnyFormAreTexts) {
@@ -183,7 +183,7 @@ TEST(SavedNetworkFacts, AreRead) {
       {{"hidden", flag(true)}, {"seen-bssids", list({text("a"), text("b")})}},
       {{"autoconnect", flag(false)}, {"metered", number(1)}, {"timestamp", number(978'307'260)}}));
   ASSERT_TRUE(network);
-  checks::SavedNetwork expected;
+  facts::SavedNetwork expected;
   expected.ssid = "Home";
   expected.security = ieee80211::Security::none;
   expected.isHidden = true;
@@ -215,4 +215,4 @@ TEST(SavedNetworkFacts, OnlyProfilesForJoiningCount) {
 }
 
 }  // namespace
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

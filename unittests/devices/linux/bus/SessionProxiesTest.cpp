@@ -3,10 +3,10 @@
 #include "BusFixture.h"
 #include "devices/linux/bus/SessionProxies.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 namespace {
 
-using checks::Reason;
+using facts::Reason;
 
 std::string sourceIn(std::vector<const char*> environment) {
   environment.push_back(nullptr);
@@ -35,7 +35,7 @@ TEST(ProxyInTheEnvironment, IsNoneWhereTheVariableIsEmptyOrHasAnotherName) {
 class SessionProxyTest : public BusFixture {
  protected:
   // Of a portal that answers so.
-  checks::Known<checks::SessionProxy> answered(const std::vector<std::string>& proxies) {
+  facts::Known<facts::SessionProxy> answered(const std::vector<std::string>& proxies) {
     FakeService service(daemon_.address(), "org.freedesktop.portal.Desktop");
     service.method("/org/freedesktop/portal/desktop", "org.freedesktop.portal.ProxyResolver",
                    "Lookup", [proxies](const std::string& address) {
@@ -45,8 +45,7 @@ class SessionProxyTest : public BusFixture {
     service.start();
     return read(patience());
   }
-  checks::Known<checks::SessionProxy> read(const Patience& patience,
-                                           const char* variable = nullptr) {
+  facts::Known<facts::SessionProxy> read(const Patience& patience, const char* variable = nullptr) {
     const char* const environment[] = {variable, nullptr};
     return readSessionProxy(environment, *bus_, patience);
   }
@@ -62,28 +61,28 @@ TEST_F(SessionProxyTest, OfTheDesktopIsAnythingButADirectConnection) {
 }
 
 TEST_F(SessionProxyTest, OfNoSessionIsNoneWithoutAPortalAndWithoutABus) {
-  EXPECT_EQ(read(patience()), checks::Known<checks::SessionProxy>(checks::SessionProxy{}));
+  EXPECT_EQ(read(patience()), facts::Known<facts::SessionProxy>(facts::SessionProxy{}));
   bus_ = Bus::at("unix:path=/nonexistent/socket");
-  EXPECT_EQ(read(patience()), checks::Known<checks::SessionProxy>(checks::SessionProxy{}));
+  EXPECT_EQ(read(patience()), facts::Known<facts::SessionProxy>(facts::SessionProxy{}));
 }
 
 TEST_F(SessionProxyTest, IsNoneWhereAPortalWithoutADesktopDoesNotKnowOfProxies) {
   FakeService service(daemon_.address(), "org.freedesktop.portal.Desktop");
   service.start();
-  EXPECT_EQ(read(patience()), checks::Known<checks::SessionProxy>(checks::SessionProxy{}));
-  EXPECT_EQ(read(patience(), kDesktop).why().reason, Reason::notTold);
+  EXPECT_EQ(read(patience()), facts::Known<facts::SessionProxy>(facts::SessionProxy{}));
+  EXPECT_EQ(read(patience(), kDesktop).why().reason, facts::Reason::notTold);
 }
 
 TEST_F(SessionProxyTest, OfADesktopIsUnknownWhereItsPortalIsNotRunning) {
-  EXPECT_EQ(read(patience(), kDesktop).why().reason, Reason::noService);
+  EXPECT_EQ(read(patience(), kDesktop).why().reason, facts::Reason::noService);
   EXPECT_TRUE(read(patience(), kSession)) << "a session without a desktop has no portal";
   EXPECT_TRUE(read(patience(), "XDG_CURRENT_DESKTOP=")) << "an empty variable says nothing";
 }
 
 TEST_F(SessionProxyTest, OfASessionIsUnknownWhereItsBusIsNotThere) {
   bus_ = Bus::at("unix:path=/nonexistent/socket");
-  EXPECT_EQ(read(patience(), kSession).why().reason, Reason::noService);
-  EXPECT_EQ(read(patience(), kDesktop).why().reason, Reason::noService);
+  EXPECT_EQ(read(patience(), kSession).why().reason, facts::Reason::noService);
+  EXPECT_EQ(read(patience(), kDesktop).why().reason, facts::Reason::noService);
 }
 
 TEST_F(SessionProxyTest, IsUnknownWhereThePortalDoesNotAnswer) {
@@ -91,7 +90,7 @@ TEST_F(SessionProxyTest, IsUnknownWhereThePortalDoesNotAnswer) {
   service.silentMethod<std::vector<std::string>, std::string>(
       "/org/freedesktop/portal/desktop", "org.freedesktop.portal.ProxyResolver", "Lookup");
   service.start();
-  EXPECT_EQ(read(shortPatience()).why().reason, Reason::tookTooLong);
+  EXPECT_EQ(read(shortPatience()).why().reason, facts::Reason::tookTooLong);
 }
 
 TEST_F(SessionProxyTest, OfTheEnvironmentAsksNobody) {
@@ -101,4 +100,4 @@ TEST_F(SessionProxyTest, OfTheEnvironmentAsksNobody) {
 }
 
 }  // namespace
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

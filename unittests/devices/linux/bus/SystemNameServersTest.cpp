@@ -9,7 +9,7 @@
 #include "Values.h"
 #include "devices/linux/bus/SystemNameServers.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 namespace {
 
 using testing::ElementsAre;
@@ -89,4 +89,4 @@ TEST(NameServers, OfTheLinksNetworkAreTheLinksThoughACableLeadsThereToo) {
 }
 
 }  // namespace
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

@@ -8,7 +8,7 @@
 
 #include "devices/linux/bus/BusValue.h"
 
-namespace wifi_profile::machine {
+namespace wifi_profile::linux::bus {
 
 inline BusValue text(std::string value) { return BusValue(std::move(value)); }
 inline BusValue flag(bool value) { return BusValue(value); }
@@ -17,4 +17,4 @@ inline BusValue bytes(std::string value) { return BusValue(BusValue::Bytes{std::
 inline BusValue list(BusValue::List values) { return BusValue(std::move(values)); }
 inline BusValue map(BusValue::Map entries) { return BusValue(std::move(entries)); }
 
-}  // namespace wifi_profile::machine
+}  // namespace wifi_profile::linux::bus

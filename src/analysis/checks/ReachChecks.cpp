@@ -1,0 +1,313 @@
+// Checks of what a member of the network can reach.
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "analysis/checks/Answers.h"
+#include "analysis/checks/Rows.h"
+#include "analysis/checks/Subject.h"
+#include "analysis/facts/IpAddresses.h"
+
+namespace wifi_profile::checks {
+namespace {
+
+// Returns `answer(fact)` for the joined network. For other networks and unknown facts, returns the
+// reason.
+template <class T, class Function>
+Answer aboutJoined(const Question& question, const facts::Known<T> facts::Facts::*fact,
+                   Function answer) {
+  if (const auto why = whyNotAMember(question)) return *why;
+  const facts::Known<T>& known = question.facts.*fact;
+  if (!known) return known.why();
+  return answer(*known);
+}
+
+// Returns the round trips in milliseconds, at most as many as pings were sent.
+std::vector<double> roundTrips(const facts::Pings& pings) {
+  std::vector<double> times;
+  for (const auto& answer : pings.answers) {
+    if (times.size() >= static_cast<std::size_t>(pings.sent)) break;
+    const double milliseconds = answer.count() * 1000;
+    if (std::isfinite(milliseconds) && milliseconds >= 0) times.push_back(milliseconds);
+  }
+  return times;
+}
+
+std::shared_ptr<PingResultRecord> recordOf(const facts::Pings& pings,
+                                           const std::vector<double>& times) {
+  auto record = std::make_shared<PingResultRecord>();
+  const auto count = static_cast<double>(times.size());
+  record->count = pings.sent;
+  record->packetLoss = 100 * (pings.sent - count) / pings.sent;
+  record->min = *std::ranges::min_element(times);
+  record->max = *std::ranges::max_element(times);
+  for (const double time : times) record->avg += time;
+  record->avg /= count;
+  double variance = 0;
+  for (const double time : times) variance += (time - record->avg) * (time - record->avg);
+  record->stddev = std::sqrt(variance / count);
+  record->timestamp = pings.started.secondsSinceReferenceDate;
+  return record;
+}
+
+Answer pingsAnswered(const Question& question, facts::Known<facts::Pings> facts::Facts::*fact) {
+  return aboutJoined<facts::Pings>(question, fact, [&](const facts::Pings& pings) -> Answer {
+    if (pings.sent < 1) {
+      return facts::Unknown{facts::Reason::failed,
+                            "No ping could be sent: look at the system's log."};
+    }
+    const auto times = roundTrips(pings);
+    if (times.empty() && pings.isNeighbour) return ability(true);
+    if (times.empty()) return ability(false);
+    auto record = recordOf(pings, times);
+    if (question.facts.link) record->interfaceName = makeText(question.facts.link->interface);
+    return ability(true, {{"PingResult", std::move(record)}});
+  });
+}
+
+Answer pingLan(const Question& question) {
+  return pingsAnswered(question, &facts::Facts::lanPings);
+}
+Answer pingWan(const Question& question) {
+  return pingsAnswered(question, &facts::Facts::wanPings);
+}
+
+Answer resolveDns(const Question& question) {
+  return aboutJoined<facts::NameResolution>(
+      question, &facts::Facts::nameResolution,
+      [](const facts::NameResolution& resolution) { return ability(resolution.resolved); });
+}
+
+Answer reachSite(const Question& question) {
+  return aboutJoined<facts::SiteReach>(
+      question, &facts::Facts::siteReach,
+      [](const facts::SiteReach& site) { return ability(site.reached); });
+}
+
+Answer retrievePage(const Question& question) {
+  return aboutJoined<facts::SitePage>(
+      question, &facts::Facts::sitePage,
+      [](const facts::SitePage& page) { return ability(page.retrieved); });
+}
+
+Answer doubleNat(const Question& question) {
+  return aboutJoined<facts::RouterOutside>(
+      question, &facts::Facts::routerOutside, [](const facts::RouterOutside& outside) -> Answer {
+        const auto kindOf = [](const auto& address) {
+          return address ? facts::ipv4KindOf(*address) : std::nullopt;
+        };
+        // The address that the router reports decides. An address of any other kind belongs to a
+        // router that is not connected.
+        const auto own = kindOf(outside.address);
+        if (own && facts::isBehindTranslation(*own)) return finding(true);
+        if (own == facts::Ipv4Kind::global) return finding(false);
+        const auto next = kindOf(outside.secondHop);
+        if (next == facts::Ipv4Kind::global) return finding(false);
+        if (next && facts::isBehindTranslation(*next)) {
+          return notTold("The second router on the way (" + *outside.secondHop +
+                         ") has an address that is translated again, but the router does not tell "
+                         "whether it translates, too: allow UPnP or NAT-PMP in the router.");
+        }
+        return notTold(
+            "The router does not tell its outside address, and the second one on the way does not "
+            "answer: allow UPnP or NAT-PMP in the router.");
+      });
+}
+
+// True if an address is valid beyond the link.
+bool hasWideIpv6(const facts::Addresses& addresses) {
+  return std::ranges::any_of(addresses.ipv6, [](const std::string& address) {
+    const auto kind = facts::ipv6KindOf(address);
+    return kind && *kind != facts::Ipv6Kind::other;
+  });
+}
+
+Answer ipv4Assigned(const Question& question) {
+  return aboutJoined<facts::Addresses>(
+      question, &facts::Facts::addresses, [](const facts::Addresses& addresses) -> Answer {
+        const bool assigned = std::ranges::any_of(addresses.ipv4, [](const std::string& address) {
+          const auto kind = facts::ipv4KindOf(address);
+          return kind == facts::Ipv4Kind::global || (kind && facts::isBehindTranslation(*kind));
+        });
+        if (!assigned && addresses.ipv4.empty() && addresses.ipv6Gateway &&
+            hasWideIpv6(addresses)) {
+          return notTold(
+              "The network gives addresses of IPv6 only, which may be meant so: look at the "
+              "router's DHCP settings if it should give one of IPv4, too.");
+        }
+        return ability(assigned);
+      });
+}
+
+Answer ipv6Assigned(const Question& question) {
+  return aboutJoined<facts::Addresses>(
+      question, &facts::Facts::addresses,
+      [](const facts::Addresses& addresses) { return ability(hasWideIpv6(addresses)); });
+}
+
+constexpr std::string_view kPingsWhy =
+    "ICMP echo: RFC 792, RFC 4443. Count: number sent; loss: percent of them, 0 to 100; least, "
+    "most, mean and (population's) standard deviation: milliseconds";
+
+constexpr std::array kReachRows{
+    Check{.id = DiagnosticsTestID::PingLAN,
+          .answer = pingLan,
+          .needs = {facts::Fact::link, facts::Fact::lanPings},
+          .measures = "Whether the router answers, and how fast.",
+          .from = "ICMP or ICMPv6 echoes through the Wi-Fi interface, where the kernel allows them "
+                  "to this user; without all of their answers after 1 s, or without echoes, TCP "
+                  "connections, of which a refusal is an answer, too; without an answer of these, "
+                  "the kernel's entry of the neighbour (RTM_GETNEIGH), which has no times",
+          .threshold = "one answer to 3, sent 0.1 s apart, within 4 s in all, or a neighbour that "
+                       "is reachable (NUD_REACHABLE) at most 2.5 s after that and was confirmed "
+                       "(NDA_CACHEINFO) after the pings began",
+          .why = kPingsWhy,
+          .unknownWhen = "not joined, no router is known, or no ping could be sent"},
+    Check{.id = DiagnosticsTestID::PingWAN,
+          .answer = pingWan,
+          .needs = {facts::Fact::link, facts::Fact::wanPings, facts::Fact::addresses},
+          .measures = "Whether a host in the Internet answers, and how fast.",
+          .from = "ICMP or ICMPv6 echoes through the Wi-Fi interface, where the kernel allows them "
+                  "to this user; without all of their answers after 1 s, or without echoes, TCP "
+                  "connections, of which a refusal is an answer, too; the log says where the "
+                  "system's own packets to the Internet leave by another interface alone, such as "
+                  "a tunnel (RTM_GETROUTE)",
+          .threshold = "one answer to 3, sent 0.1 s apart, within 4 s in all",
+          .why = kPingsWhy,
+          .unknownWhen = "not joined, the address of a name cannot be looked up or is one of the "
+                         "house, no ping could be sent, or only another interface has a "
+                         "default route, as for all that is reached"},
+    Check{
+        .id = DiagnosticsTestID::ResolveDNS,
+        .answer = resolveDns,
+        .needs = {facts::Fact::link, facts::Fact::nameResolution},
+        .measures = "Whether the link's DNS servers give an address for a name, and those that "
+                    "the system asks, where they are others.",
+        .from =
+            "questions for A and AAAA records. With NetworkManager they go through the Wi-Fi "
+            "interface to the name servers that it has for the link. Without it, they go so to "
+            "those of the system's servers that are the link's router, lie in one of its subnets, "
+            "or are routed through it (RTM_GETROUTE). The system's own servers (resolv.conf, and "
+            "where that names systemd-resolved, its property DNS) are asked as the system routes, "
+            "where none of them is the link's; also where the link has none, or none that is "
+            "known, such as with a tunnel",
+        .threshold =
+            "one address that a site can have (not 0/8, 127/8, 169.254/16, 224/3, ::, ::1, "
+            "fe80::/10, ff00::/8), after two tries of 2 s for each server, within 8 s in all",
+        .why = "DNS: RFC 1035, RFC 3596",
+        .unknownWhen = "not joined, the question could not be sent, or no server of the link is "
+                       "known and the system's are reached through another interface that is no "
+                       "tunnel"},
+    Check{.id = DiagnosticsTestID::DetectDoubleNAT,
+          .answer = doubleNat,
+          .needs = {facts::Fact::link, facts::Fact::routerOutside},
+          .measures = "Whether the router's own outside address is one that is translated again. "
+                      "Where the router does not tell it, a second router on the way out with a "
+                      "global address says no; one with a translated address says nothing, as "
+                      "providers use these inside, and a first router may only route.",
+          .from = "NAT-PMP, UPnP IGD (GetExternalIPAddress); the sender of ICMP Time Exceeded for "
+                  "packets that may go two steps",
+          .threshold = "10/8, 172.16/12, 192.168/16 (RFC 1918), 100.64/10 (RFC 6598), "
+                       "192.0.0/24 (RFC 6333)",
+          .why = "These addresses do not go through the Internet. NAT-PMP: RFC 6886",
+          .unknownWhen = "not joined, or neither address decides"},
+    Check{.id = DiagnosticsTestID::ReachOrvane,
+          .answer = reachSite,
+          .needs = {facts::Fact::link, facts::Fact::siteReach},
+          .measures = "Whether the site that is set takes connections.",
+          .from = "a TCP connection, and with https a TLS handshake with a trusted certificate",
+          .threshold = "connected within 5 s",
+          .why = "A filter may let echoes through, and connections not",
+          .unknownWhen = "not joined, or this machine cannot ask (no trusted certificates, no "
+                         "memory)"},
+    Check{.id = DiagnosticsTestID::RetrieveOrvane,
+          .answer = retrievePage,
+          .needs = {facts::Fact::link, facts::Fact::sitePage},
+          .measures = "Whether the page that is set comes as it should.",
+          .from = "HTTP GET",
+          .threshold = "status 200, with the content expected in the first 64 KiB, within 10 s, 5 "
+                       "s of them for a connection, and after at most 5 redirects",
+          .why = "Sign-in pages and filters answer in the place of sites. HTTP: RFC 9110",
+          .unknownWhen =
+              "not joined, the page goes on after 64 KiB without the content expected, or "
+              "this machine cannot ask (no trusted certificates, no memory)"},
+    Check{.id = DiagnosticsTestID::IPv4Assigned,
+          .answer = ipv4Assigned,
+          .needs = {facts::Fact::link, facts::Fact::addresses},
+          .measures = "Whether the Wi-Fi interface has an IPv4 address that the network can use.",
+          .from = "rtnetlink (RTM_GETADDR)",
+          .threshold = "one; not 169.254/16 (RFC 3927), which a device gives itself, nor 0/8, "
+                       "127/8, 224/4 or 240/4",
+          .why = "Without one, IPv4 reaches at most the neighbours",
+          .unknownWhen =
+              "not joined, the kernel does not tell the addresses, or there are addresses "
+              "and a router of IPv6 only"},
+    Check{
+        .id = DiagnosticsTestID::IPv6Assigned,
+        .answer = ipv6Assigned,
+        .needs = {facts::Fact::link, facts::Fact::addresses},
+        .measures = "Whether the Wi-Fi interface has an IPv6 address of more than the link.",
+        .from = "rtnetlink (RTM_GETADDR), without tentative ones",
+        .threshold = "one of 2000::/3 (RFC 4291) or fc00::/7 (RFC 4193)",
+        .why = "A link-local address (fe80::/10) is there always, and says nothing of the network",
+        .unknownWhen = "not joined, or the kernel does not tell the addresses"},
+};
+
+std::string problemIn(const facts::Pings& pings) {
+  if (!pings.answers.empty() || pings.isNeighbour) return {};
+  return (pings.byConnecting ? "no connection was answered by " : "no echo was answered by ") +
+         pings.target;
+}
+std::string problemIn(const facts::NameResolution& resolution) {
+  return resolution.resolved ? "" : resolution.problem;
+}
+std::string problemIn(const facts::SiteReach& site) { return site.reached ? "" : site.problem; }
+std::string problemIn(const facts::SitePage& page) { return page.retrieved ? "" : page.problem; }
+std::string problemIn(const facts::PortalProbe& probe) {
+  return probe.answer == facts::PortalProbe::Answer::portal ? probe.detail : "";
+}
+
+template <class T>
+std::string problemSentence(std::string_view what, const facts::Known<T>& fact) {
+  const std::string problem = fact ? problemIn(*fact) : "";
+  return problem.empty() ? "" : "The " + std::string(what) + ": " + problem + ".";
+}
+
+// What programs reach is not reached through Wi-Fi then.
+std::string otherWayOut(const facts::Facts& facts) {
+  if (!facts.addresses || !facts.addresses->otherWayOut) return {};
+  return "This machine's own packets to the Internet go through " + *facts.addresses->otherWayOut +
+         ", not through the Wi-Fi link that is tested.";
+}
+
+std::string joined(std::string first, const std::string& second) {
+  if (!first.empty() && !second.empty()) first += ' ';
+  return first + second;
+}
+
+}  // namespace
+
+std::string problemOf(const Question& question, DiagnosticsTestID id) {
+  if (whyNotAMember(question)) return {};
+  const facts::Facts& facts = question.facts;
+  switch (id) {
+    case DiagnosticsTestID::PingLAN:
+      return problemSentence("ping of the router", facts.lanPings);
+    case DiagnosticsTestID::PingWAN:
+      return joined(problemSentence("ping of the Internet", facts.wanPings), otherWayOut(facts));
+    case DiagnosticsTestID::ResolveDNS:
+      return problemSentence("look-up of a name", facts.nameResolution);
+    case DiagnosticsTestID::CaptivePortal:
+      return problemSentence("look for a sign-in page", facts.portalProbe);
+    case DiagnosticsTestID::ReachOrvane:
+      return problemSentence("connection to the site", facts.siteReach);
+    case DiagnosticsTestID::RetrieveOrvane:
+      return problemSentence("page of the site", facts.sitePage);
+    default:
+      return {};
+  }
+}
+
+std::span<const Check> reachRows() { return kReachRows; }
+
+}  // namespace wifi_profile::checks

@@ -1,0 +1,259 @@
+#include "app/cli/DiagnosticRun.h"
+
+#include "app/cli/LogLines.h"
+#include "app/cli/ScreenState.h"
+#include "app/cli/TracingScreen.h"
+#include "app/cli/UserActions.h"
+#include "runtime/Iso8601Formatter.h"
+#include "runtime/NoScreen.h"
+
+namespace wifi_profile::cli {
+namespace {
+
+// The host owns the queues; the installed pointer does not.
+std::shared_ptr<WorkQueues> unowned(runtime::RunLoop& loop) {
+  return {std::shared_ptr<void>(), &loop};
+}
+
+// Returns a copy of the section in its present state.
+ObjectRef copyOf(const ObjectRef& section) {
+  const auto dictionary = as<Dictionary>(section);
+  return dictionary ? makeDictionary(dictionary->entries()) : nullPlaceholder();
+}
+
+DictionaryRef copyOfSections(const DictionaryRef& data) {
+  Dictionary::Entries sections = data->entries();
+  for (auto& [key, section] : sections) section = copyOf(section);
+  return makeDictionary(std::move(sections));
+}
+
+std::shared_ptr<toolkit::Screen> drawnScreen(const Surroundings& surroundings) {
+  if (surroundings.person) return surroundings.person;
+  return std::make_shared<runtime::NoScreen>();
+}
+
+}  // namespace
+
+struct DiagnosticRun::Installations {
+  Installations(const devices::DeviceBackEnds& device, std::shared_ptr<VqClient> watchedService,
+                const Surroundings& surroundings)
+      : queues(unowned(surroundings.loop)),
+        service(std::move(watchedService)),
+        radio(device.radio),
+        capability(device.capability),
+        automation(device.automation),
+        dates(std::make_shared<runtime::Iso8601Formatter>()),
+        log(std::make_shared<LogLines>(surroundings.line, surroundings.trace)),
+        texts(surroundings.texts),
+        collator(surroundings.collator),
+        screen(std::make_shared<TracingScreen>(drawnScreen(surroundings), surroundings.trace)) {}
+  ScopedInstall<WorkQueues> queues;
+  ScopedInstall<VqClient> service;
+  ScopedInstall<WiFiManagerService> radio;
+  ScopedInstall<DeviceCapability> capability;
+  ScopedInstall<HsTestAutomation> automation;
+  ScopedInstall<HsDateFormatter> dates;
+  ScopedInstall<DiagnosticLog> log;
+  ScopedInstall<StringTable> texts;
+  ScopedInstall<NameCollator> collator;
+  ScopedInstall<toolkit::Screen> screen;
+};
+
+RunDevice onPaper(const scenario::Scenario& scenario, Pace& pace, Trace& trace) {
+  scenario::ScenarioDevice device(scenario, pace, trace);
+  return {.backEnds = device.backEnds(),
+          .paper = device,
+          .user = scenario.user.value_or(std::vector<scenario::Step>())};
+}
+
+DiagnosticRun::DiagnosticRun(RunDevice device, std::shared_ptr<WiFiProfileInputs> inputs,
+                             Surroundings surroundings)
+    : surroundings_(std::move(surroundings)),
+      device_(std::move(device)),
+      scans_(std::make_shared<WatchedScans>(device_.backEnds.service)),
+      installations_(std::make_unique<Installations>(device_.backEnds, scans_, surroundings_)),
+      inputs_(std::move(inputs)),
+      controller_(std::make_shared<WiFiProfileViewController>()),
+      script_(device_.user, surroundings_.person ? ScreenUser::person : ScreenUser::script,
+              [this](const scenario::Step& step) { return perform(step); }) {
+  if (!device_.paper) return;
+  device_.paper->service->setWhileServing([this](DiagnosticsTestID test) { whileServing(test); });
+}
+
+DiagnosticRun::~DiagnosticRun() = default;
+
+Ending DiagnosticRun::run() {
+  runtime::RunLoop& loop = surroundings_.loop;
+  controller_->setObserver(shared_from_this());
+  loop.postToMain([this] { start(); });
+  loop.runUntilIdle();
+  while (!isOver() && (script_.hasIdleStep() || surroundings_.person)) {
+    if (surroundings_.person) showEmptyList();
+    if (script_.hasIdleStep()) {
+      surroundings_.trace.event("screen", screenState(*controller_));
+      loop.postToMain([this] { script_.performNextStep(); });
+    } else {
+      surroundings_.person->mainQueue()->handleNext();
+    }
+    loop.runUntilIdle();
+  }
+  if (!isOver()) {
+    loop.postToMain([this] {
+      if (isOver()) return;
+      stuck_ = true;
+      tearDown();
+    });
+    loop.runUntilIdle();
+  }
+  surroundings_.trace.event("screen", screenState(*controller_));
+  controller_->disappear();
+  controller_->setObserver(nullptr);
+  const std::lock_guard lock(mutex_);
+  if (stuck_ || script_.failure()) return Ending::stuck;
+  if (outcome_) return Ending::finished;
+  return interrupted_ ? Ending::interrupted : Ending::tornDown;
+}
+
+void DiagnosticRun::start() {
+  if (isOver()) return;  // interrupted before the run began
+  surroundings_.trace.event("host.setup", {});
+  controller_->setupWithInputs(inputs_, nullptr);
+  surroundings_.trace.event("host.start", {});
+  controller_->start();
+  controller_->appear();
+  if (surroundings_.person) surroundings_.person->show(controller_, [this] { endEarly(); });
+}
+
+void DiagnosticRun::showTests(std::string label) {
+  surroundings_.loop.postToMain([self = shared_from_this(), label = std::move(label)]() mutable {
+    if (!label.empty()) self->runningTest_ = std::move(label);
+    app::TestsDone tests{.done = self->controller_->completedTests(),
+                         .total = self->controller_->totalTests(),
+                         .running = {}};
+    if (tests.done < tests.total) tests.running = self->runningTest_;
+    self->surroundings_.person->showTests(tests);
+  });
+}
+
+void DiagnosticRun::showEmptyList() {
+  app::EmptyList state =
+      emptyListOf(*controller_, scans_->latest(), device_.backEnds.radio->powerOnFailure());
+  if (!controller_->wifiPoweredOn() && !controller_->presentedAlert()) {
+    state.askForPower = [weak = weak_from_this()] {
+      if (const auto self = weak.lock()) self->askForPower();
+    };
+  }
+  const bool asks = state.askForPower != nullptr;
+  const bool asked = shownEmptyList_.askForPower != nullptr;
+  if (state.why == shownEmptyList_.why && state.reason == shownEmptyList_.reason && asks == asked) {
+    return;
+  }
+  shownEmptyList_ = state;
+  surroundings_.person->showEmptyList(std::move(state));
+}
+
+void DiagnosticRun::askForPower() {
+  if (isOver() || controller_->wifiPoweredOn() || controller_->presentedAlert()) return;
+  controller_->presentWiFiPoweredOffAlert();
+}
+
+void DiagnosticRun::personDid(scenario::Action action) {
+  script_.personDid(action);
+  surroundings_.loop.postToMain([] {});  // wakes the main thread for the script's next step
+}
+
+void DiagnosticRun::tearDown() {
+  {
+    const std::lock_guard lock(mutex_);
+    tornDown_ = true;
+  }
+  script_.end();
+  surroundings_.trace.event("host.teardown", {});
+  device_.close();  // before the teardown's cancel lets pending requests continue
+  controller_->teardown();
+}
+
+bool DiagnosticRun::isOver() const {
+  const std::lock_guard lock(mutex_);
+  return tornDown_ || outcome_;
+}
+
+void DiagnosticRun::interrupt() {
+  // Without this, a script's wait would delay the teardown on the main thread.
+  interrupted_ = true;
+  endEarly();
+}
+
+void DiagnosticRun::endEarly() {
+  surroundings_.loop.cutPauses();
+  surroundings_.loop.postToMain([self = shared_from_this()] {
+    if (!self->isOver()) self->tearDown();
+    self->surroundings_.loop.hurry();  // after the teardown, which cancels requests that wait
+  });
+}
+
+std::string DiagnosticRun::reason() const {
+  return script_.failure().value_or(script_.reasonForBeingStuck());
+}
+
+void DiagnosticRun::whileServing(DiagnosticsTestID test) {
+  if (!script_.hasStepDuring(test)) return;
+  surroundings_.loop.postToMain([this, test] {
+    if (!script_.hasStepDuring(test)) return;
+    script_.performNextStep();
+    if (!script_.failure()) return;
+    surroundings_.loop.hurry();
+    tearDown();
+  });
+  // The answer must come after the work that the step posts (such as a power notification) and
+  // after the work that this work posts (such as the host's teardown).
+  for (int round = 0; round < 3; ++round) surroundings_.loop.waitForMain();
+}
+
+std::optional<std::string> DiagnosticRun::perform(const scenario::Step& step) {
+  using scenario::Action;
+  switch (step.action) {
+    case scenario::Action::setPower:
+      device_.paper->radio->switchFromOutside(step.on);
+      return std::nullopt;
+    case scenario::Action::wait:
+      if (surroundings_.person) {
+        surroundings_.loop.postToGlobalAfter(step.time, [] {});  // the screen stays responsive
+      } else {
+        surroundings_.loop.pause(step.time, interrupted_);
+      }
+      return std::nullopt;
+    case scenario::Action::teardown:
+      tearDown();
+      return std::nullopt;
+    default:
+      return performOnScreen(*controller_, step);
+  }
+}
+
+void DiagnosticRun::statusCodeWasSet(const NumberRef& statusCode) {
+  surroundings_.trace.event("host.statusCode", {{"value", statusCode}});
+}
+
+void DiagnosticRun::dataWasSet(const DictionaryRef& data) {
+  surroundings_.trace.event("host.data", {{"value", data}});
+}
+
+void DiagnosticRun::finishedWasSet(bool finished) {
+  surroundings_.trace.event("host.finished", {{"value", Number::withBool(finished)}});
+  if (!finished) return;
+  script_.end();
+  {
+    const std::lock_guard lock(mutex_);
+    if (outcome_ || tornDown_) return;
+    outcome_ = report::Outcome{
+        .statusCode = std::get<std::int64_t>(controller_->result().statusCode()->value()),
+        .data = copyOfSections(controller_->result().data()),
+        .plan = controller_->runPlan(),
+        .site = device_.site,
+    };
+  }
+  surroundings_.loop.postToMain([this] { tearDown(); });
+}
+
+}  // namespace wifi_profile::cli

@@ -1,0 +1,117 @@
+// One run of the diagnostic on a device, from set-up until all queued work has been done.
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/PersonScreen.h"
+#include "app/cli/ProgressLine.h"
+#include "app/cli/Script.h"
+#include "app/cli/TraceFile.h"
+#include "app/cli/WatchedScans.h"
+#include "devices/scenario/ScenarioDevice.h"
+#include "diagnostic/controller/WiFiProfileViewController.h"
+#include "diagnostic/platform/NameCollator.h"
+#include "diagnostic/platform/StringTable.h"
+#include "report/ReportDocument.h"
+#include "runtime/RunLoop.h"
+
+namespace wifi_profile::cli {
+
+enum class Ending {
+  finished,     // the diagnostic finished; there is an outcome
+  tornDown,     // ended by the script or on the screen, before it finished
+  interrupted,  // ended by a signal, before it finished
+  stuck,        // the script cannot go on
+};
+
+// The device of a run.
+struct RunDevice {
+  devices::DeviceBackEnds backEnds;
+  // For a scenario's device: the parts that a script acts on, and the script.
+  std::optional<scenario::ScenarioDevice> paper = std::nullopt;
+  std::vector<scenario::Step> user = {};
+  // For this machine: called when the host tears the run down. Ends all measurements.
+  std::function<void()> close = [] {};
+  std::string site = {};  // address of the page that the device tries to reach; empty: unknown
+};
+
+// `pace` and `trace` must outlive the device.
+RunDevice onPaper(const scenario::Scenario& scenario, Pace& pace, Trace& trace);
+
+// What a run needs from the host.
+struct Surroundings {
+  runtime::RunLoop& loop;
+  TraceFile& trace;
+  ProgressLine& line;
+  std::shared_ptr<StringTable> texts;
+  std::shared_ptr<NameCollator> collator;
+  // null: no screen is drawn, and the script performs all actions of the user. Otherwise `loop`
+  // must wait on this screen's main queue.
+  std::shared_ptr<app::PersonScreen> person = nullptr;
+};
+
+// Installs the back ends for its lifetime, drives the run, and keeps the outcome as it was when the
+// diagnostic first finished. One instance at a time in a process.
+class DiagnosticRun final : public HxDiagnosticObserver,
+                            public std::enable_shared_from_this<DiagnosticRun> {
+ public:
+  DiagnosticRun(RunDevice device, std::shared_ptr<WiFiProfileInputs> inputs,
+                Surroundings surroundings);
+  ~DiagnosticRun() override;
+
+  // Main thread, once. Returns when all queued work has been done.
+  Ending run();
+
+  // Any thread. Ends the run early, through the host's `teardown`, unless it has finished.
+  // Remaining work then no longer waits.
+  void interrupt();
+
+  // Any thread, only if there is a person's screen. `label` names the test that has begun; empty:
+  // the test has not changed.
+  void showTests(std::string label);
+  void personDid(scenario::Action action);
+
+  // After `run`: the outcome of a finished run, and the reason why a run is stuck.
+  const report::Outcome& outcome() const { return *outcome_; }
+  std::string reason() const;
+
+  void statusCodeWasSet(const NumberRef& statusCode) override;
+  void dataWasSet(const DictionaryRef& data) override;
+  void finishedWasSet(bool finished) override;
+
+ private:
+  struct Installations;
+
+  void start();
+  void tearDown();
+  void endEarly();
+  bool isOver() const;
+  void whileServing(DiagnosticsTestID test);
+  void showEmptyList();
+  void askForPower();
+  std::optional<std::string> perform(const scenario::Step& step);
+
+  Surroundings surroundings_;
+  RunDevice device_;
+  std::shared_ptr<WatchedScans> scans_;
+  std::unique_ptr<Installations> installations_;
+  std::shared_ptr<WiFiProfileInputs> inputs_;
+  std::shared_ptr<WiFiProfileViewController> controller_;
+  Script script_;
+
+  std::atomic<bool> interrupted_ = false;
+  bool stuck_ = false;             // main thread only
+  std::string runningTest_;        // main thread only
+  app::EmptyList shownEmptyList_;  // main thread only; the last state passed to the screen
+  mutable std::mutex mutex_;       // guards the members below
+  std::optional<report::Outcome> outcome_;
+  bool tornDown_ = false;
+};
+
+}  // namespace wifi_profile::cli

@@ -1,0 +1,46 @@
+#include "app/cli/NetworksInRange.h"
+
+#include <fmt/format.h>
+
+#include "app/cli/ExitStatus.h"
+#include "app/cli/Files.h"
+#include "app/cli/NamedDevice.h"
+
+namespace wifi_profile::cli {
+namespace {
+
+std::variant<NetworksInRange, Failure> networksOfMachine(const ScanOptions& options) {
+  auto opened = openMachine(options.device);
+  if (auto* failure = std::get_if<Failure>(&opened)) return std::move(*failure);
+  const auto& machine = *std::get<std::shared_ptr<const linux::Machine>>(opened);
+  const linux::Cancellation nobody;  // never cancelled: an interrupt ends the process
+  const linux::Patience patience{linux::Clock::now() + linux::kScanLimit, nobody};
+  auto list = machine.scan(std::chrono::seconds(options.maxScanCacheAge), patience);
+  if (!list) return Failure{kExitNoDevice, list.why().sentence};
+  const auto& missing = list->scan.incomplete;
+  if (missing && list->scan.accessPoints.empty()) return Failure{kExitNoDevice, missing->sentence};
+  return NetworksInRange{std::move(list->scan), std::move(list->joinedBssid)};
+}
+
+}  // namespace
+
+std::variant<NetworksInRange, Failure> networksInRange(const ScanOptions& options) {
+  if (!isOnPaper(options.device)) return networksOfMachine(options);
+  auto read = readScenarioDevice(*options.device);
+  if (auto* failure = std::get_if<Failure>(&read)) return std::move(*failure);
+  const auto& world = std::get<scenario::Scenario>(read).world;
+  if (world && !world->facts.scan && !world->facts.scan.why().sentence.empty()) {
+    return Failure{kExitNoDevice,
+                   fmt::format("{}: {}", *options.device, world->facts.scan.why().sentence)};
+  }
+  if (!world || !world->facts.scan) {
+    return Failure{kExitNoDevice, unexpected(*options.device, "no \"scan\" in a \"world\"",
+                                             "a scenario whose world has one")
+                                      .message};
+  }
+  NetworksInRange networks{*world->facts.scan, std::nullopt};
+  if (const auto& link = world->facts.link) networks.joinedBssid = link->bssid;
+  return networks;
+}
+
+}  // namespace wifi_profile::cli

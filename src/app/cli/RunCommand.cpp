@@ -1,0 +1,232 @@
+#include "app/cli/RunCommand.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <functional>
+#include <mutex>
+#include <unistd.h>
+#include <utility>
+
+#include "app/cli/Console.h"
+#include "app/cli/DiagnosticRun.h"
+#include "app/cli/ExitStatus.h"
+#include "app/cli/Files.h"
+#include "app/cli/PersonFollower.h"
+#include "app/cli/RunPreparation.h"
+#include "diagnostic/tests/Catalogue.h"
+#include "report/ReportText.h"
+#include "runtime/BuiltInStringTable.h"
+#include "runtime/IcuNameCollator.h"
+#include "runtime/Interrupts.h"
+#include "runtime/JsonWriter.h"
+#include "runtime/SafeText.h"
+#include "runtime/ThreadRunLoop.h"
+#include "runtime/VirtualTimeRunLoop.h"
+
+namespace wifi_profile::cli {
+namespace {
+
+// Returns the name of the environment's locale for `category`, such as "LC_COLLATE".
+std::string_view localeFor(const char* category) {
+  for (const char* const name : {"LC_ALL", category, "LANG"}) {
+    if (environmentHas(name)) return std::getenv(name);
+  }
+  return "C";
+}
+
+std::string_view languageFor(const RunOptions& options) {
+  if (options.language) return *options.language;
+  return runtime::BuiltInStringTable::languageOfLocale(localeFor("LC_MESSAGES")).value_or("en");
+}
+
+// Returns what standard error shows besides the screen.
+ProgressLine::Shows showsBeside(Ui ui) {
+  if (!isTerminal(STDERR_FILENO)) return ProgressLine::Shows::lines;
+  return ui == Ui::terminal ? ProgressLine::Shows::linesAtTheEnd : ProgressLine::Shows::linesAndBar;
+}
+
+std::string recordText(const RunOptions& options, const report::Outcome& outcome,
+                       const report::Journal& journal) {
+  const bool onTerminal = isatty(STDOUT_FILENO) != 0;
+  const auto form = options.output.value_or(onTerminal ? OutputForm::text : OutputForm::json);
+  if (form == OutputForm::text) {
+    return report::reportText(report::reportOf(outcome, journal),
+                              {.color = isTerminal(STDOUT_FILENO) && !environmentHas("NO_COLOR")});
+  }
+  return runtime::jsonText(makeDictionary(
+             {{"data", outcome.data}, {"statusCode", Number::withInteger(outcome.statusCode)}})) +
+         "\n";
+}
+
+// Shows the run's progress on standard error.
+class Activity final : public Trace {
+ public:
+  explicit Activity(ProgressLine& line) : line_(line) {}
+  void event(std::string_view name, const Fields& fields) override {
+    if (name == "service.request") {
+      const auto test = testNamed(as<Text>(fields.front().second)->string());
+      if (test) line_.showActivity(catalogueTest(*test).label);
+    }
+    if (name == "ui.progress") line_.showProgress(as<Number>(fields.front().second)->toDouble());
+  }
+
+ private:
+  ProgressLine& line_;
+};
+
+// Prints the run's result, and returns the exit status.
+int conclude(const DiagnosticRun& run, Ending ending, const RunOptions& options,
+             const report::Journal& journal) {
+  switch (ending) {
+    case Ending::finished:
+      if (writeAll(stdout, recordText(options, run.outcome(), journal))) break;
+      return complain({kExitOutput, cannotBeWritten("standard output", errno)});
+    case Ending::tornDown:
+      return complain({kExitTornDown, "torn down before the run finished; there is no record"});
+    case Ending::interrupted:
+      return complain({kExitInterrupted, "interrupted; there is no record"});
+    case Ending::stuck:
+      return complain({kExitScenario, options.device.value_or("") + ": at " + run.reason()});
+  }
+  return static_cast<int>(std::abs(run.outcome().statusCode));
+}
+
+// Handles interrupts during a run, from its preparation on. The first interrupt ends the current
+// activity. If there is no activity to end, or at the second interrupt, the process exits
+// immediately.
+class RunInterrupts {
+ public:
+  // Returns a lock. While it is held, an interrupt waits.
+  std::unique_lock<std::mutex> hold() { return std::unique_lock(mutex_); }
+  // Sets the screen to abandon when the process exits immediately. Hold the lock.
+  void setScreen(std::shared_ptr<app::PersonScreen> person) { person_ = std::move(person); }
+
+  // During its lifetime, the first interrupt calls `end`, on a separate thread.
+  class Scope {
+   public:
+    Scope(RunInterrupts& interrupts, std::function<void()> end) : interrupts_(interrupts) {
+      const auto held = interrupts_.hold();
+      interrupts_.end_ = std::move(end);
+    }
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
+    ~Scope() {
+      const auto held = interrupts_.hold();
+      interrupts_.end_ = nullptr;
+    }
+
+   private:
+    RunInterrupts& interrupts_;
+  };
+
+ private:
+  void interrupted() {
+    const auto held = hold();
+    if (!end_) {
+      if (person_) person_->abandon();
+      std::_Exit(kExitInterrupted);
+    }
+    std::exchange(end_, nullptr)();
+  }
+
+  std::mutex mutex_;  // guards the members below
+  std::shared_ptr<app::PersonScreen> person_;
+  std::function<void()> end_;
+  const runtime::Interrupts interrupts_{
+      [this] { interrupted(); }};  // last: its thread uses the above
+};
+
+// Shows a report until the person closes it.
+void showReport(app::PersonScreen& person, report::Report report) {
+  person.showReport(std::move(report));
+  const auto queue = person.mainQueue();
+  while (!person.isClosed()) queue->handleNext();
+}
+
+int runOn(runtime::RunLoop& loop, const RunOptions& options, PreparedRun prepared,
+          const std::shared_ptr<app::PersonScreen>& person, RunInterrupts& interrupts) {
+  TraceFile trace(loop, std::move(prepared.traceFile));
+  report::Journal journal;
+  ProgressLine line(stderr, showsBeside(uiOf(options)));
+  Activity activity(line);
+  trace.addListener(journal);
+  trace.addListener(activity);
+  const auto run = std::make_shared<DiagnosticRun>(
+      prepared.makeDevice(loop, trace), std::move(prepared.inputs),
+      Surroundings{loop, trace, line, Installed<StringTable>::get(),
+                   std::make_shared<runtime::IcuNameCollator>(localeFor("LC_COLLATE")), person});
+  PersonFollower follower(*run);
+  if (person) trace.addListener(follower);
+  const RunInterrupts::Scope endsEarly(interrupts, [&run, &person] {
+    run->interrupt();
+    if (person) person->mainQueue()->post([&person] { person->close(); });
+  });
+  const Ending ending = run->run();
+  if (person) {
+    if (ending == Ending::finished) showReport(*person, report::reportOf(run->outcome(), journal));
+    person->close();
+  }
+  line.clear();
+  const int status = conclude(*run, ending, options, journal);
+  if (const int error = trace.firstError(); error != 0) {
+    return complain({kExitOutput, cannotBeWritten(*options.traceFile, error)});
+  }
+  return status;
+}
+
+}  // namespace
+
+int runCommand(const RunOptions& options, Ui drawn, const MakeScreen& makeScreen) {
+  const Ui ui = uiOf(options);
+  if (ui != Ui::none && ui != drawn) {
+    const bool window = ui == Ui::window;
+    return complain({kExitUsage, unexpected("--ui", window ? "window" : "terminal",
+                                            std::string(window ? "terminal" : "window") +
+                                                " or none: this program draws no other screen")
+                                     .message});
+  }
+  RunInterrupts interrupts;
+  auto prepared = prepareRun(options);
+  const auto* failure = std::get_if<Failure>(&prepared);
+  // In a terminal, the message on standard error is visible; no screen is drawn for it.
+  if (failure && ui != Ui::window) return complain(*failure);
+  std::signal(SIGPIPE, SIG_IGN);  // a closed reader then shows as a failed write
+  const ScopedInstall<StringTable> texts(
+      std::make_shared<runtime::BuiltInStringTable>(languageFor(options)));
+  std::shared_ptr<app::PersonScreen> person;
+  if (ui != Ui::none) {
+    const auto held = interrupts.hold();
+    auto made = makeScreen();
+    if (const auto* reason = std::get_if<std::string>(&made)) {
+      return complain({kExitUsage, "--ui: " + *reason});
+    }
+    person = std::get<std::shared_ptr<app::PersonScreen>>(std::move(made));
+    interrupts.setScreen(person);
+  }
+  if (failure) {
+    const int status = complain(*failure);
+    const RunInterrupts::Scope endsEarly(
+        interrupts, [&person] { person->mainQueue()->post([&person] { person->close(); }); });
+    showReport(*person,
+               {.summary = "could not begin",
+                .earlyEnd = report::ReportFinding{.mark = report::ReportMark::problem,
+                                                  .sentence = runtime::safeText(failure->message),
+                                                  .values = {},
+                                                  .advice = {},
+                                                  .explanation = {}},
+                .sections = {}});
+    return status;
+  }
+  std::unique_ptr<runtime::RunLoop> loop;
+  if (options.virtualTime) {
+    loop = std::make_unique<runtime::VirtualTimeRunLoop>();
+  } else if (person) {
+    loop = std::make_unique<runtime::ThreadRunLoop>(person->mainQueue());
+  } else {
+    loop = std::make_unique<runtime::ThreadRunLoop>();
+  }
+  return runOn(*loop, options, std::get<PreparedRun>(std::move(prepared)), person, interrupts);
+}
+
+}  // namespace wifi_profile::cli

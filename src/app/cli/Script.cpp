@@ -1,0 +1,86 @@
+#include "app/cli/Script.h"
+
+namespace wifi_profile::cli {
+namespace {
+
+using scenario::Action;
+
+bool isOfTheWorld(scenario::Action action) {
+  return action == scenario::Action::setPower || action == scenario::Action::wait ||
+         action == scenario::Action::teardown;
+}
+
+// Returns the kind of an action: all taps on rows are one kind.
+scenario::Action kindOf(scenario::Action action) {
+  return action == scenario::Action::tapNetwork || action == scenario::Action::tapOther
+             ? scenario::Action::tapRow
+             : action;
+}
+
+}  // namespace
+
+Script::Script(std::vector<scenario::Step> steps, ScreenUser user, Perform perform)
+    : steps_(std::move(steps)), user_(user), perform_(std::move(perform)) {
+  if (user_ == ScreenUser::person) {
+    std::erase_if(steps_,
+                  [](const auto& step) { return step.action == scenario::Action::scrollAway; });
+  }
+}
+
+bool Script::isScripted(const scenario::Step& step) const {
+  return user_ == ScreenUser::script || isOfTheWorld(step.action);
+}
+
+void Script::personDid(scenario::Action action) {
+  const std::lock_guard lock(mutex_);
+  if (ended_ || next_ == steps_.size() || isScripted(steps_[next_])) return;
+  if (kindOf(steps_[next_].action) == kindOf(action)) ++next_;
+}
+
+void Script::end() {
+  const std::lock_guard lock(mutex_);
+  ended_ = true;
+}
+
+bool Script::hasIdleStep() const {
+  const std::lock_guard lock(mutex_);
+  return !ended_ && next_ < steps_.size() && isScripted(steps_[next_]) && !steps_[next_].duringTest;
+}
+
+bool Script::hasStepDuring(DiagnosticsTestID test) const {
+  const std::lock_guard lock(mutex_);
+  return !ended_ && next_ < steps_.size() && isScripted(steps_[next_]) &&
+         steps_[next_].duringTest == test;
+}
+
+void Script::performNextStep() {
+  std::size_t index = 0;
+  {
+    const std::lock_guard lock(mutex_);
+    if (ended_ || next_ == steps_.size()) return;
+    index = next_++;
+  }
+  const auto obstacle = perform_(steps_[index]);
+  if (!obstacle) return;
+  const std::lock_guard lock(mutex_);
+  ended_ = true;
+  failure_ = "/user/" + std::to_string(index) + ": " + *obstacle;
+}
+
+std::optional<std::string> Script::failure() const {
+  const std::lock_guard lock(mutex_);
+  return failure_;
+}
+
+std::string Script::reasonForBeingStuck() const {
+  const std::lock_guard lock(mutex_);
+  const std::string after =
+      next_ == 0 ? "before its first step" : "after step " + std::to_string(next_ - 1);
+  if (next_ < steps_.size() && steps_[next_].duringTest) {
+    return "/user/" + std::to_string(next_) + ": the run waits " + after + ", and the test " +
+           std::string(nameOf(*steps_[next_].duringTest)) + " never comes";
+  }
+  return "/user: the run waits " + after + ", and there is no further step";
+}
+
+}  // namespace wifi_profile::cli

@@ -1,0 +1,61 @@
+#include "devices/linux/probes/Outside.h"
+
+#include <future>
+#include <system_error>
+
+#include "analysis/facts/IpAddresses.h"
+#include "devices/linux/probes/RouterAnswers.h"
+#include "devices/linux/probes/RouterQuestions.h"
+#include "devices/linux/probes/Sockets.h"
+
+namespace wifi_profile::linux::probes {
+
+namespace {
+
+constexpr std::chrono::milliseconds kNameTime{2000};
+
+// Whether the address is one that a router may have towards the Internet.
+bool isOutside(const std::optional<std::string>& address) {
+  const auto kind = address ? facts::ipv4KindOf(*address) : std::nullopt;
+  return kind && (*kind == facts::Ipv4Kind::global || facts::isBehindTranslation(*kind));
+}
+
+std::optional<std::string> secondHopTo(const std::string& host, const std::string& gateway,
+                                       const Way& way, const Patience& patience) {
+  const auto answer = resolve(host, way, patience.atMost(kNameTime));
+  // IPv4 addresses come first.
+  if (!answer || answer->addresses.empty()) return {};
+  return findSecondHop(gateway, answer->addresses.front(), way.interface, patience);
+}
+
+}  // namespace
+
+facts::Known<facts::RouterOutside> routerOutside(const std::string& gateway,
+                                                 const std::string& wanHost, const Way& way,
+                                                 const Patience& patience) {
+  if (patience.isOver()) return calledOff();
+  const auto router = hostAddress(gateway);
+  if (!router) {
+    return facts::Unknown{facts::Reason::failed,
+                          '"' + shortText(gateway) +
+                              "\" is no IPv4 address of a router: renew the address (join "
+                              "again), or look at the router's DHCP settings."};
+  }
+  facts::RouterOutside outside;
+  try {
+    auto byNatPmp =
+        std::async(std::launch::async, [&] { return askNatPmp(*router, way.interface, patience); });
+    auto byUpnp =
+        std::async(std::launch::async, [&] { return askUpnp(*router, way.interface, patience); });
+    outside.secondHop = secondHopTo(wanHost, *router, way, patience);
+    outside.address = byNatPmp.get();
+    const auto other = byUpnp.get();
+    if (!isOutside(outside.address) && other) outside.address = other;
+  } catch (const std::system_error&) {
+    return facts::Unknown{facts::Reason::failed, "The system has no threads left: close programs."};
+  }
+  if (patience.cancellation.isCancelled()) return calledOff();
+  return outside;
+}
+
+}  // namespace wifi_profile::linux::probes

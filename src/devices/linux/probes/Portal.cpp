@@ -1,0 +1,63 @@
+#include <cerrno>
+#include <future>
+#include <optional>
+#include <system_error>
+
+#include "devices/linux/probes/Http.h"
+#include "devices/linux/probes/Sockets.h"
+#include "devices/linux/probes/Web.h"
+#include "devices/linux/probes/WebAnswers.h"
+
+namespace wifi_profile::linux::probes {
+namespace {
+
+using facts::PortalProbe;
+using Answer = facts::PortalProbe::Answer;
+
+constexpr std::chrono::milliseconds kPortalTime{5000};
+
+std::optional<facts::PortalProbe> askApi(const std::string& url, const Way& way,
+                                         const Patience& patience) {
+  if (const auto parts = partsOf(url); !parts || parts->scheme != "https") return {};
+  const HttpAnswer answer = exchange({.url = url,
+                                      .bodyLimit = std::size_t{8} * 1024,
+                                      .headers = {"Accept: application/captive+json"},
+                                      .post = {}},
+                                     way, patience);
+  if (!answer.complete || answer.cutOff || answer.status != 200) return {};
+  const auto captive = captiveFrom(answer.body);
+  if (!captive) return {};
+  if (*captive) return facts::PortalProbe{Answer::portal, "the network's own answer: captive"};
+  return facts::PortalProbe{Answer::open, "the network's own answer: not captive"};
+}
+
+facts::Known<facts::PortalProbe> askPage(const PortalQuestion& question, const Way& way,
+                                         const Patience& patience) {
+  if (const auto parts = partsOf(question.url); !parts || parts->scheme != "http") {
+    return facts::PortalProbe{Answer::noAnswer, "no address of http"};
+  }
+  const HttpAnswer answer =
+      exchange({.url = question.url, .headers = {}, .post = {}}, way, patience);
+  if (patience.cancellation.isCancelled()) return calledOff();
+  if (!answer.remedy.empty()) return notAsked(answer);
+  return portalFrom(answer, question.url, question.expectedText);
+}
+
+}  // namespace
+
+facts::Known<facts::PortalProbe> probePortal(const PortalQuestion& question, const Way& way,
+                                             const Patience& patience) {
+  if (patience.isOver()) return calledOff();
+  const Patience ours = patience.atMost(kPortalTime);
+  if (question.apiUrl.empty()) return askPage(question, way, ours);
+  try {
+    auto told = std::async(std::launch::async, [&] { return askApi(question.apiUrl, way, ours); });
+    auto page = askPage(question, way, ours);
+    if (const auto answer = told.get()) return *answer;
+    return page;
+  } catch (const std::system_error&) {
+    return noSocket(EMFILE, way.interface);  // no thread left
+  }
+}
+
+}  // namespace wifi_profile::linux::probes

@@ -1,0 +1,23 @@
+// The parts of routerOutside(), each with a time limit of its own. Addresses are numeric IPv4
+// addresses.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "devices/linux/Patience.h"
+
+namespace wifi_profile::linux::probes {
+
+// Asks the router for its outer address; only a unicast address counts.
+std::optional<std::string> askNatPmp(const std::string& gateway, const std::string& interface,
+                                     const Patience& patience);
+std::optional<std::string> askUpnp(const std::string& gateway, const std::string& interface,
+                                   const Patience& patience);
+
+// Returns the address that reports that a packet with a time to live of two hops towards the target
+// did not arrive.
+std::optional<std::string> findSecondHop(const std::string& gateway, const std::string& target,
+                                         const std::string& interface, const Patience& patience);
+
+}  // namespace wifi_profile::linux::probes

@@ -1,0 +1,42 @@
+#include "devices/linux/probes/Http.h"
+#include "devices/linux/probes/Sockets.h"
+#include "devices/linux/probes/Web.h"
+#include "devices/linux/probes/WebAnswers.h"
+
+namespace wifi_profile::linux::probes {
+namespace {
+
+constexpr std::chrono::milliseconds kReachTime{5000};
+constexpr std::chrono::milliseconds kPageTime{10000};
+constexpr int kMostRedirects = 5;
+
+}  // namespace
+
+facts::Known<facts::SiteReach> reachSite(const std::string& url, const Way& way,
+                                         const Patience& patience) {
+  if (patience.isOver()) return calledOff();
+  const HttpAnswer answer = exchange({.url = url, .connectOnly = true, .headers = {}, .post = {}},
+                                     way, patience.atMost(kReachTime));
+  if (patience.cancellation.isCancelled()) return calledOff();
+  if (!answer.remedy.empty()) return notAsked(answer);
+  return facts::SiteReach{answer.complete, answer.problem};
+}
+
+facts::Known<facts::SitePage> retrievePage(const std::string& url, const std::string& expectedText,
+                                           const Way& way, const Patience& patience) {
+  const Patience ours = patience.atMost(kPageTime);
+  if (ours.isOver()) return calledOff();
+  std::string next = url;
+  for (int redirects = 0; redirects <= kMostRedirects; ++redirects) {
+    const HttpAnswer answer =
+        exchange({.url = next, .useProxy = true, .headers = {}, .post = {}}, way, ours);
+    if (patience.cancellation.isCancelled()) return calledOff();
+    if (answer.redirect.empty() || answer.status / 100 != 3) {
+      return pageFrom(answer, expectedText);
+    }
+    next = answer.redirect;
+  }
+  return facts::SitePage{false, "too many redirects"};
+}
+
+}  // namespace wifi_profile::linux::probes

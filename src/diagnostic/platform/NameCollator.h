@@ -1,0 +1,24 @@
+// The display order of network names.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "diagnostic/platform/Installed.h"
+#include "diagnostic/platform/Interface.h"
+
+namespace wifi_profile {
+
+class NameCollator : public Interface {
+ public:
+  static std::shared_ptr<NameCollator> shared() { return Installed<NameCollator>::get(); }
+
+  // Appends the bytes of a sort key of `name` to `key`. The keys, compared as std::string, give
+  // the display order of the names. Names that differ only in details that do not affect this
+  // order, such as letter case, have equal keys. A name may contain any bytes. Any thread,
+  // concurrently.
+  virtual void appendSortKey(std::string_view name, std::string& key) const = 0;
+};
+
+}  // namespace wifi_profile

@@ -1,0 +1,19 @@
+// The thread rule of the toolkit.
+#pragma once
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "diagnostic/platform/WorkQueues.h"
+
+namespace wifi_profile::toolkit {
+
+// Views and the objects in them belong to the main thread. Changing one on another thread is a
+// programming error and aborts the process; releasing the last reference there is allowed.
+inline void checkMainThread(const char* operation) {
+  if (WorkQueues::shared()->onMainThread()) return;
+  std::fprintf(stderr, "wifi-profile: %s was called off the main thread\n", operation);
+  std::abort();
+}
+
+}  // namespace wifi_profile::toolkit

@@ -1,0 +1,19 @@
+// Formats the record's values for people.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "diagnostic/platform/Object.h"
+
+namespace wifi_profile::report {
+
+// Makes a text from the record or the journal safe to show, and truncates a very long one.
+std::string shownText(std::string_view text);
+
+// Returns the value under an output key as short texts "name value": one for a plain value, one per
+// entry for a summary. Accepts any kind of value. The null placeholder is "unknown".
+std::vector<std::string> valuePieces(std::string_view outputKey, const ObjectRef& value);
+
+}  // namespace wifi_profile::report

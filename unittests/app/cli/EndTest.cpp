@@ -1,0 +1,50 @@
+// How a process ends.
+
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <new>
+#include <system_error>
+#include <thread>
+
+#include "app/cli/LastResort.h"
+#include "app/cli/Program.h"
+#include "devices/linux/LeftThreads.h"
+
+namespace wifi_profile::cli {
+namespace {
+
+// The process ends with 1 when it is tidied up, and else with the status 7.
+[[noreturn]] void end() {
+  std::atexit([] { std::_Exit(1); });
+  std::exit(endWith(7));
+}
+
+TEST(EndTest, TidiesUpWhenEveryThreadHasEnded) {
+  EXPECT_EXIT(end(), ::testing::ExitedWithCode(1), "");
+}
+
+TEST(EndTest, NeitherWaitsForAThreadThatWasLeftBehindNorTidiesUpBesideIt) {
+  const auto endBesideAThread = [] {
+    linux::leaveBehind(std::thread([] { std::this_thread::sleep_for(std::chrono::hours(1)); }));
+    end();
+  };
+  EXPECT_EXIT(endBesideAThread(), ::testing::ExitedWithCode(7), "");
+}
+
+TEST(EndTest, SaysWhatTheSystemLacksWhereNothingElseDoes) {
+  const auto lackMemory = [] {
+    installLastResort();
+    std::thread([] { throw std::bad_alloc(); }).join();
+  };
+  EXPECT_EXIT(lackMemory(), ::testing::ExitedWithCode(71), "^wifi-profile: .*no memory.*try again");
+  const auto lackThreads = [] {
+    installLastResort();
+    std::thread([] { throw std::system_error(EAGAIN, std::generic_category()); }).join();
+  };
+  EXPECT_EXIT(lackThreads(), ::testing::ExitedWithCode(71), "temporarily unavailable.*try again");
+}
+
+}  // namespace
+}  // namespace wifi_profile::cli

@@ -1,0 +1,107 @@
+#include <gtest/gtest.h>
+#include <set>
+
+#include "WorldTesting.h"
+#include "runtime/JsonReader.h"
+
+namespace wifi_profile::scenario {
+namespace {
+
+using facts::Reason;
+using namespace std::chrono_literals;
+
+TEST(WorldReader, LeavesAScenarioWithoutAWorldWithoutOne) {
+  const auto scenario = readScenario(std::get<ObjectRef>(runtime::readJson(R"({"scenario":1})")));
+  EXPECT_FALSE(std::get<Scenario>(scenario).world);
+}
+
+TEST(WorldReader, SaysOfEveryFactLeftOutThatItIsNotTold) {
+  const facts::Facts all = facts("{}");
+  const auto sentence = [](const auto& fact) {
+    EXPECT_FALSE(fact);
+    EXPECT_EQ(fact.why().reason, facts::Reason::notTold);
+    EXPECT_TRUE(fact.why().sentence.starts_with("The scenario's world does not say "));
+    return fact.why().sentence;
+  };
+  std::set<std::string> sentences{
+      sentence(all.link),          sentence(all.scan),           sentence(all.surveys),
+      sentence(all.radio),         sentence(all.regulatory),     sentence(all.addresses),
+      sentence(all.activeProfile), sentence(all.savedNetworks),  sentence(all.sessionProxy),
+      sentence(all.bluetooth),     sentence(all.coexistence),    sentence(all.lanPings),
+      sentence(all.wanPings),      sentence(all.nameResolution), sentence(all.portalProbe),
+      sentence(all.siteReach),     sentence(all.sitePage),       sentence(all.routerOutside)};
+  EXPECT_EQ(sentences.size(), std::size_t{facts::kFactCount});
+}
+
+TEST(WorldReader, ReadsWhyAFactIsNotKnown) {
+  const auto all = facts(R"({"bluetooth":{"unknown":"noService"},
+      "savedNetworks":{"unknown":"notPermitted","sentence":"Ask the owner."}})");
+  EXPECT_EQ(all.bluetooth.why().reason, facts::Reason::noService);
+  EXPECT_EQ(all.bluetooth.why().sentence, "The service that knows it is not running.");
+  EXPECT_EQ(all.savedNetworks.why().reason, facts::Reason::notPermitted);
+  EXPECT_EQ(all.savedNetworks.why().sentence, "Ask the owner.");
+}
+
+TEST(WorldReader, KnowsEveryReasonByNameAndHasASentenceForIt) {
+  const std::pair<const char*, facts::Reason> reasons[]{
+      {"notJoined", facts::Reason::notJoined},
+      {"notInRange", facts::Reason::notInRange},
+      {"notTold", facts::Reason::notTold},
+      {"notPermitted", facts::Reason::notPermitted},
+      {"notSupported", facts::Reason::notSupported},
+      {"noService", facts::Reason::noService},
+      {"noHardware", facts::Reason::noHardware},
+      {"radioOff", facts::Reason::radioOff},
+      {"tookTooLong", facts::Reason::tookTooLong},
+      {"failed", facts::Reason::failed},
+      {"outsideNetwork", facts::Reason::outsideNetwork},
+      {"linkChanged", facts::Reason::linkChanged}};
+  for (const auto& [name, reason] : reasons) {
+    const auto all = facts(R"({"link":{"unknown":")" + std::string(name) + R"("}})");
+    EXPECT_EQ(all.link.why().reason, reason) << name;
+    EXPECT_FALSE(all.link.why().sentence.empty()) << name;
+  }
+  EXPECT_EQ(faultIn(R"({"link":{"unknown":"shy"}})")
+                .find("/world/link/unknown: found the text \"shy\", expected one of \"notJoined\""),
+            0U);
+  EXPECT_EQ(faultIn(R"({"link":{"unknown":"failed","ssid":"a"}})").find("/world/link/ssid: found "),
+            0U);
+}
+
+TEST(WorldReader, TakesTheStatusFromTheLinkUnlessTheFileHasOne) {
+  const std::string world =
+      R"("world":{"link":{"interface":"a","ssid":"Home","bssid":"02:00:00:00:00:01"}})";
+  const auto status = [&](const std::string& more) {
+    return std::get<Scenario>(readScenario(std::get<ObjectRef>(
+                                  runtime::readJson(R"({"scenario":1,)" + world + more + "}"))))
+        .status;
+  };
+  ASSERT_EQ(status("").size(), 1U);
+  EXPECT_EQ(status("")[0].ssid->string(), "Home");
+  EXPECT_EQ(status("")[0].bssid->string(), "02:00:00:00:00:01");
+  ASSERT_EQ(status(R"(,"status":[{}])").size(), 1U);
+  EXPECT_EQ(status(R"(,"status":[{}])")[0].ssid, nullptr);
+  EXPECT_EQ(std::get<Scenario>(read(R"({"link":{"unknown":"notJoined"}})")).status[0].ssid,
+            nullptr);
+}
+
+TEST(WorldReader, ReadsDelaysOfAllTestsOrOfSome) {
+  EXPECT_EQ(worldOf("{}").delayOf(DiagnosticsTestID::PingLAN), 0s);
+  EXPECT_EQ(worldOf(R"({"delay":0.5})").delayOf(DiagnosticsTestID::PingLAN), 500ms);
+  const World some = worldOf(R"({"delay":{"PingLAN":2}})");
+  EXPECT_EQ(some.delayOf(DiagnosticsTestID::PingLAN), 2s);
+  EXPECT_EQ(some.delayOf(DiagnosticsTestID::PingWAN), 0s);
+  EXPECT_EQ(faultIn(R"({"delay":{"PingLAN":-1}})"),
+            "/world/delay/PingLAN: found the number -1, expected a number from 0 to 1000000");
+  EXPECT_EQ(faultIn(R"({"delay":{"Ping":1}})").find("/world/delay/Ping: found an unknown"), 0U);
+}
+
+TEST(WorldReader, RefusesAWorldOfAnotherShape) {
+  EXPECT_EQ(faultIn("[]"), "/world: found a list, expected an object");
+  EXPECT_EQ(faultIn(R"({"links":{}})").find("/world/links: found an unknown field"), 0U);
+  EXPECT_EQ(faultIn(R"({"scan":{}})"), "/world/scan: found an object, expected a list");
+  EXPECT_EQ(faultIn(R"({"radio":null})"), "/world/radio: found null, expected an object");
+}
+
+}  // namespace
+}  // namespace wifi_profile::scenario
