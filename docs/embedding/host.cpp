@@ -1,4 +1,4 @@
-// A host in thirty lines: the diagnostic on a device on paper, in real time.
+// A complete host: runs the diagnostic on a scenario, in real time.
 #include <cstdio>
 
 #include "controller/WiFiProfileViewController.h"
@@ -35,7 +35,7 @@ int main() {
   const auto paper = scenario::readScenario(std::get<ObjectRef>(document));
   const scenario::ScenarioDevice device(std::get<scenario::Scenario>(paper), loop, trace);
 
-  // Everything that the diagnostic asks of its surroundings, for as long as these live.
+  // The platform that the diagnostic uses. It is installed for the lifetime of these objects.
   const ScopedInstall<WorkQueues> queues({std::shared_ptr<void>(), &loop});
   const ScopedInstall<VqClient> service(device.service);
   const ScopedInstall<WiFiManagerService> radio(device.radio);
@@ -56,7 +56,7 @@ int main() {
   const auto diagnostic = std::make_shared<WiFiProfileViewController>();
   diagnostic->setupWithInputs(inputs, nullptr);
   diagnostic->start();
-  loop.runUntilIdle();  // until the record is there
+  loop.runUntilIdle();  // until the record is complete
   std::puts(jsonText(diagnostic->result().data()).c_str());
   diagnostic->teardown();
   loop.runUntilIdle();
