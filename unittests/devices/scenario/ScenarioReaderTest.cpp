@@ -242,11 +242,11 @@ TEST(ScenarioReader, AcceptsTheWorldThatHasEveryField) {
 }
 
 TEST(ScenarioReader, RefusesWhatTheSchemaRefuses) {
-  readAll("unittests/devices/bad-scenarios", false);
+  readAll("unittests/devices/scenario/bad-scenarios", false);
 }
 
 TEST(ScenarioReader, RefusesWhatNoSchemaCanSee) {
-  readAll("unittests/devices/unreadable-scenarios", false);
+  readAll("unittests/devices/scenario/unreadable-scenarios", false);
 }
 
 }  // namespace

@@ -50,7 +50,7 @@ TEST(ScenarioSchema, TakesEveryScenarioOfTheProject) {
 }
 
 TEST(ScenarioSchema, RefusesEveryBadScenario) {
-  const auto files = scenariosIn("unittests/devices/bad-scenarios");
+  const auto files = scenariosIn("unittests/devices/scenario/bad-scenarios");
   EXPECT_FALSE(files.empty());
   for (const path& file : files) {
     EXPECT_NE(scenarioSchema().fault(readFile(file)), std::nullopt) << file;
