@@ -18,8 +18,6 @@ inline Answer ability(bool isSo, Dictionary::Entries info = {}) {
   return DiagnosticsTestResult{isSo, isSo, makeDictionary(std::move(info))};
 }
 
-inline facts::Unknown notTold(std::string sentence) {
-  return {facts::Reason::notTold, std::move(sentence)};
-}
+inline Error notTold(std::string sentence) { return {Reason::notTold, std::move(sentence)}; }
 
 }  // namespace wifi_profile::checks

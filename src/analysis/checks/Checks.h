@@ -23,7 +23,7 @@ struct Question {
 };
 
 // A result, or the reason why there is none.
-using Answer = std::variant<DiagnosticsTestResult, facts::Unknown>;
+using Answer = Result<DiagnosticsTestResult>;
 
 // A set of facts.
 class FactSet {

@@ -74,7 +74,7 @@ Dictionary::Entries recommendations(const facts::Facts& facts, const ChannelLoad
 }
 
 // Returns why a channel has no measure.
-facts::Unknown whyNoLoad(const facts::Facts& facts) {
+Error whyNoLoad(const facts::Facts& facts) {
   if (auto why = whyNotWhole(facts.scan)) return *std::move(why);
   return notTold(
       "The driver says neither how busy the channels are nor how strong all access points are "
@@ -85,8 +85,8 @@ Answer congestedChannel(const Question& question) {
   return aboutSubject(question, [&](const Subject& subject) -> Answer {
     // The link changed, so the scan and the surveys belong to different channels or access points.
     const auto& surveys = question.facts.surveys;
-    if (subject.link && !surveys && surveys.why().reason == facts::Reason::linkChanged) {
-      return surveys.why();
+    if (subject.link && !surveys && surveys.error().reason == Reason::linkChanged) {
+      return surveys.error();
     }
     const auto channel = channelOf(subject);
     if (!channel) {
@@ -105,16 +105,15 @@ Answer congestedChannel(const Question& question) {
 // A band is crowded if all its channels are: no other channel would help.
 Answer congestedBand(const Question& question, ieee80211::Band band) {
   const facts::Facts& facts = question.facts;
-  if (!facts.radio) return facts.radio.why();
+  if (!facts.radio) return facts.radio.error();
   const auto candidates = band == ieee80211::Band::ghz2 ? candidatesOf2GHz(*facts.radio)
                                                         : candidatesOf5GHz(*facts.radio, true);
   if (candidates.empty()) {
-    return facts::Unknown{
-        facts::Reason::notSupported,
-        "The radio, or the law of the country it is set to, has none of the channels "
-        "that count in this band: use another adapter, or check the country."};
+    return Error{Reason::notSupported,
+                 "The radio, or the law of the country it is set to, has none of the channels "
+                 "that count in this band: use another adapter, or check the country."};
   }
-  const facts::Known<Subject> subject = subjectOf(question);
+  const Result<Subject> subject = subjectOf(question);
   const ChannelLoads loads(question, subject ? &*subject : nullptr);
   bool areAllKnown = true;
   for (const Candidate& candidate : candidates) {

@@ -29,8 +29,8 @@ std::string_view methodText(facts::AddressMethod method) {
 // Any setting of the user counts, including one that disables the IP version.
 Answer customAddresses(const Question& question,
                        facts::AddressSettings facts::ActiveProfile::*version, const char* key) {
-  const facts::Known<facts::ActiveProfile>& profile = question.facts.activeProfile;
-  if (!profile) return profile.why();
+  const Result<facts::ActiveProfile>& profile = question.facts.activeProfile;
+  if (!profile) return profile.error();
   const facts::AddressSettings& settings = (*profile).*version;
   return finding(settings.method != facts::AddressMethod::automatic || settings.hasExtraAddresses,
                  {{key, makeText(methodText(settings.method))}});
@@ -46,13 +46,13 @@ Answer customIpv6(const Question& question) {
 
 // Name servers behind another interface, such as a tunnel or a cable, come with that interface and
 // are not set by hand.
-bool asksOthersThroughTheLink(const facts::Known<facts::Addresses>& addresses) {
+bool asksOthersThroughTheLink(const Result<facts::Addresses>& addresses) {
   return addresses && facts::asksOthers(*addresses) && !addresses->systemDnsThrough;
 }
 
 Answer customDns(const Question& question) {
-  const facts::Known<facts::ActiveProfile>& profile = question.facts.activeProfile;
-  if (!profile) return profile.why();
+  const Result<facts::ActiveProfile>& profile = question.facts.activeProfile;
+  if (!profile) return profile.error();
   const auto isCustom = [](const facts::AddressSettings& settings) {
     return !settings.dnsServers.empty() || settings.ignoresNetworkDns;
   };
@@ -62,42 +62,42 @@ Answer customDns(const Question& question) {
 
 // One known proxy is enough for a finding. That there is none follows only from both facts.
 Answer customProxy(const Question& question) {
-  const facts::Known<facts::ActiveProfile>& profile = question.facts.activeProfile;
-  const facts::Known<facts::SessionProxy>& session = question.facts.sessionProxy;
+  const Result<facts::ActiveProfile>& profile = question.facts.activeProfile;
+  const Result<facts::SessionProxy>& session = question.facts.sessionProxy;
   if ((profile && profile->hasProxy) || (session && !session->source.empty())) return finding(true);
-  if (!profile) return profile.why();
-  if (!session) return session.why();
+  if (!profile) return profile.error();
+  if (!session) return session.error();
   return finding(false);
 }
 
 Answer bluetoothPaired(const Question& question) {
-  const facts::Known<facts::Bluetooth>& bluetooth = question.facts.bluetooth;
-  if (!bluetooth) return bluetooth.why();
+  const Result<facts::Bluetooth>& bluetooth = question.facts.bluetooth;
+  if (!bluetooth) return bluetooth.error();
   return finding(bluetooth->paired > question.settings.bluetoothPairedAbove,
                  {{"BTPairedCount", Number::withInteger(bluetooth->paired)}});
 }
 
 Answer bluetoothConnected(const Question& question) {
-  const facts::Known<facts::Bluetooth>& bluetooth = question.facts.bluetooth;
-  if (!bluetooth) return bluetooth.why();
+  const Result<facts::Bluetooth>& bluetooth = question.facts.bluetooth;
+  if (!bluetooth) return bluetooth.error();
   return finding(bluetooth->connected > question.settings.bluetoothConnectedAbove,
                  {{"BTConnectedCount", Number::withInteger(bluetooth->connected)}});
 }
 
 // The antenna is shared only while a Bluetooth device is connected.
 Answer bluetoothCoexistence(const Question& question) {
-  const facts::Known<facts::Coexistence>& coexistence = question.facts.coexistence;
-  const facts::Known<facts::Bluetooth>& bluetooth = question.facts.bluetooth;
-  if (!coexistence) return coexistence.why();
+  const Result<facts::Coexistence>& coexistence = question.facts.coexistence;
+  const Result<facts::Bluetooth>& bluetooth = question.facts.bluetooth;
+  if (!coexistence) return coexistence.error();
   if (!coexistence->takesTurns) return finding(false);
   if (bluetooth) return finding(bluetooth->connected > 0);
-  if (bluetooth.why().reason == facts::Reason::noHardware) return finding(false);
-  return bluetooth.why();
+  if (bluetooth.error().reason == Reason::noHardware) return finding(false);
+  return bluetooth.error();
 }
 
 Answer directLink(const Question& question) {
-  const facts::Known<facts::Radio>& radio = question.facts.radio;
-  if (!radio) return radio.why();
+  const Result<facts::Radio>& radio = question.facts.radio;
+  if (!radio) return radio.error();
   return finding(std::ranges::any_of(radio->interfaces, [](const facts::RadioInterface& interface) {
     return interface.role == facts::RadioInterface::Role::peerLink;
   }));

@@ -69,13 +69,13 @@ std::optional<bool> isPersonalDevice(const facts::AccessPoint* accessPoint) {
   return *accessPoint->accessNetworkType == kPersonalDevice;
 }
 
-std::optional<bool> isMetered(const facts::Known<facts::ActiveProfile>& profile) {
+std::optional<bool> isMetered(const Result<facts::ActiveProfile>& profile) {
   return profile ? profile->metered : std::nullopt;
 }
 
 // Some phones use other subnets, so an address in another subnet is not a hint.
 std::optional<bool> isInHotspotSubnet(const Question& question) {
-  const facts::Known<facts::Addresses>& addresses = question.facts.addresses;
+  const Result<facts::Addresses>& addresses = question.facts.addresses;
   if (!addresses || addresses->ipv4.empty()) return std::nullopt;
   const bool isIn = std::ranges::any_of(addresses->ipv4, [&](const std::string& address) {
     return std::ranges::any_of(question.settings.hotspotSubnets, [&](const std::string& subnet) {
@@ -94,8 +94,8 @@ Answer joinedHotspot(const Question& question, const Subject& subject) {
     if (hint) isKnown = true;
   }
   if (isKnown) return finding(false);
-  if (!facts.activeProfile) return facts.activeProfile.why();
-  if (!facts.addresses) return facts.addresses.why();
+  if (!facts.activeProfile) return facts.activeProfile.error();
+  if (!facts.addresses) return facts.addresses.error();
   return notTold(
       "Neither the network nor its settings say whether it is a phone's: look at the phone.");
 }
@@ -109,10 +109,9 @@ Answer otherHotspot(const Question& question, const Subject& subject) {
     }
   }
   if (isPersonal == false) return finding(false);
-  return facts::Unknown{
-      facts::Reason::outsideNetwork,
-      "Only a member of the network can tell whether it is a phone's: join it, and run "
-      "again."};
+  return Error{Reason::outsideNetwork,
+               "Only a member of the network can tell whether it is a phone's: join it, and run "
+               "again."};
 }
 
 Answer personalHotspot(const Question& question) {

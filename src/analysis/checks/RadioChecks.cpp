@@ -34,7 +34,7 @@ Answer poorSignal(const Question& question) {
   return aboutSubject(question, [&](const Subject& subject) -> Answer {
     const auto signal = toldBy(subject, &facts::Link::signal, &facts::AccessPoint::signal,
                                "how strong its signal is");
-    if (!signal) return signal.why();
+    if (!signal) return signal.error();
     Dictionary::Entries info{{"RSSI", Number::withInteger(*signal)}};
     if (const auto noise = noiseAround(question.facts, subject)) {
       info["Noise"] = Number::withInteger(*noise);
@@ -48,7 +48,7 @@ Answer longBeaconInterval(const Question& question) {
     const auto interval =
         toldBy(subject, &facts::Link::beaconInterval, &facts::AccessPoint::beaconInterval,
                "what its beacon interval is");
-    if (!interval) return interval.why();
+    if (!interval) return interval.error();
     return finding(*interval > question.settings.longBeaconIntervalAbove,
                    {{"BeaconInterval", Number::withInteger(*interval)}});
   });
@@ -58,7 +58,7 @@ Answer longDtimInterval(const Question& question) {
   return aboutSubject(question, [&](const Subject& subject) -> Answer {
     const auto period = toldBy(subject, &facts::Link::dtimPeriod, &facts::AccessPoint::dtimPeriod,
                                "what its DTIM interval is");
-    if (!period) return period.why();
+    if (!period) return period.error();
     return finding(*period > question.settings.longDtimPeriodAbove,
                    {{"DTIMInterval", Number::withInteger(*period)}});
   });

@@ -14,11 +14,10 @@ namespace {
 // Returns `answer(fact)` for the joined network. For other networks and unknown facts, returns the
 // reason.
 template <class T, class Function>
-Answer aboutJoined(const Question& question, const facts::Known<T> facts::Facts::*fact,
-                   Function answer) {
+Answer aboutJoined(const Question& question, const Result<T> facts::Facts::*fact, Function answer) {
   if (const auto why = whyNotAMember(question)) return *why;
-  const facts::Known<T>& known = question.facts.*fact;
-  if (!known) return known.why();
+  const Result<T>& known = question.facts.*fact;
+  if (!known) return known.error();
   return answer(*known);
 }
 
@@ -50,11 +49,10 @@ std::shared_ptr<PingResultRecord> recordOf(const facts::Pings& pings,
   return record;
 }
 
-Answer pingsAnswered(const Question& question, facts::Known<facts::Pings> facts::Facts::*fact) {
+Answer pingsAnswered(const Question& question, Result<facts::Pings> facts::Facts::*fact) {
   return aboutJoined<facts::Pings>(question, fact, [&](const facts::Pings& pings) -> Answer {
     if (pings.sent < 1) {
-      return facts::Unknown{facts::Reason::failed,
-                            "No ping could be sent: look at the system's log."};
+      return Error{Reason::failed, "No ping could be sent: look at the system's log."};
     }
     const auto times = roundTrips(pings);
     if (times.empty() && pings.isNeighbour) return ability(true);
@@ -268,7 +266,7 @@ std::string problemIn(const facts::PortalProbe& probe) {
 }
 
 template <class T>
-std::string problemSentence(std::string_view what, const facts::Known<T>& fact) {
+std::string problemSentence(std::string_view what, const Result<T>& fact) {
   const std::string problem = fact ? problemIn(*fact) : "";
   return problem.empty() ? "" : "The " + std::string(what) + ": " + problem + ".";
 }

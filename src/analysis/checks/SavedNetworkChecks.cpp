@@ -28,7 +28,7 @@ std::optional<bool> contradicts(const KindsByName& air, const std::string& name,
 
 Answer conflictingSecurity(const Question& question) {
   const facts::Facts& facts = question.facts;
-  if (!facts.savedNetworks) return facts.savedNetworks.why();
+  if (!facts.savedNetworks) return facts.savedNetworks.error();
   KindsByName air;
   if (facts.scan) {
     for (const facts::AccessPoint& accessPoint : facts.scan->accessPoints) {
@@ -60,7 +60,7 @@ Answer conflictingSecurity(const Question& question) {
 
 Answer largeList(const Question& question) {
   const auto& saved = question.facts.savedNetworks;
-  if (!saved) return saved.why();
+  if (!saved) return saved.error();
   const auto count = static_cast<std::int64_t>(saved->size());
   return finding(count > question.settings.largeSavedListAbove,
                  {{"PNLCount", Number::withInteger(count)}});
@@ -68,7 +68,7 @@ Answer largeList(const Question& question) {
 
 Answer containsHidden(const Question& question) {
   const auto& saved = question.facts.savedNetworks;
-  if (!saved) return saved.why();
+  if (!saved) return saved.error();
   return finding(std::ranges::any_of(*saved, &facts::SavedNetwork::isHidden));
 }
 
@@ -114,10 +114,10 @@ Answer captivePortal(const Question& question) {
     const bool isMarked = subject.heard && subject.heard->additionalStepNeeded;
     bool isCaptive = isMarked;
     if (subject.link) {
-      if (!facts.portalProbe) return facts.portalProbe.why();
+      if (!facts.portalProbe) return facts.portalProbe.error();
       if (facts.portalProbe->answer == facts::PortalProbe::Answer::noAnswer) {
-        return facts::Unknown{
-            facts::Reason::failed,
+        return Error{
+            Reason::failed,
             "The page that shows whether one must sign in did not come, so "
             "open any page in a browser to see" +
                 (facts.portalProbe->detail.empty() ? "."
@@ -125,10 +125,9 @@ Answer captivePortal(const Question& question) {
       }
       isCaptive = facts.portalProbe->answer == facts::PortalProbe::Answer::portal;
     } else if (!isMarked) {
-      return facts::Unknown{
-          facts::Reason::outsideNetwork,
-          "Only a member of the network can tell whether it has a sign-in page: join "
-          "it, and run again."};
+      return Error{Reason::outsideNetwork,
+                   "Only a member of the network can tell whether it has a sign-in page: join "
+                   "it, and run again."};
     }
     Dictionary::Entries info;
     if (const facts::SavedNetwork* saved = profileOf(facts, subject)) {

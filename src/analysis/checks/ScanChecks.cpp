@@ -42,17 +42,16 @@ std::optional<std::string> countryOfSubject(const Question& question) {
   return country && isCountry(*country) ? country : std::nullopt;
 }
 
-const facts::Unknown kSecondHand{
-    facts::Reason::notTold,
-    "For some access points only NetworkManager's list is available; it does "
-    "not show countries. Scan again as root or from a local session."};
+const Error kSecondHand{Reason::notTold,
+                        "For some access points only NetworkManager's list is available; it does "
+                        "not show countries. Scan again as root or from a local session."};
 
 Answer conflictingCountries(const Question& question) {
   const facts::Facts& facts = question.facts;
   if (auto why = whyNotWhole(facts.scan)) return *std::move(why);
   // If the named network was not received, there is no result for it.
   if (question.networkName) {
-    if (const auto subject = subjectOf(question); !subject) return subject.why();
+    if (const auto subject = subjectOf(question); !subject) return subject.error();
   }
   std::map<std::string, int> counts;
   for (const facts::AccessPoint& accessPoint : facts.scan->accessPoints) {
@@ -62,7 +61,7 @@ Answer conflictingCountries(const Question& question) {
   const bool isMixed = facts.regulatory && facts.regulatory->country == kIntersection;
   const bool differ =
       isMixed || (kernel ? counts.size() > counts.count(*kernel) : counts.size() > 1);
-  if (!differ && !facts.regulatory) return facts.regulatory.why();
+  if (!differ && !facts.regulatory) return facts.regulatory.error();
   const auto& heard = facts.scan->accessPoints;
   if (!differ && std::ranges::any_of(heard, &facts::AccessPoint::isSecondHand)) return kSecondHand;
   auto adopted = kernel ? kernel : countryOfSubject(question);
@@ -95,7 +94,7 @@ ObjectRef scanResults(std::vector<const facts::AccessPoint*> accessPoints) {
 }
 
 Answer hiddenScanResults(const Question& question) {
-  const facts::Known<facts::Scan>& scan = question.facts.scan;
+  const Result<facts::Scan>& scan = question.facts.scan;
   if (auto why = whyNotWhole(scan)) return *std::move(why);
   std::vector<const facts::AccessPoint*> hidden;
   for (const facts::AccessPoint& accessPoint : scan->accessPoints) {
@@ -106,7 +105,7 @@ Answer hiddenScanResults(const Question& question) {
 }
 
 Answer noScanResults(const Question& question) {
-  const facts::Known<facts::Scan>& scan = question.facts.scan;
+  const Result<facts::Scan>& scan = question.facts.scan;
   if (auto why = whyNotWhole(scan)) return *std::move(why);
   std::vector<const facts::AccessPoint*> all;
   for (const facts::AccessPoint& accessPoint : scan->accessPoints) all.push_back(&accessPoint);

@@ -13,22 +13,22 @@ constexpr std::size_t kLongestName = 64;  // bytes in a sentence; an SSID has at
 
 bool asksForJoined(const Question& question) {
   if (!question.networkName) return true;
-  const facts::Known<facts::Link>& link = question.facts.link;
+  const Result<facts::Link>& link = question.facts.link;
   return link && link->ssid == question.networkName->string();
 }
 
 // Returns why it is unknown whether the named network is the joined one. Empty if it is known.
-std::optional<facts::Unknown> whyNotKnownWhetherJoined(const Question& question) {
-  const facts::Known<facts::Link>& link = question.facts.link;
-  if (!question.networkName || link || link.why().reason == facts::Reason::notJoined)
+std::optional<Error> whyNotKnownWhetherJoined(const Question& question) {
+  const Result<facts::Link>& link = question.facts.link;
+  if (!question.networkName || link || link.error().reason == Reason::notJoined)
     return std::nullopt;
-  return link.why();
+  return link.error();
 }
 
 Subject joined(const facts::Facts& facts) {
   Subject subject{.link = &*facts.link, .name = facts.link->ssid};
   if (!facts.scan) {
-    subject.notHeard = facts.scan.why();
+    subject.notHeard = facts.scan.error();
     return subject;
   }
   const auto& accessPoints = facts.scan->accessPoints;
@@ -38,13 +38,13 @@ Subject joined(const facts::Facts& facts) {
   } else if (facts.scan->incomplete) {
     subject.notHeard = *facts.scan->incomplete;
   } else {
-    subject.notHeard = {facts::Reason::notInRange,
+    subject.notHeard = {Reason::notInRange,
                         "The joined access point is not in the last scan: scan again."};
   }
   return subject;
 }
 
-facts::Known<Subject> inRange(const facts::Facts& facts, std::string_view name) {
+Result<Subject> inRange(const facts::Facts& facts, std::string_view name) {
   if (auto why = whyNotWhole(facts.scan)) return *std::move(why);
   const facts::AccessPoint* strongest = nullptr;
   for (const facts::AccessPoint& accessPoint : facts.scan->accessPoints) {
@@ -52,21 +52,20 @@ facts::Known<Subject> inRange(const facts::Facts& facts, std::string_view name) 
     if (!strongest || isStronger(accessPoint, *strongest)) strongest = &accessPoint;
   }
   if (!strongest) {
-    return facts::Unknown{facts::Reason::notInRange,
-                          "The network \"" + shortened(name, kLongestName) +
-                              "\" was not heard: check how its name is written, go "
-                              "nearer, and run again."};
+    return Error{Reason::notInRange, "The network \"" + shortened(name, kLongestName) +
+                                         "\" was not heard: check how its name is written, go "
+                                         "nearer, and run again."};
   }
   return Subject{.heard = strongest, .name = name};
 }
 
 }  // namespace
 
-facts::Known<Subject> subjectOf(const Question& question) {
+Result<Subject> subjectOf(const Question& question) {
   const facts::Facts& facts = question.facts;
   if (auto why = whyNotKnownWhetherJoined(question)) return *std::move(why);
   if (!asksForJoined(question)) return inRange(facts, question.networkName->string());
-  if (!facts.link) return facts.link.why();
+  if (!facts.link) return facts.link.error();
   return joined(facts);
 }
 
@@ -87,17 +86,16 @@ std::optional<ieee80211::OperatingChannel> channelOf(const Subject& subject) {
   return ieee80211::OperatingChannel{.band = *band, .primary = *channel, .extent = std::nullopt};
 }
 
-facts::Known<int> toldBy(const Subject& subject, std::optional<int> facts::Link::*ofLink,
-                         std::optional<int> facts::AccessPoint::*ofAccessPoint,
-                         std::string_view what) {
+Result<int> toldBy(const Subject& subject, std::optional<int> facts::Link::*ofLink,
+                   std::optional<int> facts::AccessPoint::*ofAccessPoint, std::string_view what) {
   if (subject.link && subject.link->*ofLink) return *(subject.link->*ofLink);
   if (!subject.heard) return subject.notHeard;
   if (subject.heard->*ofAccessPoint) return *(subject.heard->*ofAccessPoint);
   return notTold("Neither the access point nor the driver says " + std::string(what) + ".");
 }
 
-std::optional<facts::Unknown> whyNotWhole(const facts::Known<facts::Scan>& scan) {
-  if (!scan) return scan.why();
+std::optional<Error> whyNotWhole(const Result<facts::Scan>& scan) {
+  if (!scan) return scan.error();
   return scan->incomplete;
 }
 
@@ -113,11 +111,11 @@ std::vector<const facts::AccessPoint*> accessPointsNamedLike(const Question& que
   return found;
 }
 
-std::optional<facts::Unknown> whyNotAMember(const Question& question) {
+std::optional<Error> whyNotAMember(const Question& question) {
   if (auto why = whyNotKnownWhetherJoined(question)) return why;
   if (asksForJoined(question)) return std::nullopt;
-  return facts::Unknown{facts::Reason::outsideNetwork,
-                        "Only a member of the network can find this out: join it, and run again."};
+  return Error{Reason::outsideNetwork,
+               "Only a member of the network can find this out: join it, and run again."};
 }
 
 }  // namespace wifi_profile::checks

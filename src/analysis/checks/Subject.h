@@ -13,16 +13,16 @@ namespace wifi_profile::checks {
 struct Subject {
   const facts::Link* link = nullptr;          // nil: another network than the joined one
   const facts::AccessPoint* heard = nullptr;  // nil only for the joined network
-  facts::Unknown notHeard = {};               // why `heard` is nil
+  Error notHeard = {};                        // why `heard` is nil
   std::string_view name = {};                 // any bytes
 };
 
 // Returns the joined access point if the question has no name or the joined network's name,
-// otherwise the strongest access point of that name. Unknown if there is none, or if it is unknown
+// otherwise the strongest access point of that name. Error if there is none, or if it is unknown
 // what is joined or in range.
-facts::Known<Subject> subjectOf(const Question& question);
+Result<Subject> subjectOf(const Question& question);
 
-// Unknown strengths come last. Among equal strengths the lower address comes first, so that the
+// Error strengths come last. Among equal strengths the lower address comes first, so that the
 // order of the scan has no effect.
 bool isStronger(const facts::AccessPoint& one, const facts::AccessPoint& other);
 
@@ -32,12 +32,11 @@ std::optional<ieee80211::OperatingChannel> channelOf(const Subject& subject);
 
 // Returns the value of the joined link, otherwise that of the access point; or why both are
 // missing. `what` goes into the sentence, such as "its beacon interval".
-facts::Known<int> toldBy(const Subject& subject, std::optional<int> facts::Link::*ofLink,
-                         std::optional<int> facts::AccessPoint::*ofAccessPoint,
-                         std::string_view what);
+Result<int> toldBy(const Subject& subject, std::optional<int> facts::Link::*ofLink,
+                   std::optional<int> facts::AccessPoint::*ofAccessPoint, std::string_view what);
 
 // Returns why the access points in range are unknown or incomplete. Empty if the scan is complete.
-std::optional<facts::Unknown> whyNotWhole(const facts::Known<facts::Scan>& scan);
+std::optional<Error> whyNotWhole(const Result<facts::Scan>& scan);
 
 // Returns the access points of the scan with the subject's name, including the subject's own. Empty
 // without a scan.
@@ -46,13 +45,13 @@ std::vector<const facts::AccessPoint*> accessPointsNamedLike(const Question& que
 
 // For facts that only a member of a network can determine: returns why they are unavailable if the
 // question is, or may be, about another network than the joined one. Empty otherwise.
-std::optional<facts::Unknown> whyNotAMember(const Question& question);
+std::optional<Error> whyNotAMember(const Question& question);
 
 // Returns `answer(subject)`, or why there is no subject.
 template <class Function>
 Answer aboutSubject(const Question& question, Function answer) {
-  const facts::Known<Subject> subject = subjectOf(question);
-  if (!subject) return subject.why();
+  const Result<Subject> subject = subjectOf(question);
+  if (!subject) return subject.error();
   return answer(*subject);
 }
 

@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "analysis/facts/Known.h"
 #include "analysis/ieee80211/Channels.h"
 #include "analysis/ieee80211/OperatingChannel.h"
 #include "analysis/ieee80211/PhyModes.h"
 #include "analysis/ieee80211/Security.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::facts {
 
@@ -68,7 +68,7 @@ struct Scan {
   std::vector<AccessPoint> accessPoints = {};  // each BSSID once, in no particular order
   // Why there is no scan of the requested age. Access points other than the joined one may then be
   // missing, or may no longer be in range. Empty if there is such a scan.
-  std::optional<Unknown> incomplete = std::nullopt;
+  std::optional<Error> incomplete = std::nullopt;
 
   bool operator==(const Scan&) const = default;
 };

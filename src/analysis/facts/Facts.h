@@ -3,8 +3,8 @@
 
 #include "analysis/facts/AirFacts.h"
 #include "analysis/facts/DeviceFacts.h"
-#include "analysis/facts/Known.h"
 #include "analysis/facts/ReachFacts.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::facts {
 
@@ -32,24 +32,24 @@ enum class Fact {
 inline constexpr int kFactCount = 18;
 
 struct Facts {
-  Known<Link> link;
-  Known<Scan> scan;
-  Known<std::vector<ChannelSurvey>> surveys;
-  Known<Radio> radio;
-  Known<Regulatory> regulatory;
-  Known<Addresses> addresses;
-  Known<ActiveProfile> activeProfile;
-  Known<std::vector<SavedNetwork>> savedNetworks;
-  Known<SessionProxy> sessionProxy;
-  Known<Bluetooth> bluetooth;
-  Known<Coexistence> coexistence;
-  Known<Pings> lanPings;
-  Known<Pings> wanPings;
-  Known<NameResolution> nameResolution;
-  Known<PortalProbe> portalProbe;
-  Known<SiteReach> siteReach;
-  Known<SitePage> sitePage;
-  Known<RouterOutside> routerOutside;
+  Result<Link> link;
+  Result<Scan> scan;
+  Result<std::vector<ChannelSurvey>> surveys;
+  Result<Radio> radio;
+  Result<Regulatory> regulatory;
+  Result<Addresses> addresses;
+  Result<ActiveProfile> activeProfile;
+  Result<std::vector<SavedNetwork>> savedNetworks;
+  Result<SessionProxy> sessionProxy;
+  Result<Bluetooth> bluetooth;
+  Result<Coexistence> coexistence;
+  Result<Pings> lanPings;
+  Result<Pings> wanPings;
+  Result<NameResolution> nameResolution;
+  Result<PortalProbe> portalProbe;
+  Result<SiteReach> siteReach;
+  Result<SitePage> sitePage;
+  Result<RouterOutside> routerOutside;
 
   bool operator==(const Facts&) const = default;
 };

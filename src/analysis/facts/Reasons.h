@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "analysis/facts/Known.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::facts {
 

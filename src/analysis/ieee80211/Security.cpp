@@ -32,7 +32,7 @@ Security ofEnterprise(const RsnElement& rsn) {
   return Security::wpa2Enterprise;
 }
 
-// Unknown suites may occur beside the known ones; they are ignored.
+// Error suites may occur beside the known ones; they are ignored.
 Security ofRsn(const RsnElement& rsn) {
   const bool psk =
       has(rsn, kStandardOui,

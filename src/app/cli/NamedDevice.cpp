@@ -57,9 +57,9 @@ std::variant<std::shared_ptr<const linux::Machine>, Failure> openMachine(
     }
   }
   auto opened = linux::Machine::open(interface);
-  if (const auto* why = std::get_if<facts::Unknown>(&opened)) {
+  if (const auto* why = std::get_if<Error>(&opened)) {
     return Failure{kExitNoDevice, fmt::format("{}{} Without Wi-Fi there is --device demo.",
-                                              device ? *device + ": " : "", why->sentence)};
+                                              device ? *device + ": " : "", why->message)};
   }
   return std::get<std::shared_ptr<linux::Machine>>(std::move(opened));
 }

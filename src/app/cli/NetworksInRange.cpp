@@ -16,9 +16,9 @@ std::variant<NetworksInRange, Failure> networksOfMachine(const ScanOptions& opti
   const linux::Cancellation nobody;  // never cancelled: an interrupt ends the process
   const linux::Patience patience{linux::Clock::now() + linux::kScanLimit, nobody};
   auto list = machine.scan(std::chrono::seconds(options.maxScanCacheAge), patience);
-  if (!list) return Failure{kExitNoDevice, list.why().sentence};
+  if (!list) return Failure{kExitNoDevice, list.error().message};
   const auto& missing = list->scan.incomplete;
-  if (missing && list->scan.accessPoints.empty()) return Failure{kExitNoDevice, missing->sentence};
+  if (missing && list->scan.accessPoints.empty()) return Failure{kExitNoDevice, missing->message};
   return NetworksInRange{std::move(list->scan), std::move(list->joinedBssid)};
 }
 
@@ -29,9 +29,9 @@ std::variant<NetworksInRange, Failure> networksInRange(const ScanOptions& option
   auto read = readScenarioDevice(*options.device);
   if (auto* failure = std::get_if<Failure>(&read)) return std::move(*failure);
   const auto& world = std::get<scenario::Scenario>(read).world;
-  if (world && !world->facts.scan && !world->facts.scan.why().sentence.empty()) {
+  if (world && !world->facts.scan && !world->facts.scan.error().message.empty()) {
     return Failure{kExitNoDevice,
-                   fmt::format("{}: {}", *options.device, world->facts.scan.why().sentence)};
+                   fmt::format("{}: {}", *options.device, world->facts.scan.error().message)};
   }
   if (!world || !world->facts.scan) {
     return Failure{kExitNoDevice, unexpected(*options.device, "no \"scan\" in a \"world\"",

@@ -151,7 +151,7 @@ int scanCommand(const ScanOptions& options) {
   const std::string text = options.json ? scanJson(found, options.all)
                                         : scanText(found, {.all = options.all, .color = color});
   if (found.scan.incomplete) {
-    complain({kExitDone, found.scan.incomplete->sentence + " This is what was known already."});
+    complain({kExitDone, found.scan.incomplete->message + " This is what was known already."});
   }
   if (writeAll(stdout, text)) return kExitDone;
   return complain({kExitOutput, cannotBeWritten("standard output", errno)});

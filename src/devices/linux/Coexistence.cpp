@@ -7,9 +7,6 @@
 namespace wifi_profile::linux {
 
 using facts::Coexistence;
-using facts::Known;
-using facts::Reason;
-using facts::Unknown;
 
 namespace {
 
@@ -37,15 +34,13 @@ std::optional<bool> flagFrom(const std::string& text) {
 
 }  // namespace
 
-facts::Known<facts::Coexistence> readCoexistence(const std::string& interface,
-                                                 const fs::path& sysfs) {
+Result<facts::Coexistence> readCoexistence(const std::string& interface, const fs::path& sysfs) {
   const fs::path driverLink =
       sysfs / "class/net" / fs::path(interface).filename() / "device/driver";
   const std::string driver = linkedName(driverLink);
   if (driver.empty()) {
-    return facts::Unknown{
-        facts::Reason::noHardware,
-        "No driver is behind " + interface + ". Plug the device in again, or use another one."};
+    return Error{Reason::noHardware, "No driver is behind " + interface +
+                                         ". Plug the device in again, or use another one."};
   }
   const std::string module = linkedName(driverLink / "module");
   const fs::path parameters = sysfs / "module" / (module.empty() ? driver : module) / "parameters";
@@ -53,21 +48,18 @@ facts::Known<facts::Coexistence> readCoexistence(const std::string& interface,
     errno = 0;
     std::ifstream file(parameters / parameter);
     if (!file && errno == EACCES) {
-      return facts::Unknown{facts::Reason::notPermitted, "The parameter " + std::string(parameter) +
-                                                             " of " + driver +
-                                                             " cannot be read. Run as root."};
+      return Error{Reason::notPermitted, "The parameter " + std::string(parameter) + " of " +
+                                             driver + " cannot be read. Run as root."};
     }
     std::string text;
     if (!file || !(file >> text)) continue;
     if (const auto flag = flagFrom(text)) return facts::Coexistence{*flag};
-    return facts::Unknown{facts::Reason::failed,
-                          "The parameter " + std::string(parameter) + " of " + driver +
-                              " is neither on nor off. Set it (modprobe.d)."};
+    return Error{Reason::failed, "The parameter " + std::string(parameter) + " of " + driver +
+                                     " is neither on nor off. Set it (modprobe.d)."};
   }
-  return facts::Unknown{facts::Reason::notSupported,
-                        "The driver " + driver +
-                            " has no parameter about taking turns with Bluetooth. Ask "
-                            "its maker, or use another device."};
+  return Error{Reason::notSupported, "The driver " + driver +
+                                         " has no parameter about taking turns with Bluetooth. Ask "
+                                         "its maker, or use another device."};
 }
 
 }  // namespace wifi_profile::linux

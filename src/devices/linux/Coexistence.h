@@ -6,14 +6,14 @@
 #include <string>
 
 #include "analysis/facts/DeviceFacts.h"
-#include "analysis/facts/Known.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux {
 
 // Reads the driver's coexistence parameter. noHardware: there is no such interface, or no driver
 // behind it. notSupported: the driver's module has no such parameter. notPermitted, failed: the
 // parameter cannot be read. Any thread.
-facts::Known<facts::Coexistence> readCoexistence(const std::string& interface,
-                                                 const std::filesystem::path& sysfs = "/sys");
+Result<facts::Coexistence> readCoexistence(const std::string& interface,
+                                           const std::filesystem::path& sysfs = "/sys");
 
 }  // namespace wifi_profile::linux

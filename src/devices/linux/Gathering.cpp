@@ -17,7 +17,7 @@ using checks::FactSet;
 using facts::Fact;
 using facts::Facts;
 
-void forgetOne(facts::Facts& facts, facts::Fact fact, const facts::Unknown& why) {
+void forgetOne(facts::Facts& facts, facts::Fact fact, const Error& why) {
   switch (fact) {
     case facts::Fact::link:
       facts.link = why;
@@ -78,7 +78,7 @@ void forgetOne(facts::Facts& facts, facts::Fact fact, const facts::Unknown& why)
 
 }  // namespace
 
-void forget(facts::Facts& facts, checks::FactSet gone, const facts::Unknown& why) {
+void forget(facts::Facts& facts, checks::FactSet gone, const Error& why) {
   for (int fact = 0; fact < facts::kFactCount; ++fact) {
     if (gone.holds(facts::Fact(fact))) forgetOne(facts, facts::Fact(fact), why);
   }
@@ -112,7 +112,7 @@ class Gathering::Work : public std::enable_shared_from_this<Work> {
   };
 
   void beginLocked(checks::FactSet facts);
-  void giveUpLocked(Task& task, const facts::Unknown& why);
+  void giveUpLocked(Task& task, const Error& why);
   void perform(Task& task);
   void settle(Task& task, const Found& found);
   void settleOverdue();
@@ -139,7 +139,7 @@ void Gathering::Work::beginLocked(checks::FactSet facts) {
         work->changed_.notify_all();
       });
     } catch (const std::system_error&) {
-      giveUpLocked(task, {facts::Reason::failed,
+      giveUpLocked(task, {Reason::failed,
                           "The system has no threads left: close other programs, and try again."});
       continue;
     }
@@ -147,7 +147,7 @@ void Gathering::Work::beginLocked(checks::FactSet facts) {
   }
 }
 
-void Gathering::Work::giveUpLocked(Task& task, const facts::Unknown& why) {
+void Gathering::Work::giveUpLocked(Task& task, const Error& why) {
   forget(facts_, task.errand.gives, why);
   task.settled = true;
   changed_.notify_all();
@@ -165,9 +165,8 @@ void Gathering::Work::perform(Task& task) {
   }
   changed_.notify_all();  // waiting threads have one more time to watch
   const auto failed = [&task](const std::string& why) -> Found {
-    const facts::Unknown unknown{
-        facts::Reason::failed,
-        "The " + task.errand.name + " failed (" + why + "): close other programs, and try again."};
+    const Error unknown{Reason::failed, "The " + task.errand.name + " failed (" + why +
+                                            "): close other programs, and try again."};
     return [gives = task.errand.gives, unknown](facts::Facts& facts) {
       forget(facts, gives, unknown);
     };
@@ -247,7 +246,7 @@ std::optional<Clock::time_point> Gathering::Work::nextOverdue() const {
 void Gathering::Work::settleOverdue() {
   for (Task& task : tasks_) {
     if (task.settled || !task.overdue || Clock::now() < *task.overdue) continue;
-    giveUpLocked(task, {facts::Reason::tookTooLong,
+    giveUpLocked(task, {Reason::tookTooLong,
                         "The " + task.errand.name + " took too long: try again in a while."});
   }
 }

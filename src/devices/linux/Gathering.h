@@ -29,7 +29,7 @@ struct Errand {
 };
 
 // Makes these facts unknown, for this reason.
-void forget(facts::Facts& facts, checks::FactSet gone, const facts::Unknown& why);
+void forget(facts::Facts& facts, checks::FactSet gone, const Error& why);
 
 // Runs a task when one of its facts is requested. A fact is settled when its task has found it, has
 // failed (also by an exception), has taken too long or was cancelled. A settled fact never changes.

@@ -31,17 +31,15 @@ constexpr std::chrono::milliseconds kRoamLimit{1000};
 constexpr std::chrono::milliseconds kBetweenLinkLooks{100};
 
 // Whether the answer is definite: there is a link, or there is none.
-bool isAnswer(const facts::Known<facts::Link>& now) {
-  using facts::Reason;
-  return now || (now.why().reason != facts::Reason::tookTooLong &&
-                 now.why().reason != facts::Reason::failed);
+bool isAnswer(const Result<facts::Link>& now) {
+  return now || (now.error().reason != Reason::tookTooLong && now.error().reason != Reason::failed);
 }
 
 // `happened` is a predicate such as " was lost".
-facts::Unknown unknownSince(const std::optional<facts::Link>& before, const std::string& happened) {
+Error unknownSince(const std::optional<facts::Link>& before, const std::string& happened) {
   const std::string name =
       before ? " to \"" + shortened(before->ssid, kLongestName) + "\"" : std::string();
-  return {facts::Reason::linkChanged,
+  return {Reason::linkChanged,
           "The link" + name + happened + " while this was asked: run again when it is stable."};
 }
 
@@ -49,7 +47,7 @@ facts::Unknown unknownSince(const std::optional<facts::Link>& before, const std:
 
 std::optional<LinkChange> changeOfLink(const std::optional<facts::Link>& before,
                                        const netlink::LinkEvents& events,
-                                       const facts::Known<facts::Link>& now) {
+                                       const Result<facts::Link>& now) {
   const bool isSameNetwork = before && now && now->ssid == before->ssid;
   if (events.lost || events.joined || events.missed) {
     if (isSameNetwork && now->bssid != before->bssid) {

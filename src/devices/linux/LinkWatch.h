@@ -15,7 +15,7 @@ namespace wifi_profile::linux {
 // The facts that a change of the link has made invalid, and why.
 struct LinkChange {
   checks::FactSet gone;
-  facts::Unknown why;
+  Error why;
 };
 
 // Returns the facts that these events make invalid; empty: none. `before` is the link at the run's
@@ -25,14 +25,14 @@ struct LinkChange {
 // are invalid. If events were missed, the link counts as lost when there is no link now. Pure.
 std::optional<LinkChange> changeOfLink(const std::optional<facts::Link>& before,
                                        const netlink::LinkEvents& events,
-                                       const facts::Known<facts::Link>& now);
+                                       const Result<facts::Link>& now);
 
 // The kernel's reports about one link.
 struct LinkSource {
   std::function<netlink::NotDone(const Patience&)> watch;  // starts to record events
   std::function<netlink::LinkEvents()> takeEvents;         // the events since the previous call
   // Returns the current link. Several threads call it at the same time.
-  std::function<facts::Known<facts::Link>(const Patience&)> now;
+  std::function<Result<facts::Link>(const Patience&)> now;
 };
 
 LinkSource linkSourceOf(const netlink::WifiInterface& interface);
@@ -56,7 +56,7 @@ class LinkWatch {
  private:
   // The link after some events, and whether no later reading can change the conclusion.
   struct Look {
-    facts::Known<facts::Link> link;
+    Result<facts::Link> link;
     bool isFinal;
   };
   Look look(const netlink::LinkEvents& events, const Patience& patience) const;

@@ -25,7 +25,7 @@ LinuxRadio::LinuxRadio(std::string interface, std::shared_ptr<bus::Bus> systemBu
       bus_(std::move(systemBus)),
       rfkill_(std::move(rfkill)) {
   const auto closed = rfkill_.open();
-  if (closed && closed->reason == facts::Reason::noHardware) {
+  if (closed && closed->reason == Reason::noHardware) {
     on_ = false;
   } else if (const auto bySwitches = rfkill_.poweredOn()) {
     on_ = *bySwitches;  // the current state, even if there will be no events
@@ -91,7 +91,7 @@ void LinuxRadio::switchOn() {
   }
   if (!why || switches.isHardBlocked()) why = switches.switchOn();
   if (!why) return;
-  const std::string reason = (byManager ? byManager->sentence + " " : "") + why->sentence;
+  const std::string reason = (byManager ? byManager->message + " " : "") + why->message;
   powerOnFailed(reason);
   DiagnosticLogHandleForCategory(0).error(
       [&] { return "Wi-Fi could not be switched on. " + reason; });

@@ -37,8 +37,8 @@ checks::FactSet allFacts() {
   return all;
 }
 
-VqErrorRef errorOf(const facts::Unknown& unknown) {
-  return devices::makeError(static_cast<std::int64_t>(unknown.reason), unknown.sentence);
+VqErrorRef errorOf(const Error& unknown) {
+  return devices::makeError(static_cast<std::int64_t>(unknown.reason), unknown.message);
 }
 
 // Returns "MaxScanCacheAge" of a request's configuration; 0 (no cached scan is acceptable) if it is
@@ -52,11 +52,11 @@ std::chrono::seconds oldestScanOf(const VqDiagnosticsTestRequest& request) {
   return std::chrono::seconds(age > 0 ? static_cast<std::int64_t>(std::min(age, kOldest)) : 0);
 }
 
-// The error for a lack of descriptors. Other shortages are reported as Unknown by the code that
+// The error for a lack of descriptors. Other shortages are reported as Error by the code that
 // meets them.
 VqErrorRef nothingLeft() {
-  return errorOf({facts::Reason::failed,
-                  "The system has no descriptors left: close other programs, and try again."});
+  return errorOf(
+      {Reason::failed, "The system has no descriptors left: close other programs, and try again."});
 }
 
 }  // namespace
@@ -95,12 +95,12 @@ LinuxService::Outcome LinuxService::serve(const VqDiagnosticsTestRequest& reques
   const checks::Question question{
       .facts = *facts, .settings = settings_, .networkName = devices::networkNameOf(request)};
   const checks::Answer answer = checks::checkOf(request.testID()).answer(question);
-  if (const auto* unknown = std::get_if<facts::Unknown>(&answer)) return errorOf(*unknown);
+  if (!answer) return errorOf(answer.error());
   // Logged on the thread of the request, during it, so that the line belongs to this test.
   if (std::string problem = checks::problemOf(question, request.testID()); !problem.empty()) {
     DiagnosticLogHandleForCategory(0).error([&] { return problem; });
   }
-  return std::get<DiagnosticsTestResult>(answer);
+  return *answer;
 }
 
 std::optional<facts::Facts> LinuxService::factsFor(const VqDiagnosticsTestRequest& request) {
@@ -166,8 +166,8 @@ std::shared_ptr<const VqStatus> LinuxService::queryStatusForPeer(const VqPeer* /
     const auto link = finder_->link({Clock::now() + kStatusLimit, nobody});
     if (link) {
       wifi = {makeText(link->ssid), makeText(link->bssid)};
-    } else if (link.why().reason != facts::Reason::notJoined) {
-      error = errorOf(link.why());
+    } else if (link.error().reason != Reason::notJoined) {
+      error = errorOf(link.error());
     }
   } catch (const std::system_error&) {
     error = nothingLeft();

@@ -17,10 +17,10 @@ namespace wifi_profile::linux {
 // Finds the facts that the service needs. Any thread.
 class FactFinder : public Interface {
  public:
-  virtual facts::Known<facts::Link> link(const Patience& patience) = 0;
+  virtual Result<facts::Link> link(const Patience& patience) = 0;
 
   // Returns a scan no older than `oldest`; 0 requests a new scan.
-  virtual facts::Known<facts::Scan> scan(std::chrono::seconds oldest, const Patience& patience) = 0;
+  virtual Result<facts::Scan> scan(std::chrono::seconds oldest, const Patience& patience) = 0;
 
   // Returns the tasks that find all facts of one run of tests.
   virtual std::vector<Errand> errands(std::chrono::seconds oldestScan) = 0;

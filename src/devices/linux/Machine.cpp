@@ -10,9 +10,6 @@
 namespace wifi_profile::linux {
 namespace {
 
-using facts::Known;
-using facts::Reason;
-using facts::Unknown;
 using std::chrono::milliseconds;
 
 // The kernel lists its interfaces at once.
@@ -29,24 +26,23 @@ constexpr milliseconds kClockMargin{20};
 constexpr milliseconds kUntilReady{5'000};
 constexpr milliseconds kBetweenTries{200};
 
-const facts::Unknown kNotReady{
-    facts::Reason::radioOff,
-    "Wi-Fi is off or not ready yet, so NetworkManager could not scan. Switch it "
-    "on, and try again."};
+const Error kNotReady{Reason::radioOff,
+                      "Wi-Fi is off or not ready yet, so NetworkManager could not scan. Switch it "
+                      "on, and try again."};
 
-facts::Unknown noInterface(const std::string& name) {
-  return {facts::Reason::noHardware, "There is no Wi-Fi interface \"" + name +
-                                         "\" on this machine: leave the name out, or use one that "
-                                         "\"iw dev\" or \"nmcli device\" lists."};
+Error noInterface(const std::string& name) {
+  return {Reason::noHardware, "There is no Wi-Fi interface \"" + name +
+                                  "\" on this machine: leave the name out, or use one that "
+                                  "\"iw dev\" or \"nmcli device\" lists."};
 }
 
 }  // namespace
 
-std::variant<std::shared_ptr<Machine>, facts::Unknown> Machine::open(const std::string& interface) {
+std::variant<std::shared_ptr<Machine>, Error> Machine::open(const std::string& interface) {
   const Cancellation nobody;
   netlink::Nl80211 kernel;
   const auto all = kernel.interfaces({Clock::now() + kInterfacesLimit, nobody});
-  if (!all) return all.why();
+  if (!all) return all.error();
   const auto found = std::find_if(all->begin(), all->end(), [&](const netlink::WifiInterface& one) {
     return interface.empty() ? !one.name.empty() : one.name == interface;
   });
@@ -55,23 +51,23 @@ std::variant<std::shared_ptr<Machine>, facts::Unknown> Machine::open(const std::
   return std::shared_ptr<Machine>(new Machine(*found));
 }
 
-facts::Known<facts::Link> Machine::link(const Patience& patience) const {
+Result<facts::Link> Machine::link(const Patience& patience) const {
   return netlink::Nl80211().link(interface_, patience);
 }
 
-facts::Known<facts::Radio> Machine::abilities(const Patience& patience) const {
+Result<facts::Radio> Machine::abilities(const Patience& patience) const {
   return netlink::Nl80211().abilities(interface_, patience);
 }
 
-facts::Known<netlink::ScanList> Machine::scan(std::chrono::seconds oldest,
-                                              const Patience& patience) const {
+Result<netlink::ScanList> Machine::scan(std::chrono::seconds oldest,
+                                        const Patience& patience) const {
   netlink::Nl80211 kernel;
   if (oldest.count() > 0) {
     auto list = kernel.scan(interface_, patience);
     if (list && isYoung(*list, oldest, patience)) return list;
   }
   const Began began = makeScan(kernel, patience.atMost(patience.left() - kManagerLimit));
-  if (!began) return withoutNewScan(kernel, oldest, began.why(), patience);
+  if (!began) return withoutNewScan(kernel, oldest, began.error(), patience);
   return kernel.scan(interface_, patience, *began - kClockMargin - oldest);
 }
 
@@ -90,11 +86,10 @@ std::optional<std::chrono::nanoseconds> Machine::sinceManagersScan(const Patienc
   return sinceBoot() - **last;
 }
 
-facts::Known<netlink::ScanList> Machine::withoutNewScan(netlink::Nl80211& kernel,
-                                                        std::chrono::seconds oldest,
-                                                        const facts::Unknown& why,
-                                                        const Patience& patience) const {
-  if (why.reason == facts::Reason::radioOff) return why;
+Result<netlink::ScanList> Machine::withoutNewScan(netlink::Nl80211& kernel,
+                                                  std::chrono::seconds oldest, const Error& why,
+                                                  const Patience& patience) const {
+  if (why.reason == Reason::radioOff) return why;
   auto list = kernel.scan(interface_, patience);
   if (!list) return why;
   const Patience little = patience.atMost(kManagerLimit);
@@ -114,7 +109,7 @@ Machine::Began Machine::makeScan(netlink::Nl80211& kernel, const Patience& patie
   const Patience untilReady = patience.atMost(kUntilReady);
   while (true) {
     Began began = tryScan(kernel, patience);
-    if (began || began.why().reason != facts::Reason::radioOff) return began;
+    if (began || began.error().reason != Reason::radioOff) return began;
     if (untilReady.isOver() || isSwitchedOff()) return began;
     waitFor(-1, 0, untilReady.atMost(kBetweenTries));
   }
@@ -124,7 +119,7 @@ Machine::Began Machine::makeScan(netlink::Nl80211& kernel, const Patience& patie
 // session.
 Machine::Began Machine::tryScan(netlink::Nl80211& kernel, const Patience& patience) const {
   Began byKernel = kernel.triggerScan(interface_, patience);
-  if (byKernel || byKernel.why().reason != facts::Reason::notPermitted) return byKernel;
+  if (byKernel || byKernel.error().reason != Reason::notPermitted) return byKernel;
   return scanByManager(kernel, patience);
 }
 
@@ -135,7 +130,7 @@ Machine::Began Machine::scanByManager(netlink::Nl80211& kernel, const Patience& 
     if (netlink::NotDone why = kernel.watchScans(patience)) return *why;
     const auto asked = sinceBoot();
     const auto started = manager.requestScan(interface_.name, patience);
-    if (!started) return started.why();
+    if (!started) return started.error();
     if (*started == bus::ScanStart::notReady) return kNotReady;
     if (*started == bus::ScanStart::started) {
       if (netlink::NotDone why =
@@ -149,8 +144,8 @@ Machine::Began Machine::scanByManager(netlink::Nl80211& kernel, const Patience& 
     const netlink::NotDone none =
         kernel.awaitScanResults(interface_, netlink::ScansThat::ended, little);
     if (!none) return asked - netlink::kLongestScan;  // it began before the request
-    const bool mayPass = none->reason == facts::Reason::tookTooLong ||
-                         none->reason == facts::Reason::failed;  // for instance an aborted scan
+    const bool mayPass = none->reason == Reason::tookTooLong ||
+                         none->reason == Reason::failed;  // for instance an aborted scan
     if (patience.isOver() || !mayPass) return *none;
     waitFor(-1, 0, little);  // the failure may have come at once
   }

@@ -16,37 +16,35 @@ class Machine final {
  public:
   // Opens the Wi-Fi interface of this name. An empty name selects the first network interface in
   // the order of Nl80211::interfaces. noHardware: there is no such interface.
-  static std::variant<std::shared_ptr<Machine>, facts::Unknown> open(const std::string& interface);
+  static std::variant<std::shared_ptr<Machine>, Error> open(const std::string& interface);
 
   const netlink::WifiInterface& interface() const { return interface_; }
   // The shared connections to the system bus and to the session bus.
   const std::shared_ptr<bus::Bus>& systemBus() const { return systemBus_; }
   const std::shared_ptr<bus::Bus>& sessionBus() const { return sessionBus_; }
 
-  facts::Known<facts::Link> link(const Patience& patience) const;
+  Result<facts::Link> link(const Patience& patience) const;
   // Returns the radio without its interfaces.
-  facts::Known<facts::Radio> abilities(const Patience& patience) const;
+  Result<facts::Radio> abilities(const Patience& patience) const;
 
   // Returns a scan no older than `oldest`; 0 requests a new scan. The list of a new scan holds the
   // access points heard since the scan began or up to `oldest` before that; the list of an earlier
   // scan holds what the kernel still keeps. Waits some seconds for a radio that was just switched
   // on. If no new scan can be made, the list holds what the kernel and the connection manager have;
   // it is marked incomplete unless the manager's last scan is no older than `oldest`.
-  facts::Known<netlink::ScanList> scan(std::chrono::seconds oldest, const Patience& patience) const;
+  Result<netlink::ScanList> scan(std::chrono::seconds oldest, const Patience& patience) const;
 
  private:
   explicit Machine(netlink::WifiInterface interface) : interface_(std::move(interface)) {}
 
-  facts::Known<netlink::ScanList> withoutNewScan(netlink::Nl80211& kernel,
-                                                 std::chrono::seconds oldest,
-                                                 const facts::Unknown& why,
-                                                 const Patience& patience) const;
+  Result<netlink::ScanList> withoutNewScan(netlink::Nl80211& kernel, std::chrono::seconds oldest,
+                                           const Error& why, const Patience& patience) const;
   std::optional<std::chrono::nanoseconds> sinceManagersScan(const Patience& patience) const;
   // Whether the list comes from a scan no older than `oldest` and is still complete.
   bool isYoung(const netlink::ScanList& list, std::chrono::seconds oldest,
                const Patience& patience) const;
   // When the scan began, as time since boot.
-  using Began = facts::Known<std::chrono::nanoseconds>;
+  using Began = Result<std::chrono::nanoseconds>;
   Began makeScan(netlink::Nl80211& kernel, const Patience& patience) const;
   Began tryScan(netlink::Nl80211& kernel, const Patience& patience) const;
   Began scanByManager(netlink::Nl80211& kernel, const Patience& patience) const;

@@ -19,7 +19,6 @@ namespace wifi_profile::linux {
 namespace {
 
 using facts::Fact;
-using facts::Known;
 using std::chrono::milliseconds;
 
 // Limit of the tasks that ask the kernel. The kernel answers much faster.
@@ -30,7 +29,7 @@ constexpr milliseconds kFirstSurveyLimit{1'000};
 constexpr milliseconds kBetweenSurveys{1'000};
 
 template <class T>
-Found put(facts::Known<T> facts::Facts::*member, facts::Known<T> fact) {
+Found put(Result<T> facts::Facts::*member, Result<T> fact) {
   return [member, fact = std::move(fact)](facts::Facts& facts) { facts.*member = fact; };
 }
 
@@ -39,14 +38,13 @@ Found put(facts::Known<T> facts::Facts::*member, facts::Known<T> fact) {
 MachineFacts::MachineFacts(std::shared_ptr<const Machine> machine, Targets targets)
     : machine_(std::move(machine)), targets_(std::move(targets)) {}
 
-facts::Known<facts::Link> MachineFacts::link(const Patience& patience) {
+Result<facts::Link> MachineFacts::link(const Patience& patience) {
   return machine_->link(patience);
 }
 
-facts::Known<facts::Scan> MachineFacts::scan(std::chrono::seconds oldest,
-                                             const Patience& patience) {
+Result<facts::Scan> MachineFacts::scan(std::chrono::seconds oldest, const Patience& patience) {
   auto list = machine_->scan(oldest, patience);
-  if (!list) return list.why();
+  if (!list) return list.error();
   return std::move(list->scan);
 }
 

@@ -18,8 +18,8 @@ class MachineFacts final : public FactFinder {
  public:
   MachineFacts(std::shared_ptr<const Machine> machine, Targets targets);
 
-  facts::Known<facts::Link> link(const Patience& patience) override;
-  facts::Known<facts::Scan> scan(std::chrono::seconds oldest, const Patience& patience) override;
+  Result<facts::Link> link(const Patience& patience) override;
+  Result<facts::Scan> scan(std::chrono::seconds oldest, const Patience& patience) override;
   std::vector<Errand> errands(std::chrono::seconds oldestScan) override;
 
  private:
@@ -30,12 +30,12 @@ class MachineFacts final : public FactFinder {
   // The survey at the run's start. Its task may be abandoned, and then end while another thread
   // reads the survey.
   struct FirstSurveys {
-    using Surveys = facts::Known<std::vector<facts::ChannelSurvey>>;
+    using Surveys = Result<std::vector<facts::ChannelSurvey>>;
     std::mutex mutex;  // guards what follows
     Clock::time_point time;
-    Surveys surveys = facts::Unknown{facts::Reason::tookTooLong,
-                                     "The first survey of the channels took too long: try again "
-                                     "in a while."};
+    Surveys surveys = Error{Reason::tookTooLong,
+                            "The first survey of the channels took too long: try again "
+                            "in a while."};
   };
   void surveyFirst(FirstSurveys& first, const Patience& patience) const;
   // Waits until kBetweenSurveys after the first survey, and returns the difference between then and

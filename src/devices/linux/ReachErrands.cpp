@@ -18,9 +18,6 @@ namespace {
 
 using facts::Fact;
 using facts::Facts;
-using facts::Known;
-using facts::Reason;
-using facts::Unknown;
 using std::chrono::milliseconds;
 
 // Longest times. None exceeds 13 s, so that all tasks end within 15 s of the scan.
@@ -45,13 +42,11 @@ probes::Way wayThrough(const std::string& interface, const facts::Addresses& add
 
 // Returns the reason if a tunnel has replaced the link's default route: nothing beyond the link can
 // then be reached through it.
-std::optional<facts::Unknown> whyNoWayOut(const std::string& interface,
-                                          const facts::Addresses& addresses) {
+std::optional<Error> whyNoWayOut(const std::string& interface, const facts::Addresses& addresses) {
   if (!addresses.otherWayOut || addresses.ipv4Gateway || addresses.ipv6Gateway) return {};
-  return facts::Unknown{facts::Reason::notTold, "The default route goes through " +
-                                                    *addresses.otherWayOut + ", and none through " +
-                                                    addresses.carrier.value_or(interface) +
-                                                    ": end the other connection, and try again."};
+  return Error{Reason::notTold, "The default route goes through " + *addresses.otherWayOut +
+                                    ", and none through " + addresses.carrier.value_or(interface) +
+                                    ": end the other connection, and try again."};
 }
 
 // The parts in which these tasks differ. All of them first check that there is a link and an
@@ -60,10 +55,10 @@ template <class T>
 struct ReachErrand {
   std::string name;
   facts::Fact fact;
-  facts::Known<T> facts::Facts::*member;
+  Result<T> facts::Facts::*member;
   milliseconds limit;
-  std::function<facts::Known<T>(const facts::Facts& known, const probes::Way& way,
-                                const Patience& patience)>
+  std::function<Result<T>(const facts::Facts& known, const probes::Way& way,
+                          const Patience& patience)>
       find;
 };
 
@@ -76,11 +71,11 @@ void add(std::vector<Errand>& errands, const std::string& interface, ReachErrand
                  facts::Fact::activeProfile},
        .limit = reach.limit,
        .run = [interface, reach](const facts::Facts& known, const Patience& patience) -> Found {
-         facts::Known<T> fact;
+         Result<T> fact;
          if (!known.link) {
-           fact = known.link.why();
+           fact = known.link.error();
          } else if (!known.addresses) {
-           fact = known.addresses.why();
+           fact = known.addresses.error();
          } else if (auto why = whyNoWayOut(interface, *known.addresses)) {
            fact = *why;
          } else {
@@ -90,15 +85,15 @@ void add(std::vector<Errand>& errands, const std::string& interface, ReachErrand
        }});
 }
 
-facts::Unknown noRouter() {
-  return {facts::Reason::notTold,
+Error noRouter() {
+  return {Reason::notTold,
           "The network named no router: renew the address (join again), or look at the router's "
           "DHCP settings."};
 }
 
-facts::Unknown noIpv4Router() {
+Error noIpv4Router() {
   return {
-      facts::Reason::notTold,
+      Reason::notTold,
       "The network has only an IPv6 router, which does not translate addresses. Nothing needs to "
       "be done."};
 }
@@ -122,25 +117,24 @@ const std::string& reachable(const std::vector<std::string>& addresses,
   return found == addresses.end() ? addresses.front() : *found;
 }
 
-facts::Known<std::string> addressInTheInternet(const std::string& host, const facts::Addresses& own,
-                                               const probes::Way& way, const Patience& patience) {
+Result<std::string> addressInTheInternet(const std::string& host, const facts::Addresses& own,
+                                         const probes::Way& way, const Patience& patience) {
   const auto answer = probes::resolve(host, way, patience);
-  if (!answer) return answer.why();
+  if (!answer) return answer.error();
   if (answer->addresses.empty()) {
-    return facts::Unknown{facts::Reason::failed,
-                          "The address of " + host + " could not be looked up (" +
-                              answer->resolution.problem +
-                              "): fix DNS first, or set a numeric address to ping."};
+    return Error{Reason::failed, "The address of " + host + " could not be looked up (" +
+                                     answer->resolution.problem +
+                                     "): fix DNS first, or set a numeric address to ping."};
   }
   const std::string& address = reachable(answer->addresses, own);
   if (address == host || !isOfTheHouse(address)) return address;
-  return facts::Unknown{facts::Reason::failed,
-                        "DNS gives the private address " + address + " for " + host +
-                            ": sign in to the network first, or set a numeric address to ping."};
+  return Error{Reason::failed,
+               "DNS gives the private address " + address + " for " + host +
+                   ": sign in to the network first, or set a numeric address to ping."};
 }
 
-facts::Known<facts::Pings> pingRouter(const facts::Facts& known, const probes::Way& way,
-                                      const Patience& patience) {
+Result<facts::Pings> pingRouter(const facts::Facts& known, const probes::Way& way,
+                                const Patience& patience) {
   const auto& addresses = *known.addresses;
   const auto& router = addresses.ipv4Gateway ? addresses.ipv4Gateway : addresses.ipv6Gateway;
   if (!router) return noRouter();
@@ -149,26 +143,24 @@ facts::Known<facts::Pings> pingRouter(const facts::Facts& known, const probes::W
   return probes::ping(*router, way.interface, plan, patience);
 }
 
-facts::Known<facts::Pings> pingInternet(const facts::Facts& known, const std::string& host,
-                                        const probes::Way& way, const Patience& patience) {
+Result<facts::Pings> pingInternet(const facts::Facts& known, const std::string& host,
+                                  const probes::Way& way, const Patience& patience) {
   const auto address = addressInTheInternet(host, *known.addresses, way, patience);
-  if (!address) return address.why();
+  if (!address) return address.error();
   return probes::ping(*address, way.interface, {}, patience);
 }
 
 // Looks the name up at the link's servers and, in parallel, at the system's servers if these are
 // others. Both must know the name.
-facts::Known<facts::NameResolution> lookUp(const std::string& name,
-                                           const facts::Addresses& addresses,
-                                           const probes::Way& way, const Patience& patience) {
+Result<facts::NameResolution> lookUp(const std::string& name, const facts::Addresses& addresses,
+                                     const probes::Way& way, const Patience& patience) {
   const auto& through = addresses.systemDnsThrough;
   if (way.asksAsSystem && through && !through->isTunnel) {
-    return facts::Unknown{
-        facts::Reason::notTold,
-        "The network's name servers are not known, and the system asks others through " +
-            through->name + ": end the other connection, and try again."};
+    return Error{Reason::notTold,
+                 "The network's name servers are not known, and the system asks others through " +
+                     through->name + ": end the other connection, and try again."};
   }
-  std::future<facts::Known<probes::NameAnswer>> asSystem;
+  std::future<Result<probes::NameAnswer>> asSystem;
   if (!way.asksAsSystem && facts::asksOthers(addresses)) {
     try {
       asSystem = std::async(std::launch::async, [&] {
@@ -179,10 +171,10 @@ facts::Known<facts::NameResolution> lookUp(const std::string& name,
     }
   }
   const auto answer = probes::resolve(name, way, patience);
-  if (!answer) return answer.why();
+  if (!answer) return answer.error();
   if (!asSystem.valid() || !answer->resolution.resolved) return answer->resolution;
   const auto other = asSystem.get();
-  if (!other) return other.why();
+  if (!other) return other.error();
   if (other->resolution.resolved) return answer->resolution;
   facts::NameResolution unresolved = other->resolution;
   unresolved.problem = "the system's own name servers (" +
@@ -239,7 +231,7 @@ void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
                             {"look at the router's outside", facts::Fact::routerOutside,
                              &facts::Facts::routerOutside, kOutsideLimit,
                              [targets](const facts::Facts& known, const probes::Way& way,
-                                       const Patience& patience) -> Known<facts::RouterOutside> {
+                                       const Patience& patience) -> Result<facts::RouterOutside> {
                                const auto& gateway = known.addresses->ipv4Gateway;
                                if (!gateway)
                                  return known.addresses->ipv6Gateway ? noIpv4Router() : noRouter();

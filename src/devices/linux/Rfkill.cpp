@@ -17,18 +17,14 @@ namespace wifi_profile::linux {
 
 namespace {
 
-using facts::Reason;
-using facts::Unknown;
-
 // The bytes that every kernel's events have. A read of this size takes one event and drops the rest
 // of it.
 constexpr std::size_t kEventBytes = RFKILL_EVENT_SIZE_V1;
 // More than any machine has switches; further events are read the next time.
 constexpr int kMostEvents = 256;
 
-const facts::Unknown kNoSwitch{
-    facts::Reason::notSupported,
-    "The Wi-Fi radio has no switch. Use the device's own, where it has one."};
+const Error kNoSwitch{Reason::notSupported,
+                      "The Wi-Fi radio has no switch. Use the device's own, where it has one."};
 
 // Returns the number in a name such as rfkill3.
 std::optional<std::uint32_t> numberOf(std::string_view name) {
@@ -92,15 +88,15 @@ Rfkill::Rfkill(std::string interface, std::string device, std::string interfaces
       path_(std::move(device)),
       interfaces_(std::move(interfaces)) {}
 
-std::optional<facts::Unknown> Rfkill::open() {
+std::optional<Error> Rfkill::open() {
   own_.clear();
   switches_.clear();
   device_ = Descriptor();
   const auto folder = std::filesystem::path(interfaces_) / interface_;
   std::error_code error;
   if (!std::filesystem::exists(folder, error)) {
-    return facts::Unknown{facts::Reason::noHardware,
-                          "The Wi-Fi interface is gone. Plug it in again, or use another one."};
+    return Error{Reason::noHardware,
+                 "The Wi-Fi interface is gone. Plug it in again, or use another one."};
   }
   own_ = switchesIn(folder / "phy80211", error);
   if (own_.empty()) return kNoSwitch;
@@ -114,14 +110,13 @@ std::optional<facts::Unknown> Rfkill::open() {
   if (device_.number() < 0) {
     const int number = errno;
     if (number == EACCES || number == EPERM) {
-      return facts::Unknown{facts::Reason::notPermitted,
-                            "This user gets no news of the radio's switches: may not read " +
-                                path_ + ". Run as root, or log in at the machine itself."};
+      return Error{Reason::notPermitted,
+                   "This user gets no news of the radio's switches: may not read " + path_ +
+                       ". Run as root, or log in at the machine itself."};
     }
-    return facts::Unknown{facts::Reason::notSupported,
-                          "The kernel does not show the radio's switches (" + path_ +
-                              "): " + std::generic_category().message(number) +
-                              ". Load the module rfkill."};
+    return Error{Reason::notSupported, "The kernel does not show the radio's switches (" + path_ +
+                                           "): " + std::generic_category().message(number) +
+                                           ". Load the module rfkill."};
   }
   readEvents();
   return std::nullopt;
@@ -167,12 +162,11 @@ void Rfkill::handleEvents(const std::function<void(News)>& tell) {
   }
 }
 
-std::optional<facts::Unknown> Rfkill::switchOn() {
+std::optional<Error> Rfkill::switchOn() {
   if (own_.empty()) return kNoSwitch;
   if (isHardBlocked()) {
-    return facts::Unknown{
-        facts::Reason::radioOff,
-        "Wi-Fi is switched off by a switch or a key on the device. Turn that on."};
+    return Error{Reason::radioOff,
+                 "Wi-Fi is switched off by a switch or a key on the device. Turn that on."};
   }
   const Descriptor device(::open(path_.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK));
   for (const std::uint32_t index : own_) {
@@ -183,14 +177,13 @@ std::optional<facts::Unknown> Rfkill::switchOn() {
     if (device.number() >= 0 && write(device.number(), &event, kEventBytes) > 0) continue;
     const int number = errno;
     if (number == EACCES || number == EPERM) {
-      return facts::Unknown{
-          facts::Reason::notPermitted,
-          "This user may not switch Wi-Fi on. Run as root, or as a member of the group "
-          "netdev."};
+      return Error{Reason::notPermitted,
+                   "This user may not switch Wi-Fi on. Run as root, or as a member of the group "
+                   "netdev."};
     }
-    return facts::Unknown{facts::Reason::failed, "Wi-Fi cannot be switched on: " +
-                                                     std::generic_category().message(number) +
-                                                     ". Use rfkill unblock wifi."};
+    return Error{Reason::failed,
+                 "Wi-Fi cannot be switched on: " + std::generic_category().message(number) +
+                     ". Use rfkill unblock wifi."};
   }
   return std::nullopt;
 }

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "analysis/facts/Known.h"
 #include "analysis/ieee80211/Bytes.h"
 #include "devices/linux/Descriptor.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux {
 
@@ -45,7 +45,7 @@ class Rfkill {
   // Finds the switches and reads their state. noHardware: the interface is gone. notSupported: the
   // radio has no switch (treat it as on), or the kernel does not show it. notPermitted: there will
   // be no events, but `poweredOn` returns the current state; call `open` again to refresh it.
-  std::optional<facts::Unknown> open();
+  std::optional<Error> open();
 
   // Whether no switch blocks the radio. Empty before `open` and for a radio without switches.
   std::optional<bool> poweredOn() const;
@@ -63,7 +63,7 @@ class Rfkill {
   // Turns on every switch of the radio by software; the change arrives as an event. notPermitted:
   // on Debian, users without a local session who are not in the group netdev. radioOff: a switch
   // that software cannot change blocks the radio.
-  std::optional<facts::Unknown> switchOn();
+  std::optional<Error> switchOn();
 
  private:
   struct State {

@@ -8,7 +8,7 @@
 
 namespace wifi_profile::scenario {
 
-// Reads a whole scenario. Unknown fields, missing fields, values of the wrong kind and numbers out
+// Reads a whole scenario. Error fields, missing fields, values of the wrong kind and numbers out
 // of range are faults. Returns the first fault found.
 std::variant<Scenario, Fault> readScenario(const ObjectRef& document);
 

@@ -24,11 +24,11 @@ Answer failure(std::int64_t code, std::string description) {
 Answer answerFrom(const World& world, DiagnosticsTestID test, const TextRef& networkName) {
   auto found = checks::checkOf(test).answer({world.facts, world.settings, networkName});
   Answer answer;
-  if (const auto* unknown = std::get_if<facts::Unknown>(&found)) {
-    answer = failure(static_cast<std::int64_t>(unknown->reason), unknown->sentence);
+  if (!found) {
+    answer = failure(static_cast<std::int64_t>(found.error().reason), found.error().message);
   } else {
-    answer.results.emplace().push_back(std::make_shared<const DiagnosticsTestResult>(
-        std::get<DiagnosticsTestResult>(std::move(found))));
+    answer.results.emplace().push_back(
+        std::make_shared<const DiagnosticsTestResult>(*std::move(found)));
   }
   answer.delay = world.delayOf(test);
   return answer;

@@ -9,28 +9,23 @@
 namespace wifi_profile::scenario {
 namespace {
 
-using facts::Known;
-using facts::Reason;
-using facts::Unknown;
-
-facts::Unknown readUnknown(const ValueReader& value) {
-  facts::Unknown unknown;
+Error readUnknown(const ValueReader& value) {
+  Error unknown;
   value.object([&](FieldsReader& fields) {
     fields.require("unknown", [&](const ValueReader& field) {
       const facts::ReasonText named = readChoice(field, facts::kReasons);
       unknown = {named.reason, std::string(named.sentence)};
     });
-    takeText(fields, "sentence", unknown.sentence);
+    takeText(fields, "sentence", unknown.message);
   });
   return unknown;
 }
 
 // Takes one fact. `missing` completes the sentence for a world without this fact.
 template <class T>
-void takeFact(FieldsReader& fields, std::string_view key, facts::Known<T>& fact,
+void takeFact(FieldsReader& fields, std::string_view key, Result<T>& fact,
               T (*read)(const ValueReader&), std::string_view missing) {
-  fact = facts::Unknown{facts::Reason::notTold,
-                        "The scenario's world does not say " + std::string(missing) + "."};
+  fact = Error{Reason::notTold, "The scenario's world does not say " + std::string(missing) + "."};
   fields.take(key, [&](const ValueReader& field) {
     const auto object = as<Dictionary>(field.value());
     if (object && object->objectForKey("unknown")) {

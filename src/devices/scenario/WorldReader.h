@@ -6,7 +6,7 @@
 
 namespace wifi_profile::scenario {
 
-// Reads a whole world. A fact that it does not contain becomes Unknown, with a sentence that names
+// Reads a whole world. A fact that it does not contain becomes Error, with a sentence that names
 // the missing fact. Pure; the reader records faults.
 World readWorld(const ValueReader& value);
 

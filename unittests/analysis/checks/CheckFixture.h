@@ -25,19 +25,19 @@ inline bool isAbility(Id id) {
 }
 
 MATCHER_P(says, isSo, isSo ? "says that it is so" : "says that it is not so") {
-  const auto* result = std::get_if<DiagnosticsTestResult>(&arg);
-  if (!result) *result_listener << "which is unknown: " << std::get<facts::Unknown>(arg).sentence;
+  const DiagnosticsTestResult* result = arg ? &*arg : nullptr;
+  if (!result) *result_listener << "which is unknown: " << arg.error().message;
   return result && result->result == isSo;
 }
 
 MATCHER_P(isUnknownFor, reason, "is not known") {
-  const auto* unknown = std::get_if<facts::Unknown>(&arg);
+  const Error* unknown = arg ? nullptr : &arg.error();
   if (unknown) *result_listener << "for reason " << static_cast<int>(unknown->reason);
   return unknown && unknown->reason == reason;
 }
 
 MATCHER_P2(tells, key, value, "tells a value") {
-  const auto* result = std::get_if<DiagnosticsTestResult>(&arg);
+  const DiagnosticsTestResult* result = arg ? &*arg : nullptr;
   return result && ExplainMatchResult(value, result->info->objectForKey(key), result_listener);
 }
 
@@ -87,7 +87,7 @@ class CheckTest : public testing::Test {
   // Every answer keeps the rules of its form.
   Answer ask(Id id) const {
     Answer answer = checkOf(id).answer({facts, settings, networkName});
-    if (const auto* result = std::get_if<DiagnosticsTestResult>(&answer)) {
+    if (const DiagnosticsTestResult* result = answer ? &*answer : nullptr) {
       EXPECT_EQ(result->didPass,
                 id == Id::NoScanResults || (isAbility(id) ? result->result : !result->result));
       EXPECT_NE(result->info, nullptr);

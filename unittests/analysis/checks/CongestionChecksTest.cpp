@@ -50,7 +50,7 @@ class CongestionChecks : public CheckTest {
   }
   ObjectRef recommended(const char* key) const {
     const auto answer = ask(Id::CongestedChannel);
-    return std::get<DiagnosticsTestResult>(answer).info->objectForKey(key);
+    return answer->info->objectForKey(key);
   }
 
  private:
@@ -64,8 +64,8 @@ MATCHER_P(isChannel, number, "is a channel") {
 }
 
 TEST_F(CongestionChecks, DoNotKnowOfTheJoinedChannelWhereTheLinkChangedUnderWay) {
-  facts.surveys = facts::Unknown{facts::Reason::linkChanged, "The link changed its channel."};
-  EXPECT_THAT(ask(Id::CongestedChannel), isUnknownFor(facts::Reason::linkChanged));
+  facts.surveys = Error{Reason::linkChanged, "The link changed its channel."};
+  EXPECT_THAT(ask(Id::CongestedChannel), isUnknownFor(Reason::linkChanged));
   add(accessPoint("02:00:00:77:00:00", "Cafe", -60, 36));
   askAbout("Cafe");
   EXPECT_THAT(ask(Id::CongestedChannel), says(false));
@@ -145,7 +145,7 @@ TEST_F(CongestionChecks, CannotCountBoxesOfUnknownStrength) {
   auto& silent = add(accessPoint("02:aa:aa:aa:aa:10", "Silent", 0, 36));
   silent.signal.reset();
   EXPECT_EQ(load(), std::nullopt);
-  EXPECT_THAT(ask(Id::CongestedChannel), isUnknownFor(facts::Reason::notTold));
+  EXPECT_THAT(ask(Id::CongestedChannel), isUnknownFor(Reason::notTold));
   silent.channel->primary = 149;  // far away
   silent.channel->extent.reset();
   EXPECT_EQ(load()->amount, 0);
@@ -163,9 +163,9 @@ TEST_F(CongestionChecks, BelieveTheOwnAccessPointsUtilizationFirst) {
 }
 
 TEST_F(CongestionChecks, NeedASurveyOrAScan) {
-  facts.scan = facts::Unknown{facts::Reason::tookTooLong, ""};
-  EXPECT_THAT(ask(Id::CongestedChannel), isUnknownFor(facts::Reason::tookTooLong));
-  EXPECT_THAT(ask(Id::Congested2GHz), isUnknownFor(facts::Reason::tookTooLong));
+  facts.scan = Error{Reason::tookTooLong, ""};
+  EXPECT_THAT(ask(Id::CongestedChannel), isUnknownFor(Reason::tookTooLong));
+  EXPECT_THAT(ask(Id::Congested2GHz), isUnknownFor(Reason::tookTooLong));
   survey(5180, 1000, 800, 0);
   EXPECT_THAT(ask(Id::CongestedChannel), says(true));
 }
@@ -206,8 +206,8 @@ TEST_F(CongestionChecks, RecommendNoChannelWhereTheNetworksOtherBoxesStand) {
 
 TEST_F(CongestionChecks, OfTheWholeAirAreNotKnownWithoutANewScan) {
   addBoxes(9, 36);
-  facts.scan->incomplete = facts::Unknown{facts::Reason::notPermitted, "no"};
-  EXPECT_THAT(ask(Id::CongestedChannel), isUnknownFor(facts::Reason::notPermitted));
+  facts.scan->incomplete = Error{Reason::notPermitted, "no"};
+  EXPECT_THAT(ask(Id::CongestedChannel), isUnknownFor(Reason::notPermitted));
   own().channelUtilization = 192;
   EXPECT_THAT(ask(Id::CongestedChannel), says(true));
 }
@@ -258,7 +258,7 @@ TEST_F(CongestionChecks, NeedTimeInWhichTheRadioListened) {
 }
 
 TEST_F(CongestionChecks, RecommendNothingForARadioThatIsNotKnown) {
-  facts.radio = facts::Unknown{facts::Reason::failed, ""};
+  facts.radio = Error{Reason::failed, ""};
   EXPECT_THAT(ask(Id::CongestedChannel), says(false));
   for (const char* key : {"2GHzChannel", "5GHzChannel", "5GHz40MHzChannel", "5GHzNonDFSChannel"}) {
     EXPECT_THAT(recommended(key), IsNull());
@@ -276,17 +276,17 @@ TEST_F(CongestionChecks, CallABandCrowdedWhenEvenItsBestChannelIs) {
 }
 
 TEST_F(CongestionChecks, OfABandNeedNoJoinedNetwork) {
-  facts.link = facts::Unknown{facts::Reason::notJoined, ""};
+  facts.link = Error{Reason::notJoined, ""};
   EXPECT_THAT(ask(Id::Congested5GHz), says(false));
-  EXPECT_THAT(ask(Id::CongestedChannel), isUnknownFor(facts::Reason::notJoined));
+  EXPECT_THAT(ask(Id::CongestedChannel), isUnknownFor(Reason::notJoined));
 }
 
 TEST_F(CongestionChecks, OfABandThatTheRadioDoesNotHaveAreNotSupported) {
   facts.radio->channels = {{.frequency = 2412}};
-  EXPECT_THAT(ask(Id::Congested5GHz), isUnknownFor(facts::Reason::notSupported));
+  EXPECT_THAT(ask(Id::Congested5GHz), isUnknownFor(Reason::notSupported));
   EXPECT_THAT(ask(Id::Congested2GHz), says(false));
-  facts.radio = facts::Unknown{facts::Reason::failed, ""};
-  EXPECT_THAT(ask(Id::Congested2GHz), isUnknownFor(facts::Reason::failed));
+  facts.radio = Error{Reason::failed, ""};
+  EXPECT_THAT(ask(Id::Congested2GHz), isUnknownFor(Reason::failed));
 }
 
 }  // namespace

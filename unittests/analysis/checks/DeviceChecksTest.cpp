@@ -73,15 +73,15 @@ TEST_F(DeviceChecks, FindAProxyOfProfileOrSession) {
   EXPECT_THAT(ask(Id::CustomWebProxy), says(false));
   facts.activeProfile->hasProxy = true;
   EXPECT_THAT(ask(Id::CustomWebProxy), says(true));
-  facts.sessionProxy = facts::Unknown{facts::Reason::noService, ""};
+  facts.sessionProxy = Error{Reason::noService, ""};
   EXPECT_THAT(ask(Id::CustomWebProxy), says(true));
   facts.activeProfile->hasProxy = false;
-  EXPECT_THAT(ask(Id::CustomWebProxy), isUnknownFor(facts::Reason::noService));
-  facts.activeProfile = facts::Unknown{facts::Reason::notJoined, ""};
+  EXPECT_THAT(ask(Id::CustomWebProxy), isUnknownFor(Reason::noService));
+  facts.activeProfile = Error{Reason::notJoined, ""};
   facts.sessionProxy = facts::SessionProxy{"http_proxy in the environment"};
   EXPECT_THAT(ask(Id::CustomWebProxy), says(true));
   facts.sessionProxy = facts::SessionProxy{};
-  EXPECT_THAT(ask(Id::CustomWebProxy), isUnknownFor(facts::Reason::notJoined));
+  EXPECT_THAT(ask(Id::CustomWebProxy), isUnknownFor(Reason::notJoined));
 }
 
 TEST_F(DeviceChecks, CountBluetoothDevicesAboveTheThresholds) {
@@ -95,12 +95,12 @@ TEST_F(DeviceChecks, CountBluetoothDevicesAboveTheThresholds) {
 }
 
 TEST_F(DeviceChecks, CallTheAntennaSharedWhileABluetoothDeviceIsConnected) {
-  EXPECT_THAT(ask(Id::BTCoex), isUnknownFor(facts::Reason::notTold));
+  EXPECT_THAT(ask(Id::BTCoex), isUnknownFor(Reason::notTold));
   facts.coexistence = facts::Coexistence{};
-  facts.bluetooth = facts::Unknown{facts::Reason::noService, ""};
+  facts.bluetooth = Error{Reason::noService, ""};
   EXPECT_THAT(ask(Id::BTCoex), says(false));
   facts.coexistence->takesTurns = true;
-  EXPECT_THAT(ask(Id::BTCoex), isUnknownFor(facts::Reason::noService));
+  EXPECT_THAT(ask(Id::BTCoex), isUnknownFor(Reason::noService));
   facts.bluetooth = facts::Bluetooth{.paired = 2, .connected = 0};
   EXPECT_THAT(ask(Id::BTCoex), says(false));
   facts.bluetooth->connected = 1;

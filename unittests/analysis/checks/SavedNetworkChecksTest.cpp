@@ -19,8 +19,7 @@ class SavedNetworkChecks : public CheckTest {
   }
   std::shared_ptr<const PreferredNetworkRecord> record() const {
     const auto answer = ask(Id::CaptivePortal);
-    return as<PreferredNetworkRecord>(
-        std::get<DiagnosticsTestResult>(answer).info->objectForKey("PreferredNetwork"));
+    return as<PreferredNetworkRecord>(answer->info->objectForKey("PreferredNetwork"));
   }
 };
 
@@ -44,7 +43,7 @@ TEST_F(SavedNetworkChecks, FindOneNameWithDifferentKeys) {
   auto& second = save("Twice", ieee80211::Security::wpa3Personal);
   EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), says(false));
   second.security = ieee80211::Security::unknown;
-  EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), isUnknownFor(facts::Reason::notTold));
+  EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), isUnknownFor(Reason::notTold));
   for (const ieee80211::Security other :
        {ieee80211::Security::none, ieee80211::Security::owe, ieee80211::Security::wep,
         ieee80211::Security::wpaEnterprise, ieee80211::Security::wpa3Enterprise}) {
@@ -66,37 +65,37 @@ TEST_F(SavedNetworkChecks, FindKeysThatNobodyInRangeHas) {
   EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), says(true));
   add(accessPoint("02:00:00:00:00:01", kName, -50, 36)).security = ieee80211::Security::none;
   EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), says(false));
-  facts.scan = facts::Unknown{facts::Reason::failed, ""};
-  EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), isUnknownFor(facts::Reason::failed));
+  facts.scan = Error{Reason::failed, ""};
+  EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), isUnknownFor(Reason::failed));
 }
 
 TEST_F(SavedNetworkChecks, AccuseNoKeyWhereAnAccessPointIsUnclear) {
   save(kName, ieee80211::Security::none);
   add(accessPoint("02:00:00:00:00:01", kName, -50, 36)).security = ieee80211::Security::unknown;
-  EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), isUnknownFor(facts::Reason::notTold));
+  EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), isUnknownFor(Reason::notTold));
   facts.savedNetworks->back().security = ieee80211::Security::unknown;
-  EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), isUnknownFor(facts::Reason::notTold));
+  EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), isUnknownFor(Reason::notTold));
   facts.savedNetworks->back().ssid = "Elsewhere";
   EXPECT_THAT(ask(Id::ConflictingSecurityTypeInPNL), says(false));
 }
 
 TEST_F(SavedNetworkChecks, TakeThePortalProbeForTheJoinedNetwork) {
-  EXPECT_THAT(ask(Id::CaptivePortal), isUnknownFor(facts::Reason::notTold));
+  EXPECT_THAT(ask(Id::CaptivePortal), isUnknownFor(Reason::notTold));
   facts.portalProbe = facts::PortalProbe{facts::PortalProbe::Answer::open, ""};
   EXPECT_THAT(ask(Id::CaptivePortal), says(false));
   facts.portalProbe = facts::PortalProbe{facts::PortalProbe::Answer::portal, "302"};
   EXPECT_THAT(ask(Id::CaptivePortal), says(true));
   facts.portalProbe = facts::PortalProbe{facts::PortalProbe::Answer::noAnswer, "timed out"};
   const auto answer = ask(Id::CaptivePortal);
-  EXPECT_THAT(answer, isUnknownFor(facts::Reason::failed));
-  EXPECT_THAT(std::get<facts::Unknown>(answer).sentence, testing::HasSubstr("(timed out)"));
+  EXPECT_THAT(answer, isUnknownFor(Reason::failed));
+  EXPECT_THAT(answer.error().message, testing::HasSubstr("(timed out)"));
 }
 
 TEST_F(SavedNetworkChecks, TakeAForeignNetworksOwnWordForAPortal) {
   auto& cafe = add(accessPoint("02:00:00:00:00:01", "Cafe", -50, 36));
   askAbout("Cafe");
   facts.portalProbe = facts::PortalProbe{facts::PortalProbe::Answer::open, ""};
-  EXPECT_THAT(ask(Id::CaptivePortal), isUnknownFor(facts::Reason::outsideNetwork));
+  EXPECT_THAT(ask(Id::CaptivePortal), isUnknownFor(Reason::outsideNetwork));
   cafe.additionalStepNeeded = true;
   EXPECT_THAT(ask(Id::CaptivePortal), says(true));
 }
@@ -149,9 +148,9 @@ TEST_F(SavedNetworkChecks, RememberOfANetworkTheProfileWithItsKeys) {
 }
 
 TEST_F(SavedNetworkChecks, NeedTheListOfThem) {
-  facts.savedNetworks = facts::Unknown{facts::Reason::notPermitted, ""};
+  facts.savedNetworks = Error{Reason::notPermitted, ""};
   for (const Id id : {Id::LargePNL, Id::PNLContainsHidden, Id::ConflictingSecurityTypeInPNL}) {
-    EXPECT_THAT(ask(id), isUnknownFor(facts::Reason::notPermitted));
+    EXPECT_THAT(ask(id), isUnknownFor(Reason::notPermitted));
   }
 }
 

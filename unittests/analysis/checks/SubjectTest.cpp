@@ -6,7 +6,7 @@ namespace {
 
 class SubjectTest : public CheckTest {
  protected:
-  facts::Known<Subject> subject() const { return subjectOf({facts, settings, networkName}); }
+  Result<Subject> subject() const { return subjectOf({facts, settings, networkName}); }
 };
 
 TEST_F(SubjectTest, IsTheJoinedAccessPointWithoutAName) {
@@ -36,7 +36,7 @@ TEST_F(SubjectTest, IsTheStrongestAccessPointOfAnotherName) {
 }
 
 TEST_F(SubjectTest, OfAnotherNameNeedsNoJoinedNetwork) {
-  facts.link = facts::Unknown{facts::Reason::notJoined, ""};
+  facts.link = Error{Reason::notJoined, ""};
   askAbout(kName);
   ASSERT_TRUE(subject());
   EXPECT_EQ(subject()->link, nullptr);
@@ -44,28 +44,28 @@ TEST_F(SubjectTest, OfAnotherNameNeedsNoJoinedNetwork) {
 }
 
 TEST_F(SubjectTest, OfANameIsUnknownWhereNobodyKnowsWhatIsJoined) {
-  facts.link = facts::Unknown{facts::Reason::tookTooLong, "The kernel did not answer."};
+  facts.link = Error{Reason::tookTooLong, "The kernel did not answer."};
   askAbout(kName);
-  EXPECT_EQ(subject().why(), facts.link.why());
-  EXPECT_EQ(whyNotAMember({facts, settings, networkName}), facts.link.why());
+  EXPECT_EQ(subject().error(), facts.link.error());
+  EXPECT_EQ(whyNotAMember({facts, settings, networkName}), facts.link.error());
 }
 
 TEST_F(SubjectTest, IsNotInRangeWhenNobodyHasTheName) {
   askAbout("Elsewhere");
-  EXPECT_EQ(subject().why().reason, facts::Reason::notInRange);
+  EXPECT_EQ(subject().error().reason, Reason::notInRange);
 }
 
 TEST_F(SubjectTest, WithoutANameNeedsAJoinedNetwork) {
-  facts.link = facts::Unknown{facts::Reason::radioOff, "Switch Wi-Fi on."};
-  EXPECT_EQ(subject().why(), facts.link.why());
+  facts.link = Error{Reason::radioOff, "Switch Wi-Fi on."};
+  EXPECT_EQ(subject().error(), facts.link.error());
 }
 
 TEST_F(SubjectTest, ThatIsJoinedMayBeMissingInTheScan) {
   facts.scan->accessPoints.clear();
   EXPECT_EQ(subject()->heard, nullptr);
-  EXPECT_EQ(subject()->notHeard.reason, facts::Reason::notInRange);
-  facts.scan = facts::Unknown{facts::Reason::tookTooLong, ""};
-  EXPECT_EQ(subject()->notHeard.reason, facts::Reason::tookTooLong);
+  EXPECT_EQ(subject()->notHeard.reason, Reason::notInRange);
+  facts.scan = Error{Reason::tookTooLong, ""};
+  EXPECT_EQ(subject()->notHeard.reason, Reason::tookTooLong);
 }
 
 TEST_F(SubjectTest, IsOnTheLinksChannelWhereTheScanIsOld) {

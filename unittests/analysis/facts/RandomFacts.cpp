@@ -61,9 +61,9 @@ class Maker {
     return made;
   }
   template <class T>
-  Known<T> known(T value) {
+  Result<T> known(T value) {
     if (!oneIn(5)) return value;
-    return Unknown{static_cast<Reason>(10 + below(11)), text()};
+    return Error{static_cast<Reason>(10 + below(11)), text()};
   }
 
   // A channel as elements give it.
@@ -199,7 +199,7 @@ Facts randomFacts(std::mt19937& random) {
                                .dtimPeriod = make.maybeNumber()});
   facts.scan = make.known(Scan{make.list<AccessPoint>(20, [&] { return make.accessPoint(); })});
   if (facts.scan && random() % 4 == 0) {
-    facts.scan->incomplete = Unknown{Reason::notPermitted, "This user may not scan."};
+    facts.scan->incomplete = Error{Reason::notPermitted, "This user may not scan."};
   }
   facts.surveys = make.known(make.list<ChannelSurvey>(20, [&] { return make.survey(); }));
   Radio radio;
@@ -239,7 +239,7 @@ TextRef randomQuestionName(std::mt19937& random) {
 
 void forget(Facts& facts, const std::function<bool(Fact)>& isForgotten) {
   const auto forgetOne = [&](Fact fact, auto& known) {
-    if (isForgotten(fact)) known = Unknown{};
+    if (isForgotten(fact)) known = Error{};
   };
   forgetOne(Fact::link, facts.link);
   forgetOne(Fact::scan, facts.scan);

@@ -12,8 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using facts::Coexistence;
-using facts::Known;
-using facts::Reason;
 
 class CoexistenceTest : public testing::Test {
  protected:
@@ -37,7 +35,7 @@ class CoexistenceTest : public testing::Test {
   void parameter(const std::string& module, const std::string& name, const std::string& value) {
     std::ofstream(sysfs_ / "module" / module / "parameters" / name) << value;
   }
-  facts::Known<facts::Coexistence> read() { return readCoexistence("wlan0", sysfs_); }
+  Result<facts::Coexistence> read() { return readCoexistence("wlan0", sysfs_); }
 
   fs::path sysfs_;
 };
@@ -45,34 +43,34 @@ class CoexistenceTest : public testing::Test {
 TEST_F(CoexistenceTest, IsTheParameterOfTheDriversModule) {
   driver("rtl8723be", "rtl8723be");
   parameter("rtl8723be", "btcoex", "0\n");
-  EXPECT_EQ(read(), facts::Known<facts::Coexistence>(facts::Coexistence{false}));
+  EXPECT_EQ(read(), Result<facts::Coexistence>(facts::Coexistence{false}));
   parameter("rtl8723be", "btcoex", "2\n");
-  EXPECT_EQ(read(), facts::Known<facts::Coexistence>(facts::Coexistence{true}));
+  EXPECT_EQ(read(), Result<facts::Coexistence>(facts::Coexistence{true}));
 }
 
 TEST_F(CoexistenceTest, IsABooleanOfTheKernels) {
   driver("wifi_pci", "wifi");
   parameter("wifi", "bt_coex_active", "Y\n");
-  EXPECT_EQ(read(), facts::Known<facts::Coexistence>(facts::Coexistence{true}));
+  EXPECT_EQ(read(), Result<facts::Coexistence>(facts::Coexistence{true}));
   parameter("wifi", "bt_coex_active", "N\n");
-  EXPECT_EQ(read(), facts::Known<facts::Coexistence>(facts::Coexistence{false}));
+  EXPECT_EQ(read(), Result<facts::Coexistence>(facts::Coexistence{false}));
 }
 
 TEST_F(CoexistenceTest, OfADriverWithoutTheParameterIsNotSupported) {
   driver("plain", "plain");
-  EXPECT_EQ(read().why().reason, facts::Reason::notSupported);
+  EXPECT_EQ(read().error().reason, Reason::notSupported);
 }
 
 TEST_F(CoexistenceTest, ThatIsNeitherOnNorOffFailed) {
   driver("plain", "plain");
   parameter("plain", "btcoex_enable", "maybe\n");
-  EXPECT_EQ(read().why().reason, facts::Reason::failed);
+  EXPECT_EQ(read().error().reason, Reason::failed);
 }
 
 TEST_F(CoexistenceTest, OfAnInterfaceWithoutDriverIsNoHardware) {
-  EXPECT_EQ(read().why().reason, facts::Reason::noHardware);
-  EXPECT_EQ(readCoexistence("", sysfs_).why().reason, facts::Reason::noHardware);
-  EXPECT_EQ(readCoexistence("../../etc", sysfs_).why().reason, facts::Reason::noHardware);
+  EXPECT_EQ(read().error().reason, Reason::noHardware);
+  EXPECT_EQ(readCoexistence("", sysfs_).error().reason, Reason::noHardware);
+  EXPECT_EQ(readCoexistence("../../etc", sysfs_).error().reason, Reason::noHardware);
 }
 
 }  // namespace

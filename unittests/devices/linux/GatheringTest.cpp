@@ -12,7 +12,6 @@ namespace {
 
 using facts::Fact;
 using facts::Facts;
-using facts::Reason;
 using std::chrono::milliseconds;
 
 // Longer than anything here takes, even on a machine that is busy with something else.
@@ -119,10 +118,10 @@ TEST(Gathering, AnErrandThatIsLateIsLeftBehind) {
   go = true;
   ASSERT_TRUE(facts);
   ASSERT_FALSE(facts->sitePage);
-  EXPECT_EQ(facts->sitePage.why().reason, facts::Reason::tookTooLong);
-  EXPECT_EQ(facts->sitePage.why().sentence,
+  EXPECT_EQ(facts->sitePage.error().reason, Reason::tookTooLong);
+  EXPECT_EQ(facts->sitePage.error().message,
             "The page of the site took too long: try again in a while.");
-  EXPECT_EQ(facts->siteReach.why().reason, facts::Reason::tookTooLong);
+  EXPECT_EQ(facts->siteReach.error().reason, Reason::tookTooLong);
   EXPECT_FALSE(gathering.await({facts::Fact::sitePage})->sitePage);  // whatever comes later
 }
 
@@ -184,9 +183,9 @@ TEST(Gathering, AnErrandWithoutAThreadFails) {
   }
   ASSERT_TRUE(facts);
   ASSERT_FALSE(facts->link);
-  EXPECT_EQ(facts->link.why().reason, facts::Reason::failed);
-  EXPECT_NE(facts->link.why().sentence.find("no threads left"), std::string::npos);
-  EXPECT_EQ(facts->surveys.why(), facts->link.why());
+  EXPECT_EQ(facts->link.error().reason, Reason::failed);
+  EXPECT_NE(facts->link.error().message.find("no threads left"), std::string::npos);
+  EXPECT_EQ(facts->surveys.error(), facts->link.error());
   EXPECT_FALSE(gathering.await({facts::Fact::link})->link);  // whatever there is later
 }
 
@@ -240,11 +239,11 @@ TEST(Gathering, AnExceptionIsTheFailureOfItsErrand) {
   Gathering gathering({throwing, worse, late});
   const auto facts = gathering.await({facts::Fact::link, facts::Fact::scan, facts::Fact::surveys});
   ASSERT_TRUE(facts);
-  EXPECT_EQ(facts->link.why(),
-            (facts::Unknown{facts::Reason::failed,
-                            "The link failed (no room): close other programs, and try again."}));
-  EXPECT_EQ(facts->scan.why().reason, facts::Reason::failed);
-  EXPECT_EQ(facts->surveys.why().reason, facts::Reason::failed);
+  EXPECT_EQ(
+      facts->link.error(),
+      (Error{Reason::failed, "The link failed (no room): close other programs, and try again."}));
+  EXPECT_EQ(facts->scan.error().reason, Reason::failed);
+  EXPECT_EQ(facts->surveys.error().reason, Reason::failed);
 }
 
 }  // namespace

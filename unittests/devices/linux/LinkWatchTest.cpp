@@ -10,12 +10,10 @@ namespace {
 using facts::Fact;
 using facts::Facts;
 using facts::Link;
-using facts::Reason;
-using facts::Unknown;
 
 constexpr std::chrono::milliseconds kTaskLimit{60'000};
-const facts::Unknown kNotJoined{facts::Reason::notJoined, "Join."};
-const facts::Unknown kLookFailed{facts::Reason::tookTooLong, "Try again."};
+const Error kNotJoined{Reason::notJoined, "Join."};
+const Error kLookFailed{Reason::tookTooLong, "Try again."};
 const facts::Link kHome{.ssid = "Home", .bssid = "02:00:00:00:00:01"};
 const facts::Link kUpstairs{.ssid = "Home", .bssid = "02:00:00:00:00:02"};
 const facts::Link kCafe{.ssid = "Cafe", .bssid = "02:00:00:00:00:03"};
@@ -25,11 +23,11 @@ constexpr netlink::LinkEvents kBoth{.lost = true, .joined = true};
 
 // The sentence; empty where nothing is gone.
 std::string said(const std::optional<facts::Link>& before, const netlink::LinkEvents& events,
-                 const facts::Known<facts::Link>& now) {
+                 const Result<facts::Link>& now) {
   const auto change = changeOfLink(before, events, now);
   if (!change) return {};
-  EXPECT_EQ(change->why.reason, facts::Reason::linkChanged);
-  return change->why.sentence;
+  EXPECT_EQ(change->why.reason, Reason::linkChanged);
+  return change->why.message;
 }
 
 TEST(ChangeOfLink, SaysThatTheLinkWasLost) {
@@ -119,16 +117,14 @@ class LinkWatchOfEvents : public testing::Test {
   const checks::FactSet radioGone_ = changeOfLink(kHome, kBoth, kUpstairs)->gone;
   Cancellation cancellation_;
   netlink::LinkEvents events_;
-  std::function<facts::Known<facts::Link>(const Patience&)> now_ = [](const Patience&) {
-    return kHome;
-  };
+  std::function<Result<facts::Link>(const Patience&)> now_ = [](const Patience&) { return kHome; };
   LinkWatch watch_{{.watch = [](const Patience&) { return netlink::NotDone(); },
                     .takeEvents = [this] { return std::exchange(events_, {}); },
                     .now = [this](const Patience& patience) { return now_(patience); }}};
 };
 
 TEST_F(LinkWatchOfEvents, LooksAtTheLinkAfterTheDeadlineToo) {
-  now_ = [](const Patience& patience) -> facts::Known<facts::Link> {
+  now_ = [](const Patience& patience) -> Result<facts::Link> {
     if (patience.isOver()) return kLookFailed;
     return kUpstairs;
   };
@@ -144,7 +140,7 @@ TEST_F(LinkWatchOfEvents, KeepsTheEventsUntilALookHasAnswered) {
 
 TEST_F(LinkWatchOfEvents, ALossIsARoamWhereAnotherAccessPointIsJoinedSoonAfter) {
   int looks = 0;
-  now_ = [&](const Patience&) -> facts::Known<facts::Link> {
+  now_ = [&](const Patience&) -> Result<facts::Link> {
     if (++looks < 3) return kNotJoined;
     return kUpstairs;
   };
@@ -197,9 +193,9 @@ TEST_F(LinkWatchOfEvents, BeginsAgainWhereItCouldNot) {
 }
 
 const LinkChange kAllGone{changeOfLink(kHome, kLost, kNotJoined)->gone,
-                          {facts::Reason::linkChanged, "The link was lost."}};
+                          {Reason::linkChanged, "The link was lost."}};
 const LinkChange kRadioGone{changeOfLink(kHome, kBoth, kUpstairs)->gone,
-                            {facts::Reason::linkChanged, "The link moved."}};
+                            {Reason::linkChanged, "The link moved."}};
 
 class BoundToLink : public testing::Test {
  protected:
@@ -236,14 +232,14 @@ TEST_F(BoundToLink, FactsOfALinkThatStaysAreKnown) {
 TEST_F(BoundToLink, FactsOfALinkThatChangedMeanwhileAreNotKnown) {
   const facts::Facts facts = factsOf({facts::Fact::lanPings}, {std::nullopt, kAllGone});
   ASSERT_FALSE(facts.lanPings);
-  EXPECT_EQ(facts.lanPings.why(), kAllGone.why);
+  EXPECT_EQ(facts.lanPings.error(), kAllGone.why);
 }
 
 TEST_F(BoundToLink, NothingIsSentThroughALinkThatChanged) {
   const facts::Facts facts = factsOf({facts::Fact::lanPings}, {kAllGone, kAllGone});
   EXPECT_EQ(runs_, 0);
   ASSERT_FALSE(facts.lanPings);
-  EXPECT_EQ(facts.lanPings.why(), kAllGone.why);
+  EXPECT_EQ(facts.lanPings.error(), kAllGone.why);
 }
 
 TEST_F(BoundToLink, WhatIsReachedStaysKnownWhenTheLinkMovesWithinTheNetwork) {
@@ -256,7 +252,7 @@ TEST_F(BoundToLink, TheLinkIsNotKnownWhenItMovesMeanwhile) {
   const facts::Facts facts =
       factsOf({facts::Fact::link, facts::Fact::radio}, {std::nullopt, kRadioGone});
   ASSERT_FALSE(facts.link);
-  EXPECT_EQ(facts.link.why(), kRadioGone.why);
+  EXPECT_EQ(facts.link.error(), kRadioGone.why);
   EXPECT_TRUE(facts.radio);
 }
 

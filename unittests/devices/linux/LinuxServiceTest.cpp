@@ -19,8 +19,6 @@ namespace {
 
 using facts::Fact;
 using facts::Facts;
-using facts::Reason;
-using facts::Unknown;
 
 // Facts that are known at once, or never.
 class Finder final : public FactFinder {
@@ -32,10 +30,9 @@ class Finder final : public FactFinder {
   std::atomic<int> sendings = 0;
   std::chrono::seconds oldest{-1};
 
-  facts::Known<facts::Link> link(const Patience& /*patience*/) override { return facts.link; }
+  Result<facts::Link> link(const Patience& /*patience*/) override { return facts.link; }
 
-  facts::Known<facts::Scan> scan(std::chrono::seconds oldestScan,
-                                 const Patience& patience) override {
+  Result<facts::Scan> scan(std::chrono::seconds oldestScan, const Patience& patience) override {
     oldest = oldestScan;
     ++scans;
     if (scansForEver)
@@ -116,11 +113,11 @@ TEST_F(LinuxServiceTest, AnswersATestByItsCheck) {
 }
 
 TEST_F(LinuxServiceTest, WhatIsNotKnownIsAnErrorThatSaysWhy) {
-  finder->facts.link = facts::Unknown{facts::Reason::notJoined, "Join a network."};
+  finder->facts.link = Error{Reason::notJoined, "Join a network."};
   VqErrorRef error;
   EXPECT_FALSE(ask(DiagnosticsTestID::PoorSignal, error));
   ASSERT_NE(error, nullptr);
-  EXPECT_EQ(error->code(), static_cast<std::int64_t>(facts::Reason::notJoined));
+  EXPECT_EQ(error->code(), static_cast<std::int64_t>(Reason::notJoined));
   EXPECT_EQ(error->description(), "Join a network.");
 }
 
@@ -224,7 +221,7 @@ TEST_F(LinuxServiceTest, WithoutDescriptorsAnswersWithErrors) {
     VqErrorRef error;
     EXPECT_FALSE(ask(test, error));
     ASSERT_NE(error, nullptr);
-    EXPECT_EQ(error->code(), static_cast<std::int64_t>(facts::Reason::failed));
+    EXPECT_EQ(error->code(), static_cast<std::int64_t>(Reason::failed));
   }
   VqErrorRef error;
   EXPECT_EQ(service.queryStatusForPeer(nullptr, error)->wifi->ssidString, nullptr);
@@ -332,11 +329,11 @@ TEST_F(LinuxServiceTest, TheStatusIsTheLink) {
 }
 
 TEST_F(LinuxServiceTest, NotBeingJoinedIsAStatusToo) {
-  finder->facts.link = facts::Unknown{facts::Reason::notJoined, "Join a network."};
+  finder->facts.link = Error{Reason::notJoined, "Join a network."};
   VqErrorRef error;
   EXPECT_EQ(service.queryStatusForPeer(nullptr, error)->wifi->ssidString, nullptr);
   EXPECT_EQ(error, nullptr);
-  finder->facts.link = facts::Unknown{facts::Reason::noHardware, "It is gone."};
+  finder->facts.link = Error{Reason::noHardware, "It is gone."};
   service.queryStatusForPeer(nullptr, error);
   ASSERT_NE(error, nullptr);
   EXPECT_EQ(error->description(), "It is gone.");

@@ -12,8 +12,6 @@ namespace {
 
 using facts::Fact;
 using facts::Facts;
-using facts::Reason;
-using facts::Unknown;
 
 constexpr facts::Fact kReachFacts[]{facts::Fact::lanPings,       facts::Fact::wanPings,
                                     facts::Fact::nameResolution, facts::Fact::portalProbe,
@@ -21,9 +19,9 @@ constexpr facts::Fact kReachFacts[]{facts::Fact::lanPings,       facts::Fact::wa
                                     facts::Fact::routerOutside};
 
 // Why a fact of this kind is not known; nothing: it is.
-std::optional<facts::Unknown> whyNot(const facts::Facts& facts, facts::Fact fact) {
+std::optional<Error> whyNot(const facts::Facts& facts, facts::Fact fact) {
   const auto why = [](const auto& known) {
-    return known ? std::nullopt : std::optional<facts::Unknown>(known.why());
+    return known ? std::nullopt : std::optional<Error>(known.error());
   };
   switch (fact) {
     case facts::Fact::lanPings:
@@ -52,10 +50,10 @@ class ReachErrands : public testing::Test {
                          [fact](const Errand& errand) { return errand.gives.holds(fact); });
   }
   // Its patience is over, so an errand that tried to send something would find that out only.
-  facts::Unknown whyNotAfter(facts::Fact fact, const facts::Facts& known) const {
+  Error whyNotAfter(facts::Fact fact, const facts::Facts& known) const {
     facts::Facts facts;
     errandOf(fact).run(known, {Clock::now(), cancellation_})(facts);
-    return whyNot(facts, fact).value_or(facts::Unknown{facts::Reason::failed, "It is known."});
+    return whyNot(facts, fact).value_or(Error{Reason::failed, "It is known."});
   }
 
   std::shared_ptr<Lines> log_ = std::make_shared<Lines>();
@@ -90,19 +88,19 @@ TEST_F(ReachErrands, BeginAfterTheScanAndEndWithin15SecondsOfIt) {
 
 TEST_F(ReachErrands, WithoutALinkSayWhyThereIsNone) {
   facts::Facts known;
-  known.link = facts::Unknown{facts::Reason::notJoined, "There is no link."};
+  known.link = Error{Reason::notJoined, "There is no link."};
   known.addresses = facts::Addresses{.ipv4Gateway = "127.0.0.1"};
   for (const facts::Fact fact : kReachFacts) {
-    EXPECT_EQ(whyNotAfter(fact, known), known.link.why()) << errandOf(fact).name;
+    EXPECT_EQ(whyNotAfter(fact, known), known.link.error()) << errandOf(fact).name;
   }
 }
 
 TEST_F(ReachErrands, WithoutAddressesSayWhyThereAreNone) {
   facts::Facts known;
   known.link = facts::Link{.interface = "lo", .ssid = "Home"};
-  known.addresses = facts::Unknown{facts::Reason::failed, "There are no addresses."};
+  known.addresses = Error{Reason::failed, "There are no addresses."};
   for (const facts::Fact fact : kReachFacts) {
-    EXPECT_EQ(whyNotAfter(fact, known), known.addresses.why()) << errandOf(fact).name;
+    EXPECT_EQ(whyNotAfter(fact, known), known.addresses.error()) << errandOf(fact).name;
   }
 }
 
@@ -111,9 +109,9 @@ TEST_F(ReachErrands, WithoutARouterSayThatTheNetworkNamedNone) {
   known.link = facts::Link{.interface = "lo", .ssid = "Home"};
   known.addresses = facts::Addresses{};
   for (const facts::Fact fact : {facts::Fact::lanPings, facts::Fact::routerOutside}) {
-    const facts::Unknown why = whyNotAfter(fact, known);
-    EXPECT_EQ(why.reason, facts::Reason::notTold);
-    EXPECT_NE(why.sentence.find("named no router"), std::string::npos) << why.sentence;
+    const Error why = whyNotAfter(fact, known);
+    EXPECT_EQ(why.reason, Reason::notTold);
+    EXPECT_NE(why.message.find("named no router"), std::string::npos) << why.message;
   }
 }
 
@@ -121,9 +119,9 @@ TEST_F(ReachErrands, WithARouterOfIpv6OnlySayThatThereIsNothingToTranslate) {
   facts::Facts known;
   known.link = facts::Link{.interface = "lo", .ssid = "Home"};
   known.addresses = facts::Addresses{.ipv6Gateway = "fe80::1"};
-  const facts::Unknown why = whyNotAfter(facts::Fact::routerOutside, known);
-  EXPECT_EQ(why.reason, facts::Reason::notTold);
-  EXPECT_EQ(why.sentence.find("named no router"), std::string::npos) << why.sentence;
+  const Error why = whyNotAfter(facts::Fact::routerOutside, known);
+  EXPECT_EQ(why.reason, Reason::notTold);
+  EXPECT_EQ(why.message.find("named no router"), std::string::npos) << why.message;
 }
 
 TEST_F(ReachErrands, SendNothingWhereOnlyAnotherInterfaceHasADefaultRoute) {
@@ -131,7 +129,7 @@ TEST_F(ReachErrands, SendNothingWhereOnlyAnotherInterfaceHasADefaultRoute) {
   known.link = facts::Link{.interface = "lo", .ssid = "Home"};
   known.addresses = facts::Addresses{.otherWayOut = "tun0"};
   for (const facts::Fact fact : kReachFacts) {
-    EXPECT_EQ(whyNotAfter(fact, known).sentence,
+    EXPECT_EQ(whyNotAfter(fact, known).message,
               "The default route goes through tun0, and none through lo: end the other "
               "connection, and try again.");
   }
@@ -145,7 +143,7 @@ TEST_F(ReachErrands, GoThroughTheBondOrBridgeThatHasTheAddresses) {
   known.addresses = facts::Addresses{.ipv4Gateway = "127.0.0.1", .carrier = "lo"};
   facts::Facts facts;
   errands.front().run(known, probes::patient(cancellation_))(facts);
-  ASSERT_TRUE(facts.lanPings) << facts.lanPings.why().sentence;
+  ASSERT_TRUE(facts.lanPings) << facts.lanPings.error().message;
   EXPECT_FALSE(facts.lanPings->answers.empty());
 }
 
@@ -156,7 +154,7 @@ TEST_F(ReachErrands, PingTheRouterThatTheNetworkNamed) {
   facts::Facts facts;
   errandOf(facts::Fact::lanPings)
       .run(known, {Clock::now() + std::chrono::seconds(30), cancellation_})(facts);
-  ASSERT_TRUE(facts.lanPings) << facts.lanPings.why().sentence;
+  ASSERT_TRUE(facts.lanPings) << facts.lanPings.error().message;
   EXPECT_EQ(facts.lanPings->target, "127.0.0.1");
   EXPECT_FALSE(facts.lanPings->answers.empty());
 }
@@ -170,9 +168,9 @@ TEST_F(ReachErrands, WithoutNameServersOfAnAddressPingNothing) {
   facts::Facts facts;
   errands[1].run(known, {Clock::now() + std::chrono::seconds(30), cancellation_})(facts);
   ASSERT_FALSE(facts.wanPings);
-  EXPECT_NE(facts.wanPings.why().sentence.find("could not be looked up (malformed name)"),
+  EXPECT_NE(facts.wanPings.error().message.find("could not be looked up (malformed name)"),
             std::string::npos)
-      << facts.wanPings.why().sentence;
+      << facts.wanPings.error().message;
 }
 
 TEST_F(ReachErrands, KeepWithTheFactWhySomethingWasNotReached) {
@@ -237,8 +235,8 @@ class ReachOfTheInternet : public ReachErrands {
 TEST_F(ReachOfTheInternet, IsNotPingedWhereTheNameServersGiveAnAddressOfTheHouse) {
   const facts::Facts facts = after(facts::Fact::wanPings, {.ipv4Gateway = "192.168.0.1"});
   ASSERT_FALSE(facts.wanPings);
-  EXPECT_NE(facts.wanPings.why().sentence.find("private address 192.168.0.1"), std::string::npos)
-      << facts.wanPings.why().sentence;
+  EXPECT_NE(facts.wanPings.error().message.find("private address 192.168.0.1"), std::string::npos)
+      << facts.wanPings.error().message;
 }
 
 // A server of names that knows none.
@@ -296,7 +294,7 @@ TEST_F(ReachOfTheInternet, AsksTheSystemsServersThroughATunnelButNotThroughACabl
     errandOf(facts::Fact::nameResolution).run(known_, probes::patient(cancellation_))(facts);
     return facts.nameResolution;
   };
-  EXPECT_EQ(lookedUp({.name = "eth0"}).why().sentence,
+  EXPECT_EQ(lookedUp({.name = "eth0"}).error().message,
             "The network's name servers are not known, and the system asks others through eth0: "
             "end the other connection, and try again.");
   EXPECT_EQ(knowing.questions(), 0);
@@ -309,8 +307,8 @@ TEST_F(ReachOfTheInternet, DoesNotDependOnTheSystemsOtherServers) {
   const facts::Facts facts =
       after(facts::Fact::wanPings, {.systemDnsServers = std::vector{server}});
   ASSERT_FALSE(facts.wanPings);
-  EXPECT_NE(facts.wanPings.why().sentence.find("private address 192.168.0.1"), std::string::npos)
-      << facts.wanPings.why().sentence;
+  EXPECT_NE(facts.wanPings.error().message.find("private address 192.168.0.1"), std::string::npos)
+      << facts.wanPings.error().message;
   EXPECT_EQ(other.questions(), 0);
 }
 
@@ -319,8 +317,8 @@ TEST_F(ReachOfTheInternet, IsPingedByIPv6WhereOnlyThatHasARouter) {
   // Whether it can be pinged here or not.
   EXPECT_EQ(facts.wanPings ? facts.wanPings->target : "2001:db8::1", "2001:db8::1");
   if (!facts.wanPings) {
-    EXPECT_EQ(facts.wanPings.why().sentence.find("of the house"), std::string::npos)
-        << facts.wanPings.why().sentence;
+    EXPECT_EQ(facts.wanPings.error().message.find("of the house"), std::string::npos)
+        << facts.wanPings.error().message;
   }
 }
 

@@ -17,7 +17,6 @@ namespace wifi_profile::linux {
 namespace {
 
 namespace fs = std::filesystem;
-using facts::Reason;
 using ieee80211::operator+;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -133,7 +132,7 @@ TEST_F(Switches, ThatOnlyHandsCanTurnAreNotTurned) {
   ASSERT_FALSE(switches.open());
   const auto problem = switches.switchOn();
   ASSERT_TRUE(problem);
-  EXPECT_EQ(problem->reason, facts::Reason::radioOff);
+  EXPECT_EQ(problem->reason, Reason::radioOff);
   EXPECT_THAT(newsOf(switches), IsEmpty());
 }
 
@@ -141,7 +140,7 @@ TEST_F(Switches, OfAnInterfaceThatIsGoneAreUnknown) {
   Rfkill switches = rfkill("wlan9");
   const auto problem = switches.open();
   ASSERT_TRUE(problem);
-  EXPECT_EQ(problem->reason, facts::Reason::noHardware);
+  EXPECT_EQ(problem->reason, Reason::noHardware);
   EXPECT_FALSE(switches.poweredOn());
   EXPECT_THAT(newsOf(switches), IsEmpty());
 }
@@ -151,8 +150,8 @@ TEST_F(Switches, ThatARadioLacksAreNotSupported) {
   Rfkill switches = rfkill("wlan1");
   const auto problem = switches.open();
   ASSERT_TRUE(problem);
-  EXPECT_EQ(problem->reason, facts::Reason::notSupported);
-  EXPECT_EQ(switches.switchOn()->reason, facts::Reason::notSupported);
+  EXPECT_EQ(problem->reason, Reason::notSupported);
+  EXPECT_EQ(switches.switchOn()->reason, Reason::notSupported);
 }
 
 TEST_F(Switches, ThatGiveNoNewsAreKnownAsTheyAreNow) {
@@ -173,7 +172,7 @@ TEST_F(Switches, OfAKernelWithoutTheDeviceAreNotSupported) {
   Rfkill switches = rfkill();
   const auto problem = switches.open();
   ASSERT_TRUE(problem);
-  EXPECT_EQ(problem->reason, facts::Reason::notSupported);
+  EXPECT_EQ(problem->reason, Reason::notSupported);
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 namespace wifi_profile::scenario {
 namespace {
 
-using facts::Reason;
 using namespace std::chrono_literals;
 
 TEST(WorldReader, LeavesAScenarioWithoutAWorldWithoutOne) {
@@ -19,9 +18,9 @@ TEST(WorldReader, SaysOfEveryFactLeftOutThatItIsNotTold) {
   const facts::Facts all = facts("{}");
   const auto sentence = [](const auto& fact) {
     EXPECT_FALSE(fact);
-    EXPECT_EQ(fact.why().reason, facts::Reason::notTold);
-    EXPECT_TRUE(fact.why().sentence.starts_with("The scenario's world does not say "));
-    return fact.why().sentence;
+    EXPECT_EQ(fact.error().reason, Reason::notTold);
+    EXPECT_TRUE(fact.error().message.starts_with("The scenario's world does not say "));
+    return fact.error().message;
   };
   std::set<std::string> sentences{
       sentence(all.link),          sentence(all.scan),           sentence(all.surveys),
@@ -36,30 +35,29 @@ TEST(WorldReader, SaysOfEveryFactLeftOutThatItIsNotTold) {
 TEST(WorldReader, ReadsWhyAFactIsNotKnown) {
   const auto all = facts(R"({"bluetooth":{"unknown":"noService"},
       "savedNetworks":{"unknown":"notPermitted","sentence":"Ask the owner."}})");
-  EXPECT_EQ(all.bluetooth.why().reason, facts::Reason::noService);
-  EXPECT_EQ(all.bluetooth.why().sentence, "The service that knows it is not running.");
-  EXPECT_EQ(all.savedNetworks.why().reason, facts::Reason::notPermitted);
-  EXPECT_EQ(all.savedNetworks.why().sentence, "Ask the owner.");
+  EXPECT_EQ(all.bluetooth.error().reason, Reason::noService);
+  EXPECT_EQ(all.bluetooth.error().message, "The service that knows it is not running.");
+  EXPECT_EQ(all.savedNetworks.error().reason, Reason::notPermitted);
+  EXPECT_EQ(all.savedNetworks.error().message, "Ask the owner.");
 }
 
 TEST(WorldReader, KnowsEveryReasonByNameAndHasASentenceForIt) {
-  const std::pair<const char*, facts::Reason> reasons[]{
-      {"notJoined", facts::Reason::notJoined},
-      {"notInRange", facts::Reason::notInRange},
-      {"notTold", facts::Reason::notTold},
-      {"notPermitted", facts::Reason::notPermitted},
-      {"notSupported", facts::Reason::notSupported},
-      {"noService", facts::Reason::noService},
-      {"noHardware", facts::Reason::noHardware},
-      {"radioOff", facts::Reason::radioOff},
-      {"tookTooLong", facts::Reason::tookTooLong},
-      {"failed", facts::Reason::failed},
-      {"outsideNetwork", facts::Reason::outsideNetwork},
-      {"linkChanged", facts::Reason::linkChanged}};
+  const std::pair<const char*, Reason> reasons[]{{"notJoined", Reason::notJoined},
+                                                 {"notInRange", Reason::notInRange},
+                                                 {"notTold", Reason::notTold},
+                                                 {"notPermitted", Reason::notPermitted},
+                                                 {"notSupported", Reason::notSupported},
+                                                 {"noService", Reason::noService},
+                                                 {"noHardware", Reason::noHardware},
+                                                 {"radioOff", Reason::radioOff},
+                                                 {"tookTooLong", Reason::tookTooLong},
+                                                 {"failed", Reason::failed},
+                                                 {"outsideNetwork", Reason::outsideNetwork},
+                                                 {"linkChanged", Reason::linkChanged}};
   for (const auto& [name, reason] : reasons) {
     const auto all = facts(R"({"link":{"unknown":")" + std::string(name) + R"("}})");
-    EXPECT_EQ(all.link.why().reason, reason) << name;
-    EXPECT_FALSE(all.link.why().sentence.empty()) << name;
+    EXPECT_EQ(all.link.error().reason, reason) << name;
+    EXPECT_FALSE(all.link.error().message.empty()) << name;
   }
   EXPECT_EQ(faultIn(R"({"link":{"unknown":"shy"}})")
                 .find("/world/link/unknown: found the text \"shy\", expected one of \"notJoined\""),

@@ -5,11 +5,8 @@
 namespace wifi_profile::linux::bus {
 
 using facts::Bluetooth;
-using facts::Known;
-using facts::Reason;
-using facts::Unknown;
 
-facts::Known<facts::Bluetooth> bluetoothFrom(const BusValue& objects) {
+Result<facts::Bluetooth> bluetoothFrom(const BusValue& objects) {
   // BlueZ always has an object of its own, so an empty map is not a list of its objects.
   if (objects.map().empty()) return unknownFrom(BusAnswer{}, kBluez);
   bool hasAdapter = false;
@@ -21,15 +18,14 @@ facts::Known<facts::Bluetooth> bluetoothFrom(const BusValue& objects) {
     bluetooth.connected += device.at("Connected").boolean().value_or(false) ? 1 : 0;
   }
   if (!hasAdapter) {
-    return facts::Unknown{
-        facts::Reason::noHardware,
-        "This device has no Bluetooth adapter that BlueZ knows. Plug one in, or load its "
-        "driver."};
+    return Error{Reason::noHardware,
+                 "This device has no Bluetooth adapter that BlueZ knows. Plug one in, or load its "
+                 "driver."};
   }
   return bluetooth;
 }
 
-facts::Known<facts::Bluetooth> readBluetooth(Bus& system, const Patience& patience) {
+Result<facts::Bluetooth> readBluetooth(Bus& system, const Patience& patience) {
   const BusAnswer owner = system.ownerOf(kBluez.busName, patience);
   if (!owner.isGood()) return unknownFrom(owner, kBluez);
   const BusAnswer answer = system.call({owner.first().text().value_or(""),

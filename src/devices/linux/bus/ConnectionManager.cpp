@@ -7,10 +7,7 @@
 namespace wifi_profile::linux::bus {
 
 using facts::ActiveProfile;
-using facts::Known;
-using facts::Reason;
 using facts::SavedNetwork;
-using facts::Unknown;
 
 namespace {
 
@@ -19,15 +16,15 @@ using ManagerKind = ConnectionManager::Kind;
 const char* nameOf(ManagerKind kind) { return kind == ManagerKind::iwd ? "iwd" : "wpa_supplicant"; }
 
 // The reason for facts that iwd and wpa_supplicant do not know.
-facts::Unknown notTold(ManagerKind kind, const char* what) {
-  return {facts::Reason::notTold,
+Error notTold(ManagerKind kind, const char* what) {
+  return {Reason::notTold,
           std::string(nameOf(kind)) + " does not say " + what + "; only NetworkManager does."};
 }
 
 }  // namespace
 
-facts::Known<ManagerKind> ConnectionManager::kind(const std::string& interface,
-                                                  const Patience& patience) {
+Result<ManagerKind> ConnectionManager::kind(const std::string& interface,
+                                            const Patience& patience) {
   if (kind_ && kindOf_ == interface) return *kind_;
   auto found = findKind(interface, patience);
   if (found) {
@@ -37,51 +34,50 @@ facts::Known<ManagerKind> ConnectionManager::kind(const std::string& interface,
   return found;
 }
 
-facts::Known<ManagerKind> ConnectionManager::findKind(const std::string& interface,
-                                                      const Patience& patience) {
+Result<ManagerKind> ConnectionManager::findKind(const std::string& interface,
+                                                const Patience& patience) {
   const auto byNetworkManager = NetworkManager(bus_).manages(interface, patience);
   if (byNetworkManager && *byNetworkManager) return ManagerKind::networkManager;
-  const auto isAbsent = [](const facts::Known<bool>& manages) {
-    return manages || manages.why().reason == facts::Reason::noService;
+  const auto isAbsent = [](const Result<bool>& manages) {
+    return manages || manages.error().reason == Reason::noService;
   };
-  if (!isAbsent(byNetworkManager)) return byNetworkManager.why();
+  if (!isAbsent(byNetworkManager)) return byNetworkManager.error();
   const auto byIwd = Iwd(bus_).manages(interface, patience);
   if (byIwd && *byIwd) return ManagerKind::iwd;
-  if (!isAbsent(byIwd)) return byIwd.why();
+  if (!isAbsent(byIwd)) return byIwd.error();
   const auto bySupplicant = Supplicant(bus_).manages(interface, patience);
   if (bySupplicant && *bySupplicant) return ManagerKind::supplicant;
-  if (!isAbsent(bySupplicant)) return bySupplicant.why();
+  if (!isAbsent(bySupplicant)) return bySupplicant.error();
   if (byNetworkManager) {
-    return facts::Unknown{facts::Reason::noService,
-                          "NetworkManager is running, but does not take care of " + interface +
-                              " (nmcli device set " + interface +
-                              " managed yes), and neither does iwd or "
-                              "wpa_supplicant."};
+    return Error{Reason::noService, "NetworkManager is running, but does not take care of " +
+                                        interface + " (nmcli device set " + interface +
+                                        " managed yes), and neither does iwd or "
+                                        "wpa_supplicant."};
   }
-  return byNetworkManager.why();
+  return byNetworkManager.error();
 }
 
-facts::Known<facts::ActiveProfile> ConnectionManager::activeProfile(const std::string& interface,
-                                                                    const Patience& patience) {
+Result<facts::ActiveProfile> ConnectionManager::activeProfile(const std::string& interface,
+                                                              const Patience& patience) {
   const auto manager = kind(interface, patience);
-  if (!manager) return manager.why();
+  if (!manager) return manager.error();
   if (*manager != ManagerKind::networkManager)
     return notTold(*manager, "how addresses were set up");
   return NetworkManager(bus_).activeProfile(interface, patience);
 }
 
-facts::Known<std::vector<std::string>> ConnectionManager::dnsServers(const std::string& interface,
-                                                                     const Patience& patience) {
+Result<std::vector<std::string>> ConnectionManager::dnsServers(const std::string& interface,
+                                                               const Patience& patience) {
   const auto manager = kind(interface, patience);
-  if (!manager) return manager.why();
+  if (!manager) return manager.error();
   if (*manager != ManagerKind::networkManager) return notTold(*manager, "the link's DNS servers");
   return NetworkManager(bus_).dnsServers(interface, patience);
 }
 
-facts::Known<std::vector<facts::SavedNetwork>> ConnectionManager::savedNetworks(
+Result<std::vector<facts::SavedNetwork>> ConnectionManager::savedNetworks(
     const std::string& interface, const Patience& patience) {
   const auto manager = kind(interface, patience);
-  if (!manager) return manager.why();
+  if (!manager) return manager.error();
   switch (*manager) {
     case ManagerKind::networkManager:
       return NetworkManager(bus_).savedNetworks(patience);
@@ -93,27 +89,27 @@ facts::Known<std::vector<facts::SavedNetwork>> ConnectionManager::savedNetworks(
   return Supplicant(bus_).savedNetworks(interface, patience);
 }
 
-facts::Known<LastScan> ConnectionManager::lastScan(const std::string& interface,
-                                                   const Patience& patience) {
+Result<LastScan> ConnectionManager::lastScan(const std::string& interface,
+                                             const Patience& patience) {
   const auto manager = kind(interface, patience);
-  if (!manager) return manager.why();
+  if (!manager) return manager.error();
   if (*manager != ManagerKind::networkManager) return notTold(*manager, "when it scanned last");
   return NetworkManager(bus_).lastScan(interface, patience);
 }
 
-facts::Known<std::vector<facts::AccessPoint>> ConnectionManager::accessPoints(
+Result<std::vector<facts::AccessPoint>> ConnectionManager::accessPoints(
     const std::string& interface, const Patience& patience) {
   const auto manager = kind(interface, patience);
-  if (!manager) return manager.why();
+  if (!manager) return manager.error();
   if (*manager != ManagerKind::networkManager)
     return notTold(*manager, "which access points it heard");
   return NetworkManager(bus_).accessPoints(interface, patience);
 }
 
-facts::Known<ScanStart> ConnectionManager::requestScan(const std::string& interface,
-                                                       const Patience& patience) {
+Result<ScanStart> ConnectionManager::requestScan(const std::string& interface,
+                                                 const Patience& patience) {
   const auto manager = kind(interface, patience);
-  if (!manager) return manager.why();
+  if (!manager) return manager.error();
   switch (*manager) {
     case ManagerKind::networkManager:
       return NetworkManager(bus_).requestScan(interface, patience);
@@ -125,25 +121,24 @@ facts::Known<ScanStart> ConnectionManager::requestScan(const std::string& interf
   return Supplicant(bus_).requestScan(interface, patience);
 }
 
-facts::Known<bool> ConnectionManager::isRadioOn(const std::string& interface,
-                                                const Patience& patience) {
+Result<bool> ConnectionManager::isRadioOn(const std::string& interface, const Patience& patience) {
   const auto manager = kind(interface, patience);
-  if (!manager) return manager.why();
+  if (!manager) return manager.error();
   if (*manager == ManagerKind::networkManager)
     return NetworkManager(bus_).isWirelessEnabled(patience);
-  return facts::Unknown{facts::Reason::notSupported,
-                        std::string(nameOf(*manager)) + " has no switch for all Wi-Fi."};
+  return Error{Reason::notSupported,
+               std::string(nameOf(*manager)) + " has no switch for all Wi-Fi."};
 }
 
-std::optional<facts::Unknown> ConnectionManager::setRadioOn(const std::string& interface, bool on,
-                                                            const Patience& patience) {
+std::optional<Error> ConnectionManager::setRadioOn(const std::string& interface, bool on,
+                                                   const Patience& patience) {
   const auto manager = kind(interface, patience);
-  if (!manager) return manager.why();
+  if (!manager) return manager.error();
   if (*manager == ManagerKind::networkManager) {
     return NetworkManager(bus_).setWirelessEnabled(on, patience);
   }
-  return facts::Unknown{facts::Reason::notSupported,
-                        std::string(nameOf(*manager)) + " has no switch for all Wi-Fi."};
+  return Error{Reason::notSupported,
+               std::string(nameOf(*manager)) + " has no switch for all Wi-Fi."};
 }
 
 }  // namespace wifi_profile::linux::bus

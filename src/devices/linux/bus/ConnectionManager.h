@@ -10,10 +10,10 @@
 
 #include "analysis/facts/AirFacts.h"
 #include "analysis/facts/DeviceFacts.h"
-#include "analysis/facts/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/bus/Bus.h"
 #include "devices/linux/bus/ScanRequest.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::bus {
 
@@ -23,35 +23,34 @@ class ConnectionManager {
   explicit ConnectionManager(Bus& system) : bus_(system) {}
 
   enum class Kind { networkManager, iwd, supplicant };
-  facts::Known<Kind> kind(const std::string& interface, const Patience& patience);
+  Result<Kind> kind(const std::string& interface, const Patience& patience);
 
   // From NetworkManager; notTold with the others. notJoined: there is no connection.
-  facts::Known<facts::ActiveProfile> activeProfile(const std::string& interface,
-                                                   const Patience& patience);
+  Result<facts::ActiveProfile> activeProfile(const std::string& interface,
+                                             const Patience& patience);
   // From NetworkManager, IPv4 first; notTold with the others.
-  facts::Known<std::vector<std::string>> dnsServers(const std::string& interface,
-                                                    const Patience& patience);
-  facts::Known<std::vector<facts::SavedNetwork>> savedNetworks(const std::string& interface,
-                                                               const Patience& patience);
+  Result<std::vector<std::string>> dnsServers(const std::string& interface,
+                                              const Patience& patience);
+  Result<std::vector<facts::SavedNetwork>> savedNetworks(const std::string& interface,
+                                                         const Patience& patience);
   // When the manager's last scan of the interface ended. From NetworkManager; notTold with the
   // others.
-  facts::Known<LastScan> lastScan(const std::string& interface, const Patience& patience);
+  Result<LastScan> lastScan(const std::string& interface, const Patience& patience);
   // The access points that the manager lists. From NetworkManager; notTold with the others.
-  facts::Known<std::vector<facts::AccessPoint>> accessPoints(const std::string& interface,
-                                                             const Patience& patience);
+  Result<std::vector<facts::AccessPoint>> accessPoints(const std::string& interface,
+                                                       const Patience& patience);
   // Requests a scan. Does not wait for its end.
-  facts::Known<ScanStart> requestScan(const std::string& interface, const Patience& patience);
+  Result<ScanStart> requestScan(const std::string& interface, const Patience& patience);
 
   // Whether the manager's switch for all Wi-Fi is on. From NetworkManager; notSupported with the
   // others.
-  facts::Known<bool> isRadioOn(const std::string& interface, const Patience& patience);
+  Result<bool> isRadioOn(const std::string& interface, const Patience& patience);
   // Sets that switch. Empty: done. notPermitted: this user may not. The service does not ask for a
   // password.
-  std::optional<facts::Unknown> setRadioOn(const std::string& interface, bool on,
-                                           const Patience& patience);
+  std::optional<Error> setRadioOn(const std::string& interface, bool on, const Patience& patience);
 
  private:
-  facts::Known<Kind> findKind(const std::string& interface, const Patience& patience);
+  Result<Kind> findKind(const std::string& interface, const Patience& patience);
 
   Bus& bus_;
   std::optional<Kind> kind_;

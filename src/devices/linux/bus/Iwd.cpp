@@ -7,10 +7,7 @@
 
 namespace wifi_profile::linux::bus {
 
-using facts::Known;
-using facts::Reason;
 using facts::SavedNetwork;
-using facts::Unknown;
 
 namespace {
 
@@ -51,7 +48,7 @@ std::vector<facts::SavedNetwork> savedNetworksFromIwd(const BusValue& objects) {
   return networks;
 }
 
-facts::Known<Iwd::Objects> Iwd::objects(const Patience& patience) {
+Result<Iwd::Objects> Iwd::objects(const Patience& patience) {
   const BusAnswer owner = bus_.ownerOf(kIwd.busName, patience);
   if (!owner.isGood()) return unknownFrom(owner, kIwd);
   const std::string name = owner.first().text().value_or("");
@@ -61,24 +58,23 @@ facts::Known<Iwd::Objects> Iwd::objects(const Patience& patience) {
   return Objects{name, answer.first()};
 }
 
-facts::Known<bool> Iwd::manages(const std::string& interface, const Patience& patience) {
+Result<bool> Iwd::manages(const std::string& interface, const Patience& patience) {
   const auto found = objects(patience);
-  if (!found) return found.why();
+  if (!found) return found.error();
   return stationPath(found->objects, interface).has_value();
 }
 
-facts::Known<std::vector<facts::SavedNetwork>> Iwd::savedNetworks(const Patience& patience) {
+Result<std::vector<facts::SavedNetwork>> Iwd::savedNetworks(const Patience& patience) {
   const auto found = objects(patience);
-  if (!found) return found.why();
+  if (!found) return found.error();
   return savedNetworksFromIwd(found->objects);
 }
 
-facts::Known<ScanStart> Iwd::requestScan(const std::string& interface, const Patience& patience) {
+Result<ScanStart> Iwd::requestScan(const std::string& interface, const Patience& patience) {
   const auto found = objects(patience);
-  if (!found) return found.why();
+  if (!found) return found.error();
   const auto path = stationPath(found->objects, interface);
-  if (!path)
-    return facts::Unknown{facts::Reason::noHardware, "iwd has no station on " + interface + "."};
+  if (!path) return Error{Reason::noHardware, "iwd has no station on " + interface + "."};
   const BusAnswer answer = bus_.call({found->owner, *path, kStation, "Scan", {}}, patience);
   if (answer.isGood()) return ScanStart::started;
   const std::string& error = answer.error->name;

@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "analysis/facts/DeviceFacts.h"
-#include "analysis/facts/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/bus/Bus.h"
 #include "devices/linux/bus/ScanRequest.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::bus {
 
@@ -21,16 +21,16 @@ class Iwd {
   explicit Iwd(Bus& system) : bus_(system) {}
 
   // Whether iwd has a station on that interface; noService if it is not running.
-  facts::Known<bool> manages(const std::string& interface, const Patience& patience);
-  facts::Known<std::vector<facts::SavedNetwork>> savedNetworks(const Patience& patience);
-  facts::Known<ScanStart> requestScan(const std::string& interface, const Patience& patience);
+  Result<bool> manages(const std::string& interface, const Patience& patience);
+  Result<std::vector<facts::SavedNetwork>> savedNetworks(const Patience& patience);
+  Result<ScanStart> requestScan(const std::string& interface, const Patience& patience);
 
  private:
   struct Objects {
     std::string owner;
     BusValue objects;
   };
-  facts::Known<Objects> objects(const Patience& patience);
+  Result<Objects> objects(const Patience& patience);
 
   Bus& bus_;
 };

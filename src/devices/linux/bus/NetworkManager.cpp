@@ -10,10 +10,7 @@
 namespace wifi_profile::linux::bus {
 
 using facts::ActiveProfile;
-using facts::Known;
-using facts::Reason;
 using facts::SavedNetwork;
-using facts::Unknown;
 
 namespace {
 
@@ -40,22 +37,21 @@ std::optional<std::string> objectAt(const BusValue& properties, const char* key)
 
 }  // namespace
 
-facts::Known<std::string> NetworkManager::owner(const Patience& patience) {
+Result<std::string> NetworkManager::owner(const Patience& patience) {
   const BusAnswer answer = bus_.ownerOf(kNetworkManager.busName, patience);
   if (!answer.isGood()) return unknownFrom(answer, kNetworkManager);
   return answer.first().text().value_or("");
 }
 
-facts::Known<NetworkManager::Device> NetworkManager::device(const std::string& interface,
-                                                            const Patience& patience) {
+Result<NetworkManager::Device> NetworkManager::device(const std::string& interface,
+                                                      const Patience& patience) {
   const auto service = owner(patience);
-  if (!service) return service.why();
+  if (!service) return service.error();
   const BusAnswer found =
       bus_.call({*service, kManagerPath, kManager, "GetDeviceByIpIface", {interface}}, patience);
   const auto path = found.first().text();
   if (!path && (found.isGood() || found.error->kind == BusError::Kind::noSuchThing)) {
-    return facts::Unknown{facts::Reason::noHardware,
-                          "NetworkManager knows no interface " + interface + "."};
+    return Error{Reason::noHardware, "NetworkManager knows no interface " + interface + "."};
   }
   if (!path) return unknownFrom(found, kNetworkManager);
   BusAnswer properties = bus_.call(getProperties(*service, *path, kDevice), patience);
@@ -63,20 +59,20 @@ facts::Known<NetworkManager::Device> NetworkManager::device(const std::string& i
   return Device{*service, *path, properties.first()};
 }
 
-facts::Known<bool> NetworkManager::manages(const std::string& interface, const Patience& patience) {
+Result<bool> NetworkManager::manages(const std::string& interface, const Patience& patience) {
   const auto found = device(interface, patience);
-  if (!found && found.why().reason == facts::Reason::noHardware) return false;
-  if (!found) return found.why();
+  if (!found && found.error().reason == Reason::noHardware) return false;
+  if (!found) return found.error();
   const auto state = found->properties.at("State").integer();
   return state.has_value() && *state > kUnmanaged;
 }
 
-facts::Known<facts::ActiveProfile> NetworkManager::activeProfile(const std::string& interface,
-                                                                 const Patience& patience) {
+Result<facts::ActiveProfile> NetworkManager::activeProfile(const std::string& interface,
+                                                           const Patience& patience) {
   const auto found = device(interface, patience);
-  if (!found) return found.why();
+  if (!found) return found.error();
   const auto active = objectAt(found->properties, "ActiveConnection");
-  if (!active) return facts::Unknown{facts::Reason::notJoined, interface + " is not connected."};
+  if (!active) return Error{Reason::notJoined, interface + " is not connected."};
   std::vector<BusCall> calls{getProperty(found->owner, *active, kActive, "Connection")};
   if (const auto dhcp = objectAt(found->properties, "Dhcp4Config")) {
     calls.push_back(getProperty(found->owner, *dhcp, kDhcp4Config, "Options"));
@@ -91,14 +87,13 @@ facts::Known<facts::ActiveProfile> NetworkManager::activeProfile(const std::stri
       {settings.first(), found->properties, answers.size() > 1 ? answers[1].first() : BusValue()});
 }
 
-facts::Known<std::vector<std::string>> NetworkManager::dnsServers(const std::string& interface,
-                                                                  const Patience& patience) {
+Result<std::vector<std::string>> NetworkManager::dnsServers(const std::string& interface,
+                                                            const Patience& patience) {
   const auto found = device(interface, patience);
-  if (!found) return found.why();
+  if (!found) return found.error();
   const auto ip4 = objectAt(found->properties, "Ip4Config");
   const auto ip6 = objectAt(found->properties, "Ip6Config");
-  if (!ip4 && !ip6)
-    return facts::Unknown{facts::Reason::notJoined, interface + " is not connected."};
+  if (!ip4 && !ip6) return Error{Reason::notJoined, interface + " is not connected."};
   const std::string none = "/";
   const auto answers = bus_.call({getProperties(found->owner, ip4.value_or(none), kIp4Config),
                                   getProperties(found->owner, ip6.value_or(none), kIp6Config)},
@@ -112,10 +107,9 @@ facts::Known<std::vector<std::string>> NetworkManager::dnsServers(const std::str
   return servers;
 }
 
-facts::Known<std::vector<facts::SavedNetwork>> NetworkManager::savedNetworks(
-    const Patience& patience) {
+Result<std::vector<facts::SavedNetwork>> NetworkManager::savedNetworks(const Patience& patience) {
   const auto service = owner(patience);
-  if (!service) return service.why();
+  if (!service) return service.error();
   const BusAnswer listed =
       bus_.call({*service, kSettingsPath, kSettings, "ListConnections", {}}, patience);
   if (!listed.isGood()) return unknownFrom(listed, kNetworkManager);
@@ -143,10 +137,9 @@ facts::Known<std::vector<facts::SavedNetwork>> NetworkManager::savedNetworks(
   return networks;
 }
 
-facts::Known<LastScan> NetworkManager::lastScan(const std::string& interface,
-                                                const Patience& patience) {
+Result<LastScan> NetworkManager::lastScan(const std::string& interface, const Patience& patience) {
   const auto found = device(interface, patience);
-  if (!found) return found.why();
+  if (!found) return found.error();
   const BusAnswer answer =
       bus_.call(getProperty(found->owner, found->path, kWireless, "LastScan"), patience);
   const auto time = answer.first().integer();
@@ -154,10 +147,10 @@ facts::Known<LastScan> NetworkManager::lastScan(const std::string& interface,
   return *time < 0 ? LastScan() : LastScan(std::chrono::milliseconds(*time));
 }
 
-facts::Known<std::vector<facts::AccessPoint>> NetworkManager::accessPoints(
-    const std::string& interface, const Patience& patience) {
+Result<std::vector<facts::AccessPoint>> NetworkManager::accessPoints(const std::string& interface,
+                                                                     const Patience& patience) {
   const auto found = device(interface, patience);
-  if (!found) return found.why();
+  if (!found) return found.error();
   const BusAnswer listed =
       bus_.call({found->owner, found->path, kWireless, "GetAllAccessPoints", {}}, patience);
   if (!listed.isGood()) return unknownFrom(listed, kNetworkManager);
@@ -182,10 +175,10 @@ facts::Known<std::vector<facts::AccessPoint>> NetworkManager::accessPoints(
   return points;
 }
 
-facts::Known<ScanStart> NetworkManager::requestScan(const std::string& interface,
-                                                    const Patience& patience) {
+Result<ScanStart> NetworkManager::requestScan(const std::string& interface,
+                                              const Patience& patience) {
   const auto found = device(interface, patience);
-  if (!found) return found.why();
+  if (!found) return found.error();
   const BusAnswer answer =
       bus_.call({found->owner, found->path, kWireless, "RequestScan", {BusOptions{}}}, patience);
   if (answer.isGood()) return ScanStart::started;
@@ -199,9 +192,9 @@ facts::Known<ScanStart> NetworkManager::requestScan(const std::string& interface
   return unknownFrom(answer, kNetworkManager);
 }
 
-facts::Known<bool> NetworkManager::managerFlag(const char* property, const Patience& patience) {
+Result<bool> NetworkManager::managerFlag(const char* property, const Patience& patience) {
   const auto service = owner(patience);
-  if (!service) return service.why();
+  if (!service) return service.error();
   const BusAnswer answer =
       bus_.call(getProperty(*service, kManagerPath, kManager, property), patience);
   const auto flag = answer.first().boolean();
@@ -209,18 +202,17 @@ facts::Known<bool> NetworkManager::managerFlag(const char* property, const Patie
   return *flag;
 }
 
-facts::Known<bool> NetworkManager::isWirelessEnabled(const Patience& patience) {
+Result<bool> NetworkManager::isWirelessEnabled(const Patience& patience) {
   return managerFlag("WirelessEnabled", patience);
 }
 
-facts::Known<bool> NetworkManager::isWirelessHardwareEnabled(const Patience& patience) {
+Result<bool> NetworkManager::isWirelessHardwareEnabled(const Patience& patience) {
   return managerFlag("WirelessHardwareEnabled", patience);
 }
 
-std::optional<facts::Unknown> NetworkManager::setWirelessEnabled(bool enabled,
-                                                                 const Patience& patience) {
+std::optional<Error> NetworkManager::setWirelessEnabled(bool enabled, const Patience& patience) {
   const auto service = owner(patience);
-  if (!service) return service.why();
+  if (!service) return service.error();
   const BusAnswer answer = bus_.call({*service,
                                       kManagerPath,
                                       "org.freedesktop.DBus.Properties",

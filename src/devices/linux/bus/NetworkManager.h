@@ -11,10 +11,10 @@
 
 #include "analysis/facts/AirFacts.h"
 #include "analysis/facts/DeviceFacts.h"
-#include "analysis/facts/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/bus/Bus.h"
 #include "devices/linux/bus/ScanRequest.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::bus {
 
@@ -25,33 +25,33 @@ class NetworkManager {
 
   // Whether NetworkManager manages that interface, and so its scans and profiles; noService if it
   // is not running.
-  facts::Known<bool> manages(const std::string& interface, const Patience& patience);
+  Result<bool> manages(const std::string& interface, const Patience& patience);
 
   // Returns the profile of the interface's connection; notJoined: there is none.
-  facts::Known<facts::ActiveProfile> activeProfile(const std::string& interface,
-                                                   const Patience& patience);
+  Result<facts::ActiveProfile> activeProfile(const std::string& interface,
+                                             const Patience& patience);
   // Returns the link's servers, IPv4 first; notJoined: the interface has no configuration.
-  facts::Known<std::vector<std::string>> dnsServers(const std::string& interface,
-                                                    const Patience& patience);
+  Result<std::vector<std::string>> dnsServers(const std::string& interface,
+                                              const Patience& patience);
   // Returns the profiles of all interfaces, at most kLongestBusList. A profile that this user may
   // not read is left out. notPermitted: this user may read none of them.
-  facts::Known<std::vector<facts::SavedNetwork>> savedNetworks(const Patience& patience);
+  Result<std::vector<facts::SavedNetwork>> savedNetworks(const Patience& patience);
 
   // Returns when the last scan of the interface ended, on CLOCK_BOOTTIME; empty: there was none.
-  facts::Known<LastScan> lastScan(const std::string& interface, const Patience& patience);
+  Result<LastScan> lastScan(const std::string& interface, const Patience& patience);
   // Returns the access points listed for the interface, parsed by `accessPointFrom`; at most
   // kLongestBusList.
-  facts::Known<std::vector<facts::AccessPoint>> accessPoints(const std::string& interface,
-                                                             const Patience& patience);
+  Result<std::vector<facts::AccessPoint>> accessPoints(const std::string& interface,
+                                                       const Patience& patience);
   // Requests a scan. Does not wait for its end (see `lastScan`).
-  facts::Known<ScanStart> requestScan(const std::string& interface, const Patience& patience);
+  Result<ScanStart> requestScan(const std::string& interface, const Patience& patience);
 
   // The software switch and the hardware switch of all Wi-Fi. Reading them needs no privileges.
-  facts::Known<bool> isWirelessEnabled(const Patience& patience);
-  facts::Known<bool> isWirelessHardwareEnabled(const Patience& patience);
+  Result<bool> isWirelessEnabled(const Patience& patience);
+  Result<bool> isWirelessHardwareEnabled(const Patience& patience);
   // Sets the software switch. Empty: done. notPermitted: polkit refuses this user; it does not ask
   // for a password.
-  std::optional<facts::Unknown> setWirelessEnabled(bool enabled, const Patience& patience);
+  std::optional<Error> setWirelessEnabled(bool enabled, const Patience& patience);
 
  private:
   struct Device {
@@ -59,9 +59,9 @@ class NetworkManager {
     std::string path;     // path of the interface's object
     BusValue properties;  // a{sv}
   };
-  facts::Known<std::string> owner(const Patience& patience);
-  facts::Known<Device> device(const std::string& interface, const Patience& patience);
-  facts::Known<bool> managerFlag(const char* property, const Patience& patience);
+  Result<std::string> owner(const Patience& patience);
+  Result<Device> device(const std::string& interface, const Patience& patience);
+  Result<bool> managerFlag(const char* property, const Patience& patience);
 
   Bus& bus_;
 };

@@ -12,9 +12,6 @@ namespace wifi_profile::linux::bus {
 using facts::ActiveProfile;
 using facts::AddressMethod;
 using facts::AddressSettings;
-using facts::Known;
-using facts::Reason;
-using facts::Unknown;
 
 namespace {
 
@@ -115,12 +112,11 @@ std::optional<bool> meteredFrom(const ActiveProfileSources& sources) {
 
 }  // namespace
 
-facts::Known<facts::ActiveProfile> activeProfileFrom(const ActiveProfileSources& sources) {
+Result<facts::ActiveProfile> activeProfileFrom(const ActiveProfileSources& sources) {
   const auto ipv4 = addressSettingsFrom(sources.settings.at("ipv4"));
   const auto ipv6 = addressSettingsFrom(sources.settings.at("ipv6"));
   if (!ipv4 || !ipv6) {
-    return facts::Unknown{facts::Reason::notTold,
-                          "NetworkManager does not say how the profile sets addresses up."};
+    return Error{Reason::notTold, "NetworkManager does not say how the profile sets addresses up."};
   }
   facts::ActiveProfile profile;
   profile.ipv4 = *ipv4;

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "analysis/facts/DeviceFacts.h"
-#include "analysis/facts/Known.h"
 #include "devices/linux/bus/BusValue.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::bus {
 
@@ -24,7 +24,7 @@ struct ActiveProfileSources {
 };
 
 // notTold: the settings do not name a known method for IPv4 and for IPv6.
-facts::Known<facts::ActiveProfile> activeProfileFrom(const ActiveProfileSources& sources);
+Result<facts::ActiveProfile> activeProfileFrom(const ActiveProfileSources& sources);
 
 // Parses a profile of Settings.ListConnections, from its GetSettings. Empty if it is not a profile
 // for joining a Wi-Fi network: it has another type, sets up an access point on this machine, or has

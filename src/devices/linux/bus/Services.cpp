@@ -2,9 +2,6 @@
 
 namespace wifi_profile::linux::bus {
 
-using facts::Reason;
-using facts::Unknown;
-
 namespace {
 
 constexpr BusRemedies kSystemBus{"Start it (systemctl start dbus).",
@@ -26,39 +23,37 @@ const Service kPortal{"org.freedesktop.portal.Desktop", "The desktop's portal",
                       "Start it (systemctl --user start xdg-desktop-portal), or install one.",
                       kSessionBus};
 
-facts::Unknown unknownFrom(const BusError& error, const Service& service) {
+Error unknownFrom(const BusError& error, const Service& service) {
   const std::string name = service.name;
   const std::string words = error.message.empty() ? error.name : error.message;
   switch (error.kind) {
     case BusError::Kind::noBus:
-      return {facts::Reason::noService, "The message bus (D-Bus) cannot be reached (" + words +
-                                            "), so " + name + " cannot be asked. " +
-                                            service.bus.noBus};
+      return {Reason::noService, "The message bus (D-Bus) cannot be reached (" + words + "), so " +
+                                     name + " cannot be asked. " + service.bus.noBus};
     case BusError::Kind::noService:
-      return {facts::Reason::noService, name + " is not running. " + service.remedy};
+      return {Reason::noService, name + " is not running. " + service.remedy};
     case BusError::Kind::noSuchThing:
-      return {facts::Reason::notTold,
+      return {Reason::notTold,
               name + " does not know what it was asked for (" + words + "). Install a newer one."};
     case BusError::Kind::notPermitted:
-      return {facts::Reason::notPermitted,
+      return {Reason::notPermitted,
               name + " does not let this user ask (" + words + "). " + service.bus.notPermitted};
     case BusError::Kind::tookTooLong:
-      return {facts::Reason::tookTooLong,
-              name + " did not answer in time. Try again, or restart it."};
+      return {Reason::tookTooLong, name + " did not answer in time. Try again, or restart it."};
     case BusError::Kind::calledOff:
-      return {facts::Reason::tookTooLong,
+      return {Reason::tookTooLong,
               name + " was not waited for: the run was called off. Start again."};
     case BusError::Kind::unreadable:
-      return {facts::Reason::failed, name +
-                                         " gave an answer that makes no sense. Restart it, or "
-                                         "install a newer one."};
+      return {Reason::failed, name +
+                                  " gave an answer that makes no sense. Restart it, or "
+                                  "install a newer one."};
     case BusError::Kind::failed:
       break;
   }
-  return {facts::Reason::failed, name + " refused: " + words + ". Try again, or restart it."};
+  return {Reason::failed, name + " refused: " + words + ". Try again, or restart it."};
 }
 
-facts::Unknown unknownFrom(const BusAnswer& answer, const Service& service) {
+Error unknownFrom(const BusAnswer& answer, const Service& service) {
   const BusError wrongType{BusError::Kind::unreadable, {}, {}};
   return unknownFrom(answer.error.value_or(wrongType), service);
 }

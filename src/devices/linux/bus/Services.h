@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "analysis/facts/Known.h"
 #include "devices/linux/bus/Bus.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::bus {
 
@@ -29,8 +29,8 @@ extern const Service kBluez;
 extern const Service kPortal;
 
 // Returns the reason and the message for an error of that service.
-facts::Unknown unknownFrom(const BusError& error, const Service& service);
+Error unknownFrom(const BusError& error, const Service& service);
 // The same for an answer. An answer without an error counts as one of a wrong type.
-facts::Unknown unknownFrom(const BusAnswer& answer, const Service& service);
+Error unknownFrom(const BusAnswer& answer, const Service& service);
 
 }  // namespace wifi_profile::linux::bus

@@ -8,7 +8,6 @@
 
 namespace wifi_profile::linux::bus {
 
-using facts::Known;
 using facts::SessionProxy;
 
 namespace {
@@ -49,8 +48,8 @@ facts::SessionProxy proxyInEnvironment(const char* const* environment) {
   return {};
 }
 
-facts::Known<facts::SessionProxy> readSessionProxy(const char* const* environment, Bus& session,
-                                                   const Patience& patience) {
+Result<facts::SessionProxy> readSessionProxy(const char* const* environment, Bus& session,
+                                             const Patience& patience) {
   facts::SessionProxy proxy = proxyInEnvironment(environment);
   if (!proxy.source.empty()) return proxy;
   using Kind = BusError::Kind;

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "analysis/facts/DeviceFacts.h"
-#include "analysis/facts/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/bus/Bus.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::bus {
 
@@ -13,11 +13,11 @@ namespace wifi_profile::linux::bus {
 // strings, ended by a null pointer.
 facts::SessionProxy proxyInEnvironment(const char* const* environment);
 
-// Looks in the environment, then in the desktop's settings, through its portal. Unknown if the
+// Looks in the environment, then in the desktop's settings, through its portal. Error if the
 // portal does not answer. There are no settings, however, if there is no bus and the environment
 // names neither a desktop (XDG_CURRENT_DESKTOP) nor a session bus (DBUS_SESSION_BUS_ADDRESS), or if
 // there is no portal and the environment names no desktop.
-facts::Known<facts::SessionProxy> readSessionProxy(const char* const* environment, Bus& session,
-                                                   const Patience& patience);
+Result<facts::SessionProxy> readSessionProxy(const char* const* environment, Bus& session,
+                                             const Patience& patience);
 
 }  // namespace wifi_profile::linux::bus

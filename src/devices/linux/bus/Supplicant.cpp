@@ -10,10 +10,7 @@
 
 namespace wifi_profile::linux::bus {
 
-using facts::Known;
-using facts::Reason;
 using facts::SavedNetwork;
-using facts::Unknown;
 
 namespace {
 
@@ -54,8 +51,8 @@ std::optional<facts::SavedNetwork> savedNetworkFromSupplicant(const BusValue& pr
   return network;
 }
 
-facts::Known<Supplicant::Object> Supplicant::find(const std::string& interface,
-                                                  const Patience& patience) {
+Result<Supplicant::Object> Supplicant::find(const std::string& interface,
+                                            const Patience& patience) {
   const BusAnswer owner = bus_.ownerOf(kSupplicant.busName, patience);
   if (!owner.isGood()) return unknownFrom(owner, kSupplicant);
   const std::string name = owner.first().text().value_or("");
@@ -63,23 +60,22 @@ facts::Known<Supplicant::Object> Supplicant::find(const std::string& interface,
       bus_.call({name, kRootPath, kRoot, "GetInterface", {interface}}, patience);
   if (const auto path = answer.first().text()) return Object{name, *path};
   if (answer.error && answer.error->kind == BusError::Kind::noSuchThing) {
-    return facts::Unknown{facts::Reason::noHardware,
-                          "wpa_supplicant does not take care of " + interface + "."};
+    return Error{Reason::noHardware, "wpa_supplicant does not take care of " + interface + "."};
   }
   return unknownFrom(answer, kSupplicant);
 }
 
-facts::Known<bool> Supplicant::manages(const std::string& interface, const Patience& patience) {
+Result<bool> Supplicant::manages(const std::string& interface, const Patience& patience) {
   const auto object = find(interface, patience);
   if (object) return true;
-  if (object.why().reason == facts::Reason::noHardware) return false;
-  return object.why();
+  if (object.error().reason == Reason::noHardware) return false;
+  return object.error();
 }
 
-facts::Known<std::vector<facts::SavedNetwork>> Supplicant::savedNetworks(
-    const std::string& interface, const Patience& patience) {
+Result<std::vector<facts::SavedNetwork>> Supplicant::savedNetworks(const std::string& interface,
+                                                                   const Patience& patience) {
   const auto object = find(interface, patience);
-  if (!object) return object.why();
+  if (!object) return object.error();
   const BusAnswer listed =
       bus_.call(getProperty(object->owner, object->path, kInterface, "Networks"), patience);
   if (!listed.isGood()) return unknownFrom(listed, kSupplicant);
@@ -104,10 +100,9 @@ facts::Known<std::vector<facts::SavedNetwork>> Supplicant::savedNetworks(
   return networks;
 }
 
-facts::Known<ScanStart> Supplicant::requestScan(const std::string& interface,
-                                                const Patience& patience) {
+Result<ScanStart> Supplicant::requestScan(const std::string& interface, const Patience& patience) {
   const auto object = find(interface, patience);
-  if (!object) return object.why();
+  if (!object) return object.error();
   const BusAnswer answer =
       bus_.call({object->owner, object->path, kInterface, "Scan", {BusOptions{{"Type", "active"}}}},
                 patience);

@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "analysis/facts/DeviceFacts.h"
-#include "analysis/facts/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/bus/Bus.h"
 #include "devices/linux/bus/ScanRequest.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::bus {
 
@@ -24,18 +24,18 @@ class Supplicant {
   explicit Supplicant(Bus& system) : bus_(system) {}
 
   // Whether wpa_supplicant manages that interface; noService if it is not running.
-  facts::Known<bool> manages(const std::string& interface, const Patience& patience);
+  Result<bool> manages(const std::string& interface, const Patience& patience);
   // Returns the networks of that interface.
-  facts::Known<std::vector<facts::SavedNetwork>> savedNetworks(const std::string& interface,
-                                                               const Patience& patience);
-  facts::Known<ScanStart> requestScan(const std::string& interface, const Patience& patience);
+  Result<std::vector<facts::SavedNetwork>> savedNetworks(const std::string& interface,
+                                                         const Patience& patience);
+  Result<ScanStart> requestScan(const std::string& interface, const Patience& patience);
 
  private:
   struct Object {
     std::string owner;
     std::string path;  // of the interface
   };
-  facts::Known<Object> find(const std::string& interface, const Patience& patience);
+  Result<Object> find(const std::string& interface, const Patience& patience);
 
   Bus& bus_;
 };

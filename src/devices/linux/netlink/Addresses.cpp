@@ -186,7 +186,7 @@ bool isInOwnSubnet(int interface, const std::string& address, const Patience& pa
          isInOwnSubnet(interface, address, addresses);
 }
 
-facts::Known<facts::Addresses> readAddresses(int interface, const Patience& patience) {
+Result<facts::Addresses> readAddresses(int interface, const Patience& patience) {
   constexpr std::string_view kSubject = "the interface's addresses";
   NetlinkSocket socket(NETLINK_ROUTE);
   ifinfomsg link{};
@@ -203,9 +203,9 @@ facts::Known<facts::Addresses> readAddresses(int interface, const Patience& pati
   return addressesOf(interface, addresses, routes);
 }
 
-facts::Known<facts::Addresses> readAddressesOfLink(const facts::Known<Carrier>& carrier,
-                                                   const Patience& patience) {
-  if (!carrier) return carrier.why();
+Result<facts::Addresses> readAddressesOfLink(const Result<Carrier>& carrier,
+                                             const Patience& patience) {
+  if (!carrier) return carrier.error();
   if (carrier->otherMember) return sentByAnother(*carrier->otherMember);
   return readAddresses(carrier->index, patience);
 }

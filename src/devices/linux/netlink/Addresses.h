@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "analysis/facts/DeviceFacts.h"
-#include "analysis/facts/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/netlink/Carrier.h"
 #include "devices/linux/netlink/Socket.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::netlink {
 
@@ -18,12 +18,12 @@ namespace wifi_profile::linux::netlink {
 // this interface. Routes of the main table come before those of other tables. `dnsServers` stays
 // unset: the kernel does not know the name servers. An interface without addresses has empty lists.
 // noHardware: there is no interface of that number.
-facts::Known<facts::Addresses> readAddresses(int interface, const Patience& patience);
+Result<facts::Addresses> readAddresses(int interface, const Patience& patience);
 
-// Returns the addresses of the link, which belong to its carrier. Unknown if the carrier is unknown
+// Returns the addresses of the link, which belong to its carrier. Error if the carrier is unknown
 // or another member of it sends.
-facts::Known<facts::Addresses> readAddressesOfLink(const facts::Known<Carrier>& carrier,
-                                                   const Patience& patience);
+Result<facts::Addresses> readAddressesOfLink(const Result<Carrier>& carrier,
+                                             const Patience& patience);
 
 // Whether a numeric address lies in a subnet of the interface's own addresses. False if the kernel
 // does not answer.

@@ -97,20 +97,20 @@ std::optional<Carrier> carrierOf(int interface, const std::vector<Message>& link
   return carrier;
 }
 
-facts::Unknown sentByAnother(const OtherMember& other) {
+Error sentByAnother(const OtherMember& other) {
   if (other.sendsAlone) {
-    return {facts::Reason::notTold, other.master + " sends through its member " + other.name +
-                                        ", so what is reached is not reached through Wi-Fi: make " +
-                                        other.memberOfLink + " the active member of " +
-                                        other.master + ", and try again."};
+    return {Reason::notTold, other.master + " sends through its member " + other.name +
+                                 ", so what is reached is not reached through Wi-Fi: make " +
+                                 other.memberOfLink + " the active member of " + other.master +
+                                 ", and try again."};
   }
-  return {facts::Reason::notTold,
+  return {Reason::notTold,
           other.master + " may send through its member " + other.name +
               ", so what is reached may not be reached through Wi-Fi: take all members but " +
               other.memberOfLink + " out of " + other.master + ", and try again."};
 }
 
-facts::Known<Carrier> readCarrier(int interface, const Patience& patience) {
+Result<Carrier> readCarrier(int interface, const Patience& patience) {
   constexpr std::string_view kSubject = "the interfaces";
   NetlinkSocket socket(NETLINK_ROUTE);
   Request request(RTM_GETLINK, octetsIn(ifinfomsg{}), Request::Kind::dump);

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "analysis/facts/DeviceFacts.h"
-#include "analysis/facts/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/netlink/Socket.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::netlink {
 
@@ -33,13 +33,13 @@ struct Carrier {
 };
 
 // Reads the carrier of a link. noHardware: there is no interface of that number.
-facts::Known<Carrier> readCarrier(int interface, const Patience& patience);
+Result<Carrier> readCarrier(int interface, const Patience& patience);
 
 // Pure version, from RTM_NEWLINK messages of all interfaces. Any thread.
 std::optional<Carrier> carrierOf(int interface, const std::vector<Message>& links);
 
 // Explains why the addresses are unknown when another member sends.
-facts::Unknown sentByAnother(const OtherMember& other);
+Error sentByAnother(const OtherMember& other);
 
 // Returns the number of the interface through which packets to this numeric address leave. Empty:
 // there is no route, or the kernel does not answer.

@@ -13,12 +13,8 @@ namespace wifi_profile::linux::netlink {
 
 namespace {
 
-using facts::Known;
-using facts::Reason;
-using facts::Unknown;
-
-const facts::Unknown kGone{facts::Reason::noHardware,
-                           "The Wi-Fi interface is gone. Plug it in again, or use another one."};
+const Error kGone{Reason::noHardware,
+                  "The Wi-Fi interface is gone. Plug it in again, or use another one."};
 
 Request about(int family, int command, Request::Kind kind, const WifiInterface& interface) {
   Request request(family, command, kind);
@@ -38,8 +34,8 @@ int groupOf(const Attributes& family, std::string_view name) {
 
 }  // namespace
 
-facts::Unknown noWifiDevice() {
-  return {facts::Reason::noHardware,
+Error noWifiDevice() {
+  return {Reason::noHardware,
           "There is no Wi-Fi device, or its driver is not loaded. Plug one in, or load its driver "
           "(modprobe)."};
 }
@@ -61,19 +57,19 @@ NotDone Nl80211::open(const Patience& patience) {
   return std::nullopt;
 }
 
-facts::Known<std::vector<Message>> Nl80211::ask(Request& request, std::string_view subject,
-                                                const Patience& patience) {
+Result<std::vector<Message>> Nl80211::ask(Request& request, std::string_view subject,
+                                          const Patience& patience) {
   std::vector<Message> answers;
   const int error = requests_.ask(request, patience, answers);
   if (error != 0) return unknownFor(error, subject);
   return answers;
 }
 
-facts::Known<std::vector<WifiInterface>> Nl80211::interfaces(const Patience& patience) {
+Result<std::vector<WifiInterface>> Nl80211::interfaces(const Patience& patience) {
   if (auto problem = open(patience)) return *problem;
   Request request(family_, NL80211_CMD_GET_INTERFACE, Request::Kind::dump);
   const auto answers = ask(request, "the Wi-Fi interfaces", patience);
-  if (!answers) return answers.why();
+  if (!answers) return answers.error();
   std::vector<WifiInterface> interfaces;
   for (const Message& answer : *answers) {
     if (auto one = interfaceOf(Attributes(answer.payload))) interfaces.push_back(std::move(*one));
@@ -83,21 +79,21 @@ facts::Known<std::vector<WifiInterface>> Nl80211::interfaces(const Patience& pat
   return interfaces;
 }
 
-facts::Known<WifiInterface> Nl80211::now(const WifiInterface& interface, const Patience& patience) {
+Result<WifiInterface> Nl80211::now(const WifiInterface& interface, const Patience& patience) {
   auto request = about(family_, NL80211_CMD_GET_INTERFACE, Request::Kind::one, interface);
   const auto answers = ask(request, "the state of the interface", patience);
-  if (!answers) return answers.why();
+  if (!answers) return answers.error();
   if (answers->empty()) return kGone;
   const auto read = interfaceOf(Attributes(answers->front().payload));
   if (!read) return kGone;
   return *read;
 }
 
-facts::Known<std::vector<ScanEntry>> Nl80211::scanEntries(const WifiInterface& interface,
-                                                          const Patience& patience) {
+Result<std::vector<ScanEntry>> Nl80211::scanEntries(const WifiInterface& interface,
+                                                    const Patience& patience) {
   auto request = about(family_, NL80211_CMD_GET_SCAN, Request::Kind::dump, interface);
   const auto answers = ask(request, "the list of access points", patience);
-  if (!answers) return answers.why();
+  if (!answers) return answers.error();
   std::vector<ScanEntry> entries;
   const auto time = sinceBoot();
   for (const Message& answer : *answers) {
@@ -108,14 +104,14 @@ facts::Known<std::vector<ScanEntry>> Nl80211::scanEntries(const WifiInterface& i
   return entries;
 }
 
-facts::Known<facts::Link> Nl80211::link(const WifiInterface& interface, const Patience& patience) {
+Result<facts::Link> Nl80211::link(const WifiInterface& interface, const Patience& patience) {
   if (auto problem = open(patience)) return *problem;
   const auto current = now(interface, patience);
-  if (!current) return current.why();
+  if (!current) return current.error();
 
   auto request = about(family_, NL80211_CMD_GET_STATION, Request::Kind::dump, interface);
   const auto stations = ask(request, "the link", patience);
-  if (!stations) return stations.why();
+  if (!stations) return stations.error();
   std::optional<StationEntry> station;
   for (const Message& answer : *stations) {
     if (!station) station = stationEntryOf(Attributes(answer.payload));
@@ -124,7 +120,7 @@ facts::Known<facts::Link> Nl80211::link(const WifiInterface& interface, const Pa
   if (station) {
     auto entries = scanEntries(*current, patience);
     // Without the scan list, some values of the link are missing.
-    if (!entries && entries.why().reason == facts::Reason::tookTooLong) return entries.why();
+    if (!entries && entries.error().reason == Reason::tookTooLong) return entries.error();
     if (entries) {
       const auto found = std::ranges::find_if(*entries, &ScanEntry::joined);
       if (found != entries->end()) joined = std::move(*found);
@@ -132,9 +128,8 @@ facts::Known<facts::Link> Nl80211::link(const WifiInterface& interface, const Pa
   }
   const auto link = linkOf(*current, station, joined);
   if (!link) {
-    return facts::Unknown{
-        facts::Reason::notJoined,
-        "The Wi-Fi interface is not joined to a network. Join one and try again."};
+    return Error{Reason::notJoined,
+                 "The Wi-Fi interface is not joined to a network. Join one and try again."};
   }
   return *link;
 }
@@ -156,11 +151,11 @@ LinkEvents Nl80211::takeLinkEvents(const WifiInterface& interface) {
   return taken;
 }
 
-facts::Known<ScanList> Nl80211::scan(const WifiInterface& interface, const Patience& patience,
-                                     std::optional<std::chrono::nanoseconds> heardSince) {
+Result<ScanList> Nl80211::scan(const WifiInterface& interface, const Patience& patience,
+                               std::optional<std::chrono::nanoseconds> heardSince) {
   if (auto problem = open(patience)) return *problem;
   auto entries = scanEntries(interface, patience);
-  if (!entries) return entries.why();
+  if (!entries) return entries.error();
   if (heardSince) {
     removeOlderThan(std::chrono::ceil<std::chrono::milliseconds>(sinceBoot() - *heardSince),
                     *entries);
@@ -168,12 +163,12 @@ facts::Known<ScanList> Nl80211::scan(const WifiInterface& interface, const Patie
   return scanListOf(std::move(*entries));
 }
 
-facts::Known<std::vector<facts::ChannelSurvey>> Nl80211::surveys(const WifiInterface& interface,
-                                                                 const Patience& patience) {
+Result<std::vector<facts::ChannelSurvey>> Nl80211::surveys(const WifiInterface& interface,
+                                                           const Patience& patience) {
   if (auto problem = open(patience)) return *problem;
   auto request = about(family_, NL80211_CMD_GET_SURVEY, Request::Kind::dump, interface);
   const auto answers = ask(request, "the survey of the channels", patience);
-  if (!answers) return answers.why();
+  if (!answers) return answers.error();
   std::vector<facts::ChannelSurvey> surveys;
   for (const Message& answer : *answers) {
     if (const auto one = surveyOf(Attributes(answer.payload))) surveys.push_back(*one);
@@ -183,22 +178,20 @@ facts::Known<std::vector<facts::ChannelSurvey>> Nl80211::surveys(const WifiInter
   return surveys;
 }
 
-facts::Known<facts::Radio> Nl80211::radio(const WifiInterface& interface,
-                                          const Patience& patience) {
+Result<facts::Radio> Nl80211::radio(const WifiInterface& interface, const Patience& patience) {
   const auto all = interfaces(patience);
-  if (!all) return all.why();
+  if (!all) return all.error();
   auto radio = abilities(interface, patience);
   if (radio) radio->interfaces = interfacesBeside(interface, *all);
   return radio;
 }
 
-facts::Known<facts::Radio> Nl80211::abilities(const WifiInterface& interface,
-                                              const Patience& patience) {
+Result<facts::Radio> Nl80211::abilities(const WifiInterface& interface, const Patience& patience) {
   if (auto problem = open(patience)) return *problem;
   Request request(family_, NL80211_CMD_GET_WIPHY, Request::Kind::dump);
   request.putFlag(NL80211_ATTR_SPLIT_WIPHY_DUMP).put(NL80211_ATTR_WIPHY, interface.wiphy);
   const auto answers = ask(request, "the abilities of the radio", patience);
-  if (!answers) return answers.why();
+  if (!answers) return answers.error();
   facts::Radio radio;
   bool found = false;
   for (const Message& answer : *answers) {
@@ -213,21 +206,20 @@ facts::Known<facts::Radio> Nl80211::abilities(const WifiInterface& interface,
   return radio;
 }
 
-facts::Known<facts::Regulatory> Nl80211::regulatory(const WifiInterface& interface,
-                                                    const Patience& patience) {
+Result<facts::Regulatory> Nl80211::regulatory(const WifiInterface& interface,
+                                              const Patience& patience) {
   if (auto problem = open(patience)) return *problem;
   Request request(family_, NL80211_CMD_GET_REG, Request::Kind::one);
   request.put(NL80211_ATTR_WIPHY, interface.wiphy);
   const auto answers = ask(request, "the country of the rules", patience);
-  if (!answers) return answers.why();
+  if (!answers) return answers.error();
   if (!answers->empty()) {
     const auto regulatory = regulatoryOf(Attributes(answers->front().payload));
     if (regulatory) return *regulatory;
   }
-  return facts::Unknown{
-      facts::Reason::notTold,
-      "The kernel follows rules that are no country's, such as the driver's own. Set the "
-      "country, for instance with `iw reg set`."};
+  return Error{Reason::notTold,
+               "The kernel follows rules that are no country's, such as the driver's own. Set the "
+               "country, for instance with `iw reg set`."};
 }
 
 }  // namespace wifi_profile::linux::netlink

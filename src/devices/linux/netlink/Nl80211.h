@@ -16,21 +16,21 @@
 #include <vector>
 
 #include "analysis/facts/AirFacts.h"
-#include "analysis/facts/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/netlink/Interfaces.h"
 #include "devices/linux/netlink/LinkEntries.h"
 #include "devices/linux/netlink/ScanEntries.h"
 #include "devices/linux/netlink/ScanEvents.h"
 #include "devices/linux/netlink/Socket.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::netlink {
 
 // The result of an operation without a value. Empty: done; otherwise why it was not.
-using NotDone = std::optional<facts::Unknown>;
+using NotDone = std::optional<Error>;
 
 // The reason to give when this machine has no Wi-Fi device.
-facts::Unknown noWifiDevice();
+Error noWifiDevice();
 
 class Nl80211 {
  public:
@@ -40,23 +40,23 @@ class Nl80211 {
 
   // Returns all interfaces of all radios: stations before others, joined ones before those that are
   // not, then by the kernel's number. Never an empty list; noHardware instead.
-  facts::Known<std::vector<WifiInterface>> interfaces(const Patience& patience);
+  Result<std::vector<WifiInterface>> interfaces(const Patience& patience);
 
   // Returns the access point that the interface is joined to. notJoined; noHardware: the interface
   // is gone.
-  facts::Known<facts::Link> link(const WifiInterface& interface, const Patience& patience);
+  Result<facts::Link> link(const WifiInterface& interface, const Patience& patience);
 
   // Returns the kernel's list of access points. The kernel keeps each for 30 s after it was last
   // heard. With `heardSince`, a time since boot, access points last heard earlier are left out (see
   // `removeOlderThan`). An empty list is a valid answer. Any user.
-  facts::Known<ScanList> scan(const WifiInterface& interface, const Patience& patience,
-                              std::optional<std::chrono::nanoseconds> heardSince = std::nullopt);
+  Result<ScanList> scan(const WifiInterface& interface, const Patience& patience,
+                        std::optional<std::chrono::nanoseconds> heardSince = std::nullopt);
 
   // Scans all channels, with probes for any network, and waits for the results. Waits for another
   // program's scan to end first. Returns the time since boot when the scan began. notPermitted:
   // ordinary users may not scan. radioOff. failed: the scan was aborted. tookTooLong.
-  facts::Known<std::chrono::nanoseconds> triggerScan(const WifiInterface& interface,
-                                                     const Patience& patience);
+  Result<std::chrono::nanoseconds> triggerScan(const WifiInterface& interface,
+                                               const Patience& patience);
 
   // For a scan that another program makes. `watchScans` starts to record scan events.
   // `awaitScanResults` returns when a scan that counts (see ScansThat) has brought results, at once
@@ -71,32 +71,31 @@ class Nl80211 {
   LinkEvents takeLinkEvents(const WifiInterface& interface);
 
   // Returns the channel surveys in order of frequency. notSupported: the driver does not measure.
-  facts::Known<std::vector<facts::ChannelSurvey>> surveys(const WifiInterface& interface,
-                                                          const Patience& patience);
+  Result<std::vector<facts::ChannelSurvey>> surveys(const WifiInterface& interface,
+                                                    const Patience& patience);
 
   // Returns the abilities of the radio and its other interfaces.
-  facts::Known<facts::Radio> radio(const WifiInterface& interface, const Patience& patience);
+  Result<facts::Radio> radio(const WifiInterface& interface, const Patience& patience);
   // Returns the same without the interfaces, with one request less.
-  facts::Known<facts::Radio> abilities(const WifiInterface& interface, const Patience& patience);
+  Result<facts::Radio> abilities(const WifiInterface& interface, const Patience& patience);
 
   // Returns the country whose rules the interface's radio follows: the radio's own rules if it
   // manages them itself, otherwise the kernel's. notTold: the rules are not a country's.
-  facts::Known<facts::Regulatory> regulatory(const WifiInterface& interface,
-                                             const Patience& patience);
+  Result<facts::Regulatory> regulatory(const WifiInterface& interface, const Patience& patience);
 
  private:
   static constexpr int kProtocol = 16;  // NETLINK_GENERIC
 
   // `subject` names the request, as for `unknownFor`.
-  facts::Known<std::vector<Message>> ask(Request& request, std::string_view subject,
-                                         const Patience& patience);
-  facts::Known<WifiInterface> now(const WifiInterface& interface, const Patience& patience);
-  facts::Known<std::vector<ScanEntry>> scanEntries(const WifiInterface& interface,
-                                                   const Patience& patience);
+  Result<std::vector<Message>> ask(Request& request, std::string_view subject,
+                                   const Patience& patience);
+  Result<WifiInterface> now(const WifiInterface& interface, const Patience& patience);
+  Result<std::vector<ScanEntry>> scanEntries(const WifiInterface& interface,
+                                             const Patience& patience);
   // Returns 0 or errno's number. `flags` are nl80211's.
   int startScan(const WifiInterface& interface, const Patience& patience, std::uint32_t flags);
   // Explains why this interface refused to scan.
-  facts::Unknown whyNoScan(const WifiInterface& interface, const Patience& patience);
+  Error whyNoScan(const WifiInterface& interface, const Patience& patience);
   // Waits for the end of a scan. Returns 0 or errno's number. ENOBUFS: events were lost.
   int awaitScanEnd(const WifiInterface& interface, ScansThat which, const Patience& patience,
                    ScanEvents::End& end);

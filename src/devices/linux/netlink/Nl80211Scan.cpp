@@ -13,8 +13,8 @@ namespace {
 
 constexpr std::string_view kSubject = "a new scan's results";
 
-facts::Unknown abortedScan() {
-  return {facts::Reason::failed,
+Error abortedScan() {
+  return {Reason::failed,
           "The scan was given up half-way: by the driver, or because another program aborted it. "
           "Try again."};
 }
@@ -64,19 +64,19 @@ int Nl80211::startScan(const WifiInterface& interface, const Patience& patience,
   return requests_.ask(request, patience, answers);
 }
 
-facts::Unknown Nl80211::whyNoScan(const WifiInterface& interface, const Patience& patience) {
+Error Nl80211::whyNoScan(const WifiInterface& interface, const Patience& patience) {
   const auto current = now(interface, patience);
   if (!current || current->role == facts::RadioInterface::Role::station) {
     return unknownFor(EOPNOTSUPP, kSubject);
   }
-  return {facts::Reason::notSupported,
+  return {Reason::notSupported,
           "The interface is no station but an access point, a monitor or the like, which does not "
           "scan. Use another interface, or make it a station (iw dev " +
               current->name + " set type managed)."};
 }
 
-facts::Known<std::chrono::nanoseconds> Nl80211::triggerScan(const WifiInterface& interface,
-                                                            const Patience& patience) {
+Result<std::chrono::nanoseconds> Nl80211::triggerScan(const WifiInterface& interface,
+                                                      const Patience& patience) {
   // On 6 GHz, scans only channels that access points of other bands announce, and the preferred
   // scanning channels. The others, most of the band, would take seconds.
   std::uint32_t flags = NL80211_SCAN_FLAG_COLOCATED_6GHZ;

@@ -241,37 +241,34 @@ void NetlinkSocket::keepEvents(ieee80211::Bytes received) {
   }
 }
 
-facts::Unknown unknownFor(int error, std::string_view subject) {
-  using facts::Reason;
+Error unknownFor(int error, std::string_view subject) {
   const std::string what(subject);
   switch (error) {
     case ENODEV:
     case ENXIO:
-      return {facts::Reason::noHardware, "The Wi-Fi interface is gone, and with it " + what +
-                                             ". Plug it in again, or use another one."};
+      return {Reason::noHardware, "The Wi-Fi interface is gone, and with it " + what +
+                                      ". Plug it in again, or use another one."};
     case EPERM:
     case EACCES:
-      return {facts::Reason::notPermitted,
-              "This user may not ask the kernel for " + what +
-                  "; that needs the capability CAP_NET_ADMIN. Run as root."};
+      return {Reason::notPermitted, "This user may not ask the kernel for " + what +
+                                        "; that needs the capability CAP_NET_ADMIN. Run as root."};
     case EOPNOTSUPP:
     case EPROTONOSUPPORT:
     case EAFNOSUPPORT:
-      return {facts::Reason::notSupported, "The driver or the kernel cannot tell " + what +
-                                               ". Use another Wi-Fi device, or a newer kernel."};
+      return {Reason::notSupported, "The driver or the kernel cannot tell " + what +
+                                        ". Use another Wi-Fi device, or a newer kernel."};
     case ENETDOWN:
     case ERFKILL:
-      return {facts::Reason::radioOff, "Wi-Fi is off, so the kernel could not tell " + what +
-                                           ". Switch it on and try again."};
+      return {Reason::radioOff, "Wi-Fi is off, so the kernel could not tell " + what +
+                                    ". Switch it on and try again."};
     case ETIMEDOUT:
-      return {facts::Reason::tookTooLong,
-              "The kernel did not tell " + what + " in time. Try again."};
+      return {Reason::tookTooLong, "The kernel did not tell " + what + " in time. Try again."};
     case ECANCELED:
-      return {facts::Reason::tookTooLong,
+      return {Reason::tookTooLong,
               "The kernel was asked for " + what + ", but it was called off. Start again."};
     default:
-      return {facts::Reason::failed, "The kernel did not tell " + what + ": " +
-                                         std::generic_category().message(error) + ". Try again."};
+      return {Reason::failed, "The kernel did not tell " + what + ": " +
+                                  std::generic_category().message(error) + ". Try again."};
   }
 }
 

@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
-#include "analysis/facts/Known.h"
 #include "analysis/ieee80211/Bytes.h"
 #include "devices/linux/Patience.h"
+#include "diagnostic/platform/Result.h"
 
 struct nl_msg;
 struct nl_sock;
@@ -111,6 +111,6 @@ class NetlinkSocket {
 };
 
 // Explains errno's number. `subject` names what is missing, such as "the link".
-facts::Unknown unknownFor(int error, std::string_view subject);
+Error unknownFor(int error, std::string_view subject);
 
 }  // namespace wifi_profile::linux::netlink

@@ -261,7 +261,7 @@ Addresses addressesOf(const UrlParts& url, const HttpRequest& request, const Way
   if (addressOf(url.host, 0, way.interface)) return {};
   auto answer = resolve(url.host, way, patience);
   if (!answer) {
-    if (answer.why().reason == facts::Reason::failed) {
+    if (answer.error().reason == Reason::failed) {
       return {{}, "no name can be looked up", kMoreRoom};
     }
     return {{}, "timed out", {}};
@@ -395,8 +395,8 @@ std::string resolvedUrl(const std::string& base, const std::string& reference) {
   return partOf(url.get(), CURLUPART_URL, 0);
 }
 
-facts::Unknown notAsked(const HttpAnswer& answer) {
-  return {facts::Reason::failed,
+Error notAsked(const HttpAnswer& answer) {
+  return {Reason::failed,
           "The site could not be asked (" + answer.problem + "): " + answer.remedy + "."};
 }
 

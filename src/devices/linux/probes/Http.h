@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "analysis/facts/Known.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/probes/Names.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::probes {
 
@@ -32,8 +32,8 @@ struct HttpAnswer {
   std::string remedy;
 };
 
-// Turns an answer with a remedy into Unknown.
-facts::Unknown notAsked(const HttpAnswer& answer);
+// Turns an answer with a remedy into an Error.
+Error notAsked(const HttpAnswer& answer);
 
 // Makes the request. Ends with problem "timed out" at the deadline, after 5 s without a connection,
 // and soon after being cancelled.

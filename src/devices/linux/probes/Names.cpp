@@ -309,7 +309,7 @@ class Resolver {
 };
 
 // Looks a name up at one set of servers.
-facts::Known<NameAnswer> ask(const std::string& name, const Way& way, const Patience& patience) {
+Result<NameAnswer> ask(const std::string& name, const Way& way, const Patience& patience) {
   if (patience.cancellation.isCancelled()) return calledOff();
   NameAnswer answer;
   answer.resolution.name = name;
@@ -353,8 +353,7 @@ void keepSites(NameAnswer& answer) {
 
 }  // namespace
 
-facts::Known<NameAnswer> resolve(const std::string& name, const Way& way,
-                                 const Patience& patience) {
+Result<NameAnswer> resolve(const std::string& name, const Way& way, const Patience& patience) {
   auto answer = ask(name, way, patience.atMost(kInAll));
   if (answer && answer->addresses != std::vector{name} && !way.interface.empty()) {
     keepSites(*answer);
@@ -362,9 +361,8 @@ facts::Known<NameAnswer> resolve(const std::string& name, const Way& way,
   return answer;
 }
 
-facts::Known<NameAnswer> resolveAsSystem(const std::string& name,
-                                         const std::vector<std::string>& servers,
-                                         const Patience& patience) {
+Result<NameAnswer> resolveAsSystem(const std::string& name, const std::vector<std::string>& servers,
+                                   const Patience& patience) {
   auto answer = ask(name, {{}, servers}, patience.atMost(kInAll));
   if (answer && answer->addresses != std::vector{name}) keepSites(*answer);
   return answer;

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "analysis/facts/Known.h"
 #include "analysis/facts/ReachFacts.h"
 #include "devices/linux/Patience.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::probes {
 
@@ -34,13 +34,12 @@ struct NameAnswer {
 // name", "no address of this name", "timed out", "refused", "server failed", "malformed answer",
 // "no name server", "malformed name"; and, if an interface is named, "blocked: ..." if all
 // addresses are ones that no site can have (loopback, unspecified, link-local, multicast,
-// broadcast). Such addresses are left out. Unknown: failed, if the resolver cannot be set up.
-facts::Known<NameAnswer> resolve(const std::string& name, const Way& way, const Patience& patience);
+// broadcast). Such addresses are left out. Error: failed, if the resolver cannot be set up.
+Result<NameAnswer> resolve(const std::string& name, const Way& way, const Patience& patience);
 
 // As `resolve`, but with the system's servers, as the system routes. Addresses that no site can
 // have are left out.
-facts::Known<NameAnswer> resolveAsSystem(const std::string& name,
-                                         const std::vector<std::string>& servers,
-                                         const Patience& patience);
+Result<NameAnswer> resolveAsSystem(const std::string& name, const std::vector<std::string>& servers,
+                                   const Patience& patience);
 
 }  // namespace wifi_profile::linux::probes

@@ -30,16 +30,14 @@ std::optional<std::string> secondHopTo(const std::string& host, const std::strin
 
 }  // namespace
 
-facts::Known<facts::RouterOutside> routerOutside(const std::string& gateway,
-                                                 const std::string& wanHost, const Way& way,
-                                                 const Patience& patience) {
+Result<facts::RouterOutside> routerOutside(const std::string& gateway, const std::string& wanHost,
+                                           const Way& way, const Patience& patience) {
   if (patience.isOver()) return calledOff();
   const auto router = hostAddress(gateway);
   if (!router) {
-    return facts::Unknown{facts::Reason::failed,
-                          '"' + shortText(gateway) +
-                              "\" is no IPv4 address of a router: renew the address (join "
-                              "again), or look at the router's DHCP settings."};
+    return Error{Reason::failed, '"' + shortText(gateway) +
+                                     "\" is no IPv4 address of a router: renew the address (join "
+                                     "again), or look at the router's DHCP settings."};
   }
   facts::RouterOutside outside;
   try {
@@ -52,7 +50,7 @@ facts::Known<facts::RouterOutside> routerOutside(const std::string& gateway,
     const auto other = byUpnp.get();
     if (!isOutside(outside.address) && other) outside.address = other;
   } catch (const std::system_error&) {
-    return facts::Unknown{facts::Reason::failed, "The system has no threads left: close programs."};
+    return Error{Reason::failed, "The system has no threads left: close programs."};
   }
   if (patience.cancellation.isCancelled()) return calledOff();
   return outside;

@@ -4,10 +4,10 @@
 
 #include <string>
 
-#include "analysis/facts/Known.h"
 #include "analysis/facts/ReachFacts.h"
 #include "devices/linux/Patience.h"
 #include "devices/linux/probes/Names.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::probes {
 
@@ -17,10 +17,9 @@ namespace wifi_profile::linux::probes {
 // `wanHost` a name or an address. Only the router's own answers count. If both protocols bring an
 // address, NAT-PMP's is used unless it cannot be an outer address (for instance link-local or
 // loopback). Without an interface in `way`, discovery asks only the router, not the multicast
-// group. What is not found out stays unset. Unknown: failed, if the gateway is not an IPv4 address.
+// group. What is not found out stays unset. Error: failed, if the gateway is not an IPv4 address.
 // Without an IPv4 address of `wanHost` only the second hop stays unset.
-facts::Known<facts::RouterOutside> routerOutside(const std::string& gateway,
-                                                 const std::string& wanHost, const Way& way,
-                                                 const Patience& patience);
+Result<facts::RouterOutside> routerOutside(const std::string& gateway, const std::string& wanHost,
+                                           const Way& way, const Patience& patience);
 
 }  // namespace wifi_profile::linux::probes

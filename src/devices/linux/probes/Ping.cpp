@@ -79,13 +79,12 @@ Both pingBothWays(const std::string& target, const Address& address, const std::
 
 }  // namespace
 
-facts::Known<facts::Pings> ping(const std::string& target, const std::string& interface,
-                                const PingPlan& plan, const Patience& patience) {
+Result<facts::Pings> ping(const std::string& target, const std::string& interface,
+                          const PingPlan& plan, const Patience& patience) {
   const auto address = addressOf(target, 0, interface);
   if (!address) {
-    return facts::Unknown{
-        facts::Reason::failed,
-        '"' + shortText(target) + "\" is no address to ping: set a numeric one, or a name."};
+    return Error{Reason::failed, '"' + shortText(target) +
+                                     "\" is no address to ping: set a numeric one, or a name."};
   }
   const Patience ours = patience.atMost(plan.time);
   if (ours.isOver()) return calledOff();

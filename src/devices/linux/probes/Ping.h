@@ -12,9 +12,9 @@
 #include <string>
 #include <vector>
 
-#include "analysis/facts/Known.h"
 #include "analysis/facts/ReachFacts.h"
 #include "devices/linux/Patience.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::probes {
 
@@ -40,9 +40,9 @@ struct PingPlan {
 //
 // Without an answer, `isNeighbour` says whether a target on the link answered the kernel (ARP,
 // neighbour discovery) after the pings began. A ping without route or neighbour counts as sent and
-// not answered. Unknown: failed, if the target is not an address or no socket could be bound to the
+// not answered. Error: failed, if the target is not an address or no socket could be bound to the
 // interface.
-facts::Known<facts::Pings> ping(const std::string& target, const std::string& interface,
-                                const PingPlan& plan, const Patience& patience);
+Result<facts::Pings> ping(const std::string& target, const std::string& interface,
+                          const PingPlan& plan, const Patience& patience);
 
 }  // namespace wifi_profile::linux::probes

@@ -31,8 +31,8 @@ std::optional<facts::PortalProbe> askApi(const std::string& url, const Way& way,
   return facts::PortalProbe{Answer::open, "the network's own answer: not captive"};
 }
 
-facts::Known<facts::PortalProbe> askPage(const PortalQuestion& question, const Way& way,
-                                         const Patience& patience) {
+Result<facts::PortalProbe> askPage(const PortalQuestion& question, const Way& way,
+                                   const Patience& patience) {
   if (const auto parts = partsOf(question.url); !parts || parts->scheme != "http") {
     return facts::PortalProbe{Answer::noAnswer, "no address of http"};
   }
@@ -45,8 +45,8 @@ facts::Known<facts::PortalProbe> askPage(const PortalQuestion& question, const W
 
 }  // namespace
 
-facts::Known<facts::PortalProbe> probePortal(const PortalQuestion& question, const Way& way,
-                                             const Patience& patience) {
+Result<facts::PortalProbe> probePortal(const PortalQuestion& question, const Way& way,
+                                       const Patience& patience) {
   if (patience.isOver()) return calledOff();
   const Patience ours = patience.atMost(kPortalTime);
   if (question.apiUrl.empty()) return askPage(question, way, ours);

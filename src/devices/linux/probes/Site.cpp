@@ -12,8 +12,8 @@ constexpr int kMostRedirects = 5;
 
 }  // namespace
 
-facts::Known<facts::SiteReach> reachSite(const std::string& url, const Way& way,
-                                         const Patience& patience) {
+Result<facts::SiteReach> reachSite(const std::string& url, const Way& way,
+                                   const Patience& patience) {
   if (patience.isOver()) return calledOff();
   const HttpAnswer answer = exchange({.url = url, .connectOnly = true, .headers = {}, .post = {}},
                                      way, patience.atMost(kReachTime));
@@ -22,8 +22,8 @@ facts::Known<facts::SiteReach> reachSite(const std::string& url, const Way& way,
   return facts::SiteReach{answer.complete, answer.problem};
 }
 
-facts::Known<facts::SitePage> retrievePage(const std::string& url, const std::string& expectedText,
-                                           const Way& way, const Patience& patience) {
+Result<facts::SitePage> retrievePage(const std::string& url, const std::string& expectedText,
+                                     const Way& way, const Patience& patience) {
   const Patience ours = patience.atMost(kPageTime);
   if (ours.isOver()) return calledOff();
   std::string next = url;

@@ -153,15 +153,15 @@ bool isExhaustion(int error) {
   return error == EMFILE || error == ENFILE || error == ENOBUFS || error == ENOMEM;
 }
 
-facts::Unknown noSocket(int error, const std::string& interface) {
+Error noSocket(int error, const std::string& interface) {
   if (isExhaustion(error)) {
-    return {facts::Reason::failed,
+    return {Reason::failed,
             "This machine has no descriptors or memory left: close other programs, and try again."};
   }
-  return {facts::Reason::failed, "No socket could be opened" +
-                                     (interface.empty() ? "" : " on " + shortText(interface)) +
-                                     ": look whether the interface is still there and has an "
-                                     "address of this protocol (IPv4 or IPv6)."};
+  return {Reason::failed, "No socket could be opened" +
+                              (interface.empty() ? "" : " on " + shortText(interface)) +
+                              ": look whether the interface is still there and has an "
+                              "address of this protocol (IPv4 or IPv6)."};
 }
 
 std::string shortText(std::string_view text) {
@@ -171,8 +171,8 @@ std::string shortText(std::string_view text) {
   return result;
 }
 
-facts::Unknown calledOff() {
-  return {facts::Reason::tookTooLong,
+Error calledOff() {
+  return {Reason::tookTooLong,
           "It was called off, or there was no time left for it: run the tests again."};
 }
 

@@ -8,9 +8,9 @@
 #include <sys/socket.h>
 #include <vector>
 
-#include "analysis/facts/Known.h"
 #include "devices/linux/Descriptor.h"
 #include "devices/linux/Patience.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::probes {
 
@@ -55,12 +55,12 @@ void setZone(Address& address, const std::string& interface);
 bool isExhaustion(int error);
 
 // Explains, by errno's number, why a socket could not be opened on the interface.
-facts::Unknown noSocket(int error, const std::string& interface);
+Error noSocket(int error, const std::string& interface);
 
 // Returns at most the first 120 bytes, with '?' for what is not printable ASCII.
 std::string shortText(std::string_view text);
 
 // The result of work that was cancelled or had no time left.
-facts::Unknown calledOff();
+Error calledOff();
 
 }  // namespace wifi_profile::linux::probes

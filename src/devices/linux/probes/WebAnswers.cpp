@@ -54,16 +54,16 @@ facts::PortalProbe portalFrom(const HttpAnswer& answer, const std::string& url,
   return {Answer::noAnswer, whole ? status : answer.problem};
 }
 
-facts::Known<facts::SitePage> pageFrom(const HttpAnswer& answer, const std::string& expectedText) {
+Result<facts::SitePage> pageFrom(const HttpAnswer& answer, const std::string& expectedText) {
   const auto isNot = [](std::string problem) { return facts::SitePage{false, std::move(problem)}; };
   if (!answer.remedy.empty()) return notAsked(answer);
   if (!answer.complete) return isNot(answer.problem);
   if (answer.status != 200) return isNot("status " + std::to_string(answer.status));
   if (answer.body.find(expectedText) != std::string::npos) return facts::SitePage{true, {}};
   if (!answer.cutOff) return isNot("another page");
-  return facts::Unknown{facts::Reason::notTold,
-                        "The first 64 KiB of the page do not have the text expected: set "
-                        "\"text\" of \"site\" in the settings to one near its beginning."};
+  return Error{Reason::notTold,
+               "The first 64 KiB of the page do not have the text expected: set "
+               "\"text\" of \"site\" in the settings to one near its beginning."};
 }
 
 }  // namespace wifi_profile::linux::probes

@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
-#include "analysis/facts/Known.h"
 #include "analysis/facts/ReachFacts.h"
 #include "devices/linux/probes/Http.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::probes {
 
@@ -19,8 +19,8 @@ std::optional<bool> captiveFrom(const std::string& body);
 facts::PortalProbe portalFrom(const HttpAnswer& answer, const std::string& url,
                               const std::string& expectedText);
 
-// Evaluates the answer for the expected page. See retrievePage(). Unknown also for an answer with a
+// Evaluates the answer for the expected page. See retrievePage(). Error also for an answer with a
 // remedy.
-facts::Known<facts::SitePage> pageFrom(const HttpAnswer& answer, const std::string& expectedText);
+Result<facts::SitePage> pageFrom(const HttpAnswer& answer, const std::string& expectedText);
 
 }  // namespace wifi_profile::linux::probes

@@ -7,7 +7,6 @@
 namespace wifi_profile::linux::bus {
 namespace {
 
-using facts::Reason;
 using sdbus::Variant;
 
 constexpr auto kAdapter = "org.bluez.Adapter1";
@@ -15,14 +14,14 @@ constexpr auto kDevice = "org.bluez.Device1";
 
 TEST(BluetoothFacts, WithoutAdapterAreNoHardware) {
   EXPECT_EQ(bluetoothFrom(map({{"/org/bluez", map({{"org.bluez.AgentManager1", map({})}})}}))
-                .why()
+                .error()
                 .reason,
-            facts::Reason::noHardware);
+            Reason::noHardware);
 }
 
 TEST(BluetoothFacts, WithoutAnyObjectFailed) {
-  EXPECT_EQ(bluetoothFrom({}).why().reason, facts::Reason::failed);
-  EXPECT_EQ(bluetoothFrom(text("objects")).why().reason, facts::Reason::failed);
+  EXPECT_EQ(bluetoothFrom({}).error().reason, Reason::failed);
+  EXPECT_EQ(bluetoothFrom(text("objects")).error().reason, Reason::failed);
 }
 
 TEST(BluetoothFacts, OfWrongTypesAreAsIfOff) {
@@ -51,17 +50,17 @@ TEST_F(BluezTest, CountsPairedAndConnectedDevicesOfAllAdapters) {
   }
   service.start();
   const auto bluetooth = readBluetooth(*bus_, patience());
-  ASSERT_TRUE(bluetooth) << bluetooth.why().sentence;
+  ASSERT_TRUE(bluetooth) << bluetooth.error().message;
   EXPECT_EQ(*bluetooth, (facts::Bluetooth{3, 1}));
 }
 
 TEST_F(BluezTest, ThatIsNotRunningIsNoService) {
-  EXPECT_EQ(readBluetooth(*bus_, patience()).why().reason, facts::Reason::noService);
+  EXPECT_EQ(readBluetooth(*bus_, patience()).error().reason, Reason::noService);
 }
 
 TEST_F(BluezTest, WithoutABusIsNoService) {
   const auto none = Bus::at("unix:path=/nonexistent/socket");
-  EXPECT_EQ(readBluetooth(*none, patience()).why().reason, facts::Reason::noService);
+  EXPECT_EQ(readBluetooth(*none, patience()).error().reason, Reason::noService);
 }
 
 }  // namespace

@@ -10,7 +10,6 @@ namespace wifi_profile::linux::bus {
 namespace {
 
 using namespace std::chrono_literals;
-using facts::Reason;
 using sdbus::ObjectPath;
 using sdbus::Variant;
 
@@ -72,7 +71,7 @@ TEST_F(NetworkManagerTest, TellsTheProfileThatTheInterfaceIsJoinedWith) {
                     Properties{{"captive_portal", Variant(std::string("https://portal.test/"))}});
   service_.start();
   const auto profile = manager_.activeProfile("wlan0", patience());
-  ASSERT_TRUE(profile) << profile.why().sentence;
+  ASSERT_TRUE(profile) << profile.error().message;
   EXPECT_EQ(profile->ipv4.method, facts::AddressMethod::manual);
   EXPECT_EQ(profile->ipv4.dnsServers, std::vector<std::string>{"192.0.2.1"});
   EXPECT_EQ(profile->ipv6.method, facts::AddressMethod::automatic);
@@ -91,8 +90,8 @@ TEST_F(NetworkManagerTest, MissingPropertiesLeaveOutOnlyWhatTheyTell) {
 TEST_F(NetworkManagerTest, AnInterfaceWithoutConnectionIsNotJoined) {
   service_.property(kDevicePath, kManagedDevice, "ActiveConnection", ObjectPath("/"));
   service_.start();
-  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).why().reason, facts::Reason::notJoined);
-  EXPECT_EQ(manager_.dnsServers("wlan0", patience()).why().reason, facts::Reason::notJoined);
+  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).error().reason, Reason::notJoined);
+  EXPECT_EQ(manager_.dnsServers("wlan0", patience()).error().reason, Reason::notJoined);
 }
 
 TEST_F(NetworkManagerTest, PropertiesOfWrongTypesAreUnknown) {
@@ -101,17 +100,17 @@ TEST_F(NetworkManagerTest, PropertiesOfWrongTypesAreUnknown) {
   service_.property(kDevicePath, kWireless, "LastScan", std::string("yesterday"));
   service_.property(kRoot, kManagerName, "WirelessEnabled", std::string("yes"));
   service_.start();
-  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).why().reason, facts::Reason::notJoined);
-  EXPECT_EQ(manager_.manages("wlan0", patience()), facts::Known<bool>(false));
-  EXPECT_EQ(manager_.lastScan("wlan0", patience()).why().reason, facts::Reason::failed);
-  EXPECT_EQ(manager_.isWirelessEnabled(patience()).why().reason, facts::Reason::failed);
+  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).error().reason, Reason::notJoined);
+  EXPECT_EQ(manager_.manages("wlan0", patience()), Result<bool>(false));
+  EXPECT_EQ(manager_.lastScan("wlan0", patience()).error().reason, Reason::failed);
+  EXPECT_EQ(manager_.isWirelessEnabled(patience()).error().reason, Reason::failed);
 }
 
 TEST_F(NetworkManagerTest, AConnectionOfAWrongTypeIsUnknown) {
   service_.property(kDevicePath, kManagedDevice, "ActiveConnection", ObjectPath(kActivePath));
   service_.property(kActivePath, kActive, "Connection", std::uint32_t{7});
   service_.start();
-  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).why().reason, facts::Reason::failed);
+  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).error().reason, Reason::failed);
 }
 
 TEST_F(NetworkManagerTest, SettingsOfAWrongTypeAreNotTold) {
@@ -119,26 +118,26 @@ TEST_F(NetworkManagerTest, SettingsOfAWrongTypeAreNotTold) {
   settings["ipv4"]["method"] = Variant(std::uint32_t{1});
   service_.joined(settings);
   service_.start();
-  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).why().reason, facts::Reason::notTold);
+  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).error().reason, Reason::notTold);
 }
 
 TEST_F(NetworkManagerTest, AnInterfaceThatItDoesNotKnowIsNoHardware) {
   service_.start();
-  EXPECT_EQ(manager_.activeProfile("wlan9", patience()).why().reason, facts::Reason::noHardware);
-  EXPECT_EQ(manager_.manages("wlan9", patience()), facts::Known<bool>(false));
+  EXPECT_EQ(manager_.activeProfile("wlan9", patience()).error().reason, Reason::noHardware);
+  EXPECT_EQ(manager_.manages("wlan9", patience()), Result<bool>(false));
 }
 
 TEST_F(NetworkManagerTest, AnInterfaceThatIsLeftAloneIsNotManaged) {
   service_.property(kDevicePath, kManagedDevice, "State", std::uint32_t{10});
   service_.start();
-  EXPECT_EQ(manager_.manages("wlan0", patience()), facts::Known<bool>(false));
+  EXPECT_EQ(manager_.manages("wlan0", patience()), Result<bool>(false));
 }
 
 TEST_F(NetworkManagerTest, NotRunningIsNoServiceAndNamesTheRemedy) {
   const auto profile = manager_.activeProfile("wlan0", patience());
-  EXPECT_EQ(profile.why().reason, facts::Reason::noService);
-  EXPECT_NE(profile.why().sentence.find("NetworkManager is not running"), std::string::npos);
-  EXPECT_NE(profile.why().sentence.find("systemctl start NetworkManager"), std::string::npos);
+  EXPECT_EQ(profile.error().reason, Reason::noService);
+  EXPECT_NE(profile.error().message.find("NetworkManager is not running"), std::string::npos);
+  EXPECT_NE(profile.error().message.find("systemctl start NetworkManager"), std::string::npos);
 }
 
 TEST_F(NetworkManagerTest, TellsTheServersOfTheLink) {
@@ -208,7 +207,7 @@ TEST_F(NetworkManagerTest, SixtyProfilesAreAskedForAtOnce) {
   service_.list(paths);
   service_.start();
   const auto networks = manager_.savedNetworks(patience());
-  ASSERT_TRUE(networks) << networks.why().sentence;
+  ASSERT_TRUE(networks) << networks.error().message;
   ASSERT_EQ(networks->size(), 60U);
   EXPECT_EQ(networks->front().ssid, "Trip 0");
   EXPECT_EQ(networks->back().ssid, "Trip 59");
@@ -219,7 +218,7 @@ TEST_F(NetworkManagerTest, ProfilesAreLimited) {
   service_.method(kProfilePath, kProfile, "GetSettings", [] { return wifiProfile("Same"); });
   service_.start();
   const auto networks = manager_.savedNetworks(patience());
-  ASSERT_TRUE(networks) << networks.why().sentence;
+  ASSERT_TRUE(networks) << networks.error().message;
   EXPECT_EQ(networks->size(), kLongestBusList);
 }
 
@@ -235,7 +234,7 @@ TEST_F(NetworkManagerTest, ProfilesThatCannotBeReadAreLeftOut) {
   service_.method("/good", kProfile, "GetSettings", [] { return wifiProfile("Good"); });
   service_.start();
   const auto networks = manager_.savedNetworks(patience());
-  ASSERT_TRUE(networks) << networks.why().sentence;
+  ASSERT_TRUE(networks) << networks.error().message;
   ASSERT_EQ(networks->size(), 1U);
   EXPECT_EQ(networks->front().ssid, "Good");
 }
@@ -248,28 +247,28 @@ TEST_F(NetworkManagerTest, ProfilesThatAreAllRefusedAreNotPermitted) {
     });
   }
   service_.start();
-  EXPECT_EQ(manager_.savedNetworks(patience()).why().reason, facts::Reason::notPermitted);
+  EXPECT_EQ(manager_.savedNetworks(patience()).error().reason, Reason::notPermitted);
 }
 
 TEST_F(NetworkManagerTest, OneProfileThatIsNeverToldEndsAtTheDeadline) {
   service_.list({ObjectPath(kProfilePath)});
   service_.silentMethod<Sections>(kProfilePath, kProfile, "GetSettings");
   service_.start();
-  EXPECT_EQ(manager_.savedNetworks(shortPatience()).why().reason, facts::Reason::tookTooLong);
+  EXPECT_EQ(manager_.savedNetworks(shortPatience()).error().reason, Reason::tookTooLong);
 }
 
 TEST_F(NetworkManagerTest, TellsItsLastScan) {
   service_.property(kDevicePath, kWireless, "LastScan", std::int64_t{123'456});
   service_.property(kDevicePath, kManagedDevice, "State", std::uint32_t{30});
   service_.start();
-  EXPECT_EQ(manager_.lastScan("wlan0", patience()), facts::Known<LastScan>(LastScan(123'456ms)));
+  EXPECT_EQ(manager_.lastScan("wlan0", patience()), Result<LastScan>(LastScan(123'456ms)));
 }
 
 TEST_F(NetworkManagerTest, AScanThatNeverWasHasNoTime) {
   service_.property(kDevicePath, kWireless, "LastScan", std::int64_t{-1});
   service_.property(kDevicePath, kManagedDevice, "State", std::uint32_t{30});
   service_.start();
-  EXPECT_EQ(manager_.lastScan("wlan0", patience()), facts::Known<LastScan>(LastScan()));
+  EXPECT_EQ(manager_.lastScan("wlan0", patience()), Result<LastScan>(LastScan()));
 }
 
 struct Refusal {
@@ -279,7 +278,7 @@ struct Refusal {
 
 class RequestScan : public NetworkManagerTest {
  protected:
-  facts::Known<ScanStart> refusedWith(const Refusal& refusal) {
+  Result<ScanStart> refusedWith(const Refusal& refusal) {
     service_.property(kDevicePath, kManagedDevice, "State", std::uint32_t{30});
     service_.method(kDevicePath, kWireless, "RequestScan", [refusal](const Properties& options) {
       EXPECT_TRUE(options.empty());
@@ -291,30 +290,30 @@ class RequestScan : public NetworkManagerTest {
 };
 
 TEST_F(RequestScan, Starts) {
-  EXPECT_EQ(refusedWith({nullptr, nullptr}), facts::Known<ScanStart>(ScanStart::started));
+  EXPECT_EQ(refusedWith({nullptr, nullptr}), Result<ScanStart>(ScanStart::started));
 }
 
 TEST_F(RequestScan, IsTooSoonAfterAnother) {
   EXPECT_EQ(refusedWith({"org.freedesktop.NetworkManager.Device.NotAllowed",
                          "Scanning not allowed immediately following previous scan"}),
-            facts::Known<ScanStart>(ScanStart::tooSoon));
+            Result<ScanStart>(ScanStart::tooSoon));
 }
 
 TEST_F(RequestScan, WaitsForARadioThatIsNotReady) {
   EXPECT_EQ(refusedWith({"org.freedesktop.NetworkManager.Device.NotAllowed",
                          "Scanning not allowed while unavailable"}),
-            facts::Known<ScanStart>(ScanStart::notReady));
+            Result<ScanStart>(ScanStart::notReady));
 }
 
 TEST_F(RequestScan, IsRefusedForOtherReasons) {
-  EXPECT_EQ(refusedWith({"org.freedesktop.NetworkManager.Device.NotAllowed", "no"}).why().reason,
-            facts::Reason::failed);
+  EXPECT_EQ(refusedWith({"org.freedesktop.NetworkManager.Device.NotAllowed", "no"}).error().reason,
+            Reason::failed);
 }
 
 TEST_F(RequestScan, IsNotPermittedToEverybody) {
   EXPECT_EQ(
-      refusedWith({"org.freedesktop.NetworkManager.Device.PermissionDenied", "no"}).why().reason,
-      facts::Reason::notPermitted);
+      refusedWith({"org.freedesktop.NetworkManager.Device.PermissionDenied", "no"}).error().reason,
+      Reason::notPermitted);
 }
 
 TEST_F(NetworkManagerTest, ListsTheAccessPointsThatAreStillThere) {
@@ -328,7 +327,7 @@ TEST_F(NetworkManagerTest, ListsTheAccessPointsThatAreStillThere) {
   service_.property("/point/1", kAccessPoint, "Strength", std::uint8_t{75});
   service_.start();
   const auto points = manager_.accessPoints("wlan0", patience());
-  ASSERT_TRUE(points) << points.why().sentence;
+  ASSERT_TRUE(points) << points.error().message;
   ASSERT_EQ(points->size(), 1U);
   EXPECT_EQ(points->front().bssid, "02:aa:00:00:00:01");
   EXPECT_EQ(points->front().ssid, "Cafe");
@@ -344,8 +343,8 @@ TEST_F(NetworkManagerTest, TheRadioIsSwitched) {
       .withSetter([&switched](const bool& on) { switched.set_value(on); });
   service_.property(kRoot, kManagerName, "WirelessHardwareEnabled", false);
   service_.start();
-  EXPECT_EQ(manager_.isWirelessEnabled(patience()), facts::Known<bool>(true));
-  EXPECT_EQ(manager_.isWirelessHardwareEnabled(patience()), facts::Known<bool>(false));
+  EXPECT_EQ(manager_.isWirelessEnabled(patience()), Result<bool>(true));
+  EXPECT_EQ(manager_.isWirelessHardwareEnabled(patience()), Result<bool>(false));
   EXPECT_EQ(manager_.setWirelessEnabled(false, patience()), std::nullopt);
   EXPECT_FALSE(switched.get_future().get());
 }
@@ -361,7 +360,7 @@ TEST_F(NetworkManagerTest, TheRadioIsNotSwitchedWithoutPermission) {
   service_.start();
   const auto problem = manager_.setWirelessEnabled(false, patience());
   ASSERT_TRUE(problem);
-  EXPECT_EQ(problem->reason, facts::Reason::notPermitted);
+  EXPECT_EQ(problem->reason, Reason::notPermitted);
 }
 
 TEST_F(NetworkManagerTest, ARestartInTheMiddleIsUnknownAndTheNextCallIsAnswered) {
@@ -378,7 +377,7 @@ TEST_F(NetworkManagerTest, ARestartInTheMiddleIsUnknownAndTheNextCallIsAnswered)
       std::async(std::launch::async, [&] { return manager_.activeProfile("wlan0", patience()); });
   ASSERT_EQ(asked.get_future().wait_for(30s), std::future_status::ready);
   first.reset();
-  EXPECT_EQ(answer.get().why().reason, facts::Reason::noService);
+  EXPECT_EQ(answer.get().error().reason, Reason::noService);
   service_.joined(wifiProfile("Home"));
   service_.start();
   EXPECT_TRUE(manager_.activeProfile("wlan0", patience()));

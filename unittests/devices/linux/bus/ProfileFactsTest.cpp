@@ -51,7 +51,7 @@ TEST(ActiveProfileFacts, SettingsThatAreNotThereAreNotTold) {
   EXPECT_FALSE(activeProfileFrom({}));
   EXPECT_FALSE(activeProfileFrom({text("settings"), {}, {}}));
   EXPECT_FALSE(activeProfileFrom({map({{"ipv4", map({{"method", text("auto")}})}}), {}, {}}));
-  EXPECT_EQ(activeProfileFrom({}).why().reason, facts::Reason::notTold);
+  EXPECT_EQ(activeProfileFrom({}).error().reason, Reason::notTold);
 }
 
 TEST(ActiveProfileFacts, ServersOfAnyFormAreTexts) {

@@ -6,8 +6,6 @@
 namespace wifi_profile::linux::bus {
 namespace {
 
-using facts::Reason;
-
 std::string sourceIn(std::vector<const char*> environment) {
   environment.push_back(nullptr);
   return proxyInEnvironment(environment.data()).source;
@@ -35,7 +33,7 @@ TEST(ProxyInTheEnvironment, IsNoneWhereTheVariableIsEmptyOrHasAnotherName) {
 class SessionProxyTest : public BusFixture {
  protected:
   // Of a portal that answers so.
-  facts::Known<facts::SessionProxy> answered(const std::vector<std::string>& proxies) {
+  Result<facts::SessionProxy> answered(const std::vector<std::string>& proxies) {
     FakeService service(daemon_.address(), "org.freedesktop.portal.Desktop");
     service.method("/org/freedesktop/portal/desktop", "org.freedesktop.portal.ProxyResolver",
                    "Lookup", [proxies](const std::string& address) {
@@ -45,7 +43,7 @@ class SessionProxyTest : public BusFixture {
     service.start();
     return read(patience());
   }
-  facts::Known<facts::SessionProxy> read(const Patience& patience, const char* variable = nullptr) {
+  Result<facts::SessionProxy> read(const Patience& patience, const char* variable = nullptr) {
     const char* const environment[] = {variable, nullptr};
     return readSessionProxy(environment, *bus_, patience);
   }
@@ -61,28 +59,28 @@ TEST_F(SessionProxyTest, OfTheDesktopIsAnythingButADirectConnection) {
 }
 
 TEST_F(SessionProxyTest, OfNoSessionIsNoneWithoutAPortalAndWithoutABus) {
-  EXPECT_EQ(read(patience()), facts::Known<facts::SessionProxy>(facts::SessionProxy{}));
+  EXPECT_EQ(read(patience()), Result<facts::SessionProxy>(facts::SessionProxy{}));
   bus_ = Bus::at("unix:path=/nonexistent/socket");
-  EXPECT_EQ(read(patience()), facts::Known<facts::SessionProxy>(facts::SessionProxy{}));
+  EXPECT_EQ(read(patience()), Result<facts::SessionProxy>(facts::SessionProxy{}));
 }
 
 TEST_F(SessionProxyTest, IsNoneWhereAPortalWithoutADesktopDoesNotKnowOfProxies) {
   FakeService service(daemon_.address(), "org.freedesktop.portal.Desktop");
   service.start();
-  EXPECT_EQ(read(patience()), facts::Known<facts::SessionProxy>(facts::SessionProxy{}));
-  EXPECT_EQ(read(patience(), kDesktop).why().reason, facts::Reason::notTold);
+  EXPECT_EQ(read(patience()), Result<facts::SessionProxy>(facts::SessionProxy{}));
+  EXPECT_EQ(read(patience(), kDesktop).error().reason, Reason::notTold);
 }
 
 TEST_F(SessionProxyTest, OfADesktopIsUnknownWhereItsPortalIsNotRunning) {
-  EXPECT_EQ(read(patience(), kDesktop).why().reason, facts::Reason::noService);
+  EXPECT_EQ(read(patience(), kDesktop).error().reason, Reason::noService);
   EXPECT_TRUE(read(patience(), kSession)) << "a session without a desktop has no portal";
   EXPECT_TRUE(read(patience(), "XDG_CURRENT_DESKTOP=")) << "an empty variable says nothing";
 }
 
 TEST_F(SessionProxyTest, OfASessionIsUnknownWhereItsBusIsNotThere) {
   bus_ = Bus::at("unix:path=/nonexistent/socket");
-  EXPECT_EQ(read(patience(), kSession).why().reason, facts::Reason::noService);
-  EXPECT_EQ(read(patience(), kDesktop).why().reason, facts::Reason::noService);
+  EXPECT_EQ(read(patience(), kSession).error().reason, Reason::noService);
+  EXPECT_EQ(read(patience(), kDesktop).error().reason, Reason::noService);
 }
 
 TEST_F(SessionProxyTest, IsUnknownWhereThePortalDoesNotAnswer) {
@@ -90,7 +88,7 @@ TEST_F(SessionProxyTest, IsUnknownWhereThePortalDoesNotAnswer) {
   service.silentMethod<std::vector<std::string>, std::string>(
       "/org/freedesktop/portal/desktop", "org.freedesktop.portal.ProxyResolver", "Lookup");
   service.start();
-  EXPECT_EQ(read(shortPatience()).why().reason, facts::Reason::tookTooLong);
+  EXPECT_EQ(read(shortPatience()).error().reason, Reason::tookTooLong);
 }
 
 TEST_F(SessionProxyTest, OfTheEnvironmentAsksNobody) {

@@ -18,8 +18,6 @@
 namespace wifi_profile::linux::netlink {
 namespace {
 
-using facts::Reason;
-using facts::Unknown;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -162,7 +160,7 @@ TEST(InterfaceAddresses, OfTheLoopbackAreRead) {
   const auto index = static_cast<int>(if_nametoindex("lo"));
   ASSERT_GT(index, 0);
   const auto found = readAddresses(index, patience(cancellation));
-  ASSERT_TRUE(found) << found.why().sentence;
+  ASSERT_TRUE(found) << found.error().message;
   EXPECT_THAT(found->ipv4, Contains("127.0.0.1"));
   EXPECT_FALSE(found->ipv4Gateway);
 }
@@ -172,16 +170,16 @@ TEST(InterfaceAddresses, OfAnInterfaceThatIsNotThereAreUnknown) {
   for (const int index : {0, -1, 1 << 30}) {
     const auto found = readAddresses(index, patience(cancellation));
     ASSERT_FALSE(found);
-    EXPECT_EQ(found.why().reason, facts::Reason::noHardware) << found.why().sentence;
+    EXPECT_EQ(found.error().reason, Reason::noHardware) << found.error().message;
   }
 }
 
 TEST(AddressesOfALink, AreNotKnownWhereItsCarrierIsNot) {
   const Cancellation never;
-  const facts::Unknown late{facts::Reason::tookTooLong, "Try again."};
+  const Error late{Reason::tookTooLong, "Try again."};
   const auto addresses = readAddressesOfLink(late, patience(never));
   ASSERT_FALSE(addresses);
-  EXPECT_EQ(addresses.why(), late);
+  EXPECT_EQ(addresses.error(), late);
 }
 
 TEST(AddressesOfALink, AreNotKnownWhereAnotherMemberSends) {
@@ -189,18 +187,18 @@ TEST(AddressesOfALink, AreNotKnownWhereAnotherMemberSends) {
   const OtherMember other{"eth0", "bond0", "wlan0", true};
   const auto addresses = readAddressesOfLink(Carrier{1, "bond0", other}, patience(never));
   ASSERT_FALSE(addresses);
-  EXPECT_EQ(addresses.why(), sentByAnother(other));
+  EXPECT_EQ(addresses.error(), sentByAnother(other));
 }
 
 TEST(NetlinkSocket, AsksNothingMoreWhenTheTimeIsOverOrTheWorkCalledOff) {
   Cancellation cancellation;
   const auto late = readAddresses(1, patience(cancellation, std::chrono::milliseconds(-1)));
   ASSERT_FALSE(late);
-  EXPECT_EQ(late.why().reason, facts::Reason::tookTooLong);
+  EXPECT_EQ(late.error().reason, Reason::tookTooLong);
   cancellation.cancel();
   const auto calledOff = readAddresses(1, patience(cancellation));
   ASSERT_FALSE(calledOff);
-  EXPECT_EQ(calledOff.why().reason, facts::Reason::tookTooLong);
+  EXPECT_EQ(calledOff.error().reason, Reason::tookTooLong);
 }
 
 TEST(NetlinkSocket, IsFreshAfterAQuestionWasCalledOff) {
@@ -289,9 +287,9 @@ TEST(Nl80211, OfAMachineWithoutWifiSaysSo) {
     EXPECT_FALSE(interfaces->empty());
     return;
   }
-  EXPECT_TRUE(interfaces.why().reason == facts::Reason::noHardware ||
-              interfaces.why().reason == facts::Reason::notSupported)
-      << interfaces.why().sentence;
+  EXPECT_TRUE(interfaces.error().reason == Reason::noHardware ||
+              interfaces.error().reason == Reason::notSupported)
+      << interfaces.error().message;
   const WifiInterface none;
   EXPECT_FALSE(kernel.link(none, patience(cancellation)));
   EXPECT_FALSE(kernel.scan(none, patience(cancellation)));

@@ -108,10 +108,10 @@ TEST(Carrier, NamesTheMasterThatHasTheOtherMember) {
 }
 
 TEST(Carrier, ThatAnotherMemberSendsForIsAdvisedWithTheirNames) {
-  EXPECT_EQ(sentByAnother({"eth0", "bond0", "wlan0", true}).sentence,
+  EXPECT_EQ(sentByAnother({"eth0", "bond0", "wlan0", true}).message,
             "bond0 sends through its member eth0, so what is reached is not reached through Wi-Fi: "
             "make wlan0 the active member of bond0, and try again.");
-  EXPECT_EQ(sentByAnother({"eth0", "br0", "wlan0", false}).sentence,
+  EXPECT_EQ(sentByAnother({"eth0", "br0", "wlan0", false}).message,
             "br0 may send through its member eth0, so what is reached may not be reached through "
             "Wi-Fi: take all members but wlan0 out of br0, and try again.");
 }
@@ -168,9 +168,9 @@ class CarrierOfTheKernel : public testing::Test {
 
 TEST_F(CarrierOfTheKernel, IsRead) {
   const auto carrier = readCarrier(loopback_, patience_);
-  ASSERT_TRUE(carrier) << carrier.why().sentence;
+  ASSERT_TRUE(carrier) << carrier.error().message;
   EXPECT_EQ(*carrier, (Carrier{loopback_, "lo", {}}));
-  EXPECT_EQ(readCarrier(1 << 30, patience_).why().reason, facts::Reason::noHardware);
+  EXPECT_EQ(readCarrier(1 << 30, patience_).error().reason, Reason::noHardware);
 }
 
 TEST_F(CarrierOfTheKernel, OtherInterfaceIsRead) {

@@ -322,7 +322,7 @@ TEST(Names, AndSitesAreNotKnownWhereThisMachineHasNoDescriptorsLeft) {
   const NoDescriptors none;
   const auto answer = resolve("site.test", way, patient(never));
   ASSERT_FALSE(answer);
-  EXPECT_NE(answer.why().sentence.find("no descriptors"), std::string::npos);
+  EXPECT_NE(answer.error().message.find("no descriptors"), std::string::npos);
   for (const std::string url : {"http://192.0.2.80/", "https://site.test/"}) {
     EXPECT_FALSE(reachSite(url, way, patient(never)));
     EXPECT_FALSE(retrievePage(url, "", way, patient(never)));

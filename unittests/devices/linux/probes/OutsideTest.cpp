@@ -182,7 +182,7 @@ TEST(Outside, IsUnknownWithoutARoutersAddress) {
   for (const char* text : {"", "fe80::1", "router", "224.0.0.1"}) {
     const auto told = routerOutside(text, "", {}, patient(never));
     ASSERT_FALSE(told) << text;
-    EXPECT_EQ(told.why().reason, facts::Reason::failed) << text;
+    EXPECT_EQ(told.error().reason, Reason::failed) << text;
   }
 }
 
@@ -196,7 +196,7 @@ TEST(Outside, EndsWhenItIsCalledOff) {
       ownAddress(), kNatPmpPort);
   const auto told = routerOutside(ownAddress(), "", {}, {Clock::now() + 1h, cancellation});
   ASSERT_FALSE(told);
-  EXPECT_EQ(told.why().reason, facts::Reason::tookTooLong);
+  EXPECT_EQ(told.error().reason, Reason::tookTooLong);
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ const PingPlan kQuick{.count = 3, .interval = 1ms, .time = 30s, .ports = {}};
 bool allowEchoes() { return writeFile("/proc/sys/net/ipv4/ping_group_range", "0 0"); }
 
 // All three answered, by echoes.
-bool answered(const facts::Known<facts::Pings>& pings) {
+bool answered(const Result<facts::Pings>& pings) {
   return pings && !pings->byConnecting && pings->sent == 3 && pings->answers.size() == 3 &&
          pings->answers[0].count() > 0;
 }
@@ -213,11 +213,11 @@ TEST(Ping, IsUnknownWithoutAnAddressOrTheInterface) {
   for (const char* target : {"", "home.test", "127.0.0.1 ", "1.2.3.4.5"}) {
     const auto pings = ping(target, "", kQuick, patient(never));
     ASSERT_FALSE(pings) << target;
-    EXPECT_EQ(pings.why().reason, facts::Reason::failed) << target;
+    EXPECT_EQ(pings.error().reason, Reason::failed) << target;
   }
   const auto pings = ping(kHere, "none0", {.ports = {1}}, patient(never));
   ASSERT_FALSE(pings);
-  EXPECT_EQ(pings.why().reason, facts::Reason::failed);
+  EXPECT_EQ(pings.error().reason, Reason::failed);
 }
 
 TEST(Ping, EndsWhenItIsCalledOff) {
@@ -228,7 +228,7 @@ TEST(Ping, EndsWhenItIsCalledOff) {
                           {Clock::now() + 3h, cancellation});
   other.join();
   ASSERT_FALSE(pings);
-  EXPECT_EQ(pings.why().reason, facts::Reason::tookTooLong);
+  EXPECT_EQ(pings.error().reason, Reason::tookTooLong);
 }
 
 TEST(Ping, KnowsWhatWasSentUntilTheDeadline) {

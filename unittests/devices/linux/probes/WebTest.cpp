@@ -170,7 +170,7 @@ TEST(Page, EndsWhereTooMuchIsSent) {
   const Cancellation never;
   const auto unknown = retrievePage(urlOf(another), "online", kAnyWay, patient(never));
   ASSERT_FALSE(unknown);
-  EXPECT_NE(unknown.why().sentence.find("first 64 KiB"), std::string::npos);
+  EXPECT_NE(unknown.error().message.find("first 64 KiB"), std::string::npos);
   EXPECT_TRUE(retrievePage(urlOf(another), "", kAnyWay, patient(never))->retrieved);
   EXPECT_NE(problemAnswering(flood("HTTP/1.1 200 OK\r\n", "A: " + bytes + "\r\n")), "");
   EXPECT_EQ(problemAnswering(flood("HTTP/1.1 200 OK\r\nA: ", bytes)), "header too long");
@@ -245,9 +245,9 @@ TEST(Web, EndsWhenItIsCalledOff) {
 TEST(Web, IsUnknownWithoutTime) {
   const Cancellation never;
   const Patience none{Clock::now(), never};
-  EXPECT_EQ(probePortal({"http://127.0.0.1/", "", ""}, kAnyWay, none).why(), calledOff());
-  EXPECT_EQ(reachSite("http://127.0.0.1/", kAnyWay, none).why(), calledOff());
-  EXPECT_EQ(retrievePage("http://127.0.0.1/", "", kAnyWay, none).why(), calledOff());
+  EXPECT_EQ(probePortal({"http://127.0.0.1/", "", ""}, kAnyWay, none).error(), calledOff());
+  EXPECT_EQ(reachSite("http://127.0.0.1/", kAnyWay, none).error(), calledOff());
+  EXPECT_EQ(retrievePage("http://127.0.0.1/", "", kAnyWay, none).error(), calledOff());
 }
 
 TEST(Site, IsReachedByConnecting) {
@@ -272,11 +272,11 @@ TEST(Web, IsUnknownThroughAnInterfaceThatIsNotThere) {
   const Cancellation never;
   const std::string url = "http://203.0.113.80/";
   const Way way{"none0", {}};
-  for (const auto& why :
-       {reachSite(url, way, patient(never)).why(), retrievePage(url, "", way, patient(never)).why(),
-        probePortal({url, "", ""}, way, patient(never)).why()}) {
-    EXPECT_EQ(why.reason, facts::Reason::failed);
-    EXPECT_NE(why.sentence.find("whether none0 is still there"), std::string::npos) << why.sentence;
+  for (const auto& why : {reachSite(url, way, patient(never)).error(),
+                          retrievePage(url, "", way, patient(never)).error(),
+                          probePortal({url, "", ""}, way, patient(never)).error()}) {
+    EXPECT_EQ(why.reason, Reason::failed);
+    EXPECT_NE(why.message.find("whether none0 is still there"), std::string::npos) << why.message;
   }
 }
 
@@ -285,8 +285,8 @@ TEST(Web, SendsNothingToThisMachineWhereAnInterfaceIsNamed) {
   const TcpServer own(answering(page("200 OK", "online")));
   const std::string port = ":" + std::to_string(own.port()) + "/";
   for (const std::string host : {"127.0.0.1", "0.0.0.0", "[::ffff:127.0.0.1]", "[::1]", "[::]"}) {
-    retrievePage("http://" + host + port, "", {"lo", {}}, patient(never));
-    probePortal({"http://" + host + port, "", ""}, {"lo", {}}, patient(never));
+    static_cast<void>(retrievePage("http://" + host + port, "", {"lo", {}}, patient(never)));
+    static_cast<void>(probePortal({"http://" + host + port, "", ""}, {"lo", {}}, patient(never)));
   }
   EXPECT_EQ(own.connections(), 0);
 }
@@ -305,7 +305,7 @@ TEST(Web, SendsNothingToAnyAddressOfThisMachine) {
       const auto page = retrievePage(url, "online", way, patient(never));
       const auto site = reachSite(url, way, patient(never));
       if (!page || page->retrieved || !site || site->reached) return false;
-      probePortal({url, "", ""}, way, patient(never));
+      static_cast<void>(probePortal({url, "", ""}, way, patient(never)));
     }
     return own.connections() == 0;
   });
