@@ -14,7 +14,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
 endif()
 if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
   # Designated initialisers leave out what has a default; clang 14 warns of that where gcc does not.
-  target_compile_options(wifi_profile_options INTERFACE -Wno-missing-field-initializers)
+  target_compile_options(wifi_profile_options INTERFACE -Wno-missing-field-initializers -Wthread-safety)
 endif()
 if(WIFI_PROFILE_SANITIZERS)
   add_compile_options(-fsanitize=${WIFI_PROFILE_SANITIZERS} -fno-sanitize-recover=all
