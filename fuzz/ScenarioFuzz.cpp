@@ -31,16 +31,14 @@ void runIt(const scenario::Scenario& scenario) {
           "the parameters are good");
   runtime::VirtualTimeRunLoop loop;
   cli::TraceFile trace(loop, nullptr);
-  report::Journal journal;
-  trace.addListener(journal);
   cli::ProgressLine line(nowhere, cli::ProgressLine::Shows::lines);
   const auto run = std::make_shared<cli::DiagnosticRun>(
       cli::onPaper(scenario, loop, trace), inputs,
       cli::Surroundings{loop, trace, line, std::make_shared<runtime::BuiltInStringTable>("en"),
                         std::make_shared<runtime::IcuNameCollator>("en")});
   if (run->run() != cli::Ending::finished) return;
-  requireSafe(report::reportText(report::reportOf(run->outcome(), journal), {}));
-  const std::string record = runtime::jsonText(run->outcome().data);
+  requireSafe(report::reportText(report::reportOf(run->finishedRun()), {}));
+  const std::string record = runtime::jsonText(run->data());
   const auto again = runtime::readJson(record);
   require(std::holds_alternative<ObjectRef>(again), "the record is JSON");
   require(runtime::jsonText(std::get<ObjectRef>(again)) == record, "and reads as it was written");

@@ -5,10 +5,10 @@
 #include <numeric>
 #include <utility>
 
+#include "diagnostic/platform/TestOutcome.h"
 #include "diagnostic/tests/Batches.h"
 #include "diagnostic/tests/Catalogue.h"
 #include "diagnostic/tests/Findings.h"
-#include "report/Journal.h"
 #include "report/Wrap.h"
 
 namespace wifi_profile::report {

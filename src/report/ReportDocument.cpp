@@ -4,6 +4,7 @@
 #include <array>
 #include <fmt/format.h>
 #include <iterator>
+#include <map>
 #include <optional>
 #include <set>
 #include <span>
@@ -12,13 +13,11 @@
 #include <vector>
 
 #include "diagnostic/controller/StatusCodes.h"
-#include "diagnostic/platform/Number.h"
 #include "diagnostic/tests/Batches.h"
 #include "diagnostic/tests/Catalogue.h"
 #include "diagnostic/tests/Findings.h"
 #include "report/Explanation.h"
 #include "report/ValueText.h"
-#include "runtime/JsonWriter.h"
 
 namespace wifi_profile::report {
 namespace {
@@ -102,20 +101,9 @@ std::string withoutStop(std::string text) {
   return text;
 }
 
-// Returns the text after "... failed with error: ", or the whole line if it has no such text,
-// without a full stop.
-std::string reasonIn(std::string_view line) {
-  constexpr std::string_view kFailed = " failed with error: ";
-  const std::size_t at = line.find(kFailed);
-  if (at != std::string_view::npos) line.remove_prefix(at + kFailed.size());
-  return withoutStop(shownText(line));
-}
-
-// Returns the answer of a boolean or an integer (0: no); empty for any other value.
-std::optional<bool> answerOf(const ObjectRef& value) {
-  const auto number = as<Number>(value);
-  if (!number || number->isDouble()) return std::nullopt;
-  return number->toDouble() != 0;
+std::string shownReason(const Error& error) {
+  if (error.message.empty()) return "reason unknown";
+  return withoutStop(shownText(error.message));
 }
 
 // Returns the sections of the plan, in the order of the run.
@@ -195,45 +183,60 @@ std::string withSite(std::string_view sentence, const std::string& site) {
   return text;
 }
 
-// Reads one section from the record and the journal.
+// Reports on one section.
 class SectionReader {
  public:
-  SectionReader(const Outcome& outcome, const Journal& journal, Section section)
-      : outcome_(outcome),
-        journal_(journal),
-        section_(section),
-        tests_(testsOf(section, outcome.plan.has_value())) {}
+  SectionReader(const FinishedRun& run, Section section)
+      : run_(run), section_(section), tests_(testsOf(section, run.plan.has_value())) {
+    for (const DiagnosticsTestID id : tests_) {
+      const TestOutcome* const outcome = outcomeOf(id);
+      if (!outcome) continue;
+      for (const TestValue& value : outcome->values) {
+        if (value.value) values_[value.key] = value.value;
+      }
+    }
+  }
 
   ReportSection read() const;
-  // Returns the number of tests of the batch that have an answer, or a reason for having none.
-  std::size_t testsDone() const;
-  // Returns the question of the batch's test that was requested and is not done; empty: there is no
+  // Returns the number of tests of the batch that have ended.
+  std::size_t testsEnded() const;
+  // Returns the question of the batch's test that was started and has not ended; empty: there is no
   // such test.
   std::string questionUnderWay() const;
 
  private:
   void addAnswered(Mark mark, std::set<std::string_view>& shownKeys, ReportSection& read) const;
-  std::vector<std::string> valuesOf(const CatalogueTest& test,
+  std::vector<std::string> valuesOf(const CatalogueTest& test, const TestOutcome& outcome,
                                     std::set<std::string_view>& shownKeys) const;
   void addUnknown(ReportSection& read) const;
-  std::vector<std::string> reasonsOf(const CatalogueTest& test) const;
 
-  ObjectRef valueOf(std::string_view key) const;
-  bool isDone(DiagnosticsTestID id) const;
-  bool anyRun(std::span<const DiagnosticsTestID> tests) const;
+  bool wasStarted(DiagnosticsTestID id) const {
+    return run_.collected.tests.contains({section_, id});
+  }
+  // Null: the test has not ended.
+  const TestOutcome* outcomeOf(DiagnosticsTestID id) const {
+    const auto found = run_.collected.tests.find({section_, id});
+    return found != run_.collected.tests.end() && found->second ? &*found->second : nullptr;
+  }
+  std::string questionOf(DiagnosticsTestID id) const {
+    return withSite(verdictFinding(catalogueTest(id).resultKey)->question, run_.site);
+  }
   std::string title() const;
   std::string whyNotRun() const;
 
-  const Outcome& outcome_;
-  const Journal& journal_;
+  const FinishedRun& run_;
   Section section_;
   std::vector<DiagnosticsTestID> tests_;
+  // By output key. The value of the test that ran last.
+  std::map<std::string_view, ObjectRef> values_;
 };
 
 ReportSection SectionReader::read() const {
   ReportSection read;
   read.title = title();
-  if (!earlyEnd(outcome_.statusCode) && !anyRun(batchOf(section_))) read.note = whyNotRun();
+  const bool anyRun =
+      std::ranges::any_of(batchOf(section_), [this](auto id) { return wasStarted(id); });
+  if (!anyRun && !earlyEnd(run_.statusCode)) read.note = whyNotRun();
   std::set<std::string_view> shownKeys;
   for (const Mark mark : kMarks) addAnswered(mark, shownKeys, read);
   addUnknown(read);
@@ -244,16 +247,16 @@ ReportSection SectionReader::read() const {
 void SectionReader::addAnswered(Mark mark, std::set<std::string_view>& shownKeys,
                                 ReportSection& read) const {
   for (const DiagnosticsTestID id : tests_) {
+    const TestOutcome* const outcome = outcomeOf(id);
+    if (!outcome || !outcome->verdict) continue;
     const CatalogueTest& test = catalogueTest(id);
-    const auto answer = answerOf(valueOf(test.resultKey));
-    if (!answer) continue;
     const VerdictFinding& verdict = *verdictFinding(test.resultKey);
-    const Meaning& meaning = *answer ? verdict.yes : verdict.no;
+    const Meaning& meaning = *outcome->verdict ? verdict.yes : verdict.no;
     if (meaning.mark != mark) continue;
     ReportFinding finding;
     finding.mark = reportMarkOf(mark);
-    finding.sentence = withSite(meaning.sentence, outcome_.site);
-    finding.values = valuesOf(test, shownKeys);
+    finding.sentence = withSite(meaning.sentence, run_.site);
+    finding.values = valuesOf(test, *outcome, shownKeys);
     finding.advice = meaning.advice;
     finding.explanation = verdictExplanation(test);
     ++read.counts[static_cast<std::size_t>(finding.mark)];
@@ -261,54 +264,53 @@ void SectionReader::addAnswered(Mark mark, std::set<std::string_view>& shownKeys
   }
 }
 
-// Returns the reasons for the answer, the measured values, and which values are missing. A value
+// Returns the reason for the answer, the measured values, and which values are missing. A value
 // that several tests write is shown with the first finding added, which is the most urgent.
 std::vector<std::string> SectionReader::valuesOf(const CatalogueTest& test,
+                                                 const TestOutcome& outcome,
                                                  std::set<std::string_view>& shownKeys) const {
   std::vector<std::string> values;
-  const TestLines lines = journal_.linesOf(section_, test.id);
-  for (const std::string& line : lines.ofService) values.push_back(withoutStop(shownText(line)));
-  const auto isLogged = [&](std::string_view line) {
-    return std::ranges::find(lines.ofDiagnostic, line) != lines.ofDiagnostic.end();
-  };
-  if (isLogged("Info not found.")) values.emplace_back("no details were given");
+  if (!outcome.remark.empty()) values.push_back(withoutStop(shownText(outcome.remark)));
+  if (!outcome.hasDetails) values.emplace_back("no details were given");
   for (const InformationCopy& copy : test.information()) {
     const ValueFinding* const known = valueFinding(copy.outputKey);
     if (!known) continue;
-    const ObjectRef value = valueOf(copy.outputKey);
-    const bool isMissing = !value && known->absence == Absence::gap && !copy.logName.empty() &&
-                           isLogged(std::string(copy.logName) + " not found.");
-    if ((!value && !isMissing) || !shownKeys.insert(copy.outputKey).second) continue;
+    const auto value = values_.find(copy.outputKey);
+    const bool isMissing = value == values_.end() && known->absence == Absence::gap &&
+                           std::ranges::any_of(outcome.values, [&](const TestValue& one) {
+                             return one.key == copy.outputKey && !one.value;
+                           });
+    if ((value == values_.end() && !isMissing) || !shownKeys.insert(copy.outputKey).second)
+      continue;
     if (isMissing) {
       values.push_back(std::string(known->name) + " not given");
     } else {
-      std::ranges::move(valuePieces(copy.outputKey, value), std::back_inserter(values));
+      std::ranges::move(valuePieces(copy.outputKey, value->second), std::back_inserter(values));
     }
   }
   return values;
 }
 
-// Adds the tests that were requested and not answered. Tests with the same reasons form one
+// Adds the tests that were started and have no verdict. Tests with the same reason form one
 // finding.
 void SectionReader::addUnknown(ReportSection& read) const {
   struct Group {
-    std::vector<std::string> reasons;
+    Error reason;
     std::vector<std::string> questions;
     std::string explanation;  // of the first test
   };
   std::vector<Group> groups;
   for (const DiagnosticsTestID id : tests_) {
-    const CatalogueTest& test = catalogueTest(id);
-    const ObjectRef verdict = valueOf(test.resultKey);
-    if (answerOf(verdict) || (!verdict && !journal_.wasRequested(section_, id))) continue;
+    const TestOutcome* const outcome = outcomeOf(id);
+    if (!wasStarted(id) || (outcome && outcome->verdict)) continue;
     // The run ended during this test: the early end reports it.
-    if (!isDone(id) && earlyEnd(outcome_.statusCode)) continue;
-    std::vector<std::string> reasons = reasonsOf(test);
-    auto group = std::ranges::find(groups, reasons, &Group::reasons);
+    if (!outcome && earlyEnd(run_.statusCode)) continue;
+    const Error reason = outcome ? outcome->verdict.error() : Error();
+    auto group = std::ranges::find(groups, reason, &Group::reason);
     if (group == groups.end()) {
-      group = groups.insert(group, {std::move(reasons), {}, verdictExplanation(test)});
+      group = groups.insert(group, {reason, {}, verdictExplanation(catalogueTest(id))});
     }
-    group->questions.push_back(withSite(verdictFinding(test.resultKey)->question, outcome_.site));
+    group->questions.push_back(questionOf(id));
   }
   for (Group& group : groups) {
     const std::size_t count = group.questions.size();
@@ -317,57 +319,28 @@ void SectionReader::addUnknown(ReportSection& read) const {
     finding.mark = ReportMark::unknown;
     if (count == 1) {
       finding.sentence = std::move(group.questions.front());
-      finding.values = std::move(group.reasons);
+      finding.values = {shownReason(group.reason)};
       finding.explanation = std::move(group.explanation);
     } else {
       finding.sentence =
-          fmt::format("{} tests could not be answered: {}.", count, fmt::join(group.reasons, ", "));
+          fmt::format("{} tests could not be answered: {}.", count, shownReason(group.reason));
       finding.values = std::move(group.questions);
     }
+    finding.advice = shownText(group.reason.advice);
     read.findings.push_back(std::move(finding));
   }
 }
 
-std::vector<std::string> SectionReader::reasonsOf(const CatalogueTest& test) const {
-  std::vector<std::string> reasons;
-  const TestLines lines = journal_.linesOf(section_, test.id);
-  for (const std::string& line : lines.ofDiagnostic) reasons.push_back(reasonIn(line));
-  for (const std::string& line : lines.ofService) reasons.push_back(withoutStop(shownText(line)));
-  if (const ObjectRef verdict = valueOf(test.resultKey)) {
-    reasons.push_back("not an answer: " + shownText(runtime::jsonText(verdict)));
-  }
-  if (reasons.empty()) reasons.emplace_back("no reason was given");
-  return reasons;
-}
-
-std::size_t SectionReader::testsDone() const {
+std::size_t SectionReader::testsEnded() const {
   return static_cast<std::size_t>(
-      std::ranges::count_if(batchOf(section_), [this](auto id) { return isDone(id); }));
+      std::ranges::count_if(batchOf(section_), [this](auto id) { return outcomeOf(id); }));
 }
 
 std::string SectionReader::questionUnderWay() const {
   for (const DiagnosticsTestID id : batchOf(section_)) {
-    if (!journal_.wasRequested(section_, id) || isDone(id)) continue;
-    return withSite(verdictFinding(catalogueTest(id).resultKey)->question, outcome_.site);
+    if (wasStarted(id) && !outcomeOf(id)) return questionOf(id);
   }
   return {};
-}
-
-ObjectRef SectionReader::valueOf(std::string_view key) const {
-  if (!outcome_.data) return nullptr;
-  const auto findings = as<Dictionary>(outcome_.data->objectForKey(keyOf(section_)));
-  return findings ? findings->objectForKey(key) : nullptr;
-}
-
-bool SectionReader::isDone(DiagnosticsTestID id) const {
-  return valueOf(catalogueTest(id).resultKey) || !journal_.linesOf(section_, id).empty();
-}
-
-// Returns true if at least one of the tests was requested or answered.
-bool SectionReader::anyRun(std::span<const DiagnosticsTestID> tests) const {
-  return std::any_of(tests.begin(), tests.end(), [this](DiagnosticsTestID id) {
-    return valueOf(catalogueTest(id).resultKey) || journal_.wasRequested(section_, id);
-  });
 }
 
 std::string SectionReader::title() const {
@@ -376,13 +349,13 @@ std::string SectionReader::title() const {
     const std::string shown = shownText(name->string());
     return fmt::format("{}: {}", title, shown.empty() ? "\"\"" : shown);
   };
-  const RunPlan plan = outcome_.plan.value_or(RunPlan());
+  const RunPlan plan = run_.plan.value_or(RunPlan());
   switch (section_) {
     case Section::device:
       return "Device";
     case Section::currentNetwork:
       // Without a run, the section holds only the list's scan.
-      if (!outcome_.plan) return "Networks in range";
+      if (!run_.plan) return "Networks in range";
       return titled("Current network", plan.currentName);
     case Section::selectedNetwork:
       break;
@@ -394,15 +367,14 @@ std::string SectionReader::title() const {
 std::string SectionReader::whyNotRun() const {
   constexpr std::string_view kExcluded =
       "Left alone: a name that ends with _nomap asks not to be surveyed.";
-  if (section_ == Section::device || !outcome_.plan) return "Its tests were not run.";
-  const TextRef& joined = outcome_.plan->currentName;
-  const TextRef& selected = outcome_.plan->selectedName;
+  if (section_ == Section::device || !run_.plan) return "Its tests were not run.";
+  const TextRef& joined = run_.plan->currentName;
+  const TextRef& selected = run_.plan->selectedName;
   if (section_ == Section::currentNetwork) {
     if (isExcludedFromRuns(joined)) return std::string(kExcluded);
-    const std::string failure = journal_.statusFailure();
-    if (!joined && !failure.empty()) {
+    if (const auto& error = run_.collected.statusError; !joined && error) {
       return fmt::format("The device could not be asked which network it is joined to ({}).",
-                         reasonIn(failure));
+                         shownReason(*error));
     }
     if (!joined) return "The device is not joined to a network.";
   } else {
@@ -414,45 +386,44 @@ std::string SectionReader::whyNotRun() const {
 }
 
 // Adds the early end and the summary to the report of a run that was cut short.
-void tellEarlyEnd(const EarlyEnd& end, const Outcome& outcome, const Journal& journal,
-                  Report& report) {
+void tellEarlyEnd(const EarlyEnd& end, const FinishedRun& run, Report& report) {
   ReportFinding& told = report.earlyEnd.emplace();
   told.mark = ReportMark::problem;
   told.advice = end.advice;
-  if (!outcome.plan) {
+  if (!run.plan) {
     told.sentence = end.sentence;
     report.summary = "cut short before the tests";
     return;
   }
-  std::size_t done = 0;
-  for (const Section section : sectionsOf(*outcome.plan)) {
-    const SectionReader reader(outcome, journal, section);
-    done += reader.testsDone();
+  std::size_t ended = 0;
+  for (const Section section : sectionsOf(*run.plan)) {
+    const SectionReader reader(run, section);
+    ended += reader.testsEnded();
     if (const std::string question = reader.questionUnderWay(); !question.empty()) {
       told.values.push_back("under way and not answered: " + question);
     }
   }
   told.sentence =
-      fmt::format("{}: {} of {} tests were done.", end.duringTests, done, outcome.plan->totalTests);
-  report.summary = fmt::format("cut short after {} of {} tests", done, outcome.plan->totalTests);
+      fmt::format("{}: {} of {} tests were done.", end.duringTests, ended, run.plan->totalTests);
+  report.summary = fmt::format("cut short after {} of {} tests", ended, run.plan->totalTests);
   const std::string counts = countsText(report.sections);
   if (!counts.empty()) report.summary += ": " + counts;
 }
 
 }  // namespace
 
-Report reportOf(const Outcome& outcome, const Journal& journal) {
+Report reportOf(const FinishedRun& run) {
   Report report;
-  const EarlyEnd* end = earlyEnd(outcome.statusCode);
+  const EarlyEnd* end = earlyEnd(run.statusCode);
   for (const Section section :
        {Section::device, Section::currentNetwork, Section::selectedNetwork}) {
-    ReportSection read = SectionReader(outcome, journal, section).read();
+    ReportSection read = SectionReader(run, section).read();
     if (!end || !read.findings.empty()) report.sections.push_back(std::move(read));
   }
   if (end) {
-    tellEarlyEnd(*end, outcome, journal, report);
+    tellEarlyEnd(*end, run, report);
   } else {
-    report.summary = summaryOf(report.sections, outcome.plan);
+    report.summary = summaryOf(report.sections, run.plan);
   }
   return report;
 }

@@ -9,7 +9,7 @@
 
 namespace wifi_profile::report {
 
-// Makes a text from the record or the journal safe to show, and truncates a very long one.
+// Makes a text from a result or an error safe to show, and truncates a very long one.
 std::string shownText(std::string_view text);
 
 // Returns the value under an output key as short texts "name value": one for a plain value, one per

@@ -124,7 +124,7 @@ TEST_F(ReportDocument, CountsEachSectionByMarkAndSumsTheCountsUp) {
 
 TEST_F(ReportDocument, GivesAnUnknownItsQuestionAndTheReasons) {
   request(DiagnosticsTestID::ResolveDNS);
-  log("Resolve DNS failed with error: timed out");
+  fail("timed out");
   const ReportFinding finding = onlyFinding();
   EXPECT_EQ(finding.mark, ReportMark::unknown);
   EXPECT_EQ(finding.sentence, "Can names of sites be looked up (DNS)?");
@@ -135,7 +135,7 @@ TEST_F(ReportDocument, GivesAnUnknownItsQuestionAndTheReasons) {
 
 TEST_F(ReportDocument, ShowsATestThatIsNotAnsweredInFullOnceWithWhatIsMissing) {
   request(DiagnosticsTestID::PoorSignal);
-  log("RSSI not found.");
+  answer().values = {{"RSSI", nullptr}};
   current_ = {{"hasPoorSignal", no()}};
   const ReportFinding finding = onlyFinding();
   EXPECT_EQ(finding.mark, ReportMark::good);
@@ -145,21 +145,21 @@ TEST_F(ReportDocument, ShowsATestThatIsNotAnsweredInFullOnceWithWhatIsMissing) {
 
 TEST_F(ReportDocument, SaysNothingOfWhatIsOftenNotThere) {
   request(DiagnosticsTestID::PoorSignal);
-  log("Noise not found.");
+  answer().values = {{"noise", nullptr}};
   current_ = {{"hasPoorSignal", no()}, {"RSSI", integer(-50)}};
   EXPECT_EQ(onlyFinding().values, Texts{"RSSI -50 dBm"});
 }
 
 TEST_F(ReportDocument, SaysThatNoDetailsWereGiven) {
   request(DiagnosticsTestID::PoorSignal);
-  log("Info not found.");
+  answer().hasDetails = false;
   current_ = {{"hasPoorSignal", no()}};
   EXPECT_EQ(onlyFinding().values, Texts{"no details were given"});
 }
 
 TEST_F(ReportDocument, PutsWhyAnAnswerIsAsItIsBesideIt) {
   request(DiagnosticsTestID::ResolveDNS);
-  logOfService("The look-up of a name: no name server.");
+  answer().remark = "The look-up of a name: no name server.";
   current_ = {{"resolvedDNS", no()}};
   const ReportFinding finding = onlyFinding();
   EXPECT_EQ(finding.mark, ReportMark::problem);
@@ -168,12 +168,10 @@ TEST_F(ReportDocument, PutsWhyAnAnswerIsAsItIsBesideIt) {
 
 TEST_F(ReportDocument, PutsTestsWithTheSameReasonTogetherAndCountsEach) {
   selectedName_ = makeText("Nope");
-  for (const auto& [test, label] : {std::pair(DiagnosticsTestID::PoorSignal, "Poor Signal"),
-                                    std::pair(DiagnosticsTestID::Passpoint, "Passpoint"),
-                                    std::pair(DiagnosticsTestID::NoSecurity, "No Security")}) {
-    request(test, "Nope");
-    log(std::string(label) + " failed with error: " +
-        (test == DiagnosticsTestID::NoSecurity ? "timed out" : "\"Nope\" was not heard."));
+  for (const auto test : {DiagnosticsTestID::PoorSignal, DiagnosticsTestID::Passpoint,
+                          DiagnosticsTestID::NoSecurity}) {
+    request(test, true);
+    fail(test == DiagnosticsTestID::NoSecurity ? "timed out" : "\"Nope\" was not heard.");
   }
   const ReportSection section = document().sections.at(2);
   ASSERT_EQ(section.findings.size(), 2U);
@@ -190,7 +188,7 @@ TEST_F(ReportDocument, KeepsTheListsScanOutOfTheRunsTests) {
   joinTo("Home");
   device_ = {{"isUsingCustomDNS", no()}};
   request(DiagnosticsTestID::NoScanResults);
-  log("No Scan Results failed with error: busy");
+  fail("busy");
   EXPECT_TRUE(currentNetwork().findings.empty());
   EXPECT_EQ(document().summary, "no problems found: 1 fine");
   current_ = {{"foundScanResults", integer(1)}};  // an earlier scan's
@@ -201,7 +199,7 @@ TEST_F(ReportDocument, TellsThatTheListsScanFailedWhereNothingElseWasAsked) {
   planned_ = false;
   statusCode_ = -5;
   request(DiagnosticsTestID::NoScanResults);
-  log("No Scan Results failed with error: busy");
+  fail("busy");
   const Report report = document();
   ASSERT_EQ(report.sections.size(), 1U);
   EXPECT_EQ(report.sections[0].findings.at(0).values, Texts{"busy"});
@@ -274,12 +272,12 @@ TEST_F(ReportDocument, SaysHowFarARunCameThatEndedAmongItsTests) {
     device_[std::string(catalogueTest(test).resultKey)] = no();
   }
   request(DiagnosticsTestID::DetectDoubleNAT);
-  log("Detect Double NAT failed with error: timed out");
+  fail("timed out");
   request(DiagnosticsTestID::LongBeaconInterval);
-  journal_.event("service.cancel", {});
-  log("Long Beacon Interval failed with error: cancelled");
+  collector_.runEnded();
+  fail("cancelled");
   request(DiagnosticsTestID::LongDTIMInterval);
-  log("Long DTIM Interval failed with error: no answer");
+  fail("no answer");
   const Report report = document();
   ASSERT_TRUE(report.earlyEnd);
   EXPECT_EQ(report.earlyEnd->sentence,
@@ -293,8 +291,8 @@ TEST_F(ReportDocument, SaysHowFarARunCameThatEndedAmongItsTests) {
   EXPECT_EQ(report.sections[1].findings[0].values, Texts{"timed out"});
 }
 
-TEST_F(ReportDocument, IsThereWithoutARecord) {
-  const Report report = reportOf({}, journal_);
+TEST_F(ReportDocument, IsThereWithoutATest) {
+  const Report report = reportOf({});
   EXPECT_EQ(report.sections.size(), 3U);
   EXPECT_EQ(report.summary, "nothing was tested");
 }
@@ -311,9 +309,8 @@ TEST_F(ReportDocument, HoldsNothingThatATerminalWouldActOn) {
     }
   }
   site_ = hostile;
-  current_["pingedLAN"] = text(hostile);
-  request(DiagnosticsTestID::PingLAN);
-  log(hostile);
+  request(DiagnosticsTestID::PingLAN, true);
+  fail(hostile);
   const Texts texts = textsOf(document());
   for (const std::string& shown : texts) EXPECT_EQ(shown, runtime::safeText(shown));
   EXPECT_THAT(texts, ::testing::Contains("Current network: a\\u{1B}[2J\\u{D}\\u{A}\\u{7}"

@@ -1,12 +1,14 @@
-// A run's record and journal, filled by hand, to report on.
+// A run's outcomes, filled by hand, to report on.
 #pragma once
 
 #include <gtest/gtest.h>
+#include <map>
 #include <string>
 #include <string_view>
 
 #include "diagnostic/platform/Dictionary.h"
 #include "diagnostic/platform/Number.h"
+#include "diagnostic/tests/Catalogue.h"
 #include "report/ReportDocument.h"
 
 namespace wifi_profile::report {
@@ -21,37 +23,34 @@ class ReportFixture : public ::testing::Test {
 
   void joinTo(std::string_view name) { joinedName_ = makeText(name); }
 
-  // `selectedName`: the "NetworkName" of the request's configuration, empty for none.
-  void request(DiagnosticsTestID test, std::string_view selectedName = {}) {
-    const DictionaryRef configuration = selectedName.empty()
-                                            ? makeDictionary({})
-                                            : makeDictionary({{"NetworkName", text(selectedName)}});
-    journal_.event("service.request", {{"test", text(nameOf(test))},
-                                       {"id", integer(static_cast<std::int32_t>(test))},
-                                       {"configuration", configuration}});
+  // Starts a test; of the selected network if `isSelected`.
+  void request(DiagnosticsTestID test, bool isSelected = false) {
+    const Section section = catalogueTest(test).subject == TestSubject::device ? Section::device
+                            : isSelected ? Section::selectedNetwork
+                                         : Section::currentNetwork;
+    latest_ = {section, test};
+    collector_.testStarted(section, test);
   }
-
-  void log(const std::string& line) {
-    journal_.event("log", {{"category", integer(3)},
-                           {"level", text("error")},
-                           {"text", text("[ERROR] - Wi-Fi Profile: " + line)}});
+  // Ends the test that was started last.
+  void fail(const std::string& message) {
+    collector_.testEnded({.section = latest_.first,
+                          .test = latest_.second,
+                          .verdict = Error{Reason::failed, message}});
   }
-
-  // A line of the service about the test that was requested last.
-  void logOfService(const std::string& line) {
-    journal_.event("log",
-                   {{"category", integer(0)}, {"level", text("error")}, {"text", text(line)}});
-  }
+  // What the answer of the test that was started last has besides its verdict.
+  TestOutcome& answer() { return answers_[latest_]; }
 
   Report document() const {
-    const DictionaryRef data = makeDictionary({{"device", makeDictionary(device_)},
-                                               {"currentNetwork", makeDictionary(current_)},
-                                               {"selectedNetwork", makeDictionary(selected_)}});
+    CollectedOutcomes collected = collector_.collected();
+    collect(Section::device, device_, collected);
+    collect(Section::currentNetwork, current_, collected);
+    collect(Section::selectedNetwork, selected_, collected);
     const auto plan = planned_ ? std::optional(planRun(joinedName_, selectedName_)) : std::nullopt;
-    return reportOf({statusCode_, data, plan, site_}, journal_);
+    return reportOf({statusCode_, plan, site_, std::move(collected)});
   }
 
-  Journal journal_;
+  OutcomeCollector collector_;
+  // The sections, as in the record.
   Dictionary::Entries device_;
   Dictionary::Entries current_;
   Dictionary::Entries selected_;
@@ -60,6 +59,28 @@ class ReportFixture : public ::testing::Test {
   bool planned_ = true;  // no: the run ended before its tests
   std::string site_;
   std::int64_t statusCode_ = 0;
+
+ private:
+  using Key = std::pair<Section, DiagnosticsTestID>;
+
+  void collect(Section section, const Dictionary::Entries& entries,
+               CollectedOutcomes& collected) const {
+    for (const CatalogueTest& test : kCatalogue) {
+      const auto verdict = entries.find(test.resultKey);
+      if (verdict == entries.end()) continue;
+      const auto answer = answers_.find({section, test.id});
+      TestOutcome outcome = answer == answers_.end() ? TestOutcome() : answer->second;
+      outcome.verdict = as<Number>(verdict->second)->toDouble() != 0;
+      for (const InformationCopy& copy : test.information()) {
+        const auto value = entries.find(copy.outputKey);
+        if (value != entries.end()) outcome.values.push_back({copy.outputKey, value->second});
+      }
+      collected.tests[{section, test.id}] = std::move(outcome);
+    }
+  }
+
+  Key latest_;
+  std::map<Key, TestOutcome> answers_;
 };
 
 }  // namespace wifi_profile::report

@@ -4,6 +4,7 @@
 #include "app/cli/ScreenState.h"
 #include "app/cli/TracingScreen.h"
 #include "app/cli/UserActions.h"
+#include "diagnostic/tests/Catalogue.h"
 #include "runtime/Iso8601Formatter.h"
 #include "runtime/NoScreen.h"
 
@@ -36,8 +37,9 @@ std::shared_ptr<toolkit::Screen> drawnScreen(const Surroundings& surroundings) {
 
 struct DiagnosticRun::Installations {
   Installations(const devices::DeviceBackEnds& device, std::shared_ptr<VqClient> watchedService,
-                const Surroundings& surroundings)
-      : queues(unowned(surroundings.loop)),
+                const Surroundings& surroundings, RunObserver& runObserver)
+      : observer({std::shared_ptr<void>(), &runObserver}),
+        queues(unowned(surroundings.loop)),
         service(std::move(watchedService)),
         radio(device.radio),
         capability(device.capability),
@@ -47,6 +49,7 @@ struct DiagnosticRun::Installations {
         texts(surroundings.texts),
         collator(surroundings.collator),
         screen(std::make_shared<TracingScreen>(drawnScreen(surroundings), surroundings.trace)) {}
+  ScopedInstall<RunObserver> observer;
   ScopedInstall<WorkQueues> queues;
   ScopedInstall<VqClient> service;
   ScopedInstall<WiFiManagerService> radio;
@@ -71,7 +74,8 @@ DiagnosticRun::DiagnosticRun(RunDevice device, std::shared_ptr<WiFiProfileInputs
     : surroundings_(std::move(surroundings)),
       device_(std::move(device)),
       scans_(std::make_shared<WatchedScans>(device_.backEnds.service)),
-      installations_(std::make_unique<Installations>(device_.backEnds, scans_, surroundings_)),
+      installations_(
+          std::make_unique<Installations>(device_.backEnds, scans_, surroundings_, *this)),
       inputs_(std::move(inputs)),
       controller_(std::make_shared<WiFiProfileViewController>()),
       script_(device_.user, surroundings_.person ? ScreenUser::person : ScreenUser::script,
@@ -110,7 +114,7 @@ Ending DiagnosticRun::run() {
   controller_->setObserver(nullptr);
   const std::lock_guard lock(mutex_);
   if (stuck_ || script_.failure()) return Ending::stuck;
-  if (outcome_) return Ending::finished;
+  if (finishedRun_) return Ending::finished;
   return interrupted_ ? Ending::interrupted : Ending::tornDown;
 }
 
@@ -124,14 +128,45 @@ void DiagnosticRun::start() {
   if (surroundings_.person) surroundings_.person->show(controller_, [this] { endEarly(); });
 }
 
-void DiagnosticRun::showTests(std::string label) {
-  surroundings_.loop.postToMain([self = shared_from_this(), label = std::move(label)]() mutable {
-    if (!label.empty()) self->runningTest_ = std::move(label);
-    app::TestsDone tests{.done = self->controller_->completedTests(),
-                         .total = self->controller_->totalTests(),
-                         .running = {}};
-    if (tests.done < tests.total) tests.running = self->runningTest_;
-    self->surroundings_.person->showTests(tests);
+void DiagnosticRun::statusWasQueried(const std::optional<Error>& error) {
+  collector_.statusWasQueried(error);
+}
+
+void DiagnosticRun::testStarted(Section section, DiagnosticsTestID test) {
+  collector_.testStarted(section, test);
+  const std::string_view label = catalogueTest(test).label;
+  surroundings_.line.showActivity(label);
+  showTests([label](app::TestsDone& tests) {
+    if (tests.done < tests.total) tests.running = label;
+  });
+}
+
+void DiagnosticRun::testEnded(const TestOutcome& outcome) { collector_.testEnded(outcome); }
+
+void DiagnosticRun::progressed(std::int32_t done, std::int32_t total) {
+  surroundings_.line.showProgress(static_cast<double>(done) / total);
+  showTests([done, total](app::TestsDone& tests) {
+    tests.done = done;
+    tests.total = total;
+    if (done == total) tests.running.clear();
+  });
+}
+
+void DiagnosticRun::personDid(PersonAction action) {
+  if (!surroundings_.person) return;
+  script_.personDid(action);
+  surroundings_.loop.postToMain([] {});  // wakes the main thread for the script's next step
+}
+
+void DiagnosticRun::runEnded() { collector_.runEnded(); }
+
+// Changes the counts and shows them, on the main thread, unless the run is over.
+void DiagnosticRun::showTests(std::function<void(app::TestsDone&)> change) {
+  if (!surroundings_.person) return;
+  surroundings_.loop.postToMain([self = shared_from_this(), change = std::move(change)] {
+    if (self->isOver()) return;
+    change(self->tests_);
+    self->surroundings_.person->showTests(self->tests_);
   });
 }
 
@@ -157,11 +192,6 @@ void DiagnosticRun::askForPower() {
   controller_->presentWiFiPoweredOffAlert();
 }
 
-void DiagnosticRun::personDid(scenario::Action action) {
-  script_.personDid(action);
-  surroundings_.loop.postToMain([] {});  // wakes the main thread for the script's next step
-}
-
 void DiagnosticRun::tearDown() {
   {
     const std::lock_guard lock(mutex_);
@@ -175,7 +205,7 @@ void DiagnosticRun::tearDown() {
 
 bool DiagnosticRun::isOver() const {
   const std::lock_guard lock(mutex_);
-  return tornDown_ || outcome_;
+  return tornDown_ || finishedRun_;
 }
 
 void DiagnosticRun::interrupt() {
@@ -245,13 +275,14 @@ void DiagnosticRun::finishedWasSet(bool finished) {
   script_.end();
   {
     const std::lock_guard lock(mutex_);
-    if (outcome_ || tornDown_) return;
-    outcome_ = report::Outcome{
+    if (finishedRun_ || tornDown_) return;
+    finishedRun_ = report::FinishedRun{
         .statusCode = std::get<std::int64_t>(controller_->result().statusCode()->value()),
-        .data = copyOfSections(controller_->result().data()),
         .plan = controller_->runPlan(),
         .site = device_.site,
+        .collected = collector_.collected(),
     };
+    data_ = copyOfSections(controller_->result().data());
   }
   surroundings_.loop.postToMain([this] { tearDown(); });
 }

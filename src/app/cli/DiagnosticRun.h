@@ -57,8 +57,10 @@ struct Surroundings {
 };
 
 // Installs the back ends for its lifetime, drives the run, and keeps the outcome as it was when the
-// diagnostic first finished. One instance at a time in a process.
+// diagnostic first finished. Passes the events of the run on to the collector of outcomes, to the
+// progress line, and to the person's screen and the script. One instance at a time in a process.
 class DiagnosticRun final : public HxDiagnosticObserver,
+                            public RunObserver,
                             public std::enable_shared_from_this<DiagnosticRun> {
  public:
   DiagnosticRun(RunDevice device, std::shared_ptr<WiFiProfileInputs> inputs,
@@ -72,18 +74,22 @@ class DiagnosticRun final : public HxDiagnosticObserver,
   // Remaining work then no longer waits.
   void interrupt();
 
-  // Any thread, only if there is a person's screen. `label` names the test that has begun; empty:
-  // the test has not changed.
-  void showTests(std::string label);
-  void personDid(scenario::Action action);
-
-  // After `run`: the outcome of a finished run, and the reason why a run is stuck.
-  const report::Outcome& outcome() const { return *outcome_; }
+  // After `run`: a finished run with its three sections as they were when it finished, and the
+  // reason why a run is stuck.
+  const report::FinishedRun& finishedRun() const { return *finishedRun_; }
+  const DictionaryRef& data() const { return data_; }
   std::string reason() const;
 
   void statusCodeWasSet(const NumberRef& statusCode) override;
   void dataWasSet(const DictionaryRef& data) override;
   void finishedWasSet(bool finished) override;
+
+  void statusWasQueried(const std::optional<Error>& error) override;
+  void testStarted(Section section, DiagnosticsTestID test) override;
+  void testEnded(const TestOutcome& outcome) override;
+  void progressed(std::int32_t done, std::int32_t total) override;
+  void personDid(PersonAction action) override;
+  void runEnded() override;
 
  private:
   struct Installations;
@@ -93,6 +99,7 @@ class DiagnosticRun final : public HxDiagnosticObserver,
   void endEarly();
   bool isOver() const;
   void whileServing(DiagnosticsTestID test);
+  void showTests(std::function<void(app::TestsDone&)> change);
   void showEmptyList();
   void askForPower();
   std::optional<std::string> perform(const scenario::Step& step);
@@ -100,6 +107,7 @@ class DiagnosticRun final : public HxDiagnosticObserver,
   Surroundings surroundings_;
   RunDevice device_;
   std::shared_ptr<WatchedScans> scans_;
+  report::OutcomeCollector collector_;
   std::unique_ptr<Installations> installations_;
   std::shared_ptr<WiFiProfileInputs> inputs_;
   std::shared_ptr<WiFiProfileViewController> controller_;
@@ -107,10 +115,11 @@ class DiagnosticRun final : public HxDiagnosticObserver,
 
   std::atomic<bool> interrupted_ = false;
   bool stuck_ = false;             // main thread only
-  std::string runningTest_;        // main thread only
+  app::TestsDone tests_;           // main thread only
   app::EmptyList shownEmptyList_;  // main thread only; the last state passed to the screen
   mutable std::mutex mutex_;       // guards the members below
-  std::optional<report::Outcome> outcome_;
+  std::optional<report::FinishedRun> finishedRun_;
+  DictionaryRef data_;
   bool tornDown_ = false;
 };
 

@@ -12,9 +12,7 @@
 #include "app/cli/DiagnosticRun.h"
 #include "app/cli/ExitStatus.h"
 #include "app/cli/Files.h"
-#include "app/cli/PersonFollower.h"
 #include "app/cli/RunPreparation.h"
-#include "diagnostic/tests/Catalogue.h"
 #include "report/ReportText.h"
 #include "runtime/BuiltInStringTable.h"
 #include "runtime/IcuNameCollator.h"
@@ -46,41 +44,24 @@ ProgressLine::Shows showsBeside(Ui ui) {
   return ui == Ui::terminal ? ProgressLine::Shows::linesAtTheEnd : ProgressLine::Shows::linesAndBar;
 }
 
-std::string recordText(const RunOptions& options, const report::Outcome& outcome,
-                       const report::Journal& journal) {
+std::string recordText(const RunOptions& options, const DiagnosticRun& run) {
   const bool onTerminal = isatty(STDOUT_FILENO) != 0;
   const auto form = options.output.value_or(onTerminal ? OutputForm::text : OutputForm::json);
   if (form == OutputForm::text) {
-    return report::reportText(report::reportOf(outcome, journal),
+    return report::reportText(report::reportOf(run.finishedRun()),
                               {.color = isTerminal(STDOUT_FILENO) && !environmentHas("NO_COLOR")});
   }
-  return runtime::jsonText(makeDictionary(
-             {{"data", outcome.data}, {"statusCode", Number::withInteger(outcome.statusCode)}})) +
+  return runtime::jsonText(
+             makeDictionary({{"data", run.data()},
+                             {"statusCode", Number::withInteger(run.finishedRun().statusCode)}})) +
          "\n";
 }
 
-// Shows the run's progress on standard error.
-class Activity final : public Trace {
- public:
-  explicit Activity(ProgressLine& line) : line_(line) {}
-  void event(std::string_view name, const Fields& fields) override {
-    if (name == "service.request") {
-      const auto test = testNamed(as<Text>(fields.front().second)->string());
-      if (test) line_.showActivity(catalogueTest(*test).label);
-    }
-    if (name == "ui.progress") line_.showProgress(as<Number>(fields.front().second)->toDouble());
-  }
-
- private:
-  ProgressLine& line_;
-};
-
 // Prints the run's result, and returns the exit status.
-int conclude(const DiagnosticRun& run, Ending ending, const RunOptions& options,
-             const report::Journal& journal) {
+int conclude(const DiagnosticRun& run, Ending ending, const RunOptions& options) {
   switch (ending) {
     case Ending::finished:
-      if (writeAll(stdout, recordText(options, run.outcome(), journal))) break;
+      if (writeAll(stdout, recordText(options, run))) break;
       return complain({kExitOutput, cannotBeWritten("standard output", errno)});
     case Ending::tornDown:
       return complain({kExitTornDown, "torn down before the run finished; there is no record"});
@@ -89,7 +70,7 @@ int conclude(const DiagnosticRun& run, Ending ending, const RunOptions& options,
     case Ending::stuck:
       return complain({kExitScenario, options.device.value_or("") + ": at " + run.reason()});
   }
-  return static_cast<int>(std::abs(run.outcome().statusCode));
+  return static_cast<int>(std::abs(run.finishedRun().statusCode));
 }
 
 // Handles interrupts during a run, from its preparation on. The first interrupt ends the current
@@ -147,28 +128,22 @@ void showReport(app::PersonScreen& person, report::Report report) {
 int runOn(runtime::RunLoop& loop, const RunOptions& options, PreparedRun prepared,
           const std::shared_ptr<app::PersonScreen>& person, RunInterrupts& interrupts) {
   TraceFile trace(loop, std::move(prepared.traceFile));
-  report::Journal journal;
   ProgressLine line(stderr, showsBeside(uiOf(options)));
-  Activity activity(line);
-  trace.addListener(journal);
-  trace.addListener(activity);
   const auto run = std::make_shared<DiagnosticRun>(
       prepared.makeDevice(loop, trace), std::move(prepared.inputs),
       Surroundings{loop, trace, line, Installed<StringTable>::get(),
                    std::make_shared<runtime::IcuNameCollator>(localeFor("LC_COLLATE")), person});
-  PersonFollower follower(*run);
-  if (person) trace.addListener(follower);
   const RunInterrupts::Scope endsEarly(interrupts, [&run, &person] {
     run->interrupt();
     if (person) person->mainQueue()->post([&person] { person->close(); });
   });
   const Ending ending = run->run();
   if (person) {
-    if (ending == Ending::finished) showReport(*person, report::reportOf(run->outcome(), journal));
+    if (ending == Ending::finished) showReport(*person, report::reportOf(run->finishedRun()));
     person->close();
   }
   line.clear();
-  const int status = conclude(*run, ending, options, journal);
+  const int status = conclude(*run, ending, options);
   if (const int error = trace.firstError(); error != 0) {
     return complain({kExitOutput, cannotBeWritten(*options.traceFile, error)});
   }

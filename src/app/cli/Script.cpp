@@ -3,18 +3,30 @@
 namespace wifi_profile::cli {
 namespace {
 
-using scenario::Action;
-
-bool isOfTheWorld(scenario::Action action) {
-  return action == scenario::Action::setPower || action == scenario::Action::wait ||
-         action == scenario::Action::teardown;
-}
-
-// Returns the kind of an action: all taps on rows are one kind.
-scenario::Action kindOf(scenario::Action action) {
-  return action == scenario::Action::tapNetwork || action == scenario::Action::tapOther
-             ? scenario::Action::tapRow
-             : action;
+// Returns the person's action that completes a step. Empty for the steps that the script performs
+// in any case.
+std::optional<PersonAction> personActionOf(scenario::Action action) {
+  using scenario::Action;
+  switch (action) {
+    case Action::tapNetwork:
+    case Action::tapRow:
+    case Action::tapOther:
+      return PersonAction::tapRow;
+    case Action::type:
+      return PersonAction::type;
+    case Action::tapAction:
+      return PersonAction::tapAlertAction;
+    case Action::tapNext:
+      return PersonAction::tapButton;
+    case Action::pullToRefresh:
+      return PersonAction::pullToRefresh;
+    case Action::setPower:
+    case Action::scrollAway:
+    case Action::teardown:
+    case Action::wait:
+      break;
+  }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -28,13 +40,13 @@ Script::Script(std::vector<scenario::Step> steps, ScreenUser user, Perform perfo
 }
 
 bool Script::isScripted(const scenario::Step& step) const {
-  return user_ == ScreenUser::script || isOfTheWorld(step.action);
+  return user_ == ScreenUser::script || !personActionOf(step.action);
 }
 
-void Script::personDid(scenario::Action action) {
+void Script::personDid(PersonAction action) {
   const std::lock_guard lock(mutex_);
   if (ended_ || next_ == steps_.size() || isScripted(steps_[next_])) return;
-  if (kindOf(steps_[next_].action) == kindOf(action)) ++next_;
+  if (personActionOf(steps_[next_].action) == action) ++next_;
 }
 
 void Script::end() {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "devices/scenario/Scenario.h"
+#include "diagnostic/platform/RunObserver.h"
 
 namespace wifi_profile::cli {
 
@@ -31,7 +32,7 @@ class Script {
 
   // Reports an action of the person. Completes the next step if it is of the same kind; the row of
   // a tap does not matter.
-  void personDid(scenario::Action action);
+  void personDid(PersonAction action);
 
   // Returns true if the next step is the script's and is to be performed while the run is idle.
   bool hasIdleStep() const;

@@ -8,9 +8,9 @@
 #include "diagnostic/platform/Array.h"
 #include "diagnostic/platform/Dictionary.h"
 #include "diagnostic/platform/Number.h"
+#include "diagnostic/platform/TestOutcome.h"
 #include "diagnostic/tests/Batches.h"
 #include "diagnostic/tests/Catalogue.h"
-#include "report/Journal.h"
 #include "report/Wrap.h"
 #include "runtime/JsonWriter.h"
 
@@ -26,13 +26,13 @@ struct Use {
 std::vector<Use> usesOf(DiagnosticsTestID id) {
   std::vector<Use> uses;
   if (batchHolds(kDeviceConfigurationBatch, id)) {
-    uses.push_back({report::keyOf(report::Section::device), "configuration"});
+    uses.push_back({keyOf(Section::device), "configuration"});
   }
   if (batchHolds(kCurrentNetworkBatch, id)) {
-    uses.push_back({report::keyOf(report::Section::currentNetwork), "currentNetworkConfiguration"});
+    uses.push_back({keyOf(Section::currentNetwork), "currentNetworkConfiguration"});
   }
   if (batchHolds(kSelectedNetworkBatch, id)) {
-    uses.push_back({report::keyOf(report::Section::selectedNetwork), "configuration"});
+    uses.push_back({keyOf(Section::selectedNetwork), "configuration"});
   }
   if (uses.empty()) uses.push_back({"", "freshScanConfiguration"});
   return uses;

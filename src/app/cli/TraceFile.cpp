@@ -22,7 +22,6 @@ void TraceFile::event(std::string_view name, const Fields& fields) {
     const bool written = std::fwrite(line.data(), 1, line.size(), file_.get()) == line.size();
     if ((!written || std::fflush(file_.get()) != 0) && firstError_ == 0) firstError_ = errno;
   }
-  for (Trace* const listener : listeners_) listener->event(name, fields);
 }
 
 int TraceFile::firstError() const {

@@ -1,4 +1,4 @@
-// The trace of a run: numbered events, written to a file as they happen and forwarded to listeners.
+// The trace of a run: numbered events, written to a file as they happen.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,6 @@
 #include <memory>
 #include <mutex>
 #include <string>
-#include <vector>
 
 #include "diagnostic/platform/Trace.h"
 #include "diagnostic/platform/WorkQueues.h"
@@ -22,12 +21,8 @@ class TraceFile final : public Trace {
   };
   using File = std::unique_ptr<std::FILE, Close>;
 
-  // `queues` must outlive the trace. If `file` is null, events are only forwarded to listeners.
+  // `queues` must outlive the trace. Null: nothing is written.
   TraceFile(const WorkQueues& queues, File file) : queues_(queues), file_(std::move(file)) {}
-
-  // Forwards every event from now on to `listener`, in order. The listener must exist until the
-  // last event.
-  void addListener(Trace& listener) { listeners_.push_back(&listener); }
 
   void event(std::string_view name, const Fields& fields) override;
 
@@ -40,7 +35,6 @@ class TraceFile final : public Trace {
   File file_;
   int firstError_ = 0;
   std::int64_t sequence_ = 0;
-  std::vector<Trace*> listeners_;
 };
 
 }  // namespace wifi_profile::cli

@@ -95,12 +95,12 @@ LinuxService::Outcome LinuxService::serve(const VqDiagnosticsTestRequest& reques
   const checks::Question question{
       .facts = *facts, .settings = settings_, .networkName = devices::networkNameOf(request)};
   const checks::Answer answer = checks::checkOf(request.testID()).answer(question);
-  if (!answer) return errorOf(answer.error());
-  // Logged on the thread of the request, during it, so that the line belongs to this test.
-  if (std::string problem = checks::problemOf(question, request.testID()); !problem.empty()) {
-    DiagnosticLogHandleForCategory(0).error([&] { return problem; });
+  DiagnosticsTestResult result = *answer;
+  result.remark = checks::problemOf(question, request.testID());
+  if (!result.remark.empty()) {
+    DiagnosticLogHandleForCategory(0).error([&] { return result.remark; });
   }
-  return *answer;
+  return result;
 }
 
 std::optional<facts::Facts> LinuxService::factsFor(const VqDiagnosticsTestRequest& request) {

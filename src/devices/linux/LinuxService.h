@@ -33,8 +33,8 @@ class FactFinder : public Interface {
 // the joined network or that names the joined network as the one that the run is about. A request
 // for the scan of the list (NoScanResults) is not part of a run: it makes a scan of its own.
 //
-// The reason why something was not reached is logged with the test that it decides, on the thread
-// of the request. A cancel ends the run and the requests that wait for it, at once. Any thread.
+// The reason why something was not reached is the remark of the result that it decides, and is
+// logged with it. A cancel ends the run and the requests that wait for it, at once. Any thread.
 class LinuxService final : public VqClient {
  public:
   // `trace` must outlive the service.

@@ -8,6 +8,7 @@
 #include "diagnostic/controller/RunPlan.h"
 #include "diagnostic/controller/WiFiProfileViewController.h"
 #include "diagnostic/platform/DiagnosticsSupport.h"
+#include "diagnostic/platform/RunObserver.h"
 #include "diagnostic/platform/WorkQueues.h"
 
 namespace wifi_profile {
@@ -71,7 +72,11 @@ void WiFiProfileViewController::teardown() { cleanUp(); }
 void WiFiProfileViewController::determineCurrentNetwork() {
   VqErrorRef error;
   const auto status = VqClient::sharedClient()->queryStatusForPeer(nullptr, error);
-  if (codeOf(error) != 0) {
+  const bool failed = codeOf(error) != 0;
+  notifyRunObserver([&](RunObserver& observer) {
+    observer.statusWasQueried(failed ? std::optional(error->cause()) : std::nullopt);
+  });
+  if (failed) {
     logError([&] { return "Query Status failed with error: " + error->description(); });
     return;
   }
@@ -90,6 +95,7 @@ void WiFiProfileViewController::runBatchesAndScheduleEnd() {
   const RunPlan plan = planRun(joinedNameOf(wifiStatus()), selectedName);
   runPlan.set(plan);
   totalTests.set(plan.totalTests);
+  notifyRunObserver([&](RunObserver& observer) { observer.progressed(0, plan.totalTests); });
   configuration.set(selectedName ? makeDictionary({{"MaxScanCacheAge", inputs()->maxScanCacheAge()},
                                                    {"NetworkName", selectedName}})
                                  : currentNetworkConfiguration());
@@ -111,6 +117,7 @@ TextRef WiFiProfileViewController::timestampFormattedInISO8601(
 
 void WiFiProfileViewController::cleanUp() {
   WorkQueues::shared()->runOnGlobalAndWait([self = self()] {
+    notifyRunObserver([](RunObserver& observer) { observer.runEnded(); });
     VqClient::sharedClient()->cancelAllRequests();
     if (const auto handle = self->manager.exchange(nullptr)) releaseWiFiHandle(handle);
     if (const auto handle = self->device.exchange(nullptr)) releaseWiFiHandle(handle);

@@ -12,6 +12,7 @@
 #include "diagnostic/platform/Dictionary.h"
 #include "diagnostic/platform/Installed.h"
 #include "diagnostic/platform/Interface.h"
+#include "diagnostic/platform/Result.h"
 #include "diagnostic/platform/Text.h"
 
 namespace wifi_profile {
@@ -20,13 +21,16 @@ namespace wifi_profile {
 class VqError final {
  public:
   VqError(std::int64_t code, std::string description)
-      : code_(code), description_(std::move(description)) {}
+      : code_(code), cause_{Reason::failed, std::move(description)} {}
+  explicit VqError(Error cause)
+      : code_(static_cast<std::int64_t>(cause.reason)), cause_(std::move(cause)) {}
   std::int64_t code() const { return code_; }
-  const std::string& description() const { return description_; }
+  const std::string& description() const { return cause_.message; }
+  const Error& cause() const { return cause_; }
 
  private:
   std::int64_t code_;
-  std::string description_;
+  Error cause_;
 };
 
 using VqErrorRef = std::shared_ptr<const VqError>;  // nil: no error
@@ -38,7 +42,8 @@ inline std::int64_t codeOf(const VqErrorRef& error) { return error ? error->code
 struct DiagnosticsTestResult {
   bool result = false;
   bool didPass = false;
-  DictionaryRef info;  // nil: no information
+  DictionaryRef info;       // nil: no information
+  std::string remark = {};  // the reason for the answer, a sentence; may be empty
 };
 
 // nullopt: there is no array. A null element is a slot without an object.

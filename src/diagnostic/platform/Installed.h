@@ -26,6 +26,9 @@ class Installed {
     return service;
   }
 
+  // Returns the installed back end, or null.
+  static std::shared_ptr<Service> find() { return slot()(); }
+
   // Returns the back end that was installed before, or null.
   static std::shared_ptr<Service> install(std::shared_ptr<Service> service) {
     return slot().exchange(std::move(service));

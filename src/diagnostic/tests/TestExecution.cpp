@@ -2,12 +2,13 @@
 
 #include "diagnostic/controller/ErrorLog.h"
 #include "diagnostic/controller/WiFiProfileViewController.h"
+#include "diagnostic/platform/RunObserver.h"
 #include "diagnostic/tests/Catalogue.h"
 
 namespace wifi_profile {
 namespace {
 
-ObjectRef verdictOf(const CatalogueTest& test, bool result) {
+NumberRef verdictOf(const CatalogueTest& test, bool result) {
   if (test.verdictForm == VerdictForm::inverseInteger) return Number::withInteger(result ? 0 : 1);
   return Number::withBool(result);
 }
@@ -17,60 +18,83 @@ bool passesGate(Gate gate, const DiagnosticsTestResult& result) {
   return result.didPass == (gate == Gate::onlyWhenPassed);
 }
 
+// Returns the line that is logged if the service returned no result.
+std::string noResultLine(const DiagnosticsTestResults& results) {
+  return !results || results->empty() ? "Results not found." : "Test Result not found.";
+}
+
 // Calls `target` before every write to get the dictionary.
 template <class Target>
-void runTest(WiFiProfileViewController& controller, const CatalogueTest& test,
-             const DictionaryRef& configuration, Target target) {
+TestOutcome runTest(WiFiProfileViewController& controller, Section section,
+                    const CatalogueTest& test, const DictionaryRef& configuration, Target target) {
+  TestOutcome outcome{.section = section, .test = test.id};
   VqErrorRef error;
   const DiagnosticsTestResults results = VqClient::sharedClient()->runDiagnosticsTests(
       {VqDiagnosticsTestRequest::requestWithTestID(test.id, configuration)}, nullptr, nullptr,
       error);
   if (codeOf(error) != 0) {
+    outcome.verdict = error->cause();
     logError(
         [&] { return std::string(test.label) + " failed with error: " + error->description(); });
-    return;
+    return outcome;
   }
   const auto result = controller.testResultFromResults(results);
-  if (!result) return;
-  target()->setObject(verdictOf(test, result->result), test.resultKey);
-  if (test.information().empty() || !passesGate(test.gate, *result)) return;
+  if (!result) {
+    outcome.verdict = Error{Reason::failed, noResultLine(results)};
+    return outcome;
+  }
+  const NumberRef verdict = verdictOf(test, result->result);
+  target()->setObject(verdict, test.resultKey);
+  outcome.verdict = verdict->toDouble() != 0;
+  outcome.remark = result->remark;
+  if (test.information().empty() || !passesGate(test.gate, *result)) return outcome;
   const DictionaryRef info = result->info;
   if (!info) {
+    outcome.hasDetails = false;
     logError([] { return std::string("Info not found."); });
-    return;
+    return outcome;
   }
   for (const InformationCopy& copy : test.information()) {
     const ObjectRef found = test.handler(controller, info->objectForKey(copy.infoKey));
     if (!found) {
-      if (!copy.logName.empty())
-        logError([&] { return std::string(copy.logName) + " not found."; });
+      if (copy.logName.empty()) continue;
+      outcome.values.push_back({copy.outputKey, nullptr});
+      logError([&] { return std::string(copy.logName) + " not found."; });
     } else if (!copy.outputKey.empty()) {
       target()->setObject(found, copy.outputKey);
+      outcome.values.push_back({copy.outputKey, found});
     }
   }
+  return outcome;
+}
+
+template <class Target>
+void runObservedTest(WiFiProfileViewController& controller, Section section,
+                     DiagnosticsTestID testID, const DictionaryRef& configuration, Target target) {
+  notifyRunObserver([&](RunObserver& observer) { observer.testStarted(section, testID); });
+  const TestOutcome outcome =
+      runTest(controller, section, catalogueTest(testID), configuration, target);
+  notifyRunObserver([&](RunObserver& observer) { observer.testEnded(outcome); });
 }
 
 }  // namespace
 
 void WiFiProfileViewController::runDeviceConfigurationTest(DiagnosticsTestID testID) {
-  runTest(*this, catalogueTest(testID), configuration(), [this] { return deviceData(); });
+  runObservedTest(*this, Section::device, testID, configuration(), [this] { return deviceData(); });
 }
 
 void WiFiProfileViewController::runCurrentNetworkTest(
     DiagnosticsTestID testID, const DictionaryRef& testConfiguration,
     const MutableDictionaryRef& resultsDictionary) {
-  runTest(*this, catalogueTest(testID), testConfiguration,
-          [held = resultsDictionary] { return held; });
+  const bool isSelected = resultsDictionary == selectedNetworkData();
+  runObservedTest(*this, isSelected ? Section::selectedNetwork : Section::currentNetwork, testID,
+                  testConfiguration, [held = resultsDictionary] { return held; });
 }
 
 std::shared_ptr<const DiagnosticsTestResult> WiFiProfileViewController::testResultFromResults(
     const DiagnosticsTestResults& results) const {
-  if (!results || results->empty()) {
-    logError([] { return std::string("Results not found."); });
-    return nullptr;
-  }
-  auto result = results->front();
-  if (!result) logError([] { return std::string("Test Result not found."); });
+  auto result = results && !results->empty() ? results->front() : nullptr;
+  if (!result) logError([&] { return noResultLine(results); });
   return result;
 }
 

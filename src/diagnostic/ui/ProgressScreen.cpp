@@ -2,6 +2,7 @@
 // `progressScreenVisible`, `completedTests`, `totalTests`.
 
 #include "diagnostic/controller/WiFiProfileViewController.h"
+#include "diagnostic/platform/RunObserver.h"
 #include "diagnostic/platform/StringTable.h"
 #include "diagnostic/platform/WorkQueues.h"
 #include "diagnostic/platform/toolkit/Label.h"
@@ -104,6 +105,8 @@ void WiFiProfileViewController::updateProgress() {
     bar->setProgress(static_cast<float>(self->completedTests()) /
                      static_cast<float>(self->totalTests()));
   });
+  notifyRunObserver(
+      [&](RunObserver& observer) { observer.progressed(completedTests(), totalTests()); });
 }
 
 }  // namespace wifi_profile

@@ -6,9 +6,7 @@
 #include <sstream>
 #include <unistd.h>
 
-#include "app/cli/PersonFollower.h"
 #include "devices/scenario/ScenarioReader.h"
-#include "report/Journal.h"
 #include "report/ReportDocument.h"
 #include "runtime/IcuNameCollator.h"
 #include "runtime/JsonReader.h"
@@ -71,18 +69,14 @@ ScenarioResult runScenario(const std::string& json, runtime::RunLoop& loop, cons
         cli::Surroundings{loop, trace, line,
                           std::make_shared<runtime::BuiltInStringTable>(wish.language),
                           std::make_shared<runtime::IcuNameCollator>("C"), wish.person});
-    report::Journal journal;
-    trace.addListener(journal);
-    cli::PersonFollower follower(*run);
-    if (wish.person) trace.addListener(follower);
     if (before) before(*run);
     result.ending = run->run();
     if (result.ending == cli::Ending::finished) {
       result.record = runtime::jsonText(makeDictionary(
-                          {{"data", run->outcome().data},
-                           {"statusCode", Number::withInteger(run->outcome().statusCode)}})) +
+                          {{"data", run->data()},
+                           {"statusCode", Number::withInteger(run->finishedRun().statusCode)}})) +
                       "\n";
-      result.report = report::reportOf(run->outcome(), journal);
+      result.report = report::reportOf(run->finishedRun());
     }
     if (result.ending == cli::Ending::stuck) result.reason = run->reason();
     EXPECT_EQ(trace.firstError(), 0);

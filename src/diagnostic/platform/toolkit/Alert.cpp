@@ -1,5 +1,6 @@
 #include "diagnostic/platform/toolkit/Alert.h"
 
+#include "diagnostic/platform/RunObserver.h"
 #include "diagnostic/platform/toolkit/MainThread.h"
 #include "diagnostic/platform/toolkit/Screen.h"
 #include "diagnostic/platform/toolkit/ViewController.h"
@@ -9,6 +10,7 @@ namespace wifi_profile::toolkit {
 void Alert::type(const std::string& text) {
   checkMainThread("Alert::type");
   if (textFields_.empty()) return;
+  reportPerson(PersonAction::type);
   const auto field = textFields_.front();
   field->text = text;
   if (field->onEditingChanged) field->onEditingChanged();
@@ -18,6 +20,7 @@ void Alert::type(const std::string& text) {
 void Alert::tap(const AlertAction& action) {
   checkMainThread("Alert::tap");
   if (presenter_.expired() || !action.isEnabled()) return;
+  reportPerson(PersonAction::tapAlertAction);
   const auto alive = shared_from_this();
   const std::function<void()> handler = action.handler_;
   Screen::shared()->alertActionWasTapped(*this, action);

@@ -1,5 +1,6 @@
 #include "diagnostic/platform/toolkit/NavigationBar.h"
 
+#include "diagnostic/platform/RunObserver.h"
 #include "diagnostic/platform/toolkit/MainThread.h"
 #include "diagnostic/platform/toolkit/Screen.h"
 
@@ -19,6 +20,7 @@ void BarButtonItem::setEnabled(bool enabled) {
 void BarButtonItem::tap() const {
   checkMainThread("BarButtonItem::tap");
   if (!enabled_) return;
+  reportPerson(PersonAction::tapButton);
   const auto action = action_;  // the action may remove this button
   action();
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "diagnostic/platform/RunObserver.h"
 #include "diagnostic/platform/toolkit/MainThread.h"
 #include "diagnostic/platform/toolkit/Screen.h"
 
@@ -166,7 +167,9 @@ bool TableView::canTap(IndexPath path) const {
 void TableView::tap(IndexPath path) {
   checkMainThread("TableView::tap");
   const auto delegate = delegate_.lock();
-  if (delegate && canTap(path)) delegate->tableViewDidSelectRowAtIndexPath(*this, path);
+  if (!delegate || !canTap(path)) return;
+  reportPerson(PersonAction::tapRow);
+  delegate->tableViewDidSelectRowAtIndexPath(*this, path);
 }
 
 void TableView::scrollToRow(IndexPath path, ScrollPosition position, bool animated) {
