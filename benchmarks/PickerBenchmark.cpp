@@ -4,7 +4,6 @@
 #include <benchmark/benchmark.h>
 #include <chrono>
 
-#include "app/cli/TracingScreen.h"
 #include "benchmarks/ScanListInputs.h"
 #include "devices/scenario/ScenarioDevice.h"
 #include "diagnostic/controller/WiFiProfileViewController.h"
@@ -21,11 +20,6 @@ namespace wifi_profile {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-class NoTrace final : public Trace {
- public:
-  void event(std::string_view /*name*/, const Fields& /*fields*/) override {}
-};
 
 // Virtual time, with a stopwatch on every piece of work of the main queue.
 class TimedQueues final : public WorkQueues {
@@ -83,8 +77,7 @@ class Quiet final : public DiagnosticLog {
 class Picker {
  public:
   explicit Picker(std::vector<ArrayRef> lists)
-      : device_(paper_, queues_->loop, trace_),
-        service_(std::make_shared<Scans>(std::move(lists))) {
+      : device_(scenario_, queues_->loop), service_(std::make_shared<Scans>(std::move(lists))) {
     const auto inputs = std::make_shared<WiFiProfileInputs>();
     inputs->validateAndInitializeParameters(
         makeDictionary({{"maxScanCacheAge", Number::withUnsigned(60)},
@@ -107,8 +100,7 @@ class Picker {
   template <class Service>
   using Install = ScopedInstall<Service>;
 
-  NoTrace trace_;
-  scenario::Scenario paper_;
+  scenario::Scenario scenario_;
   std::shared_ptr<TimedQueues> queues_ = std::make_shared<TimedQueues>();
   scenario::ScenarioDevice device_;
   Install<WorkQueues> installedQueues_{queues_};
@@ -121,8 +113,7 @@ class Picker {
   Install<DiagnosticLog> log_{std::make_shared<Quiet>()};
   Install<StringTable> texts_{std::make_shared<runtime::BuiltInStringTable>("en")};
   Install<NameCollator> order_{std::make_shared<runtime::IcuNameCollator>("en")};
-  Install<toolkit::Screen> screen_{
-      std::make_shared<cli::TracingScreen>(std::make_shared<runtime::NoScreen>(), trace_)};
+  Install<toolkit::Screen> screen_{std::make_shared<runtime::NoScreen>()};
   std::shared_ptr<WiFiProfileViewController> controller_ =
       std::make_shared<WiFiProfileViewController>();
 };

@@ -19,11 +19,6 @@
 namespace wifi_profile {
 namespace {
 
-class Nowhere final : public Trace {
- public:
-  void event(std::string_view /*name*/, const Fields& /*fields*/) override {}
-};
-
 const std::string& demoText() {
   static const std::string text = [] {
     std::ostringstream content;
@@ -47,11 +42,10 @@ DictionaryRef runDemo() {
                       {"reprofileWithUI", Number::withBool(false)},
                       {"networkName", makeText("Café Linde")}}));
   runtime::VirtualTimeRunLoop loop;
-  cli::TraceFile trace(loop, nullptr);
   cli::ProgressLine line(nowhere, cli::ProgressLine::Shows::lines);
   const auto run = std::make_shared<cli::DiagnosticRun>(
-      cli::onPaper(demo(), loop, trace), inputs,
-      cli::Surroundings{loop, trace, line, std::make_shared<runtime::BuiltInStringTable>("en"),
+      std::make_unique<cli::ScenarioRunDevice>(demo(), loop), inputs,
+      cli::Surroundings{loop, line, std::make_shared<runtime::BuiltInStringTable>("en"),
                         std::make_shared<runtime::IcuNameCollator>("en")});
   run->run();
   return run->data();
@@ -59,11 +53,10 @@ DictionaryRef runDemo() {
 
 // The reference: the same 56 requests put to the same service, and nothing done with the answers.
 void serviceAlone(benchmark::State& state) {
-  Nowhere trace;
   for (auto _ : state) {
     runtime::VirtualTimeRunLoop loop;
     loop.postToGlobal([&] {
-      scenario::ScenarioService service(demo(), loop, trace);
+      scenario::ScenarioService service(demo(), loop);
       const auto ask = [&](const auto& batch) {
         for (const DiagnosticsTestID test : batch) {
           VqErrorRef error;

@@ -30,11 +30,10 @@ void runIt(const scenario::Scenario& scenario) {
                               {"networkName", makeText("Lab")}})),
           "the parameters are good");
   runtime::VirtualTimeRunLoop loop;
-  cli::TraceFile trace(loop, nullptr);
   cli::ProgressLine line(nowhere, cli::ProgressLine::Shows::lines);
   const auto run = std::make_shared<cli::DiagnosticRun>(
-      cli::onPaper(scenario, loop, trace), inputs,
-      cli::Surroundings{loop, trace, line, std::make_shared<runtime::BuiltInStringTable>("en"),
+      std::make_unique<cli::ScenarioRunDevice>(scenario, loop), inputs,
+      cli::Surroundings{loop, line, std::make_shared<runtime::BuiltInStringTable>("en"),
                         std::make_shared<runtime::IcuNameCollator>("en")});
   if (run->run() != cli::Ending::finished) return;
   requireSafe(report::reportText(report::reportOf(run->finishedRun()), {}));

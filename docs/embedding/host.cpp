@@ -1,4 +1,4 @@
-// A host in thirty lines: the diagnostic on a device on paper, in real time.
+// A host in thirty lines: the diagnostic on a simulated device, in real time.
 #include <cstdio>
 
 #include "devices/scenario/ScenarioDevice.h"
@@ -23,17 +23,12 @@ struct StandardError final : DiagnosticLog {
   }
 };
 
-struct NoTrace final : Trace {
-  void event(std::string_view, const Fields&) override {}
-};
-
 int main() {
   runtime::ThreadRunLoop loop;
-  NoTrace trace;
   const auto document = runtime::readJson(R"({"scenario": 1, "status": [{"ssid": "Home"}],
       "answers": {"PoorSignal": [{"result": true, "info": {"RSSI": -81, "Noise": -92}}]}})");
-  const auto paper = scenario::readScenario(std::get<ObjectRef>(document));
-  const scenario::ScenarioDevice device(std::get<scenario::Scenario>(paper), loop, trace);
+  const auto read = scenario::readScenario(std::get<ObjectRef>(document));
+  const scenario::ScenarioDevice device(std::get<scenario::Scenario>(read), loop);
 
   // Everything that the diagnostic asks of its surroundings, for as long as these live.
   const ScopedInstall<WorkQueues> queues({std::shared_ptr<void>(), &loop});

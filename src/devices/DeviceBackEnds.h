@@ -7,7 +7,6 @@
 #include "diagnostic/platform/DeviceCapability.h"
 #include "diagnostic/platform/DiagnosticsService.h"
 #include "diagnostic/platform/DiagnosticsSupport.h"
-#include "diagnostic/platform/Trace.h"
 
 namespace wifi_profile::devices {
 
@@ -18,18 +17,15 @@ struct DeviceBackEnds {
   std::shared_ptr<HsTestAutomation> automation;
 };
 
-// Returns the capabilities of a device that says WLAN instead of Wi-Fi, or does not. `trace` must
-// outlive them.
-std::shared_ptr<DeviceCapability> capabilityOf(bool wlanWording, Trace& trace);
+// Returns the capabilities of a device that says WLAN instead of Wi-Fi, or does not.
+std::shared_ptr<DeviceCapability> capabilityOf(bool wlanWording);
 
-// Returns the automation of a device that runs under the automation harness, or does not. `trace`
-// must outlive it.
-std::shared_ptr<HsTestAutomation> automationOf(bool enabled, Trace& trace);
+// Returns the automation of a device that runs under the automation harness, or does not.
+std::shared_ptr<HsTestAutomation> automationOf(bool enabled);
 
-// Write the events of a service: it accepts a request, it accepts a query, it cancels.
-void traceRequest(Trace& trace, const VqDiagnosticsTestRequest& request);
-void traceStatus(Trace& trace, const VqWiFiStatus& status, const VqErrorRef& error);
-void traceCancel(Trace& trace);
+// Trace that a service accepts a request, or answers a status query.
+void traceRequest(const VqDiagnosticsTestRequest& request);
+void traceStatus(const VqWiFiStatus& status, const VqErrorRef& error);
 
 // Returns "NetworkName" of a request's configuration; nil if it has none.
 TextRef networkNameOf(const VqDiagnosticsTestRequest& request);

@@ -5,6 +5,7 @@
 
 #include "diagnostic/platform/Number.h"
 #include "diagnostic/platform/Text.h"
+#include "diagnostic/platform/Trace.h"
 #include "diagnostic/platform/WorkQueues.h"
 
 namespace wifi_profile {
@@ -53,8 +54,7 @@ NumberRef integer(std::int64_t value) { return Number::withInteger(value); }
 
 }  // namespace
 
-ManagedRadio::ManagedRadio(std::size_t deviceCount, Trace& trace)
-    : trace_(trace), state_(std::make_unique<State>()) {
+ManagedRadio::ManagedRadio(std::size_t deviceCount) : state_(std::make_unique<State>()) {
   for (std::size_t i = 0; i < deviceCount; ++i) {
     state_->devices.push_back(std::make_unique<WiFiDeviceClient>());
   }
@@ -92,20 +92,22 @@ void ManagedRadio::notify() {
     }
   }
   for (const Listener& listener : listeners) {
-    trace_.event("device.power", {});
+    traceEvent("device.power");
     listener.callback(listener.device, listener.context);
   }
 }
 
 int ManagedRadio::containsRadio() {
   const int answer = hasRadio() ? 1 : 0;
-  trace_.event("manager.containsRadio", {{"answer", integer(answer)}});
+  traceEvent("manager.containsRadio", [&] { return Trace::Fields{{"answer", integer(answer)}}; });
   return answer;
 }
 
 WiFiManagerClientRef ManagedRadio::createClient(std::int32_t type) {
   const bool made = givesClients();
-  trace_.event("manager.create", {{"type", integer(type)}, {"made", Number::withBool(made)}});
+  traceEvent("manager.create", [&] {
+    return Trace::Fields{{"type", integer(type)}, {"made", Number::withBool(made)}};
+  });
   if (!made) return nullptr;
   const std::lock_guard lock(mutex_);
   state_->clients.push_back(std::make_unique<WiFiManagerClient>());
@@ -113,11 +115,11 @@ WiFiManagerClientRef ManagedRadio::createClient(std::int32_t type) {
 }
 
 void ManagedRadio::setType(WiFiManagerClientRef /*manager*/, std::int32_t type) {
-  trace_.event("manager.setType", {{"type", integer(type)}});
+  traceEvent("manager.setType", [&] { return Trace::Fields{{"type", integer(type)}}; });
 }
 
 void ManagedRadio::scheduleWithRunLoop(WiFiManagerClientRef /*manager*/) {
-  trace_.event("manager.schedule", {{"mode", makeText("default")}});
+  traceEvent("manager.schedule", [&] { return Trace::Fields{{"mode", makeText("default")}}; });
 }
 
 WiFiDeviceListRef ManagedRadio::copyDevices(WiFiManagerClientRef /*manager*/) {
@@ -127,8 +129,9 @@ WiFiDeviceListRef ManagedRadio::copyDevices(WiFiManagerClientRef /*manager*/) {
     ++device->references;
     list->devices.push_back(device.get());
   }
-  trace_.event("manager.copyDevices",
-               {{"count", integer(static_cast<std::int64_t>(list->devices.size()))}});
+  traceEvent("manager.copyDevices", [&] {
+    return Trace::Fields{{"count", integer(static_cast<std::int64_t>(list->devices.size()))}};
+  });
   state_->lists.push_back(std::move(list));
   return state_->lists.back().get();
 }
@@ -151,12 +154,12 @@ bool ManagedRadio::isClient(WiFiManagerClientRef manager) {
 
 int ManagedRadio::getPower(WiFiManagerClientRef manager) {
   const int answer = isClient(manager) && isPoweredOn() ? 1 : 0;
-  trace_.event("manager.getPower", {{"answer", integer(answer)}});
+  traceEvent("manager.getPower", [&] { return Trace::Fields{{"answer", integer(answer)}}; });
   return answer;
 }
 
 void ManagedRadio::setPower(WiFiManagerClientRef manager, int power) {
-  trace_.event("manager.setPower", {{"power", integer(power)}});
+  traceEvent("manager.setPower", [&] { return Trace::Fields{{"power", integer(power)}}; });
   if (!isClient(manager)) return;
   powerOnFailed({});
   switchPower(power != 0);
@@ -175,7 +178,7 @@ void ManagedRadio::powerOnFailed(std::string reason) {
 void ManagedRadio::registerPowerCallback(WiFiDeviceClientRef device,
                                          WiFiDevicePowerCallback callback,
                                          std::weak_ptr<void> context) {
-  trace_.event("device.registerPowerCallback", {});
+  traceEvent("device.registerPowerCallback");
   {
     const std::lock_guard lock(mutex_);
     if (!owns(state_->devices, device)) return;
@@ -186,25 +189,25 @@ void ManagedRadio::registerPowerCallback(WiFiDeviceClientRef device,
 }
 
 void ManagedRadio::retain(WiFiDeviceClientRef device) {
-  trace_.event("device.retain", {});
+  traceEvent("device.retain");
   const std::lock_guard lock(mutex_);
   if (owns(state_->devices, device)) ++device->references;
 }
 
 void ManagedRadio::release(WiFiManagerClientRef manager) {
-  trace_.event("manager.release", {});
+  traceEvent("manager.release");
   const std::lock_guard lock(mutex_);
   drop(state_->clients, manager);
 }
 
 void ManagedRadio::release(WiFiDeviceClientRef device) {
-  trace_.event("device.release", {});
+  traceEvent("device.release");
   const std::lock_guard lock(mutex_);
   if (owns(state_->devices, device)) dropReference(*device);
 }
 
 void ManagedRadio::release(WiFiDeviceListRef devices) {
-  trace_.event("devices.release", {});
+  traceEvent("devices.release");
   const std::lock_guard lock(mutex_);
   if (!owns(state_->lists, devices)) return;
   for (const WiFiDeviceClientRef device : devices->devices) dropReference(*device);

@@ -7,12 +7,11 @@
 #include <mutex>
 #include <string>
 
-#include "diagnostic/platform/Trace.h"
 #include "diagnostic/platform/WiFiManager.h"
 
 namespace wifi_profile::devices {
 
-// Gives out clients and device handles, and writes every operation into the trace. A handle that it
+// Gives out clients and device handles, and traces every operation. A handle that it
 // did not give out, or that was released, has no power and gets no notifications. Any thread; power
 // notifications arrive on the main thread.
 class ManagedRadio : public WiFiManagerService, public std::enable_shared_from_this<ManagedRadio> {
@@ -40,8 +39,7 @@ class ManagedRadio : public WiFiManagerService, public std::enable_shared_from_t
   std::string powerOnFailure() const;
 
  protected:
-  // `trace` must outlive the radio.
-  ManagedRadio(std::size_t deviceCount, Trace& trace);
+  explicit ManagedRadio(std::size_t deviceCount);
 
   // Posts a power notification to the main queue, for every callback that is registered when it
   // runs. Posts nothing if no callback is registered now. Any thread, also one that the radio's
@@ -64,7 +62,6 @@ class ManagedRadio : public WiFiManagerService, public std::enable_shared_from_t
   bool isClient(WiFiManagerClientRef manager);
 
   struct State;
-  Trace& trace_;
   mutable std::mutex mutex_;  // guards the state
   std::unique_ptr<State> state_;
 };

@@ -11,6 +11,21 @@
 namespace wifi_profile::cli {
 namespace {
 
+// This machine.
+class LinuxRunDevice final : public RunDevice {
+ public:
+  LinuxRunDevice(const std::shared_ptr<const linux::Machine>& machine, const ToolSettings& settings)
+      : device_(machine, settings.targets, settings.checks), site_(settings.targets.siteUrl) {}
+
+  devices::DeviceBackEnds backEnds() const override { return device_.backEnds; }
+  std::string site() const override { return site_; }
+  void close() override { device_.service->close(); }
+
+ private:
+  const linux::LinuxDevice device_;
+  const std::string site_;
+};
+
 std::variant<ChosenDevice, Failure> chooseMachine(const RunOptions& options) {
   auto read = readSettingsFiles(settingsFiles());
   if (const auto* problem = std::get_if<Problem>(&read)) {
@@ -30,13 +45,8 @@ std::variant<ChosenDevice, Failure> chooseMachine(const RunOptions& options) {
   if (auto* failure = std::get_if<Failure>(&opened)) return std::move(*failure);
   auto machine = std::get<std::shared_ptr<const linux::Machine>>(std::move(opened));
   return ChosenDevice{
-      .make =
-          [machine, settings](Pace&, Trace& trace) {
-            const linux::LinuxDevice device(machine, settings.targets, settings.checks, trace);
-            return RunDevice{.backEnds = device.backEnds,
-                             .close = [service = device.service] { service->close(); },
-                             .site = settings.targets.siteUrl};
-          },
+      .make = [machine,
+               settings](Pace&) { return std::make_unique<LinuxRunDevice>(machine, settings); },
       .hasUser = false};
 }
 
@@ -56,7 +66,8 @@ std::variant<ChosenDevice, Failure> chooseDevice(const RunOptions& options) {
       std::make_shared<const scenario::Scenario>(std::get<scenario::Scenario>(std::move(read)));
   const bool hasUser = scenario->user.has_value();
   return ChosenDevice{
-      .make = [scenario](Pace& pace, Trace& trace) { return onPaper(*scenario, pace, trace); },
+      .make =
+          [scenario](Pace& pace) { return std::make_unique<ScenarioRunDevice>(*scenario, pace); },
       .hasUser = hasUser};
 }
 

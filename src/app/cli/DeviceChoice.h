@@ -2,16 +2,17 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <variant>
 
 #include "app/cli/CommandLine.h"
 #include "app/cli/Console.h"
-#include "app/cli/DiagnosticRun.h"
+#include "app/cli/RunDevice.h"
 
 namespace wifi_profile::cli {
 
-// Makes the device of a run. The arguments must outlive the device.
-using MakeDevice = std::function<RunDevice(Pace& pace, Trace& trace)>;
+// Makes the device of a run. `pace` must outlive it.
+using MakeDevice = std::function<std::unique_ptr<RunDevice>(Pace& pace)>;
 
 struct ChosenDevice {
   MakeDevice make;

@@ -28,9 +28,12 @@ DictionaryRef copyOfSections(const DictionaryRef& data) {
   return makeDictionary(std::move(sections));
 }
 
-std::shared_ptr<toolkit::Screen> drawnScreen(const Surroundings& surroundings) {
-  if (surroundings.person) return surroundings.person;
-  return std::make_shared<runtime::NoScreen>();
+std::shared_ptr<toolkit::Screen> screenOf(const Surroundings& surroundings) {
+  std::shared_ptr<toolkit::Screen> screen = surroundings.person;
+  if (!screen) screen = std::make_shared<runtime::NoScreen>();
+  const auto trace = Installed<Trace>::find();
+  if (trace) screen = std::make_shared<TracingScreen>(std::move(screen), *trace);
+  return screen;
 }
 
 }  // namespace
@@ -45,10 +48,10 @@ struct DiagnosticRun::Installations {
         capability(device.capability),
         automation(device.automation),
         dates(std::make_shared<runtime::Iso8601Formatter>()),
-        log(std::make_shared<LogLines>(surroundings.line, surroundings.trace)),
+        log(std::make_shared<LogLines>(surroundings.line)),
         texts(surroundings.texts),
         collator(surroundings.collator),
-        screen(std::make_shared<TracingScreen>(drawnScreen(surroundings), surroundings.trace)) {}
+        screen(screenOf(surroundings)) {}
   ScopedInstall<RunObserver> observer;
   ScopedInstall<WorkQueues> queues;
   ScopedInstall<VqClient> service;
@@ -62,26 +65,18 @@ struct DiagnosticRun::Installations {
   ScopedInstall<toolkit::Screen> screen;
 };
 
-RunDevice onPaper(const scenario::Scenario& scenario, Pace& pace, Trace& trace) {
-  scenario::ScenarioDevice device(scenario, pace, trace);
-  return {.backEnds = device.backEnds(),
-          .paper = device,
-          .user = scenario.user.value_or(std::vector<scenario::Step>())};
-}
-
-DiagnosticRun::DiagnosticRun(RunDevice device, std::shared_ptr<WiFiProfileInputs> inputs,
-                             Surroundings surroundings)
+DiagnosticRun::DiagnosticRun(std::unique_ptr<RunDevice> device,
+                             std::shared_ptr<WiFiProfileInputs> inputs, Surroundings surroundings)
     : surroundings_(std::move(surroundings)),
       device_(std::move(device)),
-      scans_(std::make_shared<WatchedScans>(device_.backEnds.service)),
-      installations_(
-          std::make_unique<Installations>(device_.backEnds, scans_, surroundings_, *this)),
+      backEnds_(device_->backEnds()),
+      scans_(std::make_shared<WatchedScans>(backEnds_.service)),
+      installations_(std::make_unique<Installations>(backEnds_, scans_, surroundings_, *this)),
       inputs_(std::move(inputs)),
       controller_(std::make_shared<WiFiProfileViewController>()),
-      script_(device_.user, surroundings_.person ? ScreenUser::person : ScreenUser::script,
+      script_(device_->userSteps(), surroundings_.person ? ScreenUser::person : ScreenUser::script,
               [this](const scenario::Step& step) { return perform(step); }) {
-  if (!device_.paper) return;
-  device_.paper->service->setWhileServing([this](DiagnosticsTestID test) { whileServing(test); });
+  device_->setWhileServing([this](DiagnosticsTestID test) { whileServing(test); });
 }
 
 DiagnosticRun::~DiagnosticRun() = default;
@@ -94,7 +89,7 @@ Ending DiagnosticRun::run() {
   while (!isOver() && (script_.hasIdleStep() || surroundings_.person)) {
     if (surroundings_.person) showEmptyList();
     if (script_.hasIdleStep()) {
-      surroundings_.trace.event("screen", screenState(*controller_));
+      traceEvent("screen", [this] { return screenState(*controller_); });
       loop.postToMain([this] { script_.performNextStep(); });
     } else {
       surroundings_.person->mainQueue()->handleNext();
@@ -109,7 +104,7 @@ Ending DiagnosticRun::run() {
     });
     loop.runUntilIdle();
   }
-  surroundings_.trace.event("screen", screenState(*controller_));
+  traceEvent("screen", [this] { return screenState(*controller_); });
   controller_->disappear();
   controller_->setObserver(nullptr);
   const std::lock_guard lock(mutex_);
@@ -120,9 +115,9 @@ Ending DiagnosticRun::run() {
 
 void DiagnosticRun::start() {
   if (isOver()) return;  // interrupted before the run began
-  surroundings_.trace.event("host.setup", {});
+  traceEvent("host.setup");
   controller_->setupWithInputs(inputs_, nullptr);
-  surroundings_.trace.event("host.start", {});
+  traceEvent("host.start");
   controller_->start();
   controller_->appear();
   if (surroundings_.person) surroundings_.person->show(controller_, [this] { endEarly(); });
@@ -172,7 +167,7 @@ void DiagnosticRun::showTests(std::function<void(app::TestsDone&)> change) {
 
 void DiagnosticRun::showEmptyList() {
   app::EmptyList state =
-      emptyListOf(*controller_, scans_->latest(), device_.backEnds.radio->powerOnFailure());
+      emptyListOf(*controller_, scans_->latest(), backEnds_.radio->powerOnFailure());
   if (!controller_->wifiPoweredOn() && !controller_->presentedAlert()) {
     state.askForPower = [weak = weak_from_this()] {
       if (const auto self = weak.lock()) self->askForPower();
@@ -198,8 +193,8 @@ void DiagnosticRun::tearDown() {
     tornDown_ = true;
   }
   script_.end();
-  surroundings_.trace.event("host.teardown", {});
-  device_.close();  // before the teardown's cancel lets pending requests continue
+  traceEvent("host.teardown");
+  device_->close();  // before the teardown's cancel lets pending requests continue
   controller_->teardown();
 }
 
@@ -244,7 +239,7 @@ std::optional<std::string> DiagnosticRun::perform(const scenario::Step& step) {
   using scenario::Action;
   switch (step.action) {
     case scenario::Action::setPower:
-      device_.paper->radio->switchFromOutside(step.on);
+      device_->switchPower(step.on);
       return std::nullopt;
     case scenario::Action::wait:
       if (surroundings_.person) {
@@ -262,15 +257,15 @@ std::optional<std::string> DiagnosticRun::perform(const scenario::Step& step) {
 }
 
 void DiagnosticRun::statusCodeWasSet(const NumberRef& statusCode) {
-  surroundings_.trace.event("host.statusCode", {{"value", statusCode}});
+  traceEvent("host.statusCode", [&] { return Trace::Fields{{"value", statusCode}}; });
 }
 
 void DiagnosticRun::dataWasSet(const DictionaryRef& data) {
-  surroundings_.trace.event("host.data", {{"value", data}});
+  traceEvent("host.data", [&] { return Trace::Fields{{"value", data}}; });
 }
 
 void DiagnosticRun::finishedWasSet(bool finished) {
-  surroundings_.trace.event("host.finished", {{"value", Number::withBool(finished)}});
+  traceEvent("host.finished", [&] { return Trace::Fields{{"value", Number::withBool(finished)}}; });
   if (!finished) return;
   script_.end();
   {
@@ -279,7 +274,7 @@ void DiagnosticRun::finishedWasSet(bool finished) {
     finishedRun_ = report::FinishedRun{
         .statusCode = std::get<std::int64_t>(controller_->result().statusCode()->value()),
         .plan = controller_->runPlan(),
-        .site = device_.site,
+        .site = device_->site(),
         .collected = collector_.collected(),
     };
     data_ = copyOfSections(controller_->result().data());

@@ -11,10 +11,9 @@
 
 #include "app/PersonScreen.h"
 #include "app/cli/ProgressLine.h"
+#include "app/cli/RunDevice.h"
 #include "app/cli/Script.h"
-#include "app/cli/TraceFile.h"
 #include "app/cli/WatchedScans.h"
-#include "devices/scenario/ScenarioDevice.h"
 #include "diagnostic/controller/WiFiProfileViewController.h"
 #include "diagnostic/platform/NameCollator.h"
 #include "diagnostic/platform/StringTable.h"
@@ -30,24 +29,9 @@ enum class Ending {
   stuck,        // the script cannot go on
 };
 
-// The device of a run.
-struct RunDevice {
-  devices::DeviceBackEnds backEnds;
-  // For a scenario's device: the parts that a script acts on, and the script.
-  std::optional<scenario::ScenarioDevice> paper = std::nullopt;
-  std::vector<scenario::Step> user = {};
-  // For this machine: called when the host tears the run down. Ends all measurements.
-  std::function<void()> close = [] {};
-  std::string site = {};  // address of the page that the device tries to reach; empty: unknown
-};
-
-// `pace` and `trace` must outlive the device.
-RunDevice onPaper(const scenario::Scenario& scenario, Pace& pace, Trace& trace);
-
 // What a run needs from the host.
 struct Surroundings {
   runtime::RunLoop& loop;
-  TraceFile& trace;
   ProgressLine& line;
   std::shared_ptr<StringTable> texts;
   std::shared_ptr<NameCollator> collator;
@@ -63,7 +47,7 @@ class DiagnosticRun final : public HxDiagnosticObserver,
                             public RunObserver,
                             public std::enable_shared_from_this<DiagnosticRun> {
  public:
-  DiagnosticRun(RunDevice device, std::shared_ptr<WiFiProfileInputs> inputs,
+  DiagnosticRun(std::unique_ptr<RunDevice> device, std::shared_ptr<WiFiProfileInputs> inputs,
                 Surroundings surroundings);
   ~DiagnosticRun() override;
 
@@ -105,7 +89,8 @@ class DiagnosticRun final : public HxDiagnosticObserver,
   std::optional<std::string> perform(const scenario::Step& step);
 
   Surroundings surroundings_;
-  RunDevice device_;
+  const std::unique_ptr<RunDevice> device_;
+  const devices::DeviceBackEnds backEnds_;
   std::shared_ptr<WatchedScans> scans_;
   report::OutcomeCollector collector_;
   std::unique_ptr<Installations> installations_;

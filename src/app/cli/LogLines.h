@@ -3,14 +3,13 @@
 
 #include "app/cli/ProgressLine.h"
 #include "diagnostic/platform/DiagnosticLog.h"
-#include "diagnostic/platform/Trace.h"
 
 namespace wifi_profile::cli {
 
-// Any thread. `line` and `trace` must outlive it.
+// Any thread. `line` must outlive it.
 class LogLines final : public DiagnosticLog {
  public:
-  LogLines(ProgressLine& line, Trace& trace) : line_(line), trace_(trace) {}
+  explicit LogLines(ProgressLine& line) : line_(line) {}
 
   bool isEnabled(int /*category*/, LogLevel level) const override {
     return level == LogLevel::error;
@@ -19,7 +18,6 @@ class LogLines final : public DiagnosticLog {
 
  private:
   ProgressLine& line_;
-  Trace& trace_;
 };
 
 }  // namespace wifi_profile::cli

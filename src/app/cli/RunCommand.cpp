@@ -13,6 +13,7 @@
 #include "app/cli/ExitStatus.h"
 #include "app/cli/Files.h"
 #include "app/cli/RunPreparation.h"
+#include "app/cli/TraceFile.h"
 #include "report/ReportText.h"
 #include "runtime/BuiltInStringTable.h"
 #include "runtime/IcuNameCollator.h"
@@ -127,11 +128,15 @@ void showReport(app::PersonScreen& person, report::Report report) {
 
 int runOn(runtime::RunLoop& loop, const RunOptions& options, PreparedRun prepared,
           const std::shared_ptr<app::PersonScreen>& person, RunInterrupts& interrupts) {
-  TraceFile trace(loop, std::move(prepared.traceFile));
+  std::shared_ptr<TraceFile> trace;
+  if (prepared.traceFile) {
+    trace = std::make_shared<TraceFile>(loop, std::move(prepared.traceFile));
+  }
+  const ScopedInstall<Trace> installedTrace(trace);
   ProgressLine line(stderr, showsBeside(uiOf(options)));
   const auto run = std::make_shared<DiagnosticRun>(
-      prepared.makeDevice(loop, trace), std::move(prepared.inputs),
-      Surroundings{loop, trace, line, Installed<StringTable>::get(),
+      prepared.makeDevice(loop), std::move(prepared.inputs),
+      Surroundings{loop, line, Installed<StringTable>::get(),
                    std::make_shared<runtime::IcuNameCollator>(localeFor("LC_COLLATE")), person});
   const RunInterrupts::Scope endsEarly(interrupts, [&run, &person] {
     run->interrupt();
@@ -144,8 +149,8 @@ int runOn(runtime::RunLoop& loop, const RunOptions& options, PreparedRun prepare
   }
   line.clear();
   const int status = conclude(*run, ending, options);
-  if (const int error = trace.firstError(); error != 0) {
-    return complain({kExitOutput, cannotBeWritten(*options.traceFile, error)});
+  if (trace && trace->firstError() != 0) {
+    return complain({kExitOutput, cannotBeWritten(*options.traceFile, trace->firstError())});
   }
   return status;
 }
@@ -156,10 +161,9 @@ int runCommand(const RunOptions& options, Ui drawn, const MakeScreen& makeScreen
   const Ui ui = uiOf(options);
   if (ui != Ui::none && ui != drawn) {
     const bool window = ui == Ui::window;
-    return complain({kExitUsage, unexpected("--ui", window ? "window" : "terminal",
-                                            std::string(window ? "terminal" : "window") +
-                                                " or none: this program draws no other screen")
-                                     .message});
+    return complain({kExitUsage, std::string("--ui ") + (window ? "window" : "terminal") +
+                                     ": this program cannot draw it; use " +
+                                     (window ? "terminal" : "window") + " or none"});
   }
   RunInterrupts interrupts;
   auto prepared = prepareRun(options);

@@ -9,19 +9,17 @@ namespace wifi_profile::cli {
 void TraceFile::event(std::string_view name, const Fields& fields) {
   const std::lock_guard lock(mutex_);
   ++sequence_;
-  if (file_) {
-    std::string line = "{\"seq\":" + std::to_string(sequence_) + ",\"thread\":\"" +
-                       (queues_.onMainThread() ? "main" : "background") +
-                       "\",\"event\":" + runtime::jsonString(name);
-    for (const auto& [key, value] : fields) {
-      line += ',' + runtime::jsonString(key);
-      line += ':' + runtime::jsonText(value);
-    }
-    line += "}\n";
-    // Flush each line, so that a reader can follow the run.
-    const bool written = std::fwrite(line.data(), 1, line.size(), file_.get()) == line.size();
-    if ((!written || std::fflush(file_.get()) != 0) && firstError_ == 0) firstError_ = errno;
+  std::string line = "{\"seq\":" + std::to_string(sequence_) + ",\"thread\":\"" +
+                     (queues_.onMainThread() ? "main" : "background") +
+                     "\",\"event\":" + runtime::jsonString(name);
+  for (const auto& [key, value] : fields) {
+    line += ',' + runtime::jsonString(key);
+    line += ':' + runtime::jsonText(value);
   }
+  line += "}\n";
+  // Flush each line, so that a reader can follow the run.
+  const bool written = std::fwrite(line.data(), 1, line.size(), file_.get()) == line.size();
+  if ((!written || std::fflush(file_.get()) != 0) && firstError_ == 0) firstError_ = errno;
 }
 
 int TraceFile::firstError() const {

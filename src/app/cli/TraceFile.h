@@ -21,7 +21,7 @@ class TraceFile final : public Trace {
   };
   using File = std::unique_ptr<std::FILE, Close>;
 
-  // `queues` must outlive the trace. Null: nothing is written.
+  // `queues` must outlive the trace.
   TraceFile(const WorkQueues& queues, File file) : queues_(queues), file_(std::move(file)) {}
 
   void event(std::string_view name, const Fields& fields) override;

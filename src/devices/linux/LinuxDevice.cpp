@@ -16,13 +16,12 @@ bool saysWlan(const Machine& machine) {
 }  // namespace
 
 LinuxDevice::LinuxDevice(const std::shared_ptr<const Machine>& machine, const Targets& targets,
-                         const checks::Settings& settings, Trace& trace)
+                         const checks::Settings& settings)
     : service(std::make_shared<LinuxService>(std::make_shared<MachineFacts>(machine, targets),
-                                             settings, trace)),
+                                             settings)),
       backEnds{service,
-               std::make_shared<LinuxRadio>(machine->interface().name, machine->systemBus(), trace,
+               std::make_shared<LinuxRadio>(machine->interface().name, machine->systemBus(),
                                             Rfkill(machine->interface().name)),
-               devices::capabilityOf(saysWlan(*machine), trace),
-               devices::automationOf(false, trace)} {}
+               devices::capabilityOf(saysWlan(*machine)), devices::automationOf(false)} {}
 
 }  // namespace wifi_profile::linux

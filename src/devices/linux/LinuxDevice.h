@@ -12,9 +12,8 @@
 namespace wifi_profile::linux {
 
 struct LinuxDevice {
-  // `trace` must outlive the device.
   LinuxDevice(const std::shared_ptr<const Machine>& machine, const Targets& targets,
-              const checks::Settings& settings, Trace& trace);
+              const checks::Settings& settings);
 
   std::shared_ptr<LinuxService> service;
   devices::DeviceBackEnds backEnds;

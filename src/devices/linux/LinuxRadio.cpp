@@ -18,9 +18,8 @@ constexpr std::chrono::hours kLongWait{1};
 
 }  // namespace
 
-LinuxRadio::LinuxRadio(std::string interface, std::shared_ptr<bus::Bus> systemBus, Trace& trace,
-                       Rfkill rfkill)
-    : devices::ManagedRadio(1, trace),
+LinuxRadio::LinuxRadio(std::string interface, std::shared_ptr<bus::Bus> systemBus, Rfkill rfkill)
+    : devices::ManagedRadio(1),
       interface_(std::move(interface)),
       bus_(std::move(systemBus)),
       rfkill_(std::move(rfkill)) {

@@ -20,9 +20,7 @@ namespace wifi_profile::linux {
 // switches send no events, the radio keeps its initial state until the manager has switched it on.
 class LinuxRadio final : public devices::ManagedRadio {
  public:
-  // `trace` must outlive the radio.
-  LinuxRadio(std::string interface, std::shared_ptr<bus::Bus> systemBus, Trace& trace,
-             Rfkill rfkill);
+  LinuxRadio(std::string interface, std::shared_ptr<bus::Bus> systemBus, Rfkill rfkill);
   ~LinuxRadio() override;
 
  private:

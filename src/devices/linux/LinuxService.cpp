@@ -8,6 +8,7 @@
 #include "diagnostic/platform/DiagnosticLog.h"
 #include "diagnostic/platform/ExcludedNetworks.h"
 #include "diagnostic/platform/Number.h"
+#include "diagnostic/platform/Trace.h"
 
 namespace wifi_profile::linux {
 namespace {
@@ -61,9 +62,8 @@ VqErrorRef nothingLeft() {
 
 }  // namespace
 
-LinuxService::LinuxService(std::shared_ptr<FactFinder> finder, checks::Settings settings,
-                           Trace& trace)
-    : finder_(std::move(finder)), settings_(std::move(settings)), trace_(trace) {}
+LinuxService::LinuxService(std::shared_ptr<FactFinder> finder, checks::Settings settings)
+    : finder_(std::move(finder)), settings_(std::move(settings)) {}
 
 DiagnosticsTestResults LinuxService::runDiagnosticsTests(const VqDiagnosticsTestRequests& requests,
                                                          const VqPeer* /*peer*/,
@@ -84,7 +84,7 @@ DiagnosticsTestResults LinuxService::runDiagnosticsTests(const VqDiagnosticsTest
 }
 
 LinuxService::Outcome LinuxService::serve(const VqDiagnosticsTestRequest& request) {
-  devices::traceRequest(trace_, request);
+  devices::traceRequest(request);
   std::optional<facts::Facts> facts;
   try {
     facts = factsFor(request);
@@ -172,12 +172,12 @@ std::shared_ptr<const VqStatus> LinuxService::queryStatusForPeer(const VqPeer* /
   } catch (const std::system_error&) {
     error = nothingLeft();
   }
-  devices::traceStatus(trace_, wifi, error);
+  devices::traceStatus(wifi, error);
   return std::make_shared<const VqStatus>(VqStatus{std::make_shared<const VqWiFiStatus>(wifi)});
 }
 
 void LinuxService::cancelAllRequests() {
-  devices::traceCancel(trace_);
+  traceEvent("service.cancel");
   const std::lock_guard lock(mutex_);
   for (const auto& scan : scans_) scan->cancel();
   if (!gathering_) return;

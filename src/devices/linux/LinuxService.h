@@ -10,7 +10,6 @@
 #include "analysis/checks/Checks.h"
 #include "devices/linux/Gathering.h"
 #include "diagnostic/platform/DiagnosticsService.h"
-#include "diagnostic/platform/Trace.h"
 
 namespace wifi_profile::linux {
 
@@ -37,8 +36,7 @@ class FactFinder : public Interface {
 // logged with it. A cancel ends the run and the requests that wait for it, at once. Any thread.
 class LinuxService final : public VqClient {
  public:
-  // `trace` must outlive the service.
-  LinuxService(std::shared_ptr<FactFinder> finder, checks::Settings settings, Trace& trace);
+  LinuxService(std::shared_ptr<FactFinder> finder, checks::Settings settings);
 
   DiagnosticsTestResults runDiagnosticsTests(const VqDiagnosticsTestRequests& requests,
                                              const VqPeer* peer, const VqTestUpdate& update,
@@ -68,7 +66,6 @@ class LinuxService final : public VqClient {
 
   const std::shared_ptr<FactFinder> finder_;
   const checks::Settings settings_;
-  Trace& trace_;
   std::mutex mutex_;  // guards what follows
   bool closed_ = false;
   std::shared_ptr<Gathering> gathering_;

@@ -11,8 +11,8 @@
 namespace wifi_profile::scenario {
 
 struct ScenarioDevice {
-  // `pace` and `trace` must outlive the device.
-  ScenarioDevice(const Scenario& scenario, Pace& pace, Trace& trace);
+  // `pace` must outlive the device.
+  ScenarioDevice(const Scenario& scenario, Pace& pace);
 
   devices::DeviceBackEnds backEnds() const { return {service, radio, capability, automation}; }
 

@@ -2,10 +2,8 @@
 
 namespace wifi_profile::scenario {
 
-ScenarioRadio::ScenarioRadio(const DeviceSettings& device, Trace& trace)
-    : devices::ManagedRadio(device.interfaces.size(), trace),
-      settings_(device),
-      power_(device.power) {}
+ScenarioRadio::ScenarioRadio(const DeviceSettings& device)
+    : devices::ManagedRadio(device.interfaces.size()), settings_(device), power_(device.power) {}
 
 void ScenarioRadio::switchFromOutside(bool on) {
   power_ = on;

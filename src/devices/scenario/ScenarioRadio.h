@@ -10,8 +10,7 @@ namespace wifi_profile::scenario {
 
 class ScenarioRadio final : public devices::ManagedRadio {
  public:
-  // `trace` must outlive the radio.
-  ScenarioRadio(const DeviceSettings& device, Trace& trace);
+  explicit ScenarioRadio(const DeviceSettings& device);
 
   // Switches the radio like the user or another program, and posts a notification to the main
   // queue, even if the radio was already in that state. Any thread.

@@ -4,6 +4,7 @@
 
 #include "analysis/checks/Checks.h"
 #include "devices/DeviceBackEnds.h"
+#include "diagnostic/platform/Trace.h"
 
 namespace wifi_profile::scenario {
 namespace {
@@ -36,12 +37,8 @@ Answer answerFrom(const World& world, DiagnosticsTestID test, const TextRef& net
 
 }  // namespace
 
-ScenarioService::ScenarioService(const Scenario& scenario, Pace& pace, Trace& trace)
-    : pace_(pace),
-      trace_(trace),
-      world_(scenario.world),
-      answers_(scenario.answers),
-      status_(scenario.status) {}
+ScenarioService::ScenarioService(const Scenario& scenario, Pace& pace)
+    : pace_(pace), world_(scenario.world), answers_(scenario.answers), status_(scenario.status) {}
 
 DiagnosticsTestResults ScenarioService::runDiagnosticsTests(
     const VqDiagnosticsTestRequests& requests, const VqPeer* /*peer*/,
@@ -59,7 +56,7 @@ DiagnosticsTestResults ScenarioService::runDiagnosticsTests(
 
 Answer ScenarioService::serve(const VqDiagnosticsTestRequest& request) {
   pace_.waitForMain();
-  devices::traceRequest(trace_, request);
+  devices::traceRequest(request);
   Answer answer = takeAnswer(request);
   const auto cancelled = std::make_shared<std::atomic<bool>>(false);
   const bool waits = answer.delay.count() > 0;
@@ -106,13 +103,13 @@ std::shared_ptr<const VqStatus> ScenarioService::queryStatusForPeer(const VqPeer
     if (nextStatus_ + 1 < status_.size()) ++nextStatus_;
   }
   const VqWiFiStatus wifi{answer.ssid, answer.bssid};
-  devices::traceStatus(trace_, wifi, answer.error);
+  devices::traceStatus(wifi, answer.error);
   error = answer.error;
   return std::make_shared<const VqStatus>(VqStatus{std::make_shared<const VqWiFiStatus>(wifi)});
 }
 
 void ScenarioService::cancelAllRequests() {
-  devices::traceCancel(trace_);
+  traceEvent("service.cancel");
   {
     const std::lock_guard lock(mutex_);
     for (const auto& cancelled : inFlight_) *cancelled = true;

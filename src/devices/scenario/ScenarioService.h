@@ -11,20 +11,19 @@
 
 #include "devices/scenario/Scenario.h"
 #include "diagnostic/platform/DiagnosticsService.h"
-#include "diagnostic/platform/Trace.h"
 #include "diagnostic/platform/WorkQueues.h"
 
 namespace wifi_profile::scenario {
 
 // Answers from the `answers` of a scenario, otherwise from its world. A request or query from a
-// background thread is accepted, and its event written, after the main thread has handled all work
+// background thread is accepted, and traced, after the main thread has handled all work
 // posted to it before. With at most one task in the background, two runs of a scenario therefore
 // write the same trace. A cancel makes requests that are waiting for a delay fail at once. Any
 // thread.
 class ScenarioService final : public VqClient {
  public:
-  // `pace` and `trace` must outlive the service.
-  ScenarioService(const Scenario& scenario, Pace& pace, Trace& trace);
+  // `pace` must outlive the service.
+  ScenarioService(const Scenario& scenario, Pace& pace);
 
   // Sets a function that is called after a request was accepted, before its delay, on the thread
   // that made the request. Call this before the first request.
@@ -53,7 +52,6 @@ class ScenarioService final : public VqClient {
   std::optional<Answer> takeWrittenAnswer(DiagnosticsTestID test, const TextRef& networkName);
 
   Pace& pace_;
-  Trace& trace_;
   const std::optional<World> world_;
   std::function<void(DiagnosticsTestID)> whileServing_;
 

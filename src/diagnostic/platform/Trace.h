@@ -1,10 +1,11 @@
-// A record of the events between the diagnostic and its environment.
+// The trace: a record of the events between the diagnostic and its environment, if one is wanted.
 #pragma once
 
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "diagnostic/platform/Installed.h"
 #include "diagnostic/platform/Interface.h"
 #include "diagnostic/platform/Object.h"
 
@@ -18,5 +19,15 @@ class Trace : public Interface {
 
   virtual void event(std::string_view name, const Fields& fields) = 0;
 };
+
+// Passes an event to the installed trace. Does nothing, not even call `makeFields`, if there is
+// none.
+template <class MakeFields>
+void traceEvent(std::string_view name, MakeFields makeFields) {
+  if (const auto trace = Installed<Trace>::find()) trace->event(name, makeFields());
+}
+inline void traceEvent(std::string_view name) {
+  traceEvent(name, [] { return Trace::Fields(); });
+}
 
 }  // namespace wifi_profile

@@ -6,6 +6,7 @@
 #include <sstream>
 #include <unistd.h>
 
+#include "app/cli/TraceFile.h"
 #include "devices/scenario/ScenarioReader.h"
 #include "report/ReportDocument.h"
 #include "runtime/IcuNameCollator.h"
@@ -15,6 +16,13 @@
 
 namespace wifi_profile::testing {
 namespace {
+
+// Traces the call that ends its measurements.
+class CloseTracingDevice final : public cli::ScenarioRunDevice {
+ public:
+  using ScenarioRunDevice::ScenarioRunDevice;
+  void close() override { traceEvent("device.close"); }
+};
 
 struct FileCloser {
   void operator()(std::FILE* file) const { std::fclose(file); }
@@ -60,14 +68,17 @@ ScenarioResult runScenario(const std::string& json, runtime::RunLoop& loop, cons
   const File lines(std::tmpfile());
   ScenarioResult result{};
   {
-    cli::TraceFile trace(loop, cli::TraceFile::File(std::fopen(tracePath.c_str(), "wb")));
+    const auto trace = std::make_shared<cli::TraceFile>(
+        loop, cli::TraceFile::File(std::fopen(tracePath.c_str(), "wb")));
+    const ScopedInstall<Trace> installedTrace(trace);
     cli::ProgressLine line(lines.get(), cli::ProgressLine::Shows::lines);
-    cli::RunDevice device = cli::onPaper(std::get<scenario::Scenario>(read), loop, trace);
-    if (wish.traceClose) device.close = [&trace] { trace.event("device.close", {}); };
+    const auto& scenario = std::get<scenario::Scenario>(read);
+    std::unique_ptr<cli::RunDevice> device =
+        wish.traceClose ? std::make_unique<CloseTracingDevice>(scenario, loop)
+                        : std::make_unique<cli::ScenarioRunDevice>(scenario, loop);
     const auto run = std::make_shared<cli::DiagnosticRun>(
         std::move(device), inputsFor(wish),
-        cli::Surroundings{loop, trace, line,
-                          std::make_shared<runtime::BuiltInStringTable>(wish.language),
+        cli::Surroundings{loop, line, std::make_shared<runtime::BuiltInStringTable>(wish.language),
                           std::make_shared<runtime::IcuNameCollator>("C"), wish.person});
     if (before) before(*run);
     result.ending = run->run();
@@ -79,7 +90,7 @@ ScenarioResult runScenario(const std::string& json, runtime::RunLoop& loop, cons
       result.report = report::reportOf(run->finishedRun());
     }
     if (result.ending == cli::Ending::stuck) result.reason = run->reason();
-    EXPECT_EQ(trace.firstError(), 0);
+    EXPECT_EQ(trace->firstError(), 0);
   }
   result.trace = contentOf(tracePath);
   result.lines = contentOf(lines.get());

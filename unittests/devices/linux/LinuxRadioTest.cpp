@@ -14,7 +14,6 @@
 
 #include "devices/linux/Lines.h"
 #include "devices/linux/LinuxRadio.h"
-#include "devices/linux/NoTrace.h"
 #include "devices/linux/bus/BusFixture.h"
 #include "devices/linux/netlink/NetlinkBytes.h"
 #include "diagnostic/platform/DiagnosticLog.h"
@@ -69,7 +68,7 @@ class LinuxRadioTest : public testing::Test {
   }
 
   void make(const std::string& bus = "unix:path=/nonexistent/socket") {
-    radio_ = std::make_shared<LinuxRadio>(kRadioName, bus::Bus::at(bus), trace_,
+    radio_ = std::make_shared<LinuxRadio>(kRadioName, bus::Bus::at(bus),
                                           Rfkill(kRadioName, device(), folder_.string()));
     manager_ = radio_->createClient(0);
   }
@@ -100,7 +99,6 @@ class LinuxRadioTest : public testing::Test {
   }
   bool isOn() { return radio_->getPower(manager_) != 0; }
 
-  NoTrace trace_;
   runtime::ThreadRunLoop loop_;
   ScopedInstall<WorkQueues> queues_{{std::shared_ptr<void>(), &loop_}};
   std::shared_ptr<Lines> log_ = std::make_shared<Lines>();

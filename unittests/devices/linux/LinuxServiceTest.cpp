@@ -8,7 +8,6 @@
 #include "devices/linux/Lines.h"
 #include "devices/linux/LinuxService.h"
 #include "devices/linux/NoDescriptors.h"
-#include "devices/linux/NoTrace.h"
 #include "devices/linux/ReachErrands.h"
 #include "diagnostic/platform/Array.h"
 #include "diagnostic/platform/Number.h"
@@ -98,9 +97,8 @@ class LinuxServiceTest : public ::testing::Test {
                                        nullptr, nullptr, error);
   }
 
-  NoTrace trace;
   std::shared_ptr<Finder> finder = std::make_shared<Finder>();
-  LinuxService service{finder, checks::defaultSettings(), trace};
+  LinuxService service{finder, checks::defaultSettings()};
 };
 
 TEST_F(LinuxServiceTest, AnswersATestByItsCheck) {
@@ -121,62 +119,34 @@ TEST_F(LinuxServiceTest, WhatIsNotKnownIsAnErrorThatSaysWhy) {
   EXPECT_EQ(error->description(), "Join a network.");
 }
 
-// Each line with the thread that wrote it.
-class LinesOfThreads final : public DiagnosticLog {
- public:
-  using Line = std::pair<std::thread::id, std::string>;
-
-  bool isEnabled(int /*category*/, LogLevel /*level*/) const override { return true; }
-  void write(int category, LogLevel /*level*/, const std::string& text) override {
-    const std::lock_guard lock(mutex_);
-    lines_.emplace_back(std::this_thread::get_id(), std::to_string(category) + " " + text);
-  }
-  std::vector<Line> takeLines() {
-    const std::lock_guard lock(mutex_);
-    return std::exchange(lines_, {});
-  }
-
- private:
-  std::mutex mutex_;
-  std::vector<Line> lines_;
-};
-
-TEST_F(LinuxServiceTest, LogsWhyWithinEachTestThatIsAnsweredBadlyForIt) {
-  const auto log = std::make_shared<LinesOfThreads>();
+TEST_F(LinuxServiceTest, RemarksAndLogsWhyATestIsAnsweredBadly) {
+  const auto log = std::make_shared<Lines>();
   const ScopedInstall<DiagnosticLog> installed(log);
   finder->facts.wanPings = facts::Pings{.target = "192.0.2.1", .sent = 3};
   finder->facts.nameResolution = facts::NameResolution{.problem = "no name server"};
   finder->facts.siteReach = facts::SiteReach{.problem = "name: no name server"};
   finder->facts.sitePage = facts::SitePage{.problem = "name: no name server"};
-  const auto linesOf = [&](DiagnosticsTestID test) {
+  const auto remarkOn = [&](DiagnosticsTestID test) {
     VqErrorRef error;
-    ask(test, error);
+    const auto results = ask(test, error);
     EXPECT_EQ(error, nullptr) << nameOf(test);
-    return log->takeLines();
+    const std::string remark = results->front()->remark;
+    if (!remark.empty()) EXPECT_EQ(log->lines().back(), "0 error " + remark);
+    return remark;
   };
-  const auto me = std::this_thread::get_id();
-  using Lines = std::vector<LinesOfThreads::Line>;
-  const Lines ofName{{me, "0 The look-up of a name: no name server."}};
-  EXPECT_EQ(linesOf(DiagnosticsTestID::PingWAN),
-            (Lines{{me, "0 The ping of the Internet: no echo was answered by 192.0.2.1."}}));
-  EXPECT_EQ(linesOf(DiagnosticsTestID::PoorSignal), Lines{});
-  EXPECT_EQ(linesOf(DiagnosticsTestID::ResolveDNS), ofName);
-  EXPECT_EQ(linesOf(DiagnosticsTestID::ReachOrvane),
-            (Lines{{me, "0 The connection to the site: name: no name server."}}));
-  EXPECT_EQ(linesOf(DiagnosticsTestID::RetrieveOrvane),
-            (Lines{{me, "0 The page of the site: name: no name server."}}));
-  EXPECT_EQ(linesOf(DiagnosticsTestID::ResolveDNS), ofName);
-  std::thread other([&] {
-    VqErrorRef error;
-    ask(DiagnosticsTestID::ResolveDNS, error);
-  });
-  const auto another = other.get_id();
-  other.join();
-  EXPECT_EQ(log->takeLines(), (Lines{{another, "0 The look-up of a name: no name server."}}));
+  EXPECT_EQ(remarkOn(DiagnosticsTestID::PingWAN),
+            "The ping of the Internet: no echo was answered by 192.0.2.1.");
+  EXPECT_EQ(remarkOn(DiagnosticsTestID::PoorSignal), "");
+  EXPECT_EQ(remarkOn(DiagnosticsTestID::ResolveDNS), "The look-up of a name: no name server.");
+  EXPECT_EQ(remarkOn(DiagnosticsTestID::ReachOrvane),
+            "The connection to the site: name: no name server.");
+  EXPECT_EQ(remarkOn(DiagnosticsTestID::RetrieveOrvane),
+            "The page of the site: name: no name server.");
+  EXPECT_EQ(log->lines().size(), 4U);
 }
 
 TEST_F(LinuxServiceTest, LogsNothingOfTheJoinedNetworkForTestsOfAnother) {
-  const auto log = std::make_shared<LinesOfThreads>();
+  const auto log = std::make_shared<Lines>();
   const ScopedInstall<DiagnosticLog> installed(log);
   using facts::PortalProbe;
   finder->facts.portalProbe =
@@ -187,10 +157,10 @@ TEST_F(LinuxServiceTest, LogsNothingOfTheJoinedNetworkForTestsOfAnother) {
                                               .additionalStepNeeded = true});
   VqErrorRef error;
   ASSERT_TRUE(ask(DiagnosticsTestID::CaptivePortal, error));
-  EXPECT_EQ(log->takeLines().size(), 1U);
+  EXPECT_EQ(log->lines().size(), 1U);
   ASSERT_TRUE(
       ask(DiagnosticsTestID::CaptivePortal, error, {{"NetworkName", makeText("Elsewhere")}}));
-  EXPECT_EQ(log->takeLines().size(), 0U);
+  EXPECT_EQ(log->lines().size(), 1U);
 }
 
 TEST_F(LinuxServiceTest, FindsEverythingOutOnceARun) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "devices/scenario/ScenarioRadio.h"
+#include "diagnostic/platform/Trace.h"
 #include "runtime/VirtualTimeRunLoop.h"
 
 namespace wifi_profile::scenario {
@@ -18,9 +19,7 @@ class Names final : public Trace {
 
 class ScenarioRadioTest : public ::testing::Test {
  protected:
-  void make(const DeviceSettings& settings) {
-    radio = std::make_shared<ScenarioRadio>(settings, trace);
-  }
+  void make(const DeviceSettings& settings) { radio = std::make_shared<ScenarioRadio>(settings); }
   // A client with a callback on the first device that counts the notifications.
   void listen() {
     manager = radio->createClient(0);
@@ -36,7 +35,8 @@ class ScenarioRadioTest : public ::testing::Test {
     radio->release(devices);
   }
 
-  Names trace;
+  std::shared_ptr<Names> trace = std::make_shared<Names>();
+  ScopedInstall<Trace> installedTrace{trace};
   runtime::VirtualTimeRunLoop loop;
   ScopedInstall<WorkQueues> queues{{std::shared_ptr<void>(), &loop}};
   std::shared_ptr<ScenarioRadio> radio;
@@ -135,7 +135,7 @@ TEST_F(ScenarioRadioTest, TellsNobodyWhoIsGone) {
   notifications.reset();
   radio->switchFromOutside(false);
   loop.runUntilIdle();
-  EXPECT_EQ(std::count(trace.all.begin(), trace.all.end(), "device.power"), 0);
+  EXPECT_EQ(std::count(trace->all.begin(), trace->all.end(), "device.power"), 0);
 }
 
 TEST_F(ScenarioRadioTest, WritesEveryOperationIntoTheTrace) {
@@ -154,7 +154,7 @@ TEST_F(ScenarioRadioTest, WritesEveryOperationIntoTheTrace) {
                                           "manager.getPower",
                                           "manager.release",
                                           "device.release"};
-  EXPECT_EQ(trace.all, expected);
+  EXPECT_EQ(trace->all, expected);
 }
 
 }  // namespace

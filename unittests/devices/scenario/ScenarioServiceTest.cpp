@@ -3,6 +3,7 @@
 #include "devices/scenario/ScenarioReader.h"
 #include "devices/scenario/ScenarioService.h"
 #include "diagnostic/platform/Number.h"
+#include "diagnostic/platform/Trace.h"
 #include "runtime/JsonReader.h"
 #include "runtime/JsonWriter.h"
 #include "runtime/VirtualTimeRunLoop.h"
@@ -33,7 +34,7 @@ class ScenarioServiceTest : public ::testing::Test {
   void make(const ObjectRef& document) {
     const auto read = readScenario(document);
     ASSERT_TRUE(std::holds_alternative<Scenario>(read));
-    service = std::make_shared<ScenarioService>(std::get<Scenario>(read), loop, events);
+    service = std::make_shared<ScenarioService>(std::get<Scenario>(read), loop);
   }
   // The verdict as text, or the error.
   std::string ask(DiagnosticsTestID test, const DictionaryRef& configuration = nullptr) {
@@ -49,7 +50,8 @@ class ScenarioServiceTest : public ::testing::Test {
   }
 
   runtime::VirtualTimeRunLoop loop;
-  Events events;
+  std::shared_ptr<Events> events = std::make_shared<Events>();
+  ScopedInstall<Trace> installedTrace{events};
   std::shared_ptr<ScenarioService> service;
 };
 
@@ -97,13 +99,13 @@ TEST_F(ScenarioServiceTest, ACancelFailsWhatWaitsAndNothingLater) {
 TEST_F(ScenarioServiceTest, TakesABackgroundRequestUpAfterTheMainQueueWasHandled) {
   answerWith(R"({"PingLAN":[{"result":true}]})");
   loop.postToGlobal([&] {
-    loop.postToMain([&] { events.event("main", {}); });
+    loop.postToMain([&] { events->event("main", {}); });
     ask(DiagnosticsTestID::PingLAN);
   });
   loop.runUntilIdle();
-  ASSERT_EQ(events.all.size(), 2U);
-  EXPECT_EQ(events.all[0], "main");
-  EXPECT_EQ(events.all[1], R"(service.request test="PingLAN" id=3 configuration=null)");
+  ASSERT_EQ(events->all.size(), 2U);
+  EXPECT_EQ(events->all[0], "main");
+  EXPECT_EQ(events->all[1], R"(service.request test="PingLAN" id=3 configuration=null)");
 }
 
 TEST_F(ScenarioServiceTest, AnswersFromTheWorldWhatNoAnswerIsFor) {
@@ -165,8 +167,8 @@ TEST_F(ScenarioServiceTest, TheLastStatusRepeats) {
     EXPECT_EQ(status->wifi->ssidString->string(), "Home");
     EXPECT_EQ(status->wifi->bssid->string(), "b");
   }
-  EXPECT_EQ(events.all[0], "service.status error=5 ssid=null bssid=null");
-  EXPECT_EQ(events.all[2], R"(service.status error=null ssid="Home" bssid="b")");
+  EXPECT_EQ(events->all[0], "service.status error=5 ssid=null bssid=null");
+  EXPECT_EQ(events->all[2], R"(service.status error=null ssid="Home" bssid="b")");
 }
 
 }  // namespace
