@@ -147,9 +147,9 @@ std::string leftOut(const std::optional<RunPlan>& plan) {
   const bool current = isExcludedFromRuns(plan->currentName);
   const bool selected =
       isExcludedFromRuns(plan->selectedName) && !equalNames(plan->selectedName, plan->currentName);
-  if (current && selected) return "both networks were left alone (_nomap)";
-  if (current) return "the current network was left alone (_nomap)";
-  if (selected) return "the selected network was left alone (_nomap)";
+  if (current && selected) return "both networks were not tested (_nomap)";
+  if (current) return "the current network was not tested (_nomap)";
+  if (selected) return "the selected network was not tested (_nomap)";
   return sectionsOf(*plan).size() == 1 ? "no network was tested" : "";
 }
 
@@ -165,7 +165,7 @@ std::string summaryOf(std::span<const ReportSection> sections, const std::option
   const std::string left = leftOut(plan);
   const std::string end = left.empty() ? "" : "; " + left;
   if (answered == 0) {
-    return fmt::format("nothing could be found out, {} without an answer{}",
+    return fmt::format("no test could be answered, {} without an answer{}",
                        plural(unknown, "test", "tests"), end);
   }
   if (countOf(sections, ReportMark::problem) > 0) return countsText(sections) + end;
@@ -271,7 +271,7 @@ std::vector<std::string> SectionReader::valuesOf(const CatalogueTest& test,
                                                  std::set<std::string_view>& shownKeys) const {
   std::vector<std::string> values;
   if (!outcome.remark.empty()) values.push_back(withoutStop(shownText(outcome.remark)));
-  if (!outcome.hasDetails) values.emplace_back("no details were given");
+  if (!outcome.hasDetails) values.emplace_back("details missing");
   for (const InformationCopy& copy : test.information()) {
     const ValueFinding* const known = valueFinding(copy.outputKey);
     if (!known) continue;
@@ -283,7 +283,7 @@ std::vector<std::string> SectionReader::valuesOf(const CatalogueTest& test,
     if ((value == values_.end() && !isMissing) || !shownKeys.insert(copy.outputKey).second)
       continue;
     if (isMissing) {
-      values.push_back(std::string(known->name) + " not given");
+      values.push_back(std::string(known->name) + " missing");
     } else {
       std::ranges::move(valuePieces(copy.outputKey, value->second), std::back_inserter(values));
     }
@@ -366,7 +366,7 @@ std::string SectionReader::title() const {
 // Returns why the section's batch did not run, as a sentence.
 std::string SectionReader::whyNotRun() const {
   constexpr std::string_view kExcluded =
-      "Left alone: a name that ends with _nomap asks not to be surveyed.";
+      "Not tested: its name ends with _nomap, which asks not to be surveyed.";
   if (section_ == Section::device || !run_.plan) return "Its tests were not run.";
   const TextRef& joined = run_.plan->currentName;
   const TextRef& selected = run_.plan->selectedName;
@@ -385,14 +385,14 @@ std::string SectionReader::whyNotRun() const {
   return "Its tests were not run.";
 }
 
-// Adds the early end and the summary to the report of a run that was cut short.
+// Adds the early end and the summary to the report of a run that ended early.
 void tellEarlyEnd(const EarlyEnd& end, const FinishedRun& run, Report& report) {
   ReportFinding& told = report.earlyEnd.emplace();
   told.mark = ReportMark::problem;
   told.advice = end.advice;
   if (!run.plan) {
     told.sentence = end.sentence;
-    report.summary = "cut short before the tests";
+    report.summary = "ended early, before the tests";
     return;
   }
   std::size_t ended = 0;
@@ -405,7 +405,7 @@ void tellEarlyEnd(const EarlyEnd& end, const FinishedRun& run, Report& report) {
   }
   told.sentence =
       fmt::format("{}: {} of {} tests were done.", end.duringTests, ended, run.plan->totalTests);
-  report.summary = fmt::format("cut short after {} of {} tests", ended, run.plan->totalTests);
+  report.summary = fmt::format("ended early, after {} of {} tests", ended, run.plan->totalTests);
   const std::string counts = countsText(report.sections);
   if (!counts.empty()) report.summary += ": " + counts;
 }

@@ -81,7 +81,7 @@ std::string sectionText(const ReportSection& section, ReportStyle style) {
   bool unknownsBegan = false;
   for (const ReportFinding& finding : section.findings) {
     if (finding.mark == ReportMark::unknown && !std::exchange(unknownsBegan, true)) {
-      text += "  " + painted("Could not be found out:", kHeadingColor, style) + '\n';
+      text += "  " + painted("Unknown:", kHeadingColor, style) + '\n';
     }
     text += findingText(finding, style);
   }

@@ -139,7 +139,7 @@ TEST_F(ReportDocument, ShowsATestThatIsNotAnsweredInFullOnceWithWhatIsMissing) {
   current_ = {{"hasPoorSignal", no()}};
   const ReportFinding finding = onlyFinding();
   EXPECT_EQ(finding.mark, ReportMark::good);
-  EXPECT_EQ(finding.values, Texts{"RSSI not given"});
+  EXPECT_EQ(finding.values, Texts{"RSSI missing"});
   EXPECT_EQ(countOf(currentNetwork(), ReportMark::unknown), 0U);
 }
 
@@ -154,7 +154,7 @@ TEST_F(ReportDocument, SaysThatNoDetailsWereGiven) {
   request(DiagnosticsTestID::PoorSignal);
   answer().hasDetails = false;
   current_ = {{"hasPoorSignal", no()}};
-  EXPECT_EQ(onlyFinding().values, Texts{"no details were given"});
+  EXPECT_EQ(onlyFinding().values, Texts{"details missing"});
 }
 
 TEST_F(ReportDocument, PutsWhyAnAnswerIsAsItIsBesideIt) {
@@ -223,7 +223,7 @@ TEST_F(ReportDocument, DoesNotSayThatThereAreNoProblemsWhereNothingWasAnswered) 
   for (const DiagnosticsTestID test : kDeviceConfigurationBatch) request(test);
   current_ = {{"foundScanResults", integer(1)}};  // the list's
   EXPECT_EQ(document().summary,
-            "nothing could be found out, 11 tests without an answer; no network was tested");
+            "no test could be answered, 11 tests without an answer; no network was tested");
 }
 
 TEST_F(ReportDocument, SaysWhatWasLeftAloneBesideWhatWasTested) {
@@ -231,11 +231,11 @@ TEST_F(ReportDocument, SaysWhatWasLeftAloneBesideWhatWasTested) {
   joinTo("Home_nomap");
   EXPECT_EQ(document().summary,
             "no problems found in what was tested: 1 fine; "
-            "the current network was left alone (_nomap)");
+            "the current network was not tested (_nomap)");
   selectedName_ = makeText("Cafe_NoMap");
-  EXPECT_TRUE(document().summary.ends_with("; both networks were left alone (_nomap)"));
+  EXPECT_TRUE(document().summary.ends_with("; both networks were not tested (_nomap)"));
   joinTo("Home");
-  EXPECT_TRUE(document().summary.ends_with("; the selected network was left alone (_nomap)"));
+  EXPECT_TRUE(document().summary.ends_with("; the selected network was not tested (_nomap)"));
   selectedName_ = nullptr;
   EXPECT_EQ(document().summary, "no problems found: 1 fine");
 }
@@ -258,7 +258,7 @@ TEST_F(ReportDocument, SaysWhyARunEndedEarlyAndShowsOnlySectionsThatHoldSomethin
   EXPECT_EQ(report.earlyEnd->mark, ReportMark::problem);
   EXPECT_EQ(report.earlyEnd->sentence, "Wi-Fi is off, so no network could be chosen.");
   EXPECT_FALSE(report.earlyEnd->advice.empty());
-  EXPECT_EQ(report.summary, "cut short before the tests");
+  EXPECT_EQ(report.summary, "ended early, before the tests");
   ASSERT_EQ(report.sections.size(), 1U);
   EXPECT_EQ(report.sections[0].title, "Networks in range");
   EXPECT_EQ(report.sections[0].note, "");
@@ -284,7 +284,7 @@ TEST_F(ReportDocument, SaysHowFarARunCameThatEndedAmongItsTests) {
             "Wi-Fi was switched off while the tests ran: 12 of 40 tests were done.");
   EXPECT_EQ(report.earlyEnd->values,
             Texts{"under way and not answered: Does the network announce itself too seldom?"});
-  EXPECT_EQ(report.summary, "cut short after 12 of 40 tests: 11 fine, 1 not known");
+  EXPECT_EQ(report.summary, "ended early, after 12 of 40 tests: 11 fine, 1 not known");
   ASSERT_EQ(report.sections.size(), 2U);
   EXPECT_EQ(report.sections[1].title, "Current network: Home");
   ASSERT_EQ(report.sections[1].findings.size(), 1U);

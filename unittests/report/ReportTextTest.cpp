@@ -163,7 +163,7 @@ TEST_F(Report, SaysThatANameAsksNotToBeSurveyed) {
   joinTo("Home_NoMap");
   selectedName_ = makeText("Cafe_nomap");
   statusCode_ = -7;
-  EXPECT_EQ(timesIn(report(), "  Left alone: a name that ends with _nomap"), 2U);
+  EXPECT_EQ(timesIn(report(), "  Not tested: its name ends with _nomap"), 2U);
 }
 
 TEST_F(Report, SaysThatTheStatusCouldNotBeAsked) {
@@ -177,7 +177,7 @@ TEST_F(Report, SaysWhyARunWasCutShort) {
   for (const std::int64_t code : {-2, -3, -4, -5}) {
     statusCode_ = code;
     const std::string shown = report();
-    EXPECT_EQ(headline(shown), "Wi-Fi profile: cut short before the tests");
+    EXPECT_EQ(headline(shown), "Wi-Fi profile: ended early, before the tests");
     EXPECT_EQ(timesIn(shown, "  ✗ "), 1U) << code;
     EXPECT_TRUE(contains(shown, "Wi-Fi")) << code;
     EXPECT_FALSE(contains(shown, "\nDevice\n")) << code;
@@ -199,7 +199,7 @@ TEST_F(Report, ListsWhatCouldNotBeFoundOutWithTheReason) {
   EXPECT_TRUE(contains(shown,
                        "? Can names of sites be looked up (DNS)? "
                        "(timed out)\n"));
-  EXPECT_TRUE(contains(shown, "? Does the router answer? (no reason was given)\n"));
+  EXPECT_TRUE(contains(shown, "? Does the router answer? (reason unknown)\n"));
   EXPECT_TRUE(contains(headline(shown), "2 tests without an answer"));
 }
 
@@ -208,7 +208,7 @@ TEST_F(Report, SaysWhatIsMissingOfAnAnswerInItsSentence) {
   answer().values = {{"RSSI", nullptr}};
   current_ = {{"hasPoorSignal", no()}};
   const std::string shown = report();
-  EXPECT_TRUE(contains(shown, "✓ The signal is strong enough (RSSI not given).\n"));
+  EXPECT_TRUE(contains(shown, "✓ The signal is strong enough (RSSI missing).\n"));
   EXPECT_FALSE(contains(shown, "Is the signal weak?"));
 }
 

@@ -90,7 +90,7 @@ std::string Script::reasonForBeingStuck() const {
       next_ == 0 ? "before its first step" : "after step " + std::to_string(next_ - 1);
   if (next_ < steps_.size() && steps_[next_].duringTest) {
     return "/user/" + std::to_string(next_) + ": the run waits " + after + ", and the test " +
-           std::string(nameOf(*steps_[next_].duringTest)) + " never comes";
+           std::string(nameOf(*steps_[next_].duringTest)) + " is not requested";
   }
   return "/user: the run waits " + after + ", and there is no further step";
 }

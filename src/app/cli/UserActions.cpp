@@ -26,11 +26,11 @@ std::int64_t countOf(const toolkit::TableView& table, std::int64_t section) {
 
 Obstacle tapRow(toolkit::TableView& table, toolkit::IndexPath path) {
   if (path.row < 0 || path.row >= countOf(table, path.section)) {
-    return "found " + std::to_string(countOf(table, path.section)) + " rows in section " +
-           std::to_string(path.section) + ", expected a row " + std::to_string(path.row);
+    return "no row " + std::to_string(path.row) + " in section " + std::to_string(path.section) +
+           ", which has " + std::to_string(countOf(table, path.section)) + " rows";
   }
-  if (!table.allowsSelection()) return "found a list that is being refreshed, expected one at rest";
-  if (!table.canTap(path)) return "found a row that cannot be tapped, expected one that can";
+  if (!table.allowsSelection()) return "the list is being refreshed";
+  if (!table.canTap(path)) return "the row cannot be tapped";
   table.tap(path);
   return std::nullopt;
 }
@@ -41,23 +41,22 @@ Obstacle tapNetwork(toolkit::TableView& table, const std::string& name) {
     return row.title && row.title->string() == name;
   });
   if (found == rows.end()) {
-    return "found no row " + runtime::jsonString(name) + " in the list of networks, expected one";
+    return "no row " + runtime::jsonString(name) + " in the list of networks";
   }
   return tapRow(table, {kNetworksSection, found - rows.begin()});
 }
 
 Obstacle pull(const toolkit::TableView& table) {
   const auto& control = table.refreshControl();
-  if (!control) return "found a list that cannot be pulled yet, expected one to refresh";
-  if (control->isRefreshing()) return "found a list that is being refreshed, expected one at rest";
+  if (!control) return "the list cannot be refreshed yet";
+  if (control->isRefreshing()) return "the list is being refreshed";
   control->pull();
   return std::nullopt;
 }
 
 Obstacle scrollAway(toolkit::TableView& table, std::int64_t section) {
   if (section < 0 || section >= table.numberOfSections()) {
-    return "found " + std::to_string(table.numberOfSections()) + " sections, expected a section " +
-           std::to_string(section);
+    return "no section " + std::to_string(section) + " in the table";
   }
   table.scrollHeaderAwayAndBack(section);
   return std::nullopt;
@@ -66,14 +65,14 @@ Obstacle scrollAway(toolkit::TableView& table, std::int64_t section) {
 Obstacle tapNext(const WiFiProfileViewController& controller) {
   const auto item = controller.navigationItem();
   const auto button = item ? item->rightBarButtonItem() : nullptr;
-  if (!button) return "found no button in the navigation bar, expected the right-hand one";
-  if (!button->isEnabled()) return "found the right-hand button disabled, expected it enabled";
+  if (!button) return "the navigation bar has no button";
+  if (!button->isEnabled()) return "the button is disabled";
   button->tap();
   return std::nullopt;
 }
 
 Obstacle type(toolkit::Alert& alert, const std::string& text) {
-  if (alert.textFields().empty()) return "found an alert without a text field, expected one";
+  if (alert.textFields().empty()) return "the alert has no text field";
   alert.type(text);
   return std::nullopt;
 }
@@ -83,10 +82,10 @@ Obstacle tapAction(toolkit::Alert& alert, const std::string& title) {
   const auto found = std::find_if(actions.begin(), actions.end(),
                                   [&](const auto& action) { return action->title() == title; });
   if (found == actions.end()) {
-    return "found no action " + runtime::jsonString(title) + " in the alert, expected one";
+    return "no action " + runtime::jsonString(title) + " in the alert";
   }
   if (!(*found)->isEnabled()) {
-    return "found the action " + runtime::jsonString(title) + " disabled, expected it enabled";
+    return "the action " + runtime::jsonString(title) + " is disabled";
   }
   alert.tap(**found);
   return std::nullopt;
@@ -112,17 +111,17 @@ Obstacle onTable(toolkit::TableView& table, const scenario::Step& step) {
 Obstacle performOnScreen(WiFiProfileViewController& controller, const scenario::Step& step) {
   const auto& alert = controller.presentedAlert();
   if (step.action == scenario::Action::type || step.action == scenario::Action::tapAction) {
-    if (!alert) return "found no alert on the screen, expected one";
+    if (!alert) return "no alert is presented";
     return step.action == scenario::Action::type ? type(*alert, step.text)
                                                  : tapAction(*alert, step.text);
   }
   // A scroll is allowed under an alert: it is not a tap.
   if (alert && step.action != scenario::Action::scrollAway) {
-    return "found an alert over the screen, expected none";
+    return "an alert covers the screen";
   }
   if (step.action == scenario::Action::tapNext) return tapNext(controller);
   const auto table = tableOnScreen(controller);
-  if (!table) return "found no table on the screen, expected the list of networks";
+  if (!table) return "the list of networks is not on the screen";
   return onTable(*table, step);
 }
 

@@ -10,8 +10,7 @@
 namespace wifi_profile::cli {
 
 // Performs a step on the screen: a tap, text, a pull or a scroll. Returns why it cannot be
-// performed, as "found ..., expected ..."; then it has changed nothing. Empty on success. Main
-// thread.
+// performed; then it has changed nothing. Empty on success. Main thread.
 std::optional<std::string> performOnScreen(WiFiProfileViewController& controller,
                                            const scenario::Step& step);
 

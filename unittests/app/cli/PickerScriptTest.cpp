@@ -160,7 +160,7 @@ TEST(PickerScript, EmptiesTheListWhenARescanHearsNothing) {
   EXPECT_THAT(rows(last, "networks"), ElementsAre("OTHER"));
   EXPECT_TRUE(last["addresses"].empty());
   EXPECT_EQ(result.ending, cli::Ending::stuck);
-  EXPECT_THAT(result.reason, HasSubstr("found no row \"Cafe\""));
+  EXPECT_THAT(result.reason, HasSubstr("no row \"Cafe\""));
 }
 
 TEST(PickerScript, GivesUpEveryHandleOnceManagerFirst) {
@@ -202,34 +202,32 @@ TEST(PickerScript, CannotTapAButtonThatWaitsForAChoice) {
   Wish wish;
   wish.pick = true;
   const auto result = runInVirtualTime(R"({"scenario":1,"user":[{"tapNext":true}]})", 0, wish);
-  EXPECT_EQ(result.reason, "/user/0: found the right-hand button disabled, expected it enabled");
+  EXPECT_EQ(result.reason, "/user/0: the button is disabled");
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Steps, PickerObstacle,
     ::testing::Values(
         Obstacle{R"([{"tapNetwork":"Nowhere"}])",
-                 R"(/user/0: found no row "Nowhere" in the list of networks, expected one)"},
-        Obstacle{R"([{"tapRow":[1,3]}])", "/user/0: found 3 rows in section 1, expected a row 3"},
-        Obstacle{R"([{"tapRow":[0,0]}])",
-                 "/user/0: found a row that cannot be tapped, expected one that can"},
+                 R"(/user/0: no row "Nowhere" in the list of networks)"},
+        Obstacle{R"([{"tapRow":[1,3]}])", "/user/0: no row 3 in section 1, which has 3 rows"},
+        Obstacle{R"([{"tapRow":[0,0]}])", "/user/0: the row cannot be tapped"},
         Obstacle{R"([{"pullToRefresh":true},{"duringTest":"NoScanResults","tapRow":[1,0]}])",
-                 "/user/1: found a list that is being refreshed, expected one at rest"},
+                 "/user/1: the list is being refreshed"},
         Obstacle{R"([{"pullToRefresh":true},{"duringTest":"NoScanResults","pullToRefresh":true}])",
-                 "/user/1: found a list that is being refreshed, expected one at rest"},
+                 "/user/1: the list is being refreshed"},
         Obstacle{R"([{"wait":1}])",
                  "/user: the run waits after step 0, and there is no further step"},
         Obstacle{R"([{"pullToRefresh":true,"duringTest":"NoScanResults"}])",
-                 "/user/0: found a list that cannot be pulled yet, expected one to refresh"},
-        Obstacle{R"([{"scrollAway":2}])", "/user/0: found 2 sections, expected a section 2"},
-        Obstacle{R"([{"tapOther":true},{"tapNext":true}])",
-                 "/user/1: found an alert over the screen, expected none"},
+                 "/user/0: the list cannot be refreshed yet"},
+        Obstacle{R"([{"scrollAway":2}])", "/user/0: no section 2 in the table"},
+        Obstacle{R"([{"tapOther":true},{"tapNext":true}])", "/user/1: an alert covers the screen"},
         Obstacle{R"([{"tapOther":true},{"tapAction":"DONE"}])",
-                 R"(/user/1: found the action "DONE" disabled, expected it enabled)"},
+                 R"(/user/1: the action "DONE" is disabled)"},
         Obstacle{R"([{"tapOther":true},{"tapAction":"YES"}])",
-                 R"(/user/1: found no action "YES" in the alert, expected one)"},
-        Obstacle{R"([{"type":"x"}])", "/user/0: found no alert on the screen, expected one"},
-        Obstacle{R"([{"type":"x"}])", "/user/0: found an alert without a text field, expected one",
+                 R"(/user/1: no action "YES" in the alert)"},
+        Obstacle{R"([{"type":"x"}])", "/user/0: no alert is presented"},
+        Obstacle{R"([{"type":"x"}])", "/user/0: the alert has no text field",
                  R"({"power":false})"}),
     [](const auto& test) { return std::to_string(test.index); });
 

@@ -36,10 +36,10 @@ TEST(ReportOfARun, StopsWhereTheRadioWasSwitchedOff) {
                                      std::string(delay) + R"(}]},
       "user": [{"tapNext": true}, {"duringTest": "CustomWebProxy", "setPower": false}]})");
     EXPECT_THAT(shown, HasSubstr("Wi-Fi was switched off while the tests ran: 3 of 40 tests"));
-    EXPECT_THAT(shown, HasSubstr("Wi-Fi profile: cut short after 3 of 40 tests: 2 fine, 1 not"));
+    EXPECT_THAT(shown, HasSubstr("Wi-Fi profile: ended early, after 3 of 40 tests: 2 fine, 1 not"));
     EXPECT_THAT(shown, HasSubstr("under way and not answered: Do web pages go through a proxy"));
     EXPECT_THAT(shown, HasSubstr("(no bus)"));
-    EXPECT_THAT(shown, Not(HasSubstr("no reason was given")));
+    EXPECT_THAT(shown, Not(HasSubstr("reason unknown")));
     EXPECT_THAT(shown, Not(HasSubstr("cancelled")));
     EXPECT_THAT(shown, Not(HasSubstr("Current network")));
   }
@@ -48,7 +48,7 @@ TEST(ReportOfARun, StopsWhereTheRadioWasSwitchedOff) {
 TEST(ReportOfARun, SaysThatNothingWasTestedWhenTheRadioWasSwitchedOffInTheList) {
   const std::string shown = textOn(R"({"scenario": 1, "status": [{"ssid": "Home"}],
     "user": [{"setPower": false}]})");
-  EXPECT_THAT(shown, HasSubstr("cut short before the tests"));
+  EXPECT_THAT(shown, HasSubstr("ended early, before the tests"));
   EXPECT_THAT(shown, HasSubstr("Wi-Fi is off, so no network could be chosen."));
 }
 
