@@ -38,9 +38,7 @@ checks::FactSet allFacts() {
   return all;
 }
 
-VqErrorRef errorOf(const Error& unknown) {
-  return devices::makeError(static_cast<std::int64_t>(unknown.reason), unknown.message);
-}
+VqErrorRef errorOf(const Error& cause) { return std::make_shared<const VqError>(cause); }
 
 // Returns "MaxScanCacheAge" of a request's configuration; 0 (no cached scan is acceptable) if it is
 // missing or not a positive number.
@@ -95,6 +93,7 @@ LinuxService::Outcome LinuxService::serve(const VqDiagnosticsTestRequest& reques
   const checks::Question question{
       .facts = *facts, .settings = settings_, .networkName = devices::networkNameOf(request)};
   const checks::Answer answer = checks::checkOf(request.testID()).answer(question);
+  if (!answer) return errorOf(answer.error());
   DiagnosticsTestResult result = *answer;
   result.remark = checks::problemOf(question, request.testID());
   if (!result.remark.empty()) {

@@ -26,7 +26,7 @@ Answer answerFrom(const World& world, DiagnosticsTestID test, const TextRef& net
   auto found = checks::checkOf(test).answer({world.facts, world.settings, networkName});
   Answer answer;
   if (!found) {
-    answer = failure(static_cast<std::int64_t>(found.error().reason), found.error().message);
+    answer.error = std::make_shared<const VqError>(found.error());
   } else {
     answer.results.emplace().push_back(
         std::make_shared<const DiagnosticsTestResult>(*std::move(found)));

@@ -273,8 +273,8 @@ TEST_F(Program, NamesTheStepOfAScriptThatCannotBeDone) {
       run(runFile(R"({"scenario":1,"user":[{"tapNext":true,"duringTest":"CustomDNS"}]})"));
   EXPECT_EQ(outcome.status, 65);
   EXPECT_EQ(outcome.out, "");
-  EXPECT_THAT(outcome.err, HasSubstr("scenario.json: at /user/0: found no button in the navigation "
-                                     "bar, expected the right-hand one\n"));
+  EXPECT_THAT(outcome.err,
+              HasSubstr("scenario.json: at /user/0: the navigation bar has no button\n"));
 }
 
 TEST_F(Program, RefusesADeviceThatIsNotThere) {

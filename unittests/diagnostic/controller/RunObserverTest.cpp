@@ -10,7 +10,7 @@ namespace {
 using ::testing::ElementsAre;
 
 // Writes every event as a text.
-class Recorder final : public RunObserver {
+class RunRecorder final : public RunObserver {
  public:
   std::vector<std::string> events;
   std::vector<TestOutcome> outcomes;
@@ -48,7 +48,7 @@ class RunObserverTest : public PickerFixture {
     return recorder->outcomes.back();
   }
 
-  const std::shared_ptr<Recorder> recorder = std::make_shared<Recorder>();
+  const std::shared_ptr<RunRecorder> recorder = std::make_shared<RunRecorder>();
 
  private:
   const ScopedInstall<RunObserver> installed_{recorder};
@@ -79,8 +79,8 @@ TEST_F(RunObserverTest, IsToldOfTheEndBeforeRequestsAreCancelled) {
     EXPECT_EQ(recorder->events.back(), "ended");
   };
   run(nullptr, nullptr);
-  const auto& events = recorder->events;
-  const auto end = std::find(events.begin(), events.end(), "ended");
+  const auto& told = recorder->events;
+  const auto end = std::find(told.begin(), told.end(), "ended");
   EXPECT_THAT(std::vector(end - 2, end + 2),
               ElementsAre("1/11", "start device/CustomIPv6", "ended", "end device/CustomIPv6"));
 }

@@ -6,7 +6,7 @@
 namespace wifi_profile {
 namespace {
 
-struct Recorder final : Trace {
+struct CountingTrace final : Trace {
   std::string events;
   void event(std::string_view name, const Fields& fields) override {
     events += std::string(name) + ":" + std::to_string(fields.size()) + " ";
@@ -21,7 +21,7 @@ TEST(TraceTest, BuildsFieldsOnlyForAnInstalledTrace) {
   };
   traceEvent("x", fields);
   EXPECT_EQ(built, 0);
-  const auto recorder = std::make_shared<Recorder>();
+  const auto recorder = std::make_shared<CountingTrace>();
   const ScopedInstall<Trace> installed(recorder);
   traceEvent("x", fields);
   traceEvent("y");
