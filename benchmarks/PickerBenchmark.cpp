@@ -97,23 +97,25 @@ class Picker {
   }
 
  private:
-  template <class Service>
-  using Install = ScopedInstall<Service>;
-
   scenario::Scenario scenario_;
   std::shared_ptr<TimedQueues> queues_ = std::make_shared<TimedQueues>();
   scenario::ScenarioDevice device_;
-  Install<WorkQueues> installedQueues_{queues_};
   std::shared_ptr<Scans> service_;
-  Install<VqClient> installedService_{service_};
-  Install<WiFiManagerService> radio_{device_.radio};
-  Install<DeviceCapability> capability_{device_.capability};
-  Install<HsTestAutomation> automation_{device_.automation};
-  Install<HsDateFormatter> dates_{std::make_shared<runtime::Iso8601Formatter>()};
-  Install<DiagnosticLog> log_{std::make_shared<Quiet>()};
-  Install<StringTable> texts_{std::make_shared<runtime::BuiltInStringTable>("en")};
-  Install<NameCollator> order_{std::make_shared<runtime::IcuNameCollator>("en")};
-  Install<toolkit::Screen> screen_{std::make_shared<runtime::NoScreen>()};
+  runtime::Iso8601Formatter dates_;
+  Quiet log_;
+  runtime::BuiltInStringTable texts_{"en"};
+  runtime::IcuNameCollator collator_{"en"};
+  runtime::NoScreen screen_;
+  const InstalledPlatform platform_{{.queues = queues_.get(),
+                                     .service = service_.get(),
+                                     .wifiManager = device_.radio.get(),
+                                     .capability = device_.capability.get(),
+                                     .automation = device_.automation.get(),
+                                     .dates = &dates_,
+                                     .log = &log_,
+                                     .texts = &texts_,
+                                     .collator = &collator_,
+                                     .screen = &screen_}};
   std::shared_ptr<WiFiProfileViewController> controller_ =
       std::make_shared<WiFiProfileViewController>();
 };

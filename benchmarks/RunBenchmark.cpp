@@ -43,10 +43,11 @@ DictionaryRef runDemo() {
                       {"networkName", makeText("Café Linde")}}));
   runtime::VirtualTimeRunLoop loop;
   cli::ProgressLine line(nowhere, cli::ProgressLine::Shows::lines);
-  const auto run = std::make_shared<cli::DiagnosticRun>(
-      std::make_unique<cli::ScenarioRunDevice>(demo(), loop), inputs,
-      cli::Surroundings{loop, line, std::make_shared<runtime::BuiltInStringTable>("en"),
-                        std::make_shared<runtime::IcuNameCollator>("en")});
+  runtime::BuiltInStringTable texts("en");
+  runtime::IcuNameCollator collator("en");
+  const auto run =
+      std::make_shared<cli::DiagnosticRun>(std::make_unique<cli::ScenarioRunDevice>(demo(), loop),
+                                           inputs, cli::Surroundings{loop, line, texts, collator});
   run->run();
   return run->data();
 }

@@ -22,7 +22,8 @@ struct Scene {
     second = air.scan();
   }
 
-  const ScopedInstall<NameCollator> collator{std::make_shared<runtime::IcuNameCollator>("en")};
+  runtime::IcuNameCollator collator{"en"};
+  const InstalledPlatform platform{{.collator = &collator}};
   const PlainScanList plain;
   NameOrder order;
   Neighbourhood air;

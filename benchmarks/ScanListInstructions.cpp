@@ -141,7 +141,8 @@ int main(int count, char** arguments) {
     std::fputs("usage: scan_list_instructions <work> <results of a scan>\n", stderr);
     return EXIT_FAILURE;
   }
-  const ScopedInstall<NameCollator> collator(std::make_shared<runtime::IcuNameCollator>("en"));
+  runtime::IcuNameCollator collator("en");
+  const InstalledPlatform platform({.collator = &collator});
   Scene scene(std::strtoul(arguments[2], nullptr, 10), work->second.rescans, work->second.changes);
   Outcome outcome;
   malloc_trim(0);  // What building the scene left scattered is not tidied up in what is measured.

@@ -39,9 +39,10 @@ class ManyRows final : public toolkit::TableViewDataSource {
 // A page down, or up again at the end of the list, and the frame after it.
 void terminalPage(benchmark::State& state) {
   std::setlocale(LC_CTYPE, "C.UTF-8");
-  const ScopedInstall<WorkQueues> queues(std::make_shared<runtime::VirtualTimeRunLoop>());
-  const ScopedInstall<StringTable> texts(std::make_shared<runtime::BuiltInStringTable>("en"));
-  const ScopedInstall<toolkit::Screen> screen(std::make_shared<runtime::NoScreen>());
+  runtime::VirtualTimeRunLoop loop;
+  runtime::BuiltInStringTable texts("en");
+  runtime::NoScreen screen;
+  const InstalledPlatform platform({.queues = &loop, .texts = &texts, .screen = &screen});
   const auto rows = std::make_shared<ManyRows>(state.range(0));
   const auto table = std::make_shared<toolkit::TableView>();
   table->registerCell<toolkit::TableViewCell>("row");

@@ -79,7 +79,7 @@ class Networks final : public toolkit::TableViewDataSource, public toolkit::Tabl
 // The window with the list.
 class ListWindow {
  public:
-  explicit ListWindow(QSize size) : installedScreen_(screen_) {
+  explicit ListWindow(QSize size) {
     screen_->window().resize(size);
     while (screen_->model().size() !=
            toolkit::Size{static_cast<double>(size.width()), static_cast<double>(size.height())}) {
@@ -102,10 +102,11 @@ class ListWindow {
   QQuickWindow& window() { return screen_->window(); }
 
  private:
-  const ScopedInstall<StringTable> texts_{std::make_shared<runtime::BuiltInStringTable>("en")};
-  const ScopedInstall<WorkQueues> queues_{std::make_shared<runtime::VirtualTimeRunLoop>()};
+  runtime::BuiltInStringTable texts_{"en"};
+  runtime::VirtualTimeRunLoop queues_;
+  const InstalledPlatform platform_{{.queues = &queues_, .texts = &texts_}};
   const std::shared_ptr<window::WindowScreen> screen_ = std::make_shared<window::WindowScreen>();
-  const ScopedInstall<toolkit::Screen> installedScreen_;
+  const InstalledPlatform installedScreen_{{.screen = screen_.get()}};
   const std::shared_ptr<Networks> networks_ = std::make_shared<Networks>();
   const std::shared_ptr<toolkit::ViewController> controller_ =
       std::make_shared<toolkit::ViewController>();

@@ -31,10 +31,11 @@ void runIt(const scenario::Scenario& scenario) {
           "the parameters are good");
   runtime::VirtualTimeRunLoop loop;
   cli::ProgressLine line(nowhere, cli::ProgressLine::Shows::lines);
-  const auto run = std::make_shared<cli::DiagnosticRun>(
-      std::make_unique<cli::ScenarioRunDevice>(scenario, loop), inputs,
-      cli::Surroundings{loop, line, std::make_shared<runtime::BuiltInStringTable>("en"),
-                        std::make_shared<runtime::IcuNameCollator>("en")});
+  runtime::BuiltInStringTable texts("en");
+  runtime::IcuNameCollator collator("en");
+  const auto run =
+      std::make_shared<cli::DiagnosticRun>(std::make_unique<cli::ScenarioRunDevice>(scenario, loop),
+                                           inputs, cli::Surroundings{loop, line, texts, collator});
   if (run->run() != cli::Ending::finished) return;
   requireSafe(report::reportText(report::reportOf(run->finishedRun()), {}));
   const std::string record = runtime::jsonText(run->data());

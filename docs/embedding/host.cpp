@@ -30,17 +30,22 @@ int main() {
   const auto read = scenario::readScenario(std::get<ObjectRef>(document));
   const scenario::ScenarioDevice device(std::get<scenario::Scenario>(read), loop);
 
-  // Everything that the diagnostic asks of its surroundings, for as long as these live.
-  const ScopedInstall<WorkQueues> queues({std::shared_ptr<void>(), &loop});
-  const ScopedInstall<VqClient> service(device.service);
-  const ScopedInstall<WiFiManagerService> radio(device.radio);
-  const ScopedInstall<DeviceCapability> capability(device.capability);
-  const ScopedInstall<HsTestAutomation> automation(device.automation);
-  const ScopedInstall<HsDateFormatter> dates(std::make_shared<runtime::Iso8601Formatter>());
-  const ScopedInstall<DiagnosticLog> log(std::make_shared<StandardError>());
-  const ScopedInstall<StringTable> texts(std::make_shared<runtime::BuiltInStringTable>("en"));
-  const ScopedInstall<NameCollator> order(std::make_shared<runtime::IcuNameCollator>("en"));
-  const ScopedInstall<toolkit::Screen> screen(std::make_shared<runtime::NoScreen>());
+  // Everything that the diagnostic asks of its surroundings. It must outlive `platform`.
+  runtime::Iso8601Formatter dates;
+  StandardError log;
+  runtime::BuiltInStringTable texts("en");
+  runtime::IcuNameCollator collator("en");
+  const auto screen = std::make_shared<runtime::NoScreen>();
+  const InstalledPlatform platform({.queues = &loop,
+                                    .service = device.service.get(),
+                                    .wifiManager = device.radio.get(),
+                                    .capability = device.capability.get(),
+                                    .automation = device.automation.get(),
+                                    .dates = &dates,
+                                    .log = &log,
+                                    .texts = &texts,
+                                    .collator = &collator,
+                                    .screen = screen.get()});
 
   const auto inputs = std::make_shared<WiFiProfileInputs>();
   if (!inputs->validateAndInitializeParameters(

@@ -6,12 +6,9 @@
 namespace wifi_profile::runtime {
 
 // Has one style, ISO 8601 in UTC to the second, and ignores the requested type.
-class Iso8601Formatter final : public HsDateFormatter,
-                               public std::enable_shared_from_this<Iso8601Formatter> {
+class Iso8601Formatter final : public HsDateFormatter {
  public:
-  std::shared_ptr<const HsDateFormatter> formatterWithType(int /*type*/) override {
-    return shared_from_this();
-  }
+  const HsDateFormatter& formatterWithType(int /*type*/) override { return *this; }
   TextRef stringFromDate(const std::optional<Date>& date) const override {
     const auto text = date ? iso8601FromDate(*date) : std::nullopt;
     return text ? makeText(*text) : nullptr;

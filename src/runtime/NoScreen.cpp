@@ -1,15 +1,16 @@
 #include "runtime/NoScreen.h"
 
+#include <utility>
+
 #include "diagnostic/platform/WorkQueues.h"
 #include "diagnostic/platform/toolkit/ViewController.h"
 
 namespace wifi_profile::runtime {
 
 void NoScreen::needsLayout(const std::shared_ptr<toolkit::ViewController>& controller) {
-  if (passIsPosted_) return;
-  passIsPosted_ = true;
-  WorkQueues::shared()->postToMain([self = shared_from_this(), controller] {
-    self->passIsPosted_ = false;
+  if (std::exchange(*passIsPosted_, true)) return;
+  WorkQueues::shared()->postToMain([posted = passIsPosted_, controller] {
+    *posted = false;
     controller->layOut();
   });
 }

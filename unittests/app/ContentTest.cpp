@@ -39,7 +39,8 @@ TEST_F(ContentOfAScreen, IsTheFrontmostOfAKind) {
 }
 
 TEST_F(ContentOfAScreen, HasTextsWithPartsReplaced) {
-  const ScopedInstall<StringTable> english(std::make_shared<runtime::BuiltInStringTable>("en"));
+  runtime::BuiltInStringTable english("en");
+  const InstalledPlatform platform({.texts = &english});
   EXPECT_EQ(screenText("TESTS_DONE", {{"{done}", "3"}, {"{total}", "40"}}), "3 of 40 tests done");
   EXPECT_EQ(screenText("NEXT"), "Next");
   EXPECT_EQ(screenText("NEXT", {{"{done}", "3"}}), "Next");

@@ -23,8 +23,7 @@ class NoScreens : public ::testing::Test {
   const std::shared_ptr<CountingController> controller = std::make_shared<CountingController>();
 
  private:
-  ScopedInstall<WorkQueues> installedQueues_{queues};
-  ScopedInstall<toolkit::Screen> installedScreen_{screen};
+  const InstalledPlatform platform_{{.queues = queues.get(), .screen = screen.get()}};
 };
 
 TEST_F(NoScreens, GrantAPassAsWorkOnTheMainQueue) {

@@ -52,9 +52,9 @@ TEST(SimpleNameCollator, AppendsToWhatIsThere) {
 }
 
 TEST(NameCollator, IsTheOneThatIsInstalled) {
-  const auto collator = std::make_shared<SimpleNameCollator>();
-  const ScopedInstall<NameCollator> installed(collator);
-  EXPECT_EQ(NameCollator::shared(), collator);
+  SimpleNameCollator collator;
+  const InstalledPlatform platform({.collator = &collator});
+  EXPECT_EQ(NameCollator::shared(), &collator);
 }
 
 }  // namespace

@@ -68,7 +68,8 @@ TEST(StringTable, FindsNoLanguageForLocalesOfTraditionalCharacters) {
 }
 
 TEST(StringTable, AnswersTheInstalledTablesTextOrNothing) {
-  const ScopedInstall<StringTable> installed(std::make_shared<BuiltInStringTable>("en"));
+  BuiltInStringTable english("en");
+  const InstalledPlatform platform({.texts = &english});
   EXPECT_EQ(localizedString("WIFI_DIAGNOSTICS"), "Wi-Fi Diagnostics");
   EXPECT_EQ(localizedString("NO_SUCH_KEY"), "");
 }

@@ -61,26 +61,25 @@ constexpr int kMostStepsToTheEnd = 12;
 
 struct Stage::Surroundings {
   explicit Surroundings(const Stage& stage)
-      : queues(stage.queues_),
-        service(stage.service_),
-        radio(stage.radio_),
-        screen(stage.screen_),
-        capability(std::make_shared<SimulatedCapability>(stage.world_.capability)),
-        automation(std::make_shared<NoAutomation>()),
-        dates(std::make_shared<runtime::Iso8601Formatter>()),
-        log(std::make_shared<NoLog>(stage.history_)),
-        texts(std::make_shared<runtime::BuiltInStringTable>(runtime::kKeysLanguage)),
-        collator(std::make_shared<FoldingCollator>()) {}
-  ScopedInstall<WorkQueues> queues;
-  ScopedInstall<VqClient> service;
-  ScopedInstall<WiFiManagerService> radio;
-  ScopedInstall<toolkit::Screen> screen;
-  ScopedInstall<DeviceCapability> capability;
-  ScopedInstall<HsTestAutomation> automation;
-  ScopedInstall<HsDateFormatter> dates;
-  ScopedInstall<DiagnosticLog> log;
-  ScopedInstall<StringTable> texts;
-  ScopedInstall<NameCollator> collator;
+      : capability(stage.world_.capability),
+        log(stage.history_),
+        platform({.queues = stage.queues_.get(),
+                  .service = stage.service_.get(),
+                  .wifiManager = stage.radio_.get(),
+                  .capability = &capability,
+                  .automation = &automation,
+                  .dates = &dates,
+                  .log = &log,
+                  .texts = &texts,
+                  .collator = &collator,
+                  .screen = stage.screen_.get()}) {}
+  SimulatedCapability capability;
+  NoAutomation automation;
+  runtime::Iso8601Formatter dates;
+  NoLog log;
+  runtime::BuiltInStringTable texts{runtime::kKeysLanguage};
+  FoldingCollator collator;
+  const InstalledPlatform platform;
 };
 
 Stage::Stage(World& world, runtime::RunLoop& loop, History& history, bool ordered)

@@ -1,8 +1,5 @@
 #include "support/DiagnosticFixture.h"
 
-#include "runtime/BuiltInStringTable.h"
-#include "runtime/Iso8601Formatter.h"
-
 namespace wifi_profile {
 
 std::shared_ptr<WiFiProfileInputs> makeInputs(const TextRef& name, bool list) {
@@ -25,16 +22,16 @@ DiagnosticFixture::DiagnosticFixture()
       screen(std::make_shared<RecordingScreen>()),
       wifiManager(std::make_shared<FakeWiFiManager>(events)),
       host(std::make_shared<RecordingHost>(events, queues)),
-      installedTexts_(std::make_shared<runtime::BuiltInStringTable>(runtime::kKeysLanguage)),
-      installedFormatter_(std::make_shared<runtime::Iso8601Formatter>()),
-      installedService_(service),
-      installedLog_(log),
-      installedAutomation_(automation),
-      installedCapability_(capability),
-      installedCollator_(collator),
-      installedScreen_(screen),
-      installedWiFiManager_(wifiManager),
-      installedQueues_(queues) {}
+      platform_({.queues = queues.get(),
+                 .service = service.get(),
+                 .wifiManager = wifiManager.get(),
+                 .capability = capability.get(),
+                 .automation = automation.get(),
+                 .dates = &dates_,
+                 .log = log.get(),
+                 .texts = &texts_,
+                 .collator = collator.get(),
+                 .screen = screen.get()}) {}
 
 // What is still in the queues needs the fakes.
 DiagnosticFixture::~DiagnosticFixture() { queues->runUntilIdle(); }

@@ -5,8 +5,9 @@
 #include <memory>
 
 #include "diagnostic/controller/WiFiProfileViewController.h"
-#include "diagnostic/platform/StringTable.h"
 #include "diagnostic/platform/WorkQueues.h"
+#include "runtime/BuiltInStringTable.h"
+#include "runtime/Iso8601Formatter.h"
 #include "runtime/VirtualTimeRunLoop.h"
 #include "support/Events.h"
 #include "support/FakeService.h"
@@ -46,17 +47,9 @@ class DiagnosticFixture : public ::testing::Test {
   std::shared_ptr<WiFiProfileViewController> controller;
 
  private:
-  // Texts are their own keys.
-  ScopedInstall<StringTable> installedTexts_;
-  ScopedInstall<HsDateFormatter> installedFormatter_;
-  ScopedInstall<VqClient> installedService_;
-  ScopedInstall<DiagnosticLog> installedLog_;
-  ScopedInstall<HsTestAutomation> installedAutomation_;
-  ScopedInstall<DeviceCapability> installedCapability_;
-  ScopedInstall<NameCollator> installedCollator_;
-  ScopedInstall<toolkit::Screen> installedScreen_;
-  ScopedInstall<WiFiManagerService> installedWiFiManager_;
-  ScopedInstall<WorkQueues> installedQueues_;
+  runtime::BuiltInStringTable texts_{runtime::kKeysLanguage};  // texts are their own keys
+  runtime::Iso8601Formatter dates_;
+  const InstalledPlatform platform_;
 };
 
 }  // namespace wifi_profile

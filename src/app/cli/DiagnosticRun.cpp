@@ -11,11 +11,6 @@
 namespace wifi_profile::cli {
 namespace {
 
-// The host owns the queues; the installed pointer does not.
-std::shared_ptr<WorkQueues> unowned(runtime::RunLoop& loop) {
-  return {std::shared_ptr<void>(), &loop};
-}
-
 // Returns a copy of the section in its present state.
 ObjectRef copyOf(const ObjectRef& section) {
   const auto dictionary = as<Dictionary>(section);
@@ -31,7 +26,7 @@ DictionaryRef copyOfSections(const DictionaryRef& data) {
 std::shared_ptr<toolkit::Screen> screenOf(const Surroundings& surroundings) {
   std::shared_ptr<toolkit::Screen> screen = surroundings.person;
   if (!screen) screen = std::make_shared<runtime::NoScreen>();
-  const auto trace = Installed<Trace>::find();
+  Trace* const trace = InstalledPlatform::find(&Platform::trace);
   if (trace) screen = std::make_shared<TracingScreen>(std::move(screen), *trace);
   return screen;
 }
@@ -39,30 +34,25 @@ std::shared_ptr<toolkit::Screen> screenOf(const Surroundings& surroundings) {
 }  // namespace
 
 struct DiagnosticRun::Installations {
-  Installations(const devices::DeviceBackEnds& device, std::shared_ptr<VqClient> watchedService,
-                const Surroundings& surroundings, RunObserver& runObserver)
-      : observer({std::shared_ptr<void>(), &runObserver}),
-        queues(unowned(surroundings.loop)),
-        service(std::move(watchedService)),
-        radio(device.radio),
-        capability(device.capability),
-        automation(device.automation),
-        dates(std::make_shared<runtime::Iso8601Formatter>()),
-        log(std::make_shared<LogLines>(surroundings.line)),
-        texts(surroundings.texts),
-        collator(surroundings.collator),
-        screen(screenOf(surroundings)) {}
-  ScopedInstall<RunObserver> observer;
-  ScopedInstall<WorkQueues> queues;
-  ScopedInstall<VqClient> service;
-  ScopedInstall<WiFiManagerService> radio;
-  ScopedInstall<DeviceCapability> capability;
-  ScopedInstall<HsTestAutomation> automation;
-  ScopedInstall<HsDateFormatter> dates;
-  ScopedInstall<DiagnosticLog> log;
-  ScopedInstall<StringTable> texts;
-  ScopedInstall<NameCollator> collator;
-  ScopedInstall<toolkit::Screen> screen;
+  Installations(const devices::DeviceBackEnds& device, VqClient& service,
+                const Surroundings& surroundings, RunObserver& observer)
+      : log(surroundings.line),
+        screen(screenOf(surroundings)),
+        platform({.queues = &surroundings.loop,
+                  .service = &service,
+                  .wifiManager = device.radio.get(),
+                  .capability = device.capability.get(),
+                  .automation = device.automation.get(),
+                  .dates = &dates,
+                  .log = &log,
+                  .texts = &surroundings.texts,
+                  .collator = &surroundings.collator,
+                  .screen = screen.get(),
+                  .observer = &observer}) {}
+  runtime::Iso8601Formatter dates;
+  LogLines log;
+  const std::shared_ptr<toolkit::Screen> screen;
+  const InstalledPlatform platform;
 };
 
 DiagnosticRun::DiagnosticRun(std::unique_ptr<RunDevice> device,
@@ -71,7 +61,7 @@ DiagnosticRun::DiagnosticRun(std::unique_ptr<RunDevice> device,
       device_(std::move(device)),
       backEnds_(device_->backEnds()),
       scans_(std::make_shared<WatchedScans>(backEnds_.service)),
-      installations_(std::make_unique<Installations>(backEnds_, scans_, surroundings_, *this)),
+      installations_(std::make_unique<Installations>(backEnds_, *scans_, surroundings_, *this)),
       inputs_(std::move(inputs)),
       controller_(std::make_shared<WiFiProfileViewController>()),
       script_(device_->userSteps(), surroundings_.person ? ScreenUser::person : ScreenUser::script,

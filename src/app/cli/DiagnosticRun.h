@@ -33,8 +33,8 @@ enum class Ending {
 struct Surroundings {
   runtime::RunLoop& loop;
   ProgressLine& line;
-  std::shared_ptr<StringTable> texts;
-  std::shared_ptr<NameCollator> collator;
+  StringTable& texts;
+  NameCollator& collator;
   // null: no screen is drawn, and the script performs all actions of the user. Otherwise `loop`
   // must wait on this screen's main queue.
   std::shared_ptr<app::PersonScreen> person = nullptr;

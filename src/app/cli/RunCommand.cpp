@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <unistd.h>
 #include <utility>
 
@@ -127,17 +128,16 @@ void showReport(app::PersonScreen& person, report::Report report) {
 }
 
 int runOn(runtime::RunLoop& loop, const RunOptions& options, PreparedRun prepared,
-          const std::shared_ptr<app::PersonScreen>& person, RunInterrupts& interrupts) {
-  std::shared_ptr<TraceFile> trace;
-  if (prepared.traceFile) {
-    trace = std::make_shared<TraceFile>(loop, std::move(prepared.traceFile));
-  }
-  const ScopedInstall<Trace> installedTrace(trace);
+          StringTable& texts, const std::shared_ptr<app::PersonScreen>& person,
+          RunInterrupts& interrupts) {
+  std::optional<TraceFile> trace;
+  if (prepared.traceFile) trace.emplace(loop, std::move(prepared.traceFile));
+  const InstalledPlatform installedTrace({.trace = trace ? &*trace : nullptr});
   ProgressLine line(stderr, showsBeside(uiOf(options)));
-  const auto run = std::make_shared<DiagnosticRun>(
-      prepared.makeDevice(loop), std::move(prepared.inputs),
-      Surroundings{loop, line, Installed<StringTable>::get(),
-                   std::make_shared<runtime::IcuNameCollator>(localeFor("LC_COLLATE")), person});
+  runtime::IcuNameCollator collator(localeFor("LC_COLLATE"));
+  const auto run =
+      std::make_shared<DiagnosticRun>(prepared.makeDevice(loop), std::move(prepared.inputs),
+                                      Surroundings{loop, line, texts, collator, person});
   const RunInterrupts::Scope endsEarly(interrupts, [&run, &person] {
     run->interrupt();
     if (person) person->mainQueue()->post([&person] { person->close(); });
@@ -171,8 +171,8 @@ int runCommand(const RunOptions& options, Ui drawn, const MakeScreen& makeScreen
   // In a terminal, the message on standard error is visible; no screen is drawn for it.
   if (failure && ui != Ui::window) return complain(*failure);
   std::signal(SIGPIPE, SIG_IGN);  // a closed reader then shows as a failed write
-  const ScopedInstall<StringTable> texts(
-      std::make_shared<runtime::BuiltInStringTable>(languageFor(options)));
+  runtime::BuiltInStringTable texts(languageFor(options));
+  const InstalledPlatform platform({.texts = &texts});  // for the screen
   std::shared_ptr<app::PersonScreen> person;
   if (ui != Ui::none) {
     const auto held = interrupts.hold();
@@ -205,7 +205,8 @@ int runCommand(const RunOptions& options, Ui drawn, const MakeScreen& makeScreen
   } else {
     loop = std::make_unique<runtime::ThreadRunLoop>();
   }
-  return runOn(*loop, options, std::get<PreparedRun>(std::move(prepared)), person, interrupts);
+  return runOn(*loop, options, std::get<PreparedRun>(std::move(prepared)), texts, person,
+               interrupts);
 }
 
 }  // namespace wifi_profile::cli

@@ -112,7 +112,7 @@ TextRef WiFiProfileViewController::timestampFormattedInISO8601(
     const std::optional<Date>& date) const {
   return HsDateFormatter::sharedFormatter()
       ->formatterWithType(kIso8601FormatterType)
-      ->stringFromDate(date);
+      .stringFromDate(date);
 }
 
 void WiFiProfileViewController::cleanUp() {

@@ -3,8 +3,8 @@
 
 #include <string_view>
 
-#include "diagnostic/platform/Installed.h"
 #include "diagnostic/platform/Interface.h"
+#include "diagnostic/platform/Platform.h"
 
 namespace wifi_profile {
 
@@ -16,7 +16,7 @@ class DeviceCapability : public Interface {
 // Answers a yes-or-no question about the device; only the lowest bit of the answer counts. The
 // question "wapi" is whether the device says WLAN instead of Wi-Fi.
 inline int QdGetBoolAnswer(std::string_view key) {
-  return Installed<DeviceCapability>::get()->boolAnswer(key);
+  return InstalledPlatform::get(&Platform::capability, "the device capability")->boolAnswer(key);
 }
 
 }  // namespace wifi_profile

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "diagnostic/platform/Installed.h"
 #include "diagnostic/platform/Interface.h"
+#include "diagnostic/platform/Platform.h"
 
 namespace wifi_profile {
 
@@ -25,24 +25,23 @@ class DiagnosticLog : public Interface {
 // A handle of one category of the installed log.
 class DiagnosticLogHandle {
  public:
-  DiagnosticLogHandle(std::shared_ptr<DiagnosticLog> log, int category)
-      : log_(std::move(log)), category_(category) {}
+  DiagnosticLogHandle(DiagnosticLog& log, int category) : log_(log), category_(category) {}
 
   // Writes the text that `compose` returns. Calls `compose` only if errors are enabled.
   template <class Compose>
   void error(Compose compose) const {
-    if (log_->isEnabled(category_, LogLevel::error)) {
-      log_->write(category_, LogLevel::error, compose());
+    if (log_.isEnabled(category_, LogLevel::error)) {
+      log_.write(category_, LogLevel::error, compose());
     }
   }
 
  private:
-  std::shared_ptr<DiagnosticLog> log_;
+  DiagnosticLog& log_;
   int category_;
 };
 
 inline DiagnosticLogHandle DiagnosticLogHandleForCategory(int category) {
-  return {Installed<DiagnosticLog>::get(), category};
+  return {*InstalledPlatform::get(&Platform::log, "the diagnostics log"), category};
 }
 
 }  // namespace wifi_profile

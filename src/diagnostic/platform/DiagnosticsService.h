@@ -10,8 +10,8 @@
 #include "diagnostic/platform/Date.h"
 #include "diagnostic/platform/DiagnosticsTestID.h"
 #include "diagnostic/platform/Dictionary.h"
-#include "diagnostic/platform/Installed.h"
 #include "diagnostic/platform/Interface.h"
+#include "diagnostic/platform/Platform.h"
 #include "diagnostic/platform/Result.h"
 #include "diagnostic/platform/Text.h"
 
@@ -151,7 +151,9 @@ using VqTestUpdate = std::function<void()>;
 class VqClient : public Interface {
  public:
   // The process-wide client.
-  static std::shared_ptr<VqClient> sharedClient() { return Installed<VqClient>::get(); }
+  static VqClient* sharedClient() {
+    return InstalledPlatform::get(&Platform::service, "the diagnostics service");
+  }
 
   // Runs the requests and returns one result for each. Results and an error may come together.
   virtual DiagnosticsTestResults runDiagnosticsTests(const VqDiagnosticsTestRequests& requests,

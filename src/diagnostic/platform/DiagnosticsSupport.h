@@ -8,9 +8,9 @@
 
 #include "diagnostic/platform/Date.h"
 #include "diagnostic/platform/Dictionary.h"
-#include "diagnostic/platform/Installed.h"
 #include "diagnostic/platform/Interface.h"
 #include "diagnostic/platform/Number.h"
+#include "diagnostic/platform/Platform.h"
 #include "diagnostic/platform/Text.h"
 
 namespace wifi_profile {
@@ -18,12 +18,12 @@ namespace wifi_profile {
 // Formats dates. Any thread.
 class HsDateFormatter : public Interface {
  public:
-  static std::shared_ptr<HsDateFormatter> sharedFormatter() {
-    return Installed<HsDateFormatter>::get();
+  static HsDateFormatter* sharedFormatter() {
+    return InstalledPlatform::get(&Platform::dates, "the date formatter");
   }
 
   // Returns the formatter of a style. Type 0 is the ISO 8601 style of the library.
-  virtual std::shared_ptr<const HsDateFormatter> formatterWithType(int type) = 0;
+  virtual const HsDateFormatter& formatterWithType(int type) = 0;
 
   // Returns nil if `date` is empty or cannot be formatted in this style.
   virtual TextRef stringFromDate(const std::optional<Date>& date) const = 0;
@@ -32,8 +32,8 @@ class HsDateFormatter : public Interface {
 // The automation harness, which may observe a device under test. Any thread.
 class HsTestAutomation : public Interface {
  public:
-  static std::shared_ptr<HsTestAutomation> sharedInstance() {
-    return Installed<HsTestAutomation>::get();
+  static HsTestAutomation* sharedInstance() {
+    return InstalledPlatform::get(&Platform::automation, "the test automation");
   }
   static void postConfiguration(const DictionaryRef& configuration) {
     sharedInstance()->receiveConfiguration(configuration);

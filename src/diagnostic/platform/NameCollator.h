@@ -5,14 +5,16 @@
 #include <string>
 #include <string_view>
 
-#include "diagnostic/platform/Installed.h"
 #include "diagnostic/platform/Interface.h"
+#include "diagnostic/platform/Platform.h"
 
 namespace wifi_profile {
 
 class NameCollator : public Interface {
  public:
-  static std::shared_ptr<NameCollator> shared() { return Installed<NameCollator>::get(); }
+  static NameCollator* shared() {
+    return InstalledPlatform::get(&Platform::collator, "the name collator");
+  }
 
   // Appends the bytes of a sort key of `name` to `key`. The keys, compared as std::string, give
   // the display order of the names. Names that differ only in details that do not affect this

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <optional>
 
-#include "diagnostic/platform/Installed.h"
 #include "diagnostic/platform/Interface.h"
+#include "diagnostic/platform/Platform.h"
 #include "diagnostic/platform/TestOutcome.h"
 
 namespace wifi_profile {
@@ -33,7 +33,7 @@ class RunObserver : public Interface {
 // Calls `event` with the installed observer. Does nothing if there is none.
 template <class Event>
 void notifyRunObserver(Event event) {
-  if (const auto observer = Installed<RunObserver>::find()) event(*observer);
+  if (const auto observer = InstalledPlatform::find(&Platform::observer)) event(*observer);
 }
 
 inline void reportPerson(PersonAction action) {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "diagnostic/platform/Installed.h"
 #include "diagnostic/platform/Interface.h"
+#include "diagnostic/platform/Platform.h"
 
 namespace wifi_profile {
 
@@ -17,7 +17,7 @@ class StringTable : public Interface {
 
 // Returns the text of `key` from the table of the extension, or an empty text.
 inline std::string localizedString(std::string_view key) {
-  return Installed<StringTable>::get()->textForKey(key, "");
+  return InstalledPlatform::get(&Platform::texts, "the string table")->textForKey(key, "");
 }
 
 }  // namespace wifi_profile

@@ -5,9 +5,9 @@
 #include <utility>
 #include <vector>
 
-#include "diagnostic/platform/Installed.h"
 #include "diagnostic/platform/Interface.h"
 #include "diagnostic/platform/Object.h"
+#include "diagnostic/platform/Platform.h"
 
 namespace wifi_profile {
 
@@ -24,7 +24,8 @@ class Trace : public Interface {
 // none.
 template <class MakeFields>
 void traceEvent(std::string_view name, MakeFields makeFields) {
-  if (const auto trace = Installed<Trace>::find()) trace->event(name, makeFields());
+  if (const auto trace = InstalledPlatform::find(&Platform::trace))
+    trace->event(name, makeFields());
 }
 inline void traceEvent(std::string_view name) {
   traceEvent(name, [] { return Trace::Fields(); });

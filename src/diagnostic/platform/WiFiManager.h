@@ -6,8 +6,8 @@
 #include <memory>
 #include <utility>
 
-#include "diagnostic/platform/Installed.h"
 #include "diagnostic/platform/Interface.h"
+#include "diagnostic/platform/Platform.h"
 
 namespace wifi_profile {
 
@@ -44,45 +44,49 @@ class WiFiManagerService : public Interface {
   virtual void release(WiFiDeviceListRef devices) = 0;
 };
 
+inline WiFiManagerService* installedWiFiManager() {
+  return InstalledPlatform::get(&Platform::wifiManager, "the Wi-Fi manager");
+}
+
 // The operations. Each forwards to the installed service. No handle passed may be null.
 
 // Returns non-zero if the device has a Wi-Fi radio.
-inline int DorvexContainsRadio() { return Installed<WiFiManagerService>::get()->containsRadio(); }
+inline int DorvexContainsRadio() { return installedWiFiManager()->containsRadio(); }
 
 // Returns a new client with one reference that the caller owns, or null.
 inline WiFiManagerClientRef WiFiManagerClientCreate(std::int32_t type) {
-  return Installed<WiFiManagerService>::get()->createClient(type);
+  return installedWiFiManager()->createClient(type);
 }
 inline void WiFiManagerClientSetType(WiFiManagerClientRef manager, std::int32_t type) {
-  Installed<WiFiManagerService>::get()->setType(manager, type);
+  installedWiFiManager()->setType(manager, type);
 }
 
 // Delivers the events of the client on the run loop of the calling thread, in its default mode.
 inline void WiFiManagerClientScheduleWithRunLoop(WiFiManagerClientRef manager) {
-  Installed<WiFiManagerService>::get()->scheduleWithRunLoop(manager);
+  installedWiFiManager()->scheduleWithRunLoop(manager);
 }
 
 // Returns the device list, which the caller releases. Null or empty if there is no device.
 inline WiFiDeviceListRef WiFiManagerClientCopyDevices(WiFiManagerClientRef manager) {
-  return Installed<WiFiManagerService>::get()->copyDevices(manager);
+  return installedWiFiManager()->copyDevices(manager);
 }
 inline std::size_t WiFiDeviceListGetCount(WiFiDeviceListRef devices) {
-  return Installed<WiFiManagerService>::get()->deviceCount(devices);
+  return installedWiFiManager()->deviceCount(devices);
 }
 
 // Returns a device that the list owns. `index` must be less than the count.
 inline WiFiDeviceClientRef WiFiDeviceListGetDevice(WiFiDeviceListRef devices, std::size_t index) {
-  return Installed<WiFiManagerService>::get()->deviceAt(devices, index);
+  return installedWiFiManager()->deviceAt(devices, index);
 }
 
 // Returns non-zero if the radio is on.
 inline int WiFiManagerClientGetPower(WiFiManagerClientRef manager) {
-  return Installed<WiFiManagerService>::get()->getPower(manager);
+  return installedWiFiManager()->getPower(manager);
 }
 
 // Requests a change of the radio's power. The power callback reports when it has happened.
 inline void WiFiManagerClientSetPower(WiFiManagerClientRef manager, int power) {
-  Installed<WiFiManagerService>::get()->setPower(manager, power);
+  installedWiFiManager()->setPower(manager, power);
 }
 
 // `context` is passed to the callback and is not kept alive. A notification is dropped if the
@@ -90,17 +94,15 @@ inline void WiFiManagerClientSetPower(WiFiManagerClientRef manager, int power) {
 inline void WiFiDeviceClientRegisterPowerCallback(WiFiDeviceClientRef device,
                                                   WiFiDevicePowerCallback callback,
                                                   std::weak_ptr<void> context) {
-  Installed<WiFiManagerService>::get()->registerPowerCallback(device, callback, std::move(context));
+  installedWiFiManager()->registerPowerCallback(device, callback, std::move(context));
 }
 
-inline void retainWiFiHandle(WiFiDeviceClientRef device) {
-  Installed<WiFiManagerService>::get()->retain(device);
-}
+inline void retainWiFiHandle(WiFiDeviceClientRef device) { installedWiFiManager()->retain(device); }
 
 // Releases one reference to the object of the handle.
 template <class Handle>
 void releaseWiFiHandle(Handle handle) {
-  Installed<WiFiManagerService>::get()->release(handle);
+  installedWiFiManager()->release(handle);
 }
 
 }  // namespace wifi_profile

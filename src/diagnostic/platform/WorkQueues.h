@@ -5,8 +5,8 @@
 #include <chrono>
 #include <functional>
 
-#include "diagnostic/platform/Installed.h"
 #include "diagnostic/platform/Interface.h"
+#include "diagnostic/platform/Platform.h"
 
 namespace wifi_profile {
 
@@ -17,7 +17,9 @@ using Work = std::function<void()>;
 // concurrently. All operations may be called on any thread.
 class WorkQueues : public Interface {
  public:
-  static std::shared_ptr<WorkQueues> shared() { return Installed<WorkQueues>::get(); }
+  static WorkQueues* shared() {
+    return InstalledPlatform::get(&Platform::queues, "the work queues");
+  }
 
   virtual void postToMain(Work work) = 0;
   virtual void postToGlobal(Work work) = 0;

@@ -68,18 +68,18 @@ ScenarioResult runScenario(const std::string& json, runtime::RunLoop& loop, cons
   const File lines(std::tmpfile());
   ScenarioResult result{};
   {
-    const auto trace = std::make_shared<cli::TraceFile>(
-        loop, cli::TraceFile::File(std::fopen(tracePath.c_str(), "wb")));
-    const ScopedInstall<Trace> installedTrace(trace);
+    cli::TraceFile trace(loop, cli::TraceFile::File(std::fopen(tracePath.c_str(), "wb")));
+    const InstalledPlatform installedTrace({.trace = &trace});
     cli::ProgressLine line(lines.get(), cli::ProgressLine::Shows::lines);
     const auto& scenario = std::get<scenario::Scenario>(read);
     std::unique_ptr<cli::RunDevice> device =
         wish.traceClose ? std::make_unique<CloseTracingDevice>(scenario, loop)
                         : std::make_unique<cli::ScenarioRunDevice>(scenario, loop);
+    runtime::BuiltInStringTable texts(wish.language);
+    runtime::IcuNameCollator collator("C");
     const auto run = std::make_shared<cli::DiagnosticRun>(
         std::move(device), inputsFor(wish),
-        cli::Surroundings{loop, line, std::make_shared<runtime::BuiltInStringTable>(wish.language),
-                          std::make_shared<runtime::IcuNameCollator>("C"), wish.person});
+        cli::Surroundings{loop, line, texts, collator, wish.person});
     if (before) before(*run);
     result.ending = run->run();
     if (result.ending == cli::Ending::finished) {
@@ -90,7 +90,7 @@ ScenarioResult runScenario(const std::string& json, runtime::RunLoop& loop, cons
       result.report = report::reportOf(run->finishedRun());
     }
     if (result.ending == cli::Ending::stuck) result.reason = run->reason();
-    EXPECT_EQ(trace->firstError(), 0);
+    EXPECT_EQ(trace.firstError(), 0);
   }
   result.trace = contentOf(tracePath);
   result.lines = contentOf(lines.get());

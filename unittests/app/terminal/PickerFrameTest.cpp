@@ -158,7 +158,8 @@ TEST_F(ListOnATerminal, UsesPlainSignsWhereTheTerminalHasNoOthers) {
 }
 
 TEST_F(ListOnATerminal, SpeaksTheLanguageOfItsTexts) {
-  const ScopedInstall<StringTable> japanese(std::make_shared<runtime::BuiltInStringTable>("ja"));
+  runtime::BuiltInStringTable japanese("ja");
+  const InstalledPlatform platform({.texts = &japanese});
   joinTo("家");
   showList({"家", "茶室"}, {24, 8});
   EXPECT_EQ(terminal->frame().text(),

@@ -109,8 +109,8 @@ class TerminalFixture : public PickerFixture {
     return -1;
   }
 
-  ScopedInstall<StringTable> english_{std::make_shared<runtime::BuiltInStringTable>("en")};
-  ScopedInstall<toolkit::Screen> installedTerminal_{terminal};
+  runtime::BuiltInStringTable english_{"en"};
+  const InstalledPlatform platform_{{.texts = &english_, .screen = terminal.get()}};
 };
 
 }  // namespace wifi_profile::terminal

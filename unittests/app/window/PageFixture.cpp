@@ -21,12 +21,12 @@ QList<QRectF> placesIn(const QQuickWindow& window) {
 }  // namespace
 
 PageFixture::PageFixture(std::string_view language, QSize size)
-    : texts(std::make_shared<runtime::BuiltInStringTable>(language)),
+    : texts(language),
       drawn([] {
         takeWarnings();
         return std::make_shared<window::WindowScreen>();
       }()),
-      installedWindow_(drawn) {
+      installedWindow_({.screen = drawn.get()}) {
   resize(size);
   window().requestActivate();
   EXPECT_TRUE(waitUntil([&] { return window().isExposed() && window().isActive(); }));

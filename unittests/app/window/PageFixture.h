@@ -50,13 +50,14 @@ class PageFixture : public PickerFixture {
     return window::WindowModel::text(QString::fromLatin1(key));
   }
 
-  const ScopedInstall<StringTable> texts;
+  runtime::BuiltInStringTable texts;
+  const InstalledPlatform platformOfTheWindow{{.texts = &texts}};
   const std::shared_ptr<window::WindowScreen> drawn;
   int timesAskedToStop = 0;
 
  private:
   void start(const TextRef& selected, bool list);
-  const ScopedInstall<toolkit::Screen> installedWindow_;
+  const InstalledPlatform installedWindow_;
 };
 
 }  // namespace wifi_profile::testing

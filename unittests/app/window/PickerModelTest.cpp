@@ -86,7 +86,8 @@ class PickerModelTest : public DiagnosticFixture {
   const std::shared_ptr<toolkit::TableView> table =
       std::make_shared<toolkit::TableView>(toolkit::Rect{{0, 0}, {360, 640}});
   window::PickerModel model;
-  const ScopedInstall<toolkit::Screen> modelScreen{std::make_shared<ModelScreen>(model)};
+  ModelScreen modelScreen{model};
+  const InstalledPlatform platform{{.screen = &modelScreen}};
 };
 
 TEST_F(PickerModelTest, TellsOfABatchAsRemovalsAndInsertions) {

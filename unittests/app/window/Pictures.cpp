@@ -8,7 +8,6 @@
 #include <cstdio>
 
 #include "app/window/WindowRun.h"
-#include "diagnostic/platform/Installed.h"
 
 namespace wifi_profile::testing {
 namespace {
@@ -23,10 +22,7 @@ struct Look {
 
 class Album {
  public:
-  Album(QDir folder, Look look)
-      : folder_(std::move(folder)),
-        look_(look),
-        texts_(std::make_shared<runtime::BuiltInStringTable>(look.language)) {}
+  Album(QDir folder, Look look) : folder_(std::move(folder)), look_(look), texts_(look.language) {}
 
   void takeAll() const {
     takeList();
@@ -187,7 +183,8 @@ class Album {
 
   const QDir folder_;
   const Look look_;
-  const ScopedInstall<StringTable> texts_;
+  runtime::BuiltInStringTable texts_;
+  const InstalledPlatform platform_{{.texts = &texts_}};
 };
 
 const Look kLooks[] = {

@@ -5,9 +5,7 @@
 namespace wifi_profile::testing {
 
 WindowFixture::WindowFixture(std::string_view inLanguage)
-    : language(inLanguage),
-      texts(std::make_shared<runtime::BuiltInStringTable>(inLanguage)),
-      screen([] {
+    : language(inLanguage), texts(inLanguage), screen([] {
         takeWarnings();
         return std::make_shared<window::WindowScreen>();
       }()) {

@@ -4,8 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "app/window/WindowRun.h"
-#include "diagnostic/platform/Installed.h"
-#include "diagnostic/platform/StringTable.h"
+#include "runtime/BuiltInStringTable.h"
 
 namespace wifi_profile::testing {
 
@@ -21,7 +20,8 @@ class WindowFixture : public ::testing::Test {
   QVariant property(const QString& name, const char* which);
 
   const std::string_view language;
-  const ScopedInstall<StringTable> texts;
+  runtime::BuiltInStringTable texts;
+  const InstalledPlatform platform{{.texts = &texts}};
   const std::shared_ptr<window::WindowScreen> screen;
 };
 

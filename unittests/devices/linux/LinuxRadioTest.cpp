@@ -100,9 +100,8 @@ class LinuxRadioTest : public testing::Test {
   bool isOn() { return radio_->getPower(manager_) != 0; }
 
   runtime::ThreadRunLoop loop_;
-  ScopedInstall<WorkQueues> queues_{{std::shared_ptr<void>(), &loop_}};
   std::shared_ptr<Lines> log_ = std::make_shared<Lines>();
-  ScopedInstall<DiagnosticLog> installedLog_{log_};
+  const InstalledPlatform platform_{{.queues = &loop_, .log = log_.get()}};
   fs::path folder_;
   Descriptor fifo_;
   std::shared_ptr<LinuxRadio> radio_;

@@ -121,7 +121,7 @@ TEST_F(LinuxServiceTest, WhatIsNotKnownIsAnErrorThatSaysWhy) {
 
 TEST_F(LinuxServiceTest, RemarksAndLogsWhyATestIsAnsweredBadly) {
   const auto log = std::make_shared<Lines>();
-  const ScopedInstall<DiagnosticLog> installed(log);
+  const InstalledPlatform platform({.log = log.get()});
   finder->facts.wanPings = facts::Pings{.target = "192.0.2.1", .sent = 3};
   finder->facts.nameResolution = facts::NameResolution{.problem = "no name server"};
   finder->facts.siteReach = facts::SiteReach{.problem = "name: no name server"};
@@ -147,7 +147,7 @@ TEST_F(LinuxServiceTest, RemarksAndLogsWhyATestIsAnsweredBadly) {
 
 TEST_F(LinuxServiceTest, LogsNothingOfTheJoinedNetworkForTestsOfAnother) {
   const auto log = std::make_shared<Lines>();
-  const ScopedInstall<DiagnosticLog> installed(log);
+  const InstalledPlatform platform({.log = log.get()});
   using facts::PortalProbe;
   finder->facts.portalProbe =
       facts::PortalProbe{.answer = facts::PortalProbe::Answer::portal, .detail = "status 511"};
@@ -226,7 +226,8 @@ TEST_F(LinuxServiceTest, BeginsToSendWithTestsOfTheDeviceThatNameTheJoinedNetwor
 
 // What is sent first waits for the services at most, where the scan is the kernel's last one.
 TEST(LimitsOfARun, LeaveTheLastAnswerWithin15SecondsOfTheScan) {
-  const ScopedInstall<DiagnosticLog> log(std::make_shared<Lines>());
+  Lines log;
+  const InstalledPlatform platform({.log = &log});
   std::vector<Errand> errands;
   addReachErrands(errands, "lo", {});
   for (const Errand& errand : errands) {

@@ -57,7 +57,7 @@ class ReachErrands : public testing::Test {
   }
 
   std::shared_ptr<Lines> log_ = std::make_shared<Lines>();
-  ScopedInstall<DiagnosticLog> installedLog_{log_};
+  const InstalledPlatform platform_{{.log = log_.get()}};
   std::vector<Errand> errands_;
   Cancellation cancellation_;
 };

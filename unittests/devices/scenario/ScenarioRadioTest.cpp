@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,9 +37,9 @@ class ScenarioRadioTest : public ::testing::Test {
   }
 
   std::shared_ptr<Names> trace = std::make_shared<Names>();
-  ScopedInstall<Trace> installedTrace{trace};
   runtime::VirtualTimeRunLoop loop;
-  ScopedInstall<WorkQueues> queues{{std::shared_ptr<void>(), &loop}};
+  std::optional<InstalledPlatform> platform{std::in_place,
+                                            Platform{.queues = &loop, .trace = trace.get()}};
   std::shared_ptr<ScenarioRadio> radio;
   WiFiManagerClientRef manager = nullptr;
   WiFiDeviceClientRef device = nullptr;
@@ -111,7 +112,7 @@ TEST_F(ScenarioRadioTest, NeedsNoQueuesWhereNobodyListens) {
   listen();
   radio->release(device);
   radio->release(manager);
-  const ScopedInstall<WorkQueues> none{nullptr};
+  platform.reset();
   radio->switchFromOutside(false);
   EXPECT_EQ(*notifications, 0);
 }

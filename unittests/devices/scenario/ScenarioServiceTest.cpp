@@ -51,7 +51,7 @@ class ScenarioServiceTest : public ::testing::Test {
 
   runtime::VirtualTimeRunLoop loop;
   std::shared_ptr<Events> events = std::make_shared<Events>();
-  ScopedInstall<Trace> installedTrace{events};
+  const InstalledPlatform platform{{.trace = events.get()}};
   std::shared_ptr<ScenarioService> service;
 };
 

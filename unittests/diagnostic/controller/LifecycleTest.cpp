@@ -174,7 +174,7 @@ TEST_F(Lifecycle, LivesUntilStartReturnsWhenTheHostLetsGoOfItMeanwhile) {
   const auto forgetful = std::make_shared<ForgetfulHost>(controller, ForgetfulHost::At::finished);
   controller->setObserver(forgetful);
   const auto table = std::make_shared<WatchingTable>(controller);
-  const ScopedInstall<StringTable> texts(table);
+  const InstalledPlatform texts({.texts = table.get()});
   WiFiProfileViewController& started = *controller;
   started.start();
   EXPECT_EQ(forgetful->timesFinished, 1);

@@ -51,7 +51,7 @@ class RunObserverTest : public PickerFixture {
   const std::shared_ptr<RunRecorder> recorder = std::make_shared<RunRecorder>();
 
  private:
-  const ScopedInstall<RunObserver> installed_{recorder};
+  const InstalledPlatform platform_{{.observer = recorder.get()}};
 };
 
 TEST_F(RunObserverTest, IsToldOfEveryTestAndCountInOrder) {

@@ -123,11 +123,11 @@ TEST(DateReading, RefusesEveryOtherText) {
 }
 
 TEST(Iso8601Formatter, HasNoTextForNoDate) {
-  const auto formatter = std::make_shared<runtime::Iso8601Formatter>();
-  const auto style = formatter->formatterWithType(0);
-  EXPECT_EQ(style->stringFromDate(std::nullopt), nullptr);
-  EXPECT_EQ(style->stringFromDate(Date{std::nan("")}), nullptr);
-  const TextRef text = style->stringFromDate(Date{0});
+  runtime::Iso8601Formatter formatter;
+  const HsDateFormatter& style = formatter.formatterWithType(0);
+  EXPECT_EQ(style.stringFromDate(std::nullopt), nullptr);
+  EXPECT_EQ(style.stringFromDate(Date{std::nan("")}), nullptr);
+  const TextRef text = style.stringFromDate(Date{0});
   ASSERT_TRUE(text);
   EXPECT_EQ(text->string(), "2001-01-01T00:00:00Z");
 }

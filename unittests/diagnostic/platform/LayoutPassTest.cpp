@@ -22,7 +22,8 @@ class ProgressScreenLayout : public DiagnosticFixture, public ::testing::WithPar
   Rect bar() const { return controller->progressView()->frame(); }
 
  private:
-  ScopedInstall<Screen> installedScreen_{std::make_shared<runtime::NoScreen>(GetParam())};
+  runtime::NoScreen screen_{GetParam()};
+  const InstalledPlatform platform_{{.screen = &screen_}};
 };
 
 TEST_P(ProgressScreenLayout, PutsTheMessageTwentyOnePointsBelowTheMiddle) {

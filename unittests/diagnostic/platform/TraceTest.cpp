@@ -21,12 +21,12 @@ TEST(TraceTest, BuildsFieldsOnlyForAnInstalledTrace) {
   };
   traceEvent("x", fields);
   EXPECT_EQ(built, 0);
-  const auto recorder = std::make_shared<CountingTrace>();
-  const ScopedInstall<Trace> installed(recorder);
+  CountingTrace recorder;
+  const InstalledPlatform platform({.trace = &recorder});
   traceEvent("x", fields);
   traceEvent("y");
   EXPECT_EQ(built, 1);
-  EXPECT_EQ(recorder->events, "x:1 y:0 ");
+  EXPECT_EQ(recorder.events, "x:1 y:0 ");
 }
 
 }  // namespace

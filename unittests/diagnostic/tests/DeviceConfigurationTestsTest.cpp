@@ -115,7 +115,7 @@ TEST_F(DeviceConfigurationTests, OverwriteTheirKeysWhenRunAgain) {
 
 TEST(LogHandle, ComposesNoLineWhoseLevelIsOff) {
   const auto log = std::make_shared<RecordingLog>();
-  const ScopedInstall<DiagnosticLog> installed(log);
+  const InstalledPlatform platform({.log = log.get()});
   int composed = 0;
   const auto compose = [&composed] { return "line " + std::to_string(++composed); };
   DiagnosticLogHandleForCategory(3).error(compose);

@@ -6,8 +6,8 @@
 #include <thread>
 #include <vector>
 
-#include "support/FoldingCollator.h"
 #include "diagnostic/wifi/NameOrder.h"
+#include "support/FoldingCollator.h"
 
 namespace wifi_profile {
 namespace {
@@ -40,7 +40,7 @@ class NameOrderTest : public ::testing::Test {
   }
 
   const std::shared_ptr<FoldingCollator> collator = std::make_shared<FoldingCollator>();
-  const ScopedInstall<NameCollator> installed{collator};
+  const InstalledPlatform platform{{.collator = collator.get()}};
   NameOrder order;
 };
 

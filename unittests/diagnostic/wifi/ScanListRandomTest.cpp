@@ -141,7 +141,8 @@ NetworkListRef listAfterATap(RandomScans& random, NetworkListRef list, NameOrder
 }
 
 TEST(ScanListAtRandom, IsThatOfThePlainWay) {
-  const ScopedInstall<NameCollator> collator(std::make_shared<FoldingCollator>());
+  FoldingCollator collator;
+  const InstalledPlatform platform({.collator = &collator});
   for (unsigned seed = 0; seed < 1500; ++seed) {
     SCOPED_TRACE(seed);
     RandomScans random(seed);

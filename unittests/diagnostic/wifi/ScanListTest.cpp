@@ -5,8 +5,8 @@
 #include <thread>
 #include <vector>
 
-#include "support/FoldingCollator.h"
 #include "diagnostic/wifi/ScanList.h"
+#include "support/FoldingCollator.h"
 
 namespace wifi_profile {
 namespace {
@@ -47,7 +47,7 @@ class ScanList : public ::testing::Test {
   NetworkListRef sorted(const NetworkListRef& networks) { return sortedByName(networks, order); }
 
   const std::shared_ptr<FoldingCollator> collator = std::make_shared<FoldingCollator>();
-  const ScopedInstall<NameCollator> installed{collator};
+  const InstalledPlatform platform{{.collator = collator.get()}};
   NameOrder order;
 };
 

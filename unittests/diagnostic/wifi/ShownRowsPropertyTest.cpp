@@ -105,7 +105,8 @@ class ShownRows : public PickerFixture {
     return names;
   }
 
-  const ScopedInstall<NameCollator> order_{std::make_shared<WidthFoldingCollator>()};
+  WidthFoldingCollator order_;
+  const InstalledPlatform platform_{{.collator = &order_}};
   std::mt19937 random_;
 };
 

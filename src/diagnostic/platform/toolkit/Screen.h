@@ -4,8 +4,8 @@
 
 #include <memory>
 
-#include "diagnostic/platform/Installed.h"
 #include "diagnostic/platform/Interface.h"
+#include "diagnostic/platform/Platform.h"
 #include "diagnostic/platform/toolkit/Geometry.h"
 #include "diagnostic/platform/toolkit/TableEvent.h"
 
@@ -24,7 +24,7 @@ struct LayoutConstraint;
 // Every call is made on the main thread, after the change that it reports, unless stated otherwise.
 class Screen : public Interface {
  public:
-  static std::shared_ptr<Screen> shared() { return Installed<Screen>::get(); }
+  static Screen* shared() { return InstalledPlatform::get(&Platform::screen, "the screen"); }
 
   // In points. The view of a new controller has this size.
   virtual Size size() const = 0;
