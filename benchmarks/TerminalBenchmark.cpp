@@ -3,8 +3,7 @@
 #include <benchmark/benchmark.h>
 #include <clocale>
 
-#include "app/terminal/Follow.h"
-#include "app/terminal/Press.h"
+#include "app/terminal/KeyHandler.h"
 #include "app/terminal/TerminalFrame.h"
 #include "diagnostic/platform/WorkQueues.h"
 #include "runtime/BuiltInStringTable.h"
@@ -58,16 +57,19 @@ void terminalPage(benchmark::State& state) {
                               .report = nullptr};
   const terminal::Look look{
       .extent = {static_cast<int>(state.range(1)), static_cast<int>(state.range(2))}};
-  terminal::TerminalState own = terminal::settled(shown, {}, look);
+  terminal::TerminalState screenState = terminal::withValidCursor(shown, {}, look);
   terminal::Key key{terminal::Key::Name::pageDown, ""};
   for ([[maybe_unused]] auto iteration : state) {
-    const toolkit::IndexPath before = own.list.cursor;
-    own = terminal::pressed(shown, terminal::settled(shown, std::move(own), look), look, key).state;
-    if (own.list.cursor == before) {
+    const toolkit::IndexPath before = screenState.list.cursor;
+    screenState =
+        terminal::handleKey(shown, terminal::withValidCursor(shown, std::move(screenState), look),
+                            look, key)
+            .state;
+    if (screenState.list.cursor == before) {
       key.name = key.name == terminal::Key::Name::pageDown ? terminal::Key::Name::pageUp
                                                            : terminal::Key::Name::pageDown;
     }
-    benchmark::DoNotOptimize(terminal::frameOf(shown, own, look));
+    benchmark::DoNotOptimize(terminal::frameOf(shown, screenState, look));
   }
 }
 BENCHMARK(terminalPage)

@@ -1,11 +1,12 @@
-#include <algorithm>
+#include "app/terminal/DialogFrame.h"
 
-#include "app/terminal/PartFrames.h"
+#include <algorithm>
+#include <tuple>
 
 namespace wifi_profile::terminal {
 namespace {
 
-constexpr int kWidestDialog = 60;
+constexpr int kMaxDialogColumns = 60;
 constexpr int kFieldColumns = 32;  // the longest name of a network
 
 struct Box {
@@ -27,7 +28,7 @@ void putBox(Frame& frame, const Look& look, const Box& box) {
 
 // Returns a button as text: "[ Yes ]", with focus "[>Yes<]", disabled "( Done )".
 Glyphs buttonText(const Look& look, const Dialog::Button& button, bool focused, bool narrow,
-                  int room) {
+                  int availableColumns) {
   std::string_view left = narrow ? "[" : "[ ";
   std::string_view right = narrow ? "]" : " ]";
   if (focused) {
@@ -40,7 +41,7 @@ Glyphs buttonText(const Look& look, const Dialog::Button& button, bool focused, 
   const int around = static_cast<int>(left.size() + right.size());
   Glyphs text = glyphsOf(left);
   const Glyphs title =
-      fitted(glyphsOf(button.title), std::max(1, room - around), look.marks.ellipsis);
+      fitted(glyphsOf(button.title), std::max(1, availableColumns - around), look.marks.ellipsis);
   text.insert(text.end(), title.begin(), title.end());
   const Glyphs end = glyphsOf(right);
   text.insert(text.end(), end.begin(), end.end());
@@ -53,45 +54,46 @@ struct Buttons {
   int columns = 0;  // total, with the gaps
 };
 
-// Lays out the buttons in one line of at most `room` columns. If they do not fit, reduces the gaps
-// and then shortens the texts.
-Buttons buttonsOf(const Look& look, const Dialog& dialog, int room) {
+// Lays out the buttons in one line of at most `availableColumns` columns. If they do not fit,
+// reduces the gaps and then shortens the texts.
+Buttons buttonsOf(const Look& look, const Dialog& dialog, int availableColumns) {
   const std::size_t firstPart = dialog.field ? 1 : 0;
   const auto count = static_cast<int>(dialog.buttons.size());
   Buttons buttons;
-  for (const auto& [narrow, gap, each] : {std::tuple{false, 2, room},
-                                          {true, 1, room},
-                                          {true, 1, (room - count + 1) / std::max(1, count)}}) {
+  for (const auto& [narrow, gap, each] :
+       {std::tuple{false, 2, availableColumns},
+        {true, 1, availableColumns},
+        {true, 1, (availableColumns - count + 1) / std::max(1, count)}}) {
     buttons = {.texts = {}, .gap = gap, .columns = -gap};
     for (std::size_t i = 0; i < dialog.buttons.size(); ++i) {
       buttons.texts.push_back(
           buttonText(look, dialog.buttons[i], dialog.focus == firstPart + i, narrow, each));
       buttons.columns += widthOf(buttons.texts.back()) + gap;
     }
-    if (buttons.columns <= room) break;
+    if (buttons.columns <= availableColumns) break;
   }
   return buttons;
 }
 
-void putButtons(Frame& frame, const Dialog& dialog, const Buttons& buttons, Place place) {
+void putButtons(Frame& frame, const Dialog& dialog, const Buttons& buttons, Position position) {
   const std::size_t firstPart = dialog.field ? 1 : 0;
   for (std::size_t i = 0; i < buttons.texts.size(); ++i) {
     const Style style = dialog.focus == firstPart + i ? Style::cursor
                         : dialog.buttons[i].enabled   ? Style::plain
                                                       : Style::dim;
-    place.column += frame.put(place, buttons.texts[i], style) + buttons.gap;
+    position.column += frame.put(position, buttons.texts[i], style) + buttons.gap;
   }
 }
 
 // Draws the field, scrolled so that the caret is visible.
-void putField(Frame& frame, const Dialog& dialog, Place place, int columns) {
+void putField(Frame& frame, const Dialog& dialog, Position position, int columns) {
   const auto& [edit, placeholder] = *dialog.field;
-  frame.fill(place, columns, Style::field);
+  frame.fill(position, columns, Style::field);
   const bool focused = dialog.focus == 0;
   if (edit.text.empty()) {
-    frame.put(place, fitted(glyphsOf(placeholder), columns, U' '), Style::field);
-    frame.restyle(place, columns, Style::dim);
-    if (focused) frame.caret = place;
+    frame.put(position, fitted(glyphsOf(placeholder), columns, U' '), Style::field);
+    frame.restyle(position, columns, Style::dim);
+    if (focused) frame.caret = position;
     return;
   }
   const int caret = widthOf(glyphsOf(std::string_view(edit.text).substr(0, edit.caret)));
@@ -105,8 +107,8 @@ void putField(Frame& frame, const Dialog& dialog, Place place, int columns) {
   auto end = text.begin();
   while (end != text.end() && width + end->width <= columns) width += (end++)->width;
   text.erase(end, text.end());
-  frame.put(place, text, Style::field);
-  if (focused) frame.caret = Place{place.line, place.column + caret - hidden};
+  frame.put(position, text, Style::field);
+  if (focused) frame.caret = Position{position.line, position.column + caret - hidden};
 }
 
 int fieldColumns(const Look& look, const Dialog& dialog) {
@@ -124,10 +126,10 @@ void putDialog(Frame& frame, const Look& look, const Dialog& dialog) {
   int columns = 0;
   std::vector<Glyphs> text;
   for (;; bordered = false, sides = 0) {
-    const int room = std::min(look.extent.columns - sides, kWidestDialog);
+    const int availableColumns = std::min(look.extent.columns - sides, kMaxDialogColumns);
     columns = std::max({widthOf(message), fieldColumns(look, dialog),
                         buttonsOf(look, dialog, look.extent.columns).columns, 2});
-    columns = std::min(columns, room);
+    columns = std::min(columns, availableColumns);
     text = wrapped(message, columns);
     if (!bordered || static_cast<int>(text.size()) + fixed + 2 <= look.extent.lines) break;
   }
@@ -147,7 +149,7 @@ void putDialog(Frame& frame, const Look& look, const Dialog& dialog) {
       frame.fill({line, 0}, look.extent.columns, Style::plain);
     }
   }
-  Place at{box.line + border, box.column + sides / 2};
+  Position at{box.line + border, box.column + sides / 2};
   for (const Glyphs& line : text) {
     frame.put(at, line, Style::plain);
     ++at.line;
@@ -160,6 +162,26 @@ void putDialog(Frame& frame, const Look& look, const Dialog& dialog) {
   at.line += gap;
   const Buttons buttons = buttonsOf(look, dialog, columns);
   putButtons(frame, dialog, buttons, {at.line, at.column + (columns - buttons.columns) / 2});
+}
+
+Dialog stopQuestion(std::size_t focus) {
+  return {.message = app::screenText("STOP_QUESTION"),
+          .field = std::nullopt,
+          .buttons = {{.title = app::screenText("STOP")}, {.title = app::screenText("GO_ON")}},
+          .focus = focus};
+}
+
+Dialog dialogOf(const toolkit::Alert& alert, const DialogState& state) {
+  Dialog dialog{
+      .message = alert.message(), .field = std::nullopt, .buttons = {}, .focus = state.focus};
+  if (!alert.textFields().empty()) {
+    dialog.field =
+        Dialog::Field{.edit = state.edit, .placeholder = alert.textFields().front()->placeholder};
+  }
+  for (const auto& action : alert.actions()) {
+    dialog.buttons.push_back({.title = action->title(), .enabled = action->isEnabled()});
+  }
+  return dialog;
 }
 
 }  // namespace wifi_profile::terminal

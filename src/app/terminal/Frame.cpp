@@ -3,47 +3,48 @@
 namespace wifi_profile::terminal {
 
 // Replaces the other half of an overwritten wide character by a blank.
-void Frame::putCell(Place place, const Cell& cell) {
-  const auto blank = [this](Place half) {
+void Frame::putCell(Position position, const Cell& cell) {
+  const auto blank = [this](Position half) {
     Cell& there = cells_[indexOf(half)];
     there = {.glyph = {{U' '}, 1}, .style = there.style};
   };
-  const Place before{place.line, place.column - 1};
-  const Place after{place.line, place.column + 1};
-  if (at(place).glyph.width == 0 && cell.glyph.width != 0 && holds(before)) blank(before);
-  if (at(place).glyph.width == 2 && holds(after)) blank(after);
-  cells_[indexOf(place)] = cell;
+  const Position before{position.line, position.column - 1};
+  const Position after{position.line, position.column + 1};
+  if (at(position).glyph.width == 0 && cell.glyph.width != 0 && holds(before)) blank(before);
+  if (at(position).glyph.width == 2 && holds(after)) blank(after);
+  cells_[indexOf(position)] = cell;
 }
 
-int Frame::put(Place place, const Glyphs& glyphs, Style style) {
-  const int start = place.column;
+int Frame::put(Position position, const Glyphs& glyphs, Style style) {
+  const int start = position.column;
   for (const Glyph& glyph : glyphs) {
-    const Place last{place.line, place.column + glyph.width - 1};
-    if (holds(place) && holds(last)) {
-      putCell(place, {.glyph = glyph, .style = style});
+    const Position last{position.line, position.column + glyph.width - 1};
+    if (holds(position) && holds(last)) {
+      putCell(position, {.glyph = glyph, .style = style});
       if (glyph.width == 2) putCell(last, {.glyph = {{}, 0}, .style = style});
     }
-    place.column += glyph.width;
+    position.column += glyph.width;
   }
-  return place.column - start;
+  return position.column - start;
 }
 
-void Frame::fill(Place place, int columns, Style style) {
-  put(place, Glyphs(static_cast<std::size_t>(columns > 0 ? columns : 0), Glyph{{U' '}, 1}), style);
+void Frame::fill(Position position, int columns, Style style) {
+  put(position, Glyphs(static_cast<std::size_t>(columns > 0 ? columns : 0), Glyph{{U' '}, 1}),
+      style);
 }
 
-void Frame::restyle(Place place, int columns, Style style) {
-  for (const int end = place.column + columns; place.column < end; ++place.column) {
-    if (holds(place)) cells_[indexOf(place)].style = style;
+void Frame::restyle(Position position, int columns, Style style) {
+  for (const int end = position.column + columns; position.column < end; ++position.column) {
+    if (holds(position)) cells_[indexOf(position)].style = style;
   }
 }
 
 std::vector<Span> Frame::spansOfLine(int line) const {
   std::vector<Span> spans;
-  for (Place place{line, 0}; place.column < extent_.columns; ++place.column) {
-    const Cell& cell = at(place);
+  for (Position position{line, 0}; position.column < extent_.columns; ++position.column) {
+    const Cell& cell = at(position);
     if (spans.empty() || spans.back().style != cell.style) {
-      spans.push_back({.column = place.column, .text = "", .style = cell.style});
+      spans.push_back({.column = position.column, .text = "", .style = cell.style});
     }
     if (cell.glyph.width > 0) spans.back().text += textOf({cell.glyph});
   }

@@ -37,10 +37,10 @@ struct Extent {
   bool operator==(const Extent&) const = default;
 };
 
-struct Place {
+struct Position {
   int line = 0;
   int column = 0;
-  bool operator==(const Place&) const = default;
+  bool operator==(const Position&) const = default;
 };
 
 struct Cell {
@@ -65,20 +65,20 @@ class Frame {
         cells_(static_cast<std::size_t>(extent.columns) * static_cast<std::size_t>(extent.lines)) {}
 
   const Extent& extent() const { return extent_; }
-  const Cell& at(Place place) const { return cells_[indexOf(place)]; }
+  const Cell& at(Position position) const { return cells_[indexOf(position)]; }
 
   // Writes over the existing content. Returns the number of columns written.
-  int put(Place place, const Glyphs& glyphs, Style style);
-  int put(Place place, std::string_view text, Style style) {
-    return put(place, glyphsOf(text), style);
+  int put(Position position, const Glyphs& glyphs, Style style);
+  int put(Position position, std::string_view text, Style style) {
+    return put(position, glyphsOf(text), style);
   }
   // Writes `columns` blanks.
-  void fill(Place place, int columns, Style style);
+  void fill(Position position, int columns, Style style);
   // Changes the style of existing content.
-  void restyle(Place place, int columns, Style style);
+  void restyle(Position position, int columns, Style style);
 
   // The position of the terminal's cursor; empty: the cursor is hidden.
-  std::optional<Place> caret;
+  std::optional<Position> caret;
 
   // Returns a line's text without trailing blanks.
   std::string textOfLine(int line) const;
@@ -88,15 +88,15 @@ class Frame {
   std::vector<Span> spansOfLine(int line) const;
 
  private:
-  std::size_t indexOf(Place place) const {
-    return static_cast<std::size_t>(place.line) * static_cast<std::size_t>(extent_.columns) +
-           static_cast<std::size_t>(place.column);
+  std::size_t indexOf(Position position) const {
+    return static_cast<std::size_t>(position.line) * static_cast<std::size_t>(extent_.columns) +
+           static_cast<std::size_t>(position.column);
   }
-  bool holds(Place place) const {
-    return place.line >= 0 && place.line < extent_.lines && place.column >= 0 &&
-           place.column < extent_.columns;
+  bool holds(Position position) const {
+    return position.line >= 0 && position.line < extent_.lines && position.column >= 0 &&
+           position.column < extent_.columns;
   }
-  void putCell(Place place, const Cell& cell);
+  void putCell(Position position, const Cell& cell);
 
   Extent extent_;
   std::vector<Cell> cells_;

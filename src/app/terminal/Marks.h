@@ -60,4 +60,12 @@ struct Look {
   Marks marks = kUnicodeMarks;
 };
 
+// Marks at the right edge of lines `from` to `from + lines` that there is more above or below.
+inline void putScrollMarks(Frame& frame, const Look& look, int from, int lines, bool above,
+                           bool below) {
+  const int column = look.extent.columns - 1;
+  if (above) frame.put({from, column}, mark(look.marks.moreAbove), Style::keyName);
+  if (below) frame.put({from + lines - 1, column}, mark(look.marks.moreBelow), Style::keyName);
+}
+
 }  // namespace wifi_profile::terminal

@@ -1,6 +1,6 @@
-#include <algorithm>
+#include "app/terminal/PickerFrame.h"
 
-#include "app/terminal/PartFrames.h"
+#include <algorithm>
 
 namespace wifi_profile::terminal {
 
@@ -16,8 +16,9 @@ constexpr int kNameColumn = 4;
 
 // Returns the text of a header while its spinner runs: header and status, or only the status if
 // both do not fit.
-Glyphs turningText(const Look& look, const Glyphs& header, unsigned turn, int room) {
-  const Glyphs wheel = mark(look.marks.spinner[turn % look.marks.spinner.size()]);
+Glyphs spinnerText(const Look& look, const Glyphs& header, unsigned spinnerStep,
+                   int availableColumns) {
+  const Glyphs wheel = mark(look.marks.spinner[spinnerStep % look.marks.spinner.size()]);
   Glyphs text = header;
   const auto append = [&text](const Glyphs& more) {
     if (!text.empty()) text.push_back({{U' '}, 1});
@@ -25,7 +26,7 @@ Glyphs turningText(const Look& look, const Glyphs& header, unsigned turn, int ro
   };
   append(wheel);
   append(glyphsOf(app::screenText("SCANNING")));
-  if (widthOf(text) > room) {
+  if (widthOf(text) > availableColumns) {
     text = wheel;
     append(glyphsOf(app::screenText("SCANNING")));
   }
@@ -40,7 +41,7 @@ class ListPainter {
         table_(*shown.content.table),
         emptyList_(shown.emptyList),
         state_(state),
-        lines_(linesOf(table_, isRoomy(look.extent))),
+        lines_(linesOf(table_, hasSpacing(look.extent))),
         height_(bodyLines(look.extent)),
         first_(firstLineShown(lines_, state.list, height_)) {}
 
@@ -48,8 +49,8 @@ class ListPainter {
     for (std::size_t section = 0; section < lines_.sections.size(); ++section) {
       paintSection(static_cast<std::int64_t>(section), lines_.sections[section]);
     }
-    if (lines_.sections.back().note != kNoLine && !isTurning(table_)) paintReason();
-    putMore(frame_, look_, 1, height_, first_ > 0, first_ + height_ < lines_.count);
+    if (lines_.sections.back().note != kNoLine && !isScanning(table_)) paintReason();
+    putScrollMarks(frame_, look_, 1, height_, first_ > 0, first_ + height_ < lines_.count);
   }
 
  private:
@@ -58,14 +59,14 @@ class ListPainter {
   }
   int screenLine(std::int64_t line) const { return static_cast<int>(line - first_) + 1; }
   // The last column is reserved for the scroll marks.
-  int room(int column) const { return look_.extent.columns - 1 - column; }
+  int availableColumns(int column) const { return look_.extent.columns - 1 - column; }
 
   void paintSection(std::int64_t section, const ListLines::Section& part) const {
     if (shows(part.header)) paintHeader(section, screenLine(part.header));
     if (shows(part.note)) {
       put(screenLine(part.note), kNameColumn,
-          glyphsOf(isTurning(table_) ? app::screenText("SCANNING")
-                                     : app::emptyListText(emptyList_.why)),
+          glyphsOf(isScanning(table_) ? app::screenText("SCANNING")
+                                      : app::emptyListText(emptyList_.why)),
           Style::dim);
     }
     const std::int64_t begin = std::max(part.firstRow, first_);
@@ -77,8 +78,8 @@ class ListPainter {
 
   // Draws the reason in the lines below the list.
   void paintReason() const {
-    std::int64_t line = lines_.count + (isRoomy(look_.extent) ? 1 : 0);
-    for (Glyphs& text : wrapped(glyphsOf(emptyList_.reason), room(kNameColumn))) {
+    std::int64_t line = lines_.count + (hasSpacing(look_.extent) ? 1 : 0);
+    for (Glyphs& text : wrapped(glyphsOf(emptyList_.reason), availableColumns(kNameColumn))) {
       if (shows(line)) put(screenLine(line), kNameColumn, std::move(text), Style::dim);
       ++line;
     }
@@ -89,7 +90,7 @@ class ListPainter {
     const auto spinner = headerSpinner(table_, section);
     Glyphs text = glyphsOf(label && label->text ? label->text->string() : "");
     if (spinner && spinner->isAnimating()) {
-      text = turningText(look_, text, state_.turn, room(kHeaderColumn));
+      text = spinnerText(look_, text, state_.spinnerStep, availableColumns(kHeaderColumn));
     }
     put(line, kHeaderColumn, std::move(text), Style::heading);
   }
@@ -104,15 +105,16 @@ class ListPainter {
       frame_.put({line, kChosenColumn}, mark(look_.marks.chosen), styled(Style::chosen));
     }
     // A longer name would not fit on any terminal.
-    constexpr std::size_t kMostBytes = 4096;
+    constexpr std::size_t kMaxBytes = 4096;
     if (row.title) {
-      put(line, kNameColumn, glyphsOf(shortened(row.title->string(), kMostBytes)),
+      put(line, kNameColumn, glyphsOf(shortened(row.title->string(), kMaxBytes)),
           styled(Style::plain));
     }
   }
 
   void put(int line, int column, Glyphs text, Style style) const {
-    frame_.put({line, column}, fitted(std::move(text), room(column), look_.marks.ellipsis), style);
+    frame_.put({line, column},
+               fitted(std::move(text), availableColumns(column), look_.marks.ellipsis), style);
   }
 
   Frame& frame_;
@@ -129,12 +131,6 @@ class ListPainter {
 
 void putList(Frame& frame, const Look& look, const Shown& shown, const TerminalState& state) {
   ListPainter(frame, look, shown, state).paint();
-}
-
-void putMore(Frame& frame, const Look& look, int from, int lines, bool above, bool below) {
-  const int column = look.extent.columns - 1;
-  if (above) frame.put({from, column}, mark(look.marks.moreAbove), Style::keyName);
-  if (below) frame.put({from + lines - 1, column}, mark(look.marks.moreBelow), Style::keyName);
 }
 
 }  // namespace wifi_profile::terminal

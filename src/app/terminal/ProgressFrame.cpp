@@ -1,12 +1,12 @@
+#include "app/terminal/ProgressFrame.h"
+
 #include <algorithm>
 #include <cmath>
-
-#include "app/terminal/PartFrames.h"
 
 namespace wifi_profile::terminal {
 namespace {
 
-constexpr int kWidestBar = 60;
+constexpr int kMaxBarColumns = 60;
 
 struct Line {
   enum class Kind { text, bar, blank };
@@ -53,19 +53,19 @@ std::vector<Line> testLines(const Look& look, const app::TestsDone& tests, int c
 void putBar(Frame& frame, const Look& look, int line, double fraction, int columns) {
   fraction = std::isfinite(fraction) ? std::clamp(fraction, 0.0, 1.0) : 0;
   const auto percent = std::to_string(static_cast<int>(std::floor(fraction * 100 + 1e-4))) + " %";
-  constexpr int kPercentRoom = 6;  // " 100 %"
-  const int width = columns - kPercentRoom;
+  constexpr int kPercentColumns = 6;  // " 100 %"
+  const int width = columns - kPercentColumns;
   const int start = (frame.extent().columns - columns) / 2;
   const auto& parts = look.marks.bar;
   const auto steps = static_cast<int>(parts.size());
   const int done = static_cast<int>(std::floor(fraction * width * steps + 1e-4));
   for (int column = 0; column < width; ++column) {
     const int part = std::clamp(done - column * steps, 0, steps);
-    const Place place{line, start + column};
+    const Position position{line, start + column};
     if (part == 0) {
-      frame.put(place, mark(look.marks.barRest), Style::dim);
+      frame.put(position, mark(look.marks.barRest), Style::dim);
     } else {
-      frame.put(place, mark(parts[static_cast<std::size_t>(part - 1)]), Style::bar);
+      frame.put(position, mark(parts[static_cast<std::size_t>(part - 1)]), Style::bar);
     }
   }
   frame.put({line, start + columns - static_cast<int>(percent.size())}, percent, Style::plain);
@@ -86,7 +86,7 @@ void shorten(std::vector<Line>& lines, std::size_t messageCount, std::size_t mos
 
 void putProgress(Frame& frame, const Look& look, const app::Content& content,
                  const app::TestsDone& tests) {
-  const int columns = std::min(look.extent.columns - 2, kWidestBar);
+  const int columns = std::min(look.extent.columns - 2, kMaxBarColumns);
   const int height = bodyLines(look.extent);
   std::vector<Line> lines;
   if (content.label) lines = messageLines(look, *content.label, columns);

@@ -52,9 +52,9 @@ class Writer {
  private:
   int lineCount() const { return static_cast<int>(written_.lines.size()); }
   // The last column is reserved for the scroll marks.
-  int room(int column) const { return std::max(2, look_.extent.columns - 1 - column); }
+  int availableColumns(int column) const { return std::max(2, look_.extent.columns - 1 - column); }
   void blank() {
-    if (isRoomy(look_.extent)) written_.lines.emplace_back();
+    if (hasSpacing(look_.extent)) written_.lines.emplace_back();
   }
   void startItem() { written_.items.push_back({.first = lineCount()}); }
   void endItem(bool opens) {
@@ -63,7 +63,7 @@ class Writer {
   }
 
   void writeText(int column, const Glyphs& text, Style style) {
-    for (Glyphs& line : wrapped(text, room(column))) {
+    for (Glyphs& line : wrapped(text, availableColumns(column))) {
       written_.lines.push_back({{column, std::move(line), style}});
     }
   }
@@ -139,59 +139,80 @@ ReportLines reportLines(const report::Report& report, const Look& look,
   return Writer(look, open).write(report);
 }
 
-ReportPlace revealed(const ReportLines& lines, ReportPlace place, int height) {
-  place.item = std::min(place.item, lines.items.size() - 1);
-  const auto& item = lines.items[place.item];
-  const int lead = leadOf(lines, place.item);
-  if (item.end > place.firstLine + height) place.firstLine = item.end - height;
-  if (item.first < place.firstLine) place.firstLine = item.first;
+ReportPosition revealed(const ReportLines& lines, ReportPosition position, int height) {
+  position.item = std::min(position.item, lines.items.size() - 1);
+  const auto& item = lines.items[position.item];
+  const int lead = leadOf(lines, position.item);
+  if (item.end > position.firstLine + height) position.firstLine = item.end - height;
+  if (item.first < position.firstLine) position.firstLine = item.first;
   const int above = std::max(lead, item.end - height);
-  if (above < place.firstLine && item.end - item.first < height) {
-    place.firstLine = std::min(item.first, std::max(above, 0));
+  if (above < position.firstLine && item.end - item.first < height) {
+    position.firstLine = std::min(item.first, std::max(above, 0));
   }
-  place.firstLine = std::clamp(place.firstLine, 0, lastFirstLine(lines, height));
-  return place;
+  position.firstLine = std::clamp(position.firstLine, 0, lastFirstLine(lines, height));
+  return position;
 }
 
-ReportPlace movedBy(const ReportLines& lines, ReportPlace place, int height, int items) {
-  const auto& item = lines.items[place.item];
-  if (items > 0 && item.end > place.firstLine + height) {
-    ++place.firstLine;
-    return place;
+ReportPosition movedBy(const ReportLines& lines, ReportPosition position, int height, int items) {
+  const auto& item = lines.items[position.item];
+  if (items > 0 && item.end > position.firstLine + height) {
+    ++position.firstLine;
+    return position;
   }
   const bool fills = item.end - item.first > height;
-  if (items < 0 && (fills ? leadOf(lines, place.item) : item.first) < place.firstLine) {
-    --place.firstLine;
-    return place;
+  if (items < 0 && (fills ? leadOf(lines, position.item) : item.first) < position.firstLine) {
+    --position.firstLine;
+    return position;
   }
   const int last = static_cast<int>(lines.items.size()) - 1;
-  const int target = std::clamp(static_cast<int>(place.item) + items, 0, last);
-  if (target == static_cast<int>(place.item)) return place;
-  place.item = static_cast<std::size_t>(target);
-  const auto& next = lines.items[place.item];
+  const int target = std::clamp(static_cast<int>(position.item) + items, 0, last);
+  if (target == static_cast<int>(position.item)) return position;
+  position.item = static_cast<std::size_t>(target);
+  const auto& next = lines.items[position.item];
   const bool tall = next.end - next.first > height;
-  place = revealed(lines, place, height);
+  position = revealed(lines, position, height);
   // An item longer than the screen is entered at its beginning or, upwards, at its end.
-  if (tall) place.firstLine = items > 0 ? next.first : next.end - height;
-  return place;
+  if (tall) position.firstLine = items > 0 ? next.first : next.end - height;
+  return position;
 }
 
-ReportPlace pagedBy(const ReportLines& lines, ReportPlace place, int height, int pages) {
-  const int before = place.firstLine;
-  place.firstLine =
+ReportPosition pagedBy(const ReportLines& lines, ReportPosition position, int height, int pages) {
+  const int before = position.firstLine;
+  position.firstLine =
       std::clamp(before + pages * std::max(1, height - 1), 0, lastFirstLine(lines, height));
-  if (place.firstLine == before) {
-    place.item = pages > 0 ? lines.items.size() - 1 : 0;
-    return place;
+  if (position.firstLine == before) {
+    position.item = pages > 0 ? lines.items.size() - 1 : 0;
+    return position;
   }
   // Select the first item that begins in the visible lines, or else the item that fills the screen.
   for (std::size_t i = 0; i < lines.items.size(); ++i) {
-    if (lines.items[i].end <= place.firstLine) continue;
-    place.item = i;
-    if (lines.items[i].first >= place.firstLine) break;
-    if (lines.items[i].end > place.firstLine + height) break;
+    if (lines.items[i].end <= position.firstLine) continue;
+    position.item = i;
+    if (lines.items[i].first >= position.firstLine) break;
+    if (lines.items[i].end > position.firstLine + height) break;
   }
-  return place;
+  return position;
+}
+
+void putReport(Frame& frame, const Look& look, const report::Report& report,
+               const ReportPosition& position) {
+  const ReportLines lines = reportLines(report, look, position.open);
+  const int height = bodyLines(look.extent);
+  const auto count = static_cast<int>(lines.lines.size());
+  const auto& item = lines.items[std::min(position.item, lines.items.size() - 1)];
+  for (int row = 0; row < height && position.firstLine + row < count; ++row) {
+    const int line = position.firstLine + row;
+    for (const ReportText& part : lines.lines[static_cast<std::size_t>(line)]) {
+      frame.put({1 + row, part.column}, part.text, part.style);
+    }
+    if (line < item.first || line >= item.end) continue;
+    if (line == item.first) {
+      frame.restyle({1 + row, 0}, look.extent.columns - 1, Style::cursor);
+      frame.put({1 + row, 0}, mark(look.marks.cursor), Style::cursor);
+    }
+  }
+  putScrollMarks(frame, look, 1, height, position.firstLine > 0,
+                 position.firstLine + height < count);
 }
 
 }  // namespace wifi_profile::terminal

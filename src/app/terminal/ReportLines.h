@@ -1,4 +1,4 @@
-// A report as lines, and the items that a cursor moves over.
+// A report as lines, the items that a cursor moves over, and how they are drawn.
 #pragma once
 
 #include <cstddef>
@@ -34,10 +34,14 @@ ReportLines reportLines(const report::Report& report, const Look& look,
 
 // Moves the cursor by `items` items, or by single lines within an item that is longer than
 // `height`.
-ReportPlace movedBy(const ReportLines& lines, ReportPlace place, int height, int items);
+ReportPosition movedBy(const ReportLines& lines, ReportPosition position, int height, int items);
 // Scrolls by `pages` pages, and moves the cursor along.
-ReportPlace pagedBy(const ReportLines& lines, ReportPlace place, int height, int pages);
+ReportPosition pagedBy(const ReportLines& lines, ReportPosition position, int height, int pages);
 // Makes as much of the cursor's item visible as fits.
-ReportPlace revealed(const ReportLines& lines, ReportPlace place, int height);
+ReportPosition revealed(const ReportLines& lines, ReportPosition position, int height);
+
+// Draws the report.
+void putReport(Frame& frame, const Look& look, const report::Report& report,
+               const ReportPosition& position);
 
 }  // namespace wifi_profile::terminal

@@ -2,10 +2,38 @@
 
 #include <algorithm>
 
+#include "app/terminal/DialogFrame.h"
+#include "app/terminal/KeyHints.h"
+#include "app/terminal/PickerFrame.h"
+#include "app/terminal/ProgressFrame.h"
+#include "app/terminal/ReportLines.h"
+
 namespace wifi_profile::terminal {
 namespace {
 
 constexpr int kNarrow = 40;  // screens with fewer columns get a compact layout
+
+void putTitle(Frame& frame, const Look& look, const Shown& shown) {
+  const app::Content& content = shown.content;
+  const int columns = look.extent.columns;
+  frame.fill({0, 0}, columns, Style::title);
+  std::string title = shown.report ? app::screenText("REPORT") : "";
+  int availableColumns = columns - 2;
+  if (!shown.report && content.item) {
+    title = content.item->title();
+    if (const auto& button = content.item->rightBarButtonItem()) {
+      const bool on = button->isEnabled();
+      const std::string blank = columns < kNarrow ? "" : " ";
+      const Glyphs text =
+          fitted(glyphsOf((on ? "[" : "(") + blank + button->title() + blank + (on ? "]" : ")")),
+                 columns / 2, look.marks.ellipsis);
+      const int column = columns - 1 - widthOf(text);
+      frame.put({0, column}, text, on ? Style::titleOn : Style::titleOff);
+      availableColumns = column - 2;
+    }
+  }
+  frame.put({0, 1}, fitted(glyphsOf(title), availableColumns, look.marks.ellipsis), Style::title);
+}
 
 void putBody(Frame& frame, const Look& look, const Shown& shown, const TerminalState& state) {
   if (shown.report) {
@@ -22,8 +50,8 @@ void putBody(Frame& frame, const Look& look, const Shown& shown, const TerminalS
 void putFind(Frame& frame, const Look& look, const FindState& find) {
   const int line = look.extent.lines - 1;
   const int columns = look.extent.columns;
-  const bool roomy = columns >= kNarrow;
-  const Glyphs prompt = glyphsOf(roomy ? app::screenText("FIND_NAME") + ": " : "/");
+  const bool wide = columns >= kNarrow;
+  const Glyphs prompt = glyphsOf(wide ? app::screenText("FIND_NAME") + ": " : "/");
   int column =
       1 + frame.put({line, 1}, fitted(prompt, columns / 2, look.marks.ellipsis), Style::keyName);
   Glyphs text = glyphsOf(find.edit.text);
@@ -34,7 +62,7 @@ void putFind(Frame& frame, const Look& look, const FindState& find) {
     text.erase(text.begin());
   }
   frame.put({line, column}, text, Style::plain);
-  frame.caret = Place{line, column + caret};
+  frame.caret = Position{line, column + caret};
 }
 
 // Draws the last line: the notice, the search text, or the keys.
@@ -69,47 +97,6 @@ void putLastLine(Frame& frame, const Look& look, const Shown& shown, const Termi
 
 }  // namespace
 
-void putTitle(Frame& frame, const Look& look, const app::Content& content, const Shown& shown) {
-  const int columns = look.extent.columns;
-  frame.fill({0, 0}, columns, Style::title);
-  std::string title = shown.report ? app::screenText("REPORT") : "";
-  int room = columns - 2;
-  if (!shown.report && content.item) {
-    title = content.item->title();
-    if (const auto& button = content.item->rightBarButtonItem()) {
-      const bool on = button->isEnabled();
-      const std::string blank = columns < kNarrow ? "" : " ";
-      const Glyphs text =
-          fitted(glyphsOf((on ? "[" : "(") + blank + button->title() + blank + (on ? "]" : ")")),
-                 columns / 2, look.marks.ellipsis);
-      const int column = columns - 1 - widthOf(text);
-      frame.put({0, column}, text, on ? Style::titleOn : Style::titleOff);
-      room = column - 2;
-    }
-  }
-  frame.put({0, 1}, fitted(glyphsOf(title), room, look.marks.ellipsis), Style::title);
-}
-
-Dialog stopQuestion(std::size_t focus) {
-  return {.message = app::screenText("STOP_QUESTION"),
-          .field = std::nullopt,
-          .buttons = {{.title = app::screenText("STOP")}, {.title = app::screenText("GO_ON")}},
-          .focus = focus};
-}
-
-Dialog dialogOf(const toolkit::Alert& alert, const DialogState& state) {
-  Dialog dialog{
-      .message = alert.message(), .field = std::nullopt, .buttons = {}, .focus = state.focus};
-  if (!alert.textFields().empty()) {
-    dialog.field =
-        Dialog::Field{.edit = state.edit, .placeholder = alert.textFields().front()->placeholder};
-  }
-  for (const auto& action : alert.actions()) {
-    dialog.buttons.push_back({.title = action->title(), .enabled = action->isEnabled()});
-  }
-  return dialog;
-}
-
 Frame frameOf(const Shown& shown, const TerminalState& state, const Look& look) {
   Frame frame(look.extent);
   const Mode mode = modeOf(shown, state, look.extent);
@@ -117,7 +104,7 @@ Frame frameOf(const Shown& shown, const TerminalState& state, const Look& look) 
     putMessage(frame, app::screenText("SCREEN_TOO_SMALL"));
     return frame;
   }
-  putTitle(frame, look, shown.content, shown);
+  putTitle(frame, look, shown);
   putBody(frame, look, shown, state);
   putLastLine(frame, look, shown, state, mode);
   if (!shown.report && state.question) {

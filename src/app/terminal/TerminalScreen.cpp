@@ -9,8 +9,8 @@
 #include <csignal>
 #include <utility>
 
-#include "app/terminal/Follow.h"
-#include "app/terminal/Press.h"
+#include "app/terminal/AlertKeys.h"
+#include "app/terminal/KeyHandler.h"
 #include "app/terminal/TerminalFrame.h"
 #include "app/terminal/TerminalRestore.h"
 #include "app/terminal/Tty.h"
@@ -22,8 +22,8 @@ namespace wifi_profile::terminal {
 namespace {
 
 using namespace std::chrono_literals;
-constexpr auto kTurn = 100ms;  // one step of a spinner
-constexpr auto kLookForForeground = 200ms;
+constexpr auto kSpinnerStep = 100ms;  // one step of a spinner
+constexpr auto kForegroundPoll = 200ms;
 
 bool isIgnored(int signal) {
   struct sigaction action {};
@@ -41,27 +41,27 @@ void stopProcess() {
   sigaction(SIGTSTP, &waiting, nullptr);
 }
 
-volatile std::sig_atomic_t stopIsWanted = 0;
+volatile std::sig_atomic_t stopRequested = 0;
 
 // Defers SIGTSTP after the terminal was changed and before the screen handles the signal: the
 // screen must restore the terminal before the process stops.
-class StopsLater {
+class DeferredStop {
  public:
-  StopsLater() {
+  DeferredStop() {
     if (isIgnored(SIGTSTP)) return;
-    stopIsWanted = 0;
+    stopRequested = 0;
     struct sigaction noting {};
-    noting.sa_handler = [](int /*signal*/) { stopIsWanted = 1; };
+    noting.sa_handler = [](int /*signal*/) { stopRequested = 1; };
     sigaction(SIGTSTP, &noting, &before_.emplace());
   }
   // Call when the screen handles the signal.
-  void screenWaits() { before_.reset(); }
-  ~StopsLater() {
+  void screenHandlesStop() { before_.reset(); }
+  ~DeferredStop() {
     if (before_) sigaction(SIGTSTP, &*before_, nullptr);
-    if (std::exchange(stopIsWanted, 0) != 0) std::raise(SIGTSTP);
+    if (std::exchange(stopRequested, 0) != 0) std::raise(SIGTSTP);
   }
-  StopsLater(const StopsLater&) = delete;
-  StopsLater& operator=(const StopsLater&) = delete;
+  DeferredStop(const DeferredStop&) = delete;
+  DeferredStop& operator=(const DeferredStop&) = delete;
 
  private:
   std::optional<struct sigaction> before_;
@@ -99,7 +99,7 @@ class TerminalScreen final : public app::PersonScreen,
   void refreshBegan() override { draw(); }
   void refreshEnded() override { draw(); }
   void alertWasPresented(const toolkit::Alert& alert) override {
-    state_.dialog = openingState(alert);
+    state_.dialog = initialState(alert);
     draw();
   }
   void alertTextWasEdited(const toolkit::Alert& /*alert*/) override { draw(); }
@@ -126,18 +126,18 @@ class TerminalScreen final : public app::PersonScreen,
   Look look() const { return {.extent = tty_->extent(), .marks = tty_->marks()}; }
   void draw();
   void drawNow();
-  void turnSpinners(const Shown& shown);
+  void stepSpinners(const Shown& shown);
   void waitForKeys();
-  void takeKey();
-  void act(const Shown& shown, const Effect& effect);
+  void handleNextKey();
+  void perform(const Shown& shown, const Effect& effect);
   void askToStop();
   void waitForSignal();
   void handleSignal(int signal);
-  void takeTerminalBack();
+  void resumeTerminal();
 
   // Returns a handler that calls a member, unless the screen has been destroyed or closed by then.
   template <class... Arguments>
-  auto later(void (TerminalScreen::*member)(Arguments...)) {
+  auto handlerOf(void (TerminalScreen::*member)(Arguments...)) {
     return
         [weak = weak_from_this(), member](const asio::error_code& error, Arguments... arguments) {
           const auto self = weak.lock();
@@ -150,8 +150,8 @@ class TerminalScreen final : public app::PersonScreen,
   std::unique_ptr<Tty> tty_;  // null: closed
   asio::posix::stream_descriptor input_;
   asio::signal_set signals_{queue_->context()};
-  asio::steady_timer turning_{queue_->context()};
-  asio::steady_timer returning_{queue_->context()};
+  asio::steady_timer spinnerTimer_{queue_->context()};
+  asio::steady_timer foregroundTimer_{queue_->context()};
 
   std::shared_ptr<toolkit::ViewController> controller_;  // null: no view yet
   std::function<void()> askedToStop_;
@@ -160,7 +160,7 @@ class TerminalScreen final : public app::PersonScreen,
   std::optional<report::Report> report_;
   TerminalState state_;
   bool drawIsPosted_ = false;
-  bool turns_ = false;
+  bool spinnerTimerRuns_ = false;
   bool closed_ = false;
 };
 
@@ -181,20 +181,20 @@ void TerminalScreen::show(std::shared_ptr<toolkit::ViewController> controller,
                           std::function<void()> askedToStop) {
   controller_ = std::move(controller);
   askedToStop_ = std::move(askedToStop);
-  if (const auto& alert = controller_->presentedAlert()) state_.dialog = openingState(*alert);
+  if (const auto& alert = controller_->presentedAlert()) state_.dialog = initialState(*alert);
   draw();
 }
 
 void TerminalScreen::showReport(report::Report report) {
   report_ = std::move(report);
   const TerminalState before = std::exchange(state_, {});
-  state_.turn = before.turn;
+  state_.spinnerStep = before.spinnerStep;
   draw();
 }
 
 void TerminalScreen::tableDid(const toolkit::TableEvent& event) {
   if (!tty_) return;
-  state_ = following(shown(), std::move(state_), look(), event);
+  state_ = afterEvent(shown(), std::move(state_), look(), event);
   draw();
 }
 
@@ -210,20 +210,20 @@ void TerminalScreen::drawNow() {
   drawIsPosted_ = false;
   if (!tty_ || tty_->isReleased()) return;
   const Shown now = shown();
-  state_ = settled(now, std::move(state_), look());
+  state_ = withValidCursor(now, std::move(state_), look());
   tty_->put(frameOf(now, state_, look()));
-  turnSpinners(now);
+  stepSpinners(now);
 }
 
-void TerminalScreen::turnSpinners(const Shown& shown) {
-  if (turns_ || !hasList(shown.content) || !isTurning(*shown.content.table)) return;
-  turns_ = true;
-  turning_.expires_after(kTurn);
-  turning_.async_wait([weak = weak_from_this()](const asio::error_code& error) {
+void TerminalScreen::stepSpinners(const Shown& shown) {
+  if (spinnerTimerRuns_ || !hasList(shown.content) || !isScanning(*shown.content.table)) return;
+  spinnerTimerRuns_ = true;
+  spinnerTimer_.expires_after(kSpinnerStep);
+  spinnerTimer_.async_wait([weak = weak_from_this()](const asio::error_code& error) {
     const auto self = weak.lock();
     if (!self || error) return;
-    self->turns_ = false;
-    ++self->state_.turn;
+    self->spinnerTimerRuns_ = false;
+    ++self->state_.spinnerStep;
     self->draw();
   });
 }
@@ -231,11 +231,12 @@ void TerminalScreen::turnSpinners(const Shown& shown) {
 // --- What a person does
 
 void TerminalScreen::waitForKeys() {
-  input_.async_wait(asio::posix::stream_descriptor::wait_read, later(&TerminalScreen::takeKey));
+  input_.async_wait(asio::posix::stream_descriptor::wait_read,
+                    handlerOf(&TerminalScreen::handleNextKey));
 }
 
 // Takes one key and posts the taking of the next one, so that work posted by this key comes first.
-void TerminalScreen::takeKey() {
+void TerminalScreen::handleNextKey() {
   if (tty_->isReleased()) return;
   const auto key = tty_->nextKey();
   if (!key) {
@@ -249,17 +250,17 @@ void TerminalScreen::takeKey() {
   }
   asio::post(queue_->context(), [weak = weak_from_this()] {
     const auto self = weak.lock();
-    if (self && self->tty_) self->takeKey();
+    if (self && self->tty_) self->handleNextKey();
   });
   const Shown now = shown();
-  Pressed press = pressed(now, settled(now, std::move(state_), look()), look(), *key);
-  state_ = std::move(press.state);
-  act(now, press.effect);
+  KeyResult result = handleKey(now, withValidCursor(now, std::move(state_), look()), look(), *key);
+  state_ = std::move(result.state);
+  perform(now, result.effect);
   draw();
 }
 
-void TerminalScreen::act(const Shown& shown, const Effect& effect) {
-  perform(shown, effect);
+void TerminalScreen::perform(const Shown& shown, const Effect& effect) {
+  applyEffect(shown, effect);
   if (std::holds_alternative<effect::Stop>(effect)) askToStop();
   if (std::holds_alternative<effect::Close>(effect)) closed_ = true;
   if (std::holds_alternative<effect::Repaint>(effect)) tty_->repaint();
@@ -272,7 +273,9 @@ void TerminalScreen::askToStop() {
 
 // --- What happens to the terminal
 
-void TerminalScreen::waitForSignal() { signals_.async_wait(later(&TerminalScreen::handleSignal)); }
+void TerminalScreen::waitForSignal() {
+  signals_.async_wait(handlerOf(&TerminalScreen::handleSignal));
+}
 
 void TerminalScreen::handleSignal(int signal) {
   waitForSignal();
@@ -280,30 +283,30 @@ void TerminalScreen::handleSignal(int signal) {
     input_.cancel();
     tty_->release();
     stopProcess();
-    takeTerminalBack();
+    resumeTerminal();
   } else if (signal == SIGCONT) {
-    takeTerminalBack();
+    resumeTerminal();
   } else {
     const Extent before = tty_->extent();
-    tty_->resized();
+    tty_->updateSize();
     if (tty_->extent() == before) return;
   }
-  state_ = resized(shown(), std::move(state_), look());
+  state_ = afterResize(shown(), std::move(state_), look());
   draw();
 }
 
 // In the background, another process uses the terminal, even after SIGCONT: try again later.
-void TerminalScreen::takeTerminalBack() {
+void TerminalScreen::resumeTerminal() {
   if (tty_->isInForeground()) {
     const bool wasReleased = tty_->isReleased();
-    tty_->takeBack();
+    tty_->resume();
     if (wasReleased) waitForKeys();
     draw();
     return;
   }
   if (!tty_->isReleased()) return;
-  returning_.expires_after(kLookForForeground);
-  returning_.async_wait(later(&TerminalScreen::takeTerminalBack));
+  foregroundTimer_.expires_after(kForegroundPoll);
+  foregroundTimer_.async_wait(handlerOf(&TerminalScreen::resumeTerminal));
 }
 
 void TerminalScreen::close() {
@@ -311,8 +314,8 @@ void TerminalScreen::close() {
   askedToStop_ = nullptr;
   if (!tty_) return;
   input_.release();
-  turning_.cancel();
-  returning_.cancel();
+  spinnerTimer_.cancel();
+  foregroundTimer_.cancel();
   // Restore the terminal before the signals are cleared, so that a SIGTSTP in between finds it
   // restored.
   tty_.reset();
@@ -325,13 +328,13 @@ void TerminalScreen::close() {
 std::variant<std::shared_ptr<app::PersonScreen>, std::string> makeTerminalScreen(
     TerminalStyle style) {
   auto queue = std::make_shared<runtime::AsioMainQueue>();
-  StopsLater stops;
+  DeferredStop stops;
   auto tty = Tty::open(style.color);
   if (auto* reason = std::get_if<std::string>(&tty)) return std::move(*reason);
   auto screen = std::make_shared<TerminalScreen>(std::get<std::unique_ptr<Tty>>(std::move(tty)),
                                                  std::move(queue));
   screen->begin();
-  stops.screenWaits();
+  stops.screenHandlesStop();
   return std::shared_ptr<app::PersonScreen>(std::move(screen));
 }
 

@@ -10,10 +10,11 @@
 
 #include "app/Content.h"
 #include "app/PersonScreen.h"
-#include "app/terminal/ListPlace.h"
+#include "app/terminal/ListPosition.h"
 #include "app/terminal/Marks.h"
 #include "app/terminal/TextEdit.h"
 #include "diagnostic/platform/toolkit/Alert.h"
+#include "diagnostic/platform/toolkit/TableEvent.h"
 
 namespace wifi_profile::terminal {
 
@@ -34,25 +35,25 @@ struct DialogState {
 
 struct FindState {
   EditedText edit;
-  ListPlace origin;  // the place that Esc returns to
+  ListPosition origin;  // the position that Esc returns to
 };
 
-struct ReportPlace {
+struct ReportPosition {
   std::size_t item = 0;        // index of the cursor's item
   int firstLine = 0;           // top visible line
   std::set<std::size_t> open;  // items whose details are shown
 };
 
 struct TerminalState {
-  ListPlace list;
+  ListPosition list;
   DialogState dialog;
   std::optional<FindState> find;
   std::optional<std::size_t> question;  // whether to stop: the focused button; empty: not asked
   std::optional<int> help;              // first visible line of the help; empty: no help
-  ReportPlace report;
+  ReportPosition report;
   std::string notice;  // message in response to the last key; empty: none
   bool stopping = false;
-  unsigned turn = 0;  // step of the spinners
+  unsigned spinnerStep = 0;  // step of the spinners
 };
 
 // What receives the keys and is shown, the topmost first.
@@ -70,17 +71,17 @@ enum class Mode {
 };
 Mode modeOf(const Shown& shown, const TerminalState& state, Extent extent);
 
-inline constexpr Extent kSmallest{20, 6};
+inline constexpr Extent kMinimumExtent{20, 6};
 
 // Returns the number of lines between the bar at the top and the keys at the bottom.
 inline int bodyLines(Extent extent) { return extent.lines - 2; }
 // Returns true if there is space for empty lines.
-inline bool isRoomy(Extent extent) { return extent.lines >= 12; }
+inline bool hasSpacing(Extent extent) { return extent.lines >= 12; }
 
 // Returns true if the list's table is on the screen and has been read.
 bool hasList(const app::Content& content);
 // Returns true if a spinner runs in a header of the list.
-bool isTurning(const toolkit::TableView& table);
+bool isScanning(const toolkit::TableView& table);
 // Returns true if a key can ask again whether to turn the radio on. False without a list on the
 // screen.
 bool canAskForPower(const Shown& shown);
@@ -88,5 +89,16 @@ bool canAskForPower(const Shown& shown);
 std::shared_ptr<toolkit::Label> headerLabel(const toolkit::TableView& table, std::int64_t section);
 std::shared_ptr<toolkit::Spinner> headerSpinner(const toolkit::TableView& table,
                                                 std::int64_t section);
+
+// Call before making a frame or handling a key: moves the cursor to an existing row.
+TerminalState withValidCursor(const Shown& shown, TerminalState state, const Look& look);
+
+// Call after a table's event: the cursor follows its row, and a row that was scrolled to is
+// visible.
+TerminalState afterEvent(const Shown& shown, TerminalState state, const Look& look,
+                         const toolkit::TableEvent& event);
+
+// Call after `look` has changed: the cursor is visible.
+TerminalState afterResize(const Shown& shown, TerminalState state, const Look& look);
 
 }  // namespace wifi_profile::terminal

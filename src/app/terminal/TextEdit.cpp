@@ -20,28 +20,28 @@ std::string withoutControls(std::string_view text) {
   return kept;
 }
 
-// Returns the end of the character that begins at `place`, with its combining marks.
-std::size_t after(std::string_view text, std::size_t place) {
-  if (place >= text.size()) return text.size();
-  place += firstCodePoint(text.substr(place)).length;
-  while (place < text.size()) {
-    const CodePoint point = firstCodePoint(text.substr(place));
+// Returns the end of the character that begins at `position`, with its combining marks.
+std::size_t after(std::string_view text, std::size_t position) {
+  if (position >= text.size()) return text.size();
+  position += firstCodePoint(text.substr(position)).length;
+  while (position < text.size()) {
+    const CodePoint point = firstCodePoint(text.substr(position));
     if (!isMark(point.value)) break;
-    place += point.length;
+    position += point.length;
   }
-  return place;
+  return position;
 }
 
-std::size_t before(std::string_view text, std::size_t place) {
+std::size_t before(std::string_view text, std::size_t position) {
   std::size_t start = 0;
-  for (std::size_t next = 0; next < place; next = after(text, next)) start = next;
+  for (std::size_t next = 0; next < position; next = after(text, next)) start = next;
   return start;
 }
 
-std::size_t startOfWord(std::string_view text, std::size_t place) {
-  while (place > 0 && text[place - 1] == ' ') --place;
-  while (place > 0 && text[place - 1] != ' ') --place;
-  return place;
+std::size_t startOfWord(std::string_view text, std::size_t position) {
+  while (position > 0 && text[position - 1] == ' ') --position;
+  while (position > 0 && text[position - 1] != ' ') --position;
+  return position;
 }
 
 void erase(EditedText& text, std::size_t from, std::size_t to) {

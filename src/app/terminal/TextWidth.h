@@ -10,12 +10,12 @@
 namespace wifi_profile::terminal {
 
 // Most combining marks, such as accents, of one character; more are dropped.
-inline constexpr std::size_t kMostMarks = 4;
+inline constexpr std::size_t kMaxMarks = 4;
 
 // A character and its combining marks.
 struct Glyph {
-  std::array<char32_t, 1 + kMostMarks> points{};  // unused elements are 0
-  int width = 1;                                  // columns: 1 or 2
+  std::array<char32_t, 1 + kMaxMarks> points{};  // unused elements are 0
+  int width = 1;                                 // columns: 1 or 2
   bool operator==(const Glyph&) const = default;
 };
 using Glyphs = std::vector<Glyph>;

@@ -194,7 +194,7 @@ struct Tty::State {
     }
   }
 
-  void follow() const {
+  void readSize() const {
     winsize size{};
     if (ioctl(fileno(out), TIOCGWINSZ, &size) != 0 || size.ws_row == 0 || size.ws_col == 0) return;
     resizeterm(size.ws_row, size.ws_col);
@@ -251,7 +251,7 @@ std::variant<std::unique_ptr<Tty>, std::string> Tty::open(bool color) {
   state->rich = utf8 && kind != "linux";
   state->color = color && has_colors();
   state->setUp();
-  state->follow();
+  state->readSize();
   state->arm();
   state->send(kPasteOn);
   return std::unique_ptr<Tty>(new Tty(std::move(state)));
@@ -270,7 +270,7 @@ void Tty::put(const Frame& frame) {
     for (int column = 0; column < frame.extent().columns; ++column) {
       const Cell& cell = frame.at({line, column});
       if (cell.glyph.width == 0 || cell == Cell{}) continue;
-      std::array<wchar_t, 2 + kMostMarks> points{};
+      std::array<wchar_t, 2 + kMaxMarks> points{};
       for (std::size_t i = 0; i < cell.glyph.points.size(); ++i) {
         points[i] = static_cast<wchar_t>(cell.glyph.points[i]);
       }
@@ -314,9 +314,9 @@ bool Tty::isGone() const {
   return ioctl(descriptor(), FIONREAD, &waiting) != 0 || waiting == 0;
 }
 
-void Tty::resized() {
+void Tty::updateSize() {
   if (state_->released) return;
-  state_->follow();
+  state_->readSize();
   state_->arm();
 }
 
@@ -334,7 +334,7 @@ void Tty::release() {
   endwin();
 }
 
-void Tty::takeBack() {
+void Tty::resume() {
   if (!state_->released) {
     reset_prog_mode();
   } else {
@@ -347,7 +347,7 @@ void Tty::takeBack() {
     keypad(state_->keys, TRUE);  // otherwise only at the next read of a key
     state_->send(kPasteOn);
   }
-  state_->follow();
+  state_->readSize();
   state_->arm();
   repaint();
 }

@@ -38,10 +38,10 @@ class Tty final {
   bool isGone() const;
 
   // Call when the terminal's size has changed.
-  void resized();
-  // `release` restores the terminal, and `takeBack` takes it into use again.
+  void updateSize();
+  // `release` restores the terminal, and `resume` takes it into use again.
   void release();
-  void takeBack();
+  void resume();
   bool isReleased() const;
   // Returns true if the process is in the terminal's foreground.
   bool isInForeground() const;

@@ -34,7 +34,7 @@ TEST_F(PromptOnATerminal, StandsInABoxOverTheList) {
             " └────────────────────────────────────┘\n"
             "\n\n\n"
             " Enter Choose  Tab Next part  Esc Cancel\n");
-  EXPECT_EQ(terminal->frame().caret, (Place{7, 3}));
+  EXPECT_EQ(terminal->frame().caret, (Position{7, 3}));
   EXPECT_EQ(terminal->frame().at({7, 3}).style, Style::dim);
 }
 
@@ -82,10 +82,10 @@ TEST_F(PromptOnATerminal, KeepsTheCaretInSightOfALongText) {
   showPrompt({20, 6});
   press({Name::paste, "abcdefghijklmnopqrstuvwxyz"});
   EXPECT_EQ(line(3), "hijklmnopqrstuvwxyz");
-  EXPECT_EQ(terminal->frame().caret, (Place{3, 19}));
+  EXPECT_EQ(terminal->frame().caret, (Position{3, 19}));
   press(Name::home);
   EXPECT_EQ(line(3), "abcdefghijklmnopqrst");
-  EXPECT_EQ(terminal->frame().caret, (Place{3, 0}));
+  EXPECT_EQ(terminal->frame().caret, (Position{3, 0}));
 }
 
 TEST_F(PromptOnATerminal, PressesDoneAtEnterInTheField) {

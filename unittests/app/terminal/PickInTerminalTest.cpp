@@ -14,10 +14,10 @@ class InATerminal : public ::testing::TestWithParam<terminal::Extent> {
   // Waits for the list with its first scan's last name.
   std::string list(const std::string& name) {
     return tmux.screenWhere([&](const std::string& screen) {
-      return screen.find(name) != std::string::npos && !isTurning(screen);
+      return screen.find(name) != std::string::npos && !isScanning(screen);
     });
   }
-  static bool isTurning(const std::string& screen) {
+  static bool isScanning(const std::string& screen) {
     return screen.find("Looking for") != std::string::npos;
   }
   // Waits for the report, closes it, and waits for the end.
@@ -53,7 +53,7 @@ TEST_P(InATerminal, ANetworkIsTypedIn) {
   ScreenBook book(tmux, "pick-typed", GetParam());
   run.start("pick-typed", "--pick");
   list("Other…");
-  tmux.screenWhere([](const std::string& screen) { return !isTurning(screen); });
+  tmux.screenWhere([](const std::string& screen) { return !isScanning(screen); });
   tmux.press({"End", "Enter"});
   book.add("prompt", tmux.screenWith({"Network name", "( Done )"}));
   tmux.type("Keller");

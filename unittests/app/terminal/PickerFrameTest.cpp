@@ -60,7 +60,7 @@ TEST_F(ListOnATerminal, SaysThatNetworksAreLookedFor) {
   showEmptyList();
   EXPECT_EQ(line(1), " Choose a Network ⠋ Looking for networks…");
   EXPECT_EQ(line(2), "    Looking for networks…");
-  ++terminal->state.turn;
+  ++terminal->state.spinnerStep;
   EXPECT_EQ(line(1), " Choose a Network ⠙ Looking for networks…");
 }
 

@@ -99,7 +99,7 @@ TEST_F(KeysInTheList, SayThatTheListIsBusy) {
   press(Name::down);
   type({"r"});
   EXPECT_EQ(lastLine(), " The list is being refreshed.");
-  EXPECT_EQ(terminal->effects, std::vector<Effect>{effect::Pull{}});
+  EXPECT_EQ(terminal->effects, std::vector<Effect>{effect::Refresh{}});
 }
 
 TEST_F(KeysInTheList, AreShownAsFarAsTheyWork) {
@@ -244,7 +244,7 @@ TEST_F(SearchInTheList, GoesToTheFirstNameWithTheText) {
   type({"/", "l", "i"});
   EXPECT_EQ(cursorLine(), "›   Café Linde");
   EXPECT_EQ(lastLine(), " Find a name: li");
-  EXPECT_EQ(terminal->frame().caret, (Place{23, 16}));
+  EXPECT_EQ(terminal->frame().caret, (Position{23, 16}));
 }
 
 TEST_F(SearchInTheList, TakesLettersOfEitherCaseAsEqual) {

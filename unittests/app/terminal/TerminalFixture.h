@@ -5,8 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/terminal/Follow.h"
-#include "app/terminal/Press.h"
+#include "app/terminal/AlertKeys.h"
 #include "app/terminal/TerminalFrame.h"
 #include "runtime/BuiltInStringTable.h"
 #include "support/PickerFixture.h"
@@ -38,26 +37,26 @@ class ValueScreen final : public runtime::NoScreen {
     return shown;
   }
   void tableDid(const toolkit::TableEvent& event) override {
-    if (controller) state = following(shown(), std::move(state), look, event);
+    if (controller) state = afterEvent(shown(), std::move(state), look, event);
   }
   void alertWasPresented(const toolkit::Alert& alert) override {
-    state.dialog = openingState(alert);
+    state.dialog = initialState(alert);
   }
 
   Frame frame() {
-    state = settled(shown(), std::move(state), look);
+    state = withValidCursor(shown(), std::move(state), look);
     return frameOf(shown(), state, look);
   }
   void press(const Key& key) {
     const Shown now = shown();
-    Pressed press = pressed(now, settled(now, std::move(state), look), look, key);
-    state = std::move(press.state);
-    if (!std::holds_alternative<std::monostate>(press.effect)) effects.push_back(press.effect);
-    perform(now, press.effect);
+    KeyResult result = handleKey(now, withValidCursor(now, std::move(state), look), look, key);
+    state = std::move(result.state);
+    if (!std::holds_alternative<std::monostate>(result.effect)) effects.push_back(result.effect);
+    applyEffect(now, result.effect);
   }
   void resize(Extent extent) {
     look.extent = extent;
-    state = resized(shown(), std::move(state), look);
+    state = afterResize(shown(), std::move(state), look);
   }
 };
 

@@ -1,4 +1,5 @@
-#include "app/terminal/PressParts.h"
+#include "app/terminal/AlertKeys.h"
+
 #include "diagnostic/platform/toolkit/Alert.h"
 
 namespace wifi_profile::terminal {
@@ -41,14 +42,14 @@ std::optional<std::size_t> mainAction(const Alert& alert) {
   return std::nullopt;
 }
 
-Effect pressAction(const Alert& alert, std::optional<std::size_t> action) {
+Effect tapAction(const Alert& alert, std::optional<std::size_t> action) {
   if (!action || !alert.actions()[*action]->isEnabled()) return {};
   return effect::TapAction{*action};
 }
 
 Effect escape(const Alert& alert, DialogState& dialog) {
   for (std::size_t i = 0; i < alert.actions().size(); ++i) {
-    if (alert.actions()[i]->style() == ActionStyle::cancel) return pressAction(alert, i);
+    if (alert.actions()[i]->style() == ActionStyle::cancel) return tapAction(alert, i);
   }
   if (!alert.actions().empty() && alert.actions().front()->isEnabled()) {
     dialog.focus = fieldParts(alert);
@@ -66,7 +67,7 @@ Effect editField(DialogState& dialog, const Key& key) {
 
 }  // namespace
 
-DialogState openingState(const Alert& alert) {
+DialogState initialState(const Alert& alert) {
   DialogState state;
   if (!alert.textFields().empty()) {
     const std::string& text = alert.textFields().front()->text;
@@ -77,7 +78,7 @@ DialogState openingState(const Alert& alert) {
   return state;
 }
 
-Effect pressedInAlert(const Shown& shown, TerminalState& state, const Key& key) {
+Effect handleAlertKey(const Shown& shown, TerminalState& state, const Key& key) {
   const Alert& alert = *shown.alert;
   DialogState& dialog = state.dialog;
   if (partCount(alert) == 0) return {};
@@ -94,7 +95,7 @@ Effect pressedInAlert(const Shown& shown, TerminalState& state, const Key& key) 
     case Name::escape:
       return escape(alert, dialog);
     case Name::enter:
-      return pressAction(
+      return tapAction(
           alert, inField ? mainAction(alert) : std::optional(dialog.focus - fieldParts(alert)));
     default:
       break;
@@ -103,7 +104,7 @@ Effect pressedInAlert(const Shown& shown, TerminalState& state, const Key& key) 
   if (key.name == Name::left || key.name == Name::right) {
     dialog.focus = nextButton(alert, dialog.focus, key.name == Name::right);
   } else {
-    openedHelpOrQuestion(state, key);
+    handleHelpOrQuit(state, key);
   }
   return {};
 }

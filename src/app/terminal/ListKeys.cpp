@@ -1,6 +1,6 @@
-#include <limits>
+#include "app/terminal/ListKeys.h"
 
-#include "app/terminal/PressParts.h"
+#include <limits>
 
 namespace wifi_profile::terminal {
 namespace {
@@ -15,32 +15,32 @@ struct List {
 
   List(const Shown& shown, const Look& look)
       : table(*shown.content.table),
-        lines(linesOf(table, isRoomy(look.extent))),
+        lines(linesOf(table, hasSpacing(look.extent))),
         height(bodyLines(look.extent)) {}
 
-  ListPlace by(const ListPlace& place, std::int64_t rows) const {
-    return movedBy(table, lines, place, height, rows);
+  ListPosition by(const ListPosition& position, std::int64_t rows) const {
+    return movedBy(table, lines, position, height, rows);
   }
-  ListPlace to(const ListPlace& place, toolkit::IndexPath row) const {
-    return movedTo(table, lines, place, height, row);
+  ListPosition to(const ListPosition& position, toolkit::IndexPath row) const {
+    return movedTo(table, lines, position, height, row);
   }
 };
 
-bool moved(const List& list, ListPlace& place, const Key& key) {
+bool moved(const List& list, ListPosition& position, const Key& key) {
   const std::int64_t page = std::max(1, list.height - 1);
   if (key.name == Name::down || key.is("j")) {
-    place = list.by(place, 1);
+    position = list.by(position, 1);
   } else if (key.name == Name::up || key.is("k")) {
-    place = list.by(place, -1);
+    position = list.by(position, -1);
   } else if (key.name == Name::pageDown) {
-    place = list.by(place, page);
+    position = list.by(position, page);
   } else if (key.name == Name::pageUp) {
-    place = list.by(place, -page);
+    position = list.by(position, -page);
   } else if (key.name == Name::home) {
-    place = list.to(place, {0, 0});
+    position = list.to(position, {0, 0});
   } else if (key.name == Name::end) {
     constexpr auto kLast = std::numeric_limits<std::int64_t>::max();
-    place = list.to(place, {kLast, kLast});
+    position = list.to(position, {kLast, kLast});
   } else {
     return false;
   }
@@ -54,7 +54,7 @@ Effect choose(const List& list, TerminalState& state) {
   return {};
 }
 
-Effect goOn(const app::Content& content, TerminalState& state) {
+Effect tapNext(const app::Content& content, TerminalState& state) {
   const auto& item = content.item;
   if (!item || !item->rightBarButtonItem()) return {};
   if (item->rightBarButtonItem()->isEnabled()) return effect::TapNext{};
@@ -64,7 +64,7 @@ Effect goOn(const app::Content& content, TerminalState& state) {
 
 Effect refresh(const Shown& shown, TerminalState& state) {
   const auto& control = shown.content.table->refreshControl();
-  if (control && !control->isRefreshing()) return effect::Pull{};
+  if (control && !control->isRefreshing()) return effect::Refresh{};
   state.notice = canAskForPower(shown) ? app::emptyListText(shown.emptyList.why)
                                        : app::screenText("LIST_BUSY");
   return {};
@@ -93,18 +93,18 @@ void findNext(const List& list, TerminalState& state, Direction direction) {
 
 }  // namespace
 
-Effect pressedInList(const Shown& shown, TerminalState& state, const Look& look, const Key& key) {
+Effect handleListKey(const Shown& shown, TerminalState& state, const Look& look, const Key& key) {
   const List list(shown, look);
-  if (openedHelpOrQuestion(state, key) || moved(list, state.list, key)) return {};
+  if (handleHelpOrQuit(state, key) || moved(list, state.list, key)) return {};
   if (key.name == Name::enter) return choose(list, state);
-  if (key.is("n")) return goOn(shown.content, state);
+  if (key.is("n")) return tapNext(shown.content, state);
   if (key.is("r")) return refresh(shown, state);
   if (key.is("p") && canAskForPower(shown)) return effect::AskForPower{};
   if (key.is("/")) state.find = FindState{.edit = {}, .origin = state.list};
   return {};
 }
 
-Effect pressedInFind(const Shown& shown, TerminalState& state, const Look& look, const Key& key) {
+Effect handleFindKey(const Shown& shown, TerminalState& state, const Look& look, const Key& key) {
   const List list(shown, look);
   switch (key.name) {
     case Name::enter:

@@ -32,36 +32,37 @@ ListLines linesOf(const toolkit::TableView& table, bool spaced);
 
 // The visible part of the list. It is defined by the cursor's line on the screen, not by the top
 // row, because rows may be inserted and deleted above.
-struct ListPlace {
+struct ListPosition {
   toolkit::IndexPath cursor;
   std::int64_t screenLine = 0;  // the cursor's, from the list's top; out of range: not visible
   bool moved = false;  // the list was used; otherwise the cursor is on the first usable row
-  bool operator==(const ListPlace&) const = default;
+  bool operator==(const ListPosition&) const = default;
 };
 
 // Returns the first visible line.
-std::int64_t firstLineShown(const ListLines& lines, const ListPlace& place, int height);
+std::int64_t firstLineShown(const ListLines& lines, const ListPosition& position, int height);
 
-// The functions below return a place whose cursor is on a usable row, if there is one, and whose
+// The functions below return a position whose cursor is on a usable row, if there is one, and whose
 // `screenLine` is the line where that row is visible.
 
 // Call after any change of the rows or of `height`.
-ListPlace settled(const toolkit::TableView& table, const ListLines& lines, ListPlace place,
-                  int height);
+ListPosition withValidCursor(const toolkit::TableView& table, const ListLines& lines,
+                             ListPosition position, int height);
 // Moves the cursor by `rows` usable rows and makes it visible.
-ListPlace movedBy(const toolkit::TableView& table, const ListLines& lines, ListPlace place,
-                  int height, std::int64_t rows);
+ListPosition movedBy(const toolkit::TableView& table, const ListLines& lines, ListPosition position,
+                     int height, std::int64_t rows);
 // Moves the cursor to `row` and makes it visible.
-ListPlace movedTo(const toolkit::TableView& table, const ListLines& lines, ListPlace place,
-                  int height, toolkit::IndexPath row);
-// Makes `row` visible. The cursor stays on its row.
-ListPlace scrolledTo(const toolkit::TableView& table, const ListLines& lines, ListPlace place,
+ListPosition movedTo(const toolkit::TableView& table, const ListLines& lines, ListPosition position,
                      int height, toolkit::IndexPath row);
+// Makes `row` visible. The cursor stays on its row.
+ListPosition scrolledTo(const toolkit::TableView& table, const ListLines& lines,
+                        ListPosition position, int height, toolkit::IndexPath row);
 
-// Returns the place after `changes` have taken effect: the cursor stays on its row, or on the row
-// that takes its position.
-ListPlace following(const toolkit::TableView& table,
-                    const std::map<std::int64_t, toolkit::RowChanges>& changes, ListPlace place);
+// Returns the position after `changes` have taken effect: the cursor stays on its row, or on the
+// row that takes its position.
+ListPosition afterChanges(const toolkit::TableView& table,
+                          const std::map<std::int64_t, toolkit::RowChanges>& changes,
+                          ListPosition position);
 
 // Returns the first usable row in the section of `from` whose title contains `text`, ignoring
 // letter case. The search starts at `from`, inclusive, and wraps around at the ends.

@@ -1,6 +1,9 @@
-#include "app/terminal/ListPlace.h"
+#include "app/terminal/ListPosition.h"
 
 #include <algorithm>
+#include <cwctype>
+
+#include "diagnostic/platform/Text.h"
 
 namespace wifi_profile::terminal {
 
@@ -57,20 +60,31 @@ IndexPath usableAt(const TableView& table, IndexPath path) {
   return nextUsable(table, path, Direction::up).value_or(path);
 }
 
-void show(const ListLines& lines, ListPlace& place, int height, std::int64_t line,
+void show(const ListLines& lines, ListPosition& position, int height, std::int64_t line,
           std::int64_t linesAbove) {
-  std::int64_t first = firstLineShown(lines, place, height);
+  std::int64_t first = firstLineShown(lines, position, height);
   if (line >= first + height) first = line - height + 1;
   if (line - linesAbove < first) first = line - linesAbove;
-  place.screenLine = lines.lineOf(place.cursor) - first;
+  position.screenLine = lines.lineOf(position.cursor) - first;
 }
 
 // Returns the number of lines directly above a row that the cursor cannot reach: headers, and rows
 // that are not usable.
-std::int64_t linesLedBy(const TableView& table, const ListLines& lines, IndexPath row, int height) {
+std::int64_t unreachableLinesAbove(const TableView& table, const ListLines& lines, IndexPath row,
+                                   int height) {
   const auto before = nextUsable(table, row, Direction::up);
   const std::int64_t above = before ? lines.lineOf(*before) + 1 : 0;
   return std::min<std::int64_t>(lines.lineOf(row) - above, height - 1);
+}
+
+// Returns the code points in lower case.
+std::u32string folded(std::string_view text) {
+  std::u32string points;
+  for (; !text.empty(); text.remove_prefix(firstCodePoint(text).length)) {
+    points +=
+        static_cast<char32_t>(std::towlower(static_cast<std::wint_t>(firstCodePoint(text).value)));
+  }
+  return points;
 }
 
 }  // namespace
@@ -97,68 +111,89 @@ ListLines linesOf(const TableView& table, bool spaced) {
   return lines;
 }
 
-std::int64_t firstLineShown(const ListLines& lines, const ListPlace& place, int height) {
+std::int64_t firstLineShown(const ListLines& lines, const ListPosition& position, int height) {
   const std::int64_t last = std::max<std::int64_t>(0, lines.count - height);
-  return std::clamp<std::int64_t>(lines.lineOf(place.cursor) - place.screenLine, 0, last);
+  return std::clamp<std::int64_t>(lines.lineOf(position.cursor) - position.screenLine, 0, last);
 }
 
-ListPlace settled(const TableView& table, const ListLines& lines, ListPlace place, int height) {
+ListPosition withValidCursor(const TableView& table, const ListLines& lines, ListPosition position,
+                             int height) {
   if (table.numberOfSections() == 0) return {};
-  if (!place.moved) {
-    place.cursor = firstUsable(table).value_or(IndexPath{0, 0});
-    place.screenLine = lines.lineOf(place.cursor);
+  if (!position.moved) {
+    position.cursor = firstUsable(table).value_or(IndexPath{0, 0});
+    position.screenLine = lines.lineOf(position.cursor);
   }
-  place.cursor = usableAt(table, place.cursor);
-  place.screenLine = lines.lineOf(place.cursor) - firstLineShown(lines, place, height);
-  return place;
+  position.cursor = usableAt(table, position.cursor);
+  position.screenLine = lines.lineOf(position.cursor) - firstLineShown(lines, position, height);
+  return position;
 }
 
-ListPlace movedBy(const TableView& table, const ListLines& lines, ListPlace place, int height,
-                  std::int64_t rows) {
+ListPosition movedBy(const TableView& table, const ListLines& lines, ListPosition position,
+                     int height, std::int64_t rows) {
   const auto direction = rows < 0 ? Direction::up : Direction::down;
-  IndexPath row = place.cursor;
+  IndexPath row = position.cursor;
   for (std::int64_t left = std::abs(rows); left > 0; --left) {
     const auto further = nextUsable(table, row, direction);
     if (!further) break;
     row = *further;
   }
-  return movedTo(table, lines, place, height, row);
+  return movedTo(table, lines, position, height, row);
 }
 
-ListPlace movedTo(const TableView& table, const ListLines& lines, ListPlace place, int height,
-                  IndexPath row) {
-  if (table.numberOfSections() == 0) return place;
-  const std::int64_t first = firstLineShown(lines, place, height);
+ListPosition movedTo(const TableView& table, const ListLines& lines, ListPosition position,
+                     int height, IndexPath row) {
+  if (table.numberOfSections() == 0) return position;
+  const std::int64_t first = firstLineShown(lines, position, height);
   row = usableAt(table, row);
-  place.moved = place.moved || row != place.cursor;
-  place.cursor = row;
-  place.screenLine = lines.lineOf(row) - first;
-  show(lines, place, height, lines.lineOf(place.cursor),
-       linesLedBy(table, lines, place.cursor, height));
-  return place;
+  position.moved = position.moved || row != position.cursor;
+  position.cursor = row;
+  position.screenLine = lines.lineOf(row) - first;
+  show(lines, position, height, lines.lineOf(position.cursor),
+       unreachableLinesAbove(table, lines, position.cursor, height));
+  return position;
 }
 
-ListPlace scrolledTo(const TableView& table, const ListLines& lines, ListPlace place, int height,
-                     IndexPath row) {
-  if (row.section < 0 || row.row < 0 || row.row >= rowsOf(table, row.section)) return place;
-  show(lines, place, height, lines.lineOf(row), linesLedBy(table, lines, row, height));
-  return place;
+ListPosition scrolledTo(const TableView& table, const ListLines& lines, ListPosition position,
+                        int height, IndexPath row) {
+  if (row.section < 0 || row.row < 0 || row.row >= rowsOf(table, row.section)) return position;
+  show(lines, position, height, lines.lineOf(row),
+       unreachableLinesAbove(table, lines, row, height));
+  return position;
 }
 
-ListPlace following(const TableView& table,
-                    const std::map<std::int64_t, toolkit::RowChanges>& changes, ListPlace place) {
-  const auto found = changes.find(place.cursor.section);
-  if (found == changes.end()) return place;
+ListPosition afterChanges(const TableView& table,
+                          const std::map<std::int64_t, toolkit::RowChanges>& changes,
+                          ListPosition position) {
+  const auto found = changes.find(position.cursor.section);
+  if (found == changes.end()) return position;
   const toolkit::RowChanges& change = found->second;
-  const auto before = rowsOf(table, place.cursor.section) +
+  const auto before = rowsOf(table, position.cursor.section) +
                       static_cast<std::int64_t>(change.deleted.size()) -
                       static_cast<std::int64_t>(change.inserted.size());
   const auto rows = toolkit::rowsAfter(change, before);
   // The row itself or, if it was deleted, the next remaining row.
   const auto at = std::find_if(rows.begin(), rows.end(),
-                               [&](std::int64_t old) { return old >= place.cursor.row; });
-  place.cursor.row = at - rows.begin();
-  return place;
+                               [&](std::int64_t old) { return old >= position.cursor.row; });
+  position.cursor.row = at - rows.begin();
+  return position;
+}
+
+std::optional<toolkit::IndexPath> rowWithText(const toolkit::TableView& table,
+                                              const std::string& text, toolkit::IndexPath from,
+                                              Direction direction) {
+  const auto& rows = table.rowsOfSection(from.section);
+  const auto count = static_cast<std::int64_t>(rows.size());
+  const std::u32string wanted = folded(text);
+  const std::int64_t step = direction == Direction::down ? 1 : count - 1;
+  for (std::int64_t tried = 0; tried < count; ++tried) {
+    const std::int64_t row = (from.row + tried * step) % count;
+    const auto& there = rows[static_cast<std::size_t>(row)];
+    if (!there.title || !there.userInteractionEnabled) continue;
+    if (folded(there.title->string()).find(wanted) != std::u32string::npos) {
+      return toolkit::IndexPath{from.section, row};
+    }
+  }
+  return std::nullopt;
 }
 
 }  // namespace wifi_profile::terminal

@@ -19,8 +19,8 @@ struct TapRow {
 struct TapNext {
   bool operator==(const TapNext&) const = default;
 };
-struct Pull {
-  bool operator==(const Pull&) const = default;
+struct Refresh {
+  bool operator==(const Refresh&) const = default;
 };
 struct AskForPower {
   bool operator==(const AskForPower&) const = default;
@@ -46,11 +46,11 @@ struct Repaint {
 }  // namespace effect
 
 // What to do besides changing the state; monostate: no effect.
-using Effect =
-    std::variant<std::monostate, effect::TapRow, effect::TapNext, effect::Pull, effect::AskForPower,
-                 effect::Type, effect::TapAction, effect::Stop, effect::Close, effect::Repaint>;
+using Effect = std::variant<std::monostate, effect::TapRow, effect::TapNext, effect::Refresh,
+                            effect::AskForPower, effect::Type, effect::TapAction, effect::Stop,
+                            effect::Close, effect::Repaint>;
 
-struct Pressed {
+struct KeyResult {
   TerminalState state;
   Effect effect;
 };
@@ -66,13 +66,12 @@ struct Pressed {
 // to stop with "continue";
 // in the report: the moving keys; Enter opens and closes a finding; Enter on the last line, Esc and
 // q close the report.
-Pressed pressed(const Shown& shown, TerminalState state, const Look& look, const Key& key);
+KeyResult handleKey(const Shown& shown, TerminalState state, const Look& look, const Key& key);
 
 // Applies an effect to the toolkit's objects. The screen itself handles Stop, Close and Repaint.
-void perform(const Shown& shown, const Effect& effect);
+void applyEffect(const Shown& shown, const Effect& effect);
 
-// Returns the initial state of a dialog. The focus is in the text field or, without one, on the
-// last action that is enabled and not of cancel style.
-DialogState openingState(const toolkit::Alert& alert);
+// Handles `?` and `q`, which work in most modes. Returns true if it handled the key.
+bool handleHelpOrQuit(TerminalState& state, const Key& key);
 
 }  // namespace wifi_profile::terminal
