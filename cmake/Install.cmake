@@ -4,17 +4,45 @@ include(CMakePackageConfigHelpers)
 set(installed_targets wifi_profile wifi_profile_runtime wifi_profile_ieee80211 wifi_profile_facts
     wifi_profile_checks wifi_profile_devices wifi_profile_scenario)
 if(NOT WIFI_PROFILE_CORE_ONLY)
-  list(APPEND installed_targets wifi-profile)
+  list(APPEND installed_targets wifi-profile wifi_profile_linux)
   install(TARGETS wifi-profile-run DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/wifi-profile)
 endif()
 install(TARGETS ${installed_targets} EXPORT WiFiProfileTargets
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-foreach(folder diagnostic runtime analysis devices)
-  install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/${folder}
-          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/wifi_profile FILES_MATCHING PATTERN "*.h"
-          PATTERN linux EXCLUDE)
-endforeach()
+
+# The public headers: those that a host includes, and what these include.
+set(headers
+  devices/OpenLinuxDevice.h
+  devices/scenario/ScenarioDevice.h
+  devices/scenario/ScenarioReader.h
+  diagnostic/controller/WiFiProfileViewController.h
+  runtime/BuiltInStringTable.h
+  runtime/IcuNameCollator.h
+  runtime/Iso8601Formatter.h
+  runtime/JsonReader.h
+  runtime/JsonWriter.h
+  runtime/NoScreen.h
+  runtime/SafeText.h
+  runtime/ThreadRunLoop.h
+  runtime/VirtualTimeRunLoop.h)
+file(GLOB toolkit RELATIVE ${PROJECT_SOURCE_DIR}/src CONFIGURE_DEPENDS
+     ${PROJECT_SOURCE_DIR}/src/diagnostic/platform/toolkit/*.h)
+list(APPEND headers ${toolkit})
+set(installed_headers)
+while(headers)
+  list(POP_FRONT headers header)
+  if(header IN_LIST installed_headers)
+    continue()
+  endif()
+  list(APPEND installed_headers ${header})
+  get_filename_component(folder ${header} DIRECTORY)
+  install(FILES ${PROJECT_SOURCE_DIR}/src/${header}
+          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/wifi_profile/${folder})
+  file(STRINGS ${PROJECT_SOURCE_DIR}/src/${header} includes REGEX "^#include \"")
+  list(TRANSFORM includes REPLACE "^#include \"(.*)\".*" "\\1")
+  list(APPEND headers ${includes})
+endwhile()
 install(EXPORT WiFiProfileTargets NAMESPACE WiFiProfile::
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/WiFiProfile)
 configure_package_config_file(

@@ -37,7 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t si
   for (const std::string& subnet : settings.checks.hotspotSubnets) {
     require(facts::isInSubnet(subnet.substr(0, subnet.find('/')), subnet), "networks are such");
   }
-  const linux::Targets& targets = settings.targets;
+  const devices::Targets& targets = settings.targets;
   require(cli::isWebAddress(targets.siteUrl), "the site is the address of a page");
   require(cli::isWebAddress(targets.portalUrl) && targets.portalUrl.starts_with("http://"),
           "the portal's page is one without TLS");

@@ -1,6 +1,8 @@
-// A host in thirty lines: the diagnostic on a simulated device, in real time.
+// A small host: the diagnostic on a scenario's device, or on the Wi-Fi interface that is its
+// argument.
 #include <cstdio>
 
+#include "devices/OpenLinuxDevice.h"
 #include "devices/scenario/ScenarioDevice.h"
 #include "devices/scenario/ScenarioReader.h"
 #include "diagnostic/controller/WiFiProfileViewController.h"
@@ -23,19 +25,31 @@ struct StandardError final : DiagnosticLog {
   }
 };
 
-int main() {
-  runtime::ThreadRunLoop loop;
+// A device that needs no radio.
+devices::OpenedDevice openScenario(Pace& pace) {
   const auto document = runtime::readJson(R"({"scenario": 1, "status": [{"ssid": "Home"}],
       "answers": {"PoorSignal": [{"result": true, "info": {"RSSI": -81, "Noise": -92}}]}})");
   const auto read = scenario::readScenario(std::get<ObjectRef>(document));
-  const scenario::ScenarioDevice device(std::get<scenario::Scenario>(read), loop);
+  const scenario::ScenarioDevice device(std::get<scenario::Scenario>(read), pace);
+  return {device.backEnds(), [] {}};
+}
+
+int main(int count, char** arguments) {
+  runtime::ThreadRunLoop loop;
+  const Result<devices::OpenedDevice> opened =
+      count > 1 ? devices::openLinuxDevice(arguments[1], {}, {}) : openScenario(loop);
+  if (!opened) {
+    std::fprintf(stderr, "%s\n", opened.error().message.c_str());
+    return 1;
+  }
+  const devices::DeviceBackEnds& device = opened->backEnds;
 
   // Everything that the diagnostic asks of its surroundings. It must outlive `platform`.
   runtime::Iso8601Formatter dates;
   StandardError log;
   runtime::BuiltInStringTable texts("en");
   runtime::IcuNameCollator collator("en");
-  const auto screen = std::make_shared<runtime::NoScreen>();
+  runtime::NoScreen screen;
   const InstalledPlatform platform({.queues = &loop,
                                     .service = device.service.get(),
                                     .wifiManager = device.radio.get(),
@@ -45,7 +59,7 @@ int main() {
                                     .log = &log,
                                     .texts = &texts,
                                     .collator = &collator,
-                                    .screen = screen.get()});
+                                    .screen = &screen});
 
   const auto inputs = std::make_shared<WiFiProfileInputs>();
   if (!inputs->validateAndInitializeParameters(
@@ -59,5 +73,6 @@ int main() {
   loop.runUntilIdle();  // until the record is there
   std::puts(runtime::jsonText(diagnostic->result().data()).c_str());
   diagnostic->teardown();
+  opened->close();
   loop.runUntilIdle();
 }

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace wifi_profile::linux {
+namespace wifi_profile::devices {
 
 // The defaults are IANA's example site: RFC 2606 and RFC 6761 reserve its name, and
 // iana.org/domains/reserved permits its use as an example.
@@ -19,4 +19,4 @@ struct Targets {
   bool operator==(const Targets&) const = default;
 };
 
-}  // namespace wifi_profile::linux
+}  // namespace wifi_profile::devices

@@ -9,13 +9,13 @@
 
 #include "analysis/checks/Settings.h"
 #include "app/cli/Files.h"
-#include "devices/linux/Targets.h"
+#include "devices/Targets.h"
 
 namespace wifi_profile::cli {
 
 struct ToolSettings {
   checks::Settings checks = checks::defaultSettings();
-  linux::Targets targets;
+  devices::Targets targets;
 
   bool operator==(const ToolSettings&) const = default;
 };

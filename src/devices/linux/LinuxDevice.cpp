@@ -15,8 +15,8 @@ bool saysWlan(const Machine& machine) {
 
 }  // namespace
 
-LinuxDevice::LinuxDevice(const std::shared_ptr<const Machine>& machine, const Targets& targets,
-                         const checks::Settings& settings)
+LinuxDevice::LinuxDevice(const std::shared_ptr<const Machine>& machine,
+                         const devices::Targets& targets, const checks::Settings& settings)
     : service(std::make_shared<LinuxService>(std::make_shared<MachineFacts>(machine, targets),
                                              settings)),
       backEnds{service,

@@ -35,7 +35,7 @@ Found put(Result<T> facts::Facts::*member, Result<T> fact) {
 
 }  // namespace
 
-MachineFacts::MachineFacts(std::shared_ptr<const Machine> machine, Targets targets)
+MachineFacts::MachineFacts(std::shared_ptr<const Machine> machine, devices::Targets targets)
     : machine_(std::move(machine)), targets_(std::move(targets)) {}
 
 Result<facts::Link> MachineFacts::link(const Patience& patience) {

@@ -7,7 +7,7 @@
 
 #include "devices/linux/LinuxService.h"
 #include "devices/linux/Machine.h"
-#include "devices/linux/Targets.h"
+#include "devices/Targets.h"
 
 namespace wifi_profile::linux {
 
@@ -16,7 +16,7 @@ class LinkWatch;
 // Any thread.
 class MachineFacts final : public FactFinder {
  public:
-  MachineFacts(std::shared_ptr<const Machine> machine, Targets targets);
+  MachineFacts(std::shared_ptr<const Machine> machine, devices::Targets targets);
 
   Result<facts::Link> link(const Patience& patience) override;
   Result<facts::Scan> scan(std::chrono::seconds oldest, const Patience& patience) override;
@@ -43,7 +43,7 @@ class MachineFacts final : public FactFinder {
   FirstSurveys::Surveys surveysSince(FirstSurveys& first, const Patience& patience) const;
 
   const std::shared_ptr<const Machine> machine_;
-  const Targets targets_;
+  const devices::Targets targets_;
 };
 
 }  // namespace wifi_profile::linux

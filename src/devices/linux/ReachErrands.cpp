@@ -186,7 +186,7 @@ Result<facts::NameResolution> lookUp(const std::string& name, const facts::Addre
 }  // namespace
 
 void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
-                     const Targets& targets) {
+                     const devices::Targets& targets) {
   add<facts::Pings>(errands, interface,
                     {"ping of the router", facts::Fact::lanPings, &facts::Facts::lanPings,
                      kRouterLimit, pingRouter});

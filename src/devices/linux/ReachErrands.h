@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "devices/linux/Gathering.h"
-#include "devices/linux/Targets.h"
+#include "devices/Targets.h"
 
 namespace wifi_profile::linux {
 
@@ -14,6 +14,6 @@ namespace wifi_profile::linux {
 // read. All but the one for the router's outer address also wait for the end of the scan, which
 // takes the radio off its channel. Without a link or addresses they end at once.
 void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
-                     const Targets& targets);
+                     const devices::Targets& targets);
 
 }  // namespace wifi_profile::linux
