@@ -60,18 +60,18 @@ PickerModel::Entries PickerModel::readTable() const {
       entries.push_back(headerEntry(section, *header));
     }
     const auto& rows = table_->rowsOfSection(section);
-    int place = 0;
+    int number = 0;
     for (const auto& row : rows) {
       entries.push_back({.kind = Kind::row,
                          .section = section,
-                         .row = place,
+                         .row = number,
                          .height = toolkit::TableView::kRowHeight,
                          .text = shown(row.title),
                          .checked = row.image && row.image->name() == "blueCheckMark",
                          .enabled = row.userInteractionEnabled,
-                         .first = place == 0,
-                         .last = place + 1 == static_cast<int>(rows.size())});
-      ++place;
+                         .first = number == 0,
+                         .last = number + 1 == static_cast<int>(rows.size())});
+      ++number;
     }
     entries.push_back(
         {.kind = Kind::footer, .section = section, .height = toolkit::TableView::kFooterHeight});
@@ -101,12 +101,11 @@ void PickerModel::headersChanged() {
 
 void PickerModel::rowsChanged(const toolkit::table_event::RowsChanged& changed) {
   Entries wanted = readTable();
-  // The former index of each wanted entry; -1: new.
-  std::vector<int> places;
-  places.reserve(wanted.size());
+  std::vector<int> formerIndexes;
+  formerIndexes.reserve(wanted.size());
   std::vector<std::int64_t> before;
   int section = -1;
-  const auto placeOf = [this](Kind kind, int inSection, std::int64_t row) {
+  const auto indexOfEntry = [this](Kind kind, int inSection, std::int64_t row) {
     const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
       return entry.kind == kind && entry.section == inSection && (row < 0 || entry.row == row);
     });
@@ -116,7 +115,7 @@ void PickerModel::rowsChanged(const toolkit::table_event::RowsChanged& changed) 
   for (const Entry& entry : wanted) {
     if (entry.section != section) {
       section = entry.section;
-      firstRow = placeOf(Kind::row, section, -1);
+      firstRow = indexOfEntry(Kind::row, section, -1);
       const auto count = std::count_if(entries_.begin(), entries_.end(), [&](const Entry& old) {
         return old.kind == Kind::row && old.section == section;
       });
@@ -125,26 +124,26 @@ void PickerModel::rowsChanged(const toolkit::table_event::RowsChanged& changed) 
           found == changed.changes.end() ? toolkit::RowChanges{} : found->second, count);
     }
     if (entry.kind != Kind::row) {
-      places.push_back(placeOf(entry.kind, section, -1));
+      formerIndexes.push_back(indexOfEntry(entry.kind, section, -1));
       continue;
     }
     const auto row = static_cast<std::size_t>(entry.row);
     const std::int64_t old = row < before.size() ? before[row] : toolkit::kNewRow;
-    places.push_back(old == toolkit::kNewRow ? -1 : firstRow + static_cast<int>(old));
+    formerIndexes.push_back(old == toolkit::kNewRow ? -1 : firstRow + static_cast<int>(old));
   }
-  become(std::move(wanted), places);
+  animateTo(std::move(wanted), formerIndexes);
 }
 
-// Removes the entries that are in no place, from the end, and then inserts the new ones, from the
+// Removes the entries that are not wanted, from the end, and then inserts the new ones, from the
 // start. The remaining entries keep their order.
-void PickerModel::become(Entries wanted, const std::vector<int>& places) {
+void PickerModel::animateTo(Entries wanted, const std::vector<int>& formerIndexes) {
   std::vector<bool> goes(entries_.size(), true);
   std::vector<bool> comes(wanted.size(), false);
-  for (std::size_t i = 0; i < places.size(); ++i) {
-    if (places[i] < 0) {
+  for (std::size_t i = 0; i < formerIndexes.size(); ++i) {
+    if (formerIndexes[i] < 0) {
       comes[i] = true;
     } else {
-      goes[static_cast<std::size_t>(places[i])] = false;
+      goes[static_cast<std::size_t>(formerIndexes[i])] = false;
     }
   }
   if (countPieces(goes) + countPieces(comes) > kMostPieces) {
@@ -183,15 +182,11 @@ int PickerModel::indexOf(toolkit::IndexPath path) const {
   return found == entries_.end() ? -1 : static_cast<int>(found - entries_.begin());
 }
 
-toolkit::IndexPath PickerModel::pathOf(int index) const {
-  const Entry& entry = entries_.at(static_cast<std::size_t>(index));
-  return {entry.section, entry.row};
-}
-
-bool PickerModel::isForPeople(int index) const {
-  if (index < 0 || index >= rowCount()) return false;
+std::optional<toolkit::IndexPath> PickerModel::enabledRow(int index) const {
+  if (index < 0 || index >= rowCount()) return std::nullopt;
   const Entry& entry = entries_[static_cast<std::size_t>(index)];
-  return entry.kind == Kind::row && entry.enabled;
+  if (entry.kind != Kind::row || !entry.enabled) return std::nullopt;
+  return toolkit::IndexPath{entry.section, entry.row};
 }
 
 int PickerModel::rowCount(const QModelIndex& parent) const {

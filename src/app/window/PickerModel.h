@@ -5,6 +5,7 @@
 #include <QRectF>
 #include <QString>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "diagnostic/platform/toolkit/TableView.h"
@@ -32,10 +33,9 @@ class PickerModel final : public QAbstractListModel {
 
   // Returns the index of a row; -1: there is no such row.
   int indexOf(toolkit::IndexPath path) const;
-  // Returns the row at `index`, which must be the index of a row.
-  toolkit::IndexPath pathOf(int index) const;
-  // Returns true if there is a usable row at `index`.
-  Q_INVOKABLE bool isForPeople(int index) const;
+  // Returns the enabled row at `index`; empty: there is no such row.
+  std::optional<toolkit::IndexPath> enabledRow(int index) const;
+  Q_INVOKABLE bool isEnabledRow(int index) const { return enabledRow(index).has_value(); }
 
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
@@ -60,7 +60,8 @@ class PickerModel final : public QAbstractListModel {
 
   Entries readTable() const;
   Entry headerEntry(int section, const toolkit::View& header) const;
-  void become(Entries wanted, const std::vector<int>& places);
+  // `formerIndexes`: of each wanted entry; -1: new.
+  void animateTo(Entries wanted, const std::vector<int>& formerIndexes);
   void reset(Entries wanted);
 
   std::shared_ptr<toolkit::TableView> table_;

@@ -226,12 +226,13 @@ QString WindowModel::text(const QString& key) {
 // --- From the person
 
 void WindowModel::tapRow(int index) {
-  if (!table_ || alert_ || stopping_ || !rows_.isForPeople(index)) return;
+  const auto row = rows_.enabledRow(index);
+  if (!table_ || alert_ || stopping_ || !row) return;
   if (!table_->allowsSelection()) {
     Q_EMIT noticed(text(QStringLiteral("LIST_BUSY")));
     return;
   }
-  table_->tap(rows_.pathOf(index));
+  table_->tap(*row);
   syncSoon();
 }
 

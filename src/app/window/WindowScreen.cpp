@@ -25,16 +25,17 @@ WindowScreen::WindowScreen() {
   engine_.load(QUrl(QStringLiteral("qrc:/wifi-profile/Main.qml")));
   if (engine_.rootObjects().isEmpty()) qFatal("The window's own files cannot be loaded");
   window_ = qobject_cast<QQuickWindow*>(engine_.rootObjects().first());
-  const QSize room = QGuiApplication::primaryScreen()->availableSize();
-  window_->resize(std::min(kUsualWidth, room.width()), std::min(kUsualHeight, room.height()));
-  const auto follow = [this] {
+  const QSize available = QGuiApplication::primaryScreen()->availableSize();
+  window_->resize(std::min(kUsualWidth, available.width()),
+                  std::min(kUsualHeight, available.height()));
+  const auto updateSize = [this] {
     model_->setSize(
         {static_cast<double>(window_->width()), static_cast<double>(window_->height())});
   };
-  QObject::connect(window_, &QWindow::widthChanged, window_, follow);
-  QObject::connect(window_, &QWindow::heightChanged, window_, follow);
+  QObject::connect(window_, &QWindow::widthChanged, window_, updateSize);
+  QObject::connect(window_, &QWindow::heightChanged, window_, updateSize);
   QObject::connect(model_.get(), &WindowModel::closed, window_, [this] { close(); });
-  follow();
+  updateSize();
   window_->show();
 }
 

@@ -150,7 +150,7 @@ FocusScope {
         }
         function move(from, by) {
             for (let i = from; i >= 0 && i < count; i += by) {
-                if (!profile.rows.isForPeople(i)) continue
+                if (!profile.rows.isEnabledRow(i)) continue
                 currentIndex = i
                 byKey = true
                 reveal(i)
@@ -170,7 +170,7 @@ FocusScope {
             }
             const shows = lentFocus ? byKey : hadFocus
             hadFocus = true
-            if (!profile.rows.isForPeople(currentIndex)) move(0, 1)
+            if (!profile.rows.isEnabledRow(currentIndex)) move(0, 1)
             byKey = shows
         }
         Keys.onDownPressed: move(currentIndex + 1, 1)

@@ -7,11 +7,6 @@
 #include "diagnostic/platform/toolkit/Screen.h"
 
 namespace wifi_profile::toolkit {
-namespace {
-
-void tell(const TableEvent& event) { Screen::shared()->tableDid(event); }
-
-}  // namespace
 
 std::shared_ptr<TableViewCell> TableView::dequeueReusableCell(const std::string& identifier,
                                                               IndexPath /*path*/) {
@@ -48,7 +43,7 @@ void TableView::readAllRows() {
 
 void TableView::reloadData() {
   checkMainThread("TableView::reloadData");
-  tell(table_event::Reloaded{});
+  Screen::shared()->tableDid(table_event::Reloaded{});
   readEverything();
 }
 
@@ -61,7 +56,7 @@ void TableView::readEverything() {
   readAllRows();
   askForHeaders();
   readHeights();
-  tell(table_event::RowsWereRead{});
+  Screen::shared()->tableDid(table_event::RowsWereRead{});
 }
 
 const std::vector<TableView::Row>& TableView::rowsOfSection(std::int64_t section) const {
@@ -70,31 +65,33 @@ const std::vector<TableView::Row>& TableView::rowsOfSection(std::int64_t section
   return there ? sections_[static_cast<std::size_t>(section)].rows : none;
 }
 
-void TableView::wasRemovedFromSuperview() { tell(table_event::RemovedFromScreen{}); }
+void TableView::wasRemovedFromSuperview() {
+  Screen::shared()->tableDid(table_event::RemovedFromScreen{});
+}
 
 // --- Batches
 
 void TableView::beginUpdates() {
   checkMainThread("TableView::beginUpdates");
   ++openBatches_;
-  tell(table_event::BatchBegan{});
+  Screen::shared()->tableDid(table_event::BatchBegan{});
 }
 
 void TableView::insertRows(const std::vector<IndexPath>& rows, RowAnimation animation) {
   checkMainThread("TableView::insertRows");
-  tell(table_event::RowsInserted{rows, animation});
+  Screen::shared()->tableDid(table_event::RowsInserted{rows, animation});
   for (const IndexPath& path : rows) changes_[path.section].inserted.push_back(path.row);
 }
 
 void TableView::deleteRows(const std::vector<IndexPath>& rows, RowAnimation animation) {
   checkMainThread("TableView::deleteRows");
-  tell(table_event::RowsDeleted{rows, animation});
+  Screen::shared()->tableDid(table_event::RowsDeleted{rows, animation});
   for (const IndexPath& path : rows) changes_[path.section].deleted.push_back(path.row);
 }
 
 void TableView::endUpdates() {
   checkMainThread("TableView::endUpdates");
-  tell(table_event::BatchEnded{});
+  Screen::shared()->tableDid(table_event::BatchEnded{});
   if (--openBatches_ == 0) applyBatch();
 }
 
@@ -118,7 +115,7 @@ void TableView::applyBatch() {
   if (!repairs.empty()) {
     std::sort(repairs.begin(), repairs.end(),
               [](const auto& a, const auto& b) { return a.section < b.section; });
-    for (const auto& repair : repairs) tell(repair);
+    for (const auto& repair : repairs) Screen::shared()->tableDid(repair);
     readAllRows();
   } else {
     for (const auto& [section, wanted] : changes) {
@@ -138,9 +135,9 @@ void TableView::applyBatch() {
   }
   readHeights();
   if (repairs.empty()) {
-    tell(table_event::RowsChanged{changes});
+    Screen::shared()->tableDid(table_event::RowsChanged{changes});
   } else {
-    tell(table_event::RowsWereRead{});
+    Screen::shared()->tableDid(table_event::RowsWereRead{});
   }
 }
 
@@ -149,12 +146,12 @@ void TableView::applyBatch() {
 void TableView::setAllowsSelection(bool allows) {
   checkMainThread("TableView::setAllowsSelection");
   allowsSelection_ = allows;
-  tell(table_event::AllowsSelectionWasSet{allows});
+  Screen::shared()->tableDid(table_event::AllowsSelectionWasSet{allows});
 }
 
 void TableView::deselectRow(IndexPath path, bool animated) {
   checkMainThread("TableView::deselectRow");
-  tell(table_event::Deselected{path, animated});
+  Screen::shared()->tableDid(table_event::Deselected{path, animated});
 }
 
 bool TableView::canTap(IndexPath path) const {
@@ -174,7 +171,7 @@ void TableView::tap(IndexPath path) {
 
 void TableView::scrollToRow(IndexPath path, ScrollPosition position, bool animated) {
   checkMainThread("TableView::scrollToRow");
-  tell(table_event::Scrolled{path, position, animated});
+  Screen::shared()->tableDid(table_event::Scrolled{path, position, animated});
   if (path.row < 0 || path.row >= static_cast<std::int64_t>(rowsOfSection(path.section).size())) {
     return;
   }
