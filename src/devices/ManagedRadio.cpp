@@ -66,7 +66,7 @@ ManagedRadio::~ManagedRadio() = default;
 // queues may no longer exist. The posted work holds a weak reference, because none of the radio's
 // own threads may own the last strong one.
 void ManagedRadio::postNotification() {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   const auto& devices = state_->devices;
   const auto listens = [](const auto& device) { return device->callback != nullptr; };
   if (state_->clients.empty() || std::none_of(devices.begin(), devices.end(), listens)) return;
@@ -83,7 +83,7 @@ void ManagedRadio::notify() {
   };
   std::vector<Listener> listeners;
   {
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     if (state_->clients.empty()) return;
     for (const auto& device : state_->devices) {
       auto context = device->context.lock();
@@ -109,7 +109,7 @@ WiFiManagerClientRef ManagedRadio::createClient(std::int32_t type) {
     return Trace::Fields{{"type", integer(type)}, {"made", Number::withBool(made)}};
   });
   if (!made) return nullptr;
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   state_->clients.push_back(std::make_unique<WiFiManagerClient>());
   return state_->clients.back().get();
 }
@@ -123,7 +123,7 @@ void ManagedRadio::scheduleWithRunLoop(WiFiManagerClientRef /*manager*/) {
 }
 
 WiFiDeviceListRef ManagedRadio::copyDevices(WiFiManagerClientRef /*manager*/) {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   auto list = std::make_unique<WiFiDeviceList>();
   for (const auto& device : state_->devices) {
     ++device->references;
@@ -137,18 +137,18 @@ WiFiDeviceListRef ManagedRadio::copyDevices(WiFiManagerClientRef /*manager*/) {
 }
 
 std::size_t ManagedRadio::deviceCount(WiFiDeviceListRef devices) {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   return owns(state_->lists, devices) ? devices->devices.size() : 0;
 }
 
 WiFiDeviceClientRef ManagedRadio::deviceAt(WiFiDeviceListRef devices, std::size_t index) {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   if (!owns(state_->lists, devices) || index >= devices->devices.size()) return nullptr;
   return devices->devices[index];
 }
 
 bool ManagedRadio::isClient(WiFiManagerClientRef manager) {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   return owns(state_->clients, manager);
 }
 
@@ -166,12 +166,12 @@ void ManagedRadio::setPower(WiFiManagerClientRef manager, int power) {
 }
 
 std::string ManagedRadio::powerOnFailure() const {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   return state_->powerOnFailure;
 }
 
 void ManagedRadio::powerOnFailed(std::string reason) {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   state_->powerOnFailure = std::move(reason);
 }
 
@@ -180,7 +180,7 @@ void ManagedRadio::registerPowerCallback(WiFiDeviceClientRef device,
                                          std::weak_ptr<void> context) {
   traceEvent("device.registerPowerCallback");
   {
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     if (!owns(state_->devices, device)) return;
     device->callback = callback;
     device->context = std::move(context);
@@ -190,25 +190,25 @@ void ManagedRadio::registerPowerCallback(WiFiDeviceClientRef device,
 
 void ManagedRadio::retain(WiFiDeviceClientRef device) {
   traceEvent("device.retain");
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   if (owns(state_->devices, device)) ++device->references;
 }
 
 void ManagedRadio::release(WiFiManagerClientRef manager) {
   traceEvent("manager.release");
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   drop(state_->clients, manager);
 }
 
 void ManagedRadio::release(WiFiDeviceClientRef device) {
   traceEvent("device.release");
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   if (owns(state_->devices, device)) dropReference(*device);
 }
 
 void ManagedRadio::release(WiFiDeviceListRef devices) {
   traceEvent("devices.release");
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   if (!owns(state_->lists, devices)) return;
   for (const WiFiDeviceClientRef device : devices->devices) dropReference(*device);
   drop(state_->lists, devices);

@@ -4,9 +4,9 @@
 
 #include <cstddef>
 #include <memory>
-#include <mutex>
 #include <string>
 
+#include "diagnostic/platform/Mutex.h"
 #include "diagnostic/platform/WiFiManager.h"
 
 namespace wifi_profile::devices {
@@ -62,8 +62,8 @@ class ManagedRadio : public WiFiManagerService, public std::enable_shared_from_t
   bool isClient(WiFiManagerClientRef manager);
 
   struct State;
-  mutable std::mutex mutex_;  // guards the state
-  std::unique_ptr<State> state_;
+  mutable Mutex mutex_;
+  const std::unique_ptr<State> state_ PT_GUARDED_BY(mutex_);
 };
 
 }  // namespace wifi_profile::devices

@@ -2,10 +2,10 @@
 #pragma once
 
 #include <map>
-#include <mutex>
 #include <optional>
 #include <utility>
 
+#include "diagnostic/platform/Mutex.h"
 #include "diagnostic/platform/RunObserver.h"
 
 namespace wifi_profile::report {
@@ -30,10 +30,10 @@ class OutcomeCollector final : public RunObserver {
   void runEnded() override;
 
  private:
-  mutable std::mutex mutex_;  // guards the members below
-  CollectedOutcomes collected_;
-  bool testsBegan_ = false;
-  bool ended_ = false;
+  mutable Mutex mutex_;
+  CollectedOutcomes collected_ GUARDED_BY(mutex_);
+  bool testsBegan_ GUARDED_BY(mutex_) = false;
+  bool ended_ GUARDED_BY(mutex_) = false;
 };
 
 }  // namespace wifi_profile::report

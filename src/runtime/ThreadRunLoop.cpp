@@ -5,10 +5,10 @@
 #include <asio/thread_pool.hpp>
 #include <condition_variable>
 #include <future>
-#include <mutex>
 #include <set>
 #include <thread>
 
+#include "diagnostic/platform/Mutex.h"
 #include "runtime/AsioMainQueue.h"
 
 namespace wifi_profile::runtime {
@@ -41,10 +41,10 @@ struct ThreadRunLoop::State {
 
   std::atomic<std::size_t> outstanding = 0;  // main work posted, global work posted or running
 
-  std::mutex mutex;  // guards the following members
-  std::condition_variable pauseEnds;
-  bool hurried = false;
-  std::set<std::shared_ptr<asio::steady_timer>> timers;
+  Mutex mutex;
+  std::condition_variable_any pauseEnds;
+  bool hurried GUARDED_BY(mutex) = false;
+  std::set<std::shared_ptr<asio::steady_timer>> timers GUARDED_BY(mutex);
 
   asio::thread_pool pool;  // declared last, so that its threads end before the other members
 };
@@ -77,7 +77,7 @@ void ThreadRunLoop::postToGlobal(Work work) {
 
 void ThreadRunLoop::postToGlobalAfter(std::chrono::nanoseconds delay, Work work) {
   ++state_->outstanding;
-  const std::lock_guard lock(state_->mutex);
+  const MutexLock lock(state_->mutex);
   if (state_->hurried) {
     state_->runInAHurry(std::move(work));
     return;
@@ -87,7 +87,7 @@ void ThreadRunLoop::postToGlobalAfter(std::chrono::nanoseconds delay, Work work)
   timer->async_wait(
       [state = state_.get(), timer, work = std::move(work)](asio::error_code cancelled) mutable {
         {
-          const std::lock_guard relock(state->mutex);
+          const MutexLock relock(state->mutex);
           state->timers.erase(timer);
         }
         if (cancelled) {
@@ -112,12 +112,14 @@ void ThreadRunLoop::waitForMain() {
 }
 
 void ThreadRunLoop::pause(std::chrono::nanoseconds time, const std::atomic<bool>& cut) {
-  std::unique_lock lock(state_->mutex);
-  state_->pauseEnds.wait_for(lock, time, [&] { return cut || state_->hurried; });
+  State& state = *state_;
+  const MutexLock lock(state.mutex);
+  state.pauseEnds.wait_for(state.mutex, time,
+                           [&]() REQUIRES(state.mutex) { return cut || state.hurried; });
 }
 
 void ThreadRunLoop::cutPauses() {
-  const std::lock_guard lock(state_->mutex);
+  const MutexLock lock(state_->mutex);
   state_->pauseEnds.notify_all();
 }
 
@@ -126,7 +128,7 @@ void ThreadRunLoop::runUntilIdle() {
 }
 
 void ThreadRunLoop::hurry() {
-  const std::lock_guard lock(state_->mutex);
+  const MutexLock lock(state_->mutex);
   state_->hurried = true;
   state_->pauseEnds.notify_all();
   for (const auto& timer : state_->timers) timer->cancel();

@@ -3,10 +3,11 @@
 #include <condition_variable>
 #include <deque>
 #include <map>
-#include <mutex>
 #include <random>
 #include <thread>
 #include <vector>
+
+#include "diagnostic/platform/Mutex.h"
 
 namespace wifi_profile::runtime {
 namespace {
@@ -15,7 +16,7 @@ using std::chrono::nanoseconds;
 
 // A thread that takes turns: the main thread, or that of a piece of global work.
 struct Participant {
-  std::condition_variable turnCame;
+  std::condition_variable_any turnCame;
   const std::atomic<bool>* cut = nullptr;  // flag of the current pause
   std::thread thread;                      // unset for the main thread
   bool ended = false;
@@ -24,8 +25,6 @@ struct Participant {
 }  // namespace
 
 struct VirtualTimeRunLoop::State {
-  using Lock = std::unique_lock<std::mutex>;
-
   // An event at a point of time: a participant continues, or work begins.
   struct Due {
     Participant* participant;
@@ -34,23 +33,25 @@ struct VirtualTimeRunLoop::State {
 
   explicit State(std::uint64_t seed) : seeded(seed != 0), random(seed) {}
 
-  Participant& current() { return *turn; }
-
   // Saturates at the largest time.
-  nanoseconds after(nanoseconds time) const {
+  nanoseconds after(nanoseconds time) const REQUIRES(mutex) {
     return time > nanoseconds::max() - clock ? nanoseconds::max() : clock + time;
   }
 
   // Gives the turn to `next`. Then waits until it is the turn of `waitsAgain`, unless that is null
   // because the caller's work has ended.
-  void handOver(Lock& lock, Participant* next, Participant* waitsAgain) {
+  void handOver(Participant* next, Participant* waitsAgain) REQUIRES(mutex) {
     turn = next;
     if (next) next->turnCame.notify_one();
-    if (waitsAgain) waitsAgain->turnCame.wait(lock, [&] { return turn == waitsAgain; });
+    if (waitsAgain) waitForTurn(*waitsAgain);
+  }
+
+  void waitForTurn(Participant& self) REQUIRES(mutex) {
+    self.turnCame.wait(mutex, [&]() REQUIRES(mutex) { return turn == &self; });
   }
 
   // Returns the participant to run next; null if there is nothing left to do.
-  Participant* choose() {
+  Participant* choose() REQUIRES(mutex) {
     while (true) {
       const bool mainHasWork = mainIsWaiting && !mainQueue.empty();
       const std::size_t choices = ready.size() + (mainHasWork ? 1 : 0);
@@ -74,7 +75,7 @@ struct VirtualTimeRunLoop::State {
   }
 
   // Makes global work ready to run, on a new thread that waits for its turn.
-  void begin(Work work) {
+  void begin(Work work) REQUIRES(mutex) {
     // An ended participant has released the mutex, its last action, so join() does not block.
     std::erase_if(participants, [](const auto& participant) {
       if (participant->ended) participant->thread.join();
@@ -84,29 +85,29 @@ struct VirtualTimeRunLoop::State {
     Participant* self = participants.back().get();
     ready.push_back(self);
     self->thread = std::thread([this, self, work = std::move(work)]() mutable {
-      Lock lock(mutex);
-      self->turnCame.wait(lock, [&] { return turn == self; });
+      MutexLock lock(mutex);
+      waitForTurn(*self);
       lock.unlock();
       work();
       work = nullptr;
       lock.lock();
       Participant* const next = choose();
       self->ended = true;
-      handOver(lock, next, nullptr);
+      handOver(next, nullptr);
     });
   }
 
-  mutable std::mutex mutex;  // guards everything below; only the participant in turn runs work
+  Mutex mutex;  // only the participant in turn runs work
   Participant main;
-  Participant* turn = &main;
-  bool mainIsWaiting = false;  // in runUntilIdle, for work
-  std::deque<Work> mainQueue;
-  std::vector<Participant*> ready;
-  std::multimap<nanoseconds, Due> due;  // equal times: in order of insertion
-  std::vector<std::unique_ptr<Participant>> participants;
-  nanoseconds clock{0};
-  bool seeded;
-  std::mt19937_64 random;
+  Participant* turn GUARDED_BY(mutex) = &main;
+  bool mainIsWaiting GUARDED_BY(mutex) = false;  // in runUntilIdle, for work
+  std::deque<Work> mainQueue GUARDED_BY(mutex);
+  std::vector<Participant*> ready GUARDED_BY(mutex);
+  std::multimap<nanoseconds, Due> due GUARDED_BY(mutex);  // equal times: in order of insertion
+  std::vector<std::unique_ptr<Participant>> participants GUARDED_BY(mutex);
+  nanoseconds clock GUARDED_BY(mutex){0};
+  const bool seeded;
+  std::mt19937_64 random GUARDED_BY(mutex);
   const std::thread::id mainThread = std::this_thread::get_id();
 };
 
@@ -119,17 +120,17 @@ VirtualTimeRunLoop::~VirtualTimeRunLoop() {
 }
 
 void VirtualTimeRunLoop::postToMain(Work work) {
-  const State::Lock lock(state_->mutex);
+  const MutexLock lock(state_->mutex);
   state_->mainQueue.push_back(std::move(work));
 }
 
 void VirtualTimeRunLoop::postToGlobal(Work work) {
-  const State::Lock lock(state_->mutex);
+  const MutexLock lock(state_->mutex);
   state_->begin(std::move(work));
 }
 
 void VirtualTimeRunLoop::postToGlobalAfter(nanoseconds delay, Work work) {
-  const State::Lock lock(state_->mutex);
+  const MutexLock lock(state_->mutex);
   state_->due.emplace(state_->after(delay), State::Due{nullptr, std::move(work)});
 }
 
@@ -141,27 +142,27 @@ bool VirtualTimeRunLoop::onMainThread() const {
 
 void VirtualTimeRunLoop::waitForMain() {
   if (onMainThread()) return;
-  State::Lock lock(state_->mutex);
+  MutexLock lock(state_->mutex);
   Participant* self = state_->turn;
   state_->mainQueue.push_back([state = state_.get(), self] {
-    const State::Lock relock(state->mutex);
+    const MutexLock relock(state->mutex);
     state->ready.push_back(self);
   });
-  state_->handOver(lock, state_->choose(), self);
+  state_->handOver(state_->choose(), self);
 }
 
 void VirtualTimeRunLoop::pause(nanoseconds time, const std::atomic<bool>& cut) {
-  State::Lock lock(state_->mutex);
+  MutexLock lock(state_->mutex);
   if (cut) return;
   Participant* self = state_->turn;
   self->cut = &cut;
   state_->due.emplace(state_->after(time), State::Due{self, {}});
-  state_->handOver(lock, state_->choose(), self);
+  state_->handOver(state_->choose(), self);
   self->cut = nullptr;
 }
 
 void VirtualTimeRunLoop::cutPauses() {
-  const State::Lock lock(state_->mutex);
+  const MutexLock lock(state_->mutex);
   for (auto entry = state_->due.begin(); entry != state_->due.end();) {
     Participant* const sleeper = entry->second.participant;
     if (sleeper && *sleeper->cut) {
@@ -174,11 +175,11 @@ void VirtualTimeRunLoop::cutPauses() {
 }
 
 void VirtualTimeRunLoop::runUntilIdle() {
-  State::Lock lock(state_->mutex);
+  MutexLock lock(state_->mutex);
   while (true) {
     state_->mainIsWaiting = true;
     Participant* next = state_->choose();
-    if (next != &state_->main) state_->handOver(lock, next, &state_->main);
+    if (next != &state_->main) state_->handOver(next, &state_->main);
     state_->mainIsWaiting = false;
     if (state_->mainQueue.empty()) return;  // the main thread has the turn but no work: idle
     Work work = std::move(state_->mainQueue.front());
@@ -191,7 +192,7 @@ void VirtualTimeRunLoop::runUntilIdle() {
 }
 
 nanoseconds VirtualTimeRunLoop::now() const {
-  const State::Lock lock(state_->mutex);
+  const MutexLock lock(state_->mutex);
   return state_->clock;
 }
 

@@ -97,7 +97,7 @@ Ending DiagnosticRun::run() {
   traceEvent("screen", [this] { return screenState(*controller_); });
   controller_->disappear();
   controller_->setObserver(nullptr);
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   if (stuck_ || script_.failure()) return Ending::stuck;
   if (finishedRun_) return Ending::finished;
   return interrupted_ ? Ending::interrupted : Ending::tornDown;
@@ -179,7 +179,7 @@ void DiagnosticRun::askForPower() {
 
 void DiagnosticRun::tearDown() {
   {
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     tornDown_ = true;
   }
   script_.end();
@@ -189,7 +189,7 @@ void DiagnosticRun::tearDown() {
 }
 
 bool DiagnosticRun::isOver() const {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   return tornDown_ || finishedRun_;
 }
 
@@ -259,7 +259,7 @@ void DiagnosticRun::finishedWasSet(bool finished) {
   if (!finished) return;
   script_.end();
   {
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     if (finishedRun_ || tornDown_) return;
     finishedRun_ = report::FinishedRun{
         .statusCode = std::get<std::int64_t>(controller_->result().statusCode()->value()),

@@ -4,7 +4,6 @@
 #include <atomic>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,6 +14,7 @@
 #include "app/cli/Script.h"
 #include "app/cli/WatchedScans.h"
 #include "diagnostic/controller/WiFiProfileViewController.h"
+#include "diagnostic/platform/Mutex.h"
 #include "diagnostic/platform/NameCollator.h"
 #include "diagnostic/platform/StringTable.h"
 #include "report/ReportDocument.h"
@@ -60,8 +60,14 @@ class DiagnosticRun final : public HxDiagnosticObserver,
 
   // After `run`: a finished run with its three sections as they were when it finished, and the
   // reason why a run is stuck.
-  const report::FinishedRun& finishedRun() const { return *finishedRun_; }
-  const DictionaryRef& data() const { return data_; }
+  const report::FinishedRun& finishedRun() const {
+    const MutexLock lock(mutex_);
+    return *finishedRun_;
+  }
+  const DictionaryRef& data() const {
+    const MutexLock lock(mutex_);
+    return data_;
+  }
   std::string reason() const;
 
   void statusCodeWasSet(const NumberRef& statusCode) override;
@@ -102,10 +108,10 @@ class DiagnosticRun final : public HxDiagnosticObserver,
   bool stuck_ = false;             // main thread only
   app::TestsDone tests_;           // main thread only
   app::EmptyList shownEmptyList_;  // main thread only; the last state passed to the screen
-  mutable std::mutex mutex_;       // guards the members below
-  std::optional<report::FinishedRun> finishedRun_;
-  DictionaryRef data_;
-  bool tornDown_ = false;
+  mutable Mutex mutex_;            // guards the members below
+  std::optional<report::FinishedRun> finishedRun_ GUARDED_BY(mutex_);
+  DictionaryRef data_ GUARDED_BY(mutex_);
+  bool tornDown_ GUARDED_BY(mutex_) = false;
 };
 
 }  // namespace wifi_profile::cli

@@ -35,19 +35,19 @@ std::string barLine(double fraction, const std::string& activity, int columns) {
 }  // namespace
 
 void ProgressLine::showProgress(double fraction) {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   fraction_ = std::clamp(fraction, 0.0, 1.0);
   draw();
 }
 
 void ProgressLine::showActivity(std::string_view what) {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   activity_ = runtime::safeText(what);
   draw();
 }
 
 void ProgressLine::printLine(std::string_view text) {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   if (shows_ == Shows::linesAtTheEnd) {
     waiting_ += runtime::safeText(text) + "\n";
     return;
@@ -60,7 +60,7 @@ void ProgressLine::printLine(std::string_view text) {
 }
 
 void ProgressLine::clear() {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   erase();
   put(out_, std::exchange(waiting_, {}));
   std::fflush(out_);

@@ -2,9 +2,10 @@
 #pragma once
 
 #include <cstdio>
-#include <mutex>
 #include <string>
 #include <string_view>
+
+#include "diagnostic/platform/Mutex.h"
 
 namespace wifi_profile::cli {
 
@@ -30,16 +31,16 @@ class ProgressLine {
   void clear();
 
  private:
-  void draw();
-  void erase();
+  void draw() REQUIRES(mutex_);
+  void erase() REQUIRES(mutex_);
 
-  std::mutex mutex_;
-  std::FILE* out_;
-  Shows shows_;
-  std::string waiting_;  // lines
-  bool isDrawn_ = false;
-  double fraction_ = 0;
-  std::string activity_;
+  Mutex mutex_;
+  std::FILE* const out_;
+  const Shows shows_;
+  std::string waiting_ GUARDED_BY(mutex_);  // lines
+  bool isDrawn_ GUARDED_BY(mutex_) = false;
+  double fraction_ GUARDED_BY(mutex_) = 0;
+  std::string activity_ GUARDED_BY(mutex_);
 };
 
 }  // namespace wifi_profile::cli

@@ -4,7 +4,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <functional>
-#include <mutex>
 #include <optional>
 #include <unistd.h>
 #include <utility>
@@ -15,6 +14,7 @@
 #include "app/cli/Files.h"
 #include "app/cli/RunPreparation.h"
 #include "app/cli/TraceFile.h"
+#include "diagnostic/platform/Mutex.h"
 #include "report/ReportText.h"
 #include "runtime/BuiltInStringTable.h"
 #include "runtime/IcuNameCollator.h"
@@ -80,22 +80,24 @@ int conclude(const DiagnosticRun& run, Ending ending, const RunOptions& options)
 // immediately.
 class RunInterrupts {
  public:
-  // Returns a lock. While it is held, an interrupt waits.
-  std::unique_lock<std::mutex> hold() { return std::unique_lock(mutex_); }
-  // Sets the screen to abandon when the process exits immediately. Hold the lock.
-  void setScreen(std::shared_ptr<app::PersonScreen> person) { person_ = std::move(person); }
+  Mutex mutex;  // while it is held, an interrupt waits
+
+  // Sets the screen to abandon when the process exits immediately.
+  void setScreen(std::shared_ptr<app::PersonScreen> person) REQUIRES(mutex) {
+    person_ = std::move(person);
+  }
 
   // During its lifetime, the first interrupt calls `end`, on a separate thread.
   class Scope {
    public:
     Scope(RunInterrupts& interrupts, std::function<void()> end) : interrupts_(interrupts) {
-      const auto held = interrupts_.hold();
+      const MutexLock lock(interrupts_.mutex);
       interrupts_.end_ = std::move(end);
     }
     Scope(const Scope&) = delete;
     Scope& operator=(const Scope&) = delete;
     ~Scope() {
-      const auto held = interrupts_.hold();
+      const MutexLock lock(interrupts_.mutex);
       interrupts_.end_ = nullptr;
     }
 
@@ -105,7 +107,7 @@ class RunInterrupts {
 
  private:
   void interrupted() {
-    const auto held = hold();
+    const MutexLock lock(mutex);
     if (!end_) {
       if (person_) person_->abandon();
       std::_Exit(kExitInterrupted);
@@ -113,9 +115,8 @@ class RunInterrupts {
     std::exchange(end_, nullptr)();
   }
 
-  std::mutex mutex_;  // guards the members below
-  std::shared_ptr<app::PersonScreen> person_;
-  std::function<void()> end_;
+  std::shared_ptr<app::PersonScreen> person_ GUARDED_BY(mutex);
+  std::function<void()> end_ GUARDED_BY(mutex);
   const runtime::Interrupts interrupts_{
       [this] { interrupted(); }};  // last: its thread uses the above
 };
@@ -175,7 +176,7 @@ int runCommand(const RunOptions& options, Ui drawn, const MakeScreen& makeScreen
   const InstalledPlatform platform({.texts = &texts});  // for the screen
   std::shared_ptr<app::PersonScreen> person;
   if (ui != Ui::none) {
-    const auto held = interrupts.hold();
+    const MutexLock lock(interrupts.mutex);
     auto made = makeScreen();
     if (const auto* reason = std::get_if<std::string>(&made)) {
       return complain({kExitUsage, "--ui: " + *reason});

@@ -44,23 +44,23 @@ bool Script::isScripted(const scenario::Step& step) const {
 }
 
 void Script::personDid(PersonAction action) {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   if (ended_ || next_ == steps_.size() || isScripted(steps_[next_])) return;
   if (personActionOf(steps_[next_].action) == action) ++next_;
 }
 
 void Script::end() {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   ended_ = true;
 }
 
 bool Script::hasIdleStep() const {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   return !ended_ && next_ < steps_.size() && isScripted(steps_[next_]) && !steps_[next_].duringTest;
 }
 
 bool Script::hasStepDuring(DiagnosticsTestID test) const {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   return !ended_ && next_ < steps_.size() && isScripted(steps_[next_]) &&
          steps_[next_].duringTest == test;
 }
@@ -68,24 +68,24 @@ bool Script::hasStepDuring(DiagnosticsTestID test) const {
 void Script::performNextStep() {
   std::size_t index = 0;
   {
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     if (ended_ || next_ == steps_.size()) return;
     index = next_++;
   }
   const auto obstacle = perform_(steps_[index]);
   if (!obstacle) return;
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   ended_ = true;
   failure_ = "/user/" + std::to_string(index) + ": " + *obstacle;
 }
 
 std::optional<std::string> Script::failure() const {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   return failure_;
 }
 
 std::string Script::reasonForBeingStuck() const {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   const std::string after =
       next_ == 0 ? "before its first step" : "after step " + std::to_string(next_ - 1);
   if (next_ < steps_.size() && steps_[next_].duringTest) {

@@ -3,12 +3,12 @@
 
 #include <cstddef>
 #include <functional>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "devices/scenario/Scenario.h"
+#include "diagnostic/platform/Mutex.h"
 #include "diagnostic/platform/RunObserver.h"
 
 namespace wifi_profile::cli {
@@ -55,10 +55,10 @@ class Script {
   std::vector<scenario::Step> steps_;  // never changes
   const ScreenUser user_;
   const Perform perform_;
-  mutable std::mutex mutex_;  // guards the members below
-  std::size_t next_ = 0;
-  bool ended_ = false;
-  std::optional<std::string> failure_;
+  mutable Mutex mutex_;
+  std::size_t next_ GUARDED_BY(mutex_) = 0;
+  bool ended_ GUARDED_BY(mutex_) = false;
+  std::optional<std::string> failure_ GUARDED_BY(mutex_);
 };
 
 }  // namespace wifi_profile::cli

@@ -7,7 +7,7 @@
 namespace wifi_profile::cli {
 
 void TraceFile::event(std::string_view name, const Fields& fields) {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   ++sequence_;
   std::string line = "{\"seq\":" + std::to_string(sequence_) + ",\"thread\":\"" +
                      (queues_.onMainThread() ? "main" : "background") +
@@ -23,7 +23,7 @@ void TraceFile::event(std::string_view name, const Fields& fields) {
 }
 
 int TraceFile::firstError() const {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   return firstError_;
 }
 

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <cstdio>
 #include <memory>
-#include <mutex>
 #include <string>
 
+#include "diagnostic/platform/Mutex.h"
 #include "diagnostic/platform/Trace.h"
 #include "diagnostic/platform/WorkQueues.h"
 
@@ -31,10 +31,10 @@ class TraceFile final : public Trace {
 
  private:
   const WorkQueues& queues_;
-  mutable std::mutex mutex_;  // guards the members below
-  File file_;
-  int firstError_ = 0;
-  std::int64_t sequence_ = 0;
+  mutable Mutex mutex_;
+  File file_ GUARDED_BY(mutex_);
+  int firstError_ GUARDED_BY(mutex_) = 0;
+  std::int64_t sequence_ GUARDED_BY(mutex_) = 0;
 };
 
 }  // namespace wifi_profile::cli

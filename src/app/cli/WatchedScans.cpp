@@ -22,7 +22,7 @@ bool hasName(const ObjectRef& object) {
 }  // namespace
 
 std::optional<ScanOutcome> WatchedScans::latest() const {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   return latest_;
 }
 
@@ -32,7 +32,7 @@ DiagnosticsTestResults WatchedScans::runDiagnosticsTests(const VqDiagnosticsTest
                                                          VqErrorRef& error) {
   auto results = service_->runDiagnosticsTests(requests, peer, update, error);
   if (!requests.empty() && requests.front()->testID() == DiagnosticsTestID::NoScanResults) {
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     latest_ = outcomeOf(results, error);
   }
   return results;

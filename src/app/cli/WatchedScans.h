@@ -2,12 +2,12 @@
 #pragma once
 
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 
 #include "app/PersonScreen.h"
 #include "diagnostic/platform/DiagnosticsService.h"
+#include "diagnostic/platform/Mutex.h"
 
 namespace wifi_profile {
 class WiFiProfileViewController;
@@ -40,8 +40,8 @@ class WatchedScans final : public VqClient {
 
  private:
   const std::shared_ptr<VqClient> service_;
-  mutable std::mutex mutex_;
-  std::optional<ScanOutcome> latest_;
+  mutable Mutex mutex_;
+  std::optional<ScanOutcome> latest_ GUARDED_BY(mutex_);
 };
 
 // `powerOnFailure` is why the radio stayed off; empty: the radio did not fail to turn on, or the

@@ -61,13 +61,13 @@ Answer ScenarioService::serve(const VqDiagnosticsTestRequest& request) {
   const auto cancelled = std::make_shared<std::atomic<bool>>(false);
   const bool waits = answer.delay.count() > 0;
   if (waits) {
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     inFlight_.insert(cancelled);
   }
   if (whileServing_) whileServing_(request.testID());
   if (waits) {
     pace_.pause(answer.delay, *cancelled);
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     inFlight_.erase(cancelled);
     if (*cancelled) return failure(kCancelled, "cancelled");
   }
@@ -83,7 +83,7 @@ Answer ScenarioService::takeAnswer(const VqDiagnosticsTestRequest& request) {
 
 std::optional<Answer> ScenarioService::takeWrittenAnswer(DiagnosticsTestID test,
                                                          const TextRef& networkName) {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   auto& answers = answers_[test];
   const auto found = std::find_if(answers.begin(), answers.end(), [&](const Answer& answer) {
     return matches(answer, networkName);
@@ -98,7 +98,7 @@ std::shared_ptr<const VqStatus> ScenarioService::queryStatusForPeer(const VqPeer
   pace_.waitForMain();
   StatusAnswer answer;
   {
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     answer = status_[nextStatus_];
     if (nextStatus_ + 1 < status_.size()) ++nextStatus_;
   }
@@ -111,7 +111,7 @@ std::shared_ptr<const VqStatus> ScenarioService::queryStatusForPeer(const VqPeer
 void ScenarioService::cancelAllRequests() {
   traceEvent("service.cancel");
   {
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     for (const auto& cancelled : inFlight_) *cancelled = true;
   }
   pace_.cutPauses();

@@ -5,12 +5,12 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <mutex>
 #include <set>
 #include <vector>
 
 #include "devices/scenario/Scenario.h"
 #include "diagnostic/platform/DiagnosticsService.h"
+#include "diagnostic/platform/Mutex.h"
 #include "diagnostic/platform/WorkQueues.h"
 
 namespace wifi_profile::scenario {
@@ -55,11 +55,11 @@ class ScenarioService final : public VqClient {
   const std::optional<World> world_;
   std::function<void(DiagnosticsTestID)> whileServing_;
 
-  std::mutex mutex_;  // guards the following members
-  std::map<DiagnosticsTestID, std::vector<Answer>> answers_;
-  std::vector<StatusAnswer> status_;
-  std::size_t nextStatus_ = 0;
-  std::set<CancelFlag> inFlight_;
+  Mutex mutex_;
+  std::map<DiagnosticsTestID, std::vector<Answer>> answers_ GUARDED_BY(mutex_);
+  std::vector<StatusAnswer> status_ GUARDED_BY(mutex_);
+  std::size_t nextStatus_ GUARDED_BY(mutex_) = 0;
+  std::set<CancelFlag> inFlight_ GUARDED_BY(mutex_);
 };
 
 }  // namespace wifi_profile::scenario
