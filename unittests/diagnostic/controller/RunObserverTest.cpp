@@ -1,5 +1,7 @@
 // What an observer of a run is told, and in which order.
 
+#include <gmock/gmock.h>
+
 #include "diagnostic/platform/RunObserver.h"
 #include "diagnostic/tests/Batches.h"
 #include "support/PickerFixture.h"
