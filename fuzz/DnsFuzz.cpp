@@ -27,10 +27,9 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t si
   const linux::probes::UdpServer server([&input](const std::string& question) {
     return std::vector<std::string>{answerTo(question, input)};
   });
-  const linux::Cancellation never;
   const std::string at = linux::probes::kHere + ":" + std::to_string(server.port());
   const auto answer = linux::probes::resolveAsSystem(
-      "name.example", {at}, {linux::Clock::now() + std::chrono::milliseconds(100), never});
+      "name.example", {at}, {linux::Clock::now() + std::chrono::milliseconds(100)});
   require(static_cast<bool>(answer), "a server's answer is no fault of this machine");
   const auto& [resolution, addresses] = *answer;
   require(resolution.resolved == !addresses.empty(), "a name with addresses is resolved");

@@ -31,10 +31,9 @@ void receive(const std::string& reply) {
   constexpr std::size_t kBodyLimit = 256;
   const linux::probes::TcpServer server(linux::probes::answering(reply));
   const std::string url = linux::probes::urlOf(server);
-  const linux::Cancellation never;
   const linux::probes::HttpAnswer answer =
       linux::probes::exchange({.url = url, .bodyLimit = kBodyLimit, .headers = {}, .post = {}}, {},
-                              linux::probes::patient(never));
+                              linux::probes::longDeadline());
   require(answer.body.size() <= kBodyLimit, "a body is no longer than its limit");
   require(!answer.cutOff || answer.body.size() == kBodyLimit, "what is cut off fills the limit");
   require(answer.complete == answer.problem.empty(), "what is not complete has a problem");

@@ -14,7 +14,7 @@ namespace wifi_profile::runtime {
 // must not throw. Other input of the main queue is handled whenever the queue is handled.
 class ThreadRunLoop final : public RunLoop {
  public:
-  static constexpr std::size_t kUsualWorkers = 4;
+  static constexpr std::size_t kUsualWorkers = 3;
 
   explicit ThreadRunLoop(std::size_t workers = kUsualWorkers);
   explicit ThreadRunLoop(std::shared_ptr<MainQueue> main, std::size_t workers = kUsualWorkers);

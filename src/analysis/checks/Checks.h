@@ -36,6 +36,10 @@ class FactSet {
     other.bits_ |= bits_;
     return other;
   }
+  constexpr FactSet without(FactSet other) const {
+    other.bits_ = bits_ & ~other.bits_;
+    return other;
+  }
   // The intersection of both sets.
   constexpr FactSet both(FactSet other) const {
     other.bits_ &= bits_;

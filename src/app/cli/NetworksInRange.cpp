@@ -13,9 +13,8 @@ std::variant<NetworksInRange, Failure> networksOfMachine(const ScanOptions& opti
   auto opened = openMachine(options.device);
   if (auto* failure = std::get_if<Failure>(&opened)) return std::move(*failure);
   const auto& machine = *std::get<std::shared_ptr<const linux::Machine>>(opened);
-  const linux::Cancellation nobody;  // never cancelled: an interrupt ends the process
-  const linux::Patience patience{linux::Clock::now() + linux::kScanLimit, nobody};
-  auto list = machine.scan(std::chrono::seconds(options.maxScanCacheAge), patience);
+  const auto deadline = linux::Deadline::in(linux::kScanLimit);  // an interrupt ends the process
+  auto list = machine.scan(std::chrono::seconds(options.maxScanCacheAge), deadline);
   if (!list) return Failure{kExitNoDevice, list.error().message};
   const auto& missing = list->scan.incomplete;
   if (missing && list->scan.accessPoints.empty()) return Failure{kExitNoDevice, missing->message};

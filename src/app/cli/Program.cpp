@@ -14,7 +14,7 @@
 #include "app/cli/LastResort.h"
 #include "app/cli/ScanCommand.h"
 #include "app/cli/TestsCommand.h"
-#include "devices/linux/LeftThreads.h"
+#include "devices/linux/Workers.h"
 #include "report/Explanation.h"
 #include "runtime/SafeText.h"
 
@@ -67,7 +67,7 @@ struct Execute {
 }  // namespace
 
 int endWith(int status) {
-  if (linux::anyLeftBehind()) std::_Exit(status);
+  if (linux::Workers::shared().isBusy()) std::_Exit(status);
   return status;
 }
 

@@ -10,8 +10,8 @@ namespace wifi_profile::cli {
 // Performs the `run` command. Returns the exit status.
 using Run = std::function<int(const RunOptions&)>;
 
-// Returns `status`, for `main` to return. If a thread was left behind, ends the process with
-// `status` immediately, because such a thread may still use objects that a normal exit destroys.
+// Returns `status`, for `main` to return. If a worker is busy, ends the process with `status`
+// immediately, because the worker may still use objects that a normal exit destroys.
 // All output must have been written before the call.
 int endWith(int status);
 

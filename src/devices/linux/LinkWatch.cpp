@@ -71,17 +71,17 @@ std::optional<LinkChange> changeOfLink(const std::optional<facts::Link>& before,
 
 LinkSource linkSourceOf(const netlink::WifiInterface& interface) {
   const auto events = std::make_shared<netlink::Nl80211>();
-  return {.watch = [events](const Patience& patience) { return events->watchLink(patience); },
+  return {.watch = [events](const Deadline& deadline) { return events->watchLink(deadline); },
           .takeEvents = [events, interface] { return events->takeLinkEvents(interface); },
           .now =
-              [interface](const Patience& patience) {
-                return netlink::Nl80211().link(interface, patience);
+              [interface](const Deadline& deadline) {
+                return netlink::Nl80211().link(interface, deadline);
               }};
 }
 
-void LinkWatch::begin(const Patience& patience) {
+void LinkWatch::begin(const Deadline& deadline) {
   const std::lock_guard lock(mutex_);
-  if (!begun_) begun_ = !source_.watch(patience.atMost(kLookUpLimit));
+  if (!begun_) begun_ = !source_.watch(deadline.atMost(kLookUpLimit));
 }
 
 void LinkWatch::setLink(const facts::Link& link) {
@@ -89,22 +89,20 @@ void LinkWatch::setLink(const facts::Link& link) {
   link_ = link;
 }
 
-LinkWatch::Look LinkWatch::look(const netlink::LinkEvents& events, const Patience& patience) const {
-  const auto now = [&] {
-    return source_.now({Clock::now() + kLookUpLimit, patience.cancellation});
-  };
+LinkWatch::Look LinkWatch::look(const netlink::LinkEvents& events, const Deadline& deadline) const {
+  const auto now = [&] { return source_.now(Deadline::in(kLookUpLimit, deadline.stop)); };
   const auto until = Clock::now() + kRoamLimit;
-  const Patience roam{std::min(until, patience.deadline), patience.cancellation};
+  const Deadline roam = deadline.until(until);
   auto link = now();
   while (events.lost && !link && !roam.isOver()) {
-    waitFor(-1, 0, roam.atMost(kBetweenLinkLooks));
+    sleepUntil(roam.atMost(kBetweenLinkLooks));
     link = now();
   }
   const bool mayRoam = events.lost && !link && Clock::now() < until;
   return {link, isAnswer(link) && !mayRoam};
 }
 
-std::optional<LinkChange> LinkWatch::change(const Patience& patience) {
+std::optional<LinkChange> LinkWatch::change(const Deadline& deadline) {
   std::unique_lock lock(mutex_);
   if (!begun_ || (change_ && change_->gone == kOfNetwork)) return change_;
   const netlink::LinkEvents taken = source_.takeEvents();
@@ -114,7 +112,7 @@ std::optional<LinkChange> LinkWatch::change(const Patience& patience) {
   const netlink::LinkEvents events = events_;
   const int round = rounds_;
   lock.unlock();
-  const Look seen = look(events, patience);
+  const Look seen = look(events, deadline);
   lock.lock();
   // Another thread has explained these events.
   if (!events_.any()) return change_;
@@ -129,23 +127,22 @@ std::optional<LinkChange> LinkWatch::change(const Patience& patience) {
   return change_;
 }
 
-Errand boundToLink(Errand errand, ChangeOfLink change) {
-  const checks::FactSet ofLink = errand.gives.both(kOfNetwork);
-  if (ofLink == checks::FactSet{}) return errand;
-  errand.run = [run = std::move(errand.run), gives = errand.gives, ofLink,
-                change = std::move(change)](const facts::Facts& known,
-                                            const Patience& patience) -> Found {
-    const auto before = change(patience);
+FactTask boundToLink(FactTask task, ChangeOfLink change) {
+  const checks::FactSet ofLink = task.gives.both(kOfNetwork);
+  if (ofLink == checks::FactSet{}) return task;
+  task.run = [run = std::move(task.run), gives = task.gives, ofLink, change = std::move(change)](
+                 const facts::Facts& known, const Deadline& deadline) -> Found {
+    const auto before = change(deadline);
     const bool isInVain = before && before->gone.both(gives) == gives;
-    Found found = isInVain ? Found() : run(known, patience);
-    const auto changed = change(patience);
+    Found found = isInVain ? Found() : run(known, deadline);
+    const auto changed = change(deadline);
     if (!changed || !changed->gone.meets(ofLink)) return found;
     return [gone = changed->gone.both(ofLink), why = changed->why, found](facts::Facts& facts) {
       if (found) found(facts);
       forget(facts, gone, why);
     };
   };
-  return errand;
+  return task;
 }
 
 }  // namespace wifi_profile::linux

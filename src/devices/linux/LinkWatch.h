@@ -7,7 +7,7 @@
 #include <mutex>
 #include <optional>
 
-#include "devices/linux/Gathering.h"
+#include "devices/linux/FactCollection.h"
 #include "devices/linux/netlink/Nl80211.h"
 
 namespace wifi_profile::linux {
@@ -29,10 +29,10 @@ std::optional<LinkChange> changeOfLink(const std::optional<facts::Link>& before,
 
 // The kernel's reports about one link.
 struct LinkSource {
-  std::function<netlink::NotDone(const Patience&)> watch;  // starts to record events
+  std::function<netlink::NotDone(const Deadline&)> watch;  // starts to record events
   std::function<netlink::LinkEvents()> takeEvents;         // the events since the previous call
   // Returns the current link. Several threads call it at the same time.
-  std::function<Result<facts::Link>(const Patience&)> now;
+  std::function<Result<facts::Link>(const Deadline&)> now;
 };
 
 LinkSource linkSourceOf(const netlink::WifiInterface& interface);
@@ -44,14 +44,14 @@ class LinkWatch {
 
   // Records events from now on. Has no effect if recording has begun already. If the kernel reports
   // no events, `change` never finds a change.
-  void begin(const Patience& patience);
+  void begin(const Deadline& deadline);
   // Sets the link that the run is about.
   void setLink(const facts::Link& link);
   // Returns the change of the link since `begin`; empty: no change. Invalid facts stay invalid; the
   // reason changes only if a later change invalidates more facts. After a loss, waits up to 1 s,
   // within the deadline, for a new link. Reads the link also after the deadline, for at most 0.2 s.
   // If the link cannot be read, the next call reads it again.
-  std::optional<LinkChange> change(const Patience& patience);
+  std::optional<LinkChange> change(const Deadline& deadline);
 
  private:
   // The link after some events, and whether no later reading can change the conclusion.
@@ -59,7 +59,7 @@ class LinkWatch {
     Result<facts::Link> link;
     bool isFinal;
   };
-  Look look(const netlink::LinkEvents& events, const Patience& patience) const;
+  Look look(const netlink::LinkEvents& events, const Deadline& deadline) const;
 
   const LinkSource source_;  // `watch` and `takeEvents` are called with the mutex held
   std::mutex mutex_;         // guards what follows; never held while the link is read
@@ -70,10 +70,10 @@ class LinkWatch {
   std::optional<LinkChange> change_;
 };
 
-using ChangeOfLink = std::function<std::optional<LinkChange>(const Patience& patience)>;
+using ChangeOfLink = std::function<std::optional<LinkChange>(const Deadline& deadline)>;
 
 // Returns the task with a check of the link: the facts of the link become unknown if the link
 // changed before they were found. The task does not run if all its facts are invalid already.
-Errand boundToLink(Errand errand, ChangeOfLink change);
+FactTask boundToLink(FactTask task, ChangeOfLink change);
 
 }  // namespace wifi_profile::linux

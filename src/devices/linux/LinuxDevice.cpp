@@ -8,8 +8,7 @@ namespace {
 
 // Devices with hardware for WAPI are sold where WLAN is the usual word for Wi-Fi.
 bool saysWlan(const Machine& machine) {
-  const Cancellation nobody;
-  const auto radio = machine.abilities({Clock::now() + std::chrono::seconds(2), nobody});
+  const auto radio = machine.abilities(Deadline::in(std::chrono::seconds(2)));
   return radio && radio->knowsWapi;
 }
 

@@ -1,7 +1,8 @@
 #include "devices/linux/LinuxRadio.h"
 
+#include <array>
 #include <chrono>
-#include <poll.h>
+#include <sys/eventfd.h>
 #include <system_error>
 #include <utility>
 
@@ -13,8 +14,6 @@ namespace wifi_profile::linux {
 namespace {
 
 constexpr std::chrono::seconds kSwitchLimit{5};
-// The watching thread wakes at least this often, also without events.
-constexpr std::chrono::hours kLongWait{1};
 
 }  // namespace
 
@@ -29,34 +28,35 @@ LinuxRadio::LinuxRadio(std::string interface, std::shared_ptr<bus::Bus> systemBu
   } else if (const auto bySwitches = rfkill_.poweredOn()) {
     on_ = *bySwitches;  // the current state, even if there will be no events
   } else {
-    const auto byManager =
-        bus::ConnectionManager(*bus_).isRadioOn(interface_, {Clock::now() + kSwitchLimit, ended_});
+    const auto byManager = bus::ConnectionManager(*bus_).isRadioOn(
+        interface_, Deadline::in(kSwitchLimit, ended_.get_token()));
     on_ = !byManager || *byManager;
   }
 }
 
-LinuxRadio::~LinuxRadio() {
-  ended_.cancel();
-  if (watcher_.joinable()) watcher_.join();
-}
+LinuxRadio::~LinuxRadio() { ended_.request_stop(); }
 
 void LinuxRadio::beginWatching() {
   if (rfkill_.descriptor() < 0) return;
   std::call_once(watching_, [this] {
     try {
-      watcher_ = std::thread([this] { watch(); });
+      watcher_ = std::jthread([this](const std::stop_token& ended) { watch(ended); });
     } catch (const std::system_error& exhausted) {  // changes are not reported then
-      DiagnosticLogHandleForCategory(0).error([&] {
-        return std::string("Changes of Wi-Fi's power go unnoticed: ") + exhausted.what();
-      });
+      DiagnosticLogHandleForCategory(0).error(
+          [&] { return std::string("cannot watch the radio's power: ") + exhausted.what(); });
     }
   });
 }
 
-void LinuxRadio::watch() {
-  while (!ended_.isCancelled()) {
-    const Waited waited = waitFor(rfkill_.descriptor(), POLLIN, {Clock::now() + kLongWait, ended_});
-    if (waited != Waited::ready) continue;
+// Waits for hours, so it is woken instead of waiting in slices.
+void LinuxRadio::watch(const std::stop_token& ended) {
+  const Descriptor wake(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
+  const std::stop_callback atEnd(ended, [&wake] { eventfd_write(wake.number(), 1); });
+  const Deadline never{Clock::time_point::max()};
+  while (!ended.stop_requested()) {
+    std::array<pollfd, 2> watched{{{wake.number(), POLLIN, 0}, {rfkill_.descriptor(), POLLIN, 0}}};
+    const auto limit = wake ? never : Deadline::in(std::chrono::seconds(1));
+    if (waitFor(watched, limit) != Waited::ready) continue;
     rfkill_.handleEvents([this](Rfkill::News news) {
       on_ = news == Rfkill::News::on;
       postNotification();
@@ -81,7 +81,7 @@ void LinuxRadio::switchPower(bool on) {
 // comes from the switches.
 void LinuxRadio::switchOn() {
   const auto byManager = bus::ConnectionManager(*bus_).setRadioOn(
-      interface_, true, {Clock::now() + kSwitchLimit, ended_});
+      interface_, true, Deadline::in(kSwitchLimit, ended_.get_token()));
   Rfkill switches = rfkill_.another();
   auto why = switches.open();
   if (!byManager && !switches.isHardBlocked()) {

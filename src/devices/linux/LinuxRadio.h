@@ -4,11 +4,12 @@
 #include <atomic>
 #include <memory>
 #include <mutex>
+#include <stop_token>
 #include <string>
 #include <thread>
 
 #include "devices/ManagedRadio.h"
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "devices/linux/Rfkill.h"
 #include "devices/linux/bus/Bus.h"
 
@@ -30,7 +31,7 @@ class LinuxRadio final : public devices::ManagedRadio {
   void switchPower(bool on) override;
   void beginWatching() override;
 
-  void watch();
+  void watch(const std::stop_token& ended);
   void switchOn();
   void tellByItself();
 
@@ -38,9 +39,9 @@ class LinuxRadio final : public devices::ManagedRadio {
   const std::shared_ptr<bus::Bus> bus_;
   Rfkill rfkill_;  // belongs to the watching thread once that runs; without events never changes
   std::atomic<bool> on_ = true;
-  Cancellation ended_;
+  std::stop_source ended_;
   std::once_flag watching_;
-  std::thread watcher_;
+  std::jthread watcher_;
 };
 
 }  // namespace wifi_profile::linux

@@ -1,7 +1,6 @@
 #include "devices/linux/LinuxService.h"
 
 #include <algorithm>
-#include <system_error>
 
 #include "analysis/checks/Subject.h"
 #include "devices/DeviceBackEnds.h"
@@ -22,15 +21,6 @@ constexpr checks::FactSet kReachFacts{facts::Fact::lanPings,       facts::Fact::
                                       facts::Fact::siteReach,      facts::Fact::sitePage,
                                       facts::Fact::routerOutside};
 
-checks::FactSet withoutReach(checks::FactSet facts) {
-  checks::FactSet rest{};
-  for (int i = 0; i < facts::kFactCount; ++i) {
-    if (facts.holds(facts::Fact(i)) && !kReachFacts.holds(facts::Fact(i)))
-      rest = rest.with({facts::Fact(i)});
-  }
-  return rest;
-}
-
 // The facts that the tests of a run need.
 checks::FactSet allFacts() {
   checks::FactSet all{};
@@ -49,13 +39,6 @@ std::chrono::seconds oldestScanOf(const VqDiagnosticsTestRequest& request) {
       configuration ? as<Number>(configuration->objectForKey("MaxScanCacheAge")) : nullptr;
   const double age = number ? number->toDouble() : 0;
   return std::chrono::seconds(age > 0 ? static_cast<std::int64_t>(std::min(age, kOldest)) : 0);
-}
-
-// The error for a lack of descriptors. Other shortages are reported as Error by the code that
-// meets them.
-VqErrorRef nothingLeft() {
-  return errorOf(
-      {Reason::failed, "The system has no descriptors left: close other programs, and try again."});
 }
 
 }  // namespace
@@ -83,12 +66,7 @@ DiagnosticsTestResults LinuxService::runDiagnosticsTests(const VqDiagnosticsTest
 
 LinuxService::Outcome LinuxService::serve(const VqDiagnosticsTestRequest& request) {
   devices::traceRequest(request);
-  std::optional<facts::Facts> facts;
-  try {
-    facts = factsFor(request);
-  } catch (const std::system_error&) {
-    return nothingLeft();
-  }
+  const auto facts = factsFor(request);
   if (!facts) return devices::makeError(kCancelled, "cancelled");
   const checks::Question question{
       .facts = *facts, .settings = settings_, .networkName = devices::networkNameOf(request)};
@@ -102,29 +80,30 @@ LinuxService::Outcome LinuxService::serve(const VqDiagnosticsTestRequest& reques
   return result;
 }
 
-std::optional<facts::Facts> LinuxService::factsFor(const VqDiagnosticsTestRequest& request) {
+FactCollection::FactsRef LinuxService::factsFor(const VqDiagnosticsTestRequest& request) {
   if (request.testID() != DiagnosticsTestID::NoScanResults) {
-    const auto running = gathering(request);
-    return running ? awaitFacts(*running, request) : std::nullopt;
+    const auto running = collection(request);
+    return running ? awaitFacts(*running, request) : nullptr;
   }
-  const auto cancellation = std::make_shared<Cancellation>();
+  const std::stop_source cancellation;
   {
     const std::lock_guard lock(mutex_);
-    if (closed_) return std::nullopt;
+    if (closed_) return nullptr;
     scans_.push_back(cancellation);
   }
-  facts::Facts facts;
-  facts.scan = finder_->scan(oldestScanOf(request), {Clock::now() + kScanLimit, *cancellation});
+  auto facts = std::make_shared<facts::Facts>();
+  facts->scan =
+      finder_->scan(oldestScanOf(request), Deadline::in(kScanLimit, cancellation.get_token()));
   const std::lock_guard lock(mutex_);
   scans_.remove(cancellation);
-  if (cancellation->isCancelled()) return std::nullopt;
+  if (cancellation.stop_requested()) return nullptr;
   return facts;
 }
 
 // The tests of the device run first and name the network that the run is about. If that is the
 // joined network, the tasks that send packets through it start now, without waiting for those
 // tests.
-void LinuxService::beginEarly(Gathering& running, const VqDiagnosticsTestRequest& request) {
+void LinuxService::beginEarly(FactCollection& running, const VqDiagnosticsTestRequest& request) {
   const TextRef name = devices::networkNameOf(request);
   if (!name || isExcludedFromRuns(name)) return;
   const auto known = running.await({facts::Fact::link});
@@ -133,14 +112,14 @@ void LinuxService::beginEarly(Gathering& running, const VqDiagnosticsTestRequest
 
 // Sends no packets through the joined network until a test of that network needs their result: a
 // network that must not be tested must not be probed either.
-std::optional<facts::Facts> LinuxService::awaitFacts(Gathering& running,
-                                                     const VqDiagnosticsTestRequest& request) {
+FactCollection::FactsRef LinuxService::awaitFacts(FactCollection& running,
+                                                  const VqDiagnosticsTestRequest& request) {
   const checks::FactSet needs = checks::checkOf(request.testID()).needs;
   beginEarly(running, request);
   if (!needs.meets(kReachFacts)) return running.await(needs);
   if (const TextRef name = devices::networkNameOf(request)) {
-    auto known = running.await(withoutReach(needs));
-    if (!known) return std::nullopt;
+    auto known = running.await(needs.without(kReachFacts));
+    if (!known) return nullptr;
     const checks::Question question{.facts = *known, .settings = settings_, .networkName = name};
     if (checks::whyNotAMember(question)) return known;
   }
@@ -148,28 +127,23 @@ std::optional<facts::Facts> LinuxService::awaitFacts(Gathering& running,
   return running.await(needs);
 }
 
-std::shared_ptr<Gathering> LinuxService::gathering(const VqDiagnosticsTestRequest& request) {
+std::shared_ptr<FactCollection> LinuxService::collection(const VqDiagnosticsTestRequest& request) {
   const std::lock_guard lock(mutex_);
-  if (!gathering_ && !closed_) {
-    gathering_ = std::make_shared<Gathering>(finder_->errands(oldestScanOf(request)), finder_);
-    gathering_->begin(withoutReach(allFacts()));
+  if (!collection_ && !closed_) {
+    collection_ = std::make_shared<FactCollection>(finder_->tasks(oldestScanOf(request)), finder_);
+    collection_->begin(allFacts().without(kReachFacts));
   }
-  return gathering_;
+  return collection_;
 }
 
 std::shared_ptr<const VqStatus> LinuxService::queryStatusForPeer(const VqPeer* /*peer*/,
                                                                  VqErrorRef& error) {
   VqWiFiStatus wifi;
-  try {
-    const Cancellation nobody;
-    const auto link = finder_->link({Clock::now() + kStatusLimit, nobody});
-    if (link) {
-      wifi = {makeText(link->ssid), makeText(link->bssid)};
-    } else if (link.error().reason != Reason::notJoined) {
-      error = errorOf(link.error());
-    }
-  } catch (const std::system_error&) {
-    error = nothingLeft();
+  const auto link = finder_->link(Deadline::in(kStatusLimit));
+  if (link) {
+    wifi = {makeText(link->ssid), makeText(link->bssid)};
+  } else if (link.error().reason != Reason::notJoined) {
+    error = errorOf(link.error());
   }
   devices::traceStatus(wifi, error);
   return std::make_shared<const VqStatus>(VqStatus{std::make_shared<const VqWiFiStatus>(wifi)});
@@ -178,18 +152,17 @@ std::shared_ptr<const VqStatus> LinuxService::queryStatusForPeer(const VqPeer* /
 void LinuxService::cancelAllRequests() {
   traceEvent("service.cancel");
   const std::lock_guard lock(mutex_);
-  for (const auto& scan : scans_) scan->cancel();
-  if (!gathering_) return;
-  gathering_->cancel();
-  ended_.push_back(std::move(gathering_));
-  gathering_ = nullptr;
+  for (auto& scan : scans_) scan.request_stop();
+  if (!collection_) return;
+  collection_->cancel();
+  collection_ = nullptr;
 }
 
 void LinuxService::close() {
   const std::lock_guard lock(mutex_);
   closed_ = true;
-  for (const auto& scan : scans_) scan->cancel();
-  if (gathering_) gathering_->cancel();
+  for (auto& scan : scans_) scan.request_stop();
+  if (collection_) collection_->cancel();
 }
 
 }  // namespace wifi_profile::linux

@@ -6,9 +6,10 @@
 #include <list>
 #include <memory>
 #include <mutex>
+#include <stop_token>
 
 #include "analysis/checks/Checks.h"
-#include "devices/linux/Gathering.h"
+#include "devices/linux/FactCollection.h"
 #include "diagnostic/platform/DiagnosticsService.h"
 
 namespace wifi_profile::linux {
@@ -16,13 +17,13 @@ namespace wifi_profile::linux {
 // Finds the facts that the service needs. Any thread.
 class FactFinder : public Interface {
  public:
-  virtual Result<facts::Link> link(const Patience& patience) = 0;
+  virtual Result<facts::Link> link(const Deadline& deadline) = 0;
 
   // Returns a scan no older than `oldest`; 0 requests a new scan.
-  virtual Result<facts::Scan> scan(std::chrono::seconds oldest, const Patience& patience) = 0;
+  virtual Result<facts::Scan> scan(std::chrono::seconds oldest, const Deadline& deadline) = 0;
 
   // Returns the tasks that find all facts of one run of tests.
-  virtual std::vector<Errand> errands(std::chrono::seconds oldestScan) = 0;
+  virtual std::vector<FactTask> tasks(std::chrono::seconds oldestScan) = 0;
 };
 
 // Answers every test by applying its check to the facts.
@@ -58,21 +59,19 @@ class LinuxService final : public VqClient {
   using Outcome = std::variant<DiagnosticsTestResult, VqErrorRef>;
 
   Outcome serve(const VqDiagnosticsTestRequest& request);
-  std::optional<facts::Facts> factsFor(const VqDiagnosticsTestRequest& request);
-  void beginEarly(Gathering& running, const VqDiagnosticsTestRequest& request);
-  std::optional<facts::Facts> awaitFacts(Gathering& running,
-                                         const VqDiagnosticsTestRequest& request);
-  std::shared_ptr<Gathering> gathering(const VqDiagnosticsTestRequest& request);
+  FactCollection::FactsRef factsFor(const VqDiagnosticsTestRequest& request);
+  void beginEarly(FactCollection& running, const VqDiagnosticsTestRequest& request);
+  FactCollection::FactsRef awaitFacts(FactCollection& running,
+                                      const VqDiagnosticsTestRequest& request);
+  std::shared_ptr<FactCollection> collection(const VqDiagnosticsTestRequest& request);
 
   const std::shared_ptr<FactFinder> finder_;
   const checks::Settings settings_;
   std::mutex mutex_;  // guards what follows
   bool closed_ = false;
-  std::shared_ptr<Gathering> gathering_;
-  // Cancelled ones: only the destructor waits for their threads.
-  std::vector<std::shared_ptr<Gathering>> ended_;
+  std::shared_ptr<FactCollection> collection_;
   // Scans of the list (NoScanResults) under way.
-  std::list<std::shared_ptr<Cancellation>> scans_;
+  std::list<std::stop_source> scans_;
 };
 
 }  // namespace wifi_profile::linux

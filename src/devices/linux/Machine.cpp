@@ -39,9 +39,8 @@ Error noInterface(const std::string& name) {
 }  // namespace
 
 std::variant<std::shared_ptr<Machine>, Error> Machine::open(const std::string& interface) {
-  const Cancellation nobody;
   netlink::Nl80211 kernel;
-  const auto all = kernel.interfaces({Clock::now() + kInterfacesLimit, nobody});
+  const auto all = kernel.interfaces(Deadline::in(kInterfacesLimit));
   if (!all) return all.error();
   const auto found = std::find_if(all->begin(), all->end(), [&](const netlink::WifiInterface& one) {
     return interface.empty() ? !one.name.empty() : one.name == interface;
@@ -51,48 +50,48 @@ std::variant<std::shared_ptr<Machine>, Error> Machine::open(const std::string& i
   return std::shared_ptr<Machine>(new Machine(*found));
 }
 
-Result<facts::Link> Machine::link(const Patience& patience) const {
-  return netlink::Nl80211().link(interface_, patience);
+Result<facts::Link> Machine::link(const Deadline& deadline) const {
+  return netlink::Nl80211().link(interface_, deadline);
 }
 
-Result<facts::Radio> Machine::abilities(const Patience& patience) const {
-  return netlink::Nl80211().abilities(interface_, patience);
+Result<facts::Radio> Machine::abilities(const Deadline& deadline) const {
+  return netlink::Nl80211().abilities(interface_, deadline);
 }
 
 Result<netlink::ScanList> Machine::scan(std::chrono::seconds oldest,
-                                        const Patience& patience) const {
+                                        const Deadline& deadline) const {
   netlink::Nl80211 kernel;
   if (oldest.count() > 0) {
-    auto list = kernel.scan(interface_, patience);
-    if (list && isYoung(*list, oldest, patience)) return list;
+    auto list = kernel.scan(interface_, deadline);
+    if (list && isYoung(*list, oldest, deadline)) return list;
   }
-  const Began began = makeScan(kernel, patience.atMost(patience.left() - kManagerLimit));
-  if (!began) return withoutNewScan(kernel, oldest, began.error(), patience);
-  return kernel.scan(interface_, patience, *began - kClockMargin - oldest);
+  const Began began = makeScan(kernel, deadline.atMost(deadline.left() - kManagerLimit));
+  if (!began) return withoutNewScan(kernel, oldest, began.error(), deadline);
+  return kernel.scan(interface_, deadline, *began - kClockMargin - oldest);
 }
 
 // If only the joined access point is in range, the list has no age; the manager may know it.
 bool Machine::isYoung(const netlink::ScanList& list, std::chrono::seconds oldest,
-                      const Patience& patience) const {
+                      const Deadline& deadline) const {
   const auto longest = std::min<std::chrono::nanoseconds>(oldest, netlink::wholeFor(list));
   if (list.age) return *list.age <= longest;
-  const auto since = sinceManagersScan(patience.atMost(kManagerLimit));
+  const auto since = sinceManagersScan(deadline.atMost(kManagerLimit));
   return since && *since <= longest;
 }
 
-std::optional<std::chrono::nanoseconds> Machine::sinceManagersScan(const Patience& patience) const {
-  const auto last = bus::ConnectionManager(*systemBus_).lastScan(interface_.name, patience);
+std::optional<std::chrono::nanoseconds> Machine::sinceManagersScan(const Deadline& deadline) const {
+  const auto last = bus::ConnectionManager(*systemBus_).lastScan(interface_.name, deadline);
   if (!last || !*last) return std::nullopt;
   return sinceBoot() - **last;
 }
 
 Result<netlink::ScanList> Machine::withoutNewScan(netlink::Nl80211& kernel,
                                                   std::chrono::seconds oldest, const Error& why,
-                                                  const Patience& patience) const {
+                                                  const Deadline& deadline) const {
   if (why.reason == Reason::radioOff) return why;
-  auto list = kernel.scan(interface_, patience);
+  auto list = kernel.scan(interface_, deadline);
   if (!list) return why;
-  const Patience little = patience.atMost(kManagerLimit);
+  const Deadline little = deadline.atMost(kManagerLimit);
   const auto listed = bus::ConnectionManager(*systemBus_).accessPoints(interface_.name, little);
   const auto since = sinceManagersScan(little);
   if (!listed || !since || *since > oldest) list->scan.incomplete = why;
@@ -105,49 +104,49 @@ Result<netlink::ScanList> Machine::withoutNewScan(netlink::Nl80211& kernel,
 }
 
 // An interface needs a moment to come up after its radio was switched on.
-Machine::Began Machine::makeScan(netlink::Nl80211& kernel, const Patience& patience) const {
-  const Patience untilReady = patience.atMost(kUntilReady);
+Machine::Began Machine::makeScan(netlink::Nl80211& kernel, const Deadline& deadline) const {
+  const Deadline untilReady = deadline.atMost(kUntilReady);
   while (true) {
-    Began began = tryScan(kernel, patience);
+    Began began = tryScan(kernel, deadline);
     if (began || began.error().reason != Reason::radioOff) return began;
     if (untilReady.isOver() || isSwitchedOff()) return began;
-    waitFor(-1, 0, untilReady.atMost(kBetweenTries));
+    sleepUntil(untilReady.atMost(kBetweenTries));
   }
 }
 
 // The kernel lets only privileged users scan; the connection manager lets users with a local
 // session.
-Machine::Began Machine::tryScan(netlink::Nl80211& kernel, const Patience& patience) const {
-  Began byKernel = kernel.triggerScan(interface_, patience);
+Machine::Began Machine::tryScan(netlink::Nl80211& kernel, const Deadline& deadline) const {
+  Began byKernel = kernel.triggerScan(interface_, deadline);
   if (byKernel || byKernel.error().reason != Reason::notPermitted) return byKernel;
-  return scanByManager(kernel, patience);
+  return scanByManager(kernel, deadline);
 }
 
-Machine::Began Machine::scanByManager(netlink::Nl80211& kernel, const Patience& patience) const {
+Machine::Began Machine::scanByManager(netlink::Nl80211& kernel, const Deadline& deadline) const {
   bus::ConnectionManager manager(*systemBus_);
   while (true) {
     // Discards the ends of earlier scans.
-    if (netlink::NotDone why = kernel.watchScans(patience)) return *why;
+    if (netlink::NotDone why = kernel.watchScans(deadline)) return *why;
     const auto asked = sinceBoot();
-    const auto started = manager.requestScan(interface_.name, patience);
+    const auto started = manager.requestScan(interface_.name, deadline);
     if (!started) return started.error();
     if (*started == bus::ScanStart::notReady) return kNotReady;
     if (*started == bus::ScanStart::started) {
       if (netlink::NotDone why =
-              kernel.awaitScanResults(interface_, netlink::ScansThat::beganAndEnded, patience)) {
+              kernel.awaitScanResults(interface_, netlink::ScansThat::beganAndEnded, deadline)) {
         return *why;
       }
       return asked;
     }
     // Too soon: a scan is under way, or has just ended.
-    const Patience little = patience.atMost(kBeforeAskingAgain);
+    const Deadline little = deadline.atMost(kBeforeAskingAgain);
     const netlink::NotDone none =
         kernel.awaitScanResults(interface_, netlink::ScansThat::ended, little);
     if (!none) return asked - netlink::kLongestScan;  // it began before the request
     const bool mayPass = none->reason == Reason::tookTooLong ||
                          none->reason == Reason::failed;  // for instance an aborted scan
-    if (patience.isOver() || !mayPass) return *none;
-    waitFor(-1, 0, little);  // the failure may have come at once
+    if (deadline.isOver() || !mayPass) return *none;
+    sleepUntil(little);  // the failure may have come at once
   }
 }
 

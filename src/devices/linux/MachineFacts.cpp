@@ -6,7 +6,7 @@
 
 #include "devices/linux/Coexistence.h"
 #include "devices/linux/LinkWatch.h"
-#include "devices/linux/ReachErrands.h"
+#include "devices/linux/ProbeTasks.h"
 #include "devices/linux/bus/Bluez.h"
 #include "devices/linux/bus/ConnectionManager.h"
 #include "devices/linux/bus/SessionProxies.h"
@@ -38,31 +38,31 @@ Found put(Result<T> facts::Facts::*member, Result<T> fact) {
 MachineFacts::MachineFacts(std::shared_ptr<const Machine> machine, devices::Targets targets)
     : machine_(std::move(machine)), targets_(std::move(targets)) {}
 
-Result<facts::Link> MachineFacts::link(const Patience& patience) {
-  return machine_->link(patience);
+Result<facts::Link> MachineFacts::link(const Deadline& deadline) {
+  return machine_->link(deadline);
 }
 
-Result<facts::Scan> MachineFacts::scan(std::chrono::seconds oldest, const Patience& patience) {
-  auto list = machine_->scan(oldest, patience);
+Result<facts::Scan> MachineFacts::scan(std::chrono::seconds oldest, const Deadline& deadline) {
+  auto list = machine_->scan(oldest, deadline);
   if (!list) return list.error();
   return std::move(list->scan);
 }
 
-std::vector<Errand> MachineFacts::errands(std::chrono::seconds oldestScan) {
+std::vector<FactTask> MachineFacts::tasks(std::chrono::seconds oldestScan) {
   const auto watch = std::make_shared<LinkWatch>(linkSourceOf(machine_->interface()));
-  std::vector<Errand> all;
-  addKernelErrands(all, oldestScan, watch);
-  addServiceErrands(all, watch);
-  addReachErrands(all, machine_->interface().name, targets_);
-  for (Errand& errand : all) {
-    errand = boundToLink(std::move(errand),
-                         [watch](const Patience& patience) { return watch->change(patience); });
+  std::vector<FactTask> all;
+  addKernelTasks(all, oldestScan, watch);
+  addServiceTasks(all, watch);
+  addProbeTasks(all, machine_->interface().name, targets_);
+  for (FactTask& task : all) {
+    task = boundToLink(std::move(task),
+                       [watch](const Deadline& deadline) { return watch->change(deadline); });
   }
   return all;
 }
 
-void MachineFacts::addKernelErrands(std::vector<Errand>& all, std::chrono::seconds oldestScan,
-                                    const std::shared_ptr<LinkWatch>& watch) {
+void MachineFacts::addKernelTasks(std::vector<FactTask>& all, std::chrono::seconds oldestScan,
+                                  const std::shared_ptr<LinkWatch>& watch) {
   // The scan's task writes the first survey before the scan; the task of the surveys reads it
   // afterwards. A driver that blocks in the survey delays only the scan, not the link.
   const auto first = std::make_shared<FirstSurveys>();
@@ -70,13 +70,13 @@ void MachineFacts::addKernelErrands(std::vector<Errand>& all, std::chrono::secon
                  .gives = {facts::Fact::link, facts::Fact::radio, facts::Fact::regulatory},
                  .after = {},
                  .limit = kKernelLimit,
-                 .run = [this, watch](const facts::Facts&, const Patience& patience) -> Found {
+                 .run = [this, watch](const facts::Facts&, const Deadline& deadline) -> Found {
                    netlink::Nl80211 kernel;
-                   watch->begin(patience);
-                   auto link = kernel.link(machine_->interface(), patience);
+                   watch->begin(deadline);
+                   auto link = kernel.link(machine_->interface(), deadline);
                    if (link) watch->setLink(*link);
-                   auto radio = kernel.radio(machine_->interface(), patience);
-                   auto regulatory = kernel.regulatory(machine_->interface(), patience);
+                   auto radio = kernel.radio(machine_->interface(), deadline);
+                   auto regulatory = kernel.regulatory(machine_->interface(), deadline);
                    return [link, radio, regulatory](facts::Facts& facts) {
                      facts.link = link;
                      facts.radio = radio;
@@ -87,99 +87,99 @@ void MachineFacts::addKernelErrands(std::vector<Errand>& all, std::chrono::secon
                  .gives = {facts::Fact::scan},
                  .after = {facts::Fact::link},
                  .limit = kScanLimit,
-                 .run = [this, first, oldestScan](const facts::Facts&, const Patience& patience) {
-                   surveyFirst(*first, patience.atMost(kFirstSurveyLimit));
-                   return put(&facts::Facts::scan, scan(oldestScan, patience));
+                 .run = [this, first, oldestScan](const facts::Facts&, const Deadline& deadline) {
+                   surveyFirst(*first, deadline.atMost(kFirstSurveyLimit));
+                   return put(&facts::Facts::scan, scan(oldestScan, deadline));
                  }});
   all.push_back({.name = "survey of the channels",
                  .gives = {facts::Fact::surveys},
                  .after = {facts::Fact::scan},  // a scan visits the channels
                  .limit = kKernelLimit,
-                 .run = [this, first](const facts::Facts&, const Patience& patience) {
-                   return put(&facts::Facts::surveys, surveysSince(*first, patience));
+                 .run = [this, first](const facts::Facts&, const Deadline& deadline) {
+                   return put(&facts::Facts::surveys, surveysSince(*first, deadline));
                  }});
   all.push_back({.name = "driver's answer about Bluetooth",
                  .gives = {facts::Fact::coexistence},
                  .after = {},
                  .limit = kKernelLimit,
-                 .run = [this](const facts::Facts&, const Patience&) {
+                 .run = [this](const facts::Facts&, const Deadline&) {
                    return put(&facts::Facts::coexistence,
                               readCoexistence(machine_->interface().name));
                  }});
 }
 
-void MachineFacts::surveyFirst(FirstSurveys& first, const Patience& patience) const {
-  auto surveys = netlink::Nl80211().surveys(machine_->interface(), patience);
+void MachineFacts::surveyFirst(FirstSurveys& first, const Deadline& deadline) const {
+  auto surveys = netlink::Nl80211().surveys(machine_->interface(), deadline);
   const std::lock_guard lock(first.mutex);
   first.time = Clock::now();
   first.surveys = std::move(surveys);
 }
 
 MachineFacts::FirstSurveys::Surveys MachineFacts::surveysSince(FirstSurveys& first,
-                                                               const Patience& patience) const {
+                                                               const Deadline& deadline) const {
   const auto [time, before] = [&first] {
     const std::lock_guard lock(first.mutex);
     return std::pair(first.time, first.surveys);
   }();
   if (!before) return before;
-  waitFor(-1, 0, {std::min(patience.deadline, time + kBetweenSurveys), patience.cancellation});
-  auto after = netlink::Nl80211().surveys(machine_->interface(), patience);
+  sleepUntil(deadline.until(time + kBetweenSurveys));
+  auto after = netlink::Nl80211().surveys(machine_->interface(), deadline);
   if (!after) return after;
   return netlink::surveysBetween(*before, std::move(*after));
 }
 
-void MachineFacts::addServiceErrands(std::vector<Errand>& all,
-                                     const std::shared_ptr<LinkWatch>& watch) {
+void MachineFacts::addServiceTasks(std::vector<FactTask>& all,
+                                   const std::shared_ptr<LinkWatch>& watch) {
   all.push_back(
       {.name = "answer of the connection manager",
        .gives = {facts::Fact::activeProfile, facts::Fact::savedNetworks, facts::Fact::addresses},
        .after = {},
        .limit = kServicesLimit,
-       .run = [this, watch](const facts::Facts&, const Patience& patience) {
-         watch->begin(patience);
-         return findConnection(patience);
+       .run = [this, watch](const facts::Facts&, const Deadline& deadline) {
+         watch->begin(deadline);
+         return findConnection(deadline);
        }});
   all.push_back({.name = "answer of BlueZ",
                  .gives = {facts::Fact::bluetooth},
                  .after = {},
                  .limit = kServicesLimit,
-                 .run = [this](const facts::Facts&, const Patience& patience) {
+                 .run = [this](const facts::Facts&, const Deadline& deadline) {
                    return put(&facts::Facts::bluetooth,
-                              bus::readBluetooth(*machine_->systemBus(), patience));
+                              bus::readBluetooth(*machine_->systemBus(), deadline));
                  }});
   all.push_back({.name = "answer of the desktop about proxies",
                  .gives = {facts::Fact::sessionProxy},
                  .after = {},
                  .limit = kServicesLimit,
-                 .run = [this](const facts::Facts&, const Patience& patience) {
+                 .run = [this](const facts::Facts&, const Deadline& deadline) {
                    return put(&facts::Facts::sessionProxy,
-                              bus::readSessionProxy(environ, *machine_->sessionBus(), patience));
+                              bus::readSessionProxy(environ, *machine_->sessionBus(), deadline));
                  }});
 }
 
 // Reads the facts in order of importance: a manager that does not answer may use up the time for
 // the later ones.
-Found MachineFacts::findConnection(const Patience& patience) {
+Found MachineFacts::findConnection(const Deadline& deadline) {
   const netlink::WifiInterface& wifi = machine_->interface();
-  const auto read = netlink::readCarrier(wifi.index, patience);
+  const auto read = netlink::readCarrier(wifi.index, deadline);
   const netlink::Carrier carrier =
       read ? *read : netlink::Carrier{.index = wifi.index, .name = wifi.name};
-  auto addresses = netlink::readAddressesOfLink(read, patience);
+  auto addresses = netlink::readAddressesOfLink(read, deadline);
   bus::ConnectionManager manager(*machine_->systemBus());
-  const auto servers = manager.dnsServers(carrier.name, patience);
+  const auto servers = manager.dnsServers(carrier.name, deadline);
   if (addresses) {
     if (carrier.index != wifi.index) addresses->carrier = carrier.name;
-    addresses->otherWayOut = netlink::otherWayOut(carrier.index, patience);
+    addresses->otherWayOut = netlink::otherWayOut(carrier.index, deadline);
     if (servers) addresses->dnsServers = *servers;
     addresses->systemDnsServers =
-        bus::readSystemNameServers(*machine_->systemBus(), carrier.index, patience);
+        bus::readSystemNameServers(*machine_->systemBus(), carrier.index, deadline);
     if (addresses->systemDnsServers) {
       const auto towards = [&](const std::string& server) {
-        return netlink::interfaceTowards(server, patience);
+        return netlink::interfaceTowards(server, deadline);
       };
       const auto isOfLink = [&](const std::string& server) {
         return server == addresses->ipv4Gateway || server == addresses->ipv6Gateway ||
-               netlink::isInOwnSubnet(carrier.index, server, patience);
+               netlink::isInOwnSubnet(carrier.index, server, deadline);
       };
       const auto ofLink =
           bus::nameServersThrough(carrier.index, *addresses->systemDnsServers, isOfLink, towards);
@@ -187,12 +187,12 @@ Found MachineFacts::findConnection(const Patience& patience) {
       if (!ofLink) {
         const auto leavesBy = towards(addresses->systemDnsServers->front());
         if (leavesBy)
-          addresses->systemDnsThrough = netlink::readOtherInterface(*leavesBy, patience);
+          addresses->systemDnsThrough = netlink::readOtherInterface(*leavesBy, deadline);
       }
     }
   }
-  auto profile = manager.activeProfile(carrier.name, patience);
-  auto saved = manager.savedNetworks(machine_->interface().name, patience);
+  auto profile = manager.activeProfile(carrier.name, deadline);
+  auto saved = manager.savedNetworks(machine_->interface().name, deadline);
   return [profile, saved, addresses](facts::Facts& facts) {
     facts.activeProfile = profile;
     facts.savedNetworks = saved;

@@ -5,28 +5,32 @@
 #include <mutex>
 #include <vector>
 
+#include "devices/Targets.h"
 #include "devices/linux/LinuxService.h"
 #include "devices/linux/Machine.h"
-#include "devices/Targets.h"
 
 namespace wifi_profile::linux {
 
 class LinkWatch;
+
+// Longest time for an answer of the services, which answer at once or hang. A run sends no packets
+// through the link until the services have answered or this time has passed.
+inline constexpr std::chrono::milliseconds kServicesLimit{1'400};
 
 // Any thread.
 class MachineFacts final : public FactFinder {
  public:
   MachineFacts(std::shared_ptr<const Machine> machine, devices::Targets targets);
 
-  Result<facts::Link> link(const Patience& patience) override;
-  Result<facts::Scan> scan(std::chrono::seconds oldest, const Patience& patience) override;
-  std::vector<Errand> errands(std::chrono::seconds oldestScan) override;
+  Result<facts::Link> link(const Deadline& deadline) override;
+  Result<facts::Scan> scan(std::chrono::seconds oldest, const Deadline& deadline) override;
+  std::vector<FactTask> tasks(std::chrono::seconds oldestScan) override;
 
  private:
-  void addKernelErrands(std::vector<Errand>& all, std::chrono::seconds oldestScan,
-                        const std::shared_ptr<LinkWatch>& watch);
-  void addServiceErrands(std::vector<Errand>& all, const std::shared_ptr<LinkWatch>& watch);
-  Found findConnection(const Patience& patience);
+  void addKernelTasks(std::vector<FactTask>& all, std::chrono::seconds oldestScan,
+                      const std::shared_ptr<LinkWatch>& watch);
+  void addServiceTasks(std::vector<FactTask>& all, const std::shared_ptr<LinkWatch>& watch);
+  Found findConnection(const Deadline& deadline);
   // The survey at the run's start. Its task may be abandoned, and then end while another thread
   // reads the survey.
   struct FirstSurveys {
@@ -37,10 +41,10 @@ class MachineFacts final : public FactFinder {
                             "The first survey of the channels took too long: try again "
                             "in a while."};
   };
-  void surveyFirst(FirstSurveys& first, const Patience& patience) const;
+  void surveyFirst(FirstSurveys& first, const Deadline& deadline) const;
   // Waits until kBetweenSurveys after the first survey, and returns the difference between then and
   // now.
-  FirstSurveys::Surveys surveysSince(FirstSurveys& first, const Patience& patience) const;
+  FirstSurveys::Surveys surveysSince(FirstSurveys& first, const Deadline& deadline) const;
 
   const std::shared_ptr<const Machine> machine_;
   const devices::Targets targets_;

@@ -199,7 +199,8 @@ facts::RadioInterface readInterface(const ValueReader& value) {
 
 }  // namespace
 
-facts::Link readLink(const ValueReader& value) {
+template <>
+facts::Link readFact(const ValueReader& value) {
   facts::Link link;
   value.object([&](FieldsReader& fields) {
     fields.require("interface", [&](const ValueReader& field) { link.interface = field.text(); });
@@ -212,7 +213,8 @@ facts::Link readLink(const ValueReader& value) {
   return link;
 }
 
-facts::Scan readScan(const ValueReader& value) {
+template <>
+facts::Scan readFact(const ValueReader& value) {
   facts::Scan scan;
   std::set<std::string> seen;
   value.list([&](const ValueReader& element) {
@@ -225,13 +227,15 @@ facts::Scan readScan(const ValueReader& value) {
   return scan;
 }
 
-std::vector<facts::ChannelSurvey> readSurveys(const ValueReader& value) {
+template <>
+std::vector<facts::ChannelSurvey> readFact(const ValueReader& value) {
   std::vector<facts::ChannelSurvey> surveys;
   value.list([&](const ValueReader& element) { surveys.push_back(readSurvey(element)); });
   return surveys;
 }
 
-facts::Radio readRadio(const ValueReader& value) {
+template <>
+facts::Radio readFact(const ValueReader& value) {
   facts::Radio radio;
   value.object([&](FieldsReader& fields) {
     fields.take("channels", [&](const ValueReader& field) {
@@ -246,7 +250,8 @@ facts::Radio readRadio(const ValueReader& value) {
   return radio;
 }
 
-facts::Regulatory readRegulatory(const ValueReader& value) {
+template <>
+facts::Regulatory readFact(const ValueReader& value) {
   facts::Regulatory regulatory;
   value.object([&](FieldsReader& fields) {
     fields.require("country", [&](const ValueReader& field) {

@@ -43,7 +43,8 @@ facts::SavedNetwork readSavedNetwork(const ValueReader& value) {
 
 }  // namespace
 
-facts::Addresses readAddresses(const ValueReader& value) {
+template <>
+facts::Addresses readFact(const ValueReader& value) {
   facts::Addresses addresses;
   value.object([&](FieldsReader& fields) {
     takeTexts(fields, "ipv4", addresses.ipv4, readIpv4);
@@ -69,7 +70,8 @@ facts::Addresses readAddresses(const ValueReader& value) {
   return addresses;
 }
 
-facts::ActiveProfile readActiveProfile(const ValueReader& value) {
+template <>
+facts::ActiveProfile readFact(const ValueReader& value) {
   facts::ActiveProfile profile;
   value.object([&](FieldsReader& fields) {
     fields.take("ipv4",
@@ -83,13 +85,15 @@ facts::ActiveProfile readActiveProfile(const ValueReader& value) {
   return profile;
 }
 
-std::vector<facts::SavedNetwork> readSavedNetworks(const ValueReader& value) {
+template <>
+std::vector<facts::SavedNetwork> readFact(const ValueReader& value) {
   std::vector<facts::SavedNetwork> networks;
   value.list([&](const ValueReader& element) { networks.push_back(readSavedNetwork(element)); });
   return networks;
 }
 
-facts::SessionProxy readSessionProxy(const ValueReader& value) {
+template <>
+facts::SessionProxy readFact(const ValueReader& value) {
   facts::SessionProxy proxy;
   value.object([&](FieldsReader& fields) {
     fields.require("source", [&](const ValueReader& field) { proxy.source = field.text(); });
@@ -97,7 +101,8 @@ facts::SessionProxy readSessionProxy(const ValueReader& value) {
   return proxy;
 }
 
-facts::Bluetooth readBluetooth(const ValueReader& value) {
+template <>
+facts::Bluetooth readFact(const ValueReader& value) {
   facts::Bluetooth bluetooth;
   value.object([&](FieldsReader& fields) {
     takeInteger(fields, "paired", 0, kMostThings, bluetooth.paired);
@@ -106,7 +111,8 @@ facts::Bluetooth readBluetooth(const ValueReader& value) {
   return bluetooth;
 }
 
-facts::Coexistence readCoexistence(const ValueReader& value) {
+template <>
+facts::Coexistence readFact(const ValueReader& value) {
   facts::Coexistence coexistence;
   value.object([&](FieldsReader& fields) {
     fields.require("takesTurns",

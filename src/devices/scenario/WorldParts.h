@@ -8,27 +8,47 @@
 
 namespace wifi_profile::scenario {
 
+template <class T>
+T readFact(const ValueReader& value);
+
 // WorldAir.cpp
-facts::Link readLink(const ValueReader& value);
-facts::Scan readScan(const ValueReader& value);
-std::vector<facts::ChannelSurvey> readSurveys(const ValueReader& value);
-facts::Radio readRadio(const ValueReader& value);
-facts::Regulatory readRegulatory(const ValueReader& value);
+template <>
+facts::Link readFact(const ValueReader& value);
+template <>
+facts::Scan readFact(const ValueReader& value);
+template <>
+std::vector<facts::ChannelSurvey> readFact(const ValueReader& value);
+template <>
+facts::Radio readFact(const ValueReader& value);
+template <>
+facts::Regulatory readFact(const ValueReader& value);
 
 // WorldDevice.cpp
-facts::Addresses readAddresses(const ValueReader& value);
-facts::ActiveProfile readActiveProfile(const ValueReader& value);
-std::vector<facts::SavedNetwork> readSavedNetworks(const ValueReader& value);
-facts::SessionProxy readSessionProxy(const ValueReader& value);
-facts::Bluetooth readBluetooth(const ValueReader& value);
-facts::Coexistence readCoexistence(const ValueReader& value);
+template <>
+facts::Addresses readFact(const ValueReader& value);
+template <>
+facts::ActiveProfile readFact(const ValueReader& value);
+template <>
+std::vector<facts::SavedNetwork> readFact(const ValueReader& value);
+template <>
+facts::SessionProxy readFact(const ValueReader& value);
+template <>
+facts::Bluetooth readFact(const ValueReader& value);
+template <>
+facts::Coexistence readFact(const ValueReader& value);
 
 // WorldReach.cpp
-facts::Pings readPings(const ValueReader& value);
-facts::NameResolution readNameResolution(const ValueReader& value);
-facts::PortalProbe readPortalProbe(const ValueReader& value);
-facts::SiteReach readSiteReach(const ValueReader& value);
-facts::SitePage readSitePage(const ValueReader& value);
-facts::RouterOutside readRouterOutside(const ValueReader& value);
+template <>
+facts::Pings readFact(const ValueReader& value);
+template <>
+facts::NameResolution readFact(const ValueReader& value);
+template <>
+facts::PortalProbe readFact(const ValueReader& value);
+template <>
+facts::SiteReach readFact(const ValueReader& value);
+template <>
+facts::SitePage readFact(const ValueReader& value);
+template <>
+facts::RouterOutside readFact(const ValueReader& value);
 
 }  // namespace wifi_profile::scenario

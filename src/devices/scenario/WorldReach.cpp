@@ -3,7 +3,8 @@
 
 namespace wifi_profile::scenario {
 
-facts::Pings readPings(const ValueReader& value) {
+template <>
+facts::Pings readFact(const ValueReader& value) {
   constexpr int kMostPings = 10'000;
   constexpr double kLongestAnswer = 1e9;  // ms
   facts::Pings pings;
@@ -28,7 +29,8 @@ facts::Pings readPings(const ValueReader& value) {
   return pings;
 }
 
-facts::NameResolution readNameResolution(const ValueReader& value) {
+template <>
+facts::NameResolution readFact(const ValueReader& value) {
   facts::NameResolution resolution;
   value.object([&](FieldsReader& fields) {
     takeText(fields, "name", resolution.name);
@@ -39,7 +41,8 @@ facts::NameResolution readNameResolution(const ValueReader& value) {
   return resolution;
 }
 
-facts::PortalProbe readPortalProbe(const ValueReader& value) {
+template <>
+facts::PortalProbe readFact(const ValueReader& value) {
   using enum facts::PortalProbe::Answer;
   static constexpr std::pair<std::string_view, facts::PortalProbe::Answer> kChoices[]{
       {"open", open}, {"portal", portal}, {"noAnswer", noAnswer}};
@@ -52,7 +55,8 @@ facts::PortalProbe readPortalProbe(const ValueReader& value) {
   return probe;
 }
 
-facts::SiteReach readSiteReach(const ValueReader& value) {
+template <>
+facts::SiteReach readFact(const ValueReader& value) {
   facts::SiteReach reach;
   value.object([&](FieldsReader& fields) {
     fields.require("reached", [&](const ValueReader& field) { reach.reached = field.boolean(); });
@@ -61,7 +65,8 @@ facts::SiteReach readSiteReach(const ValueReader& value) {
   return reach;
 }
 
-facts::SitePage readSitePage(const ValueReader& value) {
+template <>
+facts::SitePage readFact(const ValueReader& value) {
   facts::SitePage page;
   value.object([&](FieldsReader& fields) {
     fields.require("retrieved",
@@ -71,7 +76,8 @@ facts::SitePage readSitePage(const ValueReader& value) {
   return page;
 }
 
-facts::RouterOutside readRouterOutside(const ValueReader& value) {
+template <>
+facts::RouterOutside readFact(const ValueReader& value) {
   facts::RouterOutside outside;
   value.object([&](FieldsReader& fields) {
     fields.take("address", [&](const ValueReader& field) { outside.address = readIpv4(field); });

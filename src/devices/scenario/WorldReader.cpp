@@ -21,45 +21,18 @@ Error readUnknown(const ValueReader& value) {
   return unknown;
 }
 
-// Takes one fact. `missing` completes the sentence for a world without this fact.
 template <class T>
-void takeFact(FieldsReader& fields, std::string_view key, Result<T>& fact,
-              T (*read)(const ValueReader&), std::string_view missing) {
-  fact = Error{Reason::notTold, "The scenario's world does not say " + std::string(missing) + "."};
-  fields.take(key, [&](const ValueReader& field) {
+void takeFact(FieldsReader& fields, const facts::FactRow& row, Result<T>& fact) {
+  fact = Error{Reason::notTold,
+               "The scenario's world does not say " + std::string(row.question) + "."};
+  fields.take(row.name, [&](const ValueReader& field) {
     const auto object = as<Dictionary>(field.value());
     if (object && object->objectForKey("unknown")) {
       fact = readUnknown(field);
     } else {
-      fact = read(field);
+      fact = readFact<T>(field);
     }
   });
-}
-
-void takeFacts(FieldsReader& fields, facts::Facts& facts) {
-  const auto take = [&](std::string_view key, auto& fact, auto read, std::string_view missing) {
-    takeFact(fields, key, fact, read, missing);
-  };
-  take("link", facts.link, readLink, "which network the device is joined to");
-  take("scan", facts.scan, readScan, "which access points are in range");
-  take("surveys", facts.surveys, readSurveys, "how busy and noisy the channels are");
-  take("radio", facts.radio, readRadio, "what the radio can do");
-  take("regulatory", facts.regulatory, readRegulatory, "which country's rules hold");
-  take("addresses", facts.addresses, readAddresses, "which addresses the device has");
-  take("activeProfile", facts.activeProfile, readActiveProfile,
-       "how the joined network is set up on the device");
-  take("savedNetworks", facts.savedNetworks, readSavedNetworks, "which networks are remembered");
-  take("sessionProxy", facts.sessionProxy, readSessionProxy, "whether the session has a proxy");
-  take("bluetooth", facts.bluetooth, readBluetooth, "which Bluetooth devices there are");
-  take("coexistence", facts.coexistence, readCoexistence, "whether Wi-Fi and Bluetooth take turns");
-  take("lanPings", facts.lanPings, readPings, "how the router answers pings");
-  take("wanPings", facts.wanPings, readPings, "how the internet answers pings");
-  take("nameResolution", facts.nameResolution, readNameResolution, "whether names are resolved");
-  take("portalProbe", facts.portalProbe, readPortalProbe, "whether there is a sign-in page");
-  take("siteReach", facts.siteReach, readSiteReach, "whether the site can be reached");
-  take("sitePage", facts.sitePage, readSitePage, "whether the site's page can be fetched");
-  take("routerOutside", facts.routerOutside, readRouterOutside,
-       "what stands between the router and the internet");
 }
 
 // Reads an IPv4 network, such as 192.168.43.0/24.
@@ -129,7 +102,8 @@ void readCheckSettings(const ValueReader& value, checks::Settings& settings) {
 World readWorld(const ValueReader& value) {
   World world;
   value.object([&](FieldsReader& fields) {
-    takeFacts(fields, world.facts);
+    forEachFact(world.facts,
+                [&](const facts::FactRow& row, auto& fact) { takeFact(fields, row, fact); });
     fields.take("settings",
                 [&](const ValueReader& field) { readCheckSettings(field, world.settings); });
     fields.take("delay", [&](const ValueReader& field) { readDelay(field, world); });

@@ -238,27 +238,9 @@ TextRef randomQuestionName(std::mt19937& random) {
 }
 
 void forget(Facts& facts, const std::function<bool(Fact)>& isForgotten) {
-  const auto forgetOne = [&](Fact fact, auto& known) {
-    if (isForgotten(fact)) known = Error{};
-  };
-  forgetOne(Fact::link, facts.link);
-  forgetOne(Fact::scan, facts.scan);
-  forgetOne(Fact::surveys, facts.surveys);
-  forgetOne(Fact::radio, facts.radio);
-  forgetOne(Fact::regulatory, facts.regulatory);
-  forgetOne(Fact::addresses, facts.addresses);
-  forgetOne(Fact::activeProfile, facts.activeProfile);
-  forgetOne(Fact::savedNetworks, facts.savedNetworks);
-  forgetOne(Fact::sessionProxy, facts.sessionProxy);
-  forgetOne(Fact::bluetooth, facts.bluetooth);
-  forgetOne(Fact::coexistence, facts.coexistence);
-  forgetOne(Fact::lanPings, facts.lanPings);
-  forgetOne(Fact::wanPings, facts.wanPings);
-  forgetOne(Fact::nameResolution, facts.nameResolution);
-  forgetOne(Fact::portalProbe, facts.portalProbe);
-  forgetOne(Fact::siteReach, facts.siteReach);
-  forgetOne(Fact::sitePage, facts.sitePage);
-  forgetOne(Fact::routerOutside, facts.routerOutside);
+  forEachFact(facts, [&](const FactRow& row, auto& known) {
+    if (isForgotten(row.fact)) known = Error{};
+  });
 }
 
 }  // namespace wifi_profile::facts

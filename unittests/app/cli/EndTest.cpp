@@ -10,7 +10,7 @@
 
 #include "app/cli/LastResort.h"
 #include "app/cli/Program.h"
-#include "devices/linux/LeftThreads.h"
+#include "devices/linux/Workers.h"
 
 namespace wifi_profile::cli {
 namespace {
@@ -21,16 +21,14 @@ namespace {
   std::exit(endWith(7));
 }
 
-TEST(EndTest, TidiesUpWhenEveryThreadHasEnded) {
-  EXPECT_EXIT(end(), ::testing::ExitedWithCode(1), "");
-}
+TEST(EndTest, TidiesUpWhenNoWorkerIsBusy) { EXPECT_EXIT(end(), ::testing::ExitedWithCode(1), ""); }
 
-TEST(EndTest, NeitherWaitsForAThreadThatWasLeftBehindNorTidiesUpBesideIt) {
-  const auto endBesideAThread = [] {
-    linux::leaveBehind(std::thread([] { std::this_thread::sleep_for(std::chrono::hours(1)); }));
+TEST(EndTest, NeitherWaitsForAWorkerThatIsStuckNorTidiesUpBesideIt) {
+  const auto endBesideAWorker = [] {
+    linux::Workers::shared().run([] { std::this_thread::sleep_for(std::chrono::hours(1)); });
     end();
   };
-  EXPECT_EXIT(endBesideAThread(), ::testing::ExitedWithCode(7), "");
+  EXPECT_EXIT(endBesideAWorker(), ::testing::ExitedWithCode(7), "");
 }
 
 TEST(EndTest, SaysWhatTheSystemLacksWhereNothingElseDoes) {

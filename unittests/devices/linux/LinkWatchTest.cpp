@@ -99,97 +99,97 @@ TEST(ChangeOfLink, OfMissedEventsIsALossOnlyWhereTheLinkIsGoneNow) {
 class LinkWatchOfEvents : public testing::Test {
  protected:
   void SetUp() override {
-    watch_.begin(patience());
+    watch_.begin(deadline());
     watch_.setLink(kHome);
   }
 
-  Patience patience(std::chrono::milliseconds time = kTaskLimit) {
-    return {Clock::now() + time, cancellation_};
+  Deadline deadline(std::chrono::milliseconds time = kTaskLimit) {
+    return Deadline::in(time, cancellation_.get_token());
   }
   // What is gone when this happened; empty: nothing.
-  checks::FactSet goneAfter(const netlink::LinkEvents& events, const Patience& patience) {
+  checks::FactSet goneAfter(const netlink::LinkEvents& events, const Deadline& deadline) {
     events_ = events;
-    const auto change = watch_.change(patience);
+    const auto change = watch_.change(deadline);
     return change ? change->gone : checks::FactSet{};
   }
 
   const checks::FactSet allGone_ = changeOfLink(kHome, kLost, kNotJoined)->gone;
   const checks::FactSet radioGone_ = changeOfLink(kHome, kBoth, kUpstairs)->gone;
-  Cancellation cancellation_;
+  std::stop_source cancellation_;
   netlink::LinkEvents events_;
-  std::function<Result<facts::Link>(const Patience&)> now_ = [](const Patience&) { return kHome; };
-  LinkWatch watch_{{.watch = [](const Patience&) { return netlink::NotDone(); },
+  std::function<Result<facts::Link>(const Deadline&)> now_ = [](const Deadline&) { return kHome; };
+  LinkWatch watch_{{.watch = [](const Deadline&) { return netlink::NotDone(); },
                     .takeEvents = [this] { return std::exchange(events_, {}); },
-                    .now = [this](const Patience& patience) { return now_(patience); }}};
+                    .now = [this](const Deadline& deadline) { return now_(deadline); }}};
 };
 
 TEST_F(LinkWatchOfEvents, LooksAtTheLinkAfterTheDeadlineToo) {
-  now_ = [](const Patience& patience) -> Result<facts::Link> {
-    if (patience.isOver()) return kLookFailed;
+  now_ = [](const Deadline& deadline) -> Result<facts::Link> {
+    if (deadline.isOver()) return kLookFailed;
     return kUpstairs;
   };
-  EXPECT_EQ(goneAfter(kBoth, patience(std::chrono::milliseconds(-1))), radioGone_);
+  EXPECT_EQ(goneAfter(kBoth, deadline(std::chrono::milliseconds(-1))), radioGone_);
 }
 
 TEST_F(LinkWatchOfEvents, KeepsTheEventsUntilALookHasAnswered) {
-  now_ = [](const Patience&) { return kLookFailed; };
-  EXPECT_EQ(goneAfter(kJoined, patience()), checks::FactSet{});
-  now_ = [](const Patience&) { return kUpstairs; };
-  EXPECT_EQ(goneAfter({}, patience()), radioGone_);
+  now_ = [](const Deadline&) { return kLookFailed; };
+  EXPECT_EQ(goneAfter(kJoined, deadline()), checks::FactSet{});
+  now_ = [](const Deadline&) { return kUpstairs; };
+  EXPECT_EQ(goneAfter({}, deadline()), radioGone_);
 }
 
 TEST_F(LinkWatchOfEvents, ALossIsARoamWhereAnotherAccessPointIsJoinedSoonAfter) {
   int looks = 0;
-  now_ = [&](const Patience&) -> Result<facts::Link> {
+  now_ = [&](const Deadline&) -> Result<facts::Link> {
     if (++looks < 3) return kNotJoined;
     return kUpstairs;
   };
-  EXPECT_EQ(goneAfter(kLost, patience()), radioGone_);
+  EXPECT_EQ(goneAfter(kLost, deadline()), radioGone_);
 }
 
-TEST_F(LinkWatchOfEvents, ALossMayStillBeARoamAfterTheDeadlineOfOneErrand) {
-  now_ = [](const Patience&) { return kNotJoined; };
-  EXPECT_EQ(goneAfter(kLost, patience(std::chrono::milliseconds(-1))), allGone_);
-  now_ = [](const Patience&) { return kUpstairs; };
-  EXPECT_EQ(goneAfter({}, patience()), radioGone_);
+TEST_F(LinkWatchOfEvents, ALossMayStillBeARoamAfterTheDeadlineOfOneTask) {
+  now_ = [](const Deadline&) { return kNotJoined; };
+  EXPECT_EQ(goneAfter(kLost, deadline(std::chrono::milliseconds(-1))), allGone_);
+  now_ = [](const Deadline&) { return kUpstairs; };
+  EXPECT_EQ(goneAfter({}, deadline()), radioGone_);
 }
 
 TEST_F(LinkWatchOfEvents, ALossThatWasWaitedForStaysOne) {
-  now_ = [](const Patience&) { return kNotJoined; };
-  EXPECT_EQ(goneAfter(kLost, patience()), allGone_);
-  now_ = [](const Patience&) { return kHome; };
-  EXPECT_EQ(goneAfter({}, patience()), allGone_);
+  now_ = [](const Deadline&) { return kNotJoined; };
+  EXPECT_EQ(goneAfter(kLost, deadline()), allGone_);
+  now_ = [](const Deadline&) { return kHome; };
+  EXPECT_EQ(goneAfter({}, deadline()), allGone_);
 }
 
 TEST_F(LinkWatchOfEvents, HoldsNothingUpWhileItLooks) {
-  now_ = [this](const Patience&) {
+  now_ = [this](const Deadline&) {
     watch_.setLink(kHome);  // would wait for ever
     return kUpstairs;
   };
-  EXPECT_EQ(goneAfter(kJoined, patience()), radioGone_);
+  EXPECT_EQ(goneAfter(kJoined, deadline()), radioGone_);
 }
 
 TEST_F(LinkWatchOfEvents, EventsThatComeWhileItLooksAreLookedAtAsWell) {
   int looks = 0;
-  now_ = [&](const Patience&) {
+  now_ = [&](const Deadline&) {
     if (++looks > 1) return kCafe;
-    EXPECT_EQ(goneAfter(kJoined, patience()), allGone_);
+    EXPECT_EQ(goneAfter(kJoined, deadline()), allGone_);
     return kUpstairs;
   };
-  EXPECT_EQ(goneAfter(kJoined, patience()), allGone_);
+  EXPECT_EQ(goneAfter(kJoined, deadline()), allGone_);
 }
 
 TEST_F(LinkWatchOfEvents, BeginsAgainWhereItCouldNot) {
   netlink::LinkEvents events = kJoined;
   netlink::NotDone problem = kLookFailed;
-  LinkWatch watch{{.watch = [&](const Patience&) { return problem; },
+  LinkWatch watch{{.watch = [&](const Deadline&) { return problem; },
                    .takeEvents = [&] { return events; },
-                   .now = [](const Patience&) { return kCafe; }}};
-  watch.begin(patience());
-  EXPECT_FALSE(watch.change(patience()));
+                   .now = [](const Deadline&) { return kCafe; }}};
+  watch.begin(deadline());
+  EXPECT_FALSE(watch.change(deadline()));
   problem = std::nullopt;
-  watch.begin(patience());
-  EXPECT_TRUE(watch.change(patience()));
+  watch.begin(deadline());
+  EXPECT_TRUE(watch.change(deadline()));
 }
 
 const LinkChange kAllGone{changeOfLink(kHome, kLost, kNotJoined)->gone,
@@ -199,13 +199,13 @@ const LinkChange kRadioGone{changeOfLink(kHome, kBoth, kUpstairs)->gone,
 
 class BoundToLink : public testing::Test {
  protected:
-  // What an errand gives that is bound to a link whose changes are told as listed, one by one.
+  // What an task gives that is bound to a link whose changes are told as listed, one by one.
   facts::Facts factsOf(checks::FactSet gives, std::vector<std::optional<LinkChange>> changes) {
-    Errand errand{.name = "errand",
+    FactTask task{.name = "task",
                   .gives = gives,
                   .after = {},
                   .limit = kTaskLimit,
-                  .run = [this](const facts::Facts&, const Patience&) -> Found {
+                  .run = [this](const facts::Facts&, const Deadline&) -> Found {
                     ++runs_;
                     return [](facts::Facts& facts) {
                       facts.link = facts::Link{.ssid = "Home"};
@@ -215,13 +215,13 @@ class BoundToLink : public testing::Test {
                     };
                   }};
     std::size_t asked = 0;
-    const Errand bound = boundToLink(errand, [&](const Patience&) { return changes.at(asked++); });
+    const FactTask bound = boundToLink(task, [&](const Deadline&) { return changes.at(asked++); });
     facts::Facts facts;
-    bound.run({}, {Clock::now() + kTaskLimit, cancellation_})(facts);
+    bound.run({}, Deadline::in(kTaskLimit, cancellation_.get_token()))(facts);
     return facts;
   }
 
-  Cancellation cancellation_;
+  std::stop_source cancellation_;
   int runs_ = 0;
 };
 

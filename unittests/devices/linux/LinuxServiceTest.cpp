@@ -1,14 +1,13 @@
 #include <atomic>
 #include <gtest/gtest.h>
 #include <limits>
-#include <sys/resource.h>
 #include <thread>
 #include <utility>
 
 #include "devices/linux/Lines.h"
 #include "devices/linux/LinuxService.h"
-#include "devices/linux/NoDescriptors.h"
-#include "devices/linux/ReachErrands.h"
+#include "devices/linux/MachineFacts.h"
+#include "devices/linux/ProbeTasks.h"
 #include "diagnostic/platform/Array.h"
 #include "diagnostic/platform/Number.h"
 #include "diagnostic/tests/Batches.h"
@@ -29,17 +28,16 @@ class Finder final : public FactFinder {
   std::atomic<int> sendings = 0;
   std::chrono::seconds oldest{-1};
 
-  Result<facts::Link> link(const Patience& /*patience*/) override { return facts.link; }
+  Result<facts::Link> link(const Deadline& /*deadline*/) override { return facts.link; }
 
-  Result<facts::Scan> scan(std::chrono::seconds oldestScan, const Patience& patience) override {
+  Result<facts::Scan> scan(std::chrono::seconds oldestScan, const Deadline& deadline) override {
     oldest = oldestScan;
     ++scans;
-    if (scansForEver)
-      waitFor(-1, 0, {Clock::now() + std::chrono::minutes(1), patience.cancellation});
+    if (scansForEver) sleepUntil(Deadline::in(std::chrono::minutes(1), deadline.stop));
     return facts.scan;
   }
 
-  std::vector<Errand> errands(std::chrono::seconds oldestScan) override {
+  std::vector<FactTask> tasks(std::chrono::seconds oldestScan) override {
     ++runs;
     return {{.name = "sending",
              .gives = {facts::Fact::lanPings, facts::Fact::wanPings, facts::Fact::nameResolution,
@@ -47,7 +45,7 @@ class Finder final : public FactFinder {
                        facts::Fact::routerOutside},
              .after = {},
              .limit = std::chrono::minutes(1),
-             .run = [this](const facts::Facts&, const Patience&) -> Found {
+             .run = [this](const facts::Facts&, const Deadline&) -> Found {
                ++sendings;
                return [this](facts::Facts& all) {
                  all.portalProbe = facts.portalProbe ? facts.portalProbe : facts::PortalProbe{};
@@ -61,15 +59,15 @@ class Finder final : public FactFinder {
              .gives = {facts::Fact::link},
              .after = {},
              .limit = std::chrono::minutes(1),
-             .run = [this](const facts::Facts&, const Patience&) -> Found {
+             .run = [this](const facts::Facts&, const Deadline&) -> Found {
                return [link = facts.link](facts::Facts& all) { all.link = link; };
              }},
             {.name = "scan",
              .gives = {facts::Fact::scan},
              .after = {},
              .limit = std::chrono::minutes(1),
-             .run = [this, oldestScan](const facts::Facts&, const Patience& patience) -> Found {
-               return [found = scan(oldestScan, patience)](facts::Facts& all) { all.scan = found; };
+             .run = [this, oldestScan](const facts::Facts&, const Deadline& deadline) -> Found {
+               return [found = scan(oldestScan, deadline)](facts::Facts& all) { all.scan = found; };
              }}};
   }
 };
@@ -184,20 +182,6 @@ TEST_F(LinuxServiceTest, TakesAnAgeThatIsNoTimeForNone) {
   }
 }
 
-// While it lives, no descriptor can be had.
-TEST_F(LinuxServiceTest, WithoutDescriptorsAnswersWithErrors) {
-  const NoDescriptors none;
-  for (const auto test : {DiagnosticsTestID::NoScanResults, DiagnosticsTestID::PoorSignal}) {
-    VqErrorRef error;
-    EXPECT_FALSE(ask(test, error));
-    ASSERT_NE(error, nullptr);
-    EXPECT_EQ(error->code(), static_cast<std::int64_t>(Reason::failed));
-  }
-  VqErrorRef error;
-  EXPECT_EQ(service.queryStatusForPeer(nullptr, error)->wifi->ssidString, nullptr);
-  EXPECT_NE(error, nullptr);
-}
-
 TEST_F(LinuxServiceTest, SendsNothingForTestsOfTheDevice) {
   VqErrorRef error;
   for (const DiagnosticsTestID test : kDeviceConfigurationBatch) ask(test, error);
@@ -228,11 +212,10 @@ TEST_F(LinuxServiceTest, BeginsToSendWithTestsOfTheDeviceThatNameTheJoinedNetwor
 TEST(LimitsOfARun, LeaveTheLastAnswerWithin15SecondsOfTheScan) {
   Lines log;
   const InstalledPlatform platform({.log = &log});
-  std::vector<Errand> errands;
-  addReachErrands(errands, "lo", {});
-  for (const Errand& errand : errands) {
-    EXPECT_LT(kServicesLimit + kGrace + errand.limit + kGrace, std::chrono::seconds(15))
-        << errand.name;
+  std::vector<FactTask> tasks;
+  addProbeTasks(tasks, "lo", {});
+  for (const FactTask& task : tasks) {
+    EXPECT_LT(kServicesLimit + kGrace + task.limit + kGrace, std::chrono::seconds(15)) << task.name;
   }
 }
 

@@ -25,15 +25,15 @@ Result<facts::Bluetooth> bluetoothFrom(const BusValue& objects) {
   return bluetooth;
 }
 
-Result<facts::Bluetooth> readBluetooth(Bus& system, const Patience& patience) {
-  const BusAnswer owner = system.ownerOf(kBluez.busName, patience);
+Result<facts::Bluetooth> readBluetooth(Bus& system, const Deadline& deadline) {
+  const BusAnswer owner = system.ownerOf(kBluez.busName, deadline);
   if (!owner.isGood()) return unknownFrom(owner, kBluez);
   const BusAnswer answer = system.call({owner.first().text().value_or(""),
                                         "/",
                                         "org.freedesktop.DBus.ObjectManager",
                                         "GetManagedObjects",
                                         {}},
-                                       patience);
+                                       deadline);
   if (!answer.isGood()) return unknownFrom(answer, kBluez);
   return bluetoothFrom(answer.first());
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "analysis/facts/DeviceFacts.h"
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "devices/linux/bus/Bus.h"
 #include "diagnostic/platform/Result.h"
 
@@ -13,6 +13,6 @@ namespace wifi_profile::linux::bus {
 Result<facts::Bluetooth> bluetoothFrom(const BusValue& objects);
 
 // Asks BlueZ. noService: BlueZ is not running, or there is no bus. Any thread.
-Result<facts::Bluetooth> readBluetooth(Bus& system, const Patience& patience);
+Result<facts::Bluetooth> readBluetooth(Bus& system, const Deadline& deadline);
 
 }  // namespace wifi_profile::linux::bus

@@ -1,13 +1,14 @@
 #include "devices/linux/bus/Bus.h"
 
+#include <cerrno>
 #include <functional>
+#include <future>
 #include <mutex>
 #include <poll.h>
 #include <sdbus-c++/sdbus-c++.h>
 #include <system_error>
-#include <thread>
 
-#include "devices/linux/LeftThreads.h"
+#include "devices/linux/Workers.h"
 #include "devices/linux/bus/MessageReader.h"
 
 namespace wifi_profile::linux::bus {
@@ -98,60 +99,40 @@ struct Pending {
   }
 };
 
-BusAnswer overdue(const Patience& patience) {
-  return failure(patience.cancellation.isCancelled() ? ErrorKind::calledOff
-                                                     : ErrorKind::tookTooLong);
+BusAnswer overdue(const Deadline& deadline) {
+  return failure(deadline.isCancelled() ? ErrorKind::cancelled : ErrorKind::tookTooLong);
 }
 
 using Connect = std::function<std::unique_ptr<sdbus::IConnection>()>;
 
-// Connects on a thread of its own, because connecting blocks until the bus has answered. The caller
-// thus waits until its deadline at most. An abandoned thread is left behind; the library ends its
-// work after 25 s.
+// Connects on a worker, because connecting blocks until the bus has answered. The caller thus waits
+// until its deadline at most; the library ends the work of an abandoned worker after 25 s.
 class Connecting {
  public:
-  explicit Connecting(Connect connect) : result_(std::make_shared<Result>()) {
-    thread_ = std::thread([result = result_, connect = std::move(connect)] {
-      try {
-        result->connection = connect();
-      } catch (const sdbus::Error& error) {
-        result->error = error;
-      } catch (const std::exception& other) {
-        result->error = sdbus::Error("org.freedesktop.DBus.Error.NoMemory", other.what());
-      }
-      result->ended.cancel();
-    });
+  explicit Connecting(Connect connect) {
+    const auto task =
+        std::make_shared<std::packaged_task<std::unique_ptr<sdbus::IConnection>()>>(connect);
+    result_ = task->get_future();
+    job_ = Workers::shared().run([task] { (*task)(); });
+    if (!job_) throw std::system_error(EAGAIN, std::generic_category());
+    Workers::shared().hasten(job_);
   }
-  ~Connecting() {
-    if (!thread_.joinable()) return;
-    if (result_->ended.isCancelled()) {
-      thread_.join();
-    } else {
-      leaveBehind(std::move(thread_));
-    }
-  }
-  Connecting(Connecting&&) = default;
-  Connecting& operator=(Connecting&&) = delete;
 
-  // Waits for the end, within `patience`. True: connecting has ended.
-  bool wait(const Patience& patience) {
-    waitFor(result_->ended.descriptor(), POLLIN, patience);
-    return result_->ended.isCancelled();
+  // True: connecting has ended.
+  bool wait(const Deadline& deadline) {
+    while (result_.wait_for(deadline.slice()) != std::future_status::ready) {
+      if (!deadline.isOver()) continue;
+      Workers::shared().abandon(job_);
+      return false;
+    }
+    return true;
   }
-  // Call it once, after the end. Throws sdbus::Error if there is no connection.
-  std::unique_ptr<sdbus::IConnection> take() {
-    if (result_->error) throw *result_->error;
-    return std::move(result_->connection);
-  }
+  // Call it once, after the end. Throws what connecting threw.
+  std::unique_ptr<sdbus::IConnection> take() { return result_.get(); }
 
  private:
-  struct Result {
-    std::unique_ptr<sdbus::IConnection> connection;
-    std::optional<sdbus::Error> error;
-    Cancellation ended;  // serves as an event; read the other members only after it
-  };
-  std::shared_ptr<Result> result_;
-  std::thread thread_;
+  std::future<std::unique_ptr<sdbus::IConnection>> result_;
+  Workers::JobRef job_;
 };
 
 }  // namespace
@@ -160,7 +141,7 @@ class Bus::Connection {
  public:
   explicit Connection(Connect connect) : connect_(std::move(connect)) {}
 
-  std::vector<BusAnswer> call(const std::vector<BusCall>& calls, const Patience& patience) {
+  std::vector<BusAnswer> call(const std::vector<BusCall>& calls, const Deadline& deadline) {
     std::unique_lock turn(turn_, std::defer_lock);
     // Declared after the lock, so that it is destroyed before it: abandoning calls uses the
     // connection.
@@ -168,13 +149,13 @@ class Bus::Connection {
     pending.answers.resize(calls.size());
     pending.left = calls.size();
     // Not a timed wait, which would not notice a cancellation.
-    while (!turn.try_lock() && !patience.isOver()) {
-      waitFor(-1, 0, patience.atMost(std::chrono::milliseconds(10)));
+    while (!turn.try_lock() && !deadline.isOver()) {
+      sleepUntil(deadline.atMost(std::chrono::milliseconds(10)));
     }
-    if (!turn.owns_lock() || patience.isOver()) {
-      pending.settleAll(overdue(patience));
+    if (!turn.owns_lock() || deadline.isOver()) {
+      pending.settleAll(overdue(deadline));
     } else {
-      talk(calls, pending, patience);
+      talk(calls, pending, deadline);
     }
     std::vector<BusAnswer> answers;
     answers.reserve(pending.answers.size());
@@ -183,28 +164,28 @@ class Bus::Connection {
   }
 
  private:
-  void talk(const std::vector<BusCall>& calls, Pending& pending, const Patience& patience) {
+  void talk(const std::vector<BusCall>& calls, Pending& pending, const Deadline& deadline) {
     try {
-      if (!connect(patience)) return pending.settleAll(overdue(patience));
+      if (!connect(deadline)) return pending.settleAll(overdue(deadline));
       for (std::size_t index = 0; index < calls.size(); ++index) {
         send(calls[index], index, pending);
       }
-      pump(pending, patience);
+      pump(pending, deadline);
     } catch (const sdbus::Error& lost) {
       BusAnswer why = failure(lost);
       if (why.error->kind != ErrorKind::notPermitted) why.error->kind = ErrorKind::noBus;
       loseConnection(pending, why);
-    } catch (const std::system_error& exhausted) {  // no thread or descriptor left
+    } catch (const std::exception& exhausted) {  // no thread or memory left
       loseConnection(pending, failure(ErrorKind::noBus, {}, exhausted.what()));
     }
   }
 
   // Whether there is a connection, and the bus has not closed it since its last use.
-  bool isConnected(const Patience& patience) {
+  bool isConnected(const Deadline& deadline) {
     try {
       // Messages received since then are late answers that are not needed, or the end of the
       // connection.
-      while (connection_ && !patience.isOver() && connection_->processPendingRequest()) continue;
+      while (connection_ && !deadline.isOver() && connection_->processPendingRequest()) continue;
     } catch (const sdbus::Error&) {
       connection_.reset();
     }
@@ -212,10 +193,10 @@ class Bus::Connection {
   }
 
   // False: the deadline has passed, or the work is cancelled.
-  bool connect(const Patience& patience) {
-    if (isConnected(patience)) return true;
+  bool connect(const Deadline& deadline) {
+    if (isConnected(deadline)) return true;
     if (!connecting_) connecting_.emplace(connect_);
-    if (!connecting_->wait(patience)) return false;
+    if (!connecting_->wait(deadline)) return false;
     auto ended = std::move(*connecting_);
     connecting_.reset();
     connection_ = ended.take();
@@ -248,13 +229,13 @@ class Bus::Connection {
     }
   }
 
-  void pump(Pending& pending, const Patience& patience) {
+  void pump(Pending& pending, const Deadline& deadline) {
     while (pending.left > 0) {
-      if (patience.isOver()) return pending.settleAll(overdue(patience));
+      if (deadline.isOver()) return pending.settleAll(overdue(deadline));
       if (connection_->processPendingRequest()) continue;
       if (pending.left == 0) return;
       const auto poll = connection_->getEventLoopPollData();
-      waitFor(poll.fd, poll.events, patience);
+      waitFor(poll.fd, poll.events, deadline);
     }
   }
 
@@ -286,21 +267,21 @@ std::unique_ptr<Bus> Bus::at(std::string address) {
   })));
 }
 
-std::vector<BusAnswer> Bus::call(const std::vector<BusCall>& calls, const Patience& patience) {
-  return connection_->call(calls, patience);
+std::vector<BusAnswer> Bus::call(const std::vector<BusCall>& calls, const Deadline& deadline) {
+  return connection_->call(calls, deadline);
 }
 
-BusAnswer Bus::call(const BusCall& one, const Patience& patience) {
-  return std::move(connection_->call({one}, patience).front());
+BusAnswer Bus::call(const BusCall& one, const Deadline& deadline) {
+  return std::move(connection_->call({one}, deadline).front());
 }
 
-BusAnswer Bus::ownerOf(const std::string& service, const Patience& patience) {
+BusAnswer Bus::ownerOf(const std::string& service, const Deadline& deadline) {
   BusAnswer answer = call({"org.freedesktop.DBus",
                            "/org/freedesktop/DBus",
                            "org.freedesktop.DBus",
                            "GetNameOwner",
                            {service}},
-                          patience);
+                          deadline);
   if (answer.isGood() && !answer.first().text()) answer = failure(ErrorKind::unreadable);
   return answer;
 }

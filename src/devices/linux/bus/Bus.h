@@ -17,7 +17,7 @@
 #include <variant>
 #include <vector>
 
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "devices/linux/bus/BusValue.h"
 
 namespace wifi_profile::linux::bus {
@@ -30,7 +30,7 @@ struct BusError {
     noSuchThing,   // the service has no such object, interface, method or property
     notPermitted,  // the bus or the service refuses this user
     tookTooLong,   // the deadline passed
-    calledOff,     // the caller cancelled the work
+    cancelled,     // the caller cancelled the work
     unreadable,    // the answer exceeds 4 MiB, or is nested too deep (see readMessage)
     failed,        // the service reported an error of its own
   };
@@ -83,12 +83,12 @@ class Bus {
   // answer for each call, in the order of the calls. At most kCallsAtATime calls, because the bus
   // limits the number of outstanding answers.
   static constexpr std::size_t kCallsAtATime = 64;
-  std::vector<BusAnswer> call(const std::vector<BusCall>& calls, const Patience& patience);
-  BusAnswer call(const BusCall& one, const Patience& patience);
+  std::vector<BusAnswer> call(const std::vector<BusCall>& calls, const Deadline& deadline);
+  BusAnswer call(const BusCall& one, const Deadline& deadline);
 
   // Returns the unique name of the owner of a service's name, as a text. noService: it has no
   // owner.
-  BusAnswer ownerOf(const std::string& service, const Patience& patience);
+  BusAnswer ownerOf(const std::string& service, const Deadline& deadline);
 
  private:
   class Connection;

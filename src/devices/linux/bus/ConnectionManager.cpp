@@ -24,9 +24,9 @@ Error notTold(ManagerKind kind, const char* what) {
 }  // namespace
 
 Result<ManagerKind> ConnectionManager::kind(const std::string& interface,
-                                            const Patience& patience) {
+                                            const Deadline& deadline) {
   if (kind_ && kindOf_ == interface) return *kind_;
-  auto found = findKind(interface, patience);
+  auto found = findKind(interface, deadline);
   if (found) {
     kind_ = *found;
     kindOf_ = interface;
@@ -35,17 +35,17 @@ Result<ManagerKind> ConnectionManager::kind(const std::string& interface,
 }
 
 Result<ManagerKind> ConnectionManager::findKind(const std::string& interface,
-                                                const Patience& patience) {
-  const auto byNetworkManager = NetworkManager(bus_).manages(interface, patience);
+                                                const Deadline& deadline) {
+  const auto byNetworkManager = NetworkManager(bus_).manages(interface, deadline);
   if (byNetworkManager && *byNetworkManager) return ManagerKind::networkManager;
   const auto isAbsent = [](const Result<bool>& manages) {
     return manages || manages.error().reason == Reason::noService;
   };
   if (!isAbsent(byNetworkManager)) return byNetworkManager.error();
-  const auto byIwd = Iwd(bus_).manages(interface, patience);
+  const auto byIwd = Iwd(bus_).manages(interface, deadline);
   if (byIwd && *byIwd) return ManagerKind::iwd;
   if (!isAbsent(byIwd)) return byIwd.error();
-  const auto bySupplicant = Supplicant(bus_).manages(interface, patience);
+  const auto bySupplicant = Supplicant(bus_).manages(interface, deadline);
   if (bySupplicant && *bySupplicant) return ManagerKind::supplicant;
   if (!isAbsent(bySupplicant)) return bySupplicant.error();
   if (byNetworkManager) {
@@ -58,84 +58,84 @@ Result<ManagerKind> ConnectionManager::findKind(const std::string& interface,
 }
 
 Result<facts::ActiveProfile> ConnectionManager::activeProfile(const std::string& interface,
-                                                              const Patience& patience) {
-  const auto manager = kind(interface, patience);
+                                                              const Deadline& deadline) {
+  const auto manager = kind(interface, deadline);
   if (!manager) return manager.error();
   if (*manager != ManagerKind::networkManager)
     return notTold(*manager, "how addresses were set up");
-  return NetworkManager(bus_).activeProfile(interface, patience);
+  return NetworkManager(bus_).activeProfile(interface, deadline);
 }
 
 Result<std::vector<std::string>> ConnectionManager::dnsServers(const std::string& interface,
-                                                               const Patience& patience) {
-  const auto manager = kind(interface, patience);
+                                                               const Deadline& deadline) {
+  const auto manager = kind(interface, deadline);
   if (!manager) return manager.error();
   if (*manager != ManagerKind::networkManager) return notTold(*manager, "the link's DNS servers");
-  return NetworkManager(bus_).dnsServers(interface, patience);
+  return NetworkManager(bus_).dnsServers(interface, deadline);
 }
 
 Result<std::vector<facts::SavedNetwork>> ConnectionManager::savedNetworks(
-    const std::string& interface, const Patience& patience) {
-  const auto manager = kind(interface, patience);
+    const std::string& interface, const Deadline& deadline) {
+  const auto manager = kind(interface, deadline);
   if (!manager) return manager.error();
   switch (*manager) {
     case ManagerKind::networkManager:
-      return NetworkManager(bus_).savedNetworks(patience);
+      return NetworkManager(bus_).savedNetworks(deadline);
     case ManagerKind::iwd:
-      return Iwd(bus_).savedNetworks(patience);
+      return Iwd(bus_).savedNetworks(deadline);
     case ManagerKind::supplicant:
       break;
   }
-  return Supplicant(bus_).savedNetworks(interface, patience);
+  return Supplicant(bus_).savedNetworks(interface, deadline);
 }
 
 Result<LastScan> ConnectionManager::lastScan(const std::string& interface,
-                                             const Patience& patience) {
-  const auto manager = kind(interface, patience);
+                                             const Deadline& deadline) {
+  const auto manager = kind(interface, deadline);
   if (!manager) return manager.error();
   if (*manager != ManagerKind::networkManager) return notTold(*manager, "when it scanned last");
-  return NetworkManager(bus_).lastScan(interface, patience);
+  return NetworkManager(bus_).lastScan(interface, deadline);
 }
 
 Result<std::vector<facts::AccessPoint>> ConnectionManager::accessPoints(
-    const std::string& interface, const Patience& patience) {
-  const auto manager = kind(interface, patience);
+    const std::string& interface, const Deadline& deadline) {
+  const auto manager = kind(interface, deadline);
   if (!manager) return manager.error();
   if (*manager != ManagerKind::networkManager)
     return notTold(*manager, "which access points it heard");
-  return NetworkManager(bus_).accessPoints(interface, patience);
+  return NetworkManager(bus_).accessPoints(interface, deadline);
 }
 
 Result<ScanStart> ConnectionManager::requestScan(const std::string& interface,
-                                                 const Patience& patience) {
-  const auto manager = kind(interface, patience);
+                                                 const Deadline& deadline) {
+  const auto manager = kind(interface, deadline);
   if (!manager) return manager.error();
   switch (*manager) {
     case ManagerKind::networkManager:
-      return NetworkManager(bus_).requestScan(interface, patience);
+      return NetworkManager(bus_).requestScan(interface, deadline);
     case ManagerKind::iwd:
-      return Iwd(bus_).requestScan(interface, patience);
+      return Iwd(bus_).requestScan(interface, deadline);
     case ManagerKind::supplicant:
       break;
   }
-  return Supplicant(bus_).requestScan(interface, patience);
+  return Supplicant(bus_).requestScan(interface, deadline);
 }
 
-Result<bool> ConnectionManager::isRadioOn(const std::string& interface, const Patience& patience) {
-  const auto manager = kind(interface, patience);
+Result<bool> ConnectionManager::isRadioOn(const std::string& interface, const Deadline& deadline) {
+  const auto manager = kind(interface, deadline);
   if (!manager) return manager.error();
   if (*manager == ManagerKind::networkManager)
-    return NetworkManager(bus_).isWirelessEnabled(patience);
+    return NetworkManager(bus_).isWirelessEnabled(deadline);
   return Error{Reason::notSupported,
                std::string(nameOf(*manager)) + " has no switch for all Wi-Fi."};
 }
 
 std::optional<Error> ConnectionManager::setRadioOn(const std::string& interface, bool on,
-                                                   const Patience& patience) {
-  const auto manager = kind(interface, patience);
+                                                   const Deadline& deadline) {
+  const auto manager = kind(interface, deadline);
   if (!manager) return manager.error();
   if (*manager == ManagerKind::networkManager) {
-    return NetworkManager(bus_).setWirelessEnabled(on, patience);
+    return NetworkManager(bus_).setWirelessEnabled(on, deadline);
   }
   return Error{Reason::notSupported,
                std::string(nameOf(*manager)) + " has no switch for all Wi-Fi."};

@@ -10,7 +10,7 @@
 
 #include "analysis/facts/AirFacts.h"
 #include "analysis/facts/DeviceFacts.h"
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "devices/linux/bus/Bus.h"
 #include "devices/linux/bus/ScanRequest.h"
 #include "diagnostic/platform/Result.h"
@@ -23,34 +23,34 @@ class ConnectionManager {
   explicit ConnectionManager(Bus& system) : bus_(system) {}
 
   enum class Kind { networkManager, iwd, supplicant };
-  Result<Kind> kind(const std::string& interface, const Patience& patience);
+  Result<Kind> kind(const std::string& interface, const Deadline& deadline);
 
   // From NetworkManager; notTold with the others. notJoined: there is no connection.
   Result<facts::ActiveProfile> activeProfile(const std::string& interface,
-                                             const Patience& patience);
+                                             const Deadline& deadline);
   // From NetworkManager, IPv4 first; notTold with the others.
   Result<std::vector<std::string>> dnsServers(const std::string& interface,
-                                              const Patience& patience);
+                                              const Deadline& deadline);
   Result<std::vector<facts::SavedNetwork>> savedNetworks(const std::string& interface,
-                                                         const Patience& patience);
+                                                         const Deadline& deadline);
   // When the manager's last scan of the interface ended. From NetworkManager; notTold with the
   // others.
-  Result<LastScan> lastScan(const std::string& interface, const Patience& patience);
+  Result<LastScan> lastScan(const std::string& interface, const Deadline& deadline);
   // The access points that the manager lists. From NetworkManager; notTold with the others.
   Result<std::vector<facts::AccessPoint>> accessPoints(const std::string& interface,
-                                                       const Patience& patience);
+                                                       const Deadline& deadline);
   // Requests a scan. Does not wait for its end.
-  Result<ScanStart> requestScan(const std::string& interface, const Patience& patience);
+  Result<ScanStart> requestScan(const std::string& interface, const Deadline& deadline);
 
   // Whether the manager's switch for all Wi-Fi is on. From NetworkManager; notSupported with the
   // others.
-  Result<bool> isRadioOn(const std::string& interface, const Patience& patience);
+  Result<bool> isRadioOn(const std::string& interface, const Deadline& deadline);
   // Sets that switch. Empty: done. notPermitted: this user may not. The service does not ask for a
   // password.
-  std::optional<Error> setRadioOn(const std::string& interface, bool on, const Patience& patience);
+  std::optional<Error> setRadioOn(const std::string& interface, bool on, const Deadline& deadline);
 
  private:
-  Result<Kind> findKind(const std::string& interface, const Patience& patience);
+  Result<Kind> findKind(const std::string& interface, const Deadline& deadline);
 
   Bus& bus_;
   std::optional<Kind> kind_;

@@ -48,34 +48,34 @@ std::vector<facts::SavedNetwork> savedNetworksFromIwd(const BusValue& objects) {
   return networks;
 }
 
-Result<Iwd::Objects> Iwd::objects(const Patience& patience) {
-  const BusAnswer owner = bus_.ownerOf(kIwd.busName, patience);
+Result<Iwd::Objects> Iwd::objects(const Deadline& deadline) {
+  const BusAnswer owner = bus_.ownerOf(kIwd.busName, deadline);
   if (!owner.isGood()) return unknownFrom(owner, kIwd);
   const std::string name = owner.first().text().value_or("");
   const BusAnswer answer = bus_.call(
-      {name, "/", "org.freedesktop.DBus.ObjectManager", "GetManagedObjects", {}}, patience);
+      {name, "/", "org.freedesktop.DBus.ObjectManager", "GetManagedObjects", {}}, deadline);
   if (!answer.isGood()) return unknownFrom(answer, kIwd);
   return Objects{name, answer.first()};
 }
 
-Result<bool> Iwd::manages(const std::string& interface, const Patience& patience) {
-  const auto found = objects(patience);
+Result<bool> Iwd::manages(const std::string& interface, const Deadline& deadline) {
+  const auto found = objects(deadline);
   if (!found) return found.error();
   return stationPath(found->objects, interface).has_value();
 }
 
-Result<std::vector<facts::SavedNetwork>> Iwd::savedNetworks(const Patience& patience) {
-  const auto found = objects(patience);
+Result<std::vector<facts::SavedNetwork>> Iwd::savedNetworks(const Deadline& deadline) {
+  const auto found = objects(deadline);
   if (!found) return found.error();
   return savedNetworksFromIwd(found->objects);
 }
 
-Result<ScanStart> Iwd::requestScan(const std::string& interface, const Patience& patience) {
-  const auto found = objects(patience);
+Result<ScanStart> Iwd::requestScan(const std::string& interface, const Deadline& deadline) {
+  const auto found = objects(deadline);
   if (!found) return found.error();
   const auto path = stationPath(found->objects, interface);
   if (!path) return Error{Reason::noHardware, "iwd has no station on " + interface + "."};
-  const BusAnswer answer = bus_.call({found->owner, *path, kStation, "Scan", {}}, patience);
+  const BusAnswer answer = bus_.call({found->owner, *path, kStation, "Scan", {}}, deadline);
   if (answer.isGood()) return ScanStart::started;
   const std::string& error = answer.error->name;
   if (error.ends_with(".InProgress") || error.ends_with(".Busy")) return ScanStart::tooSoon;

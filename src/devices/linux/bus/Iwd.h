@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "analysis/facts/DeviceFacts.h"
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "devices/linux/bus/Bus.h"
 #include "devices/linux/bus/ScanRequest.h"
 #include "diagnostic/platform/Result.h"
@@ -21,16 +21,16 @@ class Iwd {
   explicit Iwd(Bus& system) : bus_(system) {}
 
   // Whether iwd has a station on that interface; noService if it is not running.
-  Result<bool> manages(const std::string& interface, const Patience& patience);
-  Result<std::vector<facts::SavedNetwork>> savedNetworks(const Patience& patience);
-  Result<ScanStart> requestScan(const std::string& interface, const Patience& patience);
+  Result<bool> manages(const std::string& interface, const Deadline& deadline);
+  Result<std::vector<facts::SavedNetwork>> savedNetworks(const Deadline& deadline);
+  Result<ScanStart> requestScan(const std::string& interface, const Deadline& deadline);
 
  private:
   struct Objects {
     std::string owner;
     BusValue objects;
   };
-  Result<Objects> objects(const Patience& patience);
+  Result<Objects> objects(const Deadline& deadline);
 
   Bus& bus_;
 };

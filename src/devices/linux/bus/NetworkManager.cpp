@@ -37,30 +37,30 @@ std::optional<std::string> objectAt(const BusValue& properties, const char* key)
 
 }  // namespace
 
-Result<std::string> NetworkManager::owner(const Patience& patience) {
-  const BusAnswer answer = bus_.ownerOf(kNetworkManager.busName, patience);
+Result<std::string> NetworkManager::owner(const Deadline& deadline) {
+  const BusAnswer answer = bus_.ownerOf(kNetworkManager.busName, deadline);
   if (!answer.isGood()) return unknownFrom(answer, kNetworkManager);
   return answer.first().text().value_or("");
 }
 
 Result<NetworkManager::Device> NetworkManager::device(const std::string& interface,
-                                                      const Patience& patience) {
-  const auto service = owner(patience);
+                                                      const Deadline& deadline) {
+  const auto service = owner(deadline);
   if (!service) return service.error();
   const BusAnswer found =
-      bus_.call({*service, kManagerPath, kManager, "GetDeviceByIpIface", {interface}}, patience);
+      bus_.call({*service, kManagerPath, kManager, "GetDeviceByIpIface", {interface}}, deadline);
   const auto path = found.first().text();
   if (!path && (found.isGood() || found.error->kind == BusError::Kind::noSuchThing)) {
     return Error{Reason::noHardware, "NetworkManager knows no interface " + interface + "."};
   }
   if (!path) return unknownFrom(found, kNetworkManager);
-  BusAnswer properties = bus_.call(getProperties(*service, *path, kDevice), patience);
+  BusAnswer properties = bus_.call(getProperties(*service, *path, kDevice), deadline);
   if (!properties.isGood()) return unknownFrom(properties, kNetworkManager);
   return Device{*service, *path, properties.first()};
 }
 
-Result<bool> NetworkManager::manages(const std::string& interface, const Patience& patience) {
-  const auto found = device(interface, patience);
+Result<bool> NetworkManager::manages(const std::string& interface, const Deadline& deadline) {
+  const auto found = device(interface, deadline);
   if (!found && found.error().reason == Reason::noHardware) return false;
   if (!found) return found.error();
   const auto state = found->properties.at("State").integer();
@@ -68,8 +68,8 @@ Result<bool> NetworkManager::manages(const std::string& interface, const Patienc
 }
 
 Result<facts::ActiveProfile> NetworkManager::activeProfile(const std::string& interface,
-                                                           const Patience& patience) {
-  const auto found = device(interface, patience);
+                                                           const Deadline& deadline) {
+  const auto found = device(interface, deadline);
   if (!found) return found.error();
   const auto active = objectAt(found->properties, "ActiveConnection");
   if (!active) return Error{Reason::notJoined, interface + " is not connected."};
@@ -77,19 +77,19 @@ Result<facts::ActiveProfile> NetworkManager::activeProfile(const std::string& in
   if (const auto dhcp = objectAt(found->properties, "Dhcp4Config")) {
     calls.push_back(getProperty(found->owner, *dhcp, kDhcp4Config, "Options"));
   }
-  const auto answers = bus_.call(calls, patience);
+  const auto answers = bus_.call(calls, deadline);
   const auto profile = answers[0].first().text();
   if (!profile) return unknownFrom(answers[0], kNetworkManager);
   const BusAnswer settings =
-      bus_.call({found->owner, *profile, kProfile, "GetSettings", {}}, patience);
+      bus_.call({found->owner, *profile, kProfile, "GetSettings", {}}, deadline);
   if (!settings.isGood()) return unknownFrom(settings, kNetworkManager);
   return activeProfileFrom(
       {settings.first(), found->properties, answers.size() > 1 ? answers[1].first() : BusValue()});
 }
 
 Result<std::vector<std::string>> NetworkManager::dnsServers(const std::string& interface,
-                                                            const Patience& patience) {
-  const auto found = device(interface, patience);
+                                                            const Deadline& deadline) {
+  const auto found = device(interface, deadline);
   if (!found) return found.error();
   const auto ip4 = objectAt(found->properties, "Ip4Config");
   const auto ip6 = objectAt(found->properties, "Ip6Config");
@@ -97,7 +97,7 @@ Result<std::vector<std::string>> NetworkManager::dnsServers(const std::string& i
   const std::string none = "/";
   const auto answers = bus_.call({getProperties(found->owner, ip4.value_or(none), kIp4Config),
                                   getProperties(found->owner, ip6.value_or(none), kIp6Config)},
-                                 patience);
+                                 deadline);
   auto servers = dnsServersFrom(answers[0].first(), answers[1].first());
   // An empty list is certain only if both versions have answered.
   if (servers.empty() && ip4 && !answers[0].isGood())
@@ -107,11 +107,11 @@ Result<std::vector<std::string>> NetworkManager::dnsServers(const std::string& i
   return servers;
 }
 
-Result<std::vector<facts::SavedNetwork>> NetworkManager::savedNetworks(const Patience& patience) {
-  const auto service = owner(patience);
+Result<std::vector<facts::SavedNetwork>> NetworkManager::savedNetworks(const Deadline& deadline) {
+  const auto service = owner(deadline);
   if (!service) return service.error();
   const BusAnswer listed =
-      bus_.call({*service, kSettingsPath, kSettings, "ListConnections", {}}, patience);
+      bus_.call({*service, kSettingsPath, kSettings, "ListConnections", {}}, deadline);
   if (!listed.isGood()) return unknownFrom(listed, kNetworkManager);
   const BusValue::List& paths = listed.first().list();
   const std::size_t count = std::min(paths.size(), kLongestBusList);
@@ -122,7 +122,7 @@ Result<std::vector<facts::SavedNetwork>> NetworkManager::savedNetworks(const Pat
     for (std::size_t index = begin; index < std::min(count, begin + Bus::kCallsAtATime); ++index) {
       calls.push_back({*service, paths[index].text().value_or(""), kProfile, "GetSettings", {}});
     }
-    for (const BusAnswer& answer : bus_.call(calls, patience)) {
+    for (const BusAnswer& answer : bus_.call(calls, deadline)) {
       using Kind = BusError::Kind;
       // A profile may have been deleted meanwhile, or belong to another user.
       const bool isRefused = answer.error && answer.error->kind == Kind::notPermitted;
@@ -137,22 +137,22 @@ Result<std::vector<facts::SavedNetwork>> NetworkManager::savedNetworks(const Pat
   return networks;
 }
 
-Result<LastScan> NetworkManager::lastScan(const std::string& interface, const Patience& patience) {
-  const auto found = device(interface, patience);
+Result<LastScan> NetworkManager::lastScan(const std::string& interface, const Deadline& deadline) {
+  const auto found = device(interface, deadline);
   if (!found) return found.error();
   const BusAnswer answer =
-      bus_.call(getProperty(found->owner, found->path, kWireless, "LastScan"), patience);
+      bus_.call(getProperty(found->owner, found->path, kWireless, "LastScan"), deadline);
   const auto time = answer.first().integer();
   if (!time) return unknownFrom(answer, kNetworkManager);
   return *time < 0 ? LastScan() : LastScan(std::chrono::milliseconds(*time));
 }
 
 Result<std::vector<facts::AccessPoint>> NetworkManager::accessPoints(const std::string& interface,
-                                                                     const Patience& patience) {
-  const auto found = device(interface, patience);
+                                                                     const Deadline& deadline) {
+  const auto found = device(interface, deadline);
   if (!found) return found.error();
   const BusAnswer listed =
-      bus_.call({found->owner, found->path, kWireless, "GetAllAccessPoints", {}}, patience);
+      bus_.call({found->owner, found->path, kWireless, "GetAllAccessPoints", {}}, deadline);
   if (!listed.isGood()) return unknownFrom(listed, kNetworkManager);
   const BusValue::List& paths = listed.first().list();
   const std::size_t count = std::min(paths.size(), kLongestBusList);
@@ -162,7 +162,7 @@ Result<std::vector<facts::AccessPoint>> NetworkManager::accessPoints(const std::
     for (std::size_t index = begin; index < std::min(count, begin + Bus::kCallsAtATime); ++index) {
       calls.push_back(getProperties(found->owner, paths[index].text().value_or(""), kAccessPoint));
     }
-    for (const BusAnswer& answer : bus_.call(calls, patience)) {
+    for (const BusAnswer& answer : bus_.call(calls, deadline)) {
       // An access point may have been removed meanwhile.
       if (answer.error && answer.error->kind != BusError::Kind::noSuchThing) {
         return unknownFrom(answer, kNetworkManager);
@@ -176,11 +176,11 @@ Result<std::vector<facts::AccessPoint>> NetworkManager::accessPoints(const std::
 }
 
 Result<ScanStart> NetworkManager::requestScan(const std::string& interface,
-                                              const Patience& patience) {
-  const auto found = device(interface, patience);
+                                              const Deadline& deadline) {
+  const auto found = device(interface, deadline);
   if (!found) return found.error();
   const BusAnswer answer =
-      bus_.call({found->owner, found->path, kWireless, "RequestScan", {BusOptions{}}}, patience);
+      bus_.call({found->owner, found->path, kWireless, "RequestScan", {BusOptions{}}}, deadline);
   if (answer.isGood()) return ScanStart::started;
   // One error name stands for several refusals; only the message differs.
   const std::string& words = answer.error->message;
@@ -192,33 +192,33 @@ Result<ScanStart> NetworkManager::requestScan(const std::string& interface,
   return unknownFrom(answer, kNetworkManager);
 }
 
-Result<bool> NetworkManager::managerFlag(const char* property, const Patience& patience) {
-  const auto service = owner(patience);
+Result<bool> NetworkManager::managerFlag(const char* property, const Deadline& deadline) {
+  const auto service = owner(deadline);
   if (!service) return service.error();
   const BusAnswer answer =
-      bus_.call(getProperty(*service, kManagerPath, kManager, property), patience);
+      bus_.call(getProperty(*service, kManagerPath, kManager, property), deadline);
   const auto flag = answer.first().boolean();
   if (!flag) return unknownFrom(answer, kNetworkManager);
   return *flag;
 }
 
-Result<bool> NetworkManager::isWirelessEnabled(const Patience& patience) {
-  return managerFlag("WirelessEnabled", patience);
+Result<bool> NetworkManager::isWirelessEnabled(const Deadline& deadline) {
+  return managerFlag("WirelessEnabled", deadline);
 }
 
-Result<bool> NetworkManager::isWirelessHardwareEnabled(const Patience& patience) {
-  return managerFlag("WirelessHardwareEnabled", patience);
+Result<bool> NetworkManager::isWirelessHardwareEnabled(const Deadline& deadline) {
+  return managerFlag("WirelessHardwareEnabled", deadline);
 }
 
-std::optional<Error> NetworkManager::setWirelessEnabled(bool enabled, const Patience& patience) {
-  const auto service = owner(patience);
+std::optional<Error> NetworkManager::setWirelessEnabled(bool enabled, const Deadline& deadline) {
+  const auto service = owner(deadline);
   if (!service) return service.error();
   const BusAnswer answer = bus_.call({*service,
                                       kManagerPath,
                                       "org.freedesktop.DBus.Properties",
                                       "Set",
                                       {kManager, "WirelessEnabled", BooleanVariant{enabled}}},
-                                     patience);
+                                     deadline);
   if (answer.isGood()) return std::nullopt;
   return unknownFrom(answer, kNetworkManager);
 }

@@ -11,7 +11,7 @@
 
 #include "analysis/facts/AirFacts.h"
 #include "analysis/facts/DeviceFacts.h"
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "devices/linux/bus/Bus.h"
 #include "devices/linux/bus/ScanRequest.h"
 #include "diagnostic/platform/Result.h"
@@ -25,33 +25,33 @@ class NetworkManager {
 
   // Whether NetworkManager manages that interface, and so its scans and profiles; noService if it
   // is not running.
-  Result<bool> manages(const std::string& interface, const Patience& patience);
+  Result<bool> manages(const std::string& interface, const Deadline& deadline);
 
   // Returns the profile of the interface's connection; notJoined: there is none.
   Result<facts::ActiveProfile> activeProfile(const std::string& interface,
-                                             const Patience& patience);
+                                             const Deadline& deadline);
   // Returns the link's servers, IPv4 first; notJoined: the interface has no configuration.
   Result<std::vector<std::string>> dnsServers(const std::string& interface,
-                                              const Patience& patience);
+                                              const Deadline& deadline);
   // Returns the profiles of all interfaces, at most kLongestBusList. A profile that this user may
   // not read is left out. notPermitted: this user may read none of them.
-  Result<std::vector<facts::SavedNetwork>> savedNetworks(const Patience& patience);
+  Result<std::vector<facts::SavedNetwork>> savedNetworks(const Deadline& deadline);
 
   // Returns when the last scan of the interface ended, on CLOCK_BOOTTIME; empty: there was none.
-  Result<LastScan> lastScan(const std::string& interface, const Patience& patience);
+  Result<LastScan> lastScan(const std::string& interface, const Deadline& deadline);
   // Returns the access points listed for the interface, parsed by `accessPointFrom`; at most
   // kLongestBusList.
   Result<std::vector<facts::AccessPoint>> accessPoints(const std::string& interface,
-                                                       const Patience& patience);
+                                                       const Deadline& deadline);
   // Requests a scan. Does not wait for its end (see `lastScan`).
-  Result<ScanStart> requestScan(const std::string& interface, const Patience& patience);
+  Result<ScanStart> requestScan(const std::string& interface, const Deadline& deadline);
 
   // The software switch and the hardware switch of all Wi-Fi. Reading them needs no privileges.
-  Result<bool> isWirelessEnabled(const Patience& patience);
-  Result<bool> isWirelessHardwareEnabled(const Patience& patience);
+  Result<bool> isWirelessEnabled(const Deadline& deadline);
+  Result<bool> isWirelessHardwareEnabled(const Deadline& deadline);
   // Sets the software switch. Empty: done. notPermitted: polkit refuses this user; it does not ask
   // for a password.
-  std::optional<Error> setWirelessEnabled(bool enabled, const Patience& patience);
+  std::optional<Error> setWirelessEnabled(bool enabled, const Deadline& deadline);
 
  private:
   struct Device {
@@ -59,9 +59,9 @@ class NetworkManager {
     std::string path;     // path of the interface's object
     BusValue properties;  // a{sv}
   };
-  Result<std::string> owner(const Patience& patience);
-  Result<Device> device(const std::string& interface, const Patience& patience);
-  Result<bool> managerFlag(const char* property, const Patience& patience);
+  Result<std::string> owner(const Deadline& deadline);
+  Result<Device> device(const std::string& interface, const Deadline& deadline);
+  Result<bool> managerFlag(const char* property, const Deadline& deadline);
 
   Bus& bus_;
 };

@@ -40,7 +40,7 @@ Error unknownFrom(const BusError& error, const Service& service) {
               name + " does not let this user ask (" + words + "). " + service.bus.notPermitted};
     case BusError::Kind::tookTooLong:
       return {Reason::tookTooLong, name + " did not answer in time. Try again, or restart it."};
-    case BusError::Kind::calledOff:
+    case BusError::Kind::cancelled:
       return {Reason::tookTooLong,
               name + " was not waited for: the run was called off. Start again."};
     case BusError::Kind::unreadable:

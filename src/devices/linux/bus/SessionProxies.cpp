@@ -49,7 +49,7 @@ facts::SessionProxy proxyInEnvironment(const char* const* environment) {
 }
 
 Result<facts::SessionProxy> readSessionProxy(const char* const* environment, Bus& session,
-                                             const Patience& patience) {
+                                             const Deadline& deadline) {
   facts::SessionProxy proxy = proxyInEnvironment(environment);
   if (!proxy.source.empty()) return proxy;
   using Kind = BusError::Kind;
@@ -61,7 +61,7 @@ Result<facts::SessionProxy> readSessionProxy(const char* const* environment, Bus
     return !hasDesktop &&
            (answer.error->kind == Kind::noService || answer.error->kind == Kind::noSuchThing);
   };
-  const BusAnswer owner = session.ownerOf(kPortal.busName, patience);
+  const BusAnswer owner = session.ownerOf(kPortal.busName, deadline);
   if (hasNoSettings(owner)) return proxy;
   if (!owner.isGood()) return unknownFrom(owner, kPortal);
   const BusAnswer answer = session.call({owner.first().text().value_or(""),
@@ -69,7 +69,7 @@ Result<facts::SessionProxy> readSessionProxy(const char* const* environment, Bus
                                          "org.freedesktop.portal.ProxyResolver",
                                          "Lookup",
                                          {"http://example.com/"}},
-                                        patience);
+                                        deadline);
   if (hasNoSettings(answer)) return proxy;
   if (!answer.isGood()) return unknownFrom(answer, kPortal);
   const BusValue::List& proxies = answer.first().list();

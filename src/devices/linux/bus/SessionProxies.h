@@ -2,7 +2,7 @@
 #pragma once
 
 #include "analysis/facts/DeviceFacts.h"
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "devices/linux/bus/Bus.h"
 #include "diagnostic/platform/Result.h"
 
@@ -18,6 +18,6 @@ facts::SessionProxy proxyInEnvironment(const char* const* environment);
 // names neither a desktop (XDG_CURRENT_DESKTOP) nor a session bus (DBUS_SESSION_BUS_ADDRESS), or if
 // there is no portal and the environment names no desktop.
 Result<facts::SessionProxy> readSessionProxy(const char* const* environment, Bus& session,
-                                             const Patience& patience);
+                                             const Deadline& deadline);
 
 }  // namespace wifi_profile::linux::bus

@@ -52,12 +52,12 @@ std::optional<facts::SavedNetwork> savedNetworkFromSupplicant(const BusValue& pr
 }
 
 Result<Supplicant::Object> Supplicant::find(const std::string& interface,
-                                            const Patience& patience) {
-  const BusAnswer owner = bus_.ownerOf(kSupplicant.busName, patience);
+                                            const Deadline& deadline) {
+  const BusAnswer owner = bus_.ownerOf(kSupplicant.busName, deadline);
   if (!owner.isGood()) return unknownFrom(owner, kSupplicant);
   const std::string name = owner.first().text().value_or("");
   const BusAnswer answer =
-      bus_.call({name, kRootPath, kRoot, "GetInterface", {interface}}, patience);
+      bus_.call({name, kRootPath, kRoot, "GetInterface", {interface}}, deadline);
   if (const auto path = answer.first().text()) return Object{name, *path};
   if (answer.error && answer.error->kind == BusError::Kind::noSuchThing) {
     return Error{Reason::noHardware, "wpa_supplicant does not take care of " + interface + "."};
@@ -65,19 +65,19 @@ Result<Supplicant::Object> Supplicant::find(const std::string& interface,
   return unknownFrom(answer, kSupplicant);
 }
 
-Result<bool> Supplicant::manages(const std::string& interface, const Patience& patience) {
-  const auto object = find(interface, patience);
+Result<bool> Supplicant::manages(const std::string& interface, const Deadline& deadline) {
+  const auto object = find(interface, deadline);
   if (object) return true;
   if (object.error().reason == Reason::noHardware) return false;
   return object.error();
 }
 
 Result<std::vector<facts::SavedNetwork>> Supplicant::savedNetworks(const std::string& interface,
-                                                                   const Patience& patience) {
-  const auto object = find(interface, patience);
+                                                                   const Deadline& deadline) {
+  const auto object = find(interface, deadline);
   if (!object) return object.error();
   const BusAnswer listed =
-      bus_.call(getProperty(object->owner, object->path, kInterface, "Networks"), patience);
+      bus_.call(getProperty(object->owner, object->path, kInterface, "Networks"), deadline);
   if (!listed.isGood()) return unknownFrom(listed, kSupplicant);
   const BusValue::List& paths = listed.first().list();
   const std::size_t count = std::min(paths.size(), kLongestBusList);
@@ -88,7 +88,7 @@ Result<std::vector<facts::SavedNetwork>> Supplicant::savedNetworks(const std::st
       calls.push_back(
           getProperty(object->owner, paths[index].text().value_or(""), kNetwork, "Properties"));
     }
-    for (const BusAnswer& answer : bus_.call(calls, patience)) {
+    for (const BusAnswer& answer : bus_.call(calls, deadline)) {
       if (answer.error && answer.error->kind != BusError::Kind::noSuchThing) {
         return unknownFrom(answer, kSupplicant);
       }
@@ -100,12 +100,12 @@ Result<std::vector<facts::SavedNetwork>> Supplicant::savedNetworks(const std::st
   return networks;
 }
 
-Result<ScanStart> Supplicant::requestScan(const std::string& interface, const Patience& patience) {
-  const auto object = find(interface, patience);
+Result<ScanStart> Supplicant::requestScan(const std::string& interface, const Deadline& deadline) {
+  const auto object = find(interface, deadline);
   if (!object) return object.error();
   const BusAnswer answer =
       bus_.call({object->owner, object->path, kInterface, "Scan", {BusOptions{{"Type", "active"}}}},
-                patience);
+                deadline);
   if (answer.isGood()) return ScanStart::started;
   if (answer.error->name.ends_with(".ScanError")) return ScanStart::tooSoon;
   return unknownFrom(answer, kSupplicant);

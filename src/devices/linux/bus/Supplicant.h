@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "analysis/facts/DeviceFacts.h"
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "devices/linux/bus/Bus.h"
 #include "devices/linux/bus/ScanRequest.h"
 #include "diagnostic/platform/Result.h"
@@ -24,18 +24,18 @@ class Supplicant {
   explicit Supplicant(Bus& system) : bus_(system) {}
 
   // Whether wpa_supplicant manages that interface; noService if it is not running.
-  Result<bool> manages(const std::string& interface, const Patience& patience);
+  Result<bool> manages(const std::string& interface, const Deadline& deadline);
   // Returns the networks of that interface.
   Result<std::vector<facts::SavedNetwork>> savedNetworks(const std::string& interface,
-                                                         const Patience& patience);
-  Result<ScanStart> requestScan(const std::string& interface, const Patience& patience);
+                                                         const Deadline& deadline);
+  Result<ScanStart> requestScan(const std::string& interface, const Deadline& deadline);
 
  private:
   struct Object {
     std::string owner;
     std::string path;  // of the interface
   };
-  Result<Object> find(const std::string& interface, const Patience& patience);
+  Result<Object> find(const std::string& interface, const Deadline& deadline);
 
   Bus& bus_;
 };

@@ -91,16 +91,16 @@ std::optional<std::vector<std::string>> nameServersThrough(
 }
 
 std::optional<std::vector<std::string>> readSystemNameServers(Bus& system, int interface,
-                                                              const Patience& patience,
+                                                              const Deadline& deadline,
                                                               const std::string& resolvConf) {
   auto servers = nameServersIn(firstOf(resolvConf));
   if (std::ranges::any_of(servers, isResolved)) {
-    const BusAnswer owner = system.ownerOf("org.freedesktop.resolve1", patience);
+    const BusAnswer owner = system.ownerOf("org.freedesktop.resolve1", deadline);
     if (!owner.isGood()) return {};
     const BusAnswer told =
         system.call(getProperty(owner.first().text().value_or(""), "/org/freedesktop/resolve1",
                                 "org.freedesktop.resolve1.Manager", "DNS"),
-                    patience);
+                    deadline);
     servers = nameServersOf(interface, told.first());
   }
   if (servers.empty() || std::ranges::any_of(servers, isHere)) return {};

@@ -25,7 +25,7 @@ std::optional<std::vector<std::string>> nameServersThrough(
 // Reads the system's servers. Empty: there are none, or a resolver on this machine does not tell
 // which servers it forwards to. `interface` is the number of the link.
 std::optional<std::vector<std::string>> readSystemNameServers(
-    Bus& system, int interface, const Patience& patience,
+    Bus& system, int interface, const Deadline& deadline,
     const std::string& resolvConf = "/etc/resolv.conf");
 
 // Pure versions: numeric addresses, without link-local IPv6 ones.

@@ -131,10 +131,10 @@ std::optional<DefaultRoute> defaultRouteOf(int interface, const Message& message
 }
 
 // Requests the entries of both IP versions in one dump.
-int ask(NetlinkSocket& socket, int type, ieee80211::Bytes fields, const Patience& patience,
+int ask(NetlinkSocket& socket, int type, ieee80211::Bytes fields, const Deadline& deadline,
         std::vector<Message>& answers) {
   Request request(type, fields, Request::Kind::dump);
-  return socket.ask(request, patience, answers);
+  return socket.ask(request, deadline, answers);
 }
 
 }  // namespace
@@ -179,35 +179,35 @@ bool isInOwnSubnet(int interface, const std::string& address,
   });
 }
 
-bool isInOwnSubnet(int interface, const std::string& address, const Patience& patience) {
+bool isInOwnSubnet(int interface, const std::string& address, const Deadline& deadline) {
   NetlinkSocket socket(NETLINK_ROUTE);
   std::vector<Message> addresses;
-  return ask(socket, RTM_GETADDR, octetsIn(ifaddrmsg{}), patience, addresses) == 0 &&
+  return ask(socket, RTM_GETADDR, octetsIn(ifaddrmsg{}), deadline, addresses) == 0 &&
          isInOwnSubnet(interface, address, addresses);
 }
 
-Result<facts::Addresses> readAddresses(int interface, const Patience& patience) {
+Result<facts::Addresses> readAddresses(int interface, const Deadline& deadline) {
   constexpr std::string_view kSubject = "the interface's addresses";
   NetlinkSocket socket(NETLINK_ROUTE);
   ifinfomsg link{};
   link.ifi_index = interface;
   Request exists(RTM_GETLINK, octetsIn(link), Request::Kind::one);
   std::vector<Message> addresses;
-  int error = interface > 0 ? socket.ask(exists, patience, addresses) : ENODEV;
+  int error = interface > 0 ? socket.ask(exists, deadline, addresses) : ENODEV;
   if (error != 0) return unknownFor(error, kSubject);
 
-  error = ask(socket, RTM_GETADDR, octetsIn(ifaddrmsg{}), patience, addresses);
+  error = ask(socket, RTM_GETADDR, octetsIn(ifaddrmsg{}), deadline, addresses);
   std::vector<Message> routes;
-  if (error == 0) error = ask(socket, RTM_GETROUTE, octetsIn(rtmsg{}), patience, routes);
+  if (error == 0) error = ask(socket, RTM_GETROUTE, octetsIn(rtmsg{}), deadline, routes);
   if (error != 0) return unknownFor(error, kSubject);
   return addressesOf(interface, addresses, routes);
 }
 
 Result<facts::Addresses> readAddressesOfLink(const Result<Carrier>& carrier,
-                                             const Patience& patience) {
+                                             const Deadline& deadline) {
   if (!carrier) return carrier.error();
   if (carrier->otherMember) return sentByAnother(*carrier->otherMember);
-  return readAddresses(carrier->index, patience);
+  return readAddresses(carrier->index, deadline);
 }
 
 }  // namespace wifi_profile::linux::netlink

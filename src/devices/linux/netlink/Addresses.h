@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "analysis/facts/DeviceFacts.h"
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "devices/linux/netlink/Carrier.h"
 #include "devices/linux/netlink/Socket.h"
 #include "diagnostic/platform/Result.h"
@@ -18,16 +18,16 @@ namespace wifi_profile::linux::netlink {
 // this interface. Routes of the main table come before those of other tables. `dnsServers` stays
 // unset: the kernel does not know the name servers. An interface without addresses has empty lists.
 // noHardware: there is no interface of that number.
-Result<facts::Addresses> readAddresses(int interface, const Patience& patience);
+Result<facts::Addresses> readAddresses(int interface, const Deadline& deadline);
 
 // Returns the addresses of the link, which belong to its carrier. Error if the carrier is unknown
 // or another member of it sends.
 Result<facts::Addresses> readAddressesOfLink(const Result<Carrier>& carrier,
-                                             const Patience& patience);
+                                             const Deadline& deadline);
 
 // Whether a numeric address lies in a subnet of the interface's own addresses. False if the kernel
 // does not answer.
-bool isInOwnSubnet(int interface, const std::string& address, const Patience& patience);
+bool isInOwnSubnet(int interface, const std::string& address, const Deadline& deadline);
 
 // Pure versions of the above, from RTM_NEWADDR and RTM_NEWROUTE messages of all interfaces. Any
 // thread.

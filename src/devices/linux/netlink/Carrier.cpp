@@ -110,12 +110,12 @@ Error sentByAnother(const OtherMember& other) {
               other.memberOfLink + " out of " + other.master + ", and try again."};
 }
 
-Result<Carrier> readCarrier(int interface, const Patience& patience) {
+Result<Carrier> readCarrier(int interface, const Deadline& deadline) {
   constexpr std::string_view kSubject = "the interfaces";
   NetlinkSocket socket(NETLINK_ROUTE);
   Request request(RTM_GETLINK, octetsIn(ifinfomsg{}), Request::Kind::dump);
   std::vector<Message> links;
-  if (const int error = socket.ask(request, patience, links); error != 0) {
+  if (const int error = socket.ask(request, deadline, links); error != 0) {
     return unknownFor(error, kSubject);
   }
   const auto carrier = carrierOf(interface, links);
@@ -123,7 +123,7 @@ Result<Carrier> readCarrier(int interface, const Patience& patience) {
   return *carrier;
 }
 
-std::optional<int> interfaceTowards(const std::string& address, const Patience& patience) {
+std::optional<int> interfaceTowards(const std::string& address, const Deadline& deadline) {
   const int family = address.find(':') == std::string::npos ? AF_INET : AF_INET6;
   std::array<std::uint8_t, sizeof(in6_addr)> octets{};
   if (inet_pton(family, address.c_str(), octets.data()) != 1) return std::nullopt;
@@ -135,7 +135,7 @@ std::optional<int> interfaceTowards(const std::string& address, const Patience& 
   request.put(RTA_DST, ieee80211::Bytes(octets).first(count));
   NetlinkSocket socket(NETLINK_ROUTE);
   std::vector<Message> answers;
-  if (socket.ask(request, patience, answers) != 0) return std::nullopt;
+  if (socket.ask(request, deadline, answers) != 0) return std::nullopt;
   for (const Message& answer : answers) {
     if (answer.type != RTM_NEWROUTE || answer.payload.size() < sizeof fields) continue;
     const Attributes route(ieee80211::Bytes(answer.payload).subspan(NLMSG_ALIGN(sizeof fields)));
@@ -154,13 +154,13 @@ std::optional<facts::OtherInterface> otherInterfaceOf(const Message& link) {
       .isTunnel = fields.ifi_type != ARPHRD_ETHER || interface->kind == "tun"};
 }
 
-std::optional<facts::OtherInterface> readOtherInterface(int interface, const Patience& patience) {
+std::optional<facts::OtherInterface> readOtherInterface(int interface, const Deadline& deadline) {
   ifinfomsg fields{};
   fields.ifi_index = interface;
   Request request(RTM_GETLINK, octetsIn(fields), Request::Kind::one);
   NetlinkSocket socket(NETLINK_ROUTE);
   std::vector<Message> links;
-  if (socket.ask(request, patience, links) != 0 || links.empty()) return std::nullopt;
+  if (socket.ask(request, deadline, links) != 0 || links.empty()) return std::nullopt;
   return otherInterfaceOf(links.front());
 }
 
@@ -170,11 +170,11 @@ std::optional<int> otherWayOut(int interface, const std::vector<std::optional<in
   return other == ways.end() ? std::nullopt : *other;
 }
 
-std::optional<std::string> otherWayOut(int interface, const Patience& patience) {
+std::optional<std::string> otherWayOut(int interface, const Deadline& deadline) {
   std::vector<std::optional<int>> ways;
   ways.reserve(kInTheInternet.size());
   for (const char* const address : kInTheInternet) {
-    ways.push_back(interfaceTowards(address, patience));
+    ways.push_back(interfaceTowards(address, deadline));
   }
   const auto other = otherWayOut(interface, ways);
   std::array<char, IF_NAMESIZE> name{};

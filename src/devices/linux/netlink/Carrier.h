@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "analysis/facts/DeviceFacts.h"
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "devices/linux/netlink/Socket.h"
 #include "diagnostic/platform/Result.h"
 
@@ -33,7 +33,7 @@ struct Carrier {
 };
 
 // Reads the carrier of a link. noHardware: there is no interface of that number.
-Result<Carrier> readCarrier(int interface, const Patience& patience);
+Result<Carrier> readCarrier(int interface, const Deadline& deadline);
 
 // Pure version, from RTM_NEWLINK messages of all interfaces. Any thread.
 std::optional<Carrier> carrierOf(int interface, const std::vector<Message>& links);
@@ -43,10 +43,10 @@ Error sentByAnother(const OtherMember& other);
 
 // Returns the number of the interface through which packets to this numeric address leave. Empty:
 // there is no route, or the kernel does not answer.
-std::optional<int> interfaceTowards(const std::string& address, const Patience& patience);
+std::optional<int> interfaceTowards(const std::string& address, const Deadline& deadline);
 
 // Describes the interface of this number; empty if the kernel does not answer.
-std::optional<facts::OtherInterface> readOtherInterface(int interface, const Patience& patience);
+std::optional<facts::OtherInterface> readOtherInterface(int interface, const Deadline& deadline);
 
 // Pure version, from an RTM_NEWLINK message. An interface that does not send Ethernet frames, or
 // that a program serves (tun and tap), counts as a tunnel.
@@ -55,7 +55,7 @@ std::optional<facts::OtherInterface> otherInterfaceOf(const Message& link);
 // Returns the name of the interface through which packets to the Internet leave, such as a tunnel
 // or a cable, if packets of neither IP version leave through this one. Empty: packets of one IP
 // version do, or there is no route to the Internet.
-std::optional<std::string> otherWayOut(int interface, const Patience& patience);
+std::optional<std::string> otherWayOut(int interface, const Deadline& deadline);
 
 // Pure version: returns the number of that interface. `ways` holds the interface through which
 // packets of each IP version leave; empty: no route. It is enough if one version leaves through

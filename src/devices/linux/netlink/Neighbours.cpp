@@ -66,7 +66,7 @@ NeighbourState neighbourStateOf(int interface, const std::string& address,
 }
 
 NeighbourState awaitNeighbour(int interface, const std::string& address, Clock::time_point begin,
-                              const Patience& patience) {
+                              const Deadline& deadline) {
   NetlinkSocket socket(NETLINK_ROUTE);
   const ndmsg all{};
   const ieee80211::Bytes fields{reinterpret_cast<const std::uint8_t*>(&all), sizeof all};
@@ -74,12 +74,12 @@ NeighbourState awaitNeighbour(int interface, const std::string& address, Clock::
   do {
     Request request(RTM_GETNEIGH, fields, Request::Kind::dump);
     std::vector<Message> neighbours;
-    if (socket.ask(request, patience, neighbours) != 0) return NeighbourState::unknown;
+    if (socket.ask(request, deadline, neighbours) != 0) return NeighbourState::unknown;
     const auto oldest = std::chrono::ceil<std::chrono::milliseconds>(Clock::now() - begin);
     state = neighbourStateOf(interface, address, neighbours, oldest);
     if (state != NeighbourState::unproven) break;
-    waitFor(-1, 0, patience.atMost(kBetweenLooks));
-  } while (!patience.isOver());
+    sleepUntil(deadline.atMost(kBetweenLooks));
+  } while (!deadline.isOver());
   return state;
 }
 

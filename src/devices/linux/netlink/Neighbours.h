@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "devices/linux/netlink/Socket.h"
 
 namespace wifi_profile::linux::netlink {
@@ -21,7 +21,7 @@ enum class NeighbourState {
 // Returns the state of a neighbour; only answers after `begin` count. Waits while the state is
 // unproven, until the deadline. `address` is numeric.
 NeighbourState awaitNeighbour(int interface, const std::string& address, Clock::time_point begin,
-                              const Patience& patience);
+                              const Deadline& deadline);
 
 // Pure version, from RTM_NEWNEIGH messages of all interfaces. Only answers no older than `oldest`
 // count, because the kernel regards a neighbour as reachable for up to 45 s after its last answer.

@@ -40,12 +40,12 @@ Error noWifiDevice() {
           "(modprobe)."};
 }
 
-NotDone Nl80211::open(const Patience& patience) {
+NotDone Nl80211::open(const Deadline& deadline) {
   if (family_ != 0) return std::nullopt;
   Request request(GENL_ID_CTRL, CTRL_CMD_GETFAMILY, Request::Kind::one);
   request.put(CTRL_ATTR_FAMILY_NAME, NL80211_GENL_NAME);
   std::vector<Message> answers;
-  const int error = requests_.ask(request, patience, answers);
+  const int error = requests_.ask(request, deadline, answers);
   if (error == ENOENT) return noWifiDevice();
   if (error != 0) return unknownFor(error, "its Wi-Fi devices");
   if (answers.empty()) return noWifiDevice();
@@ -58,17 +58,17 @@ NotDone Nl80211::open(const Patience& patience) {
 }
 
 Result<std::vector<Message>> Nl80211::ask(Request& request, std::string_view subject,
-                                          const Patience& patience) {
+                                          const Deadline& deadline) {
   std::vector<Message> answers;
-  const int error = requests_.ask(request, patience, answers);
+  const int error = requests_.ask(request, deadline, answers);
   if (error != 0) return unknownFor(error, subject);
   return answers;
 }
 
-Result<std::vector<WifiInterface>> Nl80211::interfaces(const Patience& patience) {
-  if (auto problem = open(patience)) return *problem;
+Result<std::vector<WifiInterface>> Nl80211::interfaces(const Deadline& deadline) {
+  if (auto problem = open(deadline)) return *problem;
   Request request(family_, NL80211_CMD_GET_INTERFACE, Request::Kind::dump);
-  const auto answers = ask(request, "the Wi-Fi interfaces", patience);
+  const auto answers = ask(request, "the Wi-Fi interfaces", deadline);
   if (!answers) return answers.error();
   std::vector<WifiInterface> interfaces;
   for (const Message& answer : *answers) {
@@ -79,9 +79,9 @@ Result<std::vector<WifiInterface>> Nl80211::interfaces(const Patience& patience)
   return interfaces;
 }
 
-Result<WifiInterface> Nl80211::now(const WifiInterface& interface, const Patience& patience) {
+Result<WifiInterface> Nl80211::now(const WifiInterface& interface, const Deadline& deadline) {
   auto request = about(family_, NL80211_CMD_GET_INTERFACE, Request::Kind::one, interface);
-  const auto answers = ask(request, "the state of the interface", patience);
+  const auto answers = ask(request, "the state of the interface", deadline);
   if (!answers) return answers.error();
   if (answers->empty()) return kGone;
   const auto read = interfaceOf(Attributes(answers->front().payload));
@@ -90,9 +90,9 @@ Result<WifiInterface> Nl80211::now(const WifiInterface& interface, const Patienc
 }
 
 Result<std::vector<ScanEntry>> Nl80211::scanEntries(const WifiInterface& interface,
-                                                    const Patience& patience) {
+                                                    const Deadline& deadline) {
   auto request = about(family_, NL80211_CMD_GET_SCAN, Request::Kind::dump, interface);
-  const auto answers = ask(request, "the list of access points", patience);
+  const auto answers = ask(request, "the list of access points", deadline);
   if (!answers) return answers.error();
   std::vector<ScanEntry> entries;
   const auto time = sinceBoot();
@@ -104,13 +104,13 @@ Result<std::vector<ScanEntry>> Nl80211::scanEntries(const WifiInterface& interfa
   return entries;
 }
 
-Result<facts::Link> Nl80211::link(const WifiInterface& interface, const Patience& patience) {
-  if (auto problem = open(patience)) return *problem;
-  const auto current = now(interface, patience);
+Result<facts::Link> Nl80211::link(const WifiInterface& interface, const Deadline& deadline) {
+  if (auto problem = open(deadline)) return *problem;
+  const auto current = now(interface, deadline);
   if (!current) return current.error();
 
   auto request = about(family_, NL80211_CMD_GET_STATION, Request::Kind::dump, interface);
-  const auto stations = ask(request, "the link", patience);
+  const auto stations = ask(request, "the link", deadline);
   if (!stations) return stations.error();
   std::optional<StationEntry> station;
   for (const Message& answer : *stations) {
@@ -118,7 +118,7 @@ Result<facts::Link> Nl80211::link(const WifiInterface& interface, const Patience
   }
   std::optional<ScanEntry> joined;
   if (station) {
-    auto entries = scanEntries(*current, patience);
+    auto entries = scanEntries(*current, deadline);
     // Without the scan list, some values of the link are missing.
     if (!entries && entries.error().reason == Reason::tookTooLong) return entries.error();
     if (entries) {
@@ -134,9 +134,9 @@ Result<facts::Link> Nl80211::link(const WifiInterface& interface, const Patience
   return *link;
 }
 
-NotDone Nl80211::watchLink(const Patience& patience) {
+NotDone Nl80211::watchLink(const Deadline& deadline) {
   constexpr std::string_view kSubject = "changes of the link";
-  if (auto problem = open(patience)) return problem;
+  if (auto problem = open(deadline)) return problem;
   if (linkGroup_ == 0) return unknownFor(EOPNOTSUPP, kSubject);
   if (const int error = events_.listen(linkGroup_); error != 0) return unknownFor(error, kSubject);
   return std::nullopt;
@@ -151,10 +151,10 @@ LinkEvents Nl80211::takeLinkEvents(const WifiInterface& interface) {
   return taken;
 }
 
-Result<ScanList> Nl80211::scan(const WifiInterface& interface, const Patience& patience,
+Result<ScanList> Nl80211::scan(const WifiInterface& interface, const Deadline& deadline,
                                std::optional<std::chrono::nanoseconds> heardSince) {
-  if (auto problem = open(patience)) return *problem;
-  auto entries = scanEntries(interface, patience);
+  if (auto problem = open(deadline)) return *problem;
+  auto entries = scanEntries(interface, deadline);
   if (!entries) return entries.error();
   if (heardSince) {
     removeOlderThan(std::chrono::ceil<std::chrono::milliseconds>(sinceBoot() - *heardSince),
@@ -164,10 +164,10 @@ Result<ScanList> Nl80211::scan(const WifiInterface& interface, const Patience& p
 }
 
 Result<std::vector<facts::ChannelSurvey>> Nl80211::surveys(const WifiInterface& interface,
-                                                           const Patience& patience) {
-  if (auto problem = open(patience)) return *problem;
+                                                           const Deadline& deadline) {
+  if (auto problem = open(deadline)) return *problem;
   auto request = about(family_, NL80211_CMD_GET_SURVEY, Request::Kind::dump, interface);
-  const auto answers = ask(request, "the survey of the channels", patience);
+  const auto answers = ask(request, "the survey of the channels", deadline);
   if (!answers) return answers.error();
   std::vector<facts::ChannelSurvey> surveys;
   for (const Message& answer : *answers) {
@@ -178,19 +178,19 @@ Result<std::vector<facts::ChannelSurvey>> Nl80211::surveys(const WifiInterface& 
   return surveys;
 }
 
-Result<facts::Radio> Nl80211::radio(const WifiInterface& interface, const Patience& patience) {
-  const auto all = interfaces(patience);
+Result<facts::Radio> Nl80211::radio(const WifiInterface& interface, const Deadline& deadline) {
+  const auto all = interfaces(deadline);
   if (!all) return all.error();
-  auto radio = abilities(interface, patience);
+  auto radio = abilities(interface, deadline);
   if (radio) radio->interfaces = interfacesBeside(interface, *all);
   return radio;
 }
 
-Result<facts::Radio> Nl80211::abilities(const WifiInterface& interface, const Patience& patience) {
-  if (auto problem = open(patience)) return *problem;
+Result<facts::Radio> Nl80211::abilities(const WifiInterface& interface, const Deadline& deadline) {
+  if (auto problem = open(deadline)) return *problem;
   Request request(family_, NL80211_CMD_GET_WIPHY, Request::Kind::dump);
   request.putFlag(NL80211_ATTR_SPLIT_WIPHY_DUMP).put(NL80211_ATTR_WIPHY, interface.wiphy);
-  const auto answers = ask(request, "the abilities of the radio", patience);
+  const auto answers = ask(request, "the abilities of the radio", deadline);
   if (!answers) return answers.error();
   facts::Radio radio;
   bool found = false;
@@ -207,11 +207,11 @@ Result<facts::Radio> Nl80211::abilities(const WifiInterface& interface, const Pa
 }
 
 Result<facts::Regulatory> Nl80211::regulatory(const WifiInterface& interface,
-                                              const Patience& patience) {
-  if (auto problem = open(patience)) return *problem;
+                                              const Deadline& deadline) {
+  if (auto problem = open(deadline)) return *problem;
   Request request(family_, NL80211_CMD_GET_REG, Request::Kind::one);
   request.put(NL80211_ATTR_WIPHY, interface.wiphy);
-  const auto answers = ask(request, "the country of the rules", patience);
+  const auto answers = ask(request, "the country of the rules", deadline);
   if (!answers) return answers.error();
   if (!answers->empty()) {
     const auto regulatory = regulatoryOf(Attributes(answers->front().payload));

@@ -21,19 +21,19 @@ Error abortedScan() {
 
 }  // namespace
 
-NotDone Nl80211::watchScans(const Patience& patience) {
-  if (auto problem = open(patience)) return problem;
+NotDone Nl80211::watchScans(const Deadline& deadline) {
+  if (auto problem = open(deadline)) return problem;
   if (scanGroup_ == 0) return unknownFor(EOPNOTSUPP, kSubject);
   if (const int error = events_.listen(scanGroup_); error != 0) return unknownFor(error, kSubject);
   return std::nullopt;
 }
 
-int Nl80211::awaitScanEnd(const WifiInterface& interface, ScansThat which, const Patience& patience,
+int Nl80211::awaitScanEnd(const WifiInterface& interface, ScansThat which, const Deadline& deadline,
                           ScanEvents::End& end) {
   ScanEvents events(interface, which);
   while (true) {
     Message event;
-    const int error = events_.nextEvent(patience, event);
+    const int error = events_.nextEvent(deadline, event);
     if (error != 0) return error;
     if (event.type != family_) continue;
     if (const auto read = events.take(event)) {
@@ -44,16 +44,16 @@ int Nl80211::awaitScanEnd(const WifiInterface& interface, ScansThat which, const
 }
 
 NotDone Nl80211::awaitScanResults(const WifiInterface& interface, ScansThat which,
-                                  const Patience& patience) {
-  if (auto problem = open(patience)) return problem;
+                                  const Deadline& deadline) {
+  if (auto problem = open(deadline)) return problem;
   ScanEvents::End end{};
-  const int error = awaitScanEnd(interface, which, patience, end);
+  const int error = awaitScanEnd(interface, which, deadline, end);
   if (error != 0) return unknownFor(error, kSubject);
   if (end == ScanEvents::End::aborted) return abortedScan();
   return std::nullopt;
 }
 
-int Nl80211::startScan(const WifiInterface& interface, const Patience& patience,
+int Nl80211::startScan(const WifiInterface& interface, const Deadline& deadline,
                        std::uint32_t flags) {
   Request request(family_, NL80211_CMD_TRIGGER_SCAN, Request::Kind::one);
   request.put(NL80211_ATTR_IFINDEX, static_cast<std::uint32_t>(interface.index));
@@ -61,11 +61,11 @@ int Nl80211::startScan(const WifiInterface& interface, const Patience& patience,
   request.putEmptyList(NL80211_ATTR_SCAN_SSIDS);
   if (flags != 0) request.put(NL80211_ATTR_SCAN_FLAGS, flags);
   std::vector<Message> answers;
-  return requests_.ask(request, patience, answers);
+  return requests_.ask(request, deadline, answers);
 }
 
-Error Nl80211::whyNoScan(const WifiInterface& interface, const Patience& patience) {
-  const auto current = now(interface, patience);
+Error Nl80211::whyNoScan(const WifiInterface& interface, const Deadline& deadline) {
+  const auto current = now(interface, deadline);
   if (!current || current->role == facts::RadioInterface::Role::station) {
     return unknownFor(EOPNOTSUPP, kSubject);
   }
@@ -76,15 +76,15 @@ Error Nl80211::whyNoScan(const WifiInterface& interface, const Patience& patienc
 }
 
 Result<std::chrono::nanoseconds> Nl80211::triggerScan(const WifiInterface& interface,
-                                                      const Patience& patience) {
+                                                      const Deadline& deadline) {
   // On 6 GHz, scans only channels that access points of other bands announce, and the preferred
   // scanning channels. The others, most of the band, would take seconds.
   std::uint32_t flags = NL80211_SCAN_FLAG_COLOCATED_6GHZ;
   while (true) {
     // Discards the ends of earlier scans.
-    if (auto problem = watchScans(patience)) return *problem;
+    if (auto problem = watchScans(deadline)) return *problem;
     const auto began = sinceBoot();
-    const int error = startScan(interface, patience, flags);
+    const int error = startScan(interface, deadline, flags);
     if (flags != 0 && (error == EOPNOTSUPP || error == EINVAL)) {
       flags = 0;
       continue;
@@ -93,16 +93,16 @@ Result<std::chrono::nanoseconds> Nl80211::triggerScan(const WifiInterface& inter
     // other scan may also have ended before the events were recorded.
     constexpr std::chrono::milliseconds kUntilNextTry{1000};
     const bool isOurs = error == 0;
-    if (error == EOPNOTSUPP) return whyNoScan(interface, patience);
+    if (error == EOPNOTSUPP) return whyNoScan(interface, deadline);
     if (!isOurs && error != EBUSY) return unknownFor(error, kSubject);
     // Another scan may have ended after `watchScans` and before this one began.
     ScanEvents::End end{};
     const int awaited =
-        isOurs ? awaitScanEnd(interface, ScansThat::beganAndEnded, patience, end)
-               : awaitScanEnd(interface, ScansThat::ended, patience.atMost(kUntilNextTry), end);
+        isOurs ? awaitScanEnd(interface, ScansThat::beganAndEnded, deadline, end)
+               : awaitScanEnd(interface, ScansThat::ended, deadline.atMost(kUntilNextTry), end);
     // Events were lost, perhaps the end of this scan: a further scan has an end of its own.
     if (awaited == ENOBUFS) continue;
-    if (awaited != 0 && (isOurs || awaited != ETIMEDOUT || patience.isOver())) {
+    if (awaited != 0 && (isOurs || awaited != ETIMEDOUT || deadline.isOver())) {
       return unknownFor(awaited, kSubject);
     }
     if (!isOurs) continue;

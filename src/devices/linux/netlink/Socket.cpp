@@ -108,15 +108,15 @@ int NetlinkSocket::open() {
   return 0;
 }
 
-int NetlinkSocket::ask(Request& request, const Patience& patience, std::vector<Message>& answers) {
+int NetlinkSocket::ask(Request& request, const Deadline& deadline, std::vector<Message>& answers) {
   for (int restarts = 0;; ++restarts) {
     bool interrupted = false;
-    const int error = askOnce(request, patience, answers, interrupted);
+    const int error = askOnce(request, deadline, answers, interrupted);
     if (error != 0 || !interrupted || restarts == kMostRestarts) return error;
   }
 }
 
-int NetlinkSocket::askOnce(Request& request, const Patience& patience,
+int NetlinkSocket::askOnce(Request& request, const Deadline& deadline,
                            std::vector<Message>& answers, bool& interrupted) {
   answers.clear();
   if (const int error = open(); error != 0) return error;
@@ -131,7 +131,7 @@ int NetlinkSocket::askOnce(Request& request, const Patience& patience,
   Progress progress;
   while (!progress.ended) {
     ieee80211::Bytes received;
-    int error = await(patience, received);
+    int error = await(deadline, received);
     if (error == 0) {
       take(received, header->nlmsg_seq, progress, answers);
       const bool tooMany = protocol_ == NETLINK_GENERIC && answers.size() > kMostMessages;
@@ -162,13 +162,13 @@ int NetlinkSocket::receive(ieee80211::Bytes& received) {
   return 0;
 }
 
-int NetlinkSocket::await(const Patience& patience, ieee80211::Bytes& received) {
+int NetlinkSocket::await(const Deadline& deadline, ieee80211::Bytes& received) {
   while (true) {
     // Checked in every round, because a socket that is always ready never waits.
-    if (patience.cancellation.isCancelled()) return ECANCELED;
-    if (patience.isOver()) return ETIMEDOUT;
+    if (deadline.isCancelled()) return ECANCELED;
+    if (deadline.isOver()) return ETIMEDOUT;
     if (const int error = receive(received); error != EAGAIN) return error;
-    waitFor(nl_socket_get_fd(socket_.get()), POLLIN, patience);
+    waitFor(nl_socket_get_fd(socket_.get()), POLLIN, deadline);
   }
 }
 
@@ -207,11 +207,11 @@ int NetlinkSocket::listen(int group) {
   return 0;
 }
 
-int NetlinkSocket::nextEvent(const Patience& patience, Message& event) {
+int NetlinkSocket::nextEvent(const Deadline& deadline, Message& event) {
   if (const int error = open(); error != 0) return error;
   while (events_.empty()) {
     ieee80211::Bytes received;
-    if (const int error = await(patience, received); error != 0) return error;
+    if (const int error = await(deadline, received); error != 0) return error;
     keepEvents(received);
   }
   event = std::move(events_.front());

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "analysis/ieee80211/Bytes.h"
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "diagnostic/platform/Result.h"
 
 struct nl_msg;
@@ -71,12 +71,12 @@ class NetlinkSocket {
   // Sends a request and collects the answers. Returns 0 or errno's number: the kernel's own,
   // ETIMEDOUT, ECANCELED, or EMSGSIZE for an answer that is too long. After any error but the
   // kernel's own, the next request uses a new socket.
-  int ask(Request& request, const Patience& patience, std::vector<Message>& answers);
+  int ask(Request& request, const Deadline& deadline, std::vector<Message>& answers);
 
   // Joins a multicast group and discards earlier events.
   int listen(int group);
   // Waits for the next event. Errors as for `ask`; ENOBUFS: events were lost.
-  int nextEvent(const Patience& patience, Message& event);
+  int nextEvent(const Deadline& deadline, Message& event);
   // Returns all events so far, without waiting. 0, or ENOBUFS: events were lost; other errors as
   // for `ask`.
   int takeEvents(std::vector<Message>& events);
@@ -94,12 +94,12 @@ class NetlinkSocket {
   };
 
   int open();
-  int askOnce(Request& request, const Patience& patience, std::vector<Message>& answers,
+  int askOnce(Request& request, const Deadline& deadline, std::vector<Message>& answers,
               bool& interrupted);
   // Receives one datagram without waiting. Returns 0 or errno's number; EAGAIN: there is none.
   int receive(ieee80211::Bytes& received);
   // Waits for a datagram and receives it.
-  int await(const Patience& patience, ieee80211::Bytes& received);
+  int await(const Deadline& deadline, ieee80211::Bytes& received);
   void keepEvents(ieee80211::Bytes received);
   void take(ieee80211::Bytes received, std::uint32_t sequence, Progress& progress,
             std::vector<Message>& answers) const;

@@ -257,9 +257,9 @@ struct Addresses {
 };
 
 Addresses addressesOf(const UrlParts& url, const HttpRequest& request, const Way& way,
-                      const std::vector<Address>& own, const Patience& patience) {
+                      const std::vector<Address>& own, const Deadline& deadline) {
   if (addressOf(url.host, 0, way.interface)) return {};
-  auto answer = resolve(url.host, way, patience);
+  auto answer = resolve(url.host, way, deadline);
   if (!answer) {
     if (answer.error().reason == Reason::failed) {
       return {{}, "no name can be looked up", kMoreRoom};
@@ -307,19 +307,18 @@ void setUp(CURL* easy, const HttpRequest& request, Transfer& transfer, const cur
   curl_easy_setopt(easy, CURLOPT_HEADERDATA, &transfer);
 }
 
-CURLcode perform(CURLM* multi, CURL* easy, const Patience& patience) {
+CURLcode perform(CURLM* multi, CURL* easy, const Deadline& deadline) {
   // The first of several addresses gets half of this time, the next one half of the rest.
   curl_easy_setopt(
       easy, CURLOPT_CONNECTTIMEOUT_MS,
-      std::max(1L, static_cast<long>(std::min(patience.left(), kConnectTime).count())));
+      std::max(1L, static_cast<long>(std::min(deadline.left(), kConnectTime).count())));
   if (curl_multi_add_handle(multi, easy) != CURLM_OK) return CURLE_FAILED_INIT;
   int running = 1;
-  while (running > 0 && !patience.isOver()) {
+  while (running > 0 && !deadline.isOver()) {
     if (curl_multi_perform(multi, &running) != CURLM_OK) return CURLE_FAILED_INIT;
     if (running == 0) break;
-    curl_waitfd called{patience.cancellation.descriptor(), CURL_WAIT_POLLIN, 0};
-    const auto most = static_cast<int>(std::min(patience.left(), kLook).count());
-    if (curl_multi_poll(multi, &called, 1, most, nullptr) != CURLM_OK) return CURLE_FAILED_INIT;
+    const auto most = static_cast<int>(std::min(deadline.slice(), kLook).count());
+    if (curl_multi_poll(multi, nullptr, 0, most, nullptr) != CURLM_OK) return CURLE_FAILED_INIT;
   }
   CURLcode result = CURLE_OPERATION_TIMEDOUT;
   int left = 0;
@@ -327,7 +326,7 @@ CURLcode perform(CURLM* multi, CURL* easy, const Patience& patience) {
     if (message->msg == CURLMSG_DONE) result = message->data.result;
   }
   // Sockets that the watchdog has shut down fail with other codes.
-  return result != CURLE_OK && patience.isOver() ? CURLE_OPERATION_TIMEDOUT : result;
+  return result != CURLE_OK && deadline.isOver() ? CURLE_OPERATION_TIMEDOUT : result;
 }
 
 HttpAnswer failure(std::string problem, std::string remedy = {}) {
@@ -338,7 +337,7 @@ HttpAnswer failure(std::string problem, std::string remedy = {}) {
 }
 
 HttpAnswer transferred(const HttpRequest& request, const Addresses& addresses, Transfer& transfer,
-                       const Patience& patience) {
+                       const Deadline& deadline) {
   const NoBrokenPipe noBrokenPipe;
   List headers;
   for (const std::string& header : request.headers) {
@@ -353,7 +352,7 @@ HttpAnswer transferred(const HttpRequest& request, const Addresses& addresses, T
   const Easy easy(curl_easy_init());
   if (!multi || !easy) return failure("no memory", kMoreRoom);
   setUp(easy.get(), request, transfer, headers.get(), resolved.get());
-  const CURLcode code = perform(multi.get(), easy.get(), patience);
+  const CURLcode code = perform(multi.get(), easy.get(), deadline);
   HttpAnswer& answer = transfer.answer;
   curl_easy_getinfo(easy.get(), CURLINFO_RESPONSE_CODE, &answer.status);
   const char* redirect = nullptr;
@@ -400,23 +399,23 @@ Error notAsked(const HttpAnswer& answer) {
           "The site could not be asked (" + answer.problem + "): " + answer.remedy + "."};
 }
 
-HttpAnswer exchange(const HttpRequest& request, const Way& way, const Patience& patience) {
+HttpAnswer exchange(const HttpRequest& request, const Way& way, const Deadline& deadline) {
   if (!isCurlReady()) return failure("no memory", kMoreRoom);
   const auto url = partsOf(request.url);
   if (!url) return failure("no address of http or https");
   const auto own = ownAddresses();
   if (!own) return failure("no descriptor", kMoreRoom);
-  const Addresses addresses = addressesOf(*url, request, way, *own, patience);
+  const Addresses addresses = addressesOf(*url, request, way, *own, deadline);
   if (addresses.entry.empty() && !addresses.problem.empty())
     return failure(addresses.problem, addresses.remedy);
   try {
-    Watchdog watchdog(patience);
+    Watchdog watchdog(deadline);
     Transfer transfer{.interface = way.interface,
                       .bodyLimit = request.bodyLimit,
                       .watchdog = watchdog,
                       .own = *own,
                       .mayStayHere = mayUseProxy(request) && !isHere(url->host, *own)};
-    return transferred(request, addresses, transfer, patience);
+    return transferred(request, addresses, transfer, deadline);
   } catch (const std::system_error&) {
     return failure("no thread or descriptor", kMoreRoom);
   }

@@ -134,7 +134,7 @@ void setServers(ares_channel channel, const std::vector<ares_addr_port_node>& se
 
 class Resolver {
  public:
-  Resolver(const Way& way, const Patience& patience) : way_(way), patience_(patience) {
+  Resolver(const Way& way, const Deadline& deadline) : way_(way), deadline_(deadline) {
     std::array<char, 2> lookups{"b"};  // name servers only
     ares_options options{};
     options.flags = ARES_FLAG_NOSEARCH | ARES_FLAG_NOALIASES;
@@ -197,15 +197,14 @@ class Resolver {
       hints.ai_socktype = SOCK_STREAM;
       ares_getaddrinfo(channel_, name.c_str(), nullptr, &hints, take, &query);
     }
-    Clock::time_point deadline = patience_.deadline;
+    Deadline left = deadline_;
     bool oneHasAddresses = false;
     while (std::any_of(queries_.begin(), queries_.end(), [](const Query& q) { return !q.done; })) {
-      const Patience left{deadline, patience_.cancellation};
       if (left.isOver()) break;
       process(left);
       if (oneHasAddresses || addresses().empty()) continue;
       oneHasAddresses = true;
-      deadline = std::min(deadline, Clock::now() + kForTheOther);
+      left = left.atMost(kForTheOther);
     }
   }
 
@@ -250,7 +249,7 @@ class Resolver {
   static ares_ssize_t receive(ares_socket_t socket, void* buffer, std::size_t size, int flags,
                               sockaddr* from, ares_socklen_t* fromSize, void* self) {
     auto& resolver = *static_cast<Resolver*>(self);
-    if (resolver.patience_.isOver()) {
+    if (resolver.deadline_.isOver()) {
       errno = EWOULDBLOCK;
       return -1;
     }
@@ -276,28 +275,27 @@ class Resolver {
     if (code == 5) failure_ = ARES_EREFUSED;
   }
 
-  void process(const Patience& patience) {
-    std::vector<pollfd> watched{{patience.cancellation.descriptor(), POLLIN, 0}};
+  void process(const Deadline& deadline) {
+    std::vector<pollfd> watched;
     for (const auto& [socket, events] : sockets_) watched.push_back({socket, events, 0});
-    const auto left = patience.left();
+    const auto left = deadline.left();
     timeval most{left.count() / 1000, (left.count() % 1000) * 1000};
     timeval next{};
     const timeval* wait = ares_timeout(channel_, &most, &next);
-    const int time = static_cast<int>(wait->tv_sec * 1000 + (wait->tv_usec + 999) / 1000);
-    if (poll(watched.data(), watched.size(), time) <= 0) {
+    const std::chrono::milliseconds time(wait->tv_sec * 1000 + (wait->tv_usec + 999) / 1000);
+    if (waitFor(watched, deadline.atMost(time)) != Waited::ready) {
       ares_process_fd(channel_, ARES_SOCKET_BAD, ARES_SOCKET_BAD);  // checks the library's timeouts
       return;
     }
-    for (std::size_t i = 1; i < watched.size(); ++i) {
-      const short events = watched[i].revents;
+    for (const auto& [socket, wanted, events] : watched) {
       if (events == 0) continue;
-      ares_process_fd(channel_, (events & ~POLLOUT) != 0 ? watched[i].fd : ARES_SOCKET_BAD,
-                      (events & POLLOUT) != 0 ? watched[i].fd : ARES_SOCKET_BAD);
+      ares_process_fd(channel_, (events & ~POLLOUT) != 0 ? socket : ARES_SOCKET_BAD,
+                      (events & POLLOUT) != 0 ? socket : ARES_SOCKET_BAD);
     }
   }
 
   const Way& way_;
-  const Patience& patience_;
+  const Deadline& deadline_;
   ares_channel channel_ = nullptr;
   bool hasServers_ = false;
   bool bound_ = false;  // its sockets are bound to the interface of `way_`
@@ -309,8 +307,8 @@ class Resolver {
 };
 
 // Looks a name up at one set of servers.
-Result<NameAnswer> ask(const std::string& name, const Way& way, const Patience& patience) {
-  if (patience.cancellation.isCancelled()) return calledOff();
+Result<NameAnswer> ask(const std::string& name, const Way& way, const Deadline& deadline) {
+  if (deadline.isCancelled()) return cancelled();
   NameAnswer answer;
   answer.resolution.name = name;
   if (addressOf(name, 0, way.interface)) {
@@ -322,7 +320,7 @@ Result<NameAnswer> ask(const std::string& name, const Way& way, const Patience& 
     answer.resolution.problem = "malformed name";
     return answer;
   }
-  Resolver resolver(way, patience);
+  Resolver resolver(way, deadline);
   const auto exhausted = [] { return noSocket(EMFILE, {}); };
   if (!resolver.isUsable()) return exhausted();
   if (!resolver.hasServers()) {
@@ -330,7 +328,7 @@ Result<NameAnswer> ask(const std::string& name, const Way& way, const Patience& 
     return answer;
   }
   resolver.ask(name);
-  if (patience.cancellation.isCancelled()) return calledOff();
+  if (deadline.isCancelled()) return cancelled();
   if (resolver.isExhausted() && resolver.addresses().empty()) return exhausted();
   answer.addresses = resolver.addresses();
   answer.resolution.resolved = !answer.addresses.empty();
@@ -353,8 +351,8 @@ void keepSites(NameAnswer& answer) {
 
 }  // namespace
 
-Result<NameAnswer> resolve(const std::string& name, const Way& way, const Patience& patience) {
-  auto answer = ask(name, way, patience.atMost(kInAll));
+Result<NameAnswer> resolve(const std::string& name, const Way& way, const Deadline& deadline) {
+  auto answer = ask(name, way, deadline.atMost(kInAll));
   if (answer && answer->addresses != std::vector{name} && !way.interface.empty()) {
     keepSites(*answer);
   }
@@ -362,8 +360,8 @@ Result<NameAnswer> resolve(const std::string& name, const Way& way, const Patien
 }
 
 Result<NameAnswer> resolveAsSystem(const std::string& name, const std::vector<std::string>& servers,
-                                   const Patience& patience) {
-  auto answer = ask(name, {{}, servers}, patience.atMost(kInAll));
+                                   const Deadline& deadline) {
+  auto answer = ask(name, {{}, servers}, deadline.atMost(kInAll));
   if (answer && answer->addresses != std::vector{name}) keepSites(*answer);
   return answer;
 }

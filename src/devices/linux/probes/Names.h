@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "analysis/facts/ReachFacts.h"
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::probes {
@@ -35,11 +35,11 @@ struct NameAnswer {
 // "no name server", "malformed name"; and, if an interface is named, "blocked: ..." if all
 // addresses are ones that no site can have (loopback, unspecified, link-local, multicast,
 // broadcast). Such addresses are left out. Error: failed, if the resolver cannot be set up.
-Result<NameAnswer> resolve(const std::string& name, const Way& way, const Patience& patience);
+Result<NameAnswer> resolve(const std::string& name, const Way& way, const Deadline& deadline);
 
 // As `resolve`, but with the system's servers, as the system routes. Addresses that no site can
 // have are left out.
 Result<NameAnswer> resolveAsSystem(const std::string& name, const std::vector<std::string>& servers,
-                                   const Patience& patience);
+                                   const Deadline& deadline);
 
 }  // namespace wifi_profile::linux::probes

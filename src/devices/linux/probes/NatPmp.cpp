@@ -20,15 +20,15 @@ constexpr std::chrono::milliseconds kFirstWait{250};
 }  // namespace
 
 std::optional<std::string> askNatPmp(const std::string& gateway, const std::string& interface,
-                                     const Patience& patience) {
-  const Patience ours = patience.atMost(kTime);
+                                     const Deadline& deadline) {
+  const Deadline ours = deadline.atMost(kTime);
   const auto router = addressOf(gateway, kPort, interface);
   const Descriptor socket = openSocket(AF_INET, SOCK_DGRAM, 0, interface);
   // A connected socket receives only from the router, and reports a closed port as an error.
   if (!router || !socket || connect(socket.number(), router->get(), router->size) != 0) return {};
   for (auto wait = kFirstWait; !ours.isOver(); wait *= 2) {
     if (send(socket.number(), kQuestion.data(), kQuestion.size(), MSG_NOSIGNAL) < 0) return {};
-    const Patience round = ours.atMost(wait);
+    const Deadline round = ours.atMost(wait);
     while (waitFor(socket.number(), POLLIN, round) == Waited::ready && !round.isOver()) {
       std::array<char, 64> buffer{};
       const ssize_t length = recv(socket.number(), buffer.data(), buffer.size(), 0);

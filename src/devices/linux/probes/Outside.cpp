@@ -1,9 +1,7 @@
 #include "devices/linux/probes/Outside.h"
 
-#include <future>
-#include <system_error>
-
 #include "analysis/facts/IpAddresses.h"
+#include "devices/linux/Workers.h"
 #include "devices/linux/probes/RouterAnswers.h"
 #include "devices/linux/probes/RouterQuestions.h"
 #include "devices/linux/probes/Sockets.h"
@@ -21,18 +19,18 @@ bool isOutside(const std::optional<std::string>& address) {
 }
 
 std::optional<std::string> secondHopTo(const std::string& host, const std::string& gateway,
-                                       const Way& way, const Patience& patience) {
-  const auto answer = resolve(host, way, patience.atMost(kNameTime));
+                                       const Way& way, const Deadline& deadline) {
+  const auto answer = resolve(host, way, deadline.atMost(kNameTime));
   // IPv4 addresses come first.
   if (!answer || answer->addresses.empty()) return {};
-  return findSecondHop(gateway, answer->addresses.front(), way.interface, patience);
+  return findSecondHop(gateway, answer->addresses.front(), way.interface, deadline);
 }
 
 }  // namespace
 
 Result<facts::RouterOutside> routerOutside(const std::string& gateway, const std::string& wanHost,
-                                           const Way& way, const Patience& patience) {
-  if (patience.isOver()) return calledOff();
+                                           const Way& way, const Deadline& deadline) {
+  if (deadline.isOver()) return cancelled();
   const auto router = hostAddress(gateway);
   if (!router) {
     return Error{Reason::failed, '"' + shortText(gateway) +
@@ -40,19 +38,13 @@ Result<facts::RouterOutside> routerOutside(const std::string& gateway, const std
                                      "again), or look at the router's DHCP settings."};
   }
   facts::RouterOutside outside;
-  try {
-    auto byNatPmp =
-        std::async(std::launch::async, [&] { return askNatPmp(*router, way.interface, patience); });
-    auto byUpnp =
-        std::async(std::launch::async, [&] { return askUpnp(*router, way.interface, patience); });
-    outside.secondHop = secondHopTo(wanHost, *router, way, patience);
-    outside.address = byNatPmp.get();
-    const auto other = byUpnp.get();
-    if (!isOutside(outside.address) && other) outside.address = other;
-  } catch (const std::system_error&) {
-    return Error{Reason::failed, "The system has no threads left: close programs."};
-  }
-  if (patience.cancellation.isCancelled()) return calledOff();
+  Alongside byNatPmp([&] { return askNatPmp(*router, way.interface, deadline); });
+  Alongside byUpnp([&] { return askUpnp(*router, way.interface, deadline); });
+  outside.secondHop = secondHopTo(wanHost, *router, way, deadline);
+  outside.address = byNatPmp.get();
+  const auto other = byUpnp.get();
+  if (!isOutside(outside.address) && other) outside.address = other;
+  if (deadline.isCancelled()) return cancelled();
   return outside;
 }
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "analysis/facts/ReachFacts.h"
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "devices/linux/probes/Names.h"
 #include "diagnostic/platform/Result.h"
 
@@ -20,6 +20,6 @@ namespace wifi_profile::linux::probes {
 // group. What is not found out stays unset. Error: failed, if the gateway is not an IPv4 address.
 // Without an IPv4 address of `wanHost` only the second hop stays unset.
 Result<facts::RouterOutside> routerOutside(const std::string& gateway, const std::string& wanHost,
-                                           const Way& way, const Patience& patience);
+                                           const Way& way, const Deadline& deadline);
 
 }  // namespace wifi_profile::linux::probes

@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <future>
 #include <net/if.h>
-#include <poll.h>
-#include <system_error>
+#include <optional>
 
 #include "devices/linux/netlink/Neighbours.h"
+#include "devices/linux/probes/ConnectPings.h"
 #include "devices/linux/probes/Echoes.h"
 
 namespace wifi_profile::linux::probes {
@@ -31,80 +30,76 @@ struct Both {
   int error = 0;                          // errno's number if no socket could be opened
 };
 
-bool anyAnswered(const std::optional<RoundTrips>& roundTrips) {
-  return roundTrips &&
-         std::ranges::any_of(*roundTrips, [](const auto& roundTrip) { return bool(roundTrip); });
-}
-
-// Ends the other thread, also if the next one cannot be started.
-struct CancelAtEnd {
-  explicit CancelAtEnd(Cancellation& one) : cancellation(one) {}
-  ~CancelAtEnd() { cancellation.cancel(); }
-  CancelAtEnd(const CancelAtEnd&) = delete;
-  CancelAtEnd& operator=(const CancelAtEnd&) = delete;
-  Cancellation& cancellation;
-};
-
 // Sends the echoes and, after kEchoesAlone, also makes connections. Ends when all echoes are
 // answered, or when the connections have finished and any of them was answered.
 Both pingBothWays(const std::string& target, const Address& address, const std::string& interface,
-                  const PingPlan& plan, const Patience& patience) {
+                  const PingPlan& plan, const Deadline& deadline) {
   Both both;
-  const EchoSocket socket(address.family(), interface);
-  const bool mayEcho = bool(socket);
-  if (!mayEcho && errno != EACCES && errno != EPERM) {
-    both.error = errno;
+  Echoes echoes(address, interface, plan);
+  const bool mayEcho = echoes.error() == 0;
+  if (!mayEcho && echoes.error() != EACCES && echoes.error() != EPERM) {
+    both.error = echoes.error();
     return both;
   }
-  Cancellation enough;
-  const Patience ours{patience.deadline, enough};
-  auto connecting = std::async(std::launch::async, [&] {
-    if (mayEcho && waitFor(-1, 0, ours.atMost(kEchoesAlone)) == Waited::cancelled) return;
-    both.connections = pingByConnecting(target, interface, plan, ours);
-    if (!both.connections) both.error = errno;
-    if (!mayEcho || anyAnswered(both.connections)) enough.cancel();
-  });
-  const CancelAtEnd atEnd(enough);
-  auto echoing = std::async(std::launch::async, [&] {
-    if (!mayEcho) return;
-    both.echoes = echo(socket, address, plan, ours);
-    if (!ours.isOver()) enough.cancel();
-  });
-  waitFor(enough.descriptor(), POLLIN, patience);
-  enough.cancel();
-  connecting.get();
-  echoing.get();
+  const auto connectFrom = mayEcho ? Clock::now() + kEchoesAlone : Clock::now();
+  std::optional<ConnectPings> connections;
+  while (!deadline.isOver() && !(mayEcho && echoes.allAnswered())) {
+    std::vector<pollfd> watched;
+    std::optional<Clock::time_point> next;  // when to look again, also without events
+    const auto now = Clock::now();
+    if (!connections && both.error == 0) {
+      if (now >= connectFrom) connections.emplace(target, interface, plan);
+      next = connectFrom;
+    }
+    if (connections) {
+      if (connections->next() && now >= *connections->next() && !connections->startRound()) {
+        both.error = errno;
+        connections.reset();
+        if (!mayEcho) return both;
+        continue;
+      }
+      if (connections->isDone() && (!mayEcho || anyAnswered(connections->roundTrips()))) break;
+      next = connections->next();
+      connections->addWatched(watched);
+    }
+    if (mayEcho) {
+      if (echoes.next() && now >= *echoes.next()) echoes.send();
+      if (echoes.next()) next = std::min(next.value_or(*echoes.next()), *echoes.next());
+      watched.push_back(echoes.watched());
+    }
+    if (waitFor(watched, next ? deadline.until(*next) : deadline) != Waited::ready) continue;
+    if (connections) connections->take(watched);
+    if (mayEcho && watched.back().revents != 0) echoes.receive();
+  }
+  if (mayEcho) both.echoes = echoes.roundTrips();
+  if (connections) both.connections = connections->roundTrips();
   return both;
 }
 
 }  // namespace
 
 Result<facts::Pings> ping(const std::string& target, const std::string& interface,
-                          const PingPlan& plan, const Patience& patience) {
+                          const PingPlan& plan, const Deadline& deadline) {
   const auto address = addressOf(target, 0, interface);
   if (!address) {
     return Error{Reason::failed, '"' + shortText(target) +
                                      "\" is no address to ping: set a numeric one, or a name."};
   }
-  const Patience ours = patience.atMost(plan.time);
-  if (ours.isOver()) return calledOff();
+  const Deadline ours = deadline.atMost(plan.time);
+  if (ours.isOver()) return cancelled();
 
   facts::Pings pings;
   pings.target = target;
   pings.started = now();
   const auto began = Clock::now();
-  Both both;
-  try {
-    both = pingBothWays(target, *address, interface, plan, ours);
-  } catch (const std::system_error&) {  // no thread or descriptor left
-    return noSocket(EMFILE, interface);
-  }
-  pings.byConnecting = !both.echoes || (!anyAnswered(both.echoes) && anyAnswered(both.connections));
+  const Both both = pingBothWays(target, *address, interface, plan, ours);
+  const bool connected = both.connections && anyAnswered(*both.connections);
+  pings.byConnecting = !both.echoes || (!anyAnswered(*both.echoes) && connected);
   const auto& roundTrips = pings.byConnecting ? both.connections : both.echoes;
-  if (!roundTrips || (isExhaustion(both.error) && !anyAnswered(roundTrips))) {
+  if (!roundTrips || (isExhaustion(both.error) && !anyAnswered(*roundTrips))) {
     return noSocket(both.error, interface);
   }
-  if (patience.cancellation.isCancelled()) return calledOff();
+  if (deadline.isCancelled()) return cancelled();
   pings.sent = static_cast<int>(roundTrips->size());
   for (const auto& roundTrip : *roundTrips) {
     if (roundTrip) pings.answers.push_back(*roundTrip);
@@ -112,9 +107,9 @@ Result<facts::Pings> ping(const std::string& target, const std::string& interfac
   if (pings.answers.empty() && plan.isOnLink) {
     const auto index = static_cast<int>(if_nametoindex(interface.c_str()));
     pings.isNeighbour =
-        netlink::awaitNeighbour(index, target, began, patience.atMost(plan.neighbourTime)) ==
+        netlink::awaitNeighbour(index, target, began, deadline.atMost(plan.neighbourTime)) ==
         netlink::NeighbourState::reachable;
-    if (patience.cancellation.isCancelled()) return calledOff();
+    if (deadline.isCancelled()) return cancelled();
   }
   return pings;
 }

@@ -1,7 +1,7 @@
 // Whether an address answers, and how fast.
 //
 // All functions of this folder: any thread, several at once; no exception leaves them; any user may
-// call them. They end at the deadline of `patience`, and within 50 ms of being cancelled. The
+// call them. They end at the deadline of `deadline`, and within 50 ms of being cancelled. The
 // result is unknown (tookTooLong) if the work was cancelled or had no time left when it began. If
 // it had its time and got no answer, the result is known, and says so. `interface` is the name of
 // the interface that all packets use; empty: the system's routes decide.
@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "analysis/facts/ReachFacts.h"
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::probes {
@@ -43,6 +43,6 @@ struct PingPlan {
 // not answered. Error: failed, if the target is not an address or no socket could be bound to the
 // interface.
 Result<facts::Pings> ping(const std::string& target, const std::string& interface,
-                          const PingPlan& plan, const Patience& patience);
+                          const PingPlan& plan, const Deadline& deadline);
 
 }  // namespace wifi_profile::linux::probes

@@ -1,8 +1,6 @@
-#include <cerrno>
-#include <future>
 #include <optional>
-#include <system_error>
 
+#include "devices/linux/Workers.h"
 #include "devices/linux/probes/Http.h"
 #include "devices/linux/probes/Sockets.h"
 #include "devices/linux/probes/Web.h"
@@ -17,13 +15,13 @@ using Answer = facts::PortalProbe::Answer;
 constexpr std::chrono::milliseconds kPortalTime{5000};
 
 std::optional<facts::PortalProbe> askApi(const std::string& url, const Way& way,
-                                         const Patience& patience) {
+                                         const Deadline& deadline) {
   if (const auto parts = partsOf(url); !parts || parts->scheme != "https") return {};
   const HttpAnswer answer = exchange({.url = url,
                                       .bodyLimit = std::size_t{8} * 1024,
                                       .headers = {"Accept: application/captive+json"},
                                       .post = {}},
-                                     way, patience);
+                                     way, deadline);
   if (!answer.complete || answer.cutOff || answer.status != 200) return {};
   const auto captive = captiveFrom(answer.body);
   if (!captive) return {};
@@ -32,13 +30,13 @@ std::optional<facts::PortalProbe> askApi(const std::string& url, const Way& way,
 }
 
 Result<facts::PortalProbe> askPage(const PortalQuestion& question, const Way& way,
-                                   const Patience& patience) {
+                                   const Deadline& deadline) {
   if (const auto parts = partsOf(question.url); !parts || parts->scheme != "http") {
     return facts::PortalProbe{Answer::noAnswer, "no address of http"};
   }
   const HttpAnswer answer =
-      exchange({.url = question.url, .headers = {}, .post = {}}, way, patience);
-  if (patience.cancellation.isCancelled()) return calledOff();
+      exchange({.url = question.url, .headers = {}, .post = {}}, way, deadline);
+  if (deadline.isCancelled()) return cancelled();
   if (!answer.remedy.empty()) return notAsked(answer);
   return portalFrom(answer, question.url, question.expectedText);
 }
@@ -46,18 +44,14 @@ Result<facts::PortalProbe> askPage(const PortalQuestion& question, const Way& wa
 }  // namespace
 
 Result<facts::PortalProbe> probePortal(const PortalQuestion& question, const Way& way,
-                                       const Patience& patience) {
-  if (patience.isOver()) return calledOff();
-  const Patience ours = patience.atMost(kPortalTime);
+                                       const Deadline& deadline) {
+  if (deadline.isOver()) return cancelled();
+  const Deadline ours = deadline.atMost(kPortalTime);
   if (question.apiUrl.empty()) return askPage(question, way, ours);
-  try {
-    auto told = std::async(std::launch::async, [&] { return askApi(question.apiUrl, way, ours); });
-    auto page = askPage(question, way, ours);
-    if (const auto answer = told.get()) return *answer;
-    return page;
-  } catch (const std::system_error&) {
-    return noSocket(EMFILE, way.interface);  // no thread left
-  }
+  Alongside told([&] { return askApi(question.apiUrl, way, ours); });
+  auto page = askPage(question, way, ours);
+  if (const auto answer = told.get()) return *answer;
+  return page;
 }
 
 }  // namespace wifi_profile::linux::probes

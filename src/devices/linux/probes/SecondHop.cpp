@@ -59,7 +59,7 @@ std::optional<std::string> offender(int socket) {
 }  // namespace
 
 std::optional<std::string> findSecondHop(const std::string& gateway, const std::string& target,
-                                         const std::string& interface, const Patience& patience) {
+                                         const std::string& interface, const Deadline& deadline) {
   const auto address = addressOf(target, kUnusedPort, interface);
   if (!address || address->family() != AF_INET) return {};
   const Descriptor socket = openSocket(AF_INET, SOCK_DGRAM, 0, interface);
@@ -70,13 +70,13 @@ std::optional<std::string> findSecondHop(const std::string& gateway, const std::
   setsockopt(socket.number(), IPPROTO_IP, IP_RECVERR, &yes, sizeof(yes));
   // A connected socket receives only errors about packets to the target.
   if (connect(socket.number(), address->get(), address->size) != 0) return {};
-  const Patience ours = patience.atMost(kHopTime);
+  const Deadline ours = deadline.atMost(kHopTime);
   for (int tries = 0; !ours.isOver();) {
     const std::array<char, 8> nothing{};
     // May fail with the error of the previous packet.
     if (tries < kHopTries) send(socket.number(), nothing.data(), nothing.size(), MSG_NOSIGNAL);
     ++tries;
-    const Patience next = tries < kHopTries ? ours.atMost(kBetweenHopTries) : ours;
+    const Deadline next = tries < kHopTries ? ours.atMost(kBetweenHopTries) : ours;
     while (waitFor(socket.number(), 0, next) == Waited::ready && !next.isOver()) {
       auto hop = offender(socket.number());
       if (hop && *hop != gateway) return hop;

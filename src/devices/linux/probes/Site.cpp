@@ -13,24 +13,24 @@ constexpr int kMostRedirects = 5;
 }  // namespace
 
 Result<facts::SiteReach> reachSite(const std::string& url, const Way& way,
-                                   const Patience& patience) {
-  if (patience.isOver()) return calledOff();
+                                   const Deadline& deadline) {
+  if (deadline.isOver()) return cancelled();
   const HttpAnswer answer = exchange({.url = url, .connectOnly = true, .headers = {}, .post = {}},
-                                     way, patience.atMost(kReachTime));
-  if (patience.cancellation.isCancelled()) return calledOff();
+                                     way, deadline.atMost(kReachTime));
+  if (deadline.isCancelled()) return cancelled();
   if (!answer.remedy.empty()) return notAsked(answer);
   return facts::SiteReach{answer.complete, answer.problem};
 }
 
 Result<facts::SitePage> retrievePage(const std::string& url, const std::string& expectedText,
-                                     const Way& way, const Patience& patience) {
-  const Patience ours = patience.atMost(kPageTime);
-  if (ours.isOver()) return calledOff();
+                                     const Way& way, const Deadline& deadline) {
+  const Deadline ours = deadline.atMost(kPageTime);
+  if (ours.isOver()) return cancelled();
   std::string next = url;
   for (int redirects = 0; redirects <= kMostRedirects; ++redirects) {
     const HttpAnswer answer =
         exchange({.url = next, .useProxy = true, .headers = {}, .post = {}}, way, ours);
-    if (patience.cancellation.isCancelled()) return calledOff();
+    if (deadline.isCancelled()) return cancelled();
     if (answer.redirect.empty() || answer.status / 100 != 3) {
       return pageFrom(answer, expectedText);
     }

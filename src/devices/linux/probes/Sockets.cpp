@@ -171,7 +171,7 @@ std::string shortText(std::string_view text) {
   return result;
 }
 
-Error calledOff() {
+Error cancelled() {
   return {Reason::tookTooLong,
           "It was called off, or there was no time left for it: run the tests again."};
 }

@@ -8,8 +8,8 @@
 #include <sys/socket.h>
 #include <vector>
 
+#include "devices/linux/Deadline.h"
 #include "devices/linux/Descriptor.h"
-#include "devices/linux/Patience.h"
 #include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::linux::probes {
@@ -61,6 +61,6 @@ Error noSocket(int error, const std::string& interface);
 std::string shortText(std::string_view text);
 
 // The result of work that was cancelled or had no time left.
-Error calledOff();
+Error cancelled();
 
 }  // namespace wifi_profile::linux::probes

@@ -29,9 +29,9 @@ bool send(int socket, const std::string& text, const Address& to) {
 
 // Waits for the router's own answer with the URL of its description. Empty: no answer in time.
 std::string locationFrom(int socket, const Address& router, const std::string& gateway,
-                         const Patience& patience) {
+                         const Deadline& deadline) {
   const auto& expected = reinterpret_cast<const sockaddr_in&>(router.storage);
-  while (waitFor(socket, POLLIN, patience) == Waited::ready && !patience.isOver()) {
+  while (waitFor(socket, POLLIN, deadline) == Waited::ready && !deadline.isOver()) {
     std::array<char, 2048> buffer{};
     sockaddr_in from{};
     socklen_t size = sizeof(from);
@@ -46,7 +46,7 @@ std::string locationFrom(int socket, const Address& router, const std::string& g
 
 // Returns the URL of the router's description; empty if the router gives none.
 std::string discover(const std::string& gateway, const std::string& interface,
-                     const Patience& patience) {
+                     const Deadline& deadline) {
   const auto router = addressOf(gateway, kDiscoveryPort, interface);
   const auto group = addressOf(kGroup, kDiscoveryPort, interface);
   const Descriptor socket = openSocket(AF_INET, SOCK_DGRAM, 0, interface);
@@ -61,14 +61,14 @@ std::string discover(const std::string& gateway, const std::string& interface,
   };
   search();
   std::string location =
-      locationFrom(socket.number(), *router, gateway, patience.atMost(kBeforeRepeat));
-  if (!location.empty() || patience.isOver()) return location;
+      locationFrom(socket.number(), *router, gateway, deadline.atMost(kBeforeRepeat));
+  if (!location.empty() || deadline.isOver()) return location;
   search();
-  return locationFrom(socket.number(), *router, gateway, patience);
+  return locationFrom(socket.number(), *router, gateway, deadline);
 }
 
 std::optional<std::string> askService(const UpnpService& service, const Way& way,
-                                      const Patience& patience) {
+                                      const Deadline& deadline) {
   const std::string envelope =
       "<?xml version=\"1.0\"?>\r\n<s:Envelope "
       "xmlns:s=\"http://schemas.xmlsoap.org/soap/envelope/\" "
@@ -80,7 +80,7 @@ std::optional<std::string> askService(const UpnpService& service, const Way& way
                 .headers = {"Content-Type: text/xml; charset=\"utf-8\"",
                             "SOAPAction: \"" + service.type + "#GetExternalIPAddress\""},
                 .post = envelope},
-               way, patience);
+               way, deadline);
   if (!answer.complete || answer.status != 200) return {};
   return addressFromUpnp(answer.body);
 }
@@ -88,10 +88,10 @@ std::optional<std::string> askService(const UpnpService& service, const Way& way
 }  // namespace
 
 std::optional<std::string> askUpnp(const std::string& gateway, const std::string& interface,
-                                   const Patience& patience) {
-  const std::string location = discover(gateway, interface, patience.atMost(kDiscoveryTime));
+                                   const Deadline& deadline) {
+  const std::string location = discover(gateway, interface, deadline.atMost(kDiscoveryTime));
   if (location.empty()) return {};
-  const Patience ours = patience.atMost(kHttpTime);
+  const Deadline ours = deadline.atMost(kHttpTime);
   const Way way{interface, {}};
   const HttpAnswer answer = exchange({.url = location, .headers = {}, .post = {}}, way, ours);
   if (!answer.complete || answer.status != 200 || answer.cutOff) return {};

@@ -1,21 +1,19 @@
 // Ends the transfers of a library that does not check the time while the other side keeps sending.
 #pragma once
 
-#include <mutex>
 #include <set>
-#include <thread>
 
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 
 namespace wifi_profile::linux::probes {
 
 // Owns the sockets of a transfer, and shuts them down at the deadline or on cancellation: reading
-// from them and writing to them then fails. Any thread.
+// from them and writing to them then fails. One thread, which is never ended, watches over all
+// transfers of the process. Any thread.
 class Watchdog {
  public:
-  // Throws std::system_error if the system has no threads or descriptors left. The cancellation of
-  // `patience` must outlive this object.
-  explicit Watchdog(const Patience& patience);
+  // Throws std::system_error if the system has no threads left.
+  explicit Watchdog(const Deadline& deadline);
   // All sockets must have been closed.
   ~Watchdog();
   Watchdog(const Watchdog&) = delete;
@@ -26,13 +24,11 @@ class Watchdog {
   void close(int socket);
 
  private:
-  void watch(const Patience& patience);
+  class Guard;
 
-  Cancellation ended_;
-  std::mutex mutex_;  // guards what follows
-  bool over_ = false;
+  const Deadline deadline_;
+  bool over_ = false;  // guarded by the mutex of Guard, like the sockets
   std::set<int> sockets_;
-  std::thread thread_;  // declared last, because it uses the others
 };
 
 }  // namespace wifi_profile::linux::probes

@@ -10,7 +10,7 @@
 #include <string>
 
 #include "analysis/facts/ReachFacts.h"
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "devices/linux/probes/Names.h"
 #include "diagnostic/platform/Result.h"
 
@@ -28,12 +28,12 @@ struct PortalQuestion {
 // redirect to the same host by https is neither: it gives noAnswer. 5 s in total. Reads at most 8
 // KiB of the API's answer and 64 KiB of the page.
 Result<facts::PortalProbe> probePortal(const PortalQuestion& question, const Way& way,
-                                       const Patience& patience);
+                                       const Deadline& deadline);
 
 // Connects to the site itself (no proxy) by TCP and, if the URL is https, by TLS with a certificate
 // that the system trusts, within 5 s. Sends no request.
 Result<facts::SiteReach> reachSite(const std::string& url, const Way& way,
-                                   const Patience& patience);
+                                   const Deadline& deadline);
 
 // Requests the page within 10 s in total (5 s for each connection). Follows at most 5 redirects, to
 // http and https only, and reads the first 64 KiB. These must contain the text (empty: any body
@@ -41,6 +41,6 @@ Result<facts::SiteReach> reachSite(const std::string& url, const Way& way,
 // the environment names one (http_proxy, https_proxy, HTTPS_PROXY, all_proxy, ALL_PROXY, with
 // exceptions in no_proxy).
 Result<facts::SitePage> retrievePage(const std::string& url, const std::string& expectedText,
-                                     const Way& way, const Patience& patience);
+                                     const Way& way, const Deadline& deadline);
 
 }  // namespace wifi_profile::linux::probes

@@ -49,18 +49,18 @@ TEST_F(BluezTest, CountsPairedAndConnectedDevicesOfAllAdapters) {
                      std::map<std::uint16_t, Variant>{{76, Variant(std::string("maker"))}});
   }
   service.start();
-  const auto bluetooth = readBluetooth(*bus_, patience());
+  const auto bluetooth = readBluetooth(*bus_, deadline());
   ASSERT_TRUE(bluetooth) << bluetooth.error().message;
   EXPECT_EQ(*bluetooth, (facts::Bluetooth{3, 1}));
 }
 
 TEST_F(BluezTest, ThatIsNotRunningIsNoService) {
-  EXPECT_EQ(readBluetooth(*bus_, patience()).error().reason, Reason::noService);
+  EXPECT_EQ(readBluetooth(*bus_, deadline()).error().reason, Reason::noService);
 }
 
 TEST_F(BluezTest, WithoutABusIsNoService) {
   const auto none = Bus::at("unix:path=/nonexistent/socket");
-  EXPECT_EQ(readBluetooth(*none, patience()).error().reason, Reason::noService);
+  EXPECT_EQ(readBluetooth(*none, deadline()).error().reason, Reason::noService);
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 #include <sys/types.h>
 #include <vector>
 
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "devices/linux/bus/Bus.h"
 
 namespace wifi_profile::linux::bus {
@@ -83,12 +83,14 @@ class FakeService {
 class BusFixture : public testing::Test {
  protected:
   // Longer than anything here takes; for what is to answer.
-  Patience patience() const { return {Clock::now() + std::chrono::seconds(30), cancellation_}; }
-  Patience shortPatience() const {
-    return {Clock::now() + std::chrono::milliseconds(100), cancellation_};
+  Deadline deadline() const {
+    return Deadline::in(std::chrono::seconds(30), cancellation_.get_token());
+  }
+  Deadline shortDeadline() const {
+    return Deadline::in(std::chrono::milliseconds(100), cancellation_.get_token());
   }
 
-  Cancellation cancellation_;
+  std::stop_source cancellation_;
   BusDaemon daemon_;
   std::unique_ptr<Bus> bus_ = Bus::at(daemon_.address());
 };

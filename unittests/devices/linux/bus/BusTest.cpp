@@ -21,7 +21,7 @@ constexpr auto kName = "org.example.Service";
 class BusTest : public BusFixture {
  protected:
   BusCall ask(const std::string& method, std::vector<BusArgument> arguments = {}) {
-    const BusAnswer owner = bus_->ownerOf(kName, patience());
+    const BusAnswer owner = bus_->ownerOf(kName, deadline());
     return {owner.first().text().value_or(""), "/object", kName, method, std::move(arguments)};
   }
   // What `value` becomes when a service answers with it.
@@ -30,7 +30,7 @@ class BusTest : public BusFixture {
     FakeService service(daemon_.address(), kName);
     service.method("/object", kName, "Get", [value = std::move(value)] { return value; });
     service.start();
-    return bus_->call(ask("Get"), patience());
+    return bus_->call(ask("Get"), deadline());
   }
 };
 
@@ -92,7 +92,7 @@ TEST_F(BusTest, AnAnswerThatIsNestedTooDeeplyIsUnreadable) {
 }
 
 TEST_F(BusTest, AServiceThatIsNotThereIsNoServiceAndIsNotStarted) {
-  EXPECT_EQ(bus_->ownerOf("org.example.Startable", patience()).error->kind, Kind::noService);
+  EXPECT_EQ(bus_->ownerOf("org.example.Startable", deadline()).error->kind, Kind::noService);
   EXPECT_FALSE(daemon_.startedService());
 }
 
@@ -103,16 +103,16 @@ TEST_F(BusTest, WhatAServiceDoesNotHaveIsNoSuchThing) {
   const BusCall good = ask("Get");
   BusCall call = good;
   call.method = "Other";
-  EXPECT_EQ(bus_->call(call, patience()).error->kind, Kind::noSuchThing);
+  EXPECT_EQ(bus_->call(call, deadline()).error->kind, Kind::noSuchThing);
   call = good;
   call.path = "/elsewhere";
-  EXPECT_EQ(bus_->call(call, patience()).error->kind, Kind::noSuchThing);
+  EXPECT_EQ(bus_->call(call, deadline()).error->kind, Kind::noSuchThing);
   call.path = "no path";
-  EXPECT_EQ(bus_->call(call, patience()).error->kind, Kind::noSuchThing);
+  EXPECT_EQ(bus_->call(call, deadline()).error->kind, Kind::noSuchThing);
   call = good;
   call.method = "no method";
-  EXPECT_EQ(bus_->call(call, patience()).error->kind, Kind::noSuchThing);
-  EXPECT_TRUE(bus_->call(good, patience()).isGood());
+  EXPECT_EQ(bus_->call(call, deadline()).error->kind, Kind::noSuchThing);
+  EXPECT_TRUE(bus_->call(good, deadline()).isGood());
 }
 
 TEST_F(BusTest, AServicesOwnErrorKeepsItsNameAndTheBeginningOfItsWords) {
@@ -120,7 +120,7 @@ TEST_F(BusTest, AServicesOwnErrorKeepsItsNameAndTheBeginningOfItsWords) {
   service.method("/object", kName, "Get",
                  []() -> bool { throw sdbus::Error("org.example.Odd", std::string(5'000, 'w')); });
   service.start();
-  const BusAnswer answer = bus_->call(ask("Get"), patience());
+  const BusAnswer answer = bus_->call(ask("Get"), deadline());
   EXPECT_EQ(answer.error->kind, Kind::failed);
   EXPECT_EQ(answer.error->name, "org.example.Odd");
   EXPECT_EQ(answer.error->message, std::string(200, 'w'));
@@ -150,29 +150,29 @@ class SilentService {
 
 TEST_F(BusTest, ACallToAServiceThatNeverAnswersEndsAtTheDeadline) {
   SilentService service(daemon_.address());
-  EXPECT_EQ(bus_->call(ask("Get"), shortPatience()).error->kind, Kind::tookTooLong);
+  EXPECT_EQ(bus_->call(ask("Get"), shortDeadline()).error->kind, Kind::tookTooLong);
 }
 
 TEST_F(BusTest, ACallEndsWhenItIsCalledOff) {
   SilentService service(daemon_.address());
-  auto answer = std::async(std::launch::async, [&] { return bus_->call(ask("Get"), patience()); });
+  auto answer = std::async(std::launch::async, [&] { return bus_->call(ask("Get"), deadline()); });
   service.waitUntilAsked();
-  cancellation_.cancel();
-  EXPECT_EQ(answer.get().error->kind, Kind::calledOff);
+  cancellation_.request_stop();
+  EXPECT_EQ(answer.get().error->kind, Kind::cancelled);
 }
 
 TEST_F(BusTest, AThreadThatWaitsForItsTurnIsCalledOffToo) {
   SilentService service(daemon_.address());
-  Cancellation other;
-  auto first = std::async(std::launch::async, [&] { return bus_->call(ask("Get"), patience()); });
+  std::stop_source other;
+  auto first = std::async(std::launch::async, [&] { return bus_->call(ask("Get"), deadline()); });
   service.waitUntilAsked();
   auto second = std::async(std::launch::async, [&] {
-    return bus_->ownerOf(kName, Patience{Clock::now() + 30s, other});
+    return bus_->ownerOf(kName, Deadline::in(30s, other.get_token()));
   });
-  other.cancel();
-  EXPECT_EQ(second.get().error->kind, Kind::calledOff);
-  cancellation_.cancel();
-  EXPECT_EQ(first.get().error->kind, Kind::calledOff);
+  other.request_stop();
+  EXPECT_EQ(second.get().error->kind, Kind::cancelled);
+  cancellation_.request_stop();
+  EXPECT_EQ(first.get().error->kind, Kind::cancelled);
 }
 
 TEST_F(BusTest, CallsThatSeveralThreadsGiveUpLeaveTheBusAsItWas) {
@@ -182,7 +182,7 @@ TEST_F(BusTest, CallsThatSeveralThreadsGiveUpLeaveTheBusAsItWas) {
   const std::vector<BusCall> calls(10, ask("Get"));
   const auto giveUp = [&] {
     for (int round = 0; round < 10; ++round) {
-      for (const BusAnswer& answer : bus_->call(calls, patience().atMost(5ms))) {
+      for (const BusAnswer& answer : bus_->call(calls, deadline().atMost(5ms))) {
         EXPECT_EQ(answer.error->kind, Kind::tookTooLong);
       }
     }
@@ -190,16 +190,16 @@ TEST_F(BusTest, CallsThatSeveralThreadsGiveUpLeaveTheBusAsItWas) {
   std::vector<std::future<void>> threads;
   for (int count = 0; count < 4; ++count) threads.push_back(std::async(std::launch::async, giveUp));
   for (auto& thread : threads) thread.get();
-  EXPECT_TRUE(bus_->ownerOf(kName, patience()).isGood());
+  EXPECT_TRUE(bus_->ownerOf(kName, deadline()).isGood());
 }
 
 TEST_F(BusTest, AServiceThatEndsBeforeItAnswersIsNoService) {
   SilentService service(daemon_.address());
-  auto answer = std::async(std::launch::async, [&] { return bus_->call(ask("Get"), patience()); });
+  auto answer = std::async(std::launch::async, [&] { return bus_->call(ask("Get"), deadline()); });
   service.waitUntilAsked();
   service.end();
   EXPECT_EQ(answer.get().error->kind, Kind::noService);
-  EXPECT_EQ(bus_->ownerOf(kName, patience()).error->kind, Kind::noService);
+  EXPECT_EQ(bus_->ownerOf(kName, deadline()).error->kind, Kind::noService);
 }
 
 TEST_F(BusTest, AServiceThatComesBackIsAskedAgain) {
@@ -223,7 +223,7 @@ TEST_F(BusTest, AnswersAreInTheOrderOfTheCalls) {
                  });
   service.start();
   const auto answers =
-      bus_->call({ask("Get", {"a"}), ask("Get", {"b"}), ask("Get", {"c"})}, patience());
+      bus_->call({ask("Get", {"a"}), ask("Get", {"b"}), ask("Get", {"c"})}, deadline());
   ASSERT_EQ(answers.size(), 3U);
   EXPECT_EQ(answers[0].first().text(), "a");
   EXPECT_EQ(answers[1].first().text(), "b");
@@ -234,24 +234,24 @@ TEST_F(BusTest, OneBadCallDoesNotSpoilTheOthers) {
   FakeService service(daemon_.address(), kName);
   service.method("/object", kName, "Get", [] { return true; });
   service.start();
-  const auto answers = bus_->call({ask("Get"), ask("Missing"), ask("Get")}, patience());
+  const auto answers = bus_->call({ask("Get"), ask("Missing"), ask("Get")}, deadline());
   EXPECT_TRUE(answers[0].isGood());
   EXPECT_EQ(answers[1].error->kind, Kind::noSuchThing);
   EXPECT_TRUE(answers[2].isGood());
 }
 
 TEST_F(BusTest, AnOverduePatienceAsksNobody) {
-  const Patience over{Clock::now(), cancellation_};
+  const Deadline over{Clock::now(), cancellation_.get_token()};
   EXPECT_EQ(bus_->ownerOf("org.freedesktop.DBus", over).error->kind, Kind::tookTooLong);
 }
 
 TEST_F(BusTest, NoCallsAreNoAnswers) {
-  EXPECT_TRUE(bus_->call(std::vector<BusCall>{}, patience()).empty());
+  EXPECT_TRUE(bus_->call(std::vector<BusCall>{}, deadline()).empty());
 }
 
 TEST_F(BusTest, ABusThatIsNotThereIsNoBus) {
   const auto none = Bus::at("unix:path=/nonexistent/socket");
-  EXPECT_EQ(none->ownerOf(kName, patience()).error->kind, Kind::noBus);
+  EXPECT_EQ(none->ownerOf(kName, deadline()).error->kind, Kind::noBus);
 }
 
 TEST_F(BusTest, ABusThatDoesNotAnswerIsWaitedForUntilTheDeadline) {
@@ -262,17 +262,17 @@ TEST_F(BusTest, ABusThatDoesNotAnswerIsWaitedForUntilTheDeadline) {
   ASSERT_EQ(bind(listener, reinterpret_cast<const sockaddr*>(&address), size), 0);
   ASSERT_EQ(listen(listener, 8), 0);
   const auto silent = Bus::at("unix:abstract=bus-that-does-not-answer");
-  EXPECT_EQ(silent->ownerOf(kName, shortPatience()).error->kind, Kind::tookTooLong);
-  cancellation_.cancel();
-  EXPECT_EQ(silent->ownerOf(kName, patience()).error->kind, Kind::calledOff);
+  EXPECT_EQ(silent->ownerOf(kName, shortDeadline()).error->kind, Kind::tookTooLong);
+  cancellation_.request_stop();
+  EXPECT_EQ(silent->ownerOf(kName, deadline()).error->kind, Kind::cancelled);
   close(listener);
 }
 
 TEST_F(BusTest, ABusThatEndedIsNoBus) {
-  EXPECT_EQ(bus_->ownerOf(kName, patience()).error->kind, Kind::noService);
+  EXPECT_EQ(bus_->ownerOf(kName, deadline()).error->kind, Kind::noService);
   daemon_.end();
-  EXPECT_EQ(bus_->ownerOf(kName, patience()).error->kind, Kind::noBus) << "connected anew at once";
-  EXPECT_EQ(bus_->ownerOf(kName, patience()).error->kind, Kind::noBus);
+  EXPECT_EQ(bus_->ownerOf(kName, deadline()).error->kind, Kind::noBus) << "connected anew at once";
+  EXPECT_EQ(bus_->ownerOf(kName, deadline()).error->kind, Kind::noBus);
 }
 
 }  // namespace

@@ -129,51 +129,51 @@ TEST_F(ConnectionManagerTest, NetworkManagerIsAskedFirst) {
   const auto first = networkManager(100);
   const auto second = iwd();
   const auto third = supplicant();
-  EXPECT_EQ(manager_.kind("wlan0", patience()), Result<ManagerKind>(ManagerKind::networkManager));
-  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).error().reason, Reason::notJoined);
+  EXPECT_EQ(manager_.kind("wlan0", deadline()), Result<ManagerKind>(ManagerKind::networkManager));
+  EXPECT_EQ(manager_.activeProfile("wlan0", deadline()).error().reason, Reason::notJoined);
 }
 
 TEST_F(ConnectionManagerTest, IwdIsAskedWhereNetworkManagerLeavesTheInterfaceAlone) {
   const auto first = networkManager(10);
   const auto second = iwd();
   const auto third = supplicant();
-  EXPECT_EQ(manager_.kind("wlan0", patience()), Result<ManagerKind>(ManagerKind::iwd));
+  EXPECT_EQ(manager_.kind("wlan0", deadline()), Result<ManagerKind>(ManagerKind::iwd));
 }
 
 TEST_F(ConnectionManagerTest, WpaSupplicantIsAskedWhereNobodyElseIs) {
   const auto only = supplicant();
-  EXPECT_EQ(manager_.kind("wlan0", patience()), Result<ManagerKind>(ManagerKind::supplicant));
+  EXPECT_EQ(manager_.kind("wlan0", deadline()), Result<ManagerKind>(ManagerKind::supplicant));
 }
 
 TEST_F(ConnectionManagerTest, WhoManagesIsFoundOutOnceAndAnewForAnotherInterface) {
   {
     const auto first = iwd();
-    EXPECT_EQ(manager_.kind("wlan0", patience()), Result<ManagerKind>(ManagerKind::iwd));
+    EXPECT_EQ(manager_.kind("wlan0", deadline()), Result<ManagerKind>(ManagerKind::iwd));
   }
-  EXPECT_EQ(manager_.kind("wlan0", patience()), Result<ManagerKind>(ManagerKind::iwd));
-  EXPECT_EQ(manager_.kind("wlan1", patience()).error().reason, Reason::noService);
+  EXPECT_EQ(manager_.kind("wlan0", deadline()), Result<ManagerKind>(ManagerKind::iwd));
+  EXPECT_EQ(manager_.kind("wlan1", deadline()).error().reason, Reason::noService);
 }
 
 TEST_F(ConnectionManagerTest, ANetworkManagerThatNobodyElseStandsInForIsNamed) {
   const auto only = networkManager(10);
-  const auto kind = manager_.kind("wlan0", patience());
+  const auto kind = manager_.kind("wlan0", deadline());
   EXPECT_EQ(kind.error().reason, Reason::noService);
   EXPECT_NE(kind.error().message.find("does not take care of wlan0"), std::string::npos);
 }
 
 TEST_F(ConnectionManagerTest, WithoutAnyManagerEverythingIsNoService) {
-  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).error().reason, Reason::noService);
-  EXPECT_EQ(manager_.dnsServers("wlan0", patience()).error().reason, Reason::noService);
-  EXPECT_EQ(manager_.savedNetworks("wlan0", patience()).error().reason, Reason::noService);
-  EXPECT_EQ(manager_.lastScan("wlan0", patience()).error().reason, Reason::noService);
-  EXPECT_EQ(manager_.requestScan("wlan0", patience()).error().reason, Reason::noService);
-  EXPECT_EQ(manager_.isRadioOn("wlan0", patience()).error().reason, Reason::noService);
-  EXPECT_EQ(manager_.setRadioOn("wlan0", true, patience())->reason, Reason::noService);
+  EXPECT_EQ(manager_.activeProfile("wlan0", deadline()).error().reason, Reason::noService);
+  EXPECT_EQ(manager_.dnsServers("wlan0", deadline()).error().reason, Reason::noService);
+  EXPECT_EQ(manager_.savedNetworks("wlan0", deadline()).error().reason, Reason::noService);
+  EXPECT_EQ(manager_.lastScan("wlan0", deadline()).error().reason, Reason::noService);
+  EXPECT_EQ(manager_.requestScan("wlan0", deadline()).error().reason, Reason::noService);
+  EXPECT_EQ(manager_.isRadioOn("wlan0", deadline()).error().reason, Reason::noService);
+  EXPECT_EQ(manager_.setRadioOn("wlan0", true, deadline())->reason, Reason::noService);
 }
 
 TEST_F(ConnectionManagerTest, WithoutABusEverythingIsNoService) {
   const auto none = Bus::at("unix:path=/nonexistent/socket");
-  const auto kind = ConnectionManager(*none).kind("wlan0", patience());
+  const auto kind = ConnectionManager(*none).kind("wlan0", deadline());
   EXPECT_EQ(kind.error().reason, Reason::noService);
   EXPECT_NE(kind.error().message.find("D-Bus"), std::string::npos);
 }
@@ -184,57 +184,57 @@ TEST_F(ConnectionManagerTest, ANetworkManagerThatIsSilentIsNotReplacedByAnother)
       "/org/freedesktop/NetworkManager", "org.freedesktop.NetworkManager", "GetDeviceByIpIface");
   silent.start();
   const auto second = iwd();
-  EXPECT_EQ(manager_.kind("wlan0", shortPatience()).error().reason, Reason::tookTooLong);
+  EXPECT_EQ(manager_.kind("wlan0", shortDeadline()).error().reason, Reason::tookTooLong);
 }
 
 TEST_F(ConnectionManagerTest, IwdTellsNetworksAndScansButNotAddresses) {
   const auto service = iwd();
-  const auto networks = manager_.savedNetworks("wlan0", patience());
+  const auto networks = manager_.savedNetworks("wlan0", deadline());
   ASSERT_TRUE(networks) << networks.error().message;
   ASSERT_EQ(networks->size(), 1U);
   EXPECT_EQ(networks->front().ssid, "Of iwd");
-  EXPECT_EQ(manager_.requestScan("wlan0", patience()), Result<ScanStart>(ScanStart::started));
-  const auto profile = manager_.activeProfile("wlan0", patience());
+  EXPECT_EQ(manager_.requestScan("wlan0", deadline()), Result<ScanStart>(ScanStart::started));
+  const auto profile = manager_.activeProfile("wlan0", deadline());
   EXPECT_EQ(profile.error(),
             (Error{Reason::notTold,
                    "iwd does not say how addresses were set up; only NetworkManager "
                    "does."}));
-  EXPECT_EQ(manager_.dnsServers("wlan0", patience()).error().reason, Reason::notTold);
-  EXPECT_EQ(manager_.lastScan("wlan0", patience()).error().reason, Reason::notTold);
-  EXPECT_EQ(manager_.isRadioOn("wlan0", patience()).error().reason, Reason::notSupported);
-  EXPECT_EQ(manager_.setRadioOn("wlan0", true, patience())->reason, Reason::notSupported);
+  EXPECT_EQ(manager_.dnsServers("wlan0", deadline()).error().reason, Reason::notTold);
+  EXPECT_EQ(manager_.lastScan("wlan0", deadline()).error().reason, Reason::notTold);
+  EXPECT_EQ(manager_.isRadioOn("wlan0", deadline()).error().reason, Reason::notSupported);
+  EXPECT_EQ(manager_.setRadioOn("wlan0", true, deadline())->reason, Reason::notSupported);
 }
 
 TEST_F(ConnectionManagerTest, AScanOfIwdsThatIsUnderWayIsTooSoon) {
   const auto service = iwd("net.connman.iwd.InProgress");
-  EXPECT_EQ(manager_.requestScan("wlan0", patience()), Result<ScanStart>(ScanStart::tooSoon));
+  EXPECT_EQ(manager_.requestScan("wlan0", deadline()), Result<ScanStart>(ScanStart::tooSoon));
 }
 
 TEST_F(ConnectionManagerTest, IwdWithoutAStationOnTheInterfaceDoesNotManageIt) {
   const auto service = iwd();
-  EXPECT_EQ(manager_.kind("wlan1", patience()).error().reason, Reason::noService);
+  EXPECT_EQ(manager_.kind("wlan1", deadline()).error().reason, Reason::noService);
 }
 
 TEST_F(ConnectionManagerTest, WpaSupplicantTellsNetworksAndScans) {
   const auto service = supplicant();
-  const auto networks = manager_.savedNetworks("wlan0", patience());
+  const auto networks = manager_.savedNetworks("wlan0", deadline());
   ASSERT_TRUE(networks) << networks.error().message;
   ASSERT_EQ(networks->size(), 2U);
   EXPECT_EQ(networks->at(0).ssid, "First");
   EXPECT_EQ(networks->at(1).ssid, "Second");
   EXPECT_EQ(networks->at(1).security, ieee80211::Security::wpa3Personal);
-  EXPECT_EQ(manager_.requestScan("wlan0", patience()), Result<ScanStart>(ScanStart::started));
-  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).error().reason, Reason::notTold);
+  EXPECT_EQ(manager_.requestScan("wlan0", deadline()), Result<ScanStart>(ScanStart::started));
+  EXPECT_EQ(manager_.activeProfile("wlan0", deadline()).error().reason, Reason::notTold);
 }
 
 TEST_F(ConnectionManagerTest, AScanThatWpaSupplicantRejectsIsTooSoon) {
   const auto service = supplicant("fi.w1.wpa_supplicant1.Interface.ScanError");
-  EXPECT_EQ(manager_.requestScan("wlan0", patience()), Result<ScanStart>(ScanStart::tooSoon));
+  EXPECT_EQ(manager_.requestScan("wlan0", deadline()), Result<ScanStart>(ScanStart::tooSoon));
 }
 
 TEST_F(ConnectionManagerTest, WpaSupplicantDoesNotManageOtherInterfaces) {
   const auto service = supplicant();
-  EXPECT_EQ(manager_.kind("wlan1", patience()).error().reason, Reason::noService);
+  EXPECT_EQ(manager_.kind("wlan1", deadline()).error().reason, Reason::noService);
 }
 
 }  // namespace

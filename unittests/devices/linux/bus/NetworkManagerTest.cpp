@@ -70,7 +70,7 @@ TEST_F(NetworkManagerTest, TellsTheProfileThatTheInterfaceIsJoinedWith) {
   service_.property("/dhcp/1", "org.freedesktop.NetworkManager.DHCP4Config", "Options",
                     Properties{{"captive_portal", Variant(std::string("https://portal.test/"))}});
   service_.start();
-  const auto profile = manager_.activeProfile("wlan0", patience());
+  const auto profile = manager_.activeProfile("wlan0", deadline());
   ASSERT_TRUE(profile) << profile.error().message;
   EXPECT_EQ(profile->ipv4.method, facts::AddressMethod::manual);
   EXPECT_EQ(profile->ipv4.dnsServers, std::vector<std::string>{"192.0.2.1"});
@@ -82,7 +82,7 @@ TEST_F(NetworkManagerTest, TellsTheProfileThatTheInterfaceIsJoinedWith) {
 TEST_F(NetworkManagerTest, MissingPropertiesLeaveOutOnlyWhatTheyTell) {
   service_.joined(wifiProfile("Home"));
   service_.start();
-  const auto profile = manager_.activeProfile("wlan0", patience());
+  const auto profile = manager_.activeProfile("wlan0", deadline());
   ASSERT_TRUE(profile);
   EXPECT_EQ(*profile, facts::ActiveProfile{});
 }
@@ -90,8 +90,8 @@ TEST_F(NetworkManagerTest, MissingPropertiesLeaveOutOnlyWhatTheyTell) {
 TEST_F(NetworkManagerTest, AnInterfaceWithoutConnectionIsNotJoined) {
   service_.property(kDevicePath, kManagedDevice, "ActiveConnection", ObjectPath("/"));
   service_.start();
-  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).error().reason, Reason::notJoined);
-  EXPECT_EQ(manager_.dnsServers("wlan0", patience()).error().reason, Reason::notJoined);
+  EXPECT_EQ(manager_.activeProfile("wlan0", deadline()).error().reason, Reason::notJoined);
+  EXPECT_EQ(manager_.dnsServers("wlan0", deadline()).error().reason, Reason::notJoined);
 }
 
 TEST_F(NetworkManagerTest, PropertiesOfWrongTypesAreUnknown) {
@@ -100,17 +100,17 @@ TEST_F(NetworkManagerTest, PropertiesOfWrongTypesAreUnknown) {
   service_.property(kDevicePath, kWireless, "LastScan", std::string("yesterday"));
   service_.property(kRoot, kManagerName, "WirelessEnabled", std::string("yes"));
   service_.start();
-  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).error().reason, Reason::notJoined);
-  EXPECT_EQ(manager_.manages("wlan0", patience()), Result<bool>(false));
-  EXPECT_EQ(manager_.lastScan("wlan0", patience()).error().reason, Reason::failed);
-  EXPECT_EQ(manager_.isWirelessEnabled(patience()).error().reason, Reason::failed);
+  EXPECT_EQ(manager_.activeProfile("wlan0", deadline()).error().reason, Reason::notJoined);
+  EXPECT_EQ(manager_.manages("wlan0", deadline()), Result<bool>(false));
+  EXPECT_EQ(manager_.lastScan("wlan0", deadline()).error().reason, Reason::failed);
+  EXPECT_EQ(manager_.isWirelessEnabled(deadline()).error().reason, Reason::failed);
 }
 
 TEST_F(NetworkManagerTest, AConnectionOfAWrongTypeIsUnknown) {
   service_.property(kDevicePath, kManagedDevice, "ActiveConnection", ObjectPath(kActivePath));
   service_.property(kActivePath, kActive, "Connection", std::uint32_t{7});
   service_.start();
-  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).error().reason, Reason::failed);
+  EXPECT_EQ(manager_.activeProfile("wlan0", deadline()).error().reason, Reason::failed);
 }
 
 TEST_F(NetworkManagerTest, SettingsOfAWrongTypeAreNotTold) {
@@ -118,23 +118,23 @@ TEST_F(NetworkManagerTest, SettingsOfAWrongTypeAreNotTold) {
   settings["ipv4"]["method"] = Variant(std::uint32_t{1});
   service_.joined(settings);
   service_.start();
-  EXPECT_EQ(manager_.activeProfile("wlan0", patience()).error().reason, Reason::notTold);
+  EXPECT_EQ(manager_.activeProfile("wlan0", deadline()).error().reason, Reason::notTold);
 }
 
 TEST_F(NetworkManagerTest, AnInterfaceThatItDoesNotKnowIsNoHardware) {
   service_.start();
-  EXPECT_EQ(manager_.activeProfile("wlan9", patience()).error().reason, Reason::noHardware);
-  EXPECT_EQ(manager_.manages("wlan9", patience()), Result<bool>(false));
+  EXPECT_EQ(manager_.activeProfile("wlan9", deadline()).error().reason, Reason::noHardware);
+  EXPECT_EQ(manager_.manages("wlan9", deadline()), Result<bool>(false));
 }
 
 TEST_F(NetworkManagerTest, AnInterfaceThatIsLeftAloneIsNotManaged) {
   service_.property(kDevicePath, kManagedDevice, "State", std::uint32_t{10});
   service_.start();
-  EXPECT_EQ(manager_.manages("wlan0", patience()), Result<bool>(false));
+  EXPECT_EQ(manager_.manages("wlan0", deadline()), Result<bool>(false));
 }
 
 TEST_F(NetworkManagerTest, NotRunningIsNoServiceAndNamesTheRemedy) {
-  const auto profile = manager_.activeProfile("wlan0", patience());
+  const auto profile = manager_.activeProfile("wlan0", deadline());
   EXPECT_EQ(profile.error().reason, Reason::noService);
   EXPECT_NE(profile.error().message.find("NetworkManager is not running"), std::string::npos);
   EXPECT_NE(profile.error().message.find("systemctl start NetworkManager"), std::string::npos);
@@ -150,7 +150,7 @@ TEST_F(NetworkManagerTest, TellsTheServersOfTheLink) {
                     std::vector<std::vector<std::uint8_t>>{
                         {0x20, 1, 0xd, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}});
   service_.start();
-  const auto servers = manager_.dnsServers("wlan0", patience());
+  const auto servers = manager_.dnsServers("wlan0", deadline());
   ASSERT_TRUE(servers);
   EXPECT_EQ(*servers, (std::vector<std::string>{"192.0.2.1", "192.0.2.2", "2001:db8::1"}));
 }
@@ -161,7 +161,7 @@ TEST_F(NetworkManagerTest, TellsTheServersOfTheOneIpVersionThatIsThere) {
   service_.property("/ip4/1", "org.freedesktop.NetworkManager.IP4Config", "NameserverData",
                     std::vector<Properties>{{{"address", Variant(std::string("192.0.2.1"))}}});
   service_.start();
-  const auto servers = manager_.dnsServers("wlan0", patience());
+  const auto servers = manager_.dnsServers("wlan0", deadline());
   ASSERT_TRUE(servers);
   EXPECT_EQ(*servers, std::vector<std::string>{"192.0.2.1"});
 }
@@ -172,7 +172,7 @@ TEST_F(NetworkManagerTest, TellsThatALinkHasNoServers) {
   service_.property("/ip4/1", "org.freedesktop.NetworkManager.IP4Config", "NameserverData",
                     std::vector<Properties>{});
   service_.start();
-  const auto servers = manager_.dnsServers("wlan0", patience());
+  const auto servers = manager_.dnsServers("wlan0", deadline());
   ASSERT_TRUE(servers);
   EXPECT_EQ(*servers, std::vector<std::string>());
 }
@@ -184,7 +184,7 @@ TEST_F(NetworkManagerTest, DoesNotTellThatALinkHasNoServersWhereHalfOfItIsNotTol
   service_.property("/ip6/1", "org.freedesktop.NetworkManager.IP6Config", "Nameservers",
                     std::vector<std::vector<std::uint8_t>>{});
   service_.start();
-  EXPECT_FALSE(manager_.dnsServers("wlan0", patience()));
+  EXPECT_FALSE(manager_.dnsServers("wlan0", deadline()));
 }
 
 TEST_F(NetworkManagerTest, SixtyProfilesAreAskedForAtOnce) {
@@ -206,7 +206,7 @@ TEST_F(NetworkManagerTest, SixtyProfilesAreAskedForAtOnce) {
   all.reset();  // it belongs to the methods
   service_.list(paths);
   service_.start();
-  const auto networks = manager_.savedNetworks(patience());
+  const auto networks = manager_.savedNetworks(deadline());
   ASSERT_TRUE(networks) << networks.error().message;
   ASSERT_EQ(networks->size(), 60U);
   EXPECT_EQ(networks->front().ssid, "Trip 0");
@@ -217,7 +217,7 @@ TEST_F(NetworkManagerTest, ProfilesAreLimited) {
   service_.list(std::vector<ObjectPath>(kLongestBusList + 100, ObjectPath(kProfilePath)));
   service_.method(kProfilePath, kProfile, "GetSettings", [] { return wifiProfile("Same"); });
   service_.start();
-  const auto networks = manager_.savedNetworks(patience());
+  const auto networks = manager_.savedNetworks(deadline());
   ASSERT_TRUE(networks) << networks.error().message;
   EXPECT_EQ(networks->size(), kLongestBusList);
 }
@@ -233,7 +233,7 @@ TEST_F(NetworkManagerTest, ProfilesThatCannotBeReadAreLeftOut) {
   service_.method("/odd", kProfile, "GetSettings", [] { return std::string("settings"); });
   service_.method("/good", kProfile, "GetSettings", [] { return wifiProfile("Good"); });
   service_.start();
-  const auto networks = manager_.savedNetworks(patience());
+  const auto networks = manager_.savedNetworks(deadline());
   ASSERT_TRUE(networks) << networks.error().message;
   ASSERT_EQ(networks->size(), 1U);
   EXPECT_EQ(networks->front().ssid, "Good");
@@ -247,28 +247,28 @@ TEST_F(NetworkManagerTest, ProfilesThatAreAllRefusedAreNotPermitted) {
     });
   }
   service_.start();
-  EXPECT_EQ(manager_.savedNetworks(patience()).error().reason, Reason::notPermitted);
+  EXPECT_EQ(manager_.savedNetworks(deadline()).error().reason, Reason::notPermitted);
 }
 
 TEST_F(NetworkManagerTest, OneProfileThatIsNeverToldEndsAtTheDeadline) {
   service_.list({ObjectPath(kProfilePath)});
   service_.silentMethod<Sections>(kProfilePath, kProfile, "GetSettings");
   service_.start();
-  EXPECT_EQ(manager_.savedNetworks(shortPatience()).error().reason, Reason::tookTooLong);
+  EXPECT_EQ(manager_.savedNetworks(shortDeadline()).error().reason, Reason::tookTooLong);
 }
 
 TEST_F(NetworkManagerTest, TellsItsLastScan) {
   service_.property(kDevicePath, kWireless, "LastScan", std::int64_t{123'456});
   service_.property(kDevicePath, kManagedDevice, "State", std::uint32_t{30});
   service_.start();
-  EXPECT_EQ(manager_.lastScan("wlan0", patience()), Result<LastScan>(LastScan(123'456ms)));
+  EXPECT_EQ(manager_.lastScan("wlan0", deadline()), Result<LastScan>(LastScan(123'456ms)));
 }
 
 TEST_F(NetworkManagerTest, AScanThatNeverWasHasNoTime) {
   service_.property(kDevicePath, kWireless, "LastScan", std::int64_t{-1});
   service_.property(kDevicePath, kManagedDevice, "State", std::uint32_t{30});
   service_.start();
-  EXPECT_EQ(manager_.lastScan("wlan0", patience()), Result<LastScan>(LastScan()));
+  EXPECT_EQ(manager_.lastScan("wlan0", deadline()), Result<LastScan>(LastScan()));
 }
 
 struct Refusal {
@@ -285,7 +285,7 @@ class RequestScan : public NetworkManagerTest {
       if (refusal.error) throw sdbus::Error(refusal.error, refusal.words);
     });
     service_.start();
-    return manager_.requestScan("wlan0", patience());
+    return manager_.requestScan("wlan0", deadline());
   }
 };
 
@@ -326,7 +326,7 @@ TEST_F(NetworkManagerTest, ListsTheAccessPointsThatAreStillThere) {
   service_.property("/point/1", kAccessPoint, "Ssid", ssidBytes("Cafe"));
   service_.property("/point/1", kAccessPoint, "Strength", std::uint8_t{75});
   service_.start();
-  const auto points = manager_.accessPoints("wlan0", patience());
+  const auto points = manager_.accessPoints("wlan0", deadline());
   ASSERT_TRUE(points) << points.error().message;
   ASSERT_EQ(points->size(), 1U);
   EXPECT_EQ(points->front().bssid, "02:aa:00:00:00:01");
@@ -343,9 +343,9 @@ TEST_F(NetworkManagerTest, TheRadioIsSwitched) {
       .withSetter([&switched](const bool& on) { switched.set_value(on); });
   service_.property(kRoot, kManagerName, "WirelessHardwareEnabled", false);
   service_.start();
-  EXPECT_EQ(manager_.isWirelessEnabled(patience()), Result<bool>(true));
-  EXPECT_EQ(manager_.isWirelessHardwareEnabled(patience()), Result<bool>(false));
-  EXPECT_EQ(manager_.setWirelessEnabled(false, patience()), std::nullopt);
+  EXPECT_EQ(manager_.isWirelessEnabled(deadline()), Result<bool>(true));
+  EXPECT_EQ(manager_.isWirelessHardwareEnabled(deadline()), Result<bool>(false));
+  EXPECT_EQ(manager_.setWirelessEnabled(false, deadline()), std::nullopt);
   EXPECT_FALSE(switched.get_future().get());
 }
 
@@ -358,7 +358,7 @@ TEST_F(NetworkManagerTest, TheRadioIsNotSwitchedWithoutPermission) {
         throw sdbus::Error("org.freedesktop.NetworkManager.PermissionDenied", "Not authorized");
       });
   service_.start();
-  const auto problem = manager_.setWirelessEnabled(false, patience());
+  const auto problem = manager_.setWirelessEnabled(false, deadline());
   ASSERT_TRUE(problem);
   EXPECT_EQ(problem->reason, Reason::notPermitted);
 }
@@ -374,13 +374,13 @@ TEST_F(NetworkManagerTest, ARestartInTheMiddleIsUnknownAndTheNextCallIsAnswered)
                 });
   first->start();
   auto answer =
-      std::async(std::launch::async, [&] { return manager_.activeProfile("wlan0", patience()); });
+      std::async(std::launch::async, [&] { return manager_.activeProfile("wlan0", deadline()); });
   ASSERT_EQ(asked.get_future().wait_for(30s), std::future_status::ready);
   first.reset();
   EXPECT_EQ(answer.get().error().reason, Reason::noService);
   service_.joined(wifiProfile("Home"));
   service_.start();
-  EXPECT_TRUE(manager_.activeProfile("wlan0", patience()));
+  EXPECT_TRUE(manager_.activeProfile("wlan0", deadline()));
 }
 
 }  // namespace

@@ -41,11 +41,11 @@ class SessionProxyTest : public BusFixture {
                      return proxies;
                    });
     service.start();
-    return read(patience());
+    return read(deadline());
   }
-  Result<facts::SessionProxy> read(const Patience& patience, const char* variable = nullptr) {
+  Result<facts::SessionProxy> read(const Deadline& deadline, const char* variable = nullptr) {
     const char* const environment[] = {variable, nullptr};
-    return readSessionProxy(environment, *bus_, patience);
+    return readSessionProxy(environment, *bus_, deadline);
   }
   static constexpr const char* kDesktop = "XDG_CURRENT_DESKTOP=GNOME";
   static constexpr const char* kSession = "DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent/socket";
@@ -59,28 +59,28 @@ TEST_F(SessionProxyTest, OfTheDesktopIsAnythingButADirectConnection) {
 }
 
 TEST_F(SessionProxyTest, OfNoSessionIsNoneWithoutAPortalAndWithoutABus) {
-  EXPECT_EQ(read(patience()), Result<facts::SessionProxy>(facts::SessionProxy{}));
+  EXPECT_EQ(read(deadline()), Result<facts::SessionProxy>(facts::SessionProxy{}));
   bus_ = Bus::at("unix:path=/nonexistent/socket");
-  EXPECT_EQ(read(patience()), Result<facts::SessionProxy>(facts::SessionProxy{}));
+  EXPECT_EQ(read(deadline()), Result<facts::SessionProxy>(facts::SessionProxy{}));
 }
 
 TEST_F(SessionProxyTest, IsNoneWhereAPortalWithoutADesktopDoesNotKnowOfProxies) {
   FakeService service(daemon_.address(), "org.freedesktop.portal.Desktop");
   service.start();
-  EXPECT_EQ(read(patience()), Result<facts::SessionProxy>(facts::SessionProxy{}));
-  EXPECT_EQ(read(patience(), kDesktop).error().reason, Reason::notTold);
+  EXPECT_EQ(read(deadline()), Result<facts::SessionProxy>(facts::SessionProxy{}));
+  EXPECT_EQ(read(deadline(), kDesktop).error().reason, Reason::notTold);
 }
 
 TEST_F(SessionProxyTest, OfADesktopIsUnknownWhereItsPortalIsNotRunning) {
-  EXPECT_EQ(read(patience(), kDesktop).error().reason, Reason::noService);
-  EXPECT_TRUE(read(patience(), kSession)) << "a session without a desktop has no portal";
-  EXPECT_TRUE(read(patience(), "XDG_CURRENT_DESKTOP=")) << "an empty variable says nothing";
+  EXPECT_EQ(read(deadline(), kDesktop).error().reason, Reason::noService);
+  EXPECT_TRUE(read(deadline(), kSession)) << "a session without a desktop has no portal";
+  EXPECT_TRUE(read(deadline(), "XDG_CURRENT_DESKTOP=")) << "an empty variable says nothing";
 }
 
 TEST_F(SessionProxyTest, OfASessionIsUnknownWhereItsBusIsNotThere) {
   bus_ = Bus::at("unix:path=/nonexistent/socket");
-  EXPECT_EQ(read(patience(), kSession).error().reason, Reason::noService);
-  EXPECT_EQ(read(patience(), kDesktop).error().reason, Reason::noService);
+  EXPECT_EQ(read(deadline(), kSession).error().reason, Reason::noService);
+  EXPECT_EQ(read(deadline(), kDesktop).error().reason, Reason::noService);
 }
 
 TEST_F(SessionProxyTest, IsUnknownWhereThePortalDoesNotAnswer) {
@@ -88,12 +88,12 @@ TEST_F(SessionProxyTest, IsUnknownWhereThePortalDoesNotAnswer) {
   service.silentMethod<std::vector<std::string>, std::string>(
       "/org/freedesktop/portal/desktop", "org.freedesktop.portal.ProxyResolver", "Lookup");
   service.start();
-  EXPECT_EQ(read(shortPatience()).error().reason, Reason::tookTooLong);
+  EXPECT_EQ(read(shortDeadline()).error().reason, Reason::tookTooLong);
 }
 
 TEST_F(SessionProxyTest, OfTheEnvironmentAsksNobody) {
   const char* const environment[] = {"http_proxy=http://proxy.test", nullptr};
-  const Patience over{Clock::now(), cancellation_};
+  const Deadline over{Clock::now(), cancellation_.get_token()};
   EXPECT_EQ(readSessionProxy(environment, *bus_, over)->source, "http_proxy in the environment");
 }
 

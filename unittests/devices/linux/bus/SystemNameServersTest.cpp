@@ -43,7 +43,7 @@ class SystemNameServers : public BusFixture {
 
   std::optional<std::vector<std::string>> read(const std::string& resolvConf) {
     std::ofstream(file_) << resolvConf;
-    return readSystemNameServers(*bus_, 3, patience(), file_);
+    return readSystemNameServers(*bus_, 3, deadline(), file_);
   }
 
   std::string file_;

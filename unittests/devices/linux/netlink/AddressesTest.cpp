@@ -150,59 +150,54 @@ TEST(InterfaceAddresses, OfMessagesThatAreCutOffAreNone) {
   }
 }
 
-Patience patience(const Cancellation& cancellation,
-                  std::chrono::milliseconds time = std::chrono::seconds(20)) {
-  return {Clock::now() + time, cancellation};
+Deadline deadline(std::chrono::milliseconds time = std::chrono::seconds(20)) {
+  return Deadline::in(time);
 }
 
 TEST(InterfaceAddresses, OfTheLoopbackAreRead) {
-  const Cancellation cancellation;
   const auto index = static_cast<int>(if_nametoindex("lo"));
   ASSERT_GT(index, 0);
-  const auto found = readAddresses(index, patience(cancellation));
+  const auto found = readAddresses(index, deadline());
   ASSERT_TRUE(found) << found.error().message;
   EXPECT_THAT(found->ipv4, Contains("127.0.0.1"));
   EXPECT_FALSE(found->ipv4Gateway);
 }
 
 TEST(InterfaceAddresses, OfAnInterfaceThatIsNotThereAreUnknown) {
-  const Cancellation cancellation;
   for (const int index : {0, -1, 1 << 30}) {
-    const auto found = readAddresses(index, patience(cancellation));
+    const auto found = readAddresses(index, deadline());
     ASSERT_FALSE(found);
     EXPECT_EQ(found.error().reason, Reason::noHardware) << found.error().message;
   }
 }
 
 TEST(AddressesOfALink, AreNotKnownWhereItsCarrierIsNot) {
-  const Cancellation never;
   const Error late{Reason::tookTooLong, "Try again."};
-  const auto addresses = readAddressesOfLink(late, patience(never));
+  const auto addresses = readAddressesOfLink(late, deadline());
   ASSERT_FALSE(addresses);
   EXPECT_EQ(addresses.error(), late);
 }
 
 TEST(AddressesOfALink, AreNotKnownWhereAnotherMemberSends) {
-  const Cancellation never;
   const OtherMember other{"eth0", "bond0", "wlan0", true};
-  const auto addresses = readAddressesOfLink(Carrier{1, "bond0", other}, patience(never));
+  const auto addresses = readAddressesOfLink(Carrier{1, "bond0", other}, deadline());
   ASSERT_FALSE(addresses);
   EXPECT_EQ(addresses.error(), sentByAnother(other));
 }
 
 TEST(NetlinkSocket, AsksNothingMoreWhenTheTimeIsOverOrTheWorkCalledOff) {
-  Cancellation cancellation;
-  const auto late = readAddresses(1, patience(cancellation, std::chrono::milliseconds(-1)));
+  std::stop_source cancellation;
+  const auto late = readAddresses(1, deadline(std::chrono::milliseconds(-1)));
   ASSERT_FALSE(late);
   EXPECT_EQ(late.error().reason, Reason::tookTooLong);
-  cancellation.cancel();
-  const auto calledOff = readAddresses(1, patience(cancellation));
-  ASSERT_FALSE(calledOff);
-  EXPECT_EQ(calledOff.error().reason, Reason::tookTooLong);
+  cancellation.request_stop();
+  const auto cancelled =
+      readAddresses(1, Deadline::in(std::chrono::seconds(20), cancellation.get_token()));
+  ASSERT_FALSE(cancelled);
+  EXPECT_EQ(cancelled.error().reason, Reason::tookTooLong);
 }
 
 TEST(NetlinkSocket, IsFreshAfterAQuestionWasCalledOff) {
-  const Cancellation cancellation;
   NetlinkSocket socket(NETLINK_ROUTE);
   const ifaddrmsg all{};
   const auto question = [&all] {
@@ -212,21 +207,21 @@ TEST(NetlinkSocket, IsFreshAfterAQuestionWasCalledOff) {
   };
   std::vector<Message> answers;
   Request first = question();
-  EXPECT_EQ(socket.ask(first, patience(cancellation, std::chrono::milliseconds(-1)), answers),
-            ETIMEDOUT);
+  EXPECT_EQ(socket.ask(first, deadline(std::chrono::milliseconds(-1)), answers), ETIMEDOUT);
   EXPECT_THAT(answers, IsEmpty());
   Request second = question();
-  EXPECT_EQ(socket.ask(second, patience(cancellation), answers), 0);
+  EXPECT_EQ(socket.ask(second, deadline(), answers), 0);
   EXPECT_FALSE(answers.empty());
 }
 
 TEST(NetlinkSocket, WaitsForEventsUntilItIsCalledOff) {
-  Cancellation cancellation;
+  std::stop_source cancellation;
   NetlinkSocket socket(NETLINK_ROUTE);
   ASSERT_EQ(socket.listen(RTNLGRP_LINK), 0);
-  cancellation.cancel();
+  cancellation.request_stop();
   Message event;
-  EXPECT_EQ(socket.nextEvent(patience(cancellation), event), ECANCELED);
+  EXPECT_EQ(socket.nextEvent({Clock::time_point::max(), cancellation.get_token()}, event),
+            ECANCELED);
 }
 
 // Whether so many changes of an interface fit into what the socket keeps unread.
@@ -259,7 +254,6 @@ TEST(NetlinkSocket, KeepsAsManyEventsWhereItWasOpenBeforeItListens) {
 
 TEST(NetlinkSocket, ForgetsWhatCameBeforeItListensAnew) {
   const int status = probes::inOwnNetwork([] {
-    const Cancellation never;
     NetlinkSocket socket(NETLINK_ROUTE);
     if (socket.listen(RTNLGRP_LINK) != 0) return false;
     ifreq change{.ifr_ifrn = {"lo"}, .ifr_ifru = {}};
@@ -270,9 +264,9 @@ TEST(NetlinkSocket, ForgetsWhatCameBeforeItListensAnew) {
     }
     close(descriptor);
     Message event;
-    if (socket.nextEvent(patience(never), event) != 0) return false;
+    if (socket.nextEvent(deadline(), event) != 0) return false;
     if (socket.listen(RTNLGRP_LINK) != 0) return false;
-    return socket.nextEvent(patience(never, std::chrono::milliseconds(50)), event) == ETIMEDOUT;
+    return socket.nextEvent(deadline(std::chrono::milliseconds(50)), event) == ETIMEDOUT;
   });
   if (status == probes::kNotPossible) GTEST_SKIP() << "no user namespaces here";
   EXPECT_EQ(status, 0);
@@ -280,9 +274,8 @@ TEST(NetlinkSocket, ForgetsWhatCameBeforeItListensAnew) {
 
 // Most machines that run this have no Wi-Fi; those that do have interfaces.
 TEST(Nl80211, OfAMachineWithoutWifiSaysSo) {
-  const Cancellation cancellation;
   Nl80211 kernel;
-  const auto interfaces = kernel.interfaces(patience(cancellation));
+  const auto interfaces = kernel.interfaces(deadline());
   if (interfaces) {
     EXPECT_FALSE(interfaces->empty());
     return;
@@ -291,12 +284,12 @@ TEST(Nl80211, OfAMachineWithoutWifiSaysSo) {
               interfaces.error().reason == Reason::notSupported)
       << interfaces.error().message;
   const WifiInterface none;
-  EXPECT_FALSE(kernel.link(none, patience(cancellation)));
-  EXPECT_FALSE(kernel.scan(none, patience(cancellation)));
-  EXPECT_FALSE(kernel.surveys(none, patience(cancellation)));
-  EXPECT_FALSE(kernel.radio(none, patience(cancellation)));
-  EXPECT_FALSE(kernel.triggerScan(none, patience(cancellation)));
-  EXPECT_TRUE(kernel.awaitScanResults(none, ScansThat::ended, patience(cancellation)).has_value());
+  EXPECT_FALSE(kernel.link(none, deadline()));
+  EXPECT_FALSE(kernel.scan(none, deadline()));
+  EXPECT_FALSE(kernel.surveys(none, deadline()));
+  EXPECT_FALSE(kernel.radio(none, deadline()));
+  EXPECT_FALSE(kernel.triggerScan(none, deadline()));
+  EXPECT_TRUE(kernel.awaitScanResults(none, ScansThat::ended, deadline()).has_value());
 }
 
 }  // namespace

@@ -161,26 +161,25 @@ TEST(OtherWayOut, IsNotTheTranslatorOfIPv4OverAnIPv6OnlyLink) {
 
 class CarrierOfTheKernel : public testing::Test {
  protected:
-  const Cancellation never_;
-  const Patience patience_{Clock::now() + std::chrono::minutes(1), never_};
+  const Deadline deadline_ = Deadline::in(std::chrono::minutes(1));
   const int loopback_ = static_cast<int>(if_nametoindex("lo"));
 };
 
 TEST_F(CarrierOfTheKernel, IsRead) {
-  const auto carrier = readCarrier(loopback_, patience_);
+  const auto carrier = readCarrier(loopback_, deadline_);
   ASSERT_TRUE(carrier) << carrier.error().message;
   EXPECT_EQ(*carrier, (Carrier{loopback_, "lo", {}}));
-  EXPECT_EQ(readCarrier(1 << 30, patience_).error().reason, Reason::noHardware);
+  EXPECT_EQ(readCarrier(1 << 30, deadline_).error().reason, Reason::noHardware);
 }
 
 TEST_F(CarrierOfTheKernel, OtherInterfaceIsRead) {
-  EXPECT_EQ(readOtherInterface(loopback_, patience_).value().name, "lo");
-  EXPECT_EQ(readOtherInterface(1 << 30, patience_), std::nullopt);
+  EXPECT_EQ(readOtherInterface(loopback_, deadline_).value().name, "lo");
+  EXPECT_EQ(readOtherInterface(1 << 30, deadline_), std::nullopt);
 }
 
 TEST_F(CarrierOfTheKernel, InterfaceTowardsAnAddressIsTheOneThatPacketsLeaveBy) {
-  EXPECT_EQ(interfaceTowards("127.0.0.1", patience_), loopback_);
-  EXPECT_EQ(interfaceTowards("no address", patience_), std::nullopt);
+  EXPECT_EQ(interfaceTowards("127.0.0.1", deadline_), loopback_);
+  EXPECT_EQ(interfaceTowards("no address", deadline_), std::nullopt);
 }
 
 }  // namespace

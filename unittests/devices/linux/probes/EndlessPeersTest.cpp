@@ -22,21 +22,20 @@ constexpr auto kAtMost = 3s;
 
 template <class Work>
 void endsAtItsDeadline(Work work) {
-  const Cancellation never;
   const auto began = Clock::now();
-  work(Patience{began + kLimit, never});
+  work(Deadline{began + kLimit});
   EXPECT_LT(Clock::now() - began, kAtMost);
 }
 
 template <class Work>
 void endsWhenItIsCalledOff(Work work) {
-  Cancellation cancellation;
+  std::stop_source cancellation;
   std::thread other([&] {
     std::this_thread::sleep_for(kLimit);
-    cancellation.cancel();
+    cancellation.request_stop();
   });
   const auto began = Clock::now();
-  work(Patience{began + 1h, cancellation});
+  work(Deadline{began + 1h, cancellation.get_token()});
   EXPECT_LT(Clock::now() - began, kAtMost);
   other.join();
 }
@@ -57,9 +56,8 @@ TcpServer::Serve endless(const std::string& start, const std::string& text, int 
 // One byte of `text` after the other, and then again from the start.
 TcpServer::Serve dribbling(const std::string& text) {
   return [text](int connection) {
-    const Cancellation never;
     for (std::size_t i = 0; say(connection, {text[i % text.size()]}); ++i) {
-      waitFor(-1, 0, {Clock::now() + 20ms, never});
+      sleepUntil(Deadline::in(20ms));
     }
   };
 }
@@ -84,16 +82,16 @@ TEST(EndlessPeers, OfTlsAreLeftAtTheDeadline) {
   for (const TcpServer::Serve& serve : tlsPeers()) {
     const TcpServer server(serve);
     const std::string url = urlOf(server, "/", "https");
-    endsAtItsDeadline([&](const Patience& patience) {
-      const auto site = reachSite(url, {}, patience);
+    endsAtItsDeadline([&](const Deadline& deadline) {
+      const auto site = reachSite(url, {}, deadline);
       EXPECT_FALSE(site && site->reached);
     });
-    endsAtItsDeadline([&](const Patience& patience) {
-      const auto page = retrievePage(url, "", {}, patience);
+    endsAtItsDeadline([&](const Deadline& deadline) {
+      const auto page = retrievePage(url, "", {}, deadline);
       EXPECT_FALSE(page && page->retrieved);
     });
-    endsAtItsDeadline([&](const Patience& patience) {
-      const auto portal = probePortal({"http://192.0.2.1/", "", url}, {}, patience);
+    endsAtItsDeadline([&](const Deadline& deadline) {
+      const auto portal = probePortal({"http://192.0.2.1/", "", url}, {}, deadline);
       EXPECT_NE(portal ? portal->answer : facts::PortalProbe::Answer::noAnswer,
                 facts::PortalProbe::Answer::open);
     });
@@ -103,8 +101,8 @@ TEST(EndlessPeers, OfTlsAreLeftAtTheDeadline) {
 TEST(EndlessPeers, OfTlsAreLeftWhenTheWorkIsCalledOff) {
   for (const TcpServer::Serve& serve : tlsPeers()) {
     const TcpServer server(serve);
-    endsWhenItIsCalledOff([&](const Patience& patience) {
-      const auto site = reachSite(urlOf(server, "/", "https"), {}, patience);
+    endsWhenItIsCalledOff([&](const Deadline& deadline) {
+      const auto site = reachSite(urlOf(server, "/", "https"), {}, deadline);
       EXPECT_FALSE(site && site->reached);
     });
   }
@@ -113,12 +111,12 @@ TEST(EndlessPeers, OfTlsAreLeftWhenTheWorkIsCalledOff) {
 TEST(EndlessPeers, OfHttpAreLeftAtTheDeadline) {
   for (const TcpServer::Serve& serve : httpPeers()) {
     const TcpServer server(serve);
-    endsAtItsDeadline([&](const Patience& patience) {
-      const auto page = retrievePage(urlOf(server), "online", {}, patience);
+    endsAtItsDeadline([&](const Deadline& deadline) {
+      const auto page = retrievePage(urlOf(server), "online", {}, deadline);
       EXPECT_FALSE(page && page->retrieved);
     });
-    endsAtItsDeadline([&](const Patience& patience) {
-      const auto portal = probePortal({urlOf(server), "online", ""}, {}, patience);
+    endsAtItsDeadline([&](const Deadline& deadline) {
+      const auto portal = probePortal({urlOf(server), "online", ""}, {}, deadline);
       EXPECT_NE(portal ? portal->answer : facts::PortalProbe::Answer::noAnswer,
                 facts::PortalProbe::Answer::open);
     });
@@ -132,7 +130,7 @@ class UdpFlood {
   UdpFlood(const std::string& address, std::uint16_t port, const std::string& text)
       : socket_(boundSocket(address, SOCK_DGRAM, port)), thread_([this, text] { flood(text); }) {}
   ~UdpFlood() {
-    ended_.cancel();
+    ended_.request_stop();
     thread_.join();
   }
   UdpFlood(const UdpFlood&) = delete;
@@ -142,7 +140,8 @@ class UdpFlood {
 
  private:
   void flood(const std::string& text) {
-    if (waitFor(socket_.number(), POLLIN, patient(ended_)) != Waited::ready) return;
+    if (waitFor(socket_.number(), POLLIN, longDeadline(ended_.get_token())) != Waited::ready)
+      return;
     std::array<char, 2048> question{};
     sockaddr_storage from{};
     socklen_t size = sizeof(from);
@@ -150,21 +149,21 @@ class UdpFlood {
                  reinterpret_cast<sockaddr*>(&from), &size) < 0) {
       return;
     }
-    while (!ended_.isCancelled()) {
+    while (!ended_.stop_requested()) {
       sendto(socket_.number(), text.data(), text.size(), 0, reinterpret_cast<sockaddr*>(&from),
              size);
     }
   }
 
   Descriptor socket_;
-  Cancellation ended_;
+  std::stop_source ended_;
   std::thread thread_;
 };
 
 void isNotResolvedInTime(std::uint16_t port) {
-  endsAtItsDeadline([&](const Patience& patience) {
+  endsAtItsDeadline([&](const Deadline& deadline) {
     const Way way{"", std::vector{kHere + ":" + std::to_string(port)}};
-    const auto answer = resolve("site.test", way, patience);
+    const auto answer = resolve("site.test", way, deadline);
     EXPECT_FALSE(answer && answer->resolution.resolved);
   });
 }
@@ -204,16 +203,16 @@ TEST(EndlessPeers, OfDnsOverTcpAreLeftAtTheDeadline) {
 TEST(EndlessPeers, OfNatPmpAreLeftAtTheDeadline) {
   for (const std::string& text : {std::string(1, 'x'), std::string(12, '\0')}) {
     const UdpFlood router(ownAddress(), 5351, text);
-    endsAtItsDeadline([&](const Patience& patience) {
-      EXPECT_EQ(askNatPmp(ownAddress(), "", patience), std::nullopt);
+    endsAtItsDeadline([&](const Deadline& deadline) {
+      EXPECT_EQ(askNatPmp(ownAddress(), "", deadline), std::nullopt);
     });
   }
 }
 
 TEST(EndlessPeers, OfUpnpAreLeftAtTheDeadline) {
   const auto isNotTold = [] {
-    endsAtItsDeadline([&](const Patience& patience) {
-      EXPECT_EQ(askUpnp(ownAddress(), "", patience), std::nullopt);
+    endsAtItsDeadline([&](const Deadline& deadline) {
+      EXPECT_EQ(askUpnp(ownAddress(), "", deadline), std::nullopt);
     });
   };
   {

@@ -46,14 +46,16 @@ TcpServer::TcpServer(Serve serve, const std::string& address, std::uint16_t port
 }
 
 TcpServer::~TcpServer() {
-  ended_.cancel();
+  ended_.request_stop();
+  shutdown(listener_.number(), SHUT_RDWR);  // wakes its thread
   thread_.join();
 }
 
 void TcpServer::accept() {
   std::list<Descriptor> sockets;
   std::list<std::thread> threads;
-  while (waitFor(listener_.number(), POLLIN, patient(ended_)) != Waited::cancelled) {
+  while (waitFor(listener_.number(), POLLIN, longDeadline(ended_.get_token())) !=
+         Waited::cancelled) {
     Descriptor socket(accept4(listener_.number(), nullptr, nullptr, SOCK_CLOEXEC));
     if (!socket) continue;
     ++connections_;
@@ -73,12 +75,13 @@ UdpServer::UdpServer(Answer answer, const std::string& address, std::uint16_t po
 }
 
 UdpServer::~UdpServer() {
-  ended_.cancel();
+  ended_.request_stop();
+  shutdown(socket_.number(), SHUT_RDWR);  // wakes its thread
   thread_.join();
 }
 
 void UdpServer::run() {
-  while (waitFor(socket_.number(), POLLIN, patient(ended_)) != Waited::cancelled) {
+  while (waitFor(socket_.number(), POLLIN, longDeadline(ended_.get_token())) != Waited::cancelled) {
     std::array<char, 2048> buffer{};
     sockaddr_storage from{};
     socklen_t size = sizeof(from);

@@ -9,7 +9,7 @@
 #include <thread>
 #include <vector>
 
-#include "devices/linux/Patience.h"
+#include "devices/linux/Deadline.h"
 #include "devices/linux/probes/Sockets.h"
 
 namespace wifi_profile::linux::probes {
@@ -17,8 +17,8 @@ namespace wifi_profile::linux::probes {
 inline const std::string kHere = "127.0.0.1";
 
 // Long enough for every machine; what is tested ends by its own doing.
-inline Patience patient(const Cancellation& cancellation) {
-  return {Clock::now() + std::chrono::seconds(60), cancellation};
+inline Deadline longDeadline(std::stop_token stop = {}) {
+  return Deadline::in(std::chrono::seconds(60), std::move(stop));
 }
 
 // An address of the loopback interface for this process alone.
@@ -47,7 +47,7 @@ class TcpServer {
 
   Serve serve_;
   Descriptor listener_;
-  Cancellation ended_;
+  std::stop_source ended_;
   std::atomic<int> connections_ = 0;
   std::thread thread_;
 };
@@ -70,7 +70,7 @@ class UdpServer {
 
   Answer answer_;
   Descriptor socket_;
-  Cancellation ended_;
+  std::stop_source ended_;
   std::atomic<int> questions_ = 0;
   std::thread thread_;
 };

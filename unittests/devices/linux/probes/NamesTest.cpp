@@ -49,8 +49,7 @@ Way wayTo(const UdpServer& server) {
 }
 
 NameAnswer ask(const UdpServer& server, const std::string& name = "site.test") {
-  const Cancellation never;
-  const auto answer = resolve(name, wayTo(server), patient(never));
+  const auto answer = resolve(name, wayTo(server), longDeadline());
   EXPECT_TRUE(answer);
   return answer ? *answer : NameAnswer{};
 }
@@ -134,10 +133,9 @@ TEST(Names, DoNotResolveToThemselves) {
 }
 
 TEST(Names, TimeOutWithSilenceGarbageAndTheAnswersOfOthers) {
-  const Cancellation never;
   const auto timesOut = [&](const UdpServer::Answer& with) {
     const UdpServer server(with);
-    const auto answer = resolve("site.test", wayTo(server), {Clock::now() + 300ms, never});
+    const auto answer = resolve("site.test", wayTo(server), Deadline::in(300ms));
     ASSERT_TRUE(answer);
     EXPECT_FALSE(answer->resolution.resolved);
     EXPECT_EQ(answer->resolution.problem, "timed out");
@@ -171,32 +169,28 @@ TEST(Names, DoNotResolveWithABrokenAnswer) {
 }
 
 TEST(Names, AreNotAskedForWhereThereIsNothingToAsk) {
-  const Cancellation never;
   const UdpServer server(addressesOfBoth);
   EXPECT_EQ(ask(server, "192.0.2.7").addresses, std::vector<std::string>{"192.0.2.7"});
   EXPECT_EQ(ask(server, "").resolution.problem, "malformed name");
   EXPECT_EQ(ask(server, std::string(300, 'x')).resolution.problem, "malformed name");
   EXPECT_EQ(server.questions(), 0);
-  const auto none = resolve("site.test", {"", Servers{"a,b", ""}}, patient(never));
+  const auto none = resolve("site.test", {"", Servers{"a,b", ""}}, longDeadline());
   ASSERT_TRUE(none);
   EXPECT_EQ(none->resolution.problem, "no name server");
 }
 
 TEST(Names, AreNotAskedOfTheSystemsServersWhereTheLinkHasNone) {
-  const Cancellation never;
-  const auto none = resolve("site.test", {"", Servers{}}, patient(never));
+  const auto none = resolve("site.test", {"", Servers{}}, longDeadline());
   ASSERT_TRUE(none);
   EXPECT_FALSE(none->resolution.resolved);
   EXPECT_EQ(none->resolution.problem, "no name server");
 }
 
 TEST(Names, AreAskedOfTheInterfacesServersAloneWhereOneIsOfThisMachine) {
-  const Cancellation never;
   const UdpServer own(addressesOfBoth);
   const std::string server = kHere + ":" + std::to_string(own.port());
-  EXPECT_FALSE(
-      resolve("site.test", {"lo", Servers{server, "192.0.2.53"}}, {Clock::now() + 300ms, never})
-          ->resolution.resolved);
+  EXPECT_FALSE(resolve("site.test", {"lo", Servers{server, "192.0.2.53"}}, Deadline::in(300ms))
+                   ->resolution.resolved);
   EXPECT_EQ(own.questions(), 0);
 }
 
@@ -211,45 +205,43 @@ TEST(Names, OfAnAliasInThisMachinesHostsFileAreAskedOfTheServer) {
 }
 
 TEST(Names, EndWhenTheyAreCalledOff) {
-  Cancellation cancellation;
+  std::stop_source cancellation;
   const UdpServer silent([&](const std::string&) {
-    cancellation.cancel();
+    cancellation.request_stop();
     return std::vector<std::string>{};
   });
   const auto began = Clock::now();
-  EXPECT_FALSE(resolve("site.test", wayTo(silent), {Clock::now() + 1h, cancellation}));
+  EXPECT_FALSE(resolve("site.test", wayTo(silent), Deadline::in(1h, cancellation.get_token())));
   EXPECT_LT(Clock::now() - began, 3s);  // sooner than after the second try
 }
 
 TEST(Names, InAddressesOfTheWebAreAskedOfTheLinksServers) {
-  const Cancellation never;
   const UdpServer server(addressesOfBoth);
   const TcpServer web(answering(page("200 OK", "online")));
   const std::string port = std::to_string(web.port());
   const auto got =
-      retrievePage("http://site.test:" + port + "/", "online", wayTo(server), patient(never));
+      retrievePage("http://site.test:" + port + "/", "online", wayTo(server), longDeadline());
   ASSERT_TRUE(got);
   EXPECT_TRUE(got->retrieved) << got->problem;
   const auto redirected = [&] {
     const TcpServer first(
         answering(page("302 Found", "", "Location: http://other.test:" + port + "/\r\n")));
-    return retrievePage(urlOf(first), "online", wayTo(server), patient(never));
+    return retrievePage(urlOf(first), "online", wayTo(server), longDeadline());
   }();
   ASSERT_TRUE(redirected);
   EXPECT_TRUE(redirected->retrieved) << redirected->problem;
   const UdpServer empty(
       [](const std::string& question) { return std::vector<std::string>{answer(question, 3)}; });
-  const auto site = reachSite("http://site.test/", wayTo(empty), patient(never));
+  const auto site = reachSite("http://site.test/", wayTo(empty), longDeadline());
   ASSERT_TRUE(site);
   EXPECT_EQ(site->problem, "name: no such name");
 }
 
 TEST(Names, ThatStandForThisMachineAreNotVisitedThroughAnInterface) {
-  const Cancellation never;
   const UdpServer server(addressesOfBoth);
   const TcpServer own(answering(page("200 OK", "online")));
   const auto site = reachSite("http://site.test:" + std::to_string(own.port()) + "/",
-                              {"lo", wayTo(server).nameServers}, patient(never));
+                              {"lo", wayTo(server).nameServers}, longDeadline());
   ASSERT_TRUE(site);
   EXPECT_EQ(site->problem, "name: blocked: no site has the address 127.0.0.1");
   EXPECT_EQ(own.connections(), 0);
@@ -265,10 +257,9 @@ UdpServer::Answer giving(int a, int b, int c, int d) {
 }
 
 TEST(Names, AreNotResolvedByAnAddressThatNoSiteCanHave) {
-  const Cancellation never;
   const auto resolved = [&](const UdpServer::Answer& with) {
     const UdpServer server(with);
-    const auto answer = resolve("site.test", {"lo", wayTo(server).nameServers}, patient(never));
+    const auto answer = resolve("site.test", {"lo", wayTo(server).nameServers}, longDeadline());
     EXPECT_TRUE(answer);
     EXPECT_EQ(answer->resolution.resolved, !answer->addresses.empty());
     EXPECT_EQ(answer->resolution.resolved, answer->resolution.problem.empty());
@@ -297,10 +288,9 @@ TEST(Names, AreNotResolvedByAnAddressThatNoSiteCanHave) {
 }
 
 TEST(Names, AskedOfTheSystemsServersAreNotResolvedByAnAddressThatNoSiteCanHave) {
-  const Cancellation never;
   const auto resolved = [&](const UdpServer::Answer& with) {
     const UdpServer server(with);
-    return resolveAsSystem("site.test", *wayTo(server).nameServers, patient(never))
+    return resolveAsSystem("site.test", *wayTo(server).nameServers, longDeadline())
         ->resolution.resolved;
   };
   EXPECT_FALSE(resolved(giving(0, 0, 0, 0)));
@@ -309,38 +299,35 @@ TEST(Names, AskedOfTheSystemsServersAreNotResolvedByAnAddressThatNoSiteCanHave) 
 }
 
 TEST(Names, ThatNoTimeIsLeftForHaveTimedOut) {
-  const Cancellation never;
   const UdpServer server(addressesOfBoth);
-  const auto answer = resolve("site.test", wayTo(server), {Clock::now(), never});
+  const auto answer = resolve("site.test", wayTo(server), {Clock::now()});
   ASSERT_TRUE(answer);
   EXPECT_EQ(answer->resolution.problem, "timed out");
 }
 
 TEST(Names, AndSitesAreNotKnownWhereThisMachineHasNoDescriptorsLeft) {
-  const Cancellation never;
   const Way way{"", Servers{"192.0.2.53"}};
   const NoDescriptors none;
-  const auto answer = resolve("site.test", way, patient(never));
+  const auto answer = resolve("site.test", way, longDeadline());
   ASSERT_FALSE(answer);
   EXPECT_NE(answer.error().message.find("no descriptors"), std::string::npos);
   for (const std::string url : {"http://192.0.2.80/", "https://site.test/"}) {
-    EXPECT_FALSE(reachSite(url, way, patient(never)));
-    EXPECT_FALSE(retrievePage(url, "", way, patient(never)));
-    EXPECT_FALSE(probePortal({"http://192.0.2.80/", "", url}, way, patient(never)));
+    EXPECT_FALSE(reachSite(url, way, longDeadline()));
+    EXPECT_FALSE(retrievePage(url, "", way, longDeadline()));
+    EXPECT_FALSE(probePortal({"http://192.0.2.80/", "", url}, way, longDeadline()));
   }
-  EXPECT_FALSE(ping("192.0.2.80", "", {}, patient(never)));
+  EXPECT_FALSE(ping("192.0.2.80", "", {}, longDeadline()));
 }
 
 TEST(Names, OfTheBroadcastAddressMakeNoSiteReached) {
-  const Cancellation never;
   const UdpServer server(giving(255, 255, 255, 255));
   for (const std::string interface : {"", "lo"}) {
     const Way way{interface, wayTo(server).nameServers};
-    const auto site = reachSite("https://site.test/", way, patient(never));
+    const auto site = reachSite("https://site.test/", way, longDeadline());
     ASSERT_TRUE(site);
     EXPECT_FALSE(site->reached);
     EXPECT_NE(site->problem, "");
-    const auto page = retrievePage("http://site.test/", "", way, patient(never));
+    const auto page = retrievePage("http://site.test/", "", way, longDeadline());
     ASSERT_TRUE(page);
     EXPECT_FALSE(page->retrieved);
     EXPECT_NE(page->problem, "");
@@ -348,7 +335,6 @@ TEST(Names, OfTheBroadcastAddressMakeNoSiteReached) {
 }
 
 TEST(Names, WithADeadAddressLeaveTimeForTheNext) {
-  const Cancellation never;
   const TcpServer site([](int) {});
   // A queue of connections that is full: further ones get no answer.
   const std::string dead = "127.0.0.2";
@@ -366,7 +352,7 @@ TEST(Names, WithADeadAddressLeaveTimeForTheNext) {
     return std::vector<std::string>{both + record(kA, bytes({127, 0, 0, 1}))};
   });
   const std::string url = "http://site.test:" + std::to_string(site.port()) + "/";
-  const auto reached = reachSite(url, wayTo(server), patient(never));
+  const auto reached = reachSite(url, wayTo(server), longDeadline());
   ASSERT_TRUE(reached);
   EXPECT_TRUE(reached->reached) << reached->problem;
 }

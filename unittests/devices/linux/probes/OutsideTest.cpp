@@ -22,33 +22,30 @@ std::vector<std::string> toldByNatPmp(const std::string& question) {
 }
 
 TEST(NatPmp, TellsTheOuterAddress) {
-  const Cancellation never;
   const UdpServer router(toldByNatPmp, ownAddress(), kNatPmpPort);
-  EXPECT_EQ(askNatPmp(ownAddress(), "", patient(never)), "203.113.7.9");
-  EXPECT_EQ(askNatPmp(ownAddress(), "lo", patient(never)), "203.113.7.9");
-  EXPECT_EQ(askNatPmp(ownAddress(), "none0", patient(never)), std::nullopt);
+  EXPECT_EQ(askNatPmp(ownAddress(), "", longDeadline()), "203.113.7.9");
+  EXPECT_EQ(askNatPmp(ownAddress(), "lo", longDeadline()), "203.113.7.9");
+  EXPECT_EQ(askNatPmp(ownAddress(), "none0", longDeadline()), std::nullopt);
 }
 
 TEST(NatPmp, IsNotBelievedWithARefusalGarbageOrNoHostsAddress) {
-  const Cancellation never;
   for (const std::string& text :
        {natPmpAnswer(2, "\xcb\x71\x07\x09"), natPmpAnswer(0, std::string(4, '\0')),
         natPmpAnswer(0, "\xff\xff\xff\xff"), std::string(16, 'x')}) {
     const UdpServer router([&](const std::string&) { return std::vector<std::string>{text}; },
                            ownAddress(), kNatPmpPort);
-    EXPECT_EQ(askNatPmp(ownAddress(), "", patient(never)), std::nullopt);
+    EXPECT_EQ(askNatPmp(ownAddress(), "", longDeadline()), std::nullopt);
   }
 }
 
 TEST(NatPmp, GoesOnAfterAnOddAnswer) {
-  const Cancellation never;
   const UdpServer router(
       [](const std::string&) {
         return std::vector<std::string>{"", "x", std::string(16, 'x'), natPmpAnswer(3, "1234"),
                                         natPmpAnswer(0, "\xcb\x71\x07\x09")};
       },
       ownAddress(), kNatPmpPort);
-  EXPECT_EQ(askNatPmp(ownAddress(), "", patient(never)), "203.113.7.9");
+  EXPECT_EQ(askNatPmp(ownAddress(), "", longDeadline()), "203.113.7.9");
 }
 
 // A router whose services are described at `control`, which answers with `reply`.
@@ -97,104 +94,94 @@ std::string reply(const std::string& address) {
 }
 
 TEST(Upnp, TellsTheOuterAddress) {
-  const Cancellation never;
   const UpnpRouter router(reply("203.0.113.9"));
-  EXPECT_EQ(askUpnp(ownAddress(), "", patient(never)), "203.0.113.9");
+  EXPECT_EQ(askUpnp(ownAddress(), "", longDeadline()), "203.0.113.9");
   EXPECT_EQ(router.questions(), 1);
 }
 
 TEST(Upnp, IsNotBelievedWithoutAnAddress) {
-  const Cancellation never;
   for (const std::string& text : {reply("0.0.0.0"), reply("home"), reply(std::string(300, '9')),
                                   std::string("<<<<"), std::string()}) {
     const UpnpRouter router(text);
-    EXPECT_EQ(askUpnp(ownAddress(), "", patient(never)), std::nullopt) << text;
+    EXPECT_EQ(askUpnp(ownAddress(), "", longDeadline()), std::nullopt) << text;
   }
 }
 
 TEST(Upnp, SendsNothingToWhereTheRouterOnlyPoints) {
-  const Cancellation never;
   const TcpServer other(answering(page("200 OK", reply("203.0.113.9"))));
   const UpnpRouter router("", urlOf(other, "/control"));
-  EXPECT_EQ(askUpnp(ownAddress(), "", patient(never)), std::nullopt);
+  EXPECT_EQ(askUpnp(ownAddress(), "", longDeadline()), std::nullopt);
   EXPECT_EQ(other.connections(), 0);
 }
 
 TEST(Upnp, BelievesNoDescriptionThatIsElsewhere) {
-  const Cancellation never;
   const TcpServer other(answering(page("200 OK", "")));
   const UpnpRouter router("", "/control", urlOf(other, "/root.xml"));
-  EXPECT_EQ(askUpnp(ownAddress(), "", patient(never)), std::nullopt);
+  EXPECT_EQ(askUpnp(ownAddress(), "", longDeadline()), std::nullopt);
   EXPECT_EQ(other.connections(), 0);
 }
 
 TEST(Outside, IsKnownWithWhatCouldBeFoundOut) {
-  const Cancellation never;
   const UdpServer router(toldByNatPmp, ownAddress(), kNatPmpPort);
-  const auto told = routerOutside(ownAddress(), kHere, {}, patient(never));
+  const auto told = routerOutside(ownAddress(), kHere, {}, longDeadline());
   ASSERT_TRUE(told);
   EXPECT_EQ(told->address, "203.113.7.9");
   EXPECT_EQ(told->secondHop, std::nullopt);  // it is this machine itself
 }
 
 TEST(Outside, IsWhatUpnpTellsWhereNatPmpsAddressSaysNothing) {
-  const Cancellation never;
   const UdpServer natPmp(
       [](const std::string&) { return std::vector<std::string>{natPmpAnswer(0, "\xa9\xfe\1\1")}; },
       ownAddress(), kNatPmpPort);
-  EXPECT_EQ(routerOutside(ownAddress(), "", {}, patient(never))->address, "169.254.1.1");
+  EXPECT_EQ(routerOutside(ownAddress(), "", {}, longDeadline())->address, "169.254.1.1");
   const UpnpRouter upnp(reply("203.0.113.9"));
-  EXPECT_EQ(routerOutside(ownAddress(), "", {}, patient(never))->address, "203.0.113.9");
+  EXPECT_EQ(routerOutside(ownAddress(), "", {}, longDeadline())->address, "203.0.113.9");
 }
 
 TEST(Outside, IsAskedForWhileANameIsLookedUpInVain) {
-  const Cancellation never;
   const UdpServer silent([](const std::string&) { return std::vector<std::string>{}; });
   const UdpServer router(toldByNatPmp, ownAddress(), kNatPmpPort);
   const Way way{"", std::vector{kHere + ":" + std::to_string(silent.port())}};
-  const auto told = routerOutside(ownAddress(), "site.test", way, {Clock::now() + 300ms, never});
+  const auto told = routerOutside(ownAddress(), "site.test", way, Deadline::in(300ms));
   ASSERT_TRUE(told);
   EXPECT_EQ(told->address, "203.113.7.9");
 }
 
 TEST(Outside, IsKnownToBeSilent) {
-  const Cancellation never;
-  const auto told = routerOutside(ownAddress(), "", {}, {Clock::now() + 300ms, never});
+  const auto told = routerOutside(ownAddress(), "", {}, Deadline::in(300ms));
   ASSERT_TRUE(told);
   EXPECT_EQ(*told, facts::RouterOutside{});
 }
 
 TEST(Outside, IsWaitedForNoLongerThanASecondWhereTheRouterIsSilent) {
-  const Cancellation never;
   const UdpServer natPmp([](const std::string&) { return std::vector<std::string>{}; },
                          ownAddress(), kNatPmpPort);
   const UdpServer upnp([](const std::string&) { return std::vector<std::string>{}; }, ownAddress(),
                        kDiscoveryPort);
   const auto began = Clock::now();
-  EXPECT_EQ(*routerOutside(ownAddress(), "", {}, patient(never)), facts::RouterOutside{});
+  EXPECT_EQ(*routerOutside(ownAddress(), "", {}, longDeadline()), facts::RouterOutside{});
   EXPECT_LT(Clock::now() - began, 1400ms);
   EXPECT_GT(natPmp.questions(), 1);  // packets get lost
   EXPECT_GT(upnp.questions(), 1);
 }
 
 TEST(Outside, IsUnknownWithoutARoutersAddress) {
-  const Cancellation never;
   for (const char* text : {"", "fe80::1", "router", "224.0.0.1"}) {
-    const auto told = routerOutside(text, "", {}, patient(never));
+    const auto told = routerOutside(text, "", {}, longDeadline());
     ASSERT_FALSE(told) << text;
     EXPECT_EQ(told.error().reason, Reason::failed) << text;
   }
 }
 
 TEST(Outside, EndsWhenItIsCalledOff) {
-  Cancellation cancellation;
+  std::stop_source cancellation;
   const UdpServer router(
       [&](const std::string&) {
-        cancellation.cancel();
+        cancellation.request_stop();
         return std::vector<std::string>{};
       },
       ownAddress(), kNatPmpPort);
-  const auto told = routerOutside(ownAddress(), "", {}, {Clock::now() + 1h, cancellation});
+  const auto told = routerOutside(ownAddress(), "", {}, Deadline::in(1h, cancellation.get_token()));
   ASSERT_FALSE(told);
   EXPECT_EQ(told.error().reason, Reason::tookTooLong);
 }

@@ -19,12 +19,11 @@ class Proxy : public testing::Test {
   // By the interface of this machine, whose servers know no name.
   facts::SitePage retrieve(const std::string& url) const {
     const Way way{"lo", std::vector{kHere + ":" + std::to_string(names_.port())}};
-    const auto page = retrievePage(url, "online", way, patient(never_));
+    const auto page = retrievePage(url, "online", way, longDeadline());
     EXPECT_TRUE(page);
     return page ? *page : facts::SitePage{};
   }
 
-  const Cancellation never_;
   const TcpServer proxy_{answering(page("200 OK", "online"))};
   const UdpServer names_{[](std::string text) {
     text[2] = static_cast<char>(0x81);

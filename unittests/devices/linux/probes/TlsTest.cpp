@@ -115,9 +115,8 @@ int outcomeOf(const char* address, const facts::SiteReach& reach, const facts::S
     const TcpServer server(
         answeringByTls(context, "HTTP/1.1 200 OK\r\nContent-Length: 8\r\n\r\nexpected"));
     const std::string url = urlOf(server, "/", "https");
-    const Cancellation never;
-    const auto site = reachSite(url, {}, patient(never));
-    const auto got = retrievePage(url, "expected", {}, patient(never));
+    const auto site = reachSite(url, {}, longDeadline());
+    const auto got = retrievePage(url, "expected", {}, longDeadline());
     return site && got && *site == reach && *got == page;
   });
 }
@@ -149,11 +148,10 @@ TEST(Tls, IsRefusedWithACertificateThatOnlyItselfVouchesFor) {
     if (SSL_read(tls.get(), &byte, 1) == 1) ++requests;
   });
   const std::string url = urlOf(server, "/", "https");
-  const Cancellation never;
-  const auto site = reachSite(url, {}, patient(never));
+  const auto site = reachSite(url, {}, longDeadline());
   ASSERT_TRUE(site);
   EXPECT_EQ(*site, (facts::SiteReach{false, "certificate not accepted"}));
-  const auto page = retrievePage(url, "", {}, patient(never));
+  const auto page = retrievePage(url, "", {}, longDeadline());
   ASSERT_TRUE(page);
   EXPECT_EQ(*page, (facts::SitePage{false, "certificate not accepted"}));
   EXPECT_EQ(requests, 0);
@@ -162,8 +160,7 @@ TEST(Tls, IsRefusedWithACertificateThatOnlyItselfVouchesFor) {
 TEST(Tls, IsNotSpokenByAServerOfSomethingElse) {
   const TcpServer server(
       [](int connection) { say(connection, "HTTP/1.1 400 Bad Request\r\n\r\n"); });
-  const Cancellation never;
-  const auto site = reachSite(urlOf(server, "/", "https"), {}, patient(never));
+  const auto site = reachSite(urlOf(server, "/", "https"), {}, longDeadline());
   ASSERT_TRUE(site);
   EXPECT_FALSE(site->reached);
 }

@@ -15,8 +15,7 @@ using Answer = facts::PortalProbe::Answer;
 const Way kAnyWay;
 
 facts::PortalProbe probe(const std::string& url) {
-  const Cancellation never;
-  const auto probed = probePortal({url, "online", ""}, kAnyWay, patient(never));
+  const auto probed = probePortal({url, "online", ""}, kAnyWay, longDeadline());
   EXPECT_TRUE(probed);
   return probed ? *probed : facts::PortalProbe{};
 }
@@ -27,8 +26,7 @@ facts::PortalProbe probeAnswering(const std::string& text) {
 }
 
 facts::SitePage retrieve(const std::string& url) {
-  const Cancellation never;
-  const auto page = retrievePage(url, "online", kAnyWay, patient(never));
+  const auto page = retrievePage(url, "online", kAnyWay, longDeadline());
   EXPECT_TRUE(page);
   return page ? *page : facts::SitePage{};
 }
@@ -95,10 +93,9 @@ TEST(Portal, IsAskedForWhenTheNetworksOwnAnswerCannotBeHad) {
   const TcpServer server(answering(page("204 No Content", "")));
   const TcpServer api(
       [](int connection) { say(connection, page("200 OK", R"({"captive": true})")); });
-  const Cancellation never;
   for (const std::string scheme : {"http", "https"}) {  // plain text is neither asked nor believed
     const auto probed =
-        probePortal({urlOf(server), "", urlOf(api, "/", scheme)}, kAnyWay, patient(never));
+        probePortal({urlOf(server), "", urlOf(api, "/", scheme)}, kAnyWay, longDeadline());
     ASSERT_TRUE(probed);
     EXPECT_EQ(probed->answer, Answer::open) << scheme;
   }
@@ -167,11 +164,10 @@ TEST(Page, EndsWhereTooMuchIsSent) {
   EXPECT_EQ(problemAnswering(flood("HTTP/1.1 404 Not Found\r\n\r\nonline", bytes)), "status 404");
   const TcpServer another(
       flood("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n", "1000\r\n" + bytes + "\r\n"));
-  const Cancellation never;
-  const auto unknown = retrievePage(urlOf(another), "online", kAnyWay, patient(never));
+  const auto unknown = retrievePage(urlOf(another), "online", kAnyWay, longDeadline());
   ASSERT_FALSE(unknown);
   EXPECT_NE(unknown.error().message.find("first 64 KiB"), std::string::npos);
-  EXPECT_TRUE(retrievePage(urlOf(another), "", kAnyWay, patient(never))->retrieved);
+  EXPECT_TRUE(retrievePage(urlOf(another), "", kAnyWay, longDeadline())->retrieved);
   EXPECT_NE(problemAnswering(flood("HTTP/1.1 200 OK\r\n", "A: " + bytes + "\r\n")), "");
   EXPECT_EQ(problemAnswering(flood("HTTP/1.1 200 OK\r\nA: ", bytes)), "header too long");
   EXPECT_NE(problemAnswering(flood("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
@@ -188,23 +184,20 @@ TEST(Page, IsNotTakenInPart) {
 }
 
 TEST(Page, TimesOutWhileItDribblesIn) {
-  const Cancellation never;
   const TcpServer server([](int connection) {
     hear(connection);
     say(connection, "HTTP/1.1 200 OK\r\n\r\n");
-    const Cancellation unused;
     const std::string dribble(1, 'H');
     while (say(connection, dribble) &&
-           waitFor(connection, POLLIN, patient(unused).atMost(20ms)) == Waited::deadline) {
+           waitFor(connection, POLLIN, longDeadline().atMost(20ms)) == Waited::deadline) {
     }
   });
-  const auto page = retrievePage(urlOf(server), "online", kAnyWay, {Clock::now() + 200ms, never});
+  const auto page = retrievePage(urlOf(server), "online", kAnyWay, Deadline::in(200ms));
   ASSERT_TRUE(page);
   EXPECT_EQ(page->problem, "timed out");
 }
 
 TEST(Page, OfASiteThatDoesNotConnectIsGivenUpAfter5Seconds) {
-  const Cancellation never;
   // A queue of connections that is full: further ones get no answer.
   const Descriptor listener = boundSocket(kHere, SOCK_STREAM);
   ASSERT_EQ(listen(listener.number(), 0), 0);
@@ -215,7 +208,7 @@ TEST(Page, OfASiteThatDoesNotConnectIsGivenUpAfter5Seconds) {
   connect(second.number(), address->get(), address->size);
   const auto began = Clock::now();
   const auto page = retrievePage("http://127.0.0.1:" + std::to_string(portOf(listener)) + "/", "",
-                                 kAnyWay, patient(never));
+                                 kAnyWay, longDeadline());
   ASSERT_TRUE(page);
   EXPECT_EQ(page->problem, "timed out");
   EXPECT_LT(Clock::now() - began, 8s);  // a page's whole time is 10 s
@@ -223,77 +216,71 @@ TEST(Page, OfASiteThatDoesNotConnectIsGivenUpAfter5Seconds) {
 
 TEST(Web, EndsWhenItIsCalledOff) {
   for (int operation = 0; operation < 3; ++operation) {
-    Cancellation cancellation;
+    std::stop_source cancellation;
     const TcpServer silent([&](int connection) {
-      cancellation.cancel();
+      cancellation.request_stop();
       untilClosed(connection);
     });
-    const Patience patience{Clock::now() + 1h, cancellation};
+    const Deadline deadline{Clock::now() + 1h, cancellation.get_token()};
     const std::string url = urlOf(silent, "/", operation == 2 ? "https" : "http");
     const auto began = Clock::now();
     if (operation == 0) {
-      EXPECT_FALSE(probePortal({url, "", ""}, kAnyWay, patience));
+      EXPECT_FALSE(probePortal({url, "", ""}, kAnyWay, deadline));
     } else if (operation == 1) {
-      EXPECT_FALSE(retrievePage(url, "", kAnyWay, patience));
+      EXPECT_FALSE(retrievePage(url, "", kAnyWay, deadline));
     } else {
-      EXPECT_FALSE(reachSite(url, kAnyWay, patience));
+      EXPECT_FALSE(reachSite(url, kAnyWay, deadline));
     }
     EXPECT_LT(Clock::now() - began, 4s);  // sooner than by its own deadline
   }
 }
 
 TEST(Web, IsUnknownWithoutTime) {
-  const Cancellation never;
-  const Patience none{Clock::now(), never};
-  EXPECT_EQ(probePortal({"http://127.0.0.1/", "", ""}, kAnyWay, none).error(), calledOff());
-  EXPECT_EQ(reachSite("http://127.0.0.1/", kAnyWay, none).error(), calledOff());
-  EXPECT_EQ(retrievePage("http://127.0.0.1/", "", kAnyWay, none).error(), calledOff());
+  const Deadline none{Clock::now()};
+  EXPECT_EQ(probePortal({"http://127.0.0.1/", "", ""}, kAnyWay, none).error(), cancelled());
+  EXPECT_EQ(reachSite("http://127.0.0.1/", kAnyWay, none).error(), cancelled());
+  EXPECT_EQ(retrievePage("http://127.0.0.1/", "", kAnyWay, none).error(), cancelled());
 }
 
 TEST(Site, IsReachedByConnecting) {
-  const Cancellation never;
   std::atomic<std::size_t> heard = 0;
   const TcpServer server([&](int connection) { heard += hear(connection).size(); });
-  const auto site = reachSite(urlOf(server), kAnyWay, patient(never));
+  const auto site = reachSite(urlOf(server), kAnyWay, longDeadline());
   ASSERT_TRUE(site);
   EXPECT_TRUE(site->reached) << site->problem;
   EXPECT_EQ(heard, 0U);
 }
 
 TEST(Site, IsNotReachedWhereItRefuses) {
-  const Cancellation never;
   const auto site =
-      reachSite("http://127.0.0.1:" + std::to_string(refusedPort()), kAnyWay, patient(never));
+      reachSite("http://127.0.0.1:" + std::to_string(refusedPort()), kAnyWay, longDeadline());
   ASSERT_TRUE(site);
   EXPECT_EQ(*site, (facts::SiteReach{false, "refused"}));
 }
 
 TEST(Web, IsUnknownThroughAnInterfaceThatIsNotThere) {
-  const Cancellation never;
   const std::string url = "http://203.0.113.80/";
   const Way way{"none0", {}};
-  for (const auto& why : {reachSite(url, way, patient(never)).error(),
-                          retrievePage(url, "", way, patient(never)).error(),
-                          probePortal({url, "", ""}, way, patient(never)).error()}) {
+  for (const auto& why : {reachSite(url, way, longDeadline()).error(),
+                          retrievePage(url, "", way, longDeadline()).error(),
+                          probePortal({url, "", ""}, way, longDeadline()).error()}) {
     EXPECT_EQ(why.reason, Reason::failed);
     EXPECT_NE(why.message.find("whether none0 is still there"), std::string::npos) << why.message;
   }
 }
 
 TEST(Web, SendsNothingToThisMachineWhereAnInterfaceIsNamed) {
-  const Cancellation never;
   const TcpServer own(answering(page("200 OK", "online")));
   const std::string port = ":" + std::to_string(own.port()) + "/";
   for (const std::string host : {"127.0.0.1", "0.0.0.0", "[::ffff:127.0.0.1]", "[::1]", "[::]"}) {
-    static_cast<void>(retrievePage("http://" + host + port, "", {"lo", {}}, patient(never)));
-    static_cast<void>(probePortal({"http://" + host + port, "", ""}, {"lo", {}}, patient(never)));
+    static_cast<void>(retrievePage("http://" + host + port, "", {"lo", {}}, longDeadline()));
+    static_cast<void>(probePortal({"http://" + host + port, "", ""}, {"lo", {}}, longDeadline()));
   }
   EXPECT_EQ(own.connections(), 0);
 }
 
 TEST(Web, SendsNothingToAnyAddressOfThisMachine) {
   const int status = inOwnNetwork([] {
-    const Cancellation never;
     const std::string ofIPv4 = "203.0.113.80", ofIPv6 = "2001:db8::80", linkLocal = "fe80::80";
     if (!addAddress(ofIPv4) || !addAddress(ofIPv6) || !addAddress(linkLocal)) return false;
     const TcpServer own(answering(page("200 OK", "online")), "::");
@@ -302,10 +289,10 @@ TEST(Web, SendsNothingToAnyAddressOfThisMachine) {
                                     "[" + linkLocal + "]", "[" + linkLocal + "%25lo]"}) {
       const std::string url = "http://" + host + port;
       const Way way{"lo", {}};
-      const auto page = retrievePage(url, "online", way, patient(never));
-      const auto site = reachSite(url, way, patient(never));
+      const auto page = retrievePage(url, "online", way, longDeadline());
+      const auto site = reachSite(url, way, longDeadline());
       if (!page || page->retrieved || !site || site->reached) return false;
-      static_cast<void>(probePortal({url, "", ""}, way, patient(never)));
+      static_cast<void>(probePortal({url, "", ""}, way, longDeadline()));
     }
     return own.connections() == 0;
   });

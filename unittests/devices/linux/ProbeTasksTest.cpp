@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "devices/linux/Lines.h"
-#include "devices/linux/ReachErrands.h"
+#include "devices/linux/ProbeTasks.h"
 #include "devices/linux/probes/LocalServers.h"
 
 namespace wifi_profile::linux {
@@ -41,70 +41,70 @@ std::optional<Error> whyNot(const facts::Facts& facts, facts::Fact fact) {
   }
 }
 
-class ReachErrands : public testing::Test {
+class ProbeTasks : public testing::Test {
  protected:
-  ReachErrands() { addReachErrands(errands_, "lo", {}); }
+  ProbeTasks() { addProbeTasks(tasks_, "lo", {}); }
 
-  const Errand& errandOf(facts::Fact fact) const {
-    return *std::find_if(errands_.begin(), errands_.end(),
-                         [fact](const Errand& errand) { return errand.gives.holds(fact); });
+  const FactTask& taskOf(facts::Fact fact) const {
+    return *std::find_if(tasks_.begin(), tasks_.end(),
+                         [fact](const FactTask& task) { return task.gives.holds(fact); });
   }
-  // Its patience is over, so an errand that tried to send something would find that out only.
+  // Its deadline is over, so an task that tried to send something would find that out only.
   Error whyNotAfter(facts::Fact fact, const facts::Facts& known) const {
     facts::Facts facts;
-    errandOf(fact).run(known, {Clock::now(), cancellation_})(facts);
+    taskOf(fact).run(known, {Clock::now(), cancellation_.get_token()})(facts);
     return whyNot(facts, fact).value_or(Error{Reason::failed, "It is known."});
   }
 
   std::shared_ptr<Lines> log_ = std::make_shared<Lines>();
   const InstalledPlatform platform_{{.log = log_.get()}};
-  std::vector<Errand> errands_;
-  Cancellation cancellation_;
+  std::vector<FactTask> tasks_;
+  std::stop_source cancellation_;
 };
 
-TEST_F(ReachErrands, GiveEachFactOnce) {
-  EXPECT_EQ(errands_.size(), std::size(kReachFacts));
+TEST_F(ProbeTasks, GiveEachFactOnce) {
+  EXPECT_EQ(tasks_.size(), std::size(kReachFacts));
   for (const facts::Fact fact : kReachFacts) {
-    EXPECT_EQ(std::count_if(errands_.begin(), errands_.end(),
-                            [fact](const Errand& errand) { return errand.gives.holds(fact); }),
+    EXPECT_EQ(std::count_if(tasks_.begin(), tasks_.end(),
+                            [fact](const FactTask& task) { return task.gives.holds(fact); }),
               1);
   }
 }
 
-TEST_F(ReachErrands, BeginAfterTheScanAndEndWithin15SecondsOfIt) {
-  for (const Errand& errand : errands_) {
+TEST_F(ProbeTasks, BeginAfterTheScanAndEndWithin15SecondsOfIt) {
+  for (const FactTask& task : tasks_) {
     for (const facts::Fact fact :
          {facts::Fact::link, facts::Fact::addresses, facts::Fact::activeProfile}) {
-      EXPECT_TRUE(errand.after.holds(fact)) << errand.name;
+      EXPECT_TRUE(task.after.holds(fact)) << task.name;
     }
     // What only asks the router need not wait for the radio.
-    EXPECT_NE(errand.after.holds(facts::Fact::scan), errand.gives.holds(facts::Fact::routerOutside))
-        << errand.name;
-    EXPECT_FALSE(errand.after.meets({facts::Fact::lanPings, facts::Fact::nameResolution}))
-        << errand.name;
-    EXPECT_LE(errand.limit, std::chrono::seconds(15)) << errand.name;
+    EXPECT_NE(task.after.holds(facts::Fact::scan), task.gives.holds(facts::Fact::routerOutside))
+        << task.name;
+    EXPECT_FALSE(task.after.meets({facts::Fact::lanPings, facts::Fact::nameResolution}))
+        << task.name;
+    EXPECT_LE(task.limit, std::chrono::seconds(15)) << task.name;
   }
 }
 
-TEST_F(ReachErrands, WithoutALinkSayWhyThereIsNone) {
+TEST_F(ProbeTasks, WithoutALinkSayWhyThereIsNone) {
   facts::Facts known;
   known.link = Error{Reason::notJoined, "There is no link."};
   known.addresses = facts::Addresses{.ipv4Gateway = "127.0.0.1"};
   for (const facts::Fact fact : kReachFacts) {
-    EXPECT_EQ(whyNotAfter(fact, known), known.link.error()) << errandOf(fact).name;
+    EXPECT_EQ(whyNotAfter(fact, known), known.link.error()) << taskOf(fact).name;
   }
 }
 
-TEST_F(ReachErrands, WithoutAddressesSayWhyThereAreNone) {
+TEST_F(ProbeTasks, WithoutAddressesSayWhyThereAreNone) {
   facts::Facts known;
   known.link = facts::Link{.interface = "lo", .ssid = "Home"};
   known.addresses = Error{Reason::failed, "There are no addresses."};
   for (const facts::Fact fact : kReachFacts) {
-    EXPECT_EQ(whyNotAfter(fact, known), known.addresses.error()) << errandOf(fact).name;
+    EXPECT_EQ(whyNotAfter(fact, known), known.addresses.error()) << taskOf(fact).name;
   }
 }
 
-TEST_F(ReachErrands, WithoutARouterSayThatTheNetworkNamedNone) {
+TEST_F(ProbeTasks, WithoutARouterSayThatTheNetworkNamedNone) {
   facts::Facts known;
   known.link = facts::Link{.interface = "lo", .ssid = "Home"};
   known.addresses = facts::Addresses{};
@@ -115,7 +115,7 @@ TEST_F(ReachErrands, WithoutARouterSayThatTheNetworkNamedNone) {
   }
 }
 
-TEST_F(ReachErrands, WithARouterOfIpv6OnlySayThatThereIsNothingToTranslate) {
+TEST_F(ProbeTasks, WithARouterOfIpv6OnlySayThatThereIsNothingToTranslate) {
   facts::Facts known;
   known.link = facts::Link{.interface = "lo", .ssid = "Home"};
   known.addresses = facts::Addresses{.ipv6Gateway = "fe80::1"};
@@ -124,7 +124,7 @@ TEST_F(ReachErrands, WithARouterOfIpv6OnlySayThatThereIsNothingToTranslate) {
   EXPECT_EQ(why.message.find("named no router"), std::string::npos) << why.message;
 }
 
-TEST_F(ReachErrands, SendNothingWhereOnlyAnotherInterfaceHasADefaultRoute) {
+TEST_F(ProbeTasks, SendNothingWhereOnlyAnotherInterfaceHasADefaultRoute) {
   facts::Facts known;
   known.link = facts::Link{.interface = "lo", .ssid = "Home"};
   known.addresses = facts::Addresses{.otherWayOut = "tun0"};
@@ -135,53 +135,53 @@ TEST_F(ReachErrands, SendNothingWhereOnlyAnotherInterfaceHasADefaultRoute) {
   }
 }
 
-TEST_F(ReachErrands, GoThroughTheBondOrBridgeThatHasTheAddresses) {
-  std::vector<Errand> errands;
-  addReachErrands(errands, "no-such0", {});
+TEST_F(ProbeTasks, GoThroughTheBondOrBridgeThatHasTheAddresses) {
+  std::vector<FactTask> tasks;
+  addProbeTasks(tasks, "no-such0", {});
   facts::Facts known;
   known.link = facts::Link{.interface = "no-such0", .ssid = "Home"};
   known.addresses = facts::Addresses{.ipv4Gateway = "127.0.0.1", .carrier = "lo"};
   facts::Facts facts;
-  errands.front().run(known, probes::patient(cancellation_))(facts);
+  tasks.front().run(known, probes::longDeadline(cancellation_.get_token()))(facts);
   ASSERT_TRUE(facts.lanPings) << facts.lanPings.error().message;
   EXPECT_FALSE(facts.lanPings->answers.empty());
 }
 
-TEST_F(ReachErrands, PingTheRouterThatTheNetworkNamed) {
+TEST_F(ProbeTasks, PingTheRouterThatTheNetworkNamed) {
   facts::Facts known;
   known.link = facts::Link{.interface = "lo", .ssid = "Home"};
   known.addresses = facts::Addresses{.ipv4Gateway = "127.0.0.1"};
   facts::Facts facts;
-  errandOf(facts::Fact::lanPings)
-      .run(known, {Clock::now() + std::chrono::seconds(30), cancellation_})(facts);
+  taskOf(facts::Fact::lanPings)
+      .run(known, Deadline::in(std::chrono::seconds(30), cancellation_.get_token()))(facts);
   ASSERT_TRUE(facts.lanPings) << facts.lanPings.error().message;
   EXPECT_EQ(facts.lanPings->target, "127.0.0.1");
   EXPECT_FALSE(facts.lanPings->answers.empty());
 }
 
-TEST_F(ReachErrands, WithoutNameServersOfAnAddressPingNothing) {
-  std::vector<Errand> errands;
-  addReachErrands(errands, "lo", {.pingHost = "no_such..name"});
+TEST_F(ProbeTasks, WithoutNameServersOfAnAddressPingNothing) {
+  std::vector<FactTask> tasks;
+  addProbeTasks(tasks, "lo", {.pingHost = "no_such..name"});
   facts::Facts known;
   known.link = facts::Link{.interface = "lo", .ssid = "Home"};
   known.addresses = facts::Addresses{};
   facts::Facts facts;
-  errands[1].run(known, {Clock::now() + std::chrono::seconds(30), cancellation_})(facts);
+  tasks[1].run(known, Deadline::in(std::chrono::seconds(30), cancellation_.get_token()))(facts);
   ASSERT_FALSE(facts.wanPings);
   EXPECT_NE(facts.wanPings.error().message.find("could not be looked up (malformed name)"),
             std::string::npos)
       << facts.wanPings.error().message;
 }
 
-TEST_F(ReachErrands, KeepWithTheFactWhySomethingWasNotReached) {
-  std::vector<Errand> errands;
-  addReachErrands(errands, "lo", {.name = "no_such..name"});
+TEST_F(ProbeTasks, KeepWithTheFactWhySomethingWasNotReached) {
+  std::vector<FactTask> tasks;
+  addProbeTasks(tasks, "lo", {.name = "no_such..name"});
   facts::Facts known;
   known.link = facts::Link{.interface = "lo", .ssid = "Home"};
   known.addresses = facts::Addresses{.dnsServers = std::vector<std::string>()};
   facts::Facts facts;
   for (const std::size_t lookUpAndSite : {2U, 4U}) {
-    errands.at(lookUpAndSite).run(known, probes::patient(cancellation_))(facts);
+    tasks.at(lookUpAndSite).run(known, probes::longDeadline(cancellation_.get_token()))(facts);
   }
   ASSERT_TRUE(facts.nameResolution);
   EXPECT_EQ(facts.nameResolution->problem, "no name server");
@@ -189,14 +189,14 @@ TEST_F(ReachErrands, KeepWithTheFactWhySomethingWasNotReached) {
   EXPECT_EQ(facts.siteReach->problem, "name: no name server");
 }
 
-TEST_F(ReachErrands, LogNothingFromTheirThreads) {
-  std::vector<Errand> errands;
-  addReachErrands(errands, "lo", {.name = "no_such..name"});
+TEST_F(ProbeTasks, LogNothingFromTheirThreads) {
+  std::vector<FactTask> tasks;
+  addProbeTasks(tasks, "lo", {.name = "no_such..name"});
   facts::Facts known;
   known.link = facts::Link{.interface = "lo", .ssid = "Home"};
   known.addresses = facts::Addresses{.dnsServers = std::vector<std::string>()};
   facts::Facts facts;
-  errands.at(2).run(known, probes::patient(cancellation_))(facts);
+  tasks.at(2).run(known, probes::longDeadline(cancellation_.get_token()))(facts);
   ASSERT_TRUE(facts.nameResolution);
   EXPECT_FALSE(facts.nameResolution->resolved);
   EXPECT_TRUE(log_->lines().empty());
@@ -216,7 +216,7 @@ std::vector<std::string> routersAddressesOfBoth(const std::string& question) {
           std::string(1, static_cast<char>(data.size())) + data};
 }
 
-class ReachOfTheInternet : public ReachErrands {
+class ReachOfTheInternet : public ProbeTasks {
  protected:
   ReachOfTheInternet() { known_.link = facts::Link{.interface = "lo", .ssid = "Home"}; }
 
@@ -224,7 +224,7 @@ class ReachOfTheInternet : public ReachErrands {
     addresses.dnsServers = std::vector{"127.0.0.1:" + std::to_string(server_.port())};
     known_.addresses = addresses;
     facts::Facts facts;
-    errandOf(fact).run(known_, probes::patient(cancellation_))(facts);
+    taskOf(fact).run(known_, probes::longDeadline(cancellation_.get_token()))(facts);
     return facts;
   }
 
@@ -268,7 +268,8 @@ TEST_F(ReachOfTheInternet, AsksTheSystemsServersWhereThoseOfTheLinkAreNotKnown) 
   known_.addresses = facts::Addresses{
       .systemDnsServers = std::vector{"127.0.0.1:" + std::to_string(knowing.port())}};
   facts::Facts facts;
-  errandOf(facts::Fact::nameResolution).run(known_, probes::patient(cancellation_))(facts);
+  taskOf(facts::Fact::nameResolution)
+      .run(known_, probes::longDeadline(cancellation_.get_token()))(facts);
   EXPECT_TRUE(facts.nameResolution->resolved);
   EXPECT_EQ(knowing.questions(), 2);
 }
@@ -279,7 +280,8 @@ TEST_F(ReachOfTheInternet, AsksTheSystemsServersOnceWhereTheLinkHasNone) {
       .dnsServers = std::vector<std::string>(),
       .systemDnsServers = std::vector{"127.0.0.1:" + std::to_string(knowing.port())}};
   facts::Facts facts;
-  errandOf(facts::Fact::nameResolution).run(known_, probes::patient(cancellation_))(facts);
+  taskOf(facts::Fact::nameResolution)
+      .run(known_, probes::longDeadline(cancellation_.get_token()))(facts);
   EXPECT_TRUE(facts.nameResolution->resolved) << facts.nameResolution->problem;
   EXPECT_EQ(knowing.questions(), 2);
 }
@@ -291,7 +293,8 @@ TEST_F(ReachOfTheInternet, AsksTheSystemsServersThroughATunnelButNotThroughACabl
         .systemDnsServers = std::vector{"127.0.0.1:" + std::to_string(knowing.port())},
         .systemDnsThrough = through};
     facts::Facts facts;
-    errandOf(facts::Fact::nameResolution).run(known_, probes::patient(cancellation_))(facts);
+    taskOf(facts::Fact::nameResolution)
+        .run(known_, probes::longDeadline(cancellation_.get_token()))(facts);
     return facts.nameResolution;
   };
   EXPECT_EQ(lookedUp({.name = "eth0"}).error().message,

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "devices/linux/Gathering.h"
 #include "devices/Targets.h"
+#include "devices/linux/FactCollection.h"
 
 namespace wifi_profile::linux {
 
@@ -13,7 +13,7 @@ namespace wifi_profile::linux {
 // addresses (see Carrier). They run in parallel, after the link, the addresses and the profile were
 // read. All but the one for the router's outer address also wait for the end of the scan, which
 // takes the radio off its channel. Without a link or addresses they end at once.
-void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
-                     const devices::Targets& targets);
+void addProbeTasks(std::vector<FactTask>& tasks, const std::string& interface,
+                   const devices::Targets& targets);
 
 }  // namespace wifi_profile::linux

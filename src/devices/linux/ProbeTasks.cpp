@@ -1,12 +1,11 @@
-#include "devices/linux/ReachErrands.h"
+#include "devices/linux/ProbeTasks.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <future>
-#include <system_error>
+#include <optional>
 
 #include "analysis/facts/IpAddresses.h"
 #include "analysis/facts/NameServers.h"
+#include "devices/linux/Workers.h"
 #include "devices/linux/probes/Names.h"
 #include "devices/linux/probes/Outside.h"
 #include "devices/linux/probes/Ping.h"
@@ -52,25 +51,25 @@ std::optional<Error> whyNoWayOut(const std::string& interface, const facts::Addr
 // The parts in which these tasks differ. All of them first check that there is a link and an
 // address.
 template <class T>
-struct ReachErrand {
+struct ProbeTask {
   std::string name;
   facts::Fact fact;
   Result<T> facts::Facts::*member;
   milliseconds limit;
   std::function<Result<T>(const facts::Facts& known, const probes::Way& way,
-                          const Patience& patience)>
+                          const Deadline& deadline)>
       find;
 };
 
 template <class T>
-void add(std::vector<Errand>& errands, const std::string& interface, ReachErrand<T> reach) {
-  errands.push_back(
+void add(std::vector<FactTask>& tasks, const std::string& interface, ProbeTask<T> reach) {
+  tasks.push_back(
       {.name = reach.name,
        .gives = {reach.fact},
        .after = {facts::Fact::link, facts::Fact::scan, facts::Fact::addresses,
                  facts::Fact::activeProfile},
        .limit = reach.limit,
-       .run = [interface, reach](const facts::Facts& known, const Patience& patience) -> Found {
+       .run = [interface, reach](const facts::Facts& known, const Deadline& deadline) -> Found {
          Result<T> fact;
          if (!known.link) {
            fact = known.link.error();
@@ -79,7 +78,7 @@ void add(std::vector<Errand>& errands, const std::string& interface, ReachErrand
          } else if (auto why = whyNoWayOut(interface, *known.addresses)) {
            fact = *why;
          } else {
-           fact = reach.find(known, wayThrough(interface, *known.addresses), patience);
+           fact = reach.find(known, wayThrough(interface, *known.addresses), deadline);
          }
          return [member = reach.member, fact](facts::Facts& facts) { facts.*member = fact; };
        }});
@@ -118,8 +117,8 @@ const std::string& reachable(const std::vector<std::string>& addresses,
 }
 
 Result<std::string> addressInTheInternet(const std::string& host, const facts::Addresses& own,
-                                         const probes::Way& way, const Patience& patience) {
-  const auto answer = probes::resolve(host, way, patience);
+                                         const probes::Way& way, const Deadline& deadline) {
+  const auto answer = probes::resolve(host, way, deadline);
   if (!answer) return answer.error();
   if (answer->addresses.empty()) {
     return Error{Reason::failed, "The address of " + host + " could not be looked up (" +
@@ -134,46 +133,41 @@ Result<std::string> addressInTheInternet(const std::string& host, const facts::A
 }
 
 Result<facts::Pings> pingRouter(const facts::Facts& known, const probes::Way& way,
-                                const Patience& patience) {
+                                const Deadline& deadline) {
   const auto& addresses = *known.addresses;
   const auto& router = addresses.ipv4Gateway ? addresses.ipv4Gateway : addresses.ipv6Gateway;
   if (!router) return noRouter();
   probes::PingPlan plan;
   plan.isOnLink = true;
-  return probes::ping(*router, way.interface, plan, patience);
+  return probes::ping(*router, way.interface, plan, deadline);
 }
 
 Result<facts::Pings> pingInternet(const facts::Facts& known, const std::string& host,
-                                  const probes::Way& way, const Patience& patience) {
-  const auto address = addressInTheInternet(host, *known.addresses, way, patience);
+                                  const probes::Way& way, const Deadline& deadline) {
+  const auto address = addressInTheInternet(host, *known.addresses, way, deadline);
   if (!address) return address.error();
-  return probes::ping(*address, way.interface, {}, patience);
+  return probes::ping(*address, way.interface, {}, deadline);
 }
 
 // Looks the name up at the link's servers and, in parallel, at the system's servers if these are
 // others. Both must know the name.
 Result<facts::NameResolution> lookUp(const std::string& name, const facts::Addresses& addresses,
-                                     const probes::Way& way, const Patience& patience) {
+                                     const probes::Way& way, const Deadline& deadline) {
   const auto& through = addresses.systemDnsThrough;
   if (way.asksAsSystem && through && !through->isTunnel) {
     return Error{Reason::notTold,
                  "The network's name servers are not known, and the system asks others through " +
                      through->name + ": end the other connection, and try again."};
   }
-  std::future<Result<probes::NameAnswer>> asSystem;
+  std::optional<Alongside<Result<probes::NameAnswer>>> asSystem;
   if (!way.asksAsSystem && facts::asksOthers(addresses)) {
-    try {
-      asSystem = std::async(std::launch::async, [&] {
-        return probes::resolveAsSystem(name, *addresses.systemDnsServers, patience);
-      });
-    } catch (const std::system_error&) {
-      return probes::noSocket(EMFILE, {});  // no thread left
-    }
+    asSystem.emplace(
+        [&] { return probes::resolveAsSystem(name, *addresses.systemDnsServers, deadline); });
   }
-  const auto answer = probes::resolve(name, way, patience);
+  const auto answer = probes::resolve(name, way, deadline);
   if (!answer) return answer.error();
-  if (!asSystem.valid() || !answer->resolution.resolved) return answer->resolution;
-  const auto other = asSystem.get();
+  if (!asSystem || !answer->resolution.resolved) return answer->resolution;
+  const auto other = asSystem->get();
   if (!other) return other.error();
   if (other->resolution.resolved) return answer->resolution;
   facts::NameResolution unresolved = other->resolution;
@@ -185,61 +179,61 @@ Result<facts::NameResolution> lookUp(const std::string& name, const facts::Addre
 
 }  // namespace
 
-void addReachErrands(std::vector<Errand>& errands, const std::string& interface,
-                     const devices::Targets& targets) {
-  add<facts::Pings>(errands, interface,
+void addProbeTasks(std::vector<FactTask>& tasks, const std::string& interface,
+                   const devices::Targets& targets) {
+  add<facts::Pings>(tasks, interface,
                     {"ping of the router", facts::Fact::lanPings, &facts::Facts::lanPings,
                      kRouterLimit, pingRouter});
   add<facts::Pings>(
-      errands, interface,
+      tasks, interface,
       {"ping of the Internet", facts::Fact::wanPings, &facts::Facts::wanPings,
        kNameLimit + kPingLimit,
-       [targets](const facts::Facts& known, const probes::Way& way, const Patience& patience) {
-         return pingInternet(known, targets.pingHost, way, patience);
+       [targets](const facts::Facts& known, const probes::Way& way, const Deadline& deadline) {
+         return pingInternet(known, targets.pingHost, way, deadline);
        }});
   add<facts::NameResolution>(
-      errands, interface,
+      tasks, interface,
       {"look-up of a name", facts::Fact::nameResolution, &facts::Facts::nameResolution, kNameLimit,
-       [targets](const facts::Facts& known, const probes::Way& way, const Patience& patience) {
-         return lookUp(targets.name, *known.addresses, way, patience);
+       [targets](const facts::Facts& known, const probes::Way& way, const Deadline& deadline) {
+         return lookUp(targets.name, *known.addresses, way, deadline);
        }});
   add<facts::PortalProbe>(
-      errands, interface,
+      tasks, interface,
       {"look for a sign-in page", facts::Fact::portalProbe, &facts::Facts::portalProbe,
        kPortalLimit,
-       [targets](const facts::Facts& known, const probes::Way& way, const Patience& patience) {
+       [targets](const facts::Facts& known, const probes::Way& way, const Deadline& deadline) {
          const auto& profile = known.activeProfile;
          return probes::probePortal(
              {.url = targets.portalUrl,
               .expectedText = targets.portalText,
               .apiUrl = profile ? profile->captivePortalApi.value_or("") : ""},
-             way, patience);
+             way, deadline);
        }});
   add<facts::SiteReach>(
-      errands, interface,
+      tasks, interface,
       {"connection to the site", facts::Fact::siteReach, &facts::Facts::siteReach, kReachLimit,
-       [targets](const facts::Facts&, const probes::Way& way, const Patience& patience) {
-         return probes::reachSite(targets.siteUrl, way, patience);
+       [targets](const facts::Facts&, const probes::Way& way, const Deadline& deadline) {
+         return probes::reachSite(targets.siteUrl, way, deadline);
        }});
   add<facts::SitePage>(
-      errands, interface,
+      tasks, interface,
       {"page of the site", facts::Fact::sitePage, &facts::Facts::sitePage, kPageLimit,
-       [targets](const facts::Facts&, const probes::Way& way, const Patience& patience) {
-         return probes::retrievePage(targets.siteUrl, targets.siteText, way, patience);
+       [targets](const facts::Facts&, const probes::Way& way, const Deadline& deadline) {
+         return probes::retrievePage(targets.siteUrl, targets.siteText, way, deadline);
        }});
-  add<facts::RouterOutside>(errands, interface,
+  add<facts::RouterOutside>(tasks, interface,
                             {"look at the router's outside", facts::Fact::routerOutside,
                              &facts::Facts::routerOutside, kOutsideLimit,
                              [targets](const facts::Facts& known, const probes::Way& way,
-                                       const Patience& patience) -> Result<facts::RouterOutside> {
+                                       const Deadline& deadline) -> Result<facts::RouterOutside> {
                                const auto& gateway = known.addresses->ipv4Gateway;
                                if (!gateway)
                                  return known.addresses->ipv6Gateway ? noIpv4Router() : noRouter();
                                return probes::routerOutside(*gateway, targets.pingHost, way,
-                                                            patience);
+                                                            deadline);
                              }});
   // This task measures no times, and repeats packets that the scan delays or loses.
-  errands.back().after = {facts::Fact::link, facts::Fact::addresses, facts::Fact::activeProfile};
+  tasks.back().after = {facts::Fact::link, facts::Fact::addresses, facts::Fact::activeProfile};
 }
 
 }  // namespace wifi_profile::linux
