@@ -1,5 +1,6 @@
 #include "app/cli/DiagnosticRun.h"
 
+#include "app/cli/EmptyList.h"
 #include "app/cli/LogLines.h"
 #include "app/cli/ScreenState.h"
 #include "app/cli/TracingScreen.h"
@@ -34,12 +35,12 @@ std::shared_ptr<toolkit::Screen> screenOf(const Surroundings& surroundings) {
 }  // namespace
 
 struct DiagnosticRun::Installations {
-  Installations(const devices::DeviceBackEnds& device, VqClient& service,
-                const Surroundings& surroundings, RunObserver& observer)
+  Installations(const devices::DeviceBackEnds& device, const Surroundings& surroundings,
+                RunObserver& observer)
       : log(surroundings.line),
         screen(screenOf(surroundings)),
         platform({.queues = &surroundings.loop,
-                  .service = &service,
+                  .service = device.service.get(),
                   .wifiManager = device.radio.get(),
                   .capability = device.capability.get(),
                   .automation = device.automation.get(),
@@ -60,8 +61,7 @@ DiagnosticRun::DiagnosticRun(std::unique_ptr<RunDevice> device,
     : surroundings_(std::move(surroundings)),
       device_(std::move(device)),
       backEnds_(device_->backEnds()),
-      scans_(std::make_shared<WatchedScans>(backEnds_.service)),
-      installations_(std::make_unique<Installations>(backEnds_, *scans_, surroundings_, *this)),
+      installations_(std::make_unique<Installations>(backEnds_, surroundings_, *this)),
       inputs_(std::move(inputs)),
       controller_(std::make_shared<WiFiProfileViewController>()),
       script_(device_->userSteps(), surroundings_.person ? ScreenUser::person : ScreenUser::script,
@@ -126,7 +126,10 @@ void DiagnosticRun::testStarted(Section section, DiagnosticsTestID test) {
   });
 }
 
-void DiagnosticRun::testEnded(const TestOutcome& outcome) { collector_.testEnded(outcome); }
+void DiagnosticRun::testEnded(const TestOutcome& outcome) {
+  collector_.testEnded(outcome);
+  if (outcome.test == DiagnosticsTestID::NoScanResults) latestScan_.set(outcome);
+}
 
 void DiagnosticRun::progressed(std::int32_t done, std::int32_t total) {
   surroundings_.line.showProgress(static_cast<double>(done) / total);
@@ -157,7 +160,7 @@ void DiagnosticRun::showTests(std::function<void(app::TestsDone&)> change) {
 
 void DiagnosticRun::showEmptyList() {
   app::EmptyList state =
-      emptyListOf(*controller_, scans_->latest(), backEnds_.radio->powerOnFailure());
+      emptyListOf(*controller_, latestScan_(), backEnds_.radio->powerOnFailure());
   if (!controller_->wifiPoweredOn() && !controller_->presentedAlert()) {
     state.askForPower = [weak = weak_from_this()] {
       if (const auto self = weak.lock()) self->askForPower();

@@ -12,7 +12,6 @@
 #include "app/cli/ProgressLine.h"
 #include "app/cli/RunDevice.h"
 #include "app/cli/Script.h"
-#include "app/cli/WatchedScans.h"
 #include "diagnostic/controller/WiFiProfileViewController.h"
 #include "diagnostic/platform/Mutex.h"
 #include "diagnostic/platform/NameCollator.h"
@@ -97,8 +96,8 @@ class DiagnosticRun final : public HxDiagnosticObserver,
   Surroundings surroundings_;
   const std::unique_ptr<RunDevice> device_;
   const devices::DeviceBackEnds backEnds_;
-  std::shared_ptr<WatchedScans> scans_;
   report::OutcomeCollector collector_;
+  Property<std::optional<TestOutcome>> latestScan_;  // for the list
   std::unique_ptr<Installations> installations_;
   std::shared_ptr<WiFiProfileInputs> inputs_;
   std::shared_ptr<WiFiProfileViewController> controller_;

@@ -33,6 +33,7 @@ struct TestOutcome {
   Section section{};
   DiagnosticsTestID test{};
   Result<bool> verdict = {};  // true: the record says yes
+  bool passed = false;        // the service's own judgement; which answers pass differs by test
   std::string remark = {};    // the service's reason for its answer, a sentence; may be empty
   std::vector<TestValue> values = {};
   bool hasDetails = true;  // false: the service gave none of the values that were due

@@ -46,6 +46,7 @@ TestOutcome runTest(WiFiProfileViewController& controller, Section section,
   const NumberRef verdict = verdictOf(test, result->result);
   target()->setObject(verdict, test.resultKey);
   outcome.verdict = verdict->toDouble() != 0;
+  outcome.passed = result->didPass;
   outcome.remark = result->remark;
   if (test.information().empty() || !passesGate(test.gate, *result)) return outcome;
   const DictionaryRef info = result->info;
