@@ -307,7 +307,7 @@ TEST_F(Program, SaysThatTheProgramOfARunIsMissing) {
 
 TEST_F(Program, DrawsNoOtherScreenThanItsOwn) {
   expectRefusal(run("run --device demo --ui window", "", WIFI_PROFILE_PROGRAM "-run"), 64,
-                "--ui: found window, expected terminal or none");
+                "--ui window: this program cannot draw it; use terminal or none");
 }
 
 TEST_F(Program, SaysWhenOutputCannotBeWritten) {
