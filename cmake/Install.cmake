@@ -11,8 +11,10 @@ install(TARGETS ${installed_targets} EXPORT WiFiProfileTargets
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 
-# The public headers: those that a host includes, and what these include.
-set(headers
+# The public headers: the interfaces of the services, what else a host includes, and what these include.
+file(GLOB_RECURSE headers RELATIVE ${PROJECT_SOURCE_DIR}/src CONFIGURE_DEPENDS
+     ${PROJECT_SOURCE_DIR}/src/diagnostic/platform/*.h)
+list(APPEND headers
   devices/OpenLinuxDevice.h
   devices/scenario/ScenarioDevice.h
   devices/scenario/ScenarioReader.h
@@ -26,9 +28,6 @@ set(headers
   runtime/SafeText.h
   runtime/ThreadRunLoop.h
   runtime/VirtualTimeRunLoop.h)
-file(GLOB toolkit RELATIVE ${PROJECT_SOURCE_DIR}/src CONFIGURE_DEPENDS
-     ${PROJECT_SOURCE_DIR}/src/diagnostic/platform/toolkit/*.h)
-list(APPEND headers ${toolkit})
 set(installed_headers)
 while(headers)
   list(POP_FRONT headers header)
