@@ -1,7 +1,5 @@
-// The layout pass, on the progress screen and on views that one can look through.
+// The layout pass on simple views.
 
-#include "diagnostic/platform/toolkit/Label.h"
-#include "diagnostic/platform/toolkit/NavigationBar.h"
 #include "diagnostic/platform/toolkit/ProgressView.h"
 #include "support/DiagnosticFixture.h"
 
@@ -10,127 +8,117 @@ namespace {
 
 using A = LayoutAttribute;
 
-class ProgressScreenLayout : public DiagnosticFixture, public ::testing::WithParamInterface<Size> {
+class LayoutPass : public DiagnosticFixture {
  protected:
-  void SetUp() override {
-    setUpController(makeInputs(nullptr));
-    controller->displayProgressScreen();
-    controller->setupViewWithNetworkList(false);
-    controller->layOut();
-  }
-  Rect label() const { return controller->mainLabel()->frame(); }
-  Rect bar() const { return controller->progressView()->frame(); }
-
- private:
-  runtime::NoScreen screen_{GetParam()};
-  const InstalledPlatform platform_{{.screen = &screen_}};
-};
-
-TEST_P(ProgressScreenLayout, PutsTheMessageTwentyOnePointsBelowTheMiddle) {
-  EXPECT_EQ(label().origin.y + label().size.height, GetParam().height / 2 + 21.0);
-}
-
-TEST_P(ProgressScreenLayout, KeepsTheMessageTwentyPointsFromEachSide) {
-  EXPECT_EQ(label().origin.x, 20.0);
-  EXPECT_EQ(label().size.width, GetParam().width - 40.0);
-}
-
-TEST_P(ProgressScreenLayout, MakesTheMessageAtLeastThirtySixPointsHigh) {
-  EXPECT_EQ(heightOfLine(27), 33);
-  EXPECT_EQ(label().size.height, 36.0);
-}
-
-TEST_P(ProgressScreenLayout, CentresTheBarFifteenPointsUnderTheMessage) {
-  EXPECT_EQ(bar().size, (Size{240.0, 2.0}));
-  EXPECT_EQ(bar().origin.x, (GetParam().width - 240.0) / 2);
-  EXPECT_EQ(bar().origin.y, GetParam().height / 2 + 21.0 + 15.0);
-}
-
-TEST_P(ProgressScreenLayout, ComesOutTheSameAtEveryPass) {
-  const Rect labelBefore = label();
-  const Rect barBefore = bar();
-  for (int pass = 0; pass < 3; ++pass) controller->layOut();
-  EXPECT_EQ(label(), labelBefore);
-  EXPECT_EQ(bar(), barBefore);
-}
-
-TEST_P(ProgressScreenLayout, LeavesTheNavigationBarWhereItStands) {
-  EXPECT_EQ(controller->navigationBar()->frame(), (Rect{{0, 20}, {GetParam().width, 44}}));
-}
-
-TEST_P(ProgressScreenLayout, GrowsUpwardsWithAMessageOfSeveralLines) {
-  controller->mainLabel()->text = makeText("One line of text and then another");
-  controller->layOut();
-  EXPECT_EQ(label().size.height, 2 * heightOfLine(27));
-  EXPECT_EQ(label().origin.y + label().size.height, GetParam().height / 2 + 21.0);
-}
-
-TEST_P(ProgressScreenLayout, FollowsTheViewsSizeAtTheNextPass) {
-  controller->view()->setFrame({{0, 0}, {500, 400}});
-  controller->layOut();
-  EXPECT_EQ(label(), (Rect{{20, 185}, {460, 36}}));
-  EXPECT_EQ(bar(), (Rect{{130, 236}, {240, 2}}));
-}
-
-std::string nameOfSize(const ::testing::TestParamInfo<Size>& size) {
-  return std::to_string(static_cast<int>(size.param.width)) + "x" +
-         std::to_string(static_cast<int>(size.param.height));
-}
-INSTANTIATE_TEST_SUITE_P(Screens, ProgressScreenLayout,
-                         ::testing::Values(Size{320, 568}, Size{375, 667}, Size{768, 1024}),
-                         nameOfSize);
-
-class LayoutPasses : public DiagnosticFixture {
- protected:
-  void SetUp() override { owner->view()->addSubview(placed); }
-  std::shared_ptr<View> makePlaced(Rect frame) {
+  void SetUp() override { owner->view()->addSubview(view); }
+  static std::shared_ptr<View> makeView(Rect frame) {
     auto view = std::make_shared<View>(frame);
     view->setTranslatesAutoresizingMaskIntoConstraints(false);
     return view;
   }
+  // An equation for `view`.
+  void fix(A attribute, double constant) {
+    view->addConstraint({.first = view.get(), .firstAttribute = attribute, .constant = constant});
+  }
+  const Rect& frame() {
+    owner->layOut();
+    return view->frame();
+  }
 
   const std::shared_ptr<ViewController> owner = std::make_shared<ViewController>();
-  const std::shared_ptr<View> placed = makePlaced({{10, 20}, {30, 40}});
+  const std::shared_ptr<View> view = makeView({{10, 20}, {30, 40}});
 };
 
-TEST_F(LayoutPasses, LeaveAViewInPlaceThatNothingDecidesOn) {
-  owner->layOut();
-  EXPECT_EQ(placed->frame(), (Rect{{10, 20}, {30, 40}}));
+TEST_F(LayoutPass, KeepsTheFrameOfAViewWithoutConstraints) {
+  EXPECT_EQ(frame(), (Rect{{10, 20}, {30, 40}}));
 }
 
-TEST_F(LayoutPasses, PassOverAConstraintThatNamesAViewOutsideTheHierarchy) {
-  const auto outside = std::make_shared<View>(Rect{{100, 100}, {100, 100}});
-  placed->addConstraint({.first = outside.get(), .firstAttribute = A::width, .constant = 5});
-  placed->addConstraint({.first = placed.get(),
-                         .firstAttribute = A::leading,
-                         .second = outside.get(),
-                         .secondAttribute = A::leading});
-  placed->addConstraint({.first = placed.get(), .firstAttribute = A::top, .constant = 3});
+TEST_F(LayoutPass, KeepsAFrameThatIsSet) {
+  view->setTranslatesAutoresizingMaskIntoConstraints(true);
+  fix(A::width, 5);
+  EXPECT_EQ(frame(), (Rect{{10, 20}, {30, 40}}));
+}
+
+TEST_F(LayoutPass, FollowsEachAttribute) {
+  const std::vector<std::pair<A, Rect>> expected{
+      {A::leading, {{5, 20}, {30, 40}}},    {A::top, {{10, 5}, {30, 40}}},
+      {A::trailing, {{-25, 20}, {30, 40}}}, {A::bottom, {{10, -35}, {30, 40}}},
+      {A::centerX, {{-10, 20}, {30, 40}}},  {A::centerY, {{10, -15}, {30, 40}}},
+      {A::width, {{10, 20}, {5, 40}}},      {A::height, {{10, 20}, {30, 5}}},
+  };
+  for (const auto& [attribute, result] : expected) {
+    const auto other = makeView({{10, 20}, {30, 40}});
+    other->addConstraint({.first = other.get(), .firstAttribute = attribute, .constant = 5});
+    owner->view()->addSubview(other);
+    owner->layOut();
+    EXPECT_EQ(other->frame(), result) << static_cast<int>(attribute);
+  }
+}
+
+TEST_F(LayoutPass, TakesTheSizeFromBothEdges) {
+  fix(A::trailing, 50);
+  fix(A::leading, 8);
+  EXPECT_EQ(frame(), (Rect{{8, 20}, {42, 40}}));
+}
+
+TEST_F(LayoutPass, TakesTheSizeFromItsEquationFirst) {
+  fix(A::leading, 8);
+  fix(A::trailing, 50);
+  fix(A::width, 7);
+  EXPECT_EQ(frame(), (Rect{{8, 20}, {7, 40}}));
+}
+
+TEST_F(LayoutPass, CountsTheFirstOfSeveralEquations) {
+  fix(A::top, 3);
+  fix(A::top, 4);
+  EXPECT_EQ(frame(), (Rect{{10, 3}, {30, 40}}));
+}
+
+TEST_F(LayoutPass, RaisesASizeToTheLargestInequality) {
+  for (const double least : {35, 50, 45}) {
+    view->addConstraint({.first = view.get(),
+                         .firstAttribute = A::height,
+                         .relation = LayoutRelation::greaterThanOrEqual,
+                         .constant = least});
+  }
+  EXPECT_EQ(frame().size, (Size{30, 50}));
+}
+
+TEST_F(LayoutPass, GivesAViewTheSizeOfItsContent) {
+  const auto bar = std::make_shared<ProgressView>(ProgressViewStyle::standard);
+  bar->setTranslatesAutoresizingMaskIntoConstraints(false);
+  bar->setFrame({{1, 2}, {3, 4}});
+  owner->view()->addSubview(bar);
   owner->layOut();
-  EXPECT_EQ(placed->frame(), (Rect{{10, 3}, {30, 40}}));
+  EXPECT_EQ(bar->frame(), (Rect{{1, 2}, {3, 2}}));
+}
+
+TEST_F(LayoutPass, PlacesAViewByOneFurtherBack) {
+  const auto front = makeView({{0, 0}, {5, 5}});
+  owner->view()->addSubview(front);
+  fix(A::leading, 100);
+  front->addConstraint({.first = front.get(),
+                        .firstAttribute = A::leading,
+                        .second = view.get(),
+                        .secondAttribute = A::trailing,
+                        .constant = 2});
+  owner->layOut();
+  EXPECT_EQ(front->frame(), (Rect{{132, 0}, {5, 5}}));
+}
+
+TEST_F(LayoutPass, IgnoresAConstraintToAViewThatIsNotASubview) {
+  const auto outside = std::make_shared<View>(Rect{{100, 100}, {100, 100}});
+  view->addConstraint({.first = outside.get(), .firstAttribute = A::width, .constant = 5});
+  view->addConstraint({.first = view.get(),
+                       .firstAttribute = A::leading,
+                       .second = outside.get(),
+                       .secondAttribute = A::leading});
+  fix(A::top, 3);
+  EXPECT_EQ(frame(), (Rect{{10, 3}, {30, 40}}));
   EXPECT_EQ(outside->frame(), (Rect{{100, 100}, {100, 100}}));
 }
 
-TEST_F(LayoutPasses, LeaveAViewInPlaceWhoseFrameIsItsOwn) {
-  placed->setTranslatesAutoresizingMaskIntoConstraints(true);
-  placed->addConstraint({.first = placed.get(), .firstAttribute = A::width, .constant = 5});
-  owner->layOut();
-  EXPECT_EQ(placed->frame(), (Rect{{10, 20}, {30, 40}}));
-}
-
-TEST_F(LayoutPasses, PlaceAViewWithinTheOneThatHoldsIt) {
-  const auto inner = makePlaced({{1, 1}, {5, 5}});
-  placed->addSubview(inner);
-  placed->addConstraint({.first = inner.get(),
-                         .firstAttribute = A::trailing,
-                         .second = placed.get(),
-                         .secondAttribute = A::trailing,
-                         .constant = -2});
-  owner->layOut();
-  EXPECT_EQ(inner->frame(), (Rect{{23, 1}, {5, 5}}));
-}
-
-TEST_F(LayoutPasses, UpdateTheConstraintsFirst) {
+TEST_F(LayoutPass, UpdatesTheConstraintsFirst) {
   class Owner final : public ViewController {
    public:
     void updateViewConstraints() override {
@@ -139,9 +127,9 @@ TEST_F(LayoutPasses, UpdateTheConstraintsFirst) {
     }
   };
   const auto other = std::make_shared<Owner>();
-  other->view()->addSubview(placed);
+  other->view()->addSubview(view);
   other->layOut();
-  EXPECT_EQ(placed->frame().size, (Size{99, 40}));
+  EXPECT_EQ(view->frame().size, (Size{99, 40}));
 }
 
 }  // namespace

@@ -14,23 +14,22 @@ enum class LayoutAttribute {
   centerX,
   centerY
 };
-enum class LayoutRelation { equal, greaterThanOrEqual, lessThanOrEqual };
+enum class LayoutRelation { equal, greaterThanOrEqual };
 
 inline constexpr float kRequiredPriority = 1000;
 
 class View;
 
-// first.firstAttribute (relation) multiplier x second.secondAttribute + constant, in points. The
-// pointers do not keep the views alive: the views belong to the screen that holds the constraint.
+// first.firstAttribute (relation) second.secondAttribute + constant, in points. The pointers do not
+// keep the views alive: the views belong to the screen that holds the constraint.
 struct LayoutConstraint {
   const View* first = nullptr;
   LayoutAttribute firstAttribute = LayoutAttribute::notAnAttribute;
   LayoutRelation relation = LayoutRelation::equal;
   const View* second = nullptr;  // null: the constant alone
   LayoutAttribute secondAttribute = LayoutAttribute::notAnAttribute;
-  double multiplier = 1;
   double constant = 0;
-  float priority = kRequiredPriority;  // 0 to 1000
+  float priority = kRequiredPriority;  // 0 to 1000; stored only
   bool operator==(const LayoutConstraint&) const = default;
 };
 

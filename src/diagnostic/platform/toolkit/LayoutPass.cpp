@@ -1,119 +1,122 @@
-// The layout pass: solves the constraints of a view and its descendants into frames.
+// The layout pass: computes the frames of the subviews of a controller's view from constraints.
 
 #include <algorithm>
-#include <unordered_map>
+#include <map>
 
-#include "diagnostic/platform/toolkit/LayoutSolver.h"
 #include "diagnostic/platform/toolkit/MainThread.h"
 #include "diagnostic/platform/toolkit/ViewController.h"
 
 namespace wifi_profile::toolkit {
 namespace {
 
-constexpr float kCompressionResistance = 750;
+using A = LayoutAttribute;
 
-class Pass {
- public:
-  // The root keeps its frame. Its top left corner is the origin of the coordinates.
-  explicit Pass(View& root) { gather(root, {}); }
-
-  void solveIntoFrames() {
-    std::vector<BoxConstraint> wishes;
-    for (int box = 0; box < count(); ++box) addOwnWishes(box, wishes);
-    for (const View* const view : views_) {
-      for (const LayoutConstraint& constraint : view->constraints()) {
-        if (const auto wish = wishOf(constraint)) wishes.push_back(*wish);
-      }
-    }
-    const std::vector<Rect> solved = solvedFrames(frames_, wishes);
-    for (std::size_t box = 1; box < views_.size(); ++box) {
-      if (views_[box]->translatesAutoresizingMaskIntoConstraints()) continue;
-      Rect frame = solved[box];
-      const Point parent = solved[static_cast<std::size_t>(parents_[box])].origin;
-      frame.origin = {frame.origin.x - parent.x, frame.origin.y - parent.y};
-      views_[box]->setFrame(frame);
-    }
+double valueIn(const Rect& frame, LayoutAttribute attribute) {
+  const auto& [origin, size] = frame;
+  switch (attribute) {
+    case A::leading:
+      return origin.x;
+    case A::trailing:
+      return origin.x + size.width;
+    case A::centerX:
+      return origin.x + size.width / 2;
+    case A::width:
+      return size.width;
+    case A::top:
+      return origin.y;
+    case A::bottom:
+      return origin.y + size.height;
+    case A::centerY:
+      return origin.y + size.height / 2;
+    case A::height:
+      return size.height;
+    case A::notAnAttribute:
+      break;
   }
+  return 0;
+}
 
- private:
-  int count() const { return static_cast<int>(views_.size()); }
-
-  // Parents come before their children.
-  void gather(View& view, Point parentOrigin, int parent = kNoBox) {
-    const int box = count();
-    numbers_[&view] = box;
-    views_.push_back(&view);
-    parents_.push_back(parent);
-    Rect frame = view.frame();
-    if (parent != kNoBox) {
-      frame.origin = {frame.origin.x + parentOrigin.x, frame.origin.y + parentOrigin.y};
-    } else {
-      frame.origin = {};
-    }
-    frames_.push_back(frame);
-    for (const auto& subview : view.subviews()) gather(*subview, frame.origin, box);
-  }
-
-  void addOwnWishes(int box, std::vector<BoxConstraint>& wishes) const {
-    using A = LayoutAttribute;
-    const auto place = static_cast<std::size_t>(box);
-    const View& view = *views_[place];
-    const auto wish = [&](A attribute, LayoutRelation relation, double value, float priority) {
-      wishes.push_back({.first = box,
-                        .firstAttribute = attribute,
-                        .relation = relation,
-                        .constant = value,
-                        .priority = priority});
-    };
-    const Rect& frame = frames_[place];
-    if (box == 0 || view.translatesAutoresizingMaskIntoConstraints()) {
-      wish(A::leading, LayoutRelation::equal, frame.origin.x, kRequiredPriority);
-      wish(A::top, LayoutRelation::equal, frame.origin.y, kRequiredPriority);
-      wish(A::width, LayoutRelation::equal, frame.size.width, kRequiredPriority);
-      wish(A::height, LayoutRelation::equal, frame.size.height, kRequiredPriority);
-      return;
-    }
-    const auto content = view.intrinsicContentSize();
-    if (!content) return;
-    const auto [horizontal, vertical] = view.huggingPriority();
-    if (content->width >= 0) {
-      wish(A::width, LayoutRelation::lessThanOrEqual, content->width, horizontal);
-      wish(A::width, LayoutRelation::greaterThanOrEqual, content->width, kCompressionResistance);
-    }
-    if (content->height >= 0) {
-      wish(A::height, LayoutRelation::lessThanOrEqual, content->height, vertical);
-      wish(A::height, LayoutRelation::greaterThanOrEqual, content->height, kCompressionResistance);
-    }
-  }
-
-  // Empty if the constraint names a view that is not in the hierarchy.
-  std::optional<BoxConstraint> wishOf(const LayoutConstraint& constraint) const {
-    const auto first = numbers_.find(constraint.first);
-    const auto second = numbers_.find(constraint.second);
-    if (first == numbers_.end()) return std::nullopt;
-    if (constraint.second && second == numbers_.end()) return std::nullopt;
-    return BoxConstraint{.first = first->second,
-                         .firstAttribute = constraint.firstAttribute,
-                         .relation = constraint.relation,
-                         .second = constraint.second ? second->second : kNoBox,
-                         .secondAttribute = constraint.secondAttribute,
-                         .multiplier = constraint.multiplier,
-                         .constant = constraint.constant,
-                         .priority = constraint.priority};
-  }
-
-  std::vector<View*> views_;
-  std::vector<int> parents_;
-  std::vector<Rect> frames_;  // in the root's coordinates
-  std::unordered_map<const View*, int> numbers_;
+// What the constraints say about one view.
+struct Rules {
+  std::map<LayoutAttribute, double> equal;  // of several values of an attribute, the first
+  std::map<LayoutAttribute, double> least;  // of several, the largest
 };
+
+// The frames of the controller's view and of the subviews that have their place, in the coordinates
+// of the controller's view.
+using Placed = std::map<const View*, Rect>;
+
+void addRules(const View& holder, const View& view, const Placed& placed, Rules& rules) {
+  for (const LayoutConstraint& constraint : holder.constraints()) {
+    const bool isFirst = constraint.first == &view;
+    if (!isFirst && constraint.second != &view) continue;
+    const View* const other = isFirst ? constraint.second : constraint.first;
+    double value = isFirst ? constraint.constant : -constraint.constant;
+    if (other) {
+      const auto found = placed.find(other);
+      if (found == placed.end()) continue;
+      value +=
+          valueIn(found->second, isFirst ? constraint.secondAttribute : constraint.firstAttribute);
+    }
+    const LayoutAttribute own = isFirst ? constraint.firstAttribute : constraint.secondAttribute;
+    if (constraint.relation == LayoutRelation::equal) {
+      rules.equal.try_emplace(own, value);
+    } else if (isFirst) {
+      double& least = rules.least.try_emplace(own, value).first->second;
+      least = std::max(least, value);
+    }
+  }
+}
+
+// Applies the rules of one axis, whose attributes these are, to an origin and a length.
+void apply(const Rules& rules, A start, A end, A center, A size, double& origin, double& length) {
+  const auto& equal = rules.equal;
+  if (equal.contains(size)) {
+    length = equal.at(size);
+  } else if (equal.contains(start) && equal.contains(end)) {
+    length = equal.at(end) - equal.at(start);
+  } else if (rules.least.contains(size)) {
+    length = std::max(length, rules.least.at(size));
+  }
+  if (equal.contains(start)) {
+    origin = equal.at(start);
+  } else if (equal.contains(end)) {
+    origin = equal.at(end) - length;
+  } else if (equal.contains(center)) {
+    origin = equal.at(center) - length / 2;
+  }
+}
+
+Rect frameBy(const Rules& rules, const View& view) {
+  auto [origin, size] = view.frame();
+  const Size content = view.intrinsicContentSize().value_or(size);
+  if (content.width >= 0) size.width = content.width;
+  if (content.height >= 0) size.height = content.height;
+  apply(rules, A::leading, A::trailing, A::centerX, A::width, origin.x, size.width);
+  apply(rules, A::top, A::bottom, A::centerY, A::height, origin.y, size.height);
+  return {origin, size};
+}
 
 }  // namespace
 
 void ViewController::layOut() {
   checkMainThread("ViewController::layOut");
   updateViewConstraints();
-  Pass(*view()).solveIntoFrames();
+  const auto& views = view()->subviews();
+  Placed placed{{view().get(), {{}, view()->frame().size}}};
+  for (const auto& subview : views) {
+    if (subview->translatesAutoresizingMaskIntoConstraints()) {
+      placed.emplace(subview.get(), subview->frame());
+    }
+  }
+  for (const auto& subview : views) {
+    if (placed.contains(subview.get())) continue;
+    Rules rules;
+    addRules(*view(), *subview, placed, rules);
+    for (const auto& holder : views) addRules(*holder, *subview, placed, rules);
+    subview->setFrame(frameBy(rules, *subview));
+    placed.emplace(subview.get(), subview->frame());
+  }
 }
 
 }  // namespace wifi_profile::toolkit

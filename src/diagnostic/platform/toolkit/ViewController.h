@@ -32,9 +32,16 @@ class ViewController : public std::enable_shared_from_this<ViewController> {
   // answer.
   void disappear();
 
-  // The layout pass: updates the constraints, then solves them into the frames of the views that
-  // they name. A view whose frame stays as set is not moved. A view that the constraints do not
-  // determine keeps its place.
+  // The layout pass: updates the constraints, then computes from them the frames of the direct
+  // subviews of the view, back to front. A subview whose frame stays as set is not moved.
+  //
+  // A constraint affects a subview if its other view, if any, is the view of the controller or a
+  // subview that is not moved or is further back. Other constraints are ignored. Of several
+  // equations for the same attribute the first counts. Along each axis, the size is the one that an
+  // equation gives; else the distance of the two edges if equations give both; else the size of the
+  // content, or without content the present size, raised to what inequalities require. The position
+  // follows from the first that an equation gives of the leading (top) edge, the trailing (bottom)
+  // edge and the centre; else it stays.
   void layOut();
 
   // Part of the layout pass. An override must call this implementation first.
