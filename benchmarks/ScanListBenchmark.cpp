@@ -16,7 +16,7 @@ namespace {
 struct Scene {
   Scene(std::size_t size, bool changes) : air(size, 1), first(air.scan()) {
     status = air.status();
-    before = deduplicated(first, status, order);
+    before = deduplicated(first, status, keys);
     plainBefore = plain.pairByPair(first, *status);
     if (changes) air.change();
     second = air.scan();
@@ -25,7 +25,7 @@ struct Scene {
   runtime::IcuNameCollator collator{"en"};
   const InstalledPlatform platform{{.collator = &collator}};
   const PlainScanList plain;
-  NameOrder order;
+  SortKeys keys;
   Neighbourhood air;
   ArrayRef first;
   ArrayRef second;
@@ -41,8 +41,8 @@ std::size_t sizeOf(const benchmark::State& state) {
 void firstList(benchmark::State& state) {
   Scene scene(sizeOf(state), false);
   for (auto _ : state) {
-    NameOrder order;
-    benchmark::DoNotOptimize(deduplicated(scene.first, scene.status, order));
+    SortKeys keys;
+    benchmark::DoNotOptimize(deduplicated(scene.first, scene.status, keys));
   }
 }
 
@@ -68,7 +68,7 @@ void rescan(benchmark::State& state, bool changes) {
     if (changes) scene.air.change();
     scene.second = scene.air.scan();
     state.ResumeTiming();
-    Deduplicated after = deduplicated(scene.second, scene.status, scene.order);
+    Deduplicated after = deduplicated(scene.second, scene.status, scene.keys);
     benchmark::DoNotOptimize(rowsMissingFrom(scene.before.listed, after.filtered));
     benchmark::DoNotOptimize(rowsMissingFrom(after.listed, scene.before.filtered));
     state.PauseTiming();
@@ -98,7 +98,7 @@ void tap(benchmark::State& state) {
   const ScanResultRef network = (*scene.before.listed)[scene.before.listed->size() / 3];
   for (auto _ : state) {
     benchmark::DoNotOptimize(
-        sortedByName(with(without(scene.before.listed, network), network), scene.order));
+        sortedByName(with(without(scene.before.listed, network), network), scene.keys));
   }
 }
 

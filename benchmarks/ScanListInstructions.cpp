@@ -26,7 +26,7 @@ struct Scene {
     for (; scans.size() < rescans; scans.push_back(air.scan())) {
       if (changes) air.change();
     }
-    before = deduplicated(first, status, order);
+    before = deduplicated(first, status, keys);
     plainBefore = plain.pairByPair(first, *status);
     if (*before.listed != plainBefore.listed) {
       std::fputs("the plain way makes another list\n", stderr);
@@ -40,7 +40,7 @@ struct Scene {
   ArrayRef first;
   std::vector<ArrayRef> scans;
   VqWiFiStatusRef status;
-  NameOrder order;
+  SortKeys keys;
   PlainScanList plain;
   Deduplicated before;
   PlainNetworks plainBefore;
@@ -59,7 +59,7 @@ void rescan(Scene& scene, Outcome& outcome) {
   const Deduplicated* before = &scene.before;
   for (const ArrayRef& scan : scene.scans) {
     const Deduplicated& after =
-        outcome.networks.emplace_back(deduplicated(scan, scene.status, scene.order));
+        outcome.networks.emplace_back(deduplicated(scan, scene.status, scene.keys));
     outcome.rows.push_back({.lost = rowsMissingFrom(before->listed, after.filtered),
                             .found = rowsMissingFrom(after.listed, before->filtered)});
     before = &after;
@@ -78,8 +78,8 @@ void plainRescan(Scene& scene, Outcome& outcome) {
 }
 
 void firstList(Scene& scene, Outcome& outcome) {
-  NameOrder order;
-  outcome.networks.push_back(deduplicated(scene.scans.front(), scene.status, order));
+  SortKeys keys;
+  outcome.networks.push_back(deduplicated(scene.scans.front(), scene.status, keys));
 }
 
 void plainFirstListPairByPair(Scene& scene, Outcome& outcome) {
@@ -92,7 +92,7 @@ void plainFirstListBySortKeys(Scene& scene, Outcome& outcome) {
 
 void tap(Scene& scene, Outcome& outcome) {
   const ScanResultRef& network = (*scene.before.listed)[scene.before.listed->size() / 3];
-  outcome.list = sortedByName(with(without(scene.before.listed, network), network), scene.order);
+  outcome.list = sortedByName(with(without(scene.before.listed, network), network), scene.keys);
 }
 
 void plainTap(Scene& scene, Outcome& outcome) {

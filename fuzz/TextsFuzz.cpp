@@ -60,10 +60,8 @@ void sort(const std::string& one, const std::string& other) {
   static const std::array<Language, 5> kLanguages{Language("en"), Language("sv"), Language("cs"),
                                                   Language("fr_CA"), Language("ja")};
   for (const Language& language : kLanguages) {
-    std::string oneKey;
-    std::string otherKey;
-    language.keys.appendSortKey(one, oneKey);
-    language.keys.appendSortKey(other, otherKey);
+    const std::string oneKey = language.keys.sortKey(one);
+    const std::string otherKey = language.keys.sortKey(other);
     UErrorCode status = U_ZERO_ERROR;
     const auto order = ucol_strcollUTF8(language.rules, one.data(), static_cast<int>(one.size()),
                                         other.data(), static_cast<int>(other.size()), &status);

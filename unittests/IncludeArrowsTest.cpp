@@ -55,7 +55,6 @@ const std::map<std::string, Names> kPackages{
     {"report/ReportText.cpp", {"fmt"}},
     {"report/ValueText.cpp", {"fmt"}},
     {"runtime/AsioMainQueue.cpp", {"asio"}},
-    {"runtime/IcuLetterKeys.cpp", {"unicode"}},
     {"runtime/IcuNameCollator.cpp", {"unicode"}},
     {"runtime/Interrupts.cpp", {"asio"}},
     {"runtime/JsonReader.cpp", {"nlohmann"}},

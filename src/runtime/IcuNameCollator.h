@@ -2,11 +2,8 @@
 #pragma once
 
 #include <memory>
-#include <mutex>
-#include <optional>
 
 #include "diagnostic/platform/NameCollator.h"
-#include "runtime/IcuLetterKeys.h"
 
 struct UCollator;  // of ICU
 
@@ -20,20 +17,14 @@ class IcuNameCollator final : public NameCollator {
   // example because ICU's data is missing, the keys are the names.
   explicit IcuNameCollator(std::string_view locale);
 
-  void appendSortKey(std::string_view name, std::string& key) const override;
+  std::string sortKey(std::string_view name) const override;
 
  private:
   struct Closer {
     void operator()(UCollator* collator) const;
   };
 
-  // Created at the first key, which takes some milliseconds. Null if letter keys do not have the
-  // locale's order.
-  const IcuLetterKeys* letterKeys() const;
-
   const std::unique_ptr<UCollator, Closer> collator_;  // null: there are no rules
-  mutable std::once_flag letterKeysMade_;
-  mutable std::optional<IcuLetterKeys> letterKeys_;
 };
 
 }  // namespace wifi_profile::runtime

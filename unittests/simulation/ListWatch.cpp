@@ -19,9 +19,7 @@ std::string textOf(const NetworkList& list) {
 }
 
 std::string sortKeyOf(const ScanResultRef& network) {
-  std::string key;
-  NameCollator::shared()->appendSortKey(network->ssidString()->string(), key);
-  return key;
+  return NameCollator::shared()->sortKey(network->ssidString()->string());
 }
 
 }  // namespace
@@ -117,8 +115,9 @@ void ListWatch::checkLists(const NetworkList& list, const NetworkDictionary& dic
     history_.require(dictionary.networkNamed(network->ssidString()) == network,
                      [&] { return "\"" + network->ssidString()->string() + "\" is a row only"; });
   }
+  const NetworkList networks = dictionary.networks();
   const auto entries =
-      std::count_if(dictionary.networks().begin(), dictionary.networks().end(),
+      std::count_if(networks.begin(), networks.end(),
                     [this](const ScanResultRef& network) { return !isOdd(network->ssidString()); });
   history_.require(rows == static_cast<std::size_t>(entries),
                    [] { return "the list and its dictionary differ"; });

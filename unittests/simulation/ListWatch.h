@@ -6,8 +6,8 @@
 
 #include "diagnostic/controller/WiFiProfileViewController.h"
 #include "diagnostic/platform/NameCollator.h"
-#include "simulation/ExpectedList.h"
 #include "simulation/History.h"
+#include "support/ExpectedList.h"
 
 namespace wifi_profile::simulation {
 

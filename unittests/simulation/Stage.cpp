@@ -3,6 +3,7 @@
 #include "diagnostic/controller/StatusCodes.h"
 #include "runtime/BuiltInStringTable.h"
 #include "runtime/Iso8601Formatter.h"
+#include "support/FoldingCollator.h"
 
 namespace wifi_profile::simulation {
 namespace {
@@ -34,14 +35,6 @@ class SimulatedCapability final : public DeviceCapability {
 
  private:
   const int answer_;
-};
-
-// Folds ASCII letters.
-class FoldingCollator final : public NameCollator {
- public:
-  void appendSortKey(std::string_view name, std::string& key) const override {
-    for (const char c : name) key += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  }
 };
 
 std::shared_ptr<WiFiProfileInputs> makeInputs(const World& world) {

@@ -18,7 +18,7 @@ DiagnosticFixture::DiagnosticFixture()
       log(std::make_shared<RecordingLog>()),
       automation(std::make_shared<FakeAutomation>()),
       capability(std::make_shared<FakeCapability>()),
-      collator(std::make_shared<FakeCollator>()),
+      collator(std::make_shared<FoldingCollator>()),
       screen(std::make_shared<RecordingScreen>()),
       wifiManager(std::make_shared<FakeWiFiManager>(events)),
       host(std::make_shared<RecordingHost>(events, queues)),

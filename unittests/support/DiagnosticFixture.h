@@ -13,6 +13,7 @@
 #include "support/FakeService.h"
 #include "support/FakeSurroundings.h"
 #include "support/FakeWiFiManager.h"
+#include "support/FoldingCollator.h"
 
 namespace wifi_profile {
 
@@ -40,7 +41,7 @@ class DiagnosticFixture : public ::testing::Test {
   const std::shared_ptr<RecordingLog> log;
   const std::shared_ptr<FakeAutomation> automation;
   const std::shared_ptr<FakeCapability> capability;
-  const std::shared_ptr<FakeCollator> collator;
+  const std::shared_ptr<FoldingCollator> collator;
   const std::shared_ptr<RecordingScreen> screen;
   const std::shared_ptr<FakeWiFiManager> wifiManager;
   const std::shared_ptr<RecordingHost> host;

@@ -15,7 +15,6 @@
 #include "diagnostic/platform/DiagnosticLog.h"
 #include "diagnostic/platform/DiagnosticsSupport.h"
 #include "diagnostic/platform/HostFramework.h"
-#include "diagnostic/platform/NameCollator.h"
 #include "diagnostic/platform/toolkit/Alert.h"
 #include "diagnostic/platform/toolkit/NavigationBar.h"
 #include "diagnostic/platform/toolkit/ProgressView.h"
@@ -85,16 +84,6 @@ class FakeCapability final : public DeviceCapability {
   int boolAnswer(std::string_view key) override {
     asked.emplace_back(key);
     return answer;
-  }
-};
-
-// Folds ASCII letters; counts the keys it was asked for.
-class FakeCollator final : public NameCollator {
- public:
-  mutable std::atomic<int> keys = 0;
-  void appendSortKey(std::string_view name, std::string& key) const override {
-    ++keys;
-    for (const char c : name) key += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
   }
 };
 

@@ -1,23 +1,24 @@
-// An order of names without regard to the case of ASCII letters, which knows how often it was
-// asked.
+// An order of names for tests: bytewise, without regard to the case of ASCII letters.
 #pragma once
 
 #include <atomic>
 
-#include "runtime/SimpleNameCollator.h"
+#include "diagnostic/platform/NameCollator.h"
 
 namespace wifi_profile {
 
+// Counts the keys that it was asked for.
 class FoldingCollator final : public NameCollator {
  public:
-  void appendSortKey(std::string_view name, std::string& key) const override {
+  std::string sortKey(std::string_view name) const override {
     ++calls_;
-    simple_.appendSortKey(name, key);
+    std::string key(name);
+    for (char& c : key) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    return key;
   }
   int calls() const { return calls_; }
 
  private:
-  runtime::SimpleNameCollator simple_;
   mutable std::atomic<int> calls_{0};
 };
 

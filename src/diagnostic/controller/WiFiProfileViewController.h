@@ -21,9 +21,9 @@
 #include "diagnostic/platform/WiFiManager.h"
 #include "diagnostic/platform/toolkit/NavigationBar.h"
 #include "diagnostic/platform/toolkit/TableView.h"
-#include "diagnostic/wifi/NameOrder.h"
 #include "diagnostic/wifi/NetworkDictionary.h"
 #include "diagnostic/wifi/ScanList.h"
+#include "diagnostic/wifi/SortKeys.h"
 
 namespace wifi_profile {
 
@@ -338,7 +338,7 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
   void select(const TextRef& name, const ScanResultRef& listed);
   void setupTable();
 
-  NameOrder nameOrder_;  // of the names that scans found; any thread
+  SortKeys sortKeys_;  // of the names that scans found; any thread
 };
 
 }  // namespace wifi_profile

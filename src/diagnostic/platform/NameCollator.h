@@ -16,11 +16,10 @@ class NameCollator : public Interface {
     return InstalledPlatform::get(&Platform::collator, "the name collator");
   }
 
-  // Appends the bytes of a sort key of `name` to `key`. The keys, compared as std::string, give
-  // the display order of the names. Names that differ only in details that do not affect this
-  // order, such as letter case, have equal keys. A name may contain any bytes. Any thread,
-  // concurrently.
-  virtual void appendSortKey(std::string_view name, std::string& key) const = 0;
+  // Returns the sort key of a name. The order of the bytes of the keys is the display order of the
+  // names. Names that differ only in details that do not affect this order, such as letter case,
+  // have equal keys. A name may contain any bytes. Any thread, concurrently.
+  virtual std::string sortKey(std::string_view name) const = 0;
 };
 
 }  // namespace wifi_profile

@@ -1,9 +1,6 @@
 #include "diagnostic/platform/Text.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
-#include <random>
 
 namespace wifi_profile {
 namespace {
@@ -12,63 +9,7 @@ char lowerCased(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A
 
 bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
-std::uint64_t randomWord() {
-  std::random_device device;
-  return std::uint64_t{device()} << 32U | device();
-}
-
-// Random parameters of the hash function, secret to the process.
-struct HashSecret {
-  std::uint64_t start = randomWord();
-  std::uint64_t mask = randomWord();
-  std::uint64_t factor = randomWord() | 1U;
-};
-
-// Multiplies two words and XORs the two halves of the full product.
-std::uint64_t foldedProduct(std::uint64_t one, std::uint64_t other) {
-  __extension__ using Wide = unsigned __int128;
-  const Wide product = Wide{one} * other;
-  return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64U);
-}
-
-template <class Word>
-std::uint64_t wordAt(const char* bytes) {
-  Word word;
-  std::memcpy(&word, bytes, sizeof word);
-  return word;
-}
-
-using TwoWords = std::array<std::uint64_t, 2>;
-
-TwoWords sixteenBytes(const char* bytes) {
-  return {wordAt<std::uint64_t>(bytes), wordAt<std::uint64_t>(bytes + 8)};
-}
-
-// Returns all of at most 16 bytes in two words. Some bytes may be included twice.
-TwoWords fewBytes(const char* begin, std::size_t size) {
-  const char* const end = begin + size;
-  if (size >= 8) return {wordAt<std::uint64_t>(begin), wordAt<std::uint64_t>(end - 8)};
-  if (size >= 4) return {wordAt<std::uint32_t>(begin), wordAt<std::uint32_t>(end - 4)};
-  if (size >= 2) return {wordAt<std::uint16_t>(begin), wordAt<std::uint16_t>(end - 2)};
-  return {size == 1 ? wordAt<std::uint8_t>(begin) : 0, 0};
-}
-
 }  // namespace
-
-std::uint64_t Text::reckonHash() const {
-  static const HashSecret kSecret;
-  const char* const begin = text_.data();
-  const std::size_t size = text_.size();
-  std::uint64_t hash = kSecret.start ^ size;
-  const auto mix = [&](const TwoWords& words) {
-    hash = foldedProduct(words[0] ^ hash, words[1] ^ kSecret.mask);
-  };
-  for (std::size_t done = 0; done + 16 < size; done += 16) mix(sixteenBytes(begin + done));
-  mix(size > 16 ? sixteenBytes(begin + size - 16) : fewBytes(begin, size));
-  hash = foldedProduct(hash, kSecret.factor) | 1U;  // 0 means not computed
-  hash_.store(hash, std::memory_order_relaxed);
-  return hash;
-}
 
 bool equalNames(const TextRef& one, const TextRef& other) {
   return one && other && one->string() == other->string();

@@ -1,9 +1,7 @@
 // Texts as values, the comparison of network names, and UTF-8 decoding.
 #pragma once
 
-#include <atomic>
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -18,18 +16,8 @@ class Text final : public Object {
   explicit Text(std::string text) : text_(std::move(text)) {}
   const std::string& string() const { return text_; }
 
-  // Returns a hash of the bytes, computed once for each object. The hash has a random seed for each
-  // process, so that an attacker cannot prepare colliding names. Any thread.
-  std::uint64_t hash() const {
-    const std::uint64_t known = hash_.load(std::memory_order_relaxed);
-    return known != 0 ? known : reckonHash();
-  }
-
  private:
-  std::uint64_t reckonHash() const;
-
   const std::string text_;
-  mutable std::atomic<std::uint64_t> hash_{0};  // 0: not computed yet
 };
 
 using TextRef = std::shared_ptr<const Text>;  // nil: no text

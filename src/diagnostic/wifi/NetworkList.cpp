@@ -74,7 +74,7 @@ void WiFiProfileViewController::refreshNetworkList(const ObjectRef& /*sender*/) 
     // The table keeps the rows of names that it already has, in their order.
     self->filteredWiFiScanResults.set(sortedByNameAfter(self->previousScanFilteredWiFiScanResults(),
                                                         self->filteredWiFiScanResults(),
-                                                        self->nameOrder_));
+                                                        self->sortKeys_));
     WorkQueues::shared()->postToMain([self, hadSelection] { self->showRefreshed(hadSelection); });
   });
 }
@@ -111,7 +111,7 @@ void WiFiProfileViewController::showRefreshed(bool hadSelection) {
 }
 
 void WiFiProfileViewController::dedupScanResultsToHighestRSSI() {
-  Deduplicated networks = deduplicated(wifiScanResults(), wifiStatus(), nameOrder_);
+  Deduplicated networks = deduplicated(wifiScanResults(), wifiStatus(), sortKeys_);
   distinctNetworks.set(std::move(networks.distinct));
   filteredNetworks.set(std::move(networks.filtered));
   filteredWiFiScanResults.set(std::move(networks.listed));
@@ -131,7 +131,7 @@ void WiFiProfileViewController::updateFilteredNetworkListIfNeeded() {
 }
 
 void WiFiProfileViewController::sortWiFiScanResults() {
-  filteredWiFiScanResults.set(sortedByName(filteredWiFiScanResults(), nameOrder_));
+  filteredWiFiScanResults.set(sortedByName(filteredWiFiScanResults(), sortKeys_));
 }
 
 void WiFiProfileViewController::removeNetworkFromFilteredNetworkList(const ScanResultRef& network) {

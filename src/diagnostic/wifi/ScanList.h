@@ -7,8 +7,8 @@
 
 #include "diagnostic/platform/Array.h"
 #include "diagnostic/platform/DiagnosticsService.h"
-#include "diagnostic/wifi/NameOrder.h"
 #include "diagnostic/wifi/NetworkDictionary.h"
+#include "diagnostic/wifi/SortKeys.h"
 
 namespace wifi_profile {
 
@@ -26,11 +26,12 @@ struct Deduplicated {
 // `current` and is in `distinct` regardless of its strength; if there are several, the last one
 // counts. Other results with the name of the joined network are dropped. A nil `status` means that
 // no network is joined.
-Deduplicated deduplicated(const ArrayRef& results, const VqWiFiStatusRef& status, NameOrder& order);
+Deduplicated deduplicated(const ArrayRef& results, const VqWiFiStatusRef& status,
+                          SortKeys& sortKeys);
 
 // Returns the list in the display order of the names. Names that compare equal keep their order.
 // Returns the same object if it is already in order, and nil for nil.
-NetworkListRef sortedByName(const NetworkListRef& list, NameOrder& order);
+NetworkListRef sortedByName(const NetworkListRef& list, SortKeys& sortKeys);
 
 // Returns the list in the display order of the names. Of names that compare equal, those that
 // `before` has come first, in its order; the others follow in their own order. A table that shows
@@ -38,7 +39,7 @@ NetworkListRef sortedByName(const NetworkListRef& list, NameOrder& order);
 // its first occurrence in `list` takes the place of the first in `before`, and so on. Returns the
 // same object if it is already in order, and nil for nil. A nil `before` counts as an empty list.
 NetworkListRef sortedByNameAfter(const NetworkListRef& before, const NetworkListRef& list,
-                                 NameOrder& order);
+                                 SortKeys& sortKeys);
 
 // Returns the list without every occurrence of this object; the same list if there is none.
 NetworkListRef without(const NetworkListRef& list, const ScanResultRef& network);

@@ -6,13 +6,13 @@
 #include "diagnostic/platform/Platform.h"
 #include "diagnostic/platform/StringTable.h"
 #include "runtime/BuiltInStringTable.h"
-#include "runtime/SimpleNameCollator.h"
+#include "support/FoldingCollator.h"
 
 namespace wifi_profile {
 namespace {
 
 TEST(InstalledPlatform, LeavesTheServicesThatItDoesNotName) {
-  runtime::SimpleNameCollator collator;
+  FoldingCollator collator;
   runtime::BuiltInStringTable keys(runtime::kKeysLanguage);
   runtime::BuiltInStringTable english("en");
   const InstalledPlatform first({.texts = &keys, .collator = &collator});

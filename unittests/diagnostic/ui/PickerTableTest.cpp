@@ -1,8 +1,8 @@
 // What the picker's table shows, and what its rows do.
 
+#include "diagnostic/ui/WiFiHeaderView.h"
 #include "support/Matchers.h"
 #include "support/PickerFixture.h"
-#include "diagnostic/ui/WiFiHeaderView.h"
 
 namespace wifi_profile {
 namespace {
@@ -24,7 +24,9 @@ class PickerTable : public PickerFixture {
     NetworkList networks;
     for (const char* const name : names) networks.push_back(heard(name));
     controller->filteredWiFiScanResults.set(std::make_shared<const NetworkList>(networks));
-    controller->filteredNetworks.set(std::make_shared<const NetworkDictionary>(networks));
+    NetworkDictionary byName;
+    for (const auto& network : networks) byName.set(network);
+    controller->filteredNetworks.set(std::make_shared<const NetworkDictionary>(byName));
   }
   toolkit::TableView& table() { return *controller->tableView(); }
   std::int64_t rowCount(std::int64_t section) {

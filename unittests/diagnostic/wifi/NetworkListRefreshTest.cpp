@@ -228,7 +228,7 @@ TEST_F(Refresh, ShowsALeftOverAccessPointASecondTimeUnderItsName) {
   nextScanHears({"Home", "Cafe", "Lab"});
   pull();
   EXPECT_THAT(networkRows(), ElementsAre("Home", "Home", "Lab", "OTHER"));
-  EXPECT_EQ(controller->filteredNetworks()->count(), 2U);
+  EXPECT_EQ(controller->filteredNetworks()->networks().size(), 2U);
   EXPECT_EQ(screen->told.back(), "repaired 1: 3 - 0 + 0, expected 4");
 }
 

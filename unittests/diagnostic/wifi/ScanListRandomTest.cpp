@@ -1,14 +1,13 @@
-// The list of networks against the plain way to make it, scan after scan from seeds.
+// The list of networks, scan after scan, held to the expected list and to the rules of its order.
 
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <map>
 #include <random>
-#include <set>
 #include <string>
 #include <vector>
 
 #include "diagnostic/wifi/ScanList.h"
+#include "support/ExpectedList.h"
 #include "support/FoldingCollator.h"
 
 namespace wifi_profile {
@@ -16,80 +15,11 @@ namespace {
 
 std::string nameOf(const ScanResultRef& network) { return network->ssidString()->string(); }
 
-std::string folded(const ScanResultRef& network) {
-  std::string key;
-  runtime::SimpleNameCollator().appendSortKey(nameOf(network), key);
-  return key;
+std::string keyOf(const ScanResultRef& network) {
+  return NameCollator::shared()->sortKey(nameOf(network));
 }
 
-NetworkList plainlySorted(NetworkList list) {
-  std::stable_sort(list.begin(), list.end(),
-                   [](const auto& one, const auto& other) { return folded(one) < folded(other); });
-  return list;
-}
-
-// First the networks whose names `before` has, in its order, then the others; then sorted.
-NetworkList plainlySortedAfter(const NetworkList& before, NetworkList list) {
-  NetworkList inOrder;
-  for (const auto& one : before) {
-    const auto found = std::find_if(list.begin(), list.end(), [&](const auto& network) {
-      return nameOf(network) == nameOf(one);
-    });
-    if (found == list.end()) continue;
-    inOrder.push_back(*found);
-    list.erase(found);
-  }
-  inOrder.insert(inOrder.end(), list.begin(), list.end());
-  return plainlySorted(std::move(inOrder));
-}
-
-struct PlainLists {
-  std::map<std::string, ScanResultRef> distinct;
-  std::map<std::string, ScanResultRef> filtered;
-  NetworkList listed;
-  ScanResultRef current;
-};
-
-PlainLists plainLists(const ArrayRef& results, const VqWiFiStatus& status) {
-  PlainLists lists;
-  for (const ObjectRef& object : results->elements()) {
-    const auto result = as<VqWiFiScanResult>(object);
-    if (!result || !result->ssidString()) continue;
-    const std::string name = nameOf(result);
-    if (equalNames(status.bssid, result->bssid())) {
-      lists.current = result;
-      lists.distinct[name] = result;
-    } else if (equalNames(status.ssidString, result->ssidString())) {
-      continue;
-    } else if (!lists.filtered.contains(name) || result->rssi() > lists.filtered[name]->rssi()) {
-      lists.filtered[name] = result;
-      lists.distinct[name] = result;
-    }
-  }
-  for (const auto& [name, network] : lists.filtered) lists.listed.push_back(network);
-  lists.listed = plainlySorted(std::move(lists.listed));
-  return lists;
-}
-
-std::vector<std::int64_t> plainRows(const NetworkList& list, const NetworkList& other) {
-  std::set<std::string> names;
-  for (const auto& network : other) names.insert(nameOf(network));
-  std::vector<std::int64_t> rows;
-  for (std::size_t i = 0; i < list.size(); ++i) {
-    if (!names.contains(nameOf(list[i]))) rows.push_back(static_cast<std::int64_t>(i));
-  }
-  return rows;
-}
-
-void expectSame(const NetworkDictionary& networks,
-                const std::map<std::string, ScanResultRef>& expected) {
-  ASSERT_EQ(networks.count(), expected.size());
-  for (const auto& [name, network] : expected) {
-    ASSERT_EQ(networks.networkNamed(makeText(name)), network);
-  }
-}
-
-// A few letters in either case, so that names meet, and meet but for their case.
+// Names of a few letters in either case, so that names repeat, and differ only by case.
 class RandomScans {
  public:
   explicit RandomScans(unsigned seed) : random_(seed) {}
@@ -117,62 +47,94 @@ class RandomScans {
     return std::make_shared<const Array>(std::move(results));
   }
 
-  VqWiFiStatus status() { return {name(), address()}; }
+  VqWiFiStatusRef status() {
+    return std::make_shared<const VqWiFiStatus>(VqWiFiStatus{name(), address()});
+  }
 
  private:
   std::mt19937 random_;
 };
 
-// A network taken out or put in, as choices of the person do it, and the list sorted again. Returns
-// the list then.
-NetworkListRef listAfterATap(RandomScans& random, NetworkListRef list, NameOrder& order) {
-  if (list->empty()) return list;
-  const ScanResultRef out = (*list)[random.upTo(list->size())];
-  const ScanResultRef in = std::make_shared<const VqWiFiScanResult>(makeText("Ab"), nullptr, -1);
-  NetworkList plain = *list;
-  std::erase(plain, out);
-  plain.push_back(in);
-  plain.push_back(out);
-  list = with(with(without(list, out), in), out);
-  EXPECT_EQ(*list, plain);
-  const NetworkListRef sorted = sortedByName(list, order);
-  EXPECT_EQ(*sorted, plainlySorted(plain));
-  return sorted;
-}
+class ScanListAtRandom : public ::testing::TestWithParam<unsigned> {
+ protected:
+  // `rows` must be the positions in `list` of the names that `other` lacks.
+  static void expectMissing(const std::vector<std::int64_t>& rows, const NetworkList& list,
+                            const NetworkList& other) {
+    for (std::size_t i = 0; i < list.size(); ++i) {
+      const bool isMissing = std::none_of(other.begin(), other.end(), [&](const auto& network) {
+        return nameOf(network) == nameOf(list[i]);
+      });
+      EXPECT_EQ(std::count(rows.begin(), rows.end(), i), isMissing ? 1 : 0) << i;
+    }
+    EXPECT_TRUE(std::is_sorted(rows.begin(), rows.end()));
+  }
 
-TEST(ScanListAtRandom, IsThatOfThePlainWay) {
-  FoldingCollator collator;
-  const InstalledPlatform platform({.collator = &collator});
-  for (unsigned seed = 0; seed < 1500; ++seed) {
-    SCOPED_TRACE(seed);
-    RandomScans random(seed);
-    NameOrder order;
-    PlainLists plainBefore;
-    Deduplicated before = deduplicated(nullptr, nullptr, order);
-    NetworkListRef shown;
-    for (auto left = 1 + random.upTo(8); left > 0; --left) {
-      const ArrayRef scan = random.scan();
-      const VqWiFiStatus status = random.status();
-      const PlainLists plain = plainLists(scan, status);
-      const Deduplicated made =
-          deduplicated(scan, std::make_shared<const VqWiFiStatus>(status), order);
-      ASSERT_EQ(*made.listed, plain.listed);
-      ASSERT_EQ(made.current, plain.current);
-      ASSERT_NO_FATAL_FAILURE(expectSame(*made.filtered, plain.filtered));
-      ASSERT_NO_FATAL_FAILURE(expectSame(*made.distinct, plain.distinct));
-      ASSERT_EQ(rowsMissingFrom(before.listed, made.filtered),
-                plainRows(plainBefore.listed, plain.listed));
-      ASSERT_EQ(rowsMissingFrom(made.listed, before.filtered),
-                plainRows(plain.listed, plainBefore.listed));
-      const NetworkListRef refreshed = sortedByNameAfter(shown, made.listed, order);
-      ASSERT_EQ(*refreshed, plainlySortedAfter(shown ? *shown : NetworkList(), *made.listed));
-      shown = listAfterATap(random, refreshed, order);
-      ASSERT_FALSE(::testing::Test::HasFailure());
-      before = made;
-      plainBefore = plain;
+  // Both lists must have the same networks, and `sorted` must be in the order of the names, in
+  // which `earlier` decides between names that compare equal.
+  template <class Order>
+  static void expectSorted(const NetworkList& sorted, const NetworkList& list, Order earlier) {
+    EXPECT_TRUE(std::is_permutation(sorted.begin(), sorted.end(), list.begin(), list.end()));
+    for (std::size_t i = 1; i < sorted.size(); ++i) {
+      const auto& one = sorted[i - 1];
+      const auto& other = sorted[i];
+      EXPECT_TRUE(keyOf(one) < keyOf(other) || (keyOf(one) == keyOf(other) && earlier(one, other)))
+          << nameOf(one) << ", " << nameOf(other);
     }
   }
+
+  static std::ptrdiff_t positionIn(const NetworkList& list, const ScanResultRef& network) {
+    return std::find(list.begin(), list.end(), network) - list.begin();
+  }
+  static std::ptrdiff_t positionOfName(const NetworkList& list, const ScanResultRef& network) {
+    return std::find_if(list.begin(), list.end(),
+                        [&](const auto& other) { return nameOf(other) == nameOf(network); }) -
+           list.begin();
+  }
+
+  FoldingCollator collator;
+  const InstalledPlatform platform{{.collator = &collator}};
+};
+
+TEST_P(ScanListAtRandom, IsTheExpectedListInOrder) {
+  RandomScans random(GetParam());
+  SortKeys keys;
+  Deduplicated before = deduplicated(nullptr, nullptr, keys);
+  auto shown = std::make_shared<const NetworkList>();
+  for (auto left = 1 + random.upTo(8); left > 0; --left) {
+    const ArrayRef scan = random.scan();
+    const VqWiFiStatusRef status = random.status();
+    const Deduplicated made = deduplicated(scan, status, keys);
+    const ExpectedList expected = expectedFrom(scan, status);
+    ASSERT_TRUE(areAsExpected(expected, *made.listed, *made.filtered, *made.distinct));
+    ASSERT_EQ(made.current, expected.current);
+    expectSorted(*made.listed, expected.listed,
+                 [](const auto& one, const auto& other) { return nameOf(one) < nameOf(other); });
+    expectMissing(rowsMissingFrom(before.listed, made.filtered), *before.listed, *made.listed);
+    expectMissing(rowsMissingFrom(made.listed, before.filtered), *made.listed, *before.listed);
+
+    const NetworkList mixed = [&] {
+      NetworkList list = *made.listed;
+      if (!list.empty()) std::rotate(list.begin(), list.begin() + 1, list.end());
+      return list;
+    }();
+    const auto rest = std::make_shared<const NetworkList>(mixed);
+    expectSorted(*sortedByName(rest, keys), mixed, [&](const auto& one, const auto& other) {
+      return positionIn(mixed, one) < positionIn(mixed, other);
+    });
+    const auto after = sortedByNameAfter(shown, rest, keys);
+    expectSorted(*after, mixed, [&](const auto& one, const auto& other) {
+      const auto place = [&](const auto& network) {
+        return std::pair(positionOfName(*shown, network), positionIn(mixed, network));
+      };
+      return place(one) < place(other);
+    });
+    ASSERT_FALSE(HasFailure());
+    shown = after;
+    before = made;
+  }
 }
+
+INSTANTIATE_TEST_SUITE_P(Seeds, ScanListAtRandom, ::testing::Range(0U, 200U));
 
 }  // namespace
 }  // namespace wifi_profile

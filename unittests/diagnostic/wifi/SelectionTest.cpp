@@ -73,7 +73,7 @@ TEST_F(Selection, KeepsListAndDictionaryTogether) {
   showJoinedToHome();
   for (const std::int64_t row : {2, 0, 1}) {
     tapRow(row);
-    EXPECT_EQ(controller->filteredNetworks()->count(), 3U);
+    EXPECT_EQ(controller->filteredNetworks()->networks().size(), 3U);
     for (const auto& network : *controller->filteredWiFiScanResults()) {
       EXPECT_EQ(controller->filteredNetworks()->networkNamed(network->ssidString()), network);
     }

@@ -1,13 +1,13 @@
-#include "simulation/ExpectedList.h"
+#include "support/ExpectedList.h"
 
 #include <algorithm>
 
-namespace wifi_profile::simulation {
+namespace wifi_profile {
 namespace {
 
 bool holds(const NetworkDictionary& dictionary,
            const std::map<std::string, ScanResultRef>& expected) {
-  if (dictionary.count() != expected.size()) return false;
+  if (dictionary.networks().size() != expected.size()) return false;
   return std::all_of(expected.begin(), expected.end(), [&](const auto& entry) {
     return dictionary.networkNamed(entry.second->ssidString()) == entry.second;
   });
@@ -54,4 +54,4 @@ bool areAsExpected(const ExpectedList& expected, const NetworkList& list,
          holds(filtered, expected.filtered) && holds(distinct, expected.distinct);
 }
 
-}  // namespace wifi_profile::simulation
+}  // namespace wifi_profile
