@@ -33,10 +33,6 @@ class PickerFixture : public DiagnosticFixture {
   PickerFixture() {
     service->whileRunning = [this](const FakeService::Request&) { queues->waitForMain(); };
   }
-  // The controller and an alert hold each other.
-  ~PickerFixture() override {
-    if (controller) controller->disappear();
-  }
 
   // Joined to the network's one access point.
   void joinTo(const std::string& name) {

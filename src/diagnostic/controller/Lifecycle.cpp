@@ -8,6 +8,7 @@
 #include "diagnostic/controller/RunPlan.h"
 #include "diagnostic/controller/WiFiProfileViewController.h"
 #include "diagnostic/platform/DiagnosticsSupport.h"
+#include "diagnostic/platform/ProgrammingError.h"
 #include "diagnostic/platform/RunObserver.h"
 #include "diagnostic/platform/WorkQueues.h"
 
@@ -26,6 +27,9 @@ DictionaryRef configurationOf(const NumberRef& maxScanCacheAge) {
 void WiFiProfileViewController::setupWithInputs(
     const std::shared_ptr<WiFiProfileInputs>& validInputs,
     const std::shared_ptr<HxResponder>& /*responder*/) {
+  if (!validInputs || !validInputs->areValid()) {
+    programmingError("setupWithInputs was called with inputs that are not valid");
+  }
   inputs.set(validInputs);
   completedTests.set(0);
   refreshEnabled.set(false);
@@ -48,6 +52,7 @@ void WiFiProfileViewController::setupWithInputs(
 void WiFiProfileViewController::start() {
   const auto alive = self();  // the host may release the controller at an early end
   const auto theInputs = inputs();
+  if (!theInputs) programmingError("start was called before setupWithInputs");
   const bool list = theInputs->reprofileWithNetworksListUI();
   if (!list) {
     determineCurrentNetwork();

@@ -20,6 +20,7 @@ bool WiFiProfileInputs::validateAndInitializeParameters(const DictionaryRef& par
   setReprofileWithNetworksListUI(hs_boolFromRequiredKey(parameters, "reprofileWithUI", failed));
   setSelectedNetworkName(
       hs_stringFromKey(parameters, "networkName", kLongestNetworkName, nullptr, failed));
+  areValid_.set(!failed);
   return !failed;
 }
 

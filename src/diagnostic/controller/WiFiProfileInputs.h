@@ -20,6 +20,8 @@ class WiFiProfileInputs final : public HxDiagnosticInputs {
   // Returns true if all three keys are acceptable. Reads every key even if another one failed, and
   // keeps `parameters` even if it returns false.
   bool validateAndInitializeParameters(const DictionaryRef& parameters) override;
+  // Returns what the validation returned; false before it.
+  bool areValid() const { return areValid_(); }
 
   // The maximum age in seconds of a scan that the service may answer from its cache. Nil after a
   // failed read.
@@ -40,6 +42,7 @@ class WiFiProfileInputs final : public HxDiagnosticInputs {
   void setParameters(DictionaryRef parameters) { parameters_.set(std::move(parameters)); }
 
  private:
+  Property<bool> areValid_;
   Property<NumberRef> maxScanCacheAge_;
   Property<bool> reprofileWithNetworksListUI_;
   Property<TextRef> selectedNetworkName_;

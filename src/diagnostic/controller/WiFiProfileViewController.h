@@ -83,8 +83,8 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
 
   // --- Lifecycle (controller/Lifecycle.cpp)
 
-  // `validInputs` must have been validated. The responder is not used. May post to the automation
-  // harness.
+  // Aborts the process if `validInputs` are not valid. The responder is not used. May post to the
+  // automation harness.
   void setupWithInputs(const std::shared_ptr<WiFiProfileInputs>& validInputs,
                        const std::shared_ptr<HxResponder>& responder);
   void start() override;
@@ -331,6 +331,14 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
  private:
   std::shared_ptr<WiFiProfileViewController> self() {
     return std::static_pointer_cast<WiFiProfileViewController>(shared_from_this());
+  }
+  // Returns work for an object that the controller owns. It does nothing once the controller is
+  // gone.
+  template <class Operation>
+  std::function<void()> whileAlive(Operation operation) {
+    return [weak = std::weak_ptr(self()), operation = std::move(operation)] {
+      if (const auto target = weak.lock()) operation(*target);
+    };
   }
   void runBatchesAndScheduleEnd();
   void takeSelectedNetworkOutAfterRefresh(bool hadSelection);

@@ -2,8 +2,9 @@
 #pragma once
 
 #include <atomic>
-#include <cstdio>
-#include <cstdlib>
+#include <string>
+
+#include "diagnostic/platform/ProgrammingError.h"
 
 namespace wifi_profile {
 
@@ -62,11 +63,9 @@ class InstalledPlatform {
   template <class Service>
   static Service* get(Service* Platform::*service, const char* name) {
     if (const auto installed = find(service)) return installed;
-    std::fprintf(stderr,
-                 "wifi-profile: %s was used, but the host has not installed it; set it in Platform "
-                 "and keep an InstalledPlatform\n",
-                 name);
-    std::abort();
+    programmingError(std::string(name) +
+                     " was used, but the host has not installed it; set it in Platform and keep an "
+                     "InstalledPlatform");
   }
 
  private:

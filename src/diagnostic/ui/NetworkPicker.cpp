@@ -37,10 +37,8 @@ void WiFiProfileViewController::setupViewWithNetworkList(bool list) {
       localizedString(saysWLAN ? "WLAN_DIAGNOSTICS" : "WIFI_DIAGNOSTICS")));
   if (list) {
     navigationItem()->setRightBarButtonItem(std::make_shared<toolkit::BarButtonItem>(
-        localizedString("NEXT"), toolkit::BarButtonStyle::plain, [weak = weak_from_this()] {
-          const auto target = std::static_pointer_cast<WiFiProfileViewController>(weak.lock());
-          if (target) target->nextTapped(nullptr);
-        }));
+        localizedString("NEXT"), toolkit::BarButtonStyle::plain,
+        whileAlive([](auto& self) { self.nextTapped(nullptr); })));
     enableRightBarButtonItem(false);
   }
   bar->setItems({navigationItem()});
@@ -68,10 +66,8 @@ void WiFiProfileViewController::setupTable() {
 }
 
 void WiFiProfileViewController::setupRefreshControl() {
-  refreshControl.set(std::make_shared<toolkit::RefreshControl>([weak = weak_from_this()] {
-    const auto target = std::static_pointer_cast<WiFiProfileViewController>(weak.lock());
-    if (target) target->refreshNetworkList(nullptr);
-  }));
+  refreshControl.set(std::make_shared<toolkit::RefreshControl>(
+      whileAlive([](auto& self) { self.refreshNetworkList(nullptr); })));
   if (const auto table = tableView()) table->setRefreshControl(refreshControl());
   refreshEnabled.set(true);
 }

@@ -87,13 +87,13 @@ void WiFiProfileViewController::presentWiFiPoweredOffAlert() {
   const auto alert = std::make_shared<toolkit::Alert>(
       localizedString(saysWLAN ? "POWER_ON_WLAN" : "POWER_ON_WIFI"));
   alert->addAction(std::make_shared<toolkit::AlertAction>(
-      localizedString("NO"), toolkit::ActionStyle::standard, [self = self()] {
-        self->endTestWithStatusCode(Number::withInteger(kStatusPowerOnDeclined));
-      }));
+      localizedString("NO"), toolkit::ActionStyle::standard, whileAlive([](auto& self) {
+        self.endTestWithStatusCode(Number::withInteger(kStatusPowerOnDeclined));
+      })));
   alert->addAction(std::make_shared<toolkit::AlertAction>(
-      localizedString("YES"), toolkit::ActionStyle::standard, [self = self()] {
-        if (const auto client = self->manager()) WiFiManagerClientSetPower(client, 1);
-      }));
+      localizedString("YES"), toolkit::ActionStyle::standard, whileAlive([](auto& self) {
+        if (const auto client = self.manager()) WiFiManagerClientSetPower(client, 1);
+      })));
   present(alert, true);
 }
 

@@ -111,15 +111,15 @@ void WiFiProfileViewController::insertPreviousSelectedNetwork(const ScanResultRe
 
 void WiFiProfileViewController::askForSSID() {
   const auto alert = std::make_shared<toolkit::Alert>(localizedString("OTHER_NETWORK_MESSAGE"));
-  const auto done = std::make_shared<toolkit::AlertAction>(
-      localizedString("DONE"), toolkit::ActionStyle::standard, [self = self(), alert] {
-        self->updateSelectedNetworkFromOtherWithSSID(makeText(alert->textFields().front()->text));
-        self->scrollToSelectedNetwork();
-      });
-  done->setEnabled(false);
   const auto field = std::make_shared<toolkit::TextField>();
   field->placeholder = localizedString("OTHER_NETWORK_PLACEHOLDER");
-  field->onEditingChanged = [self = self()] { self->textFieldAlertDidChange(nullptr); };
+  field->onEditingChanged = whileAlive([](auto& self) { self.textFieldAlertDidChange(nullptr); });
+  const auto done = std::make_shared<toolkit::AlertAction>(
+      localizedString("DONE"), toolkit::ActionStyle::standard, whileAlive([field](auto& self) {
+        self.updateSelectedNetworkFromOtherWithSSID(makeText(field->text));
+        self.scrollToSelectedNetwork();
+      }));
+  done->setEnabled(false);
   alert->addTextField(field);
   // The confirming action must be the last: `textFieldAlertDidChange` relies on it.
   alert->addAction(std::make_shared<toolkit::AlertAction>(localizedString("CANCEL"),

@@ -193,6 +193,26 @@ TEST_F(Lifecycle, TellsOfEveryStepOfItsEndWhenTheHostLetsGoOfItAtTheFirst) {
   EXPECT_TRUE(forgetful->watched.expired());
 }
 
+class LifecycleDeathTest : public Lifecycle {
+ protected:
+  void SetUp() override { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
+};
+
+TEST_F(LifecycleDeathTest, DoesNotStartBeforeSetUp) {
+  const auto fresh = std::make_shared<WiFiProfileViewController>();
+  EXPECT_DEATH(fresh->start(), "wifi-profile: start was called before setupWithInputs");
+}
+
+TEST_F(LifecycleDeathTest, IsNotSetUpWithInputsThatAreNotValid) {
+  const char* const message =
+      "wifi-profile: setupWithInputs was called with inputs that are not valid";
+  EXPECT_DEATH(setUpController(nullptr), message);
+  EXPECT_DEATH(setUpController(std::make_shared<WiFiProfileInputs>()), message);
+  const auto refused = std::make_shared<WiFiProfileInputs>();
+  refused->validateAndInitializeParameters(makeDictionary({}));
+  EXPECT_DEATH(setUpController(refused), message);
+}
+
 class StatusQuery : public Lifecycle {
  protected:
   void SetUp() override { setUpController(makeInputs(nullptr)); }

@@ -142,62 +142,33 @@ TEST_F(Alerts, AreDismissedUnansweredWhenTheScreenGoes) {
   EXPECT_THAT(screen->told, ElementsAre("alert SURE"));
 }
 
-// Handlers that hold their alert and its controller, as handlers do.
-class HeldAlerts : public Alerts {
- protected:
-  void SetUp() override {
-    const auto field = std::make_shared<TextField>();
-    field->onEditingChanged = [held = alert, by = owner] {};
-    alert->addTextField(field);
-    yes = add(alert, "YES", [this, held = alert, by = owner] {
-      handlerRanWithTheAlert = held != nullptr && by != nullptr;
-    });
-    owner->present(alert, true);
-  }
-  void letGoOfEverything() {
-    yes.reset();
-    alert.reset();
+TEST_F(Alerts, KeepTheirControllerAliveUntilTheHandlerReturns) {
+  const std::weak_ptr<ViewController> watch = owner;
+  bool wasAlive = false;
+  const auto yes = add(alert, "YES", [&] {
     owner.reset();
-  }
-
-  std::shared_ptr<AlertAction> yes;
-  bool handlerRanWithTheAlert = false;
-  const std::weak_ptr<Alert> alertWatch = alert;
-  const std::weak_ptr<ViewController> ownerWatch = owner;
-};
-
-TEST_F(HeldAlerts, LetGoOfEverythingOnceAnswered) {
+    wasAlive = !watch.expired();
+  });
+  owner->present(alert, true);
   alert->tap(*yes);
-  EXPECT_TRUE(handlerRanWithTheAlert);
-  letGoOfEverything();
-  EXPECT_TRUE(alertWatch.expired());
-  EXPECT_TRUE(ownerWatch.expired());
-}
-
-TEST_F(HeldAlerts, LetGoOfEverythingWhenTheScreenGoes) {
-  owner->disappear();
-  EXPECT_FALSE(handlerRanWithTheAlert);
-  letGoOfEverything();
-  EXPECT_TRUE(alertWatch.expired());
-  EXPECT_TRUE(ownerWatch.expired());
-}
-
-TEST_F(HeldAlerts, LetGoOfASecondOneThatIsNotShown) {
-  auto second = std::make_shared<Alert>("SECOND");
-  second->addAction(
-      std::make_shared<AlertAction>("OK", ActionStyle::standard, [held = second, by = owner] {}));
-  const std::weak_ptr<Alert> watch = second;
-  owner->present(second, true);
-  EXPECT_EQ(owner->presentedAlert(), alert);
-  second.reset();
+  EXPECT_TRUE(wasAlive);
   EXPECT_TRUE(watch.expired());
-  owner->disappear();
 }
 
-TEST_F(HeldAlerts, DropTheirFieldsOwnerWhenTheyAreDismissed) {
-  EXPECT_TRUE(alert->textFields().front()->onEditingChanged);
+TEST_F(Alerts, DoNothingWithoutTheirController) {
+  const auto yes = add(alert, "YES", count);
+  owner->present(alert, true);
+  owner.reset();
   alert->tap(*yes);
-  EXPECT_FALSE(alert->textFields().front()->onEditingChanged);
+  EXPECT_EQ(answers, 0);
+}
+
+TEST_F(Alerts, AreNotKeptWhenAnotherOneIsPresented) {
+  const std::weak_ptr<Alert> watch = alert;
+  owner->present(std::make_shared<Alert>("FIRST"), true);
+  owner->present(alert, true);
+  alert.reset();
+  EXPECT_TRUE(watch.expired());
 }
 
 }  // namespace

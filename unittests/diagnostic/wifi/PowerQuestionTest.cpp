@@ -155,5 +155,16 @@ TEST_F(PowerNotifications, AreDroppedWhenTheControllerIsGone) {
   EXPECT_TRUE(host->statusCodes.empty());
 }
 
+TEST_F(PowerQuestion, DoesNotOutliveTheController) {
+  startPicker();
+  queues->runUntilIdle();
+  const std::weak_ptr<WiFiProfileViewController> watched = controller;
+  const std::weak_ptr<toolkit::Alert> question = controller->presentedAlert();
+  controller->teardown();
+  controller.reset();
+  EXPECT_TRUE(watched.expired());
+  EXPECT_TRUE(question.expired());
+}
+
 }  // namespace
 }  // namespace wifi_profile

@@ -19,13 +19,13 @@ void Alert::type(const std::string& text) {
 
 void Alert::tap(const AlertAction& action) {
   checkMainThread("Alert::tap");
-  if (presenter_.expired() || !action.isEnabled()) return;
+  const auto presenter = presenter_.lock();  // alive until the handler returns
+  if (!presenter || !action.isEnabled()) return;
   reportPerson(PersonAction::tapAlertAction);
   const auto alive = shared_from_this();
-  const std::function<void()> handler = action.handler_;
   Screen::shared()->alertActionWasTapped(*this, action);
   dismiss();
-  if (handler) handler();
+  if (action.handler_) action.handler_();
 }
 
 void Alert::dismiss() {
@@ -33,8 +33,6 @@ void Alert::dismiss() {
   const auto presenter = presenter_.lock();
   if (presenter) presenter->presentedAlert_ = nullptr;
   presenter_.reset();
-  for (const auto& action : actions_) action->handler_ = nullptr;
-  for (const auto& field : textFields_) field->onEditingChanged = nullptr;
   if (presenter) Screen::shared()->alertWasDismissed(*this);
 }
 

@@ -42,8 +42,9 @@ struct TextField final {
   std::function<void()> onEditingChanged;  // called after every edit
 };
 
-// An alert without a title, in the middle of the screen. Dismissal drops the handlers, so a handler
-// may hold references to the alert and its controller. Main thread only.
+// An alert without a title, in the middle of the screen. Its controller keeps it alive until it is
+// dismissed. A handler must not own the alert or its controller, which is alive when the handler of
+// an action runs. Main thread only.
 class Alert final : public std::enable_shared_from_this<Alert> {
  public:
   explicit Alert(std::string message) : message_(std::move(message)) {}

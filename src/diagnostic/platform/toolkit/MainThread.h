@@ -1,9 +1,9 @@
 // The thread rule of the toolkit.
 #pragma once
 
-#include <cstdio>
-#include <cstdlib>
+#include <string>
 
+#include "diagnostic/platform/ProgrammingError.h"
 #include "diagnostic/platform/WorkQueues.h"
 
 namespace wifi_profile::toolkit {
@@ -12,8 +12,7 @@ namespace wifi_profile::toolkit {
 // programming error and aborts the process; releasing the last reference there is allowed.
 inline void checkMainThread(const char* operation) {
   if (WorkQueues::shared()->onMainThread()) return;
-  std::fprintf(stderr, "wifi-profile: %s was called off the main thread\n", operation);
-  std::abort();
+  programmingError(std::string(operation) + " was called off the main thread");
 }
 
 }  // namespace wifi_profile::toolkit
