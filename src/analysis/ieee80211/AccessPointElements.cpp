@@ -24,13 +24,10 @@ NetworkElements readNetwork(const ElementSet& elements, std::uint16_t capabiliti
   network.load = read(elements, Kind::bssLoad, parseBssLoad);
   network.securityElements = readSecurityElements(elements);
   network.security = summarize(elements, network.securityElements, capabilities);
-  network.rsnExtension = read(elements, Kind::rsnExtension, parseRsnExtension);
-  network.oweTransition = read(elements, Kind::oweTransition, parseOweTransition);
+  network.oweTransition = isOweTransition(elements.payload(Kind::oweTransition).value_or(Bytes{}));
   network.interworking = read(elements, Kind::interworking, parseInterworking);
-  network.roamingConsortium = read(elements, Kind::roamingConsortium, parseRoamingConsortium);
-  network.hotspot = read(elements, Kind::hotspot, parseHotspot);
+  network.hotspot = isHotspotIndication(elements.payload(Kind::hotspot).value_or(Bytes{}));
   network.wps = parseWps(elements.parts(Kind::wps));
-  network.offersPeerLink = elements.has(Kind::peerToPeer);
   return network;
 }
 

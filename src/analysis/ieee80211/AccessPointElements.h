@@ -33,13 +33,10 @@ struct NetworkElements {
   std::optional<BssLoad> load;
   Security security = Security::unknown;
   SecurityElements securityElements;
-  std::optional<RsnExtension> rsnExtension;
-  std::optional<OweTransition> oweTransition;
+  bool oweTransition = false;  // links an open network and its encrypted twin
   std::optional<Interworking> interworking;
-  std::optional<RoamingConsortium> roamingConsortium;
-  std::optional<Hotspot> hotspot;
+  bool hotspot = false;  // Hotspot 2.0 Indication
   std::optional<WpsInformation> wps;
-  bool offersPeerLink = false;  // Wi-Fi Direct
 
   // A Passpoint network has both the indication and an Interworking element.
   bool isPasspoint() const { return hotspot && interworking; }

@@ -21,11 +21,9 @@ inline constexpr std::uint8_t kMultipleBssidId = 71;
 inline constexpr std::uint8_t kNontransmittedCapabilityId = 83;
 inline constexpr std::uint8_t kMultipleBssidIndexId = 85;
 inline constexpr std::uint8_t kInterworkingId = 107;
-inline constexpr std::uint8_t kRoamingConsortiumId = 111;
 inline constexpr std::uint8_t kVhtCapabilitiesId = 191;
 inline constexpr std::uint8_t kVhtOperationId = 192;
 inline constexpr std::uint8_t kVendorId = 221;
-inline constexpr std::uint8_t kRsnExtensionId = 244;
 inline constexpr std::uint8_t kExtensionId = 255;  // the payload begins with an extension id
 
 // Extension ids of elements with kExtensionId.
@@ -42,11 +40,10 @@ inline constexpr std::uint32_t kAllianceOui = 0x506F9A;
 inline constexpr std::uint32_t kStandardOui = 0x000FAC;  // suites of the standard
 
 // Types of vendor elements.
-inline constexpr std::uint8_t kWpaType = 1;         // of kWpaOui
-inline constexpr std::uint8_t kWpsType = 4;         // of kWpaOui; Wi-Fi Simple Configuration
-inline constexpr std::uint8_t kPeerToPeerType = 9;  // of kAllianceOui; Wi-Fi Direct
-inline constexpr std::uint8_t kHotspotType = 16;    // of kAllianceOui; Hotspot 2.0 Indication
-inline constexpr std::uint8_t kOsenType = 18;       // of kAllianceOui; Hotspot 2.0, sign-up only
+inline constexpr std::uint8_t kWpaType = 1;       // of kWpaOui
+inline constexpr std::uint8_t kWpsType = 4;       // of kWpaOui; Wi-Fi Simple Configuration
+inline constexpr std::uint8_t kHotspotType = 16;  // of kAllianceOui; Hotspot 2.0 Indication
+inline constexpr std::uint8_t kOsenType = 18;     // of kAllianceOui; Hotspot 2.0, sign-up only
 inline constexpr std::uint8_t kOweTransitionType = 28;  // of kAllianceOui
 
 }  // namespace wifi_profile::ieee80211

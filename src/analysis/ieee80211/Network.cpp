@@ -8,8 +8,7 @@ namespace wifi_profile::ieee80211 {
 namespace {
 
 constexpr std::uint8_t kBasicFlag = 0x80;
-constexpr std::uint8_t kFastestRate = 108;    // 54 Mbit/s; these lists contain no faster rate
-constexpr std::uint8_t kFirstSelector = 121;  // EHT PHY; 122 HE, 123 SAE, ... 127 HT PHY
+constexpr std::uint8_t kFastestRate = 108;  // 54 Mbit/s; these lists contain no faster rate
 
 constexpr std::array<std::uint8_t, 4> kBRates{2, 4, 11, 22};
 constexpr std::array<std::uint8_t, 8> kOfdmRates{12, 18, 24, 36, 48, 72, 96, 108};
@@ -32,23 +31,7 @@ bool hasAny(const std::vector<std::uint8_t>& rates, const std::array<std::uint8_
 std::optional<Dtim> makeDtim(std::uint8_t period, std::uint8_t count) {
   // A period of 0 is reserved.
   if (period == 0 || count >= period) return std::nullopt;
-  return Dtim{.period = period, .count = count};
-}
-
-std::optional<Country::Environment> environmentOf(std::uint8_t octet) {
-  switch (octet) {
-    case ' ':
-      return Country::Environment::any;
-    case 'I':
-      return Country::Environment::indoor;
-    case 'O':
-      return Country::Environment::outdoor;
-    case 'X':
-      return Country::Environment::nonCountry;
-    default:
-      if (octet >= 1 && octet < ' ') return Country::Environment::table;
-      return std::nullopt;
-  }
+  return Dtim{.period = period};
 }
 
 }  // namespace
@@ -60,14 +43,6 @@ std::optional<Ssid> parseSsid(Bytes payload) {
 }
 
 bool Rates::hasBRates() const { return hasAny(supported, kBRates); }
-
-bool Rates::hasBasicBRates() const { return hasAny(basic, kBRates); }
-
-bool Rates::hasOnlyBRates() const {
-  return !supported.empty() && std::ranges::all_of(supported, [](std::uint8_t rate) {
-    return std::ranges::count(kBRates, rate) > 0;
-  });
-}
 
 bool Rates::hasOfdmRates() const { return hasAny(supported, kOfdmRates); }
 
@@ -84,8 +59,7 @@ std::optional<Rates> parseRates(Bytes supported, std::optional<Bytes> extended) 
     }
   }
   return Rates{.supported = inOrder(all, 1, kFastestRate),
-               .basic = inOrder(basic, 1, kFastestRate),
-               .selectors = inOrder(basic, kFirstSelector, 127)};
+               .basic = inOrder(basic, 1, kFastestRate)};
 }
 
 std::optional<Dtim> parseTim(Bytes payload) {
@@ -107,19 +81,16 @@ std::optional<Dtim> parseIndexedDtim(Bytes payload) {
 std::optional<Country> parseCountry(Bytes payload) {
   ByteReader reader(payload);
   const Bytes code = reader.take(2);
-  const std::uint8_t environment = reader.octet();
-  reader.take(3);  // at least one triplet of channels or operating classes
+  reader.take(4);  // the environment, and at least one triplet of channels or operating classes
   const auto isLetter = [](std::uint8_t octet) { return octet >= 'A' && octet <= 'Z'; };
   if (reader.failed() || !std::ranges::all_of(code, isLetter)) return std::nullopt;
-  Country country{.code = toText(code), .environment = environmentOf(environment), .table = 0};
-  if (country.environment == Country::Environment::table) country.table = environment;
-  return country;
+  return Country{.code = toText(code)};
 }
 
 std::optional<BssLoad> parseBssLoad(Bytes payload) {
   ByteReader reader(payload);
   BssLoad load;
-  load.stations = reader.number16();
+  reader.take(2);  // the number of stations
   load.channelUtilization = reader.octet();
   reader.take(2);  // admission capacity
   if (reader.failed()) return std::nullopt;

@@ -30,27 +30,20 @@ std::optional<Ssid> parseSsid(Bytes payload);
 struct Rates {
   std::vector<std::uint8_t> supported;
   std::vector<std::uint8_t> basic;  // the rates that every station must support
-  // Other features that a station must support, encoded in the same lists (BSS membership
-  // selectors, 802.11-2020, 9.4.2.3): 121 to 127.
-  std::vector<std::uint8_t> selectors;
 
   // 802.11b rates (clauses 15 and 16): 1, 2, 5.5 and 11 Mbit/s.
   bool hasBRates() const;
-  bool hasBasicBRates() const;
-  bool hasOnlyBRates() const;  // and at least one rate
-  bool hasOfdmRates() const;   // 6, 9, 12, 18, 24, 36, 48 or 54 Mbit/s (clauses 17 and 18)
+  bool hasOfdmRates() const;  // 6, 9, 12, 18, 24, 36, 48 or 54 Mbit/s (clauses 17 and 18)
 
   bool operator==(const Rates&) const = default;
 };
 
-// `extended` is empty if the network has no such element. Octets that are neither a rate nor a
-// selector are skipped.
+// `extended` is empty if the network has no such element. Octets that are no rate are skipped.
 std::optional<Rates> parseRates(Bytes supported, std::optional<Bytes> extended);
 
 // The beacons after which broadcasts are sent to sleeping stations (802.11-2020, 9.4.2.5).
 struct Dtim {
   std::uint8_t period = 1;  // in beacons, at least 1
-  std::uint8_t count = 0;   // beacons until the next such beacon, less than the period
 
   bool operator==(const Dtim&) const = default;
 };
@@ -64,11 +57,7 @@ std::optional<Dtim> parseIndexedDtim(Bytes payload);
 
 // The country in which the network operates (802.11-2020, 9.4.2.8).
 struct Country {
-  enum class Environment { any, indoor, outdoor, nonCountry, table };
-
   std::string code;  // two capital letters, ISO 3166-1; "XX": no country
-  std::optional<Environment> environment;
-  std::uint8_t table = 0;  // table of annex E, 1 to 31; only with Environment::table
 
   bool operator==(const Country&) const = default;
 };
@@ -77,7 +66,6 @@ std::optional<Country> parseCountry(Bytes payload);
 
 // The load of the network (802.11-2020, 9.4.2.27).
 struct BssLoad {
-  std::uint16_t stations = 0;
   std::uint8_t channelUtilization = 0;  // share of time that the channel is busy; 255 is 100 %
 
   bool operator==(const BssLoad&) const = default;

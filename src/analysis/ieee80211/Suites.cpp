@@ -26,8 +26,8 @@ std::vector<Suite> takeSuites(ByteReader& reader) {
 // Reads the fields from the group cipher to the capabilities, which RSN and WPA have in common.
 RsnElement takeSuiteLists(ByteReader& reader) {
   RsnElement element;
-  if (!reader.atEnd()) element.group = takeSuite(reader);
-  if (!reader.atEnd()) element.pairwise = takeSuites(reader);
+  if (!reader.atEnd()) takeSuite(reader);   // cipher of broadcasts
+  if (!reader.atEnd()) takeSuites(reader);  // pairwise ciphers
   if (!reader.atEnd()) element.akms = takeSuites(reader);
   if (!reader.atEnd()) element.capabilities = reader.number16();
   return element;
@@ -40,7 +40,7 @@ std::optional<RsnElement> parseRsn(Bytes payload) {
   if (reader.number16() != 1) return std::nullopt;
   RsnElement element = takeSuiteLists(reader);
   if (!reader.atEnd()) reader.take(reader.number16() * kPmkidSize);
-  if (!reader.atEnd()) element.groupManagement = takeSuite(reader);
+  if (!reader.atEnd()) takeSuite(reader);  // cipher of protected management broadcasts
   if (reader.failed()) return std::nullopt;
   return element;
 }
@@ -53,24 +53,14 @@ std::optional<RsnElement> parseWpa(Bytes payload) {
   return element;
 }
 
-std::optional<RsnExtension> parseRsnExtension(Bytes payload) {
-  // Bits 0 to 3 of the first octet: the number of octets after it.
-  if (payload.empty() || payload.size() < (payload[0] & 0x0FU) + 1U) return std::nullopt;
-  return RsnExtension{.saeHashToElement = (payload[0] & 0x20U) != 0};
-}
-
-std::optional<OweTransition> parseOweTransition(Bytes payload) {
+bool isOweTransition(Bytes payload) {
+  constexpr std::size_t kBssid = 6;
   ByteReader reader(payload);
-  OweTransition twin;
-  const Bytes bssid = reader.take(twin.bssid.size());
-  std::ranges::copy(bssid, twin.bssid.begin());
-  twin.ssid = toText(reader.take(reader.octet()));
-  if (!reader.atEnd()) {
-    twin.operatingClass = reader.octet();
-    twin.channel = reader.octet();
-  }
-  if (reader.failed() || twin.ssid.empty() || twin.ssid.size() > kLongestSsid) return std::nullopt;
-  return twin;
+  reader.take(kBssid);  // of the twin
+  const std::size_t ssidSize = reader.octet();
+  reader.take(ssidSize);
+  if (!reader.atEnd()) reader.take(2);  // operating class and channel of the twin
+  return !reader.failed() && ssidSize > 0 && ssidSize <= kLongestSsid;
 }
 
 }  // namespace wifi_profile::ieee80211

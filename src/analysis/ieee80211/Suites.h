@@ -2,10 +2,8 @@
 // take an element's payload and return empty if it is damaged. Pure functions; any thread.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "analysis/ieee80211/Bytes.h"
@@ -13,30 +11,13 @@
 
 namespace wifi_profile::ieee80211 {
 
-// One cipher or one method of key management: the organisation that numbered it, and its number.
+// One method of key management: the organisation that numbered it, and its number.
 struct Suite {
   std::uint32_t oui = 0;
   std::uint8_t type = 0;
 
   bool operator==(const Suite&) const = default;
 };
-
-// Ciphers of kStandardOui (IEEE 802.11-2020, 9.4.2.24.2). kWpaOui also has 1, 2, 4 and 5.
-namespace cipher {
-inline constexpr std::uint8_t kUseGroup = 0;
-inline constexpr std::uint8_t kWep40 = 1;
-inline constexpr std::uint8_t kTkip = 2;
-inline constexpr std::uint8_t kCcmp128 = 4;
-inline constexpr std::uint8_t kWep104 = 5;
-inline constexpr std::uint8_t kBipCmac128 = 6;
-inline constexpr std::uint8_t kGroupNotAllowed = 7;
-inline constexpr std::uint8_t kGcmp128 = 8;
-inline constexpr std::uint8_t kGcmp256 = 9;
-inline constexpr std::uint8_t kCcmp256 = 10;
-inline constexpr std::uint8_t kBipGmac128 = 11;
-inline constexpr std::uint8_t kBipGmac256 = 12;
-inline constexpr std::uint8_t kBipCmac256 = 13;
-}  // namespace cipher
 
 // Authentication and key management of kStandardOui (802.11-2020, 9.4.2.24.3; 24 and 25: 802.11be).
 // kWpaOui also has 1 and 2.
@@ -66,13 +47,10 @@ inline constexpr std::uint8_t kFtSaeExtendedKey = 25;
 }  // namespace akm
 
 // RSN (802.11-2020, 9.4.2.24), or its predecessor WPA. An element may end after any field: the
-// missing field and all later ones are empty.
+// missing field and all later ones are empty. Its ciphers are not kept.
 struct RsnElement {
-  std::optional<Suite> group;  // cipher of broadcasts
-  std::vector<Suite> pairwise;
   std::vector<Suite> akms;
   std::uint16_t capabilities = 0;
-  std::optional<Suite> groupManagement;  // cipher of protected management broadcasts
 
   // Protection of management frames (802.11-2020, 9.4.2.24.4, bits 6 and 7).
   bool requiresManagementProtection() const { return (capabilities & 0x40U) != 0; }
@@ -87,28 +65,8 @@ std::optional<RsnElement> parseRsn(Bytes payload);
 // Takes the payload after the vendor's type. WPA has no PMKIDs and no management cipher.
 std::optional<RsnElement> parseWpa(Bytes payload);
 
-// RSNX (802.11-2020, 9.4.2.241).
-struct RsnExtension {
-  bool saeHashToElement = false;
-
-  bool operator==(const RsnExtension&) const = default;
-};
-
-std::optional<RsnExtension> parseRsnExtension(Bytes payload);
-
-// The link from an open network to its encrypted twin, or from the twin to it (Wi-Fi Alliance,
-// Opportunistic Wireless Encryption, transition mode).
-struct OweTransition {
-  std::array<std::uint8_t, 6> bssid{};  // of the twin
-  std::string ssid;                     // of the twin, 1 to 32 bytes
-  // The channel of the twin, if it differs from the network's own.
-  std::optional<std::uint8_t> operatingClass;
-  std::optional<std::uint8_t> channel;
-
-  bool operator==(const OweTransition&) const = default;
-};
-
-// Takes the payload after the vendor's type.
-std::optional<OweTransition> parseOweTransition(Bytes payload);
+// Returns whether the payload, after the vendor's type, links an open network and its encrypted
+// twin (Wi-Fi Alliance, Opportunistic Wireless Encryption, transition mode).
+bool isOweTransition(Bytes payload);
 
 }  // namespace wifi_profile::ieee80211

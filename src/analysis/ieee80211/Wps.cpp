@@ -16,11 +16,9 @@ struct Attribute {
   std::optional<std::string> WpsInformation::*field;
 };
 
-constexpr std::array<Attribute, 4> kAttributes{{
+constexpr std::array<Attribute, 2> kAttributes{{
     {0x1021, WpsInformation::kLongestManufacturer, &WpsInformation::manufacturer},
-    {0x1023, WpsInformation::kLongestOther, &WpsInformation::modelName},
-    {0x1024, WpsInformation::kLongestOther, &WpsInformation::modelNumber},
-    {0x1011, WpsInformation::kLongestOther, &WpsInformation::deviceName},
+    {0x1023, WpsInformation::kLongestModelName, &WpsInformation::modelName},
 }};
 
 }  // namespace

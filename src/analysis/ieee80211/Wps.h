@@ -14,12 +14,10 @@ namespace wifi_profile::ieee80211 {
 // its limit is cut to it.
 struct WpsInformation {
   static constexpr std::size_t kLongestManufacturer = 64;  // bytes
-  static constexpr std::size_t kLongestOther = 32;         // bytes
+  static constexpr std::size_t kLongestModelName = 32;     // bytes
 
   std::optional<std::string> manufacturer;
   std::optional<std::string> modelName;
-  std::optional<std::string> modelNumber;
-  std::optional<std::string> deviceName;
 
   bool operator==(const WpsInformation&) const = default;
 };

@@ -10,6 +10,9 @@ namespace {
 std::uint8_t low(unsigned value) { return static_cast<std::uint8_t>(value & 0xFFU); }
 std::uint8_t high(unsigned value) { return static_cast<std::uint8_t>(value >> 8U & 0xFFU); }
 
+constexpr std::uint8_t kTkip = 2;
+constexpr std::uint8_t kCcmp = 4;
+
 Octets suite(std::uint32_t oui, std::uint8_t type) {
   return {low(oui >> 16U), low(oui >> 8U), low(oui), type};
 }
@@ -40,9 +43,9 @@ Octets vendorElement(std::uint32_t oui, std::uint8_t type, const Octets& payload
 Octets ssid(std::string_view name) { return element(kSsidId, bytesOf(name)); }
 
 Octets rsnPayload(std::initializer_list<std::uint8_t> akms, std::uint16_t capabilities) {
-  Octets payload{1, 0};                                                      // version
-  payload = payload + suite(kStandardOui, cipher::kCcmp128);                 // group
-  payload = payload + Octets{1, 0} + suite(kStandardOui, cipher::kCcmp128);  // pairwise
+  Octets payload{1, 0};                                           // version
+  payload = payload + suite(kStandardOui, kCcmp);                 // group
+  payload = payload + Octets{1, 0} + suite(kStandardOui, kCcmp);  // pairwise
   payload = payload + Octets{low(static_cast<unsigned>(akms.size())), 0};
   for (const std::uint8_t akm : akms) payload = payload + suite(kStandardOui, akm);
   return payload + Octets{low(capabilities), high(capabilities)};
@@ -53,7 +56,7 @@ Octets rsn(std::initializer_list<std::uint8_t> akms, std::uint16_t capabilities)
 }
 
 Octets wpa(std::uint8_t akm) {
-  const Octets tkip = suite(kWpaOui, cipher::kTkip);
+  const Octets tkip = suite(kWpaOui, kTkip);
   return vendorElement(
       kWpaOui, kWpaType,
       Octets{1, 0} + tkip + Octets{1, 0} + tkip + Octets{1, 0} + suite(kWpaOui, akm));

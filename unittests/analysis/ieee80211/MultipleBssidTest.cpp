@@ -44,7 +44,7 @@ TEST(MultipleBssid, GivesEachNetworkItsOwnNameIndexAndBeacons) {
   EXPECT_EQ(parsed.others[1].index, 3);
   EXPECT_EQ(parsed.others[0].bssid, (Bssid{0x02, 0x00, 0x5E, 0x10, 0x20, 0x3B}));
   EXPECT_EQ(parsed.others[1].bssid, (Bssid{0x02, 0x00, 0x5E, 0x10, 0x20, 0x39}));
-  EXPECT_EQ(parsed.others[0].network.dtim, (Dtim{.period = 3, .count = 1}));
+  EXPECT_EQ(parsed.others[0].network.dtim, (Dtim{.period = 3}));
   EXPECT_EQ(parsed.others[0].network.capabilities, kOpenCapabilities);
 }
 
@@ -94,7 +94,7 @@ TEST(MultipleBssid, JoinsAProfileThatWasSplit) {
                             multipleBssid(2, profile(second)) +
                             multipleBssid(2, profile(load) + profile(open("c", 3))));
   ASSERT_THAT(namesOf(parsed), ElementsAre("a", "b", "c"));
-  EXPECT_EQ(parsed.others[0].network.load, (BssLoad{.stations = 7, .channelUtilization = 9}));
+  EXPECT_EQ(parsed.others[0].network.load, (BssLoad{.channelUtilization = 9}));
   EXPECT_EQ(parsed.others[1].network.load, std::nullopt);
 }
 

@@ -28,20 +28,19 @@ Octets wps() {
 }
 
 Octets peerToPeer() {
-  // Attribute 2, P2P Capability: device and group capability.
-  return vendorElement(kAllianceOui, kPeerToPeerType, {2, 2, 0, 0x25, 0x01});
+  // Wi-Fi Direct. Attribute 2, P2P Capability: device and group capability.
+  return vendorElement(kAllianceOui, 9, {2, 2, 0, 0x25, 0x01});
 }
 
 std::vector<Octets> passpoint() {
-  return {
-      ssid("Airport"), ofdmRates(), tim(), load(42, 200), rsn({akm::k8021X}), htCapabilities(),
-      htOperation(149, 0),
-      // Free public, with Internet; venue group 10, type 1 (an airport); HESSID.
-      element(kInterworkingId, {0x13, 10, 1, 2, 0, 0x5E, 0x10, 0x20, 0x30}),
-      // Two more; one of 3 bytes, one of 5, one of 3.
-      element(kRoamingConsortiumId, {2, 0x53, 0x00, 0x1B, 0xC5, 1, 2, 3, 4, 5, 0x50, 0x6F, 0x9A}),
-      // Release 2, no broadcasts among members, ANQP domain 7.
-      vendorElement(kAllianceOui, kHotspotType, {0x15, 7, 0})};
+  return {ssid("Airport"), ofdmRates(), tim(), load(42, 200), rsn({akm::k8021X}), htCapabilities(),
+          htOperation(149, 0),
+          // Free public, with Internet; venue group 10, type 1 (an airport); HESSID.
+          element(kInterworkingId, {0x13, 10, 1, 2, 0, 0x5E, 0x10, 0x20, 0x30}),
+          // Roaming Consortium: two more; one of 3 bytes, one of 5, one of 3.
+          element(111, {2, 0x53, 0x00, 0x1B, 0xC5, 1, 2, 3, 4, 5, 0x50, 0x6F, 0x9A}),
+          // Release 2, no broadcasts among members, ANQP domain 7.
+          vendorElement(kAllianceOui, kHotspotType, {0x15, 7, 0})};
 }
 
 std::vector<Octets> oweTransition() {
@@ -60,7 +59,7 @@ std::vector<Octets> threeNetworks() {
                                    extensionElement(kNonInheritanceExtension, {1, kRsnId, 0})) +
                                profile(profileElements(kPrivateCapabilities, "Things", 2))),
           multipleBssid(2, profile(load(3, 20))),
-          element(kRsnExtensionId, {0x20}),
+          element(244, {0x20}),  // RSNX
           heCapabilities(),
           sixGhzOperation(37, 3, 39, 47)};
 }
