@@ -29,8 +29,7 @@ const std::string& demoText() {
 }
 
 const scenario::Scenario& demo() {
-  static const scenario::Scenario read = std::get<scenario::Scenario>(
-      scenario::readScenario(std::get<ObjectRef>(runtime::readJson(demoText()))));
+  static const scenario::Scenario read = *scenario::readScenario(*runtime::readJson(demoText()));
   return read;
 }
 

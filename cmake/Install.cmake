@@ -1,11 +1,12 @@
-# `find_package(WiFiProfile)`: the program, and the libraries with which a host embeds it.
+# `find_package(WiFiProfile)`: the programs, and the libraries with which a host embeds it.
 include(CMakePackageConfigHelpers)
 
 set(installed_targets wifi_profile wifi_profile_runtime wifi_profile_ieee80211 wifi_profile_facts
     wifi_profile_checks wifi_profile_devices wifi_profile_scenario)
 if(NOT WIFI_PROFILE_CORE_ONLY)
   list(APPEND installed_targets wifi-profile wifi_profile_linux)
-  install(TARGETS wifi-profile-run DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/wifi-profile)
+  install(TARGETS wifi-profile-run wifi-profile-run-linux
+          DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/wifi-profile)
 endif()
 install(TARGETS ${installed_targets} EXPORT WiFiProfileTargets
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}

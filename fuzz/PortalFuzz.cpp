@@ -18,9 +18,8 @@ void readApi(const std::string& body) {
   const auto captive = linux::probes::captiveFrom(body);
   const auto read = runtime::readJson(body);
   // The other reader refuses more, such as a key that stands twice.
-  const auto* const value = std::get_if<ObjectRef>(&read);
-  if (!value) return;
-  const auto object = as<Dictionary>(*value);
+  if (!read) return;
+  const auto object = as<Dictionary>(*read);
   const auto number = object ? as<Number>(object->objectForKey("captive")) : nullptr;
   const bool* const flag = number ? std::get_if<bool>(&number->value()) : nullptr;
   require(captive == (flag ? std::optional(*flag) : std::nullopt), "both say the same");

@@ -32,8 +32,7 @@ void show(const std::string& text) {
   require(runtime::safeText(safe) == safe, "a safe text stays as it is");
   require(!isSafe(text) || safe == text, "and so does one that was safe");
   const auto read = runtime::readJson(runtime::jsonString(text));
-  const auto* const value = std::get_if<ObjectRef>(&read);
-  require(value && as<Text>(*value)->string() == runtime::validUtf8(text),
+  require(read && as<Text>(*read)->string() == runtime::validUtf8(text),
           "JSON gives the text back");
   require(isSafe(runtime::jsonString(text)), "JSON is safe");
   require(isValidUtf8(shortened(safe, 20)) && shortened(safe, 20).size() <= 23, "short is short");

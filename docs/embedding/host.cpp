@@ -29,8 +29,8 @@ struct StandardError final : DiagnosticLog {
 devices::OpenedDevice openScenario(Pace& pace) {
   const auto document = runtime::readJson(R"({"scenario": 1, "status": [{"ssid": "Home"}],
       "answers": {"PoorSignal": [{"result": true, "info": {"RSSI": -81, "Noise": -92}}]}})");
-  const auto read = scenario::readScenario(std::get<ObjectRef>(document));
-  const scenario::ScenarioDevice device(std::get<scenario::Scenario>(read), pace);
+  const auto read = scenario::readScenario(*document);
+  const scenario::ScenarioDevice device(*read, pace);
   return {device.backEnds(), [] {}};
 }
 

@@ -1,4 +1,4 @@
-// Opens this machine's Wi-Fi as a device. Hosts include this file; those in devices/linux/ are
+// Opens this computer's Wi-Fi as a device. Hosts include this file; those in devices/linux/ are
 // internal.
 #pragma once
 

@@ -9,6 +9,7 @@
 #include "diagnostic/platform/Dictionary.h"
 #include "diagnostic/platform/Number.h"
 #include "diagnostic/platform/Text.h"
+#include "runtime/JsonFields.h"
 
 namespace wifi_profile::runtime {
 namespace {
@@ -45,7 +46,7 @@ class Position {
   std::size_t* read_;
 };
 
-// Builds the value from the parser's events. An event returns false to stop at a fault.
+// Builds the value from the parser's events. An event returns false to stop at an error.
 class Builder : public nlohmann::json_sax<nlohmann::json> {
  public:
   ObjectRef value;
@@ -150,25 +151,26 @@ std::string whatStandsAt(std::string_view rest) {
   return "\"" + std::string(rest.substr(0, firstCodePoint(rest).length)) + "\"";
 }
 
-// A fault at byte `at`, counted from 0, or at the end of the text. If `found` is empty, the text at
-// that place replaces it.
-JsonFault faultAt(std::string_view text, std::size_t at, std::string found, std::string expected) {
+// Returns the error at byte `at`, counted from 0, or at the end of the text. If `found` is empty,
+// the text at that place replaces it.
+Error errorAt(std::string_view name, std::string_view text, std::size_t at, std::string_view found,
+              std::string_view expected) {
   const std::string_view before = text.substr(0, at);
+  const auto line = 1 + std::count(before.begin(), before.end(), '\n');
   const auto lineStart = before.rfind('\n') + 1;  // npos + 1 is 0
-  return {
-      .line = 1 + static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n')),
-      .column = 1 + before.size() - lineStart,
-      .found = found.empty() ? whatStandsAt(text.substr(before.size())) : std::move(found),
-      .expected = std::move(expected),
-  };
+  const std::string place =
+      std::to_string(line) + ":" + std::to_string(1 + before.size() - lineStart);
+  return unexpected(name.empty() ? place : std::string(name) + ":" + place,
+                    found.empty() ? whatStandsAt(text.substr(before.size())) : std::string(found),
+                    expected);
 }
 
 }  // namespace
 
-std::variant<ObjectRef, JsonFault> readJson(std::string_view text) {
+Result<ObjectRef> readJson(std::string_view text, std::string_view name) {
   // The parser would treat a NUL as the end of the text and ignore the rest.
   if (const auto nul = text.find('\0'); nul != std::string_view::npos) {
-    return faultAt(text, nul, "a NUL byte", "JSON");
+    return errorAt(name, text, nul, "a NUL byte", "JSON");
   }
   std::size_t read = 0;
   Builder builder;
@@ -177,8 +179,8 @@ std::variant<ObjectRef, JsonFault> readJson(std::string_view text) {
   if (whole) return builder.value;
   // The last byte read is the faulty one; the end of the text counts as one more byte.
   const std::size_t bytesRead = builder.syntaxErrorAt.value_or(read);
-  return faultAt(text, std::min(bytesRead > 0 ? bytesRead - 1 : 0, text.size()),
-                 std::move(builder.found), std::move(builder.expected));
+  return errorAt(name, text, std::min(bytesRead > 0 ? bytesRead - 1 : 0, text.size()),
+                 builder.found, builder.expected);
 }
 
 }  // namespace wifi_profile::runtime

@@ -14,25 +14,25 @@ namespace {
 
 constexpr const char* kRunExamples = R"(Examples:
   wifi-profile run
-      this machine's Wi-Fi
+      this computer's Wi-Fi
   wifi-profile run --pick --site https://intranet.example/
-      the same with a network that is chosen first, and a site of one's own to reach
+      the same with a network that is chosen first, and another site to reach
   wifi-profile run --device demo
       the built-in demonstration, in real time
   wifi-profile run --device demo --network-name "Café Linde" --output text
       the same, with a second network to look at
   wifi-profile run --device scenarios/captive-cafe.json --time virtual --trace trace.ndjson
-      a device on paper, without waiting, with everything that happened in a file
+      a scenario, in virtual time, with a trace
   wifi-profile run --device demo --pick
       choose a network from a list first, in the terminal
   wifi-profile run --device demo --pick --ui window
       the same in a window
   wifi-profile run --device demo --pick --ui none
-      the same without a person: the scenario's user chooses
+      the same without a screen: the scenario's user chooses
   echo '{"maxScanCacheAge":60,"reprofileWithUI":false}' | wifi-profile run --device demo --parameters -
       the parameters as a host passes them
 
-Settings of this machine's tests, as JSON: /etc/wifi-profile/settings.json, then
+Settings of the tests of this computer, as JSON: /etc/wifi-profile/settings.json, then
 wifi-profile/settings.json in XDG_CONFIG_HOME or ~/.config.
 
 Exit status: 0 done; 2 to 7 for the status codes -2 to -7; 64 wrong command line or parameters;
@@ -67,8 +67,20 @@ void allowOnly(CLI::Option* option, const std::vector<std::string>& values) {
   option->type_name(fmt::format("{}", fmt::join(values, "|")));
   option->check([values](const std::string& given) {
     if (std::find(values.begin(), values.end(), given) != values.end()) return std::string();
-    return fmt::format("found \"{}\", expected {}", given, fmt::join(values, " or "));
+    return fmt::format("found \"{}\", expected {} or {}", given,
+                       fmt::join(values.begin(), values.end() - 1, ", "), values.back());
   });
+}
+
+void addDevice(CLI::App* command, std::optional<std::string>& device) {
+  command
+      ->add_option("--device", device,
+                   "linux, linux:IFNAME, demo, or the path of a scenario file [linux]")
+      ->type_name("DEVICE")
+      ->check([](const std::string& given) {
+        return given == "linux:" ? "no interface name after \"linux:\"; use linux or linux:wlan0"
+                                 : "";
+      });
 }
 
 std::vector<std::string> languageNames() {
@@ -86,13 +98,11 @@ struct RunTexts {
 CLI::App* addRun(CLI::App& app, RunOptions& run, RunTexts& texts) {
   CLI::App* command = app.add_subcommand("run", "Run the diagnostic once and print its record");
   command->footer(kRunExamples);
+  addDevice(command, run.device);
   command
-      ->add_option("--device", run.device,
-                   "linux, linux:IFNAME, demo, or the path of a scenario file [linux]")
-      ->type_name("DEVICE");
-  command
-      ->add_option("--site", run.site,
-                   "Page that this machine is to reach (http or https) [the settings' site]")
+      ->add_option(
+          "--site", run.site,
+          "Page that this computer must be able to fetch (http or https) [the settings' site]")
       ->type_name("URL");
   CLI::Option* const parameters =
       command
@@ -140,10 +150,7 @@ int scanCacheAge(const std::string& given) {
 CLI::App* addScan(CLI::App& app, ScanOptions& scan) {
   CLI::App* command = app.add_subcommand("scan", "List the networks in range");
   command->footer(kScanExamples);
-  command
-      ->add_option("--device", scan.device,
-                   "linux, linux:IFNAME, demo, or the path of a scenario file [linux]")
-      ->type_name("DEVICE");
+  addDevice(command, scan.device);
   command->add_flag("--all", scan.all, "Every access point, not only the strongest of a name");
   command
       ->add_option_function<std::string>(
@@ -153,6 +160,22 @@ CLI::App* addScan(CLI::App& app, ScanOptions& scan) {
       ->type_name("SECONDS");
   command->add_flag("--json", scan.json, "As JSON, for programs");
   return command;
+}
+
+// Returns the parser's message in the program's own form.
+std::string messageOf(const CLI::ParseError& error) {
+  const std::string text = error.what();
+  const auto colon = text.find(": ");
+  if (dynamic_cast<const CLI::ExtrasError*>(&error)) {
+    return "unknown argument: " + text.substr(colon + 2);
+  }
+  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error)) {
+    const bool none = text.find("missing") != std::string::npos;
+    return text.substr(0, colon) + (none ? ": no value given" : ": given more than once");
+  }
+  const auto excludes = text.find(" excludes ");
+  if (excludes == std::string::npos) return text;
+  return text.substr(0, excludes) + " cannot be used with " + text.substr(text.rfind(' ') + 1);
 }
 
 EarlyExit failed(const CLI::App& app, const std::string& message) {
@@ -203,13 +226,13 @@ Command parseCommandLine(std::vector<std::string> arguments) {
   } catch (const CLI::CallForVersion& version) {
     return EarlyExit{kExitDone, std::string(version.what()) + "\n"};
   } catch (const CLI::ParseError& error) {
-    return failed(app, error.what());
+    return failed(app, messageOf(error));
   }
   if (scanCommand->parsed()) return scan;
   if (testsCommand->parsed()) return tests;
   if (explainCommand->parsed()) return explain;
   if (!runCommand->parsed())
-    return failed(app, "found no command, expected run, scan, tests or explain");
+    return failed(app, "no command given: use run, scan, tests or explain");
   if (!texts.ui.empty()) {
     run.ui = texts.ui == "none" ? Ui::none : texts.ui == "window" ? Ui::window : Ui::terminal;
   }

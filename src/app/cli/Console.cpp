@@ -1,19 +1,27 @@
 #include "app/cli/Console.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <system_error>
 #include <unistd.h>
 
-#include "app/cli/Files.h"
 #include "runtime/SafeText.h"
 
 namespace wifi_profile::cli {
 
-int complain(const Failure& failure) {
-  writeAll(stderr, "wifi-profile: " + runtime::safeText(failure.message) + "\n");
-  return failure.status;
+std::string textOf(const Error& error) {
+  std::string text = error.subject.empty() ? "" : error.subject + ": ";
+  text += error.message;
+  if (!error.advice.empty()) text += (text.ends_with('.') ? " " : ". ") + error.advice;
+  return runtime::safeText(text);
 }
+
+int complain(int status, std::string_view message) {
+  std::fputs(("wifi-profile: " + runtime::safeText(message) + "\n").c_str(), stderr);
+  return status;
+}
+
+int complain(const Failure& failure) { return complain(failure.status, textOf(failure.error)); }
 
 bool environmentHas(const char* name) {
   const char* const value = std::getenv(name);
@@ -23,11 +31,6 @@ bool environmentHas(const char* name) {
 bool isTerminal(int descriptor) {
   const char* const kind = std::getenv("TERM");
   return isatty(descriptor) != 0 && !(kind && std::strcmp(kind, "dumb") == 0);
-}
-
-std::string cannotBeWritten(std::string_view place, int error) {
-  return unexpected(place, std::generic_category().message(error), "an output that can be written")
-      .message;
 }
 
 }  // namespace wifi_profile::cli

@@ -4,22 +4,25 @@
 #include <string>
 #include <string_view>
 
+#include "diagnostic/platform/Result.h"
+
 namespace wifi_profile::cli {
 
-// A problem that ends the program, and the exit status.
+// An error that ends the program, and the exit status.
 struct Failure {
   int status;
-  std::string message;
+  Error error;
 };
 
+// Returns "SUBJECT: MESSAGE ADVICE", safe to show.
+std::string textOf(const Error& error);
+
 // Writes the message to standard error. Returns the status.
+int complain(int status, std::string_view message);
 int complain(const Failure& failure);
 
 bool environmentHas(const char* name);
 // Returns true if the descriptor is a terminal that can be drawn on.
 bool isTerminal(int descriptor);
-
-// Returns a message that `place` cannot be written to. `error` is the `errno` of the failed write.
-std::string cannotBeWritten(std::string_view place, int error);
 
 }  // namespace wifi_profile::cli

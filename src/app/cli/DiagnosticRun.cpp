@@ -1,5 +1,6 @@
 #include "app/cli/DiagnosticRun.h"
 
+#include "app/cli/Console.h"
 #include "app/cli/EmptyList.h"
 #include "app/cli/LogLines.h"
 #include "app/cli/ScreenState.h"
@@ -98,7 +99,7 @@ Ending DiagnosticRun::run() {
   controller_->disappear();
   controller_->setObserver(nullptr);
   const MutexLock lock(mutex_);
-  if (stuck_ || script_.failure()) return Ending::stuck;
+  if (stuck_ || !script_.status()) return Ending::stuck;
   if (finishedRun_) return Ending::finished;
   return interrupted_ ? Ending::interrupted : Ending::tornDown;
 }
@@ -211,7 +212,8 @@ void DiagnosticRun::endEarly() {
 }
 
 std::string DiagnosticRun::reason() const {
-  return script_.failure().value_or(script_.reasonForBeingStuck());
+  const Status status = script_.status();
+  return status ? script_.reasonForBeingStuck() : textOf(status.error());
 }
 
 void DiagnosticRun::whileServing(DiagnosticsTestID test) {
@@ -219,7 +221,7 @@ void DiagnosticRun::whileServing(DiagnosticsTestID test) {
   surroundings_.loop.postToMain([this, test] {
     if (!script_.hasStepDuring(test)) return;
     script_.performNextStep();
-    if (!script_.failure()) return;
+    if (script_.status()) return;
     surroundings_.loop.hurry();
     tearDown();
   });
@@ -228,22 +230,22 @@ void DiagnosticRun::whileServing(DiagnosticsTestID test) {
   for (int round = 0; round < 3; ++round) surroundings_.loop.waitForMain();
 }
 
-std::optional<std::string> DiagnosticRun::perform(const scenario::Step& step) {
+Status DiagnosticRun::perform(const scenario::Step& step) {
   using scenario::Action;
   switch (step.action) {
     case scenario::Action::setPower:
       device_->switchPower(step.on);
-      return std::nullopt;
+      return {};
     case scenario::Action::wait:
       if (surroundings_.person) {
         surroundings_.loop.postToGlobalAfter(step.time, [] {});  // the screen stays responsive
       } else {
         surroundings_.loop.pause(step.time, interrupted_);
       }
-      return std::nullopt;
+      return {};
     case scenario::Action::teardown:
       tearDown();
-      return std::nullopt;
+      return {};
     default:
       return performOnScreen(*controller_, step);
   }

@@ -91,7 +91,7 @@ class DiagnosticRun final : public HxDiagnosticObserver,
   void showTests(std::function<void(app::TestsDone&)> change);
   void showEmptyList();
   void askForPower();
-  std::optional<std::string> perform(const scenario::Step& step);
+  Status perform(const scenario::Step& step);
 
   Surroundings surroundings_;
   const std::unique_ptr<RunDevice> device_;

@@ -2,18 +2,29 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <fmt/format.h>
 #include <system_error>
 
 #include "diagnostic/platform/Text.h"
+#include "runtime/JsonReader.h"
 
 namespace wifi_profile::cli {
+namespace {
 
-std::variant<std::string, Problem> readFile(const std::string& path) {
+// Longest path in a message, in bytes.
+constexpr std::size_t kLongestPath = 300;
+
+std::string named(const std::string& path) {
+  return path.empty() ? "\"\"" : shortened(path, kLongestPath);
+}
+
+}  // namespace
+
+Result<std::string> readFile(const std::string& path) {
   const bool standardInput = path == "-";
   std::FILE* const file = standardInput ? stdin : std::fopen(path.c_str(), "rb");
-  if (!file)
-    return unexpected(path, std::generic_category().message(errno), "a file that can be read");
+  if (!file) return systemError("cannot open " + named(path), errno);
   std::string content;
   std::array<char, 65536> buffer{};
   while (content.size() <= kLargestFile) {
@@ -23,30 +34,28 @@ std::variant<std::string, Problem> readFile(const std::string& path) {
   }
   const int error = std::ferror(file) != 0 ? errno : 0;
   if (!standardInput) std::fclose(file);
-  if (error != 0)
-    return unexpected(path, std::generic_category().message(error), "a file that can be read");
+  if (error != 0) return systemError("cannot read " + named(path), error);
   if (content.size() > kLargestFile) {
-    return unexpected(path, "a larger file", fmt::format("at most {} MiB", kLargestFile >> 20U));
+    return Error{Reason::failed, fmt::format("cannot read {}: larger than {} MiB", named(path),
+                                             kLargestFile >> 20U)};
   }
   return content;
 }
 
-bool writeAll(std::FILE* out, std::string_view text) {
-  const bool written = std::fwrite(text.data(), 1, text.size(), out) == text.size();
-  return std::fflush(out) == 0 && written;
+Result<ObjectRef> readJsonFile(const std::string& path) {
+  const auto content = readFile(path);
+  if (!content) return content.error();
+  return runtime::readJson(*content, path);
 }
 
-namespace {
+Status print(std::string_view text) {
+  const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+  if (std::fflush(stdout) == 0 && written) return {};
+  return systemError("cannot write standard output", errno);
+}
 
-// Longest piece of untrusted text in a message, in bytes: enough to recognise the text.
-constexpr std::size_t kLongestPiece = 300;
-
-}  // namespace
-
-Problem unexpected(std::string_view place, std::string_view found, std::string_view expected) {
-  return {fmt::format("{}: found {}, expected {}",
-                      place.empty() ? "\"\"" : shortened(place, kLongestPiece),
-                      shortened(found, kLongestPiece), expected)};
+Error systemError(std::string_view what, int number) {
+  return {Reason::failed, fmt::format("{}: {}", what, std::generic_category().message(number))};
 }
 
 }  // namespace wifi_profile::cli

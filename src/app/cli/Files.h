@@ -1,28 +1,28 @@
 // Reads and writes whole files.
 #pragma once
 
-#include <cstdio>
+#include <cstddef>
 #include <string>
 #include <string_view>
-#include <variant>
+
+#include "diagnostic/platform/Object.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::cli {
-
-// Why a file could not be read or used, as a message.
-struct Problem {
-  std::string message;
-};
 
 // Largest file that is read, in bytes.
 inline constexpr std::size_t kLargestFile = std::size_t{16} << 20U;
 
 // Returns the content of a file. The path "-" means standard input.
-std::variant<std::string, Problem> readFile(const std::string& path);
+Result<std::string> readFile(const std::string& path);
 
-// Writes the text and flushes. Returns false on failure.
-bool writeAll(std::FILE* out, std::string_view text);
+// Returns the JSON value that a file contains.
+Result<ObjectRef> readJsonFile(const std::string& path);
 
-// Returns the problem "PLACE: found FOUND, expected EXPECTED".
-Problem unexpected(std::string_view place, std::string_view found, std::string_view expected);
+// Writes the text to standard output and flushes.
+Status print(std::string_view text);
+
+// Returns the error "WHAT: REASON". `number` is the `errno` of the failed call.
+Error systemError(std::string_view what, int number);
 
 }  // namespace wifi_profile::cli

@@ -3,9 +3,9 @@
 #include <charconv>
 #include <fmt/format.h>
 
-#include "devices/scenario/ValueReader.h"
+#include "app/cli/Files.h"
 #include "diagnostic/platform/DiagnosticsSupport.h"
-#include "runtime/JsonReader.h"
+#include "runtime/JsonFields.h"
 
 namespace wifi_profile::cli {
 namespace {
@@ -35,7 +35,7 @@ std::string foundUnder(const DictionaryRef& parameters, std::string_view key) {
   const auto text = as<Text>(value);
   return text && key == "networkName"
              ? fmt::format("a text of {} characters", characterCount(text->string()))
-             : scenario::describe(value);
+             : runtime::describe(value);
 }
 
 std::string placeOf(const RunOptions& options, std::string_view key) {
@@ -45,20 +45,14 @@ std::string placeOf(const RunOptions& options, std::string_view key) {
                                               : kPickOption);
 }
 
-std::variant<DictionaryRef, Problem> parametersFromFile(const std::string& path) {
-  auto content = readFile(path);
-  if (auto* problem = std::get_if<Problem>(&content)) return std::move(*problem);
-  const auto document = runtime::readJson(std::get<std::string>(content));
-  if (const auto* fault = std::get_if<runtime::JsonFault>(&document)) {
-    return unexpected(fmt::format("{}:{}:{}", path, fault->line, fault->column), fault->found,
-                      fault->expected);
-  }
-  const auto& value = std::get<ObjectRef>(document);
-  if (auto parameters = as<Dictionary>(value)) return parameters;
-  return unexpected(path, scenario::describe(value), "a JSON object");
+Result<DictionaryRef> parametersFromFile(const std::string& path) {
+  const auto document = readJsonFile(path);
+  if (!document) return document.error();
+  if (auto parameters = as<Dictionary>(*document)) return parameters;
+  return runtime::unexpected(path, runtime::describe(*document), "a JSON object");
 }
 
-std::variant<DictionaryRef, Problem> parametersFromOptions(const RunOptions& options) {
+Result<DictionaryRef> parametersFromOptions(const RunOptions& options) {
   Dictionary::Entries entries{{"maxScanCacheAge", Number::withUnsigned(kUsualScanCacheAge)},
                               {"reprofileWithUI", Number::withBool(options.pick)}};
   if (options.maxScanCacheAge) {
@@ -66,14 +60,16 @@ std::variant<DictionaryRef, Problem> parametersFromOptions(const RunOptions& opt
     std::uint64_t age = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), age);
     if (error != std::errc() || end != text.data() + text.size()) {
-      return unexpected(kAgeOption, "\"" + text + "\"", "a whole number from 0 to 600 (seconds)");
+      return runtime::unexpected(kAgeOption, "\"" + text + "\"",
+                                 "a whole number from 0 to 600 (seconds)");
     }
     entries["maxScanCacheAge"] = Number::withUnsigned(age);
   }
   if (options.networkName) {
     if (options.networkName->empty()) {
-      return unexpected(kNameOption, "an empty name",
-                        "the name of a network (without the option only the joined one is tested)");
+      return runtime::unexpected(
+          kNameOption, "an empty name",
+          "the name of a network (without the option only the joined one is tested)");
     }
     entries["networkName"] = makeText(*options.networkName);
   }
@@ -84,17 +80,17 @@ std::variant<DictionaryRef, Problem> parametersFromOptions(const RunOptions& opt
 
 std::string placeOfPick(const RunOptions& options) { return placeOf(options, "reprofileWithUI"); }
 
-std::variant<std::shared_ptr<WiFiProfileInputs>, Problem> inputsOf(const RunOptions& options) {
+Result<std::shared_ptr<WiFiProfileInputs>> inputsOf(const RunOptions& options) {
   auto parameters = options.parametersFile ? parametersFromFile(*options.parametersFile)
                                            : parametersFromOptions(options);
-  if (auto* problem = std::get_if<Problem>(&parameters)) return std::move(*problem);
-  const auto& dictionary = std::get<DictionaryRef>(parameters);
+  if (!parameters) return parameters.error();
+  const DictionaryRef& dictionary = *parameters;
   auto inputs = std::make_shared<WiFiProfileInputs>();
   if (!inputs->validateAndInitializeParameters(dictionary)) {
     for (const std::string_view key : {"maxScanCacheAge", "reprofileWithUI", "networkName"}) {
       const std::string expected = expectedUnder(dictionary, key);
       if (expected.empty()) continue;
-      return unexpected(placeOf(options, key), foundUnder(dictionary, key), expected);
+      return runtime::unexpected(placeOf(options, key), foundUnder(dictionary, key), expected);
     }
   }
   return inputs;

@@ -2,17 +2,17 @@
 #pragma once
 
 #include <memory>
-#include <variant>
+#include <string>
 
 #include "app/cli/CommandLine.h"
-#include "app/cli/Files.h"
 #include "diagnostic/controller/WiFiProfileInputs.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::cli {
 
 // Returns validated inputs, or what is wrong with the parameters. The default of "maxScanCacheAge"
 // is 60 seconds.
-std::variant<std::shared_ptr<WiFiProfileInputs>, Problem> inputsOf(const RunOptions& options);
+Result<std::shared_ptr<WiFiProfileInputs>> inputsOf(const RunOptions& options);
 
 // Returns where the list of networks was requested (an option or a key of the file), for messages.
 std::string placeOfPick(const RunOptions& options);

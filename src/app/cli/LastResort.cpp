@@ -17,8 +17,7 @@ namespace {
   std::array<char, 512> sentence{};
   const int length = std::snprintf(
       sentence.data(), sentence.size(),
-      "wifi-profile: the system has too few resources left (%.300s): close other programs or "
-      "raise the limits (ulimit), and try again\n",
+      "wifi-profile: out of resources: %.300s; close other programs or raise the limits (ulimit)\n",
       reason);
   if (length > 0) {
     [[maybe_unused]] const ssize_t ignored =

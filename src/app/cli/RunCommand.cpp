@@ -1,6 +1,5 @@
 #include "app/cli/RunCommand.h"
 
-#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <functional>
@@ -12,7 +11,6 @@
 #include "app/cli/DiagnosticRun.h"
 #include "app/cli/ExitStatus.h"
 #include "app/cli/Files.h"
-#include "app/cli/RunPreparation.h"
 #include "app/cli/TraceFile.h"
 #include "diagnostic/platform/Mutex.h"
 #include "report/ReportText.h"
@@ -20,7 +18,6 @@
 #include "runtime/IcuNameCollator.h"
 #include "runtime/Interrupts.h"
 #include "runtime/JsonWriter.h"
-#include "runtime/SafeText.h"
 #include "runtime/ThreadRunLoop.h"
 #include "runtime/VirtualTimeRunLoop.h"
 
@@ -63,14 +60,16 @@ std::string recordText(const RunOptions& options, const DiagnosticRun& run) {
 int conclude(const DiagnosticRun& run, Ending ending, const RunOptions& options) {
   switch (ending) {
     case Ending::finished:
-      if (writeAll(stdout, recordText(options, run))) break;
-      return complain({kExitOutput, cannotBeWritten("standard output", errno)});
+      if (const Status printed = print(recordText(options, run)); !printed) {
+        return complain({kExitOutput, printed.error()});
+      }
+      break;
     case Ending::tornDown:
-      return complain({kExitTornDown, "torn down before the run finished; there is no record"});
+      return complain(kExitTornDown, "torn down before the run finished; there is no record");
     case Ending::interrupted:
-      return complain({kExitInterrupted, "interrupted; there is no record"});
+      return complain(kExitInterrupted, "interrupted; there is no record");
     case Ending::stuck:
-      return complain({kExitScenario, options.device.value_or("") + ": at " + run.reason()});
+      return complain(kExitScenario, options.device.value_or("") + ": at " + run.reason());
   }
   return static_cast<int>(std::abs(run.finishedRun().statusCode));
 }
@@ -132,7 +131,9 @@ int runOn(runtime::RunLoop& loop, const RunOptions& options, PreparedRun prepare
           StringTable& texts, const std::shared_ptr<app::PersonScreen>& person,
           RunInterrupts& interrupts) {
   std::optional<TraceFile> trace;
-  if (prepared.traceFile) trace.emplace(loop, std::move(prepared.traceFile));
+  if (prepared.traceFile) {
+    trace.emplace(loop, std::move(prepared.traceFile), *options.traceFile);
+  }
   const InstalledPlatform installedTrace({.trace = trace ? &*trace : nullptr});
   ProgressLine line(stderr, showsBeside(uiOf(options)));
   runtime::IcuNameCollator collator(localeFor("LC_COLLATE"));
@@ -150,24 +151,23 @@ int runOn(runtime::RunLoop& loop, const RunOptions& options, PreparedRun prepare
   }
   line.clear();
   const int status = conclude(*run, ending, options);
-  if (trace && trace->firstError() != 0) {
-    return complain({kExitOutput, cannotBeWritten(*options.traceFile, trace->firstError())});
-  }
+  if (trace && !trace->status()) return complain({kExitOutput, trace->status().error()});
   return status;
 }
 
 }  // namespace
 
-int runCommand(const RunOptions& options, Ui drawn, const MakeScreen& makeScreen) {
+int runCommand(const RunOptions& options, const Drawing& drawing,
+               const OpenComputer& openComputer) {
   const Ui ui = uiOf(options);
-  if (ui != Ui::none && ui != drawn) {
+  if (ui != Ui::none && ui != drawing.ui) {
     const bool window = ui == Ui::window;
-    return complain({kExitUsage, std::string("--ui ") + (window ? "window" : "terminal") +
-                                     ": this program cannot draw it; use " +
-                                     (window ? "terminal" : "window") + " or none"});
+    return complain(kExitUsage, std::string("--ui ") + (window ? "window" : "terminal") +
+                                    ": this program cannot draw it; use " +
+                                    (window ? "terminal" : "window") + " or none");
   }
   RunInterrupts interrupts;
-  auto prepared = prepareRun(options);
+  auto prepared = prepareRun(options, openComputer);
   const auto* failure = std::get_if<Failure>(&prepared);
   // In a terminal, the message on standard error is visible; no screen is drawn for it.
   if (failure && ui != Ui::window) return complain(*failure);
@@ -177,25 +177,22 @@ int runCommand(const RunOptions& options, Ui drawn, const MakeScreen& makeScreen
   std::shared_ptr<app::PersonScreen> person;
   if (ui != Ui::none) {
     const MutexLock lock(interrupts.mutex);
-    auto made = makeScreen();
-    if (const auto* reason = std::get_if<std::string>(&made)) {
-      return complain({kExitUsage, "--ui: " + *reason});
-    }
-    person = std::get<std::shared_ptr<app::PersonScreen>>(std::move(made));
+    auto made = drawing.make();
+    if (!made) return complain({kExitUsage, made.error()});
+    person = *made;
     interrupts.setScreen(person);
   }
   if (failure) {
     const int status = complain(*failure);
     const RunInterrupts::Scope endsEarly(
         interrupts, [&person] { person->mainQueue()->post([&person] { person->close(); }); });
-    showReport(*person,
-               {.summary = "could not begin",
-                .earlyEnd = report::ReportFinding{.mark = report::ReportMark::problem,
-                                                  .sentence = runtime::safeText(failure->message),
-                                                  .values = {},
-                                                  .advice = {},
-                                                  .explanation = {}},
-                .sections = {}});
+    showReport(*person, {.summary = "could not begin",
+                         .earlyEnd = report::ReportFinding{.mark = report::ReportMark::problem,
+                                                           .sentence = textOf(failure->error),
+                                                           .values = {},
+                                                           .advice = {},
+                                                           .explanation = {}},
+                         .sections = {}});
     return status;
   }
   std::unique_ptr<runtime::RunLoop> loop;

@@ -3,19 +3,20 @@
 
 #include <functional>
 #include <memory>
-#include <string>
-#include <variant>
 
 #include "app/PersonScreen.h"
 #include "app/cli/CommandLine.h"
+#include "app/cli/RunPreparation.h"
 
 namespace wifi_profile::cli {
 
-// Makes the person's screen, or returns why it cannot: "found ..., expected ...".
-using MakeScreen = std::function<std::variant<std::shared_ptr<app::PersonScreen>, std::string>()>;
+// A program's screen. The program draws this one, or none.
+struct Drawing {
+  Ui ui;
+  std::function<Result<std::shared_ptr<app::PersonScreen>>()> make;
+};
 
-// Runs the diagnostic once and prints its record. `drawn` is the kind of screen that `makeScreen`
-// makes; besides it, only Ui::none is accepted. Returns the exit status.
-int runCommand(const RunOptions& options, Ui drawn, const MakeScreen& makeScreen);
+// Runs the diagnostic once and prints its record. Returns the exit status.
+int runCommand(const RunOptions& options, const Drawing& drawing, const OpenComputer& openComputer);
 
 }  // namespace wifi_profile::cli

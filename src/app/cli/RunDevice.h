@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,9 @@ class RunDevice : public Interface {
   // Switches the radio like another program.
   virtual void switchPower(bool /*on*/) {}
 };
+
+// Makes the device of a run. `pace` must outlive it.
+using MakeDevice = std::function<std::unique_ptr<RunDevice>(Pace& pace)>;
 
 // A scenario's device, with its user. `pace` must outlive it.
 class ScenarioRunDevice : public RunDevice {

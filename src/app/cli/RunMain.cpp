@@ -1,4 +1,5 @@
-// `wifi-profile-run`: the `run` command with a screen in the terminal, or without a screen.
+// `wifi-profile-run`: the `run` command for scenarios, with a screen in the terminal or without a
+// screen.
 
 #include "app/cli/Console.h"
 #include "app/cli/Program.h"
@@ -9,8 +10,9 @@ int main(int argc, char** argv) {
   using namespace wifi_profile;
   using namespace wifi_profile::cli;
   return runProgram(argc, argv, [](const RunOptions& options) {
-    return runCommand(options, Ui::terminal, [] {
+    const auto make = [] {
       return terminal::makeTerminalScreen({.color = !environmentHas("NO_COLOR")});
-    });
+    };
+    return runCommand(options, {Ui::terminal, make}, nullptr);
   });
 }

@@ -10,12 +10,14 @@
 #include "app/cli/ExitStatus.h"
 #include "app/cli/Files.h"
 #include "app/cli/Inputs.h"
-#include "app/cli/NamedDevice.h"
+#include "app/cli/OpenDevice.h"
 
 namespace wifi_profile::cli {
 namespace {
 
-Failure usage(const Problem& problem) { return {kExitUsage, problem.message}; }
+Failure usage(std::string message) {
+  return {kExitUsage, Error{Reason::failed, std::move(message)}};
+}
 
 // Returns true if `file` is an input of the run. Only regular files count: a terminal, for example,
 // can be both input and output.
@@ -25,7 +27,7 @@ bool readsFrom(const RunOptions& options, const std::string& file) {
   const auto isFile = [&](const std::optional<std::string>& input) {
     return input && std::filesystem::equivalent(*input, file, missing);
   };
-  return (isFile(scenarioFileOf(options.device))) || isFile(options.parametersFile);
+  return isFile(scenarioFileOf(options.device)) || isFile(options.parametersFile);
 }
 
 // Returns true if the descriptor and standard output are the same file or pipe, where the two
@@ -39,20 +41,46 @@ bool isStandardOutput(int descriptor) {
 
 // A new file is readable and writable by its owner only: a trace contains names and addresses.
 std::variant<TraceFile::File, Failure> openTrace(const std::string& path) {
-  const auto failed = [&path] { return Failure{kExitOutput, cannotBeWritten(path, errno)}; };
+  const auto failed = [&path] {
+    return Failure{kExitOutput, systemError("cannot open " + path, errno)};
+  };
   const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
   if (descriptor < 0) return failed();
   TraceFile::File file(fdopen(descriptor, "wb"));
   if (!file) return failed();
   if (isStandardOutput(descriptor)) {
-    return usage(
-        unexpected("--trace", "standard output, which the record goes to", "a file of its own"));
+    return usage("--trace: cannot be standard output: the record goes there; name another file");
   }
   struct stat kind {};
   if (fstat(descriptor, &kind) == 0 && S_ISREG(kind.st_mode) && ftruncate(descriptor, 0) != 0) {
     return failed();
   }
   return file;
+}
+
+// The device, and whether a script performs the user's actions.
+struct OpenedDevice {
+  MakeDevice make;
+  bool hasUser;
+};
+
+std::variant<OpenedDevice, Failure> openDevice(const RunOptions& options,
+                                               const OpenComputer& openComputer) {
+  if (!isScenario(options.device)) {
+    if (!openComputer) return usage("this program runs scenarios only; use wifi-profile run");
+    auto opened = openComputer(options);
+    if (auto* const failure = std::get_if<Failure>(&opened)) return std::move(*failure);
+    return OpenedDevice{std::get<MakeDevice>(std::move(opened)), false};
+  }
+  if (options.site) {
+    return usage("--site is for --device linux only: a scenario contains its own answers");
+  }
+  auto read = openScenario(*options.device);
+  if (!read) return Failure{kExitScenario, read.error()};
+  const auto scenario = std::make_shared<const scenario::Scenario>(*std::move(read));
+  return OpenedDevice{
+      [scenario](Pace& pace) { return std::make_unique<ScenarioRunDevice>(*scenario, pace); },
+      scenario->user.has_value()};
 }
 
 }  // namespace
@@ -64,40 +92,35 @@ Ui uiOf(const RunOptions& options) {
   return onTerminal && !options.virtualTime ? Ui::terminal : Ui::none;
 }
 
-std::variant<PreparedRun, Failure> prepareRun(const RunOptions& options) {
+std::variant<PreparedRun, Failure> prepareRun(const RunOptions& options,
+                                              const OpenComputer& openComputer) {
   const Ui ui = uiOf(options);
   if (ui != Ui::none && options.virtualTime) {
-    return usage(
-        unexpected("--time", "virtual", "real: a person at a screen needs time (or --ui none)"));
+    return usage("--time virtual cannot be used with a screen; use --ui none");
   }
-  if (options.virtualTime && !isOnPaper(options.device)) {
-    return usage(
-        unexpected("--time", "virtual", "real: only a device on paper can do without real time"));
+  if (options.virtualTime && !isScenario(options.device)) {
+    return usage("--time virtual is for scenarios only");
   }
   if (options.device == "-" && options.parametersFile == "-") {
-    return usage(
-        unexpected("--device and --parameters", "- for both", "standard input for one of them"));
+    return usage("--device and --parameters cannot both read standard input");
   }
   auto inputs = inputsOf(options);
-  if (const auto* problem = std::get_if<Problem>(&inputs)) return usage(*problem);
-  auto chosen = chooseDevice(options);
-  if (auto* failure = std::get_if<Failure>(&chosen)) return std::move(*failure);
-  auto& device = std::get<ChosenDevice>(chosen);
-  PreparedRun run{.inputs = std::get<std::shared_ptr<WiFiProfileInputs>>(inputs),
-                  .makeDevice = std::move(device.make),
-                  .traceFile = nullptr};
+  if (!inputs) return Failure{kExitUsage, inputs.error()};
+  auto opened = openDevice(options, openComputer);
+  if (auto* const failure = std::get_if<Failure>(&opened)) return std::move(*failure);
+  auto& device = std::get<OpenedDevice>(opened);
+  PreparedRun run{.inputs = *inputs, .makeDevice = std::move(device.make), .traceFile = nullptr};
   if (run.inputs->reprofileWithNetworksListUI() && !device.hasUser && ui == Ui::none) {
-    return usage(unexpected(placeOfPick(options), "a device without a user",
-                            "a scenario with \"user\" steps, or --ui terminal or window: "
-                            "--ui none draws no list to pick from"));
+    return usage(placeOfPick(options) +
+                 " with --ui none needs a scenario with \"user\"; use --ui terminal or window");
   }
   if (options.traceFile) {
     if (readsFrom(options, *options.traceFile)) {
-      return usage(
-          unexpected("--trace", "a file that is read, too", "a file that may be overwritten"));
+      return usage("--trace: " + *options.traceFile +
+                   " is an input of this run; name another file");
     }
     auto trace = openTrace(*options.traceFile);
-    if (auto* failure = std::get_if<Failure>(&trace)) return std::move(*failure);
+    if (auto* const failure = std::get_if<Failure>(&trace)) return std::move(*failure);
     run.traceFile = std::get<TraceFile::File>(std::move(trace));
   }
   return run;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <chrono>
 #include <fmt/format.h>
 #include <unistd.h>
@@ -12,6 +11,7 @@
 #include "app/cli/Console.h"
 #include "app/cli/ExitStatus.h"
 #include "app/cli/Files.h"
+#include "app/cli/OpenDevice.h"
 #include "app/cli/ScanRows.h"
 #include "diagnostic/platform/Array.h"
 #include "diagnostic/platform/Dictionary.h"
@@ -103,6 +103,34 @@ ObjectRef objectOf(const ScanRow& row) {
   });
 }
 
+Result<NetworksInRange> networksOfComputer(const ScanOptions& options) {
+  const auto machine = openComputer(options.device);
+  if (!machine) return machine.error();
+  const auto deadline = linux::Deadline::in(linux::kScanLimit);  // an interrupt ends the process
+  auto list = (*machine)->scan(std::chrono::seconds(options.maxScanCacheAge), deadline);
+  if (!list) return list.error();
+  const auto& missing = list->scan.incomplete;
+  if (missing && list->scan.accessPoints.empty()) return *missing;
+  return NetworksInRange{std::move(list->scan), std::move(list->joinedBssid)};
+}
+
+Error cannotList(const std::string& device, const std::string& why) {
+  return {Reason::failed, "cannot list networks of " + device + ": " + why};
+}
+
+// Returns the scan in a scenario's world.
+Result<NetworksInRange> networksOfScenario(const std::string& device,
+                                           const scenario::Scenario& scenario) {
+  const auto& world = scenario.world;
+  if (!world || !world->facts.scan) {
+    const std::string why = world ? world->facts.scan.error().message : "";
+    return cannotList(device, why.empty() ? "its world has no \"scan\"" : why);
+  }
+  NetworksInRange networks{*world->facts.scan, std::nullopt};
+  if (const auto& link = world->facts.link) networks.joinedBssid = link->bssid;
+  return networks;
+}
+
 }  // namespace
 
 std::string scanText(const NetworksInRange& networks, const ScanStyle& style) {
@@ -144,17 +172,23 @@ std::string scanJson(const NetworksInRange& networks, bool all) {
 }
 
 int scanCommand(const ScanOptions& options) {
-  const auto networks = networksInRange(options);
-  if (const auto* failure = std::get_if<Failure>(&networks)) return complain(*failure);
-  const auto& found = std::get<NetworksInRange>(networks);
-  const bool color = isTerminal(STDOUT_FILENO) && !environmentHas("NO_COLOR");
-  const std::string text = options.json ? scanJson(found, options.all)
-                                        : scanText(found, {.all = options.all, .color = color});
-  if (found.scan.incomplete) {
-    complain({kExitDone, found.scan.incomplete->message + " This is what was known already."});
+  Result<NetworksInRange> networks;
+  if (isScenario(options.device)) {
+    const auto scenario = openScenario(*options.device);
+    if (!scenario) return complain({kExitScenario, scenario.error()});
+    networks = networksOfScenario(*options.device, *scenario);
+  } else {
+    networks = networksOfComputer(options);
   }
-  if (writeAll(stdout, text)) return kExitDone;
-  return complain({kExitOutput, cannotBeWritten("standard output", errno)});
+  if (!networks) return complain({kExitNoDevice, networks.error()});
+  const bool color = isTerminal(STDOUT_FILENO) && !environmentHas("NO_COLOR");
+  const std::string text = options.json ? scanJson(*networks, options.all)
+                                        : scanText(*networks, {.all = options.all, .color = color});
+  if (const auto& incomplete = networks->scan.incomplete) {
+    complain(kExitDone, incomplete->message + " The list contains earlier results only.");
+  }
+  const Status printed = print(text);
+  return printed ? kExitDone : complain({kExitOutput, printed.error()});
 }
 
 }  // namespace wifi_profile::cli

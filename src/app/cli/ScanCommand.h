@@ -1,12 +1,19 @@
 // The command `wifi-profile scan`: the networks in range, as a table or as JSON.
 #pragma once
 
+#include <optional>
 #include <string>
 
+#include "analysis/facts/AirFacts.h"
 #include "app/cli/CommandLine.h"
-#include "app/cli/NetworksInRange.h"
 
 namespace wifi_profile::cli {
+
+// The data for a table of networks.
+struct NetworksInRange {
+  facts::Scan scan;
+  std::optional<std::string> joinedBssid;  // empty: not joined, or unknown
+};
 
 struct ScanStyle {
   bool all = false;    // every access point, not only the strongest of each name

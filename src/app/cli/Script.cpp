@@ -72,16 +72,18 @@ void Script::performNextStep() {
     if (ended_ || next_ == steps_.size()) return;
     index = next_++;
   }
-  const auto obstacle = perform_(steps_[index]);
-  if (!obstacle) return;
+  const Status performed = perform_(steps_[index]);
+  if (performed) return;
   const MutexLock lock(mutex_);
   ended_ = true;
-  failure_ = "/user/" + std::to_string(index) + ": " + *obstacle;
+  Error error = performed.error();
+  error.subject = "/user/" + std::to_string(index);
+  status_ = std::move(error);
 }
 
-std::optional<std::string> Script::failure() const {
+Status Script::status() const {
   const MutexLock lock(mutex_);
-  return failure_;
+  return status_;
 }
 
 std::string Script::reasonForBeingStuck() const {

@@ -3,12 +3,12 @@
 
 #include <cstddef>
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "devices/scenario/Scenario.h"
 #include "diagnostic/platform/Mutex.h"
+#include "diagnostic/platform/Result.h"
 #include "diagnostic/platform/RunObserver.h"
 
 namespace wifi_profile::cli {
@@ -20,10 +20,10 @@ namespace wifi_profile::cli {
 enum class ScreenUser { script, person };
 
 // Keeps the position in a script. `perform` performs steps on the main thread and returns why a
-// step cannot be performed; empty: the step succeeded. Any thread.
+// step cannot be performed. Any thread.
 class Script {
  public:
-  using Perform = std::function<std::optional<std::string>(const scenario::Step&)>;
+  using Perform = std::function<Status(const scenario::Step&)>;
 
   Script(std::vector<scenario::Step> steps, ScreenUser user, Perform perform);
 
@@ -42,8 +42,8 @@ class Script {
   // Performs the next step and advances, unless the script has ended. Main thread.
   void performNextStep();
 
-  // Returns why a step failed, with the step's place in the scenario; empty: no step has failed.
-  std::optional<std::string> failure() const;
+  // Returns why a step failed. The subject is the step's place in the scenario.
+  Status status() const;
 
   // Returns why an idle, unfinished run cannot continue: no steps are left, or the next step waits
   // for a test.
@@ -58,7 +58,7 @@ class Script {
   mutable Mutex mutex_;
   std::size_t next_ GUARDED_BY(mutex_) = 0;
   bool ended_ GUARDED_BY(mutex_) = false;
-  std::optional<std::string> failure_ GUARDED_BY(mutex_);
+  Status status_ GUARDED_BY(mutex_);
 };
 
 }  // namespace wifi_profile::cli

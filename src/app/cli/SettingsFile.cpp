@@ -6,18 +6,17 @@
 #include <fmt/format.h>
 
 #include "analysis/facts/IpAddresses.h"
+#include "app/cli/Files.h"
+#include "devices/CheckSettings.h"
 #include "devices/linux/probes/Http.h"
-#include "devices/scenario/ValueReader.h"
-#include "devices/scenario/WorldReader.h"
-#include "devices/scenario/WorldValues.h"
+#include "runtime/JsonFields.h"
 #include "runtime/JsonReader.h"
 
 namespace wifi_profile::cli {
 namespace {
 
-using scenario::FieldsReader;
-using scenario::takeText;
-using scenario::ValueReader;
+using runtime::FieldsReader;
+using runtime::ValueReader;
 
 constexpr std::string_view kName = "wifi-profile/settings.json";
 // RFC 1035, 2.3.4. IP addresses are shorter.
@@ -52,17 +51,17 @@ bool isHostName(std::string_view name) {
   }
 }
 
-void takeHost(scenario::FieldsReader& fields, std::string_view key, std::string& host) {
-  fields.take(key, [&](const scenario::ValueReader& field) {
+void takeHost(FieldsReader& fields, std::string_view key, std::string& host) {
+  fields.take(key, [&](const ValueReader& field) {
     host = field.text();
     if (facts::ipv4KindOf(host) || facts::ipv6KindOf(host) || isHostName(host)) return;
     field.fail("the name or the numeric address of a host");
   });
 }
 
-void takeWebAddress(scenario::FieldsReader& fields, std::string_view key, std::string& address,
+void takeWebAddress(FieldsReader& fields, std::string_view key, std::string& address,
                     std::string_view kind) {
-  fields.take(key, [&](const scenario::ValueReader& field) {
+  fields.take(key, [&](const ValueReader& field) {
     address = field.text();
     if (isWebAddress(address) && address.starts_with(kind)) return;
     field.fail(fmt::format("an address such as {}",
@@ -70,23 +69,23 @@ void takeWebAddress(scenario::FieldsReader& fields, std::string_view key, std::s
   });
 }
 
-void readSettings(const scenario::ValueReader& document, ToolSettings& settings) {
-  document.object([&](scenario::FieldsReader& fields) {
-    fields.take("checks", [&](const scenario::ValueReader& field) {
-      scenario::readCheckSettings(field, settings.checks);
+void readSettings(const ValueReader& document, ToolSettings& settings) {
+  document.object([&](FieldsReader& fields) {
+    fields.take("checks", [&](const ValueReader& field) {
+      devices::readCheckSettings(field, settings.checks);
     });
-    fields.take("internet", [&](const scenario::ValueReader& internet) {
-      internet.object([&](scenario::FieldsReader& parts) {
+    fields.take("internet", [&](const ValueReader& internet) {
+      internet.object([&](FieldsReader& parts) {
         takeHost(parts, "pingHost", settings.targets.pingHost);
         takeHost(parts, "name", settings.targets.name);
         takeWebAddress(parts, "portalUrl", settings.targets.portalUrl, "http://");
-        scenario::takeText(parts, "portalText", settings.targets.portalText);
+        takeText(parts, "portalText", settings.targets.portalText);
       });
     });
-    fields.take("site", [&](const scenario::ValueReader& site) {
-      site.object([&](scenario::FieldsReader& parts) {
+    fields.take("site", [&](const ValueReader& site) {
+      site.object([&](FieldsReader& parts) {
         takeWebAddress(parts, "url", settings.targets.siteUrl, "http");
-        scenario::takeText(parts, "text", settings.targets.siteText);
+        takeText(parts, "text", settings.targets.siteText);
       });
     });
   });
@@ -118,30 +117,22 @@ std::vector<std::string> settingsFiles() {
   return files;
 }
 
-std::optional<Problem> addSettings(std::string_view text, const std::string& file,
-                                   ToolSettings& settings) {
-  const auto document = runtime::readJson(text);
-  if (const auto* fault = std::get_if<runtime::JsonFault>(&document)) {
-    return unexpected(fmt::format("{}:{}:{}", file, fault->line, fault->column), fault->found,
-                      fault->expected);
-  }
-  std::optional<scenario::Fault> fault;
-  readSettings(scenario::ValueReader(std::get<ObjectRef>(document), "", fault), settings);
-  if (!fault) return {};
-  return unexpected(
-      fmt::format("{}: {}", file, fault->pointer.empty() ? "at the top" : "at " + fault->pointer),
-      fault->found, fault->expected);
+Status addSettings(std::string_view text, const std::string& file, ToolSettings& settings) {
+  const auto document = runtime::readJson(text, file);
+  if (!document) return document.error();
+  return runtime::readDocument(*document, file,
+                               [&](const ValueReader& value) { readSettings(value, settings); });
 }
 
-std::variant<ToolSettings, Problem> readSettingsFiles(const std::vector<std::string>& files) {
+Result<ToolSettings> readSettingsFiles(const std::vector<std::string>& files) {
   ToolSettings settings;
   for (const std::string& file : files) {
     std::error_code notThere;
     if (!std::filesystem::exists(file, notThere)) continue;
-    auto content = readFile(file);
-    if (auto* problem = std::get_if<Problem>(&content)) return std::move(*problem);
-    auto problem = addSettings(std::get<std::string>(content), file, settings);
-    if (problem) return std::move(*problem);
+    const auto content = readFile(file);
+    if (!content) return content.error();
+    const Status added = addSettings(*content, file, settings);
+    if (!added) return added.error();
   }
   return settings;
 }

@@ -1,15 +1,13 @@
 // Reads the settings of the user and of the system. docs/SETTINGS.md describes the files.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
 #include "analysis/checks/Settings.h"
-#include "app/cli/Files.h"
 #include "devices/Targets.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::cli {
 
@@ -25,13 +23,12 @@ struct ToolSettings {
 // it, in ~/.config.
 std::vector<std::string> settingsFiles();
 
-// Applies the content `text` of `file` to the settings. On a problem some settings may have
+// Applies the content `text` of `file` to the settings. On an error some settings may have
 // changed.
-std::optional<Problem> addSettings(std::string_view text, const std::string& file,
-                                   ToolSettings& settings);
+Status addSettings(std::string_view text, const std::string& file, ToolSettings& settings);
 
 // Returns the defaults, changed by each of the files in order. Missing files are skipped.
-std::variant<ToolSettings, Problem> readSettingsFiles(const std::vector<std::string>& files);
+Result<ToolSettings> readSettingsFiles(const std::vector<std::string>& files);
 
 // Returns true if the text is the address of a page: http or https, a host, optionally a port from
 // 1 to 65535, no blanks.

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 
+#include "app/cli/Files.h"
 #include "runtime/JsonWriter.h"
 
 namespace wifi_profile::cli {
@@ -19,12 +20,14 @@ void TraceFile::event(std::string_view name, const Fields& fields) {
   line += "}\n";
   // Flush each line, so that a reader can follow the run.
   const bool written = std::fwrite(line.data(), 1, line.size(), file_.get()) == line.size();
-  if ((!written || std::fflush(file_.get()) != 0) && firstError_ == 0) firstError_ = errno;
+  if ((!written || std::fflush(file_.get()) != 0) && status_) {
+    status_ = systemError("cannot write " + path_, errno);
+  }
 }
 
-int TraceFile::firstError() const {
+Status TraceFile::status() const {
   const MutexLock lock(mutex_);
-  return firstError_;
+  return status_;
 }
 
 }  // namespace wifi_profile::cli

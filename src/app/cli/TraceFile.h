@@ -7,6 +7,7 @@
 #include <string>
 
 #include "diagnostic/platform/Mutex.h"
+#include "diagnostic/platform/Result.h"
 #include "diagnostic/platform/Trace.h"
 #include "diagnostic/platform/WorkQueues.h"
 
@@ -21,19 +22,21 @@ class TraceFile final : public Trace {
   };
   using File = std::unique_ptr<std::FILE, Close>;
 
-  // `queues` must outlive the trace.
-  TraceFile(const WorkQueues& queues, File file) : queues_(queues), file_(std::move(file)) {}
+  // `queues` must outlive the trace. `path` is for messages.
+  TraceFile(const WorkQueues& queues, File file, std::string path)
+      : queues_(queues), path_(std::move(path)), file_(std::move(file)) {}
 
   void event(std::string_view name, const Fields& fields) override;
 
-  // Returns the `errno` of the first write that failed; 0: no write has failed.
-  int firstError() const;
+  // Returns the error of the first write that failed.
+  Status status() const;
 
  private:
   const WorkQueues& queues_;
+  const std::string path_;
   mutable Mutex mutex_;
   File file_ GUARDED_BY(mutex_);
-  int firstError_ GUARDED_BY(mutex_) = 0;
+  Status status_ GUARDED_BY(mutex_);
   std::int64_t sequence_ GUARDED_BY(mutex_) = 0;
 };
 

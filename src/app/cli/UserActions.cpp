@@ -11,7 +11,6 @@
 namespace wifi_profile::cli {
 namespace {
 
-using Obstacle = std::optional<std::string>;  // empty: the step can be performed
 using scenario::Action;
 using scenario::Step;
 
@@ -20,78 +19,82 @@ std::shared_ptr<toolkit::TableView> tableOnScreen(const WiFiProfileViewControlle
   return table && table->superview() ? table : nullptr;
 }
 
+// Says why a step cannot be performed.
+Error obstacle(std::string message) { return {Reason::failed, std::move(message)}; }
+
 std::int64_t countOf(const toolkit::TableView& table, std::int64_t section) {
   return static_cast<std::int64_t>(table.rowsOfSection(section).size());
 }
 
-Obstacle tapRow(toolkit::TableView& table, toolkit::IndexPath path) {
+Status tapRow(toolkit::TableView& table, toolkit::IndexPath path) {
   if (path.row < 0 || path.row >= countOf(table, path.section)) {
-    return "no row " + std::to_string(path.row) + " in section " + std::to_string(path.section) +
-           ", which has " + std::to_string(countOf(table, path.section)) + " rows";
+    return obstacle("no row " + std::to_string(path.row) + " in section " +
+                    std::to_string(path.section) + ", which has " +
+                    std::to_string(countOf(table, path.section)) + " rows");
   }
-  if (!table.allowsSelection()) return "the list is being refreshed";
-  if (!table.canTap(path)) return "the row cannot be tapped";
+  if (!table.allowsSelection()) return obstacle("the list is being refreshed");
+  if (!table.canTap(path)) return obstacle("the row cannot be tapped");
   table.tap(path);
-  return std::nullopt;
+  return {};
 }
 
-Obstacle tapNetwork(toolkit::TableView& table, const std::string& name) {
+Status tapNetwork(toolkit::TableView& table, const std::string& name) {
   const auto& rows = table.rowsOfSection(kNetworksSection);
   const auto found = std::find_if(rows.begin(), rows.end(), [&](const auto& row) {
     return row.title && row.title->string() == name;
   });
   if (found == rows.end()) {
-    return "no row " + runtime::jsonString(name) + " in the list of networks";
+    return obstacle("no row " + runtime::jsonString(name) + " in the list of networks");
   }
   return tapRow(table, {kNetworksSection, found - rows.begin()});
 }
 
-Obstacle pull(const toolkit::TableView& table) {
+Status pull(const toolkit::TableView& table) {
   const auto& control = table.refreshControl();
-  if (!control) return "the list cannot be refreshed yet";
-  if (control->isRefreshing()) return "the list is being refreshed";
+  if (!control) return obstacle("the list cannot be refreshed yet");
+  if (control->isRefreshing()) return obstacle("the list is being refreshed");
   control->pull();
-  return std::nullopt;
+  return {};
 }
 
-Obstacle scrollAway(toolkit::TableView& table, std::int64_t section) {
+Status scrollAway(toolkit::TableView& table, std::int64_t section) {
   if (section < 0 || section >= table.numberOfSections()) {
-    return "no section " + std::to_string(section) + " in the table";
+    return obstacle("no section " + std::to_string(section) + " in the table");
   }
   table.scrollHeaderAwayAndBack(section);
-  return std::nullopt;
+  return {};
 }
 
-Obstacle tapNext(const WiFiProfileViewController& controller) {
+Status tapNext(const WiFiProfileViewController& controller) {
   const auto item = controller.navigationItem();
   const auto button = item ? item->rightBarButtonItem() : nullptr;
-  if (!button) return "the navigation bar has no button";
-  if (!button->isEnabled()) return "the button is disabled";
+  if (!button) return obstacle("the navigation bar has no button");
+  if (!button->isEnabled()) return obstacle("the button is disabled");
   button->tap();
-  return std::nullopt;
+  return {};
 }
 
-Obstacle type(toolkit::Alert& alert, const std::string& text) {
-  if (alert.textFields().empty()) return "the alert has no text field";
+Status type(toolkit::Alert& alert, const std::string& text) {
+  if (alert.textFields().empty()) return obstacle("the alert has no text field");
   alert.type(text);
-  return std::nullopt;
+  return {};
 }
 
-Obstacle tapAction(toolkit::Alert& alert, const std::string& title) {
+Status tapAction(toolkit::Alert& alert, const std::string& title) {
   const auto& actions = alert.actions();
   const auto found = std::find_if(actions.begin(), actions.end(),
                                   [&](const auto& action) { return action->title() == title; });
   if (found == actions.end()) {
-    return "no action " + runtime::jsonString(title) + " in the alert";
+    return obstacle("no action " + runtime::jsonString(title) + " in the alert");
   }
   if (!(*found)->isEnabled()) {
-    return "the action " + runtime::jsonString(title) + " is disabled";
+    return obstacle("the action " + runtime::jsonString(title) + " is disabled");
   }
   alert.tap(**found);
-  return std::nullopt;
+  return {};
 }
 
-Obstacle onTable(toolkit::TableView& table, const scenario::Step& step) {
+Status onTable(toolkit::TableView& table, const scenario::Step& step) {
   switch (step.action) {
     case scenario::Action::tapNetwork:
       return tapNetwork(table, step.text);
@@ -108,20 +111,20 @@ Obstacle onTable(toolkit::TableView& table, const scenario::Step& step) {
 
 }  // namespace
 
-Obstacle performOnScreen(WiFiProfileViewController& controller, const scenario::Step& step) {
+Status performOnScreen(WiFiProfileViewController& controller, const scenario::Step& step) {
   const auto& alert = controller.presentedAlert();
   if (step.action == scenario::Action::type || step.action == scenario::Action::tapAction) {
-    if (!alert) return "no alert is presented";
+    if (!alert) return obstacle("no alert is presented");
     return step.action == scenario::Action::type ? type(*alert, step.text)
                                                  : tapAction(*alert, step.text);
   }
   // A scroll is allowed under an alert: it is not a tap.
   if (alert && step.action != scenario::Action::scrollAway) {
-    return "an alert covers the screen";
+    return obstacle("an alert covers the screen");
   }
   if (step.action == scenario::Action::tapNext) return tapNext(controller);
   const auto table = tableOnScreen(controller);
-  if (!table) return "the list of networks is not on the screen";
+  if (!table) return obstacle("the list of networks is not on the screen");
   return onTable(*table, step);
 }
 

@@ -8,6 +8,7 @@
 
 #include "app/cli/Console.h"
 #include "app/cli/ExitStatus.h"
+#include "app/cli/LinuxRunDevice.h"
 #include "app/cli/Program.h"
 #include "app/cli/RunCommand.h"
 #include "app/window/WindowScreen.h"
@@ -37,20 +38,23 @@ bool hasDisplay() {
 
 int main(int argc, char** argv) {
   std::unique_ptr<QGuiApplication> application;
-  const auto makeScreen = [&]() -> std::variant<std::shared_ptr<app::PersonScreen>, std::string> {
+  const auto makeScreen = [&]() -> Result<std::shared_ptr<app::PersonScreen>> {
     if (!hasDisplay()) {
-      return "found no display (neither WAYLAND_DISPLAY nor DISPLAY is set), expected one for "
-             "window; try terminal";
+      return Error{.reason = Reason::failed,
+                   .message =
+                       "no display: neither WAYLAND_DISPLAY nor DISPLAY is set; "
+                       "use --ui terminal",
+                   .subject = "--ui window"};
     }
     qInstallMessageHandler(sayAndEnd);
     QGuiApplication::setDesktopFileName(QStringLiteral("org.wifi_profile.WifiProfile"));
     application = std::make_unique<QGuiApplication>(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QGuiApplication::desktopFileName()));
-    return std::make_shared<window::WindowScreen>();
+    return std::shared_ptr<app::PersonScreen>(std::make_shared<window::WindowScreen>());
   };
   return runProgram(argc, argv, [&](RunOptions options) {
     if (!options.ui) options.ui = Ui::window;
-    return runCommand(options, Ui::window, makeScreen);
+    return runCommand(options, {Ui::window, makeScreen}, openLinuxRunDevice);
   });
 }

@@ -1,5 +1,5 @@
-// `wifi-profile`: all commands. For `run` it executes the program that draws the screen, so that
-// the other commands do not load what only a run needs.
+// `wifi-profile`: all commands. For `run` it executes the program that draws the screen or opens
+// the device, so that no program loads the libraries of another.
 
 #include <filesystem>
 #include <fmt/format.h>
@@ -7,9 +7,41 @@
 
 #include "app/cli/Console.h"
 #include "app/cli/ExitStatus.h"
+#include "app/cli/Files.h"
+#include "app/cli/OpenDevice.h"
 #include "app/cli/Program.h"
+#include "app/cli/ScanCommand.h"
+#include "app/cli/TestsCommand.h"
+#include "report/Explanation.h"
 
 namespace {
+
+using namespace wifi_profile;
+using namespace wifi_profile::cli;
+
+int printed(const std::string& text) {
+  const Status status = print(text);
+  return status ? kExitDone : complain({kExitOutput, status.error()});
+}
+
+int explain(const ExplainOptions& options) {
+  if (!options.key) return printed(report::allKeysText());
+  if (const auto text = report::explainText(*options.key)) return printed(*text);
+  const auto similar = report::similarKeys(*options.key);
+  return complain(
+      kExitUsage,
+      fmt::format("explain: unknown key \"{}\"; {}", *options.key,
+                  similar.empty() ? "list all keys with 'wifi-profile explain'"
+                                  : fmt::format("similar keys: {}", fmt::join(similar, ", "))));
+}
+
+int perform(const Command& command) {
+  if (const auto* const scan = std::get_if<ScanOptions>(&command)) return scanCommand(*scan);
+  if (const auto* const tests = std::get_if<TestsOptions>(&command)) {
+    return printed(tests->json ? testsJson() : testsText());
+  }
+  return explain(std::get<ExplainOptions>(command));
+}
 
 // Replaces this process by the program, with the same arguments. Returns only if the program cannot
 // be executed.
@@ -22,19 +54,21 @@ void becomeProgram(const char* name, char** argv) {
   for (const auto& folder : {beside, installed}) execv((folder / name).c_str(), argv);
 }
 
+int run(const RunOptions& options, char** argv) {
+  const bool window = options.ui == Ui::window;
+  const char* const program = window                       ? "wifi-profile-window"
+                              : isScenario(options.device) ? "wifi-profile-run"
+                                                           : "wifi-profile-run-linux";
+  becomeProgram(program, argv);
+  return complain(kExitUsage,
+                  fmt::format("cannot run {}: it is not in this program's folder or its "
+                              "libexec folder{}",
+                              program, window ? "; use --ui terminal" : ""));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  using namespace wifi_profile;
-  using namespace wifi_profile::cli;
-  return runProgram(argc, argv, [argv](const RunOptions& options) {
-    const bool window = options.ui == Ui::window;
-    const char* const program = window ? "wifi-profile-window" : "wifi-profile-run";
-    becomeProgram(program, argv);
-    return complain(
-        {kExitUsage, fmt::format("{}: found no {} beside this program or in its libexec folder, "
-                                 "expected it to be installed{}",
-                                 window ? "--ui window" : "run", program,
-                                 window ? "; or try --ui terminal" : "")});
-  });
+  return runProgram(
+      argc, argv, [argv](const RunOptions& options) { return run(options, argv); }, perform);
 }

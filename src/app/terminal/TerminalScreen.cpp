@@ -325,14 +325,12 @@ void TerminalScreen::close() {
 
 }  // namespace
 
-std::variant<std::shared_ptr<app::PersonScreen>, std::string> makeTerminalScreen(
-    TerminalStyle style) {
+Result<std::shared_ptr<app::PersonScreen>> makeTerminalScreen(TerminalStyle style) {
   auto queue = std::make_shared<runtime::AsioMainQueue>();
   DeferredStop stops;
   auto tty = Tty::open(style.color);
-  if (auto* reason = std::get_if<std::string>(&tty)) return std::move(*reason);
-  auto screen = std::make_shared<TerminalScreen>(std::get<std::unique_ptr<Tty>>(std::move(tty)),
-                                                 std::move(queue));
+  if (!tty) return tty.error();
+  auto screen = std::make_shared<TerminalScreen>(*std::move(tty), std::move(queue));
   screen->begin();
   stops.screenHandlesStop();
   return std::shared_ptr<app::PersonScreen>(std::move(screen));

@@ -13,13 +13,13 @@
 #include <langinfo.h>
 #include <poll.h>
 #include <sys/ioctl.h>
+#include <system_error>
 #include <termios.h>
 #include <unistd.h>
 
 #include "app/terminal/KeyDecoder.h"
 #include "app/terminal/TerminalRestore.h"
 #include "app/terminal/Terminfo.h"
-#include "runtime/SafeText.h"
 
 namespace wifi_profile::terminal {
 namespace {
@@ -221,18 +221,19 @@ struct Tty::State {
 
 Tty::Tty(std::unique_ptr<State> state) : state_(std::move(state)) {}
 
-std::variant<std::unique_ptr<Tty>, std::string> Tty::open(bool color) {
+Result<std::unique_ptr<Tty>> Tty::open(bool color) {
   auto state = std::make_unique<State>();
   const bool utf8 = useUtf8();
   state->in = openTerminal("r", O_RDONLY);
   state->out = openTerminal("w", O_WRONLY);
   if (!state->in || !state->out || tcgetattr(fileno(state->out), &state->modes) != 0) {
-    return "found no terminal, expected one to draw on";
+    return Error{Reason::failed, "cannot open /dev/tty: " + std::generic_category().message(errno),
+                 "Use --ui none."};
   }
   const char* const environment = std::getenv("TERM");
   const std::string kind = environment ? environment : "";
-  const std::string unusable = "found TERM \"" + runtime::safeText(kind) +
-                               "\", expected a terminal whose cursor can be moved";
+  const Error unusable{Reason::failed, "TERM \"" + kind + "\" cannot move the cursor.",
+                       "Set TERM or use --ui none."};
   winsize size{};
   ioctl(fileno(state->out), TIOCGWINSZ, &size);
   const auto sequence = restoringSequenceOf(kind, fileno(state->out), size.ws_row);

@@ -3,11 +3,10 @@
 
 #include <memory>
 #include <optional>
-#include <string>
-#include <variant>
 
 #include "app/terminal/Key.h"
 #include "app/terminal/Marks.h"
+#include "diagnostic/platform/Result.h"
 
 namespace wifi_profile::terminal {
 
@@ -16,8 +15,7 @@ namespace wifi_profile::terminal {
 // from the environment, or to C.UTF-8 if that is not UTF-8.
 class Tty final {
  public:
-  // Opens the terminal, or returns why it cannot: "found ..., expected ...".
-  static std::variant<std::unique_ptr<Tty>, std::string> open(bool color);
+  static Result<std::unique_ptr<Tty>> open(bool color);
   Tty(const Tty&) = delete;
   Tty& operator=(const Tty&) = delete;
   // Restores the terminal, unless it is released.

@@ -8,6 +8,10 @@
 #include "diagnostic/platform/Number.h"
 
 namespace wifi_profile::scenario {
+
+using runtime::FieldsReader;
+using runtime::ValueReader;
+
 namespace {
 
 DiagnosticsTestID readTest(const ValueReader& value) {
@@ -153,7 +157,7 @@ void takeAction(FieldsReader& fields, Step& step) {
   take("teardown", Action::teardown, nothing);
   take("wait", Action::wait,
        [&](const ValueReader& field) { step.time = field.seconds(kLongestTime); });
-  if (actions == 0) fields.refuseOthers();  // the fault names a misspelt action
+  if (actions == 0) fields.refuseOthers();  // the error names a misspelt action
   if (actions != 1) {
     fields.object().fail("a step with " + std::to_string(actions) + " actions",
                          "a step with one action");
@@ -181,12 +185,8 @@ void readAnswers(const ValueReader& value, Scenario& scenario) {
   });
 }
 
-}  // namespace
-
-std::variant<Scenario, Fault> readScenario(const ObjectRef& document) {
-  std::optional<Fault> fault;
-  Scenario scenario;
-  ValueReader(document, "", fault).object([&](FieldsReader& fields) {
+void readFields(const ValueReader& value, Scenario& scenario) {
+  value.object([&](FieldsReader& fields) {
     fields.require("scenario", [](const ValueReader& field) {
       const auto version = as<Number>(field.value());
       if (!version || !(*version == *Number::withInteger(1))) field.fail("1, the scenario version");
@@ -211,7 +211,15 @@ std::variant<Scenario, Fault> readScenario(const ObjectRef& document) {
       field.list([&](const ValueReader& step) { scenario.user->push_back(readStep(step)); });
     });
   });
-  if (fault) return *std::move(fault);
+}
+
+}  // namespace
+
+Result<Scenario> readScenario(const ObjectRef& document, std::string_view name) {
+  Scenario scenario;
+  const Status read = runtime::readDocument(
+      document, name, [&](const ValueReader& value) { readFields(value, scenario); });
+  if (!read) return read.error();
   return scenario;
 }
 

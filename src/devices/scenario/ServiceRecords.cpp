@@ -7,6 +7,10 @@
 #include "diagnostic/platform/Number.h"
 
 namespace wifi_profile::scenario {
+
+using runtime::FieldsReader;
+using runtime::ValueReader;
+
 namespace {
 
 // Reads a double. JSON has no number for values that are not finite, so they are texts.

@@ -8,6 +8,10 @@
 #include "diagnostic/platform/Array.h"
 
 namespace wifi_profile::scenario {
+
+using runtime::FieldsReader;
+using runtime::ValueReader;
+
 namespace {
 
 using ieee80211::Band;

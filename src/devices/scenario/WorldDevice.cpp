@@ -2,6 +2,10 @@
 #include "devices/scenario/WorldValues.h"
 
 namespace wifi_profile::scenario {
+
+using runtime::FieldsReader;
+using runtime::ValueReader;
+
 namespace {
 
 constexpr int kMostThings = 1'000'000;

@@ -4,51 +4,51 @@
 #include <vector>
 
 #include "analysis/facts/Facts.h"
-#include "devices/scenario/ValueReader.h"
+#include "runtime/JsonFields.h"
 
 namespace wifi_profile::scenario {
 
 template <class T>
-T readFact(const ValueReader& value);
+T readFact(const runtime::ValueReader& value);
 
 // WorldAir.cpp
 template <>
-facts::Link readFact(const ValueReader& value);
+facts::Link readFact(const runtime::ValueReader& value);
 template <>
-facts::Scan readFact(const ValueReader& value);
+facts::Scan readFact(const runtime::ValueReader& value);
 template <>
-std::vector<facts::ChannelSurvey> readFact(const ValueReader& value);
+std::vector<facts::ChannelSurvey> readFact(const runtime::ValueReader& value);
 template <>
-facts::Radio readFact(const ValueReader& value);
+facts::Radio readFact(const runtime::ValueReader& value);
 template <>
-facts::Regulatory readFact(const ValueReader& value);
+facts::Regulatory readFact(const runtime::ValueReader& value);
 
 // WorldDevice.cpp
 template <>
-facts::Addresses readFact(const ValueReader& value);
+facts::Addresses readFact(const runtime::ValueReader& value);
 template <>
-facts::ActiveProfile readFact(const ValueReader& value);
+facts::ActiveProfile readFact(const runtime::ValueReader& value);
 template <>
-std::vector<facts::SavedNetwork> readFact(const ValueReader& value);
+std::vector<facts::SavedNetwork> readFact(const runtime::ValueReader& value);
 template <>
-facts::SessionProxy readFact(const ValueReader& value);
+facts::SessionProxy readFact(const runtime::ValueReader& value);
 template <>
-facts::Bluetooth readFact(const ValueReader& value);
+facts::Bluetooth readFact(const runtime::ValueReader& value);
 template <>
-facts::Coexistence readFact(const ValueReader& value);
+facts::Coexistence readFact(const runtime::ValueReader& value);
 
 // WorldReach.cpp
 template <>
-facts::Pings readFact(const ValueReader& value);
+facts::Pings readFact(const runtime::ValueReader& value);
 template <>
-facts::NameResolution readFact(const ValueReader& value);
+facts::NameResolution readFact(const runtime::ValueReader& value);
 template <>
-facts::PortalProbe readFact(const ValueReader& value);
+facts::PortalProbe readFact(const runtime::ValueReader& value);
 template <>
-facts::SiteReach readFact(const ValueReader& value);
+facts::SiteReach readFact(const runtime::ValueReader& value);
 template <>
-facts::SitePage readFact(const ValueReader& value);
+facts::SitePage readFact(const runtime::ValueReader& value);
 template <>
-facts::RouterOutside readFact(const ValueReader& value);
+facts::RouterOutside readFact(const runtime::ValueReader& value);
 
 }  // namespace wifi_profile::scenario

@@ -3,6 +3,9 @@
 
 namespace wifi_profile::scenario {
 
+using runtime::FieldsReader;
+using runtime::ValueReader;
+
 template <>
 facts::Pings readFact(const ValueReader& value) {
   constexpr int kMostPings = 10'000;

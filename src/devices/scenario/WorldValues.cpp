@@ -4,53 +4,16 @@
 
 #include "analysis/facts/IpAddresses.h"
 #include "analysis/facts/SecurityKinds.h"
+#include "devices/CheckSettings.h"
 #include "diagnostic/platform/Number.h"
 
 namespace wifi_profile::scenario {
 
+using runtime::FieldsReader;
+using runtime::ValueReader;
+
 using ieee80211::Band;
 using ieee80211::Security;
-
-void takeText(FieldsReader& fields, std::string_view key, std::string& target) {
-  fields.take(key, [&](const ValueReader& field) { target = field.text(); });
-}
-
-void takeText(FieldsReader& fields, std::string_view key, std::optional<std::string>& target) {
-  fields.take(key, [&](const ValueReader& field) { target = field.text(); });
-}
-
-void takeFlag(FieldsReader& fields, std::string_view key, bool& target) {
-  fields.take(key, [&](const ValueReader& field) { target = field.boolean(); });
-}
-
-void takeFlag(FieldsReader& fields, std::string_view key, std::optional<bool>& target) {
-  fields.take(key, [&](const ValueReader& field) { target = field.boolean(); });
-}
-
-void takeTexts(FieldsReader& fields, std::string_view key, std::vector<std::string>& target) {
-  takeTexts(fields, key, target, [](const ValueReader& text) { return text.text(); });
-}
-
-void takeTexts(FieldsReader& fields, std::string_view key, std::vector<std::string>& target,
-               std::string (*read)(const ValueReader&)) {
-  fields.take(key, [&](const ValueReader& field) {
-    target.clear();
-    field.list([&](const ValueReader& text) { target.push_back(read(text)); });
-  });
-}
-
-void takeInteger(FieldsReader& fields, std::string_view key, int least, int most, int& target) {
-  fields.take(key, [&](const ValueReader& field) {
-    target = static_cast<int>(field.integer(least, most));
-  });
-}
-
-void takeInteger(FieldsReader& fields, std::string_view key, int least, int most,
-                 std::optional<int>& target) {
-  fields.take(key, [&](const ValueReader& field) {
-    target = static_cast<int>(field.integer(least, most));
-  });
-}
 
 std::string readSsid(const ValueReader& value) {
   constexpr std::size_t kLongest = 32;
@@ -60,21 +23,9 @@ std::string readSsid(const ValueReader& value) {
   return "?";
 }
 
-std::optional<std::string> addressIn(std::string text) {
-  constexpr std::string_view kPattern = "xx:xx:xx:xx:xx:xx";
-  const auto isDigit = [](char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f'); };
-  for (char& c : text) {
-    if (c >= 'A' && c <= 'F') c = static_cast<char>(c - 'A' + 'a');
-  }
-  const bool fits =
-      std::equal(text.begin(), text.end(), kPattern.begin(), kPattern.end(),
-                 [&](char c, char pattern) { return pattern == 'x' ? isDigit(c) : c == pattern; });
-  return fits ? std::optional(std::move(text)) : std::nullopt;
-}
-
 std::string readBssid(const ValueReader& value) {
   const auto text = as<Text>(value.value());
-  if (const auto address = addressIn(text ? text->string() : "")) return *address;
+  if (const auto address = devices::macAddressIn(text ? text->string() : "")) return *address;
   value.fail("an address such as \"02:00:00:00:00:01\"");
   return "02:00:00:00:00:00";
 }

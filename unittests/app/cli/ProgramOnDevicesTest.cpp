@@ -34,7 +34,7 @@ TEST_F(ProgramOnDevices, ListsTheNetworksInRangeForPrograms) {
 
 TEST_F(ProgramOnDevices, FindsNoNetworksOnADeviceWithoutAir) {
   expectRefusal(run("scan --device " + file("scenario.json", R"({"scenario":1})")), 69,
-                "a scenario whose world has one");
+                "its world has no \"scan\"");
   const std::string off =
       file("off.json", R"({"scenario":1,"world":{"scan":{"unknown":"radioOff"}}})");
   expectRefusal(run("scan --device " + off), 69, "off.json: Wi-Fi is switched off.");
@@ -57,7 +57,7 @@ TEST_F(ProgramOnDevices, RefusesAnAgeThatIsNoneInTheSameWordsForEveryCommand) {
 TEST_F(ProgramOnDevices, WantsANameWhereOneIsAnnounced) {
   for (const char* command : {"run", "scan"}) {
     expectRefusal(run(std::string(command) + " --device linux:"), 64,
-                  "--device: found \"linux:\" without a name, expected linux, or linux:IFNAME");
+                  "--device: no interface name after \"linux:\"; use linux or linux:wlan0");
   }
 }
 
@@ -69,19 +69,20 @@ TEST_F(ProgramOnDevices, SaysThatThisMachineHasNoSuchInterface) {
   for (const char* command : {"run ", "scan "}) {
     const Outcome outcome = run(std::string(command) + kNoInterface);
     expectRefusal(outcome, 69, "linux:no-such-interface-anywhere: ");
-    EXPECT_THAT(outcome.err, HasSubstr(" Without Wi-Fi there is --device demo.\n"));
+    EXPECT_THAT(outcome.err, HasSubstr(" Use --device demo to run without Wi-Fi.\n"));
   }
 }
 
 TEST_F(ProgramOnDevices, TakesASiteForThisMachineOnly) {
-  expectRefusal(run("run --device demo --site https://example.com/"), 64, "--site: found a device");
+  expectRefusal(run("run --device demo --site https://example.com/"), 64,
+                "--site is for --device linux only");
   expectRefusal(run(std::string("run --site example.com ") + kNoInterface), 64,
                 "--site: found \"example.com\", expected an address such as https://example.com/");
 }
 
 TEST_F(ProgramOnDevices, RunsThisMachineInRealTimeOnly) {
   expectRefusal(run(std::string("run --time virtual ") + kNoInterface), 64,
-                "--time: found virtual, expected real");
+                "--time virtual is for scenarios only");
 }
 
 TEST_F(ProgramOnDevices, RefusesSettingsThatCannotBeUsed) {

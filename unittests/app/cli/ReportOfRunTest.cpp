@@ -1,4 +1,4 @@
-// Reports of whole runs on paper.
+// Reports of whole runs of scenarios.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

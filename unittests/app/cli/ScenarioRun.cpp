@@ -62,16 +62,17 @@ std::string projectFile(const std::string& path) {
 ScenarioResult runScenario(const std::string& json, runtime::RunLoop& loop, const Wish& wish,
                            const std::function<void(cli::DiagnosticRun&)>& before) {
   const auto document = runtime::readJson(json);
-  const auto read = scenario::readScenario(std::get<ObjectRef>(document));
+  const auto read = scenario::readScenario(*document);
   const std::string tracePath =
       ::testing::TempDir() + "trace-" + std::to_string(::getpid()) + ".ndjson";
   const File lines(std::tmpfile());
   ScenarioResult result{};
   {
-    cli::TraceFile trace(loop, cli::TraceFile::File(std::fopen(tracePath.c_str(), "wb")));
+    cli::TraceFile trace(loop, cli::TraceFile::File(std::fopen(tracePath.c_str(), "wb")),
+                         tracePath);
     const InstalledPlatform installedTrace({.trace = &trace});
     cli::ProgressLine line(lines.get(), cli::ProgressLine::Shows::lines);
-    const auto& scenario = std::get<scenario::Scenario>(read);
+    const auto& scenario = *read;
     std::unique_ptr<cli::RunDevice> device =
         wish.traceClose ? std::make_unique<CloseTracingDevice>(scenario, loop)
                         : std::make_unique<cli::ScenarioRunDevice>(scenario, loop);
@@ -90,7 +91,7 @@ ScenarioResult runScenario(const std::string& json, runtime::RunLoop& loop, cons
       result.report = report::reportOf(run->finishedRun());
     }
     if (result.ending == cli::Ending::stuck) result.reason = run->reason();
-    EXPECT_EQ(trace.firstError(), 0);
+    EXPECT_TRUE(trace.status());
   }
   result.trace = contentOf(tracePath);
   result.lines = contentOf(lines.get());

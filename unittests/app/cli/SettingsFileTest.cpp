@@ -37,17 +37,16 @@ class SettingsFiles : public ::testing::Test {
   // The settings that one file of this text makes.
   ToolSettings settings(const std::string& text) const {
     const auto read = readSettingsFiles({file("one", text)});
-    const auto* const problem = std::get_if<Problem>(&read);
-    EXPECT_EQ(problem, nullptr) << problem->message;
-    return problem ? ToolSettings{} : std::get<ToolSettings>(read);
+    EXPECT_TRUE(read) << read.error().message;
+    return read ? *read : ToolSettings{};
   }
   // The message about one file of this text, without the folder.
   std::string problem(const std::string& text) const {
     const auto read = readSettingsFiles({file("one", text)});
-    const auto* const found = std::get_if<Problem>(&read);
-    if (!found) return "no problem";
-    EXPECT_EQ(found->message.find(folder_.string() + "/"), 0U) << found->message;
-    return found->message.substr(folder_.string().size() + 1);
+    if (read) return "no problem";
+    const Error& error = read.error();
+    EXPECT_TRUE(error.subject.starts_with(folder_.string() + "/")) << error.subject;
+    return error.subject.substr(folder_.string().size() + 1) + ": " + error.message;
   }
 
   fs::path folder_;
@@ -55,8 +54,8 @@ class SettingsFiles : public ::testing::Test {
 
 TEST_F(SettingsFiles, ThatAreNotThereLeaveTheDefaults) {
   const auto read = readSettingsFiles({(folder_ / "none").string(), "/nonexistent/settings.json"});
-  ASSERT_TRUE(std::holds_alternative<ToolSettings>(read));
-  EXPECT_EQ(std::get<ToolSettings>(read), ToolSettings{});
+  ASSERT_TRUE(read);
+  EXPECT_EQ(*read, ToolSettings{});
   EXPECT_EQ(ToolSettings{}.checks, checks::defaultSettings());
 }
 
@@ -109,9 +108,9 @@ TEST_F(SettingsFiles, ThatComeLaterSayTheLastWord) {
       file("first", R"({"checks":{"poorSignalBelow":-60,"largeSavedListAbove":9}})");
   const std::string second = file("second", R"({"checks":{"poorSignalBelow":-65}})");
   const auto read = readSettingsFiles({first, second});
-  ASSERT_TRUE(std::holds_alternative<ToolSettings>(read));
-  EXPECT_EQ(std::get<ToolSettings>(read).checks.poorSignalBelow, -65);
-  EXPECT_EQ(std::get<ToolSettings>(read).checks.largeSavedListAbove, 9);
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read->checks.poorSignalBelow, -65);
+  EXPECT_EQ(read->checks.largeSavedListAbove, 9);
 }
 
 TEST_F(SettingsFiles, ThatAreNoJsonAreRefusedWithThePlace) {
@@ -164,7 +163,8 @@ TEST_F(SettingsFiles, LookForSignInPagesOverPlainHttpOnly) {
 TEST_F(SettingsFiles, AreReadWhereAFileIsReadable) {
   fs::create_directory(folder_ / "one");
   const auto read = readSettingsFiles({(folder_ / "one").string()});
-  EXPECT_TRUE(std::holds_alternative<Problem>(read)) << "a folder is no file";
+  ASSERT_FALSE(read) << "a folder is no file";
+  EXPECT_TRUE(read.error().message.starts_with("cannot read ")) << read.error().message;
 }
 
 // The fenced block of docs/SETTINGS.md that begins with this line.

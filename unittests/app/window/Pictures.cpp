@@ -98,7 +98,7 @@ class Album {
     screen->model().setReport(
         {.summary = "could not begin",
          .earlyEnd = report::ReportFinding{.mark = report::ReportMark::problem,
-                                           .sentence = "found no Wi-Fi device of this machine",
+                                           .sentence = "This computer has no Wi-Fi interface.",
                                            .values = {},
                                            .advice = {},
                                            .explanation = {}},

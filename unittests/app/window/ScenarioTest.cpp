@@ -60,9 +60,9 @@ TEST_P(ScenarioInTheWindow, ComesToWhatItsScriptComesTo) {
   const std::string scenario = GetParam().scenario;
   const std::string json = projectFile("scenarios/" + scenario + ".json");
   const auto document = runtime::readJson(json);
-  const auto read = scenario::readScenario(std::get<ObjectRef>(document));
+  const auto read = scenario::readScenario(*document);
   const auto result =
-      runWith(json, deedsOf(std::get<scenario::Scenario>(read), GetParam().hand), true);
+      runWith(json, deedsOf(*read, GetParam().hand), true);
   EXPECT_EQ(result.stuckAt, "");
   EXPECT_EQ(result.run.ending, cli::Ending::finished);
   EXPECT_EQ(result.run.record, projectFile("unittests/golden/" + scenario + ".record.json"));
@@ -75,9 +75,9 @@ class DialogOverARun : public WindowFixture {
   // The run ends while the dialog is up.
   void expectNoDialogOverTheReport(const std::string& json) {
     const auto document = runtime::readJson(json);
-    const auto read = scenario::readScenario(std::get<ObjectRef>(document));
+    const auto read = scenario::readScenario(*document);
     const auto result =
-        runWith(json, deedsOf(std::get<scenario::Scenario>(read), HandKind::mouse), true);
+        runWith(json, deedsOf(*read, HandKind::mouse), true);
     EXPECT_EQ(result.stuckAt, "");
     EXPECT_EQ(result.run.ending, cli::Ending::finished);
     screen->model().setReport(result.run.report);

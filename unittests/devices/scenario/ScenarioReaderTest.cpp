@@ -12,28 +12,22 @@
 namespace wifi_profile::scenario {
 namespace {
 
-using Read = std::variant<Scenario, Fault>;
-
 ObjectRef json(const std::string& text) {
   const auto document = runtime::readJson(text);
-  EXPECT_TRUE(std::holds_alternative<ObjectRef>(document)) << text;
-  return std::get<ObjectRef>(document);
+  EXPECT_TRUE(document) << text;
+  return *document;
+}
+
+// Returns "POINTER: found FOUND, expected EXPECTED"; empty: the text was read.
+std::string faultInText(const std::string& text) {
+  const auto read = readScenario(json(text));
+  return read ? "" : read.error().subject.substr(3) + ": " + read.error().message;
 }
 
 Scenario good(const std::string& text) {
-  const Read read = readScenario(json(text));
-  if (const auto* fault = std::get_if<Fault>(&read)) {
-    ADD_FAILURE() << fault->pointer << ": found " << fault->found << ", expected "
-                  << fault->expected;
-    return {};
-  }
-  return std::get<Scenario>(read);
-}
-
-std::string faultInText(const std::string& text) {
-  const Read read = readScenario(json(text));
-  const auto* fault = std::get_if<Fault>(&read);
-  return fault ? fault->pointer + ": found " + fault->found + ", expected " + fault->expected : "";
+  const auto read = readScenario(json(text));
+  EXPECT_TRUE(read) << faultInText(text);
+  return read ? *read : Scenario{};
 }
 
 // The information of PingLAN's one answer.
@@ -160,9 +154,9 @@ TEST(ScenarioReader, LeavesOtherKindsUnderARecordsKeyAsTheyAre) {
 }
 
 TEST(ScenarioReader, SaysWhereAndWhatAFaultIs) {
-  EXPECT_EQ(faultInText("[]"), ": found a list, expected an object");
+  EXPECT_EQ(faultInText("[]"), "the top: found a list, expected an object");
   EXPECT_EQ(faultInText("{}"),
-            ": found an object without \"scenario\", expected an object with \"scenario\"");
+            "the top: found an object without \"scenario\", expected an object with \"scenario\"");
   EXPECT_EQ(faultInText(R"({"scenario":2})"),
             "/scenario: found the number 2, expected 1, the scenario version");
   EXPECT_EQ(faultInText(R"({"scenario":1,"device":{"power":"on"}})"),
@@ -220,8 +214,7 @@ bool isRead(const std::filesystem::path& file) {
   std::ostringstream content;
   content << std::ifstream(file, std::ios::binary).rdbuf();
   const auto document = runtime::readJson(content.str());
-  return std::holds_alternative<ObjectRef>(document) &&
-         std::holds_alternative<Scenario>(readScenario(std::get<ObjectRef>(document)));
+  return document && readScenario(*document);
 }
 
 // Every file of a folder, read the way the program does. `accepted` is what should come out.

@@ -28,13 +28,12 @@ class Events final : public Trace {
 class ScenarioServiceTest : public ::testing::Test {
  protected:
   void answerWith(const std::string& answers) {
-    const auto document = runtime::readJson(R"({"scenario":1,"answers":)" + answers + "}");
-    make(std::get<ObjectRef>(document));
+    make(R"({"scenario":1,"answers":)" + answers + "}");
   }
-  void make(const ObjectRef& document) {
-    const auto read = readScenario(document);
-    ASSERT_TRUE(std::holds_alternative<Scenario>(read));
-    service = std::make_shared<ScenarioService>(std::get<Scenario>(read), loop);
+  void make(const std::string& text) {
+    const auto read = readScenario(*runtime::readJson(text));
+    ASSERT_TRUE(read);
+    service = std::make_shared<ScenarioService>(*read, loop);
   }
   // The verdict as text, or the error.
   std::string ask(DiagnosticsTestID test, const DictionaryRef& configuration = nullptr) {
@@ -109,11 +108,11 @@ TEST_F(ScenarioServiceTest, TakesABackgroundRequestUpAfterTheMainQueueWasHandled
 }
 
 TEST_F(ScenarioServiceTest, AnswersFromTheWorldWhatNoAnswerIsFor) {
-  make(std::get<ObjectRef>(runtime::readJson(R"({"scenario":1,
+  make(R"({"scenario":1,
       "answers":{"PoorSignal":[{"times":1,"error":{"code":7}},
                                {"when":{"networkName":"Cafe"},"result":false}]},
       "world":{"link":{"interface":"wlan0","ssid":"Home","bssid":"02:00:00:00:00:01","signal":-80},
-               "scan":[{"bssid":"02:00:00:00:00:02","ssid":"Lab","signal":-50}]}})")));
+               "scan":[{"bssid":"02:00:00:00:00:02","ssid":"Lab","signal":-50}]}})");
   EXPECT_EQ(ask(DiagnosticsTestID::PoorSignal), "7 error 7");
   EXPECT_EQ(ask(DiagnosticsTestID::PoorSignal), "yes");
   EXPECT_EQ(ask(DiagnosticsTestID::PoorSignal, named("Lab")), "no");
@@ -121,23 +120,23 @@ TEST_F(ScenarioServiceTest, AnswersFromTheWorldWhatNoAnswerIsFor) {
 }
 
 TEST_F(ScenarioServiceTest, HasTheReasonsNumberAndSentenceWhereTheWorldCannotTell) {
-  make(std::get<ObjectRef>(runtime::readJson(R"({"scenario":1,"world":{
-      "bluetooth":{"unknown":"noHardware","sentence":"There is no adapter."}}})")));
+  make(R"({"scenario":1,"world":{
+      "bluetooth":{"unknown":"noHardware","sentence":"There is no adapter."}}})");
   EXPECT_EQ(ask(DiagnosticsTestID::BluetoothPaired), "16 There is no adapter.");
   EXPECT_EQ(ask(DiagnosticsTestID::LargePNL),
             "12 The scenario's world does not say which networks are remembered.");
 }
 
 TEST_F(ScenarioServiceTest, AsksTheWorldWithItsSettings) {
-  make(std::get<ObjectRef>(runtime::readJson(R"({"scenario":1,"world":{
-      "bluetooth":{"paired":3},"settings":{"bluetoothPairedAbove":2}}})")));
+  make(R"({"scenario":1,"world":{
+      "bluetooth":{"paired":3},"settings":{"bluetoothPairedAbove":2}}})");
   EXPECT_EQ(ask(DiagnosticsTestID::BluetoothPaired), "yes");
 }
 
 TEST_F(ScenarioServiceTest, TakesAWorldsDelayUnlessItIsCancelled) {
-  make(std::get<ObjectRef>(runtime::readJson(R"({"scenario":1,
+  make(R"({"scenario":1,
       "answers":{"PingLAN":[{"times":1,"result":true}]},
-      "world":{"bluetooth":{"paired":30},"delay":{"BluetoothPaired":1.5,"PingLAN":60}}})")));
+      "world":{"bluetooth":{"paired":30},"delay":{"BluetoothPaired":1.5,"PingLAN":60}}})");
   std::string paired;
   std::string written;
   std::string waiting;
@@ -155,8 +154,7 @@ TEST_F(ScenarioServiceTest, TakesAWorldsDelayUnlessItIsCancelled) {
 }
 
 TEST_F(ScenarioServiceTest, TheLastStatusRepeats) {
-  make(std::get<ObjectRef>(runtime::readJson(
-      R"({"scenario":1,"status":[{"error":{"code":5}},{"ssid":"Home","bssid":"b"}]})")));
+  make(R"({"scenario":1,"status":[{"error":{"code":5}},{"ssid":"Home","bssid":"b"}]})");
   VqErrorRef error;
   service->queryStatusForPeer(nullptr, error);
   EXPECT_EQ(codeOf(error), 5);

@@ -9,8 +9,7 @@ namespace {
 using namespace std::chrono_literals;
 
 TEST(WorldReader, LeavesAScenarioWithoutAWorldWithoutOne) {
-  const auto scenario = readScenario(std::get<ObjectRef>(runtime::readJson(R"({"scenario":1})")));
-  EXPECT_FALSE(std::get<Scenario>(scenario).world);
+  EXPECT_FALSE(readScenario(*runtime::readJson(R"({"scenario":1})"))->world);
 }
 
 TEST(WorldReader, SaysOfEveryFactLeftOutThatItIsNotTold) {
@@ -61,17 +60,14 @@ TEST(WorldReader, TakesTheStatusFromTheLinkUnlessTheFileHasOne) {
   const std::string world =
       R"("world":{"link":{"interface":"a","ssid":"Home","bssid":"02:00:00:00:00:01"}})";
   const auto status = [&](const std::string& more) {
-    return std::get<Scenario>(readScenario(std::get<ObjectRef>(
-                                  runtime::readJson(R"({"scenario":1,)" + world + more + "}"))))
-        .status;
+    return readScenario(*runtime::readJson(R"({"scenario":1,)" + world + more + "}"))->status;
   };
   ASSERT_EQ(status("").size(), 1U);
   EXPECT_EQ(status("")[0].ssid->string(), "Home");
   EXPECT_EQ(status("")[0].bssid->string(), "02:00:00:00:00:01");
   ASSERT_EQ(status(R"(,"status":[{}])").size(), 1U);
   EXPECT_EQ(status(R"(,"status":[{}])")[0].ssid, nullptr);
-  EXPECT_EQ(std::get<Scenario>(read(R"({"link":{"unknown":"notJoined"}})")).status[0].ssid,
-            nullptr);
+  EXPECT_EQ(read(R"({"link":{"unknown":"notJoined"}})")->status[0].ssid, nullptr);
 }
 
 TEST(WorldReader, ReadsDelaysOfAllTestsOrOfSome) {

@@ -6,28 +6,23 @@
 
 namespace wifi_profile::scenario {
 
-std::variant<Scenario, Fault> read(const std::string& world) {
+Result<Scenario> read(const std::string& world) {
   const auto document = runtime::readJson(R"({"scenario":1,"world":)" + world + "}");
-  EXPECT_TRUE(std::holds_alternative<ObjectRef>(document)) << world;
-  return readScenario(std::get<ObjectRef>(document));
+  EXPECT_TRUE(document) << world;
+  return readScenario(*document);
 }
 
 World worldOf(const std::string& world) {
   const auto scenario = read(world);
-  if (const auto* fault = std::get_if<Fault>(&scenario)) {
-    ADD_FAILURE() << fault->pointer << ": found " << fault->found << ", expected "
-                  << fault->expected;
-    return {};
-  }
-  return std::get<Scenario>(scenario).world.value();
+  EXPECT_TRUE(scenario) << faultIn(world);
+  return scenario ? scenario->world.value() : World{};
 }
 
 facts::Facts facts(const std::string& world) { return worldOf(world).facts; }
 
 std::string faultIn(const std::string& world) {
   const auto scenario = read(world);
-  const auto* fault = std::get_if<Fault>(&scenario);
-  return fault ? fault->pointer + ": found " + fault->found + ", expected " + fault->expected : "";
+  return scenario ? "" : scenario.error().subject.substr(3) + ": " + scenario.error().message;
 }
 
 facts::AccessPoint accessPoint(const std::string& fields) {

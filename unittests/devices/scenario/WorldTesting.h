@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <variant>
 
 #include "devices/scenario/ScenarioReader.h"
 
@@ -9,7 +8,7 @@
 namespace wifi_profile::scenario {
 
 // A scenario that has nothing but `world` (JSON).
-std::variant<Scenario, Fault> read(const std::string& world);
+Result<Scenario> read(const std::string& world);
 // Fails the test and is empty if `world` is refused.
 World worldOf(const std::string& world);
 facts::Facts facts(const std::string& world);

@@ -1,4 +1,4 @@
-#include "devices/scenario/ValueReader.h"
+#include "runtime/JsonFields.h"
 
 #include <array>
 #include <charconv>
@@ -6,10 +6,12 @@
 #include "diagnostic/platform/Array.h"
 #include "diagnostic/platform/Number.h"
 
-namespace wifi_profile::scenario {
+namespace wifi_profile::runtime {
 namespace {
 
-constexpr std::size_t kLongestQuote = 40;  // bytes
+// Longest pieces of untrusted text in a message, in bytes.
+constexpr std::size_t kLongestQuote = 40;
+constexpr std::size_t kLongestPiece = 300;
 
 template <class T>
 std::string numberText(T value) {
@@ -39,6 +41,24 @@ std::string escaped(std::string_view key) {
 }
 
 }  // namespace
+
+Error unexpected(std::string_view subject, std::string_view found, std::string_view expected) {
+  return {Reason::failed,
+          "found " + shortened(found, kLongestPiece) + ", expected " + std::string(expected),
+          {},
+          shortened(subject, kLongestPiece)};
+}
+
+Status readDocument(const ObjectRef& document, std::string_view name,
+                    const std::function<void(const ValueReader&)>& read) {
+  Status error;
+  read(ValueReader(document, "", error));
+  if (error) return {};
+  Error named = error.error();
+  named.subject = (name.empty() ? "" : std::string(name) + ": ") +
+                  (named.subject.empty() ? "at the top" : "at " + named.subject);
+  return named;
+}
 
 std::string describe(const ObjectRef& value) {
   if (const auto text = as<Text>(value))
@@ -134,17 +154,18 @@ void ValueReader::object(const std::function<void(FieldsReader&)>& read) const {
 }
 
 ValueReader ValueReader::element(std::size_t index, ObjectRef value) const {
-  return {std::move(value), pointer_ + "/" + std::to_string(index), *fault_};
+  return {std::move(value), pointer_ + "/" + std::to_string(index), *error_};
 }
 
 ValueReader ValueReader::member(std::string_view key, ObjectRef value) const {
-  return {std::move(value), pointer_ + "/" + escaped(key), *fault_};
+  return {std::move(value), pointer_ + "/" + escaped(key), *error_};
 }
 
-void ValueReader::fail(std::string expected) const { fail(describe(value_), std::move(expected)); }
+void ValueReader::fail(std::string_view expected) const { fail(describe(value_), expected); }
 
-void ValueReader::fail(std::string found, std::string expected) const {
-  if (!*fault_) *fault_ = Fault{pointer_, std::move(found), std::move(expected)};
+void ValueReader::fail(std::string_view found, std::string_view expected) const {
+  if (!*error_) return;
+  *error_ = unexpected(pointer_, found, expected);
 }
 
 bool FieldsReader::take(std::string_view key, const std::function<void(const ValueReader&)>& read) {
@@ -170,8 +191,49 @@ void FieldsReader::refuseOthers() const {
     for (const std::string& known : known_) {
       expected += (expected.empty() ? "one of \"" : ", \"") + known + "\"";
     }
-    object_.member(key, value).fail("an unknown field", std::move(expected));
+    object_.member(key, value).fail("an unknown field", expected);
   }
 }
 
-}  // namespace wifi_profile::scenario
+void takeText(FieldsReader& fields, std::string_view key, std::string& target) {
+  fields.take(key, [&](const ValueReader& field) { target = field.text(); });
+}
+
+void takeText(FieldsReader& fields, std::string_view key, std::optional<std::string>& target) {
+  fields.take(key, [&](const ValueReader& field) { target = field.text(); });
+}
+
+void takeFlag(FieldsReader& fields, std::string_view key, bool& target) {
+  fields.take(key, [&](const ValueReader& field) { target = field.boolean(); });
+}
+
+void takeFlag(FieldsReader& fields, std::string_view key, std::optional<bool>& target) {
+  fields.take(key, [&](const ValueReader& field) { target = field.boolean(); });
+}
+
+void takeTexts(FieldsReader& fields, std::string_view key, std::vector<std::string>& target) {
+  takeTexts(fields, key, target, [](const ValueReader& text) { return text.text(); });
+}
+
+void takeTexts(FieldsReader& fields, std::string_view key, std::vector<std::string>& target,
+               std::string (*read)(const ValueReader&)) {
+  fields.take(key, [&](const ValueReader& field) {
+    target.clear();
+    field.list([&](const ValueReader& text) { target.push_back(read(text)); });
+  });
+}
+
+void takeInteger(FieldsReader& fields, std::string_view key, int least, int most, int& target) {
+  fields.take(key, [&](const ValueReader& field) {
+    target = static_cast<int>(field.integer(least, most));
+  });
+}
+
+void takeInteger(FieldsReader& fields, std::string_view key, int least, int most,
+                 std::optional<int>& target) {
+  fields.take(key, [&](const ValueReader& field) {
+    target = static_cast<int>(field.integer(least, most));
+  });
+}
+
+}  // namespace wifi_profile::runtime
