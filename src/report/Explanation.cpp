@@ -5,10 +5,9 @@
 #include <numeric>
 #include <utility>
 
-#include "diagnostic/platform/TestOutcome.h"
+#include "analysis/checks/Checks.h"
 #include "diagnostic/tests/Batches.h"
 #include "diagnostic/tests/Catalogue.h"
-#include "diagnostic/tests/Findings.h"
 #include "report/Wrap.h"
 
 namespace wifi_profile::report {
@@ -43,12 +42,11 @@ std::string answerLines(std::string_view answer, const Meaning& meaning) {
 
 std::string sectionsOf(DiagnosticsTestID id) {
   std::vector<std::string_view> sections;
-  if (batchHolds(kDeviceConfigurationBatch, id)) sections.push_back(keyOf(Section::device));
-  if (batchHolds(kCurrentNetworkBatch, id)) sections.push_back(keyOf(Section::currentNetwork));
-  if (batchHolds(kSelectedNetworkBatch, id)) sections.push_back(keyOf(Section::selectedNetwork));
-  if (sections.empty()) {
-    return fmt::format("{}, by the scans of the network list", keyOf(Section::currentNetwork));
+  for (const Batch& batch : kBatches) {
+    if (batch.holds(id)) sections.push_back(keyOf(batch.section));
   }
+  if (sections.empty())
+    return fmt::format("{}, by the scans of the network list", keyOf(Section::currentNetwork));
   return fmt::format("{}", fmt::join(sections, " and "));
 }
 
@@ -69,11 +67,24 @@ std::string_view conditionOf(Gate gate) {
   return {};
 }
 
-std::string explainVerdict(const VerdictFinding& finding, const CatalogueTest& test) {
+// A heading with its text beside it.
+std::string definition(std::string_view heading, std::string_view text) {
+  constexpr std::size_t kTextIndent = 18;
+  return fmt::format("  {:<16}{}\n", heading, wrapped(kTextWidth, kTextIndent, text));
+}
+
+std::string checkLines(const checks::Check& check) {
+  return "\nHow it is found out\n" + definition("Measured", check.measures) +
+         definition("From", check.from) + definition("Threshold", check.threshold) +
+         definition("Why", check.why) + definition("Not known when", check.unknownWhen);
+}
+
+std::string explainVerdict(const CatalogueTest& test) {
   const bool asInteger = test.verdictForm == VerdictForm::inverseInteger;
-  std::string text = fmt::format("{}\n", finding.key) + paragraph(finding.question) + '\n';
-  text += answerLines(asInteger ? "1" : "true", finding.yes);
-  text += answerLines(asInteger ? "0" : "false", finding.no);
+  std::string text = fmt::format("{}\n", test.resultKey) + paragraph(test.question) + '\n';
+  text += answerLines(asInteger ? "1" : "true", test.yes);
+  text += answerLines(asInteger ? "0" : "false", test.no);
+  text += checkLines(checks::checkOf(test.id));
   text += "\nWritten by test\n" + writerLine(test);
   std::vector<std::string_view> beside;
   for (const InformationCopy& copy : test.information()) {
@@ -86,31 +97,27 @@ std::string explainVerdict(const VerdictFinding& finding, const CatalogueTest& t
   return text;
 }
 
-bool writes(const CatalogueTest& test, std::string_view key) {
-  const auto copies = test.information();
-  return std::any_of(copies.begin(), copies.end(),
-                     [key](const InformationCopy& copy) { return copy.outputKey == key; });
+std::string unitOf(const InformationCopy& value) {
+  return value.unit.empty() ? "" : fmt::format(", in {}", value.unit);
 }
 
-std::string explainValue(const ValueFinding& finding) {
-  std::string text = fmt::format("{}\n", finding.key);
-  const std::string unit = finding.unit.empty() ? "" : fmt::format(", in {}", finding.unit);
-  text += paragraph(fmt::format("{}{}", finding.name, unit)) + '\n';
-  text += paragraph(finding.explanation);
+std::string explainValue(const InformationCopy& value) {
+  std::string text = fmt::format("{}\n", value.outputKey);
+  text += paragraph(fmt::format("{}{}", value.name, unitOf(value))) + '\n';
+  text += paragraph(value.explanation);
   std::string writers;
   std::string verdicts;
   std::string_view condition;
   int count = 0;
   for (const CatalogueTest& test : kCatalogue) {
-    if (!writes(test, finding.key)) continue;
+    if (!test.writes(value.outputKey)) continue;
     writers += writerLine(test);
     verdicts += (verdicts.empty() ? "" : ", ") + std::string(test.resultKey);
     condition = conditionOf(test.gate);
     ++count;
   }
   text += fmt::format("\nWritten by test{}\n", count == 1 ? "" : "s") + writers;
-  if (count > 1)
-    text += paragraph("When several find a value, the one that runs last has its way.");
+  if (count > 1) text += paragraph("If several find a value, the value of the last one is kept.");
   if (!condition.empty()) text += paragraph(condition);
   return text + "\nGoes with\n" + paragraph(verdicts);
 }
@@ -141,27 +148,20 @@ std::size_t editDistance(std::string_view one, std::string_view other) {
 }  // namespace
 
 std::optional<std::string> explainText(std::string_view key) {
-  if (const VerdictFinding* verdict = verdictFinding(key)) {
-    const auto test = std::find_if(kCatalogue.begin(), kCatalogue.end(),
-                                   [key](const auto& row) { return row.resultKey == key; });
-    return explainVerdict(*verdict, *test);
-  }
-  if (const ValueFinding* value = valueFinding(key)) return explainValue(*value);
+  if (const CatalogueTest* test = testWithResultKey(key)) return explainVerdict(*test);
+  if (const InformationCopy* value = valueWithOutputKey(key)) return explainValue(*value);
   return std::nullopt;
 }
 
 std::string verdictExplanation(const CatalogueTest& test) {
-  const VerdictFinding& verdict = *verdictFinding(test.resultKey);
   std::string text =
-      fmt::format("{}\nYes: {} ({})\nNo: {} ({})\n", verdict.question, verdict.yes.sentence,
-                  wordFor(verdict.yes.mark), verdict.no.sentence, wordFor(verdict.no.mark));
+      fmt::format("{}\nYes: {} ({})\nNo: {} ({})\n", test.question, test.yes.sentence,
+                  wordFor(test.yes.mark), test.no.sentence, wordFor(test.no.mark));
   std::string keys(test.resultKey);
-  for (const InformationCopy& copy : test.information()) {
-    const ValueFinding* value = valueFinding(copy.outputKey);
-    if (!value) continue;
-    const std::string unit = value->unit.empty() ? "" : fmt::format(", in {}", value->unit);
-    text += fmt::format("{}{}: {}\n", value->name, unit, value->explanation);
-    keys += fmt::format(", {}", value->key);
+  for (const InformationCopy& value : test.information()) {
+    if (value.outputKey.empty()) continue;
+    text += fmt::format("{}{}: {}\n", value.name, unitOf(value), value.explanation);
+    keys += fmt::format(", {}", value.outputKey);
   }
   return text + fmt::format("Test {}, {}. In the record: {}.", static_cast<std::int32_t>(test.id),
                             test.label, keys);
@@ -169,12 +169,12 @@ std::string verdictExplanation(const CatalogueTest& test) {
 
 std::string allKeysText() {
   std::string text = "Verdicts\n";
-  for (const VerdictFinding& finding : verdictFindings()) {
-    text += fmt::format("  {:<38} {}\n", finding.key, finding.question);
+  for (const CatalogueTest& test : kCatalogue) {
+    text += fmt::format("  {:<38} {}\n", test.resultKey, test.question);
   }
   text += "\nValues\n";
-  for (const ValueFinding& finding : valueFindings()) {
-    text += fmt::format("  {:<38} {}\n", finding.key, finding.name);
+  for (const InformationCopy* value : outputValues()) {
+    text += fmt::format("  {:<38} {}\n", value->outputKey, value->name);
   }
   return text;
 }
@@ -195,8 +195,8 @@ std::vector<std::string> similarKeys(std::string_view key) {
     if (isPart) distance = std::min<std::size_t>(distance, 1);
     if (distance <= furthest) found.emplace_back(distance, known);
   };
-  for (const VerdictFinding& finding : verdictFindings()) consider(finding.key);
-  for (const ValueFinding& finding : valueFindings()) consider(finding.key);
+  for (const CatalogueTest& test : kCatalogue) consider(test.resultKey);
+  for (const InformationCopy* value : outputValues()) consider(value->outputKey);
   std::ranges::stable_sort(found, {}, &std::pair<std::size_t, std::string>::first);
   std::vector<std::string> keys;
   for (std::size_t i = 0; i < std::min(found.size(), kMost); ++i) keys.push_back(found[i].second);

@@ -10,8 +10,9 @@
 
 namespace wifi_profile::report {
 
-// Explains one key. For a verdict: the question and the meaning of each answer. For a value: its
-// name, unit and explanation. For both: which tests write the key, into which sections, and when.
+// Explains one key. For a verdict: the question, the meaning of each answer, and how it is found
+// out. For a value: its name, unit and explanation. For both: which tests write the key, into which
+// sections, and when.
 // Ends with a newline. Empty if the record never holds `key`, which is case-sensitive.
 std::optional<std::string> explainText(std::string_view key);
 

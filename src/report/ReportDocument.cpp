@@ -15,7 +15,6 @@
 #include "diagnostic/controller/StatusCodes.h"
 #include "diagnostic/tests/Batches.h"
 #include "diagnostic/tests/Catalogue.h"
-#include "diagnostic/tests/Findings.h"
 #include "report/Explanation.h"
 #include "report/ValueText.h"
 
@@ -69,27 +68,15 @@ const EarlyEnd* earlyEnd(std::int64_t statusCode) {
   return found == kEarlyEnds.end() ? nullptr : &*found;
 }
 
-std::span<const DiagnosticsTestID> batchOf(Section section) {
-  switch (section) {
-    case Section::device:
-      return kDeviceConfigurationBatch;
-    case Section::currentNetwork:
-      return kCurrentNetworkBatch;
-    case Section::selectedNetwork:
-      break;
-  }
-  return kSelectedNetworkBatch;
-}
-
 // Returns every test that can write into the section: its batch in order, then the others. The scan
 // for the list of networks is not a test of a run, so it counts only if there was no run.
 std::vector<DiagnosticsTestID> testsOf(Section section, bool isRun) {
-  const auto batch = batchOf(section);
+  const auto batch = batchOf(section).tests;
   std::vector<DiagnosticsTestID> tests(batch.begin(), batch.end());
   for (const CatalogueTest& test : kCatalogue) {
     if (isRun && test.id == DiagnosticsTestID::NoScanResults) continue;
-    if ((test.subject == TestSubject::device) == (section == Section::device) &&
-        !batchHolds(batch, test.id)) {
+    if ((test.subject() == TestSubject::device) == (section == Section::device) &&
+        std::ranges::find(batch, test.id) == batch.end()) {
       tests.push_back(test.id);
     }
   }
@@ -219,7 +206,7 @@ class SectionReader {
     return found != run_.collected.tests.end() && found->second ? &*found->second : nullptr;
   }
   std::string questionOf(DiagnosticsTestID id) const {
-    return withSite(verdictFinding(catalogueTest(id).resultKey)->question, run_.site);
+    return withSite(catalogueTest(id).question, run_.site);
   }
   std::string title() const;
   std::string whyNotRun() const;
@@ -235,7 +222,7 @@ ReportSection SectionReader::read() const {
   ReportSection read;
   read.title = title();
   const bool anyRun =
-      std::ranges::any_of(batchOf(section_), [this](auto id) { return wasStarted(id); });
+      std::ranges::any_of(batchOf(section_).tests, [this](auto id) { return wasStarted(id); });
   if (!anyRun && !earlyEnd(run_.statusCode)) read.note = whyNotRun();
   std::set<std::string_view> shownKeys;
   for (const Mark mark : kMarks) addAnswered(mark, shownKeys, read);
@@ -250,8 +237,7 @@ void SectionReader::addAnswered(Mark mark, std::set<std::string_view>& shownKeys
     const TestOutcome* const outcome = outcomeOf(id);
     if (!outcome || !outcome->verdict) continue;
     const CatalogueTest& test = catalogueTest(id);
-    const VerdictFinding& verdict = *verdictFinding(test.resultKey);
-    const Meaning& meaning = *outcome->verdict ? verdict.yes : verdict.no;
+    const Meaning& meaning = *outcome->verdict ? test.yes : test.no;
     if (meaning.mark != mark) continue;
     ReportFinding finding;
     finding.mark = reportMarkOf(mark);
@@ -273,19 +259,18 @@ std::vector<std::string> SectionReader::valuesOf(const CatalogueTest& test,
   if (!outcome.remark.empty()) values.push_back(withoutStop(shownText(outcome.remark)));
   if (!outcome.hasDetails) values.emplace_back("details missing");
   for (const InformationCopy& copy : test.information()) {
-    const ValueFinding* const known = valueFinding(copy.outputKey);
-    if (!known) continue;
+    if (copy.outputKey.empty()) continue;
     const auto value = values_.find(copy.outputKey);
-    const bool isMissing = value == values_.end() && known->absence == Absence::gap &&
+    const bool isMissing = value == values_.end() && copy.absence == Absence::gap &&
                            std::ranges::any_of(outcome.values, [&](const TestValue& one) {
                              return one.key == copy.outputKey && !one.value;
                            });
     if ((value == values_.end() && !isMissing) || !shownKeys.insert(copy.outputKey).second)
       continue;
     if (isMissing) {
-      values.push_back(std::string(known->name) + " missing");
+      values.push_back(std::string(copy.name) + " missing");
     } else {
-      std::ranges::move(valuePieces(copy.outputKey, value->second), std::back_inserter(values));
+      std::ranges::move(valuePieces(copy, value->second), std::back_inserter(values));
     }
   }
   return values;
@@ -333,11 +318,11 @@ void SectionReader::addUnknown(ReportSection& read) const {
 
 std::size_t SectionReader::testsEnded() const {
   return static_cast<std::size_t>(
-      std::ranges::count_if(batchOf(section_), [this](auto id) { return outcomeOf(id); }));
+      std::ranges::count_if(batchOf(section_).tests, [this](auto id) { return outcomeOf(id); }));
 }
 
 std::string SectionReader::questionUnderWay() const {
-  for (const DiagnosticsTestID id : batchOf(section_)) {
+  for (const DiagnosticsTestID id : batchOf(section_).tests) {
     if (wasStarted(id) && !outcomeOf(id)) return questionOf(id);
   }
   return {};

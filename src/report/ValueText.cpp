@@ -1,6 +1,5 @@
 #include "report/ValueText.h"
 
-#include <array>
 #include <cmath>
 #include <fmt/format.h>
 #include <span>
@@ -10,7 +9,6 @@
 #include "diagnostic/platform/Dictionary.h"
 #include "diagnostic/platform/Number.h"
 #include "diagnostic/platform/Text.h"
-#include "diagnostic/tests/Findings.h"
 #include "runtime/JsonWriter.h"
 #include "runtime/SafeText.h"
 
@@ -20,37 +18,7 @@ namespace {
 constexpr std::size_t kLongestText = 320;  // longest text shown, in characters
 constexpr std::size_t kMostEntries = 12;   // most entries shown of one dictionary
 
-// A summary's entry: its key, its name, and the unit of its number. The order of the rows is the
-// order of display.
-struct EntryName {
-  std::string_view key;
-  std::string_view name;
-  std::string_view unit = {};
-};
-constexpr std::array kPingEntries{
-    EntryName{"count", "count"},    EntryName{"packetLoss", "loss", "%"},
-    EntryName{"avg", "mean", "ms"}, EntryName{"min", "least", "ms"},
-    EntryName{"max", "most", "ms"}, EntryName{"stddev", "deviation", "ms"},
-    EntryName{"SSID", "interface"},  // here the SSID entry holds the interface's name
-    EntryName{"timestamp", "at"},
-};
 constexpr std::string_view kSecurity = "security";  // a number with a name
-constexpr std::array kRememberedEntries{
-    EntryName{"SSID", "name"},
-    EntryName{kSecurity, "security"},
-    EntryName{"isEnabled", "enabled"},
-    EntryName{"isPasspoint", "Passpoint"},
-    EntryName{"isCaptive", "sign-in page"},
-    EntryName{"isHidden", "hidden"},
-    EntryName{"isMultiAP", "several access points"},
-    EntryName{"lastJoined", "last joined"},
-};
-
-std::span<const EntryName> entryNames(std::string_view outputKey) {
-  if (outputKey == "preferredNetwork") return kRememberedEntries;
-  if (outputKey == "pingLANResult" || outputKey == "pingWANResult") return kPingEntries;
-  return {};
-}
 
 std::string shortened(std::string text) {
   if (characterCount(text) <= kLongestText) return text;
@@ -145,20 +113,18 @@ std::vector<std::string> entryPieces(std::span<const EntryName> names, Dictionar
 
 std::string shownText(std::string_view text) { return shortened(runtime::safeText(text)); }
 
-std::vector<std::string> valuePieces(std::string_view outputKey, const ObjectRef& value) {
-  const ValueFinding* finding = valueFinding(outputKey);
-  const std::string name = finding ? std::string(finding->name) : textOf(std::string(outputKey));
+std::vector<std::string> valuePieces(const InformationCopy& copy, const ObjectRef& value) {
   if (const auto dictionary = as<Dictionary>(value)) {
-    auto pieces = entryPieces(entryNames(outputKey), dictionary->entries());
+    auto pieces = entryPieces(copy.entries, dictionary->entries());
     if (pieces.empty()) pieces.emplace_back("nothing");
-    pieces.front() = name + ": " + pieces.front();
+    pieces.front() = fmt::format("{}: {}", copy.name, pieces.front());
     return pieces;
   }
   const auto array = as<Array>(value);
-  std::string piece = name + ' ' + (array ? textOf(*array) : textOf(value));
+  std::string piece = fmt::format("{} {}", copy.name, array ? textOf(*array) : textOf(value));
   const auto number = as<Number>(value);
-  if (number && !number->isBoolean() && finding && !finding->unit.empty()) {
-    std::string_view unit = finding->unit;
+  if (number && !number->isBoolean() && !copy.unit.empty()) {
+    std::string_view unit = copy.unit;
     if (number->toDouble() == 1 && unit.ends_with('s')) unit.remove_suffix(1);  // "1 beacon"
     piece += fmt::format(" {}", unit);
   }

@@ -61,7 +61,7 @@ TEST_F(ReportDocument, GivesAFindingItsMarkSentenceValuesAndAdvice) {
   EXPECT_EQ(finding.mark, ReportMark::problem);
   EXPECT_EQ(finding.sentence, "The signal is weak.");
   EXPECT_EQ(finding.values, (Texts{"RSSI -78 dBm", "noise -92.5 dBm"}));
-  EXPECT_TRUE(finding.advice.starts_with("Go nearer"));
+  EXPECT_TRUE(finding.advice.starts_with("Move closer"));
 }
 
 TEST_F(ReportDocument, ExplainsWhatWasTestedAndWhatEachAnswerMeans) {
@@ -70,17 +70,18 @@ TEST_F(ReportDocument, ExplainsWhatWasTestedAndWhatEachAnswerMeans) {
             "Is the signal weak?\n"
             "Yes: The signal is weak. (a problem)\n"
             "No: The signal is strong enough. (good)\n"
-            "RSSI, in dBm: Strength of the received signal, a negative number: nearer to 0 is "
+            "RSSI, in dBm: Strength of the received signal, a negative number: closer to 0 is "
             "stronger.\n"
             "noise, in dBm: Strength of the background noise, a negative number: further from 0 is "
-            "quieter. What counts is how far the signal stands above it.\n"
+            "quieter. What counts is how far the signal is above it.\n"
             "Test 32, Poor Signal. In the record: hasPoorSignal, RSSI, noise.");
 }
 
 TEST_F(ReportDocument, ExplainsEveryFindingInParagraphsWithoutAnEmptyOne) {
   planned_ = false;  // with the list's scan
   for (const CatalogueTest& test : kCatalogue) {
-    (test.subject == TestSubject::device ? device_ : current_)[std::string(test.resultKey)] = yes();
+    (test.subject() == TestSubject::device ? device_ : current_)[std::string(test.resultKey)] =
+        yes();
   }
   std::size_t findings = 0;
   for (const ReportSection& section : document().sections) {
@@ -127,10 +128,10 @@ TEST_F(ReportDocument, GivesAnUnknownItsQuestionAndTheReasons) {
   fail("timed out");
   const ReportFinding finding = onlyFinding();
   EXPECT_EQ(finding.mark, ReportMark::unknown);
-  EXPECT_EQ(finding.sentence, "Can names of sites be looked up (DNS)?");
+  EXPECT_EQ(finding.sentence, "Can site names be looked up (DNS)?");
   EXPECT_EQ(finding.values, Texts{"timed out"});
   EXPECT_EQ(finding.advice, "");
-  EXPECT_TRUE(finding.explanation.starts_with("Can names of sites be looked up (DNS)?\nYes: "));
+  EXPECT_TRUE(finding.explanation.starts_with("Can site names be looked up (DNS)?\nYes: "));
 }
 
 TEST_F(ReportDocument, ShowsATestThatIsNotAnsweredInFullOnceWithWhatIsMissing) {
@@ -283,7 +284,7 @@ TEST_F(ReportDocument, SaysHowFarARunCameThatEndedAmongItsTests) {
   EXPECT_EQ(report.earlyEnd->sentence,
             "Wi-Fi was switched off while the tests ran: 12 of 40 tests were done.");
   EXPECT_EQ(report.earlyEnd->values,
-            Texts{"under way and not answered: Does the network announce itself too seldom?"});
+            Texts{"under way and not answered: Does the network announce itself too rarely?"});
   EXPECT_EQ(report.summary, "ended early, after 12 of 40 tests: 11 fine, 1 not known");
   ASSERT_EQ(report.sections.size(), 2U);
   EXPECT_EQ(report.sections[1].title, "Current network: Home");
@@ -302,7 +303,7 @@ TEST_F(ReportDocument, HoldsNothingThatATerminalWouldActOn) {
   joinTo(hostile);
   selectedName_ = makeText(hostile);
   for (const CatalogueTest& test : kCatalogue) {
-    auto& section = test.subject == TestSubject::device ? device_ : current_;
+    auto& section = test.subject() == TestSubject::device ? device_ : current_;
     section[std::string(test.resultKey)] = yes();
     for (const InformationCopy& copy : test.information()) {
       if (!copy.outputKey.empty()) section[std::string(copy.outputKey)] = text(hostile);

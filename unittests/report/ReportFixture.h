@@ -25,7 +25,7 @@ class ReportFixture : public ::testing::Test {
 
   // Starts a test; of the selected network if `isSelected`.
   void request(DiagnosticsTestID test, bool isSelected = false) {
-    const Section section = catalogueTest(test).subject == TestSubject::device ? Section::device
+    const Section section = catalogueTest(test).subject() == TestSubject::device ? Section::device
                             : isSelected ? Section::selectedNetwork
                                          : Section::currentNetwork;
     latest_ = {section, test};

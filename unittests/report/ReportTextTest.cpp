@@ -73,7 +73,7 @@ TEST_F(Report, PutsTheMoreUrgentFirst) {
 
 TEST_F(Report, GivesAdviceBeneathAProblem) {
   current_ = {{"pingedLAN", no()}};
-  EXPECT_TRUE(contains(report(), "  ✗ The router does not answer.\n    → Go nearer"));
+  EXPECT_TRUE(contains(report(), "  ✗ The router does not answer.\n    → Move closer"));
 }
 
 TEST_F(Report, ShowsAValueWithItsUnitInTheSentenceOfItsVerdict) {
@@ -197,7 +197,7 @@ TEST_F(Report, ListsWhatCouldNotBeFoundOutWithTheReason) {
   request(DiagnosticsTestID::PingLAN);
   const std::string shown = report();
   EXPECT_TRUE(contains(shown,
-                       "? Can names of sites be looked up (DNS)? "
+                       "? Can site names be looked up (DNS)? "
                        "(timed out)\n"));
   EXPECT_TRUE(contains(shown, "? Does the router answer? (reason unknown)\n"));
   EXPECT_TRUE(contains(headline(shown), "2 tests without an answer"));
@@ -310,7 +310,7 @@ TEST_F(Report, EndsEveryLineWhateverKindsOfValuesItIsGiven) {
       makeDictionary({{"a", list({integer(1)})}, {"b", makeDictionary({{"c", yes()}})}})};
   for (const ObjectRef& kind : kinds) {
     for (const CatalogueTest& test : kCatalogue) {
-      auto& section = test.subject == TestSubject::device ? device_ : current_;
+      auto& section = test.subject() == TestSubject::device ? device_ : current_;
       section[std::string(test.resultKey)] = yes();
       for (const InformationCopy& copy : test.information()) {
         if (!copy.outputKey.empty()) section[std::string(copy.outputKey)] = kind;
@@ -324,7 +324,7 @@ TEST_F(Report, EndsEveryLineWhateverKindsOfValuesItIsGiven) {
 
 TEST_F(Report, KeepsItsOwnLinesWithinAHundredColumns) {
   for (const CatalogueTest& test : kCatalogue) {
-    auto& section = test.subject == TestSubject::device ? device_ : current_;
+    auto& section = test.subject() == TestSubject::device ? device_ : current_;
     section[std::string(test.resultKey)] = yes();
     for (const InformationCopy& copy : test.information()) {
       if (!copy.outputKey.empty()) section[std::string(copy.outputKey)] = integer(-1234);

@@ -25,14 +25,8 @@ struct Use {
 
 std::vector<Use> usesOf(DiagnosticsTestID id) {
   std::vector<Use> uses;
-  if (batchHolds(kDeviceConfigurationBatch, id)) {
-    uses.push_back({keyOf(Section::device), "configuration"});
-  }
-  if (batchHolds(kCurrentNetworkBatch, id)) {
-    uses.push_back({keyOf(Section::currentNetwork), "currentNetworkConfiguration"});
-  }
-  if (batchHolds(kSelectedNetworkBatch, id)) {
-    uses.push_back({keyOf(Section::selectedNetwork), "configuration"});
+  for (const Batch& batch : kBatches) {
+    if (batch.holds(id)) uses.push_back({keyOf(batch.section), batch.configuration});
   }
   if (uses.empty()) uses.push_back({"", "freshScanConfiguration"});
   return uses;

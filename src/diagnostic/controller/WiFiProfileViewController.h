@@ -33,7 +33,6 @@ class Label;
 class ProgressView;
 }  // namespace toolkit
 class WiFiHeaderView;
-struct CatalogueTest;
 
 // A shared_ptr must own the controller, because queued work keeps it alive. Operations run on the
 // main thread unless stated otherwise. Properties may be read on any thread, but the object of a
@@ -129,106 +128,30 @@ class WiFiProfileViewController final : public HxDiagnosticViewController,
   std::shared_ptr<const DiagnosticsTestResult> testResultFromResults(
       const DiagnosticsTestResults& results) const;
 
-  // --- Tests of the device (tests/DeviceConfigurationTests.cpp)
-
-  void runDeviceConfigurationCustomIPv4();
-  void runDeviceConfigurationCustomIPv6();
-  void runDeviceConfigurationCustomDNS();
-  void runDeviceConfigurationCustomWebProxy();
-  void runDeviceConfigurationPYNXRealTimeMode();
-  void runDeviceConfigurationBluetoothConnected();
-  void runDeviceConfigurationBluetoothPaired();
-  void runDeviceConfigurationBTCoex();
-  void runDeviceConfigurationLargePNL();
-  void runDeviceConfigurationPNLContainsHidden();
-  void runDeviceConfigurationConflictingSecurityTypeInPNL();
-
-  // --- Tests of a network's configuration (tests/NetworkConfigurationTests.cpp)
-  // Here and below, the parameters are the configuration, which may be nil, and the dictionary that
-  // the results are written to.
-
-  void runCurrentNetworkDetectDoubleNATWithConfiguration(const DictionaryRef&,
-                                                         const MutableDictionaryRef&);
-  void runCurrentNetworkLongBeaconIntervalWithConfiguration(const DictionaryRef&,
-                                                            const MutableDictionaryRef&);
-  void runCurrentNetworkLongDTIMIntervalWithConfiguration(const DictionaryRef&,
-                                                          const MutableDictionaryRef&);
-  void runCurrentNetworkNoSecurityWithConfiguration(const DictionaryRef&,
-                                                    const MutableDictionaryRef&);
-  void runCurrentNetworkLegacySecurityWEPWithConfiguration(const DictionaryRef&,
-                                                           const MutableDictionaryRef&);
-  void runCurrentNetworkLegacySecurityWPAWithConfiguration(const DictionaryRef&,
-                                                           const MutableDictionaryRef&);
-  void runCurrentNetworkLegacyRates11bWithConfiguration(const DictionaryRef&,
-                                                        const MutableDictionaryRef&);
-  void runCurrentNetworkAmbiguousNetworkNameWithConfiguration(const DictionaryRef&,
-                                                              const MutableDictionaryRef&);
-  void runCurrentNetworkHiddenNetworkWithConfiguration(const DictionaryRef&,
-                                                       const MutableDictionaryRef&);
-  void runCurrentNetworkNimoPersonalHotspotWithConfiguration(const DictionaryRef&,
-                                                             const MutableDictionaryRef&);
-  void runCurrentNetworkCaptivePortalWithConfiguration(const DictionaryRef&,
-                                                       const MutableDictionaryRef&);
-  void runCurrentNetworkPasspointWithConfiguration(const DictionaryRef&,
-                                                   const MutableDictionaryRef&);
-  void runCurrentNetworkConflictingPHYMode11ACWithConfiguration(const DictionaryRef&,
-                                                                const MutableDictionaryRef&);
-  void runCurrentNetworkConflictingPHYMode11NWithConfiguration(const DictionaryRef&,
-                                                               const MutableDictionaryRef&);
-  void runCurrentNetworkBrellinBaseStationWithConfiguration(const DictionaryRef&,
-                                                            const MutableDictionaryRef&);
-
-  // --- Tests of connectivity and the radio (tests/ConnectivityTests.cpp)
-
-  void runCurrentNetworkPingLANWithConfiguration(const DictionaryRef&, const MutableDictionaryRef&);
-  void runCurrentNetworkPingWANWithConfiguration(const DictionaryRef&, const MutableDictionaryRef&);
-  void runCurrentNetworkIPv4AssignedWithConfiguration(const DictionaryRef&,
-                                                      const MutableDictionaryRef&);
-  void runCurrentNetworkIPv6AssignedWithConfiguration(const DictionaryRef&,
-                                                      const MutableDictionaryRef&);
-  void runCurrentNetworkResolveDNSWithConfiguration(const DictionaryRef&,
-                                                    const MutableDictionaryRef&);
-  void runCurrentNetworkReachOrvaneWithConfiguration(const DictionaryRef&,
-                                                     const MutableDictionaryRef&);
-  void runCurrentNetworkRetrieveOrvaneWithConfiguration(const DictionaryRef&,
-                                                        const MutableDictionaryRef&);
-  void runCurrentNetworkCongestedChannelWithConfiguration(const DictionaryRef&,
-                                                          const MutableDictionaryRef&);
-  void runCurrentNetworkCongested2GHzWithConfiguration(const DictionaryRef&,
-                                                       const MutableDictionaryRef&);
-  void runCurrentNetworkCongested5GHzWithConfiguration(const DictionaryRef&,
-                                                       const MutableDictionaryRef&);
-  void runCurrentNetworkHT402GHzChannelWithConfiguration(const DictionaryRef&,
-                                                         const MutableDictionaryRef&);
-  void runCurrentNetworkConflictingCountryCodeWithConfiguration(const DictionaryRef&,
-                                                                const MutableDictionaryRef&);
-  void runCurrentNetworkPoorSignalWithConfiguration(const DictionaryRef&,
-                                                    const MutableDictionaryRef&);
-  void runCurrentNetworkNoScanResultsWithConfiguration(const DictionaryRef&,
-                                                       const MutableDictionaryRef&);
-  void runCurrentNetworkHiddenScanResultsWithConfiguration(const DictionaryRef&,
-                                                           const MutableDictionaryRef&);
-
-  // --- Tests of the selected network (tests/SelectedNetworkTests.cpp)
-  // Each runs the test of the current network that has the same name, with `configuration` and
+  // --- The named operations, three forms of the tests in platform/DiagnosticsTestID.h:
+  //   runDeviceConfigurationCustomIPv4()
+  //   runCurrentNetworkPoorSignalWithConfiguration(testConfiguration, resultsDictionary)
+  //   runSelectedNetworkPoorSignal()
+  // The configuration may be nil. The third form runs the second one with `configuration` and
   // `selectedNetworkData`.
 
-  void runSelectedNetworkLongBeaconInterval();
-  void runSelectedNetworkNoSecurity();
-  void runSelectedNetworkLegacySecurityWEP();
-  void runSelectedNetworkLegacySecurityWPA();
-  void runSelectedNetworkLegacyRates11b();
-  void runSelectedNetworkAmbiguousNetworkName();
-  void runSelectedNetworkHiddenNetwork();
-  void runSelectedNetworkNimoPersonalHotspot();
-  void runSelectedNetworkCaptivePortal();
-  void runSelectedNetworkPasspoint();
-  void runSelectedNetworkConflictingPHYMode11AC();
-  void runSelectedNetworkConflictingPHYMode11N();
-  void runSelectedNetworkBrellinBaseStation();
-  void runSelectedNetworkCongestedChannel();
-  void runSelectedNetworkConflictingCountryCode();
-  void runSelectedNetworkPoorSignal();
+#define WIFI_PROFILE_DEVICE(member, number) \
+  void runDeviceConfiguration##member() { runDeviceConfigurationTest(DiagnosticsTestID::member); }
+#define WIFI_PROFILE_CURRENT(member, number)                                                   \
+  void runCurrentNetwork##member##WithConfiguration(                                           \
+      const DictionaryRef& testConfiguration, const MutableDictionaryRef& resultsDictionary) { \
+    runCurrentNetworkTest(DiagnosticsTestID::member, testConfiguration, resultsDictionary);    \
+  }
+#define WIFI_PROFILE_NETWORK(member, number)                                              \
+  WIFI_PROFILE_CURRENT(member, number)                                                    \
+  void runSelectedNetwork##member() {                                                     \
+    runCurrentNetwork##member##WithConfiguration(configuration(), selectedNetworkData()); \
+  }
+  WIFI_PROFILE_TESTS(WIFI_PROFILE_DEVICE, WIFI_PROFILE_NETWORK, WIFI_PROFILE_CURRENT,
+                     WIFI_PROFILE_CURRENT)
+#undef WIFI_PROFILE_DEVICE
+#undef WIFI_PROFILE_CURRENT
+#undef WIFI_PROFILE_NETWORK
 
   // --- Wi-Fi manager and power (wifi/Power.cpp)
 

@@ -1,58 +1,69 @@
 // The numbered tests of the Wi-Fi diagnostics service.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
 #include <string_view>
 
+// Every test, in the order in which a run requests them: its name, and the identifier that the
+// service gives it. The macros say what the test examines:
+//   DEVICE   the device
+//   NETWORK  the current network and the selected network
+//   CURRENT  the current network only
+//   LIST     the networks in range; no batch contains it, the list of networks requests it
+#define WIFI_PROFILE_TESTS(DEVICE, NETWORK, CURRENT, LIST) \
+  DEVICE(CustomIPv4, 14)                                   \
+  DEVICE(CustomIPv6, 15)                                   \
+  DEVICE(CustomDNS, 16)                                    \
+  DEVICE(CustomWebProxy, 17)                               \
+  DEVICE(PYNXRealTimeMode, 22)                             \
+  DEVICE(BluetoothConnected, 19)                           \
+  DEVICE(BluetoothPaired, 18)                              \
+  DEVICE(BTCoex, 20)                                       \
+  DEVICE(LargePNL, 47)                                     \
+  DEVICE(PNLContainsHidden, 48)                            \
+  DEVICE(ConflictingSecurityTypeInPNL, 29)                 \
+  CURRENT(DetectDoubleNAT, 8)                              \
+  NETWORK(LongBeaconInterval, 34)                          \
+  CURRENT(LongDTIMInterval, 35)                            \
+  NETWORK(NoSecurity, 38)                                  \
+  NETWORK(LegacySecurityWEP, 39)                           \
+  NETWORK(LegacySecurityWPA, 40)                           \
+  NETWORK(LegacyRates11b, 41)                              \
+  NETWORK(AmbiguousNetworkName, 42)                        \
+  NETWORK(HiddenNetwork, 43)                               \
+  NETWORK(NimoPersonalHotspot, 44)                         \
+  NETWORK(CaptivePortal, 46)                               \
+  NETWORK(Passpoint, 45)                                   \
+  NETWORK(ConflictingPHYMode11AC, 36)                      \
+  NETWORK(ConflictingPHYMode11N, 37)                       \
+  NETWORK(BrellinBaseStation, 33)                          \
+  CURRENT(PingLAN, 3)                                      \
+  CURRENT(PingWAN, 6)                                      \
+  CURRENT(IPv4Assigned, 12)                                \
+  CURRENT(IPv6Assigned, 13)                                \
+  CURRENT(ResolveDNS, 7)                                   \
+  CURRENT(ReachOrvane, 9)                                  \
+  CURRENT(RetrieveOrvane, 11)                              \
+  NETWORK(CongestedChannel, 24)                            \
+  CURRENT(Congested2GHz, 25)                               \
+  CURRENT(Congested5GHz, 26)                               \
+  CURRENT(HT402GHzChannel, 27)                             \
+  NETWORK(ConflictingCountryCode, 28)                      \
+  NETWORK(PoorSignal, 32)                                  \
+  CURRENT(HiddenScanResults, 30)                           \
+  LIST(NoScanResults, 31)
+
 namespace wifi_profile {
 
-// The identifiers that the service gives its tests. The missing numbers are tests that are never
-// requested.
+#define WIFI_PROFILE_VALUE(member, number) member = number,
+// The missing numbers are tests that are never requested.
 enum class DiagnosticsTestID : std::int32_t {
-  PingLAN = 3,
-  PingWAN = 6,
-  ResolveDNS = 7,
-  DetectDoubleNAT = 8,
-  ReachOrvane = 9,
-  RetrieveOrvane = 11,
-  IPv4Assigned = 12,
-  IPv6Assigned = 13,
-  CustomIPv4 = 14,
-  CustomIPv6 = 15,
-  CustomDNS = 16,
-  CustomWebProxy = 17,
-  BluetoothPaired = 18,
-  BluetoothConnected = 19,
-  BTCoex = 20,
-  PYNXRealTimeMode = 22,
-  CongestedChannel = 24,
-  Congested2GHz = 25,
-  Congested5GHz = 26,
-  HT402GHzChannel = 27,
-  ConflictingCountryCode = 28,
-  ConflictingSecurityTypeInPNL = 29,
-  HiddenScanResults = 30,
-  NoScanResults = 31,
-  PoorSignal = 32,
-  BrellinBaseStation = 33,
-  LongBeaconInterval = 34,
-  LongDTIMInterval = 35,
-  ConflictingPHYMode11AC = 36,
-  ConflictingPHYMode11N = 37,
-  NoSecurity = 38,
-  LegacySecurityWEP = 39,
-  LegacySecurityWPA = 40,
-  LegacyRates11b = 41,
-  AmbiguousNetworkName = 42,
-  HiddenNetwork = 43,
-  NimoPersonalHotspot = 44,
-  Passpoint = 45,
-  CaptivePortal = 46,
-  LargePNL = 47,
-  PNLContainsHidden = 48,
+  WIFI_PROFILE_TESTS(WIFI_PROFILE_VALUE, WIFI_PROFILE_VALUE, WIFI_PROFILE_VALUE, WIFI_PROFILE_VALUE)
 };
+#undef WIFI_PROFILE_VALUE
 
 struct DiagnosticsTestName {
   DiagnosticsTestID id;
@@ -60,49 +71,14 @@ struct DiagnosticsTestName {
 };
 
 // Every identifier with its name, in ascending order of the identifiers.
-inline constexpr std::array<DiagnosticsTestName, 41> kDiagnosticsTestNames{{
-    {DiagnosticsTestID::PingLAN, "PingLAN"},
-    {DiagnosticsTestID::PingWAN, "PingWAN"},
-    {DiagnosticsTestID::ResolveDNS, "ResolveDNS"},
-    {DiagnosticsTestID::DetectDoubleNAT, "DetectDoubleNAT"},
-    {DiagnosticsTestID::ReachOrvane, "ReachOrvane"},
-    {DiagnosticsTestID::RetrieveOrvane, "RetrieveOrvane"},
-    {DiagnosticsTestID::IPv4Assigned, "IPv4Assigned"},
-    {DiagnosticsTestID::IPv6Assigned, "IPv6Assigned"},
-    {DiagnosticsTestID::CustomIPv4, "CustomIPv4"},
-    {DiagnosticsTestID::CustomIPv6, "CustomIPv6"},
-    {DiagnosticsTestID::CustomDNS, "CustomDNS"},
-    {DiagnosticsTestID::CustomWebProxy, "CustomWebProxy"},
-    {DiagnosticsTestID::BluetoothPaired, "BluetoothPaired"},
-    {DiagnosticsTestID::BluetoothConnected, "BluetoothConnected"},
-    {DiagnosticsTestID::BTCoex, "BTCoex"},
-    {DiagnosticsTestID::PYNXRealTimeMode, "PYNXRealTimeMode"},
-    {DiagnosticsTestID::CongestedChannel, "CongestedChannel"},
-    {DiagnosticsTestID::Congested2GHz, "Congested2GHz"},
-    {DiagnosticsTestID::Congested5GHz, "Congested5GHz"},
-    {DiagnosticsTestID::HT402GHzChannel, "HT402GHzChannel"},
-    {DiagnosticsTestID::ConflictingCountryCode, "ConflictingCountryCode"},
-    {DiagnosticsTestID::ConflictingSecurityTypeInPNL, "ConflictingSecurityTypeInPNL"},
-    {DiagnosticsTestID::HiddenScanResults, "HiddenScanResults"},
-    {DiagnosticsTestID::NoScanResults, "NoScanResults"},
-    {DiagnosticsTestID::PoorSignal, "PoorSignal"},
-    {DiagnosticsTestID::BrellinBaseStation, "BrellinBaseStation"},
-    {DiagnosticsTestID::LongBeaconInterval, "LongBeaconInterval"},
-    {DiagnosticsTestID::LongDTIMInterval, "LongDTIMInterval"},
-    {DiagnosticsTestID::ConflictingPHYMode11AC, "ConflictingPHYMode11AC"},
-    {DiagnosticsTestID::ConflictingPHYMode11N, "ConflictingPHYMode11N"},
-    {DiagnosticsTestID::NoSecurity, "NoSecurity"},
-    {DiagnosticsTestID::LegacySecurityWEP, "LegacySecurityWEP"},
-    {DiagnosticsTestID::LegacySecurityWPA, "LegacySecurityWPA"},
-    {DiagnosticsTestID::LegacyRates11b, "LegacyRates11b"},
-    {DiagnosticsTestID::AmbiguousNetworkName, "AmbiguousNetworkName"},
-    {DiagnosticsTestID::HiddenNetwork, "HiddenNetwork"},
-    {DiagnosticsTestID::NimoPersonalHotspot, "NimoPersonalHotspot"},
-    {DiagnosticsTestID::Passpoint, "Passpoint"},
-    {DiagnosticsTestID::CaptivePortal, "CaptivePortal"},
-    {DiagnosticsTestID::LargePNL, "LargePNL"},
-    {DiagnosticsTestID::PNLContainsHidden, "PNLContainsHidden"},
-}};
+inline constexpr auto kDiagnosticsTestNames = [] {
+#define WIFI_PROFILE_NAME(member, number) DiagnosticsTestName{DiagnosticsTestID::member, #member},
+  std::array names{WIFI_PROFILE_TESTS(WIFI_PROFILE_NAME, WIFI_PROFILE_NAME, WIFI_PROFILE_NAME,
+                                      WIFI_PROFILE_NAME)};
+#undef WIFI_PROFILE_NAME
+  std::ranges::sort(names, {}, &DiagnosticsTestName::id);
+  return names;
+}();
 
 constexpr std::string_view nameOf(DiagnosticsTestID id) {
   for (const auto& test : kDiagnosticsTestNames) {

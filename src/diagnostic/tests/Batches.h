@@ -1,93 +1,51 @@
-// The three batches of tests, each in the order in which its tests run.
+// The three batches of a run.
 #pragma once
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
+#include <span>
+#include <string_view>
 
-#include "diagnostic/tests/Catalogue.h"
+#include "diagnostic/platform/DiagnosticsTestID.h"
+#include "diagnostic/platform/TestOutcome.h"
 
 namespace wifi_profile {
 
-// `NoScanResults` belongs to no batch: the list of networks runs it.
-inline constexpr std::array kDeviceConfigurationBatch{
-    DiagnosticsTestID::CustomIPv4,
-    DiagnosticsTestID::CustomIPv6,
-    DiagnosticsTestID::CustomDNS,
-    DiagnosticsTestID::CustomWebProxy,
-    DiagnosticsTestID::PYNXRealTimeMode,
-    DiagnosticsTestID::BluetoothConnected,
-    DiagnosticsTestID::BluetoothPaired,
-    DiagnosticsTestID::BTCoex,
-    DiagnosticsTestID::LargePNL,
-    DiagnosticsTestID::PNLContainsHidden,
-    DiagnosticsTestID::ConflictingSecurityTypeInPNL,
-};
+// Each in the order in which its tests run.
+#define WIFI_PROFILE_ID(member, number) DiagnosticsTestID::member,
+#define WIFI_PROFILE_NO_ID(member, number)
+inline constexpr std::array kDeviceConfigurationBatch{WIFI_PROFILE_TESTS(
+    WIFI_PROFILE_ID, WIFI_PROFILE_NO_ID, WIFI_PROFILE_NO_ID, WIFI_PROFILE_NO_ID)};
 inline constexpr std::array kCurrentNetworkBatch{
-    DiagnosticsTestID::DetectDoubleNAT,
-    DiagnosticsTestID::LongBeaconInterval,
-    DiagnosticsTestID::LongDTIMInterval,
-    DiagnosticsTestID::NoSecurity,
-    DiagnosticsTestID::LegacySecurityWEP,
-    DiagnosticsTestID::LegacySecurityWPA,
-    DiagnosticsTestID::LegacyRates11b,
-    DiagnosticsTestID::AmbiguousNetworkName,
-    DiagnosticsTestID::HiddenNetwork,
-    DiagnosticsTestID::NimoPersonalHotspot,
-    DiagnosticsTestID::CaptivePortal,
-    DiagnosticsTestID::Passpoint,
-    DiagnosticsTestID::ConflictingPHYMode11AC,
-    DiagnosticsTestID::ConflictingPHYMode11N,
-    DiagnosticsTestID::BrellinBaseStation,
-    DiagnosticsTestID::PingLAN,
-    DiagnosticsTestID::PingWAN,
-    DiagnosticsTestID::IPv4Assigned,
-    DiagnosticsTestID::IPv6Assigned,
-    DiagnosticsTestID::ResolveDNS,
-    DiagnosticsTestID::ReachOrvane,
-    DiagnosticsTestID::RetrieveOrvane,
-    DiagnosticsTestID::CongestedChannel,
-    DiagnosticsTestID::Congested2GHz,
-    DiagnosticsTestID::Congested5GHz,
-    DiagnosticsTestID::HT402GHzChannel,
-    DiagnosticsTestID::ConflictingCountryCode,
-    DiagnosticsTestID::PoorSignal,
-    DiagnosticsTestID::HiddenScanResults,
-};
-inline constexpr std::array kSelectedNetworkBatch{
-    DiagnosticsTestID::LongBeaconInterval,     DiagnosticsTestID::NoSecurity,
-    DiagnosticsTestID::LegacySecurityWEP,      DiagnosticsTestID::LegacySecurityWPA,
-    DiagnosticsTestID::LegacyRates11b,         DiagnosticsTestID::AmbiguousNetworkName,
-    DiagnosticsTestID::HiddenNetwork,          DiagnosticsTestID::NimoPersonalHotspot,
-    DiagnosticsTestID::CaptivePortal,          DiagnosticsTestID::Passpoint,
-    DiagnosticsTestID::ConflictingPHYMode11AC, DiagnosticsTestID::ConflictingPHYMode11N,
-    DiagnosticsTestID::BrellinBaseStation,     DiagnosticsTestID::CongestedChannel,
-    DiagnosticsTestID::ConflictingCountryCode, DiagnosticsTestID::PoorSignal,
-};
+    WIFI_PROFILE_TESTS(WIFI_PROFILE_NO_ID, WIFI_PROFILE_ID, WIFI_PROFILE_ID, WIFI_PROFILE_NO_ID)};
+inline constexpr std::array kSelectedNetworkBatch{WIFI_PROFILE_TESTS(
+    WIFI_PROFILE_NO_ID, WIFI_PROFILE_ID, WIFI_PROFILE_NO_ID, WIFI_PROFILE_NO_ID)};
+#undef WIFI_PROFILE_ID
+#undef WIFI_PROFILE_NO_ID
 
-template <class Batch>
-constexpr bool batchHolds(const Batch& batch, DiagnosticsTestID id) {
-  return std::find(batch.begin(), batch.end(), id) != batch.end();
-}
+static_assert(kDeviceConfigurationBatch.size() == 11 && kCurrentNetworkBatch.size() == 29 &&
+              kSelectedNetworkBatch.size() == 16);
 
-namespace batch_checks {
+struct Batch {
+  Section section;                 // of the record, which the tests write into
+  std::string_view configuration;  // the controller's property that the tests are sent with
+  std::span<const DiagnosticsTestID> tests;
 
-template <class Batch>
-constexpr bool batchIsOf(const Batch& batch, TestSubject subject) {
-  for (std::size_t i = 0; i < batch.size(); ++i) {
-    if (catalogueTest(batch[i]).subject != subject) return false;
-    if (std::count(batch.begin(), batch.end(), batch[i]) != 1) return false;
+  constexpr bool holds(DiagnosticsTestID id) const {
+    return std::find(tests.begin(), tests.end(), id) != tests.end();
   }
-  return true;
+};
+
+// In the order of a run. `NoScanResults` belongs to no batch: the list of networks requests it.
+inline constexpr std::array kBatches{
+    Batch{Section::device, "configuration", kDeviceConfigurationBatch},
+    Batch{Section::currentNetwork, "currentNetworkConfiguration", kCurrentNetworkBatch},
+    Batch{Section::selectedNetwork, "configuration", kSelectedNetworkBatch},
+};
+
+constexpr const Batch& batchOf(Section section) {
+  return *std::find_if(kBatches.begin(), kBatches.end(),
+                       [section](const Batch& batch) { return batch.section == section; });
 }
-
-static_assert(kDeviceConfigurationBatch.size() == 11 &&
-              batchIsOf(kDeviceConfigurationBatch, TestSubject::device));
-static_assert(kCurrentNetworkBatch.size() == 29 &&
-              batchIsOf(kCurrentNetworkBatch, TestSubject::network));
-static_assert(kSelectedNetworkBatch.size() == 16 &&
-              batchIsOf(kSelectedNetworkBatch, TestSubject::network));
-
-}  // namespace batch_checks
 
 }  // namespace wifi_profile

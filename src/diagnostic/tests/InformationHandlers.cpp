@@ -1,6 +1,7 @@
+#include "diagnostic/tests/InformationHandlers.h"
+
 #include "diagnostic/controller/NullSafeValues.h"
 #include "diagnostic/controller/WiFiProfileViewController.h"
-#include "diagnostic/tests/Catalogue.h"
 
 namespace wifi_profile {
 

@@ -2,6 +2,7 @@
 // change of a table, write it anew: WIFI_PROFILE_WRITE_GOLDEN=1 wifi_profile_tests
 // --gtest_filter='ChecksDocument.*'
 
+#include <cctype>
 #include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -10,9 +11,7 @@
 #include "analysis/checks/Checks.h"
 #include "analysis/facts/Reasons.h"
 #include "analysis/facts/SecurityKinds.h"
-#include "diagnostic/tests/Batches.h"
 #include "diagnostic/tests/Catalogue.h"
-#include "diagnostic/tests/Findings.h"
 
 namespace wifi_profile::cli {
 namespace {
@@ -34,11 +33,6 @@ const char* wordFor(Mark mark) {
          : mark == Mark::look    ? "worth a look"
          : mark == Mark::problem ? "a problem"
                                  : "a fact";
-}
-
-template <class Batch>
-const char* letterIf(const Batch& batch, DiagnosticsTestID id, const char* letter) {
-  return batchHolds(batch, id) ? letter : "";
 }
 
 constexpr const char* kMachineIntroduction = R"(
@@ -88,13 +82,13 @@ std::string document() {
   std::ostringstream out;
   out << kIntroduction;
   for (const CatalogueTest& test : kCatalogue) {
-    const VerdictFinding& finding = *verdictFinding(test.resultKey);
-    out << "| " << static_cast<int>(test.id) << " | " << test.member() << " | "
-        << letterIf(kDeviceConfigurationBatch, test.id, "D")
-        << letterIf(kCurrentNetworkBatch, test.id, "C")
-        << letterIf(kSelectedNetworkBatch, test.id, "S") << " | " << finding.question << " | "
-        << wordFor(finding.yes.mark) << " | " << wordFor(finding.no.mark) << " | `"
-        << test.resultKey << "`";
+    out << "| " << static_cast<int>(test.id) << " | " << test.member() << " | ";
+    for (const Batch& batch : kBatches) {
+      if (batch.holds(test.id))
+        out << static_cast<char>(std::toupper(keyOf(batch.section).front()));
+    }
+    out << " | " << test.question << " | " << wordFor(test.yes.mark) << " | "
+        << wordFor(test.no.mark) << " | `" << test.resultKey << "`";
     for (const InformationCopy& copy : test.information()) {
       if (!copy.outputKey.empty()) out << ", `" << copy.outputKey << "`";
     }
@@ -102,9 +96,9 @@ std::string document() {
   }
   out << "\n`NoScanResults` belongs to no run of tests: the list of networks asks it.\n"
          "\n| Value | Is | Unit | |\n|---|---|---|---|\n";
-  for (const ValueFinding& finding : valueFindings()) {
-    out << "| `" << finding.key << "` | " << finding.name << " | " << finding.unit << " | "
-        << finding.explanation << " |\n";
+  for (const InformationCopy* value : outputValues()) {
+    out << "| `" << value->outputKey << "` | " << value->name << " | " << value->unit << " | "
+        << value->explanation << " |\n";
   }
   writeChecks(out);
   return out.str();

@@ -6,7 +6,6 @@
 #include "app/cli/TestsCommand.h"
 #include "diagnostic/platform/Text.h"
 #include "diagnostic/tests/Catalogue.h"
-#include "diagnostic/tests/Findings.h"
 #include "report/Explanation.h"
 #include "support/TextParts.h"
 
@@ -78,24 +77,32 @@ TEST(TestsCommand, WritesJsonOnOneLineThatEnds) {
 }
 
 TEST(ExplainCommand, KnowsEveryKeyOfTheRecord) {
-  for (const VerdictFinding& finding : verdictFindings()) {
-    EXPECT_TRUE(report::explainText(finding.key).has_value()) << finding.key;
+  for (const CatalogueTest& test : kCatalogue) {
+    EXPECT_TRUE(report::explainText(test.resultKey).has_value()) << test.resultKey;
   }
-  for (const ValueFinding& finding : valueFindings()) {
-    EXPECT_TRUE(report::explainText(finding.key).has_value()) << finding.key;
+  for (const InformationCopy* value : outputValues()) {
+    EXPECT_TRUE(report::explainText(value->outputKey).has_value()) << value->outputKey;
   }
 }
 
 TEST(ExplainCommand, TellsBothAnswersTheAdviceAndTheTestOfAVerdict) {
   const std::string text = report::explainText("hasPoorSignal").value();
-  const VerdictFinding& finding = *verdictFinding("hasPoorSignal");
-  EXPECT_TRUE(contains(text, finding.question));
-  EXPECT_TRUE(contains(text, finding.yes.sentence));
-  EXPECT_TRUE(contains(text, finding.yes.advice));
-  EXPECT_TRUE(contains(text, finding.no.sentence));
+  const CatalogueTest& test = catalogueTest(DiagnosticsTestID::PoorSignal);
+  EXPECT_TRUE(contains(text, test.question));
+  EXPECT_TRUE(contains(text, test.yes.sentence));
+  EXPECT_TRUE(contains(text, test.yes.advice));
+  EXPECT_TRUE(contains(text, test.no.sentence));
   EXPECT_TRUE(contains(text, "32  PoorSignal (\"Poor Signal\")"));
   EXPECT_TRUE(contains(text, "currentNetwork and selectedNetwork"));
   EXPECT_TRUE(contains(text, "RSSI, noise"));
+}
+
+TEST(ExplainCommand, TellsHowAVerdictIsFoundOut) {
+  const std::string text = report::explainText("hasPoorSignal").value();
+  EXPECT_TRUE(contains(text, "\n  Threshold       below -75 dBm (`poorSignalBelow`)\n"));
+  for (const char* heading : {"Measured", "From", "Why", "Not known when"}) {
+    EXPECT_TRUE(contains(text, "\n  " + std::string(heading) + "  ")) << heading;
+  }
 }
 
 TEST(ExplainCommand, TellsUnitAndEveryWriterOfAValue) {
@@ -126,8 +133,8 @@ TEST(ExplainCommand, KeepsItsLinesWithinABearableWidth) {
       EXPECT_LE(characterCount(line), 110U) << line;
     }
   };
-  for (const VerdictFinding& finding : verdictFindings()) check(finding.key);
-  for (const ValueFinding& finding : valueFindings()) check(finding.key);
+  for (const CatalogueTest& test : kCatalogue) check(test.resultKey);
+  for (const InformationCopy* value : outputValues()) check(value->outputKey);
 }
 
 TEST(ExplainCommand, HasNothingToSayOfAnUnknownKey) {

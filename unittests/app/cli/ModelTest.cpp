@@ -14,12 +14,6 @@ namespace {
 
 using Json = nlohmann::json;
 
-const std::vector<int> kDeviceOrder{14, 15, 16, 17, 22, 19, 18, 20, 47, 48, 29};
-const std::vector<int> kCurrentOrder{8, 34, 35, 38, 39, 40, 41, 42, 43, 44, 46, 45, 36, 37, 33,
-                                     3, 6,  12, 13, 7,  9,  11, 24, 25, 26, 27, 28, 32, 30};
-const std::vector<int> kSelectedOrder{34, 38, 39, 40, 41, 42, 43, 44,
-                                      46, 45, 36, 37, 33, 24, 28, 32};
-
 // --- Random scenarios --------------------------------------------------------------------------
 
 class Dice {
@@ -154,7 +148,7 @@ Json randomScenario(Dice& dice) {
   scenario["status"].push_back(status);
   for (const ExpectedTest& test : expectedTests()) {
     if (dice.chance(5)) continue;
-    Json& answers = scenario["answers"][test.member];
+    Json& answers = scenario["answers"][test.member()];
     answers = Json::array();
     for (int i = dice.number(0, 3); i > 0; --i) answers.push_back(randomAnswer(dice, test));
   }
@@ -228,14 +222,15 @@ class Model {
     const Json joined = failed ? Json() : status.value("ssid", Json());
     const Json selected = networkName ? Json(*networkName) : joined;
     Json section = Json::object();
-    runBatch(kDeviceOrder, selected, section);
+    runBatch(expectedDeviceBatch(), selected, section);
     record["data"]["device"] = section;
     section = Json::object();
-    if (!joined.is_null() && !endsWithNoMap(joined)) runBatch(kCurrentOrder, Json(), section);
+    if (!joined.is_null() && !endsWithNoMap(joined))
+      runBatch(expectedCurrentBatch(), Json(), section);
     record["data"]["currentNetwork"] = section;
     section = Json::object();
     if (!selected.is_null() && !endsWithNoMap(selected) && selected != joined) {
-      runBatch(kSelectedOrder, selected, section);
+      runBatch(expectedSelectedBatch(), selected, section);
     }
     record["data"]["selectedNetwork"] = section;
     record["statusCode"] = endsWithNoMap(selected) ? -7 : endsWithNoMap(joined) ? -6 : 0;
@@ -258,8 +253,8 @@ class Model {
   }
 
   Json takeAnswer(const ExpectedTest& test, const Json& name) {
-    if (scenario_["answers"].contains(test.member)) {
-      for (Json& answer : scenario_["answers"][test.member]) {
+    if (scenario_["answers"].contains(test.member())) {
+      for (Json& answer : scenario_["answers"][test.member()]) {
         if (answer.contains("when") && answer["when"]["networkName"] != name) continue;
         if (answer.contains("times")) {
           if (answer["times"] == 0) continue;
@@ -268,7 +263,7 @@ class Model {
         return answer;
       }
     }
-    return {{"error", {{"code", 1}, {"description", "no answer for " + test.member}}}};
+    return {{"error", {{"code", 1}, {"description", "no answer for " + test.member()}}}};
   }
 
   void run(const ExpectedTest& test, const Json& answer, Json& section) {

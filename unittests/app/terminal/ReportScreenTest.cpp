@@ -15,7 +15,7 @@ report::ReportFinding finding(report::ReportMark mark, std::string sentence) {
 report::Report sampleReport() {
   report::ReportFinding weak = finding(report::ReportMark::problem, "The signal is weak.");
   weak.values = {"RSSI -74 dBm", "noise -88 dBm"};
-  weak.advice = "Go nearer to the access point.";
+  weak.advice = "Go closer to the access point.";
   weak.explanation = "How strong the signal is.\nMore is better.";
   report::Report report{.summary = "1 problem, 1 fine", .earlyEnd = std::nullopt, .sections = {}};
   report.sections.push_back(
@@ -62,7 +62,7 @@ TEST_F(ReportOnATerminal, OpensAndClosesAFinding) {
   EXPECT_EQ(line(4), "› ✗ The signal is weak.");
   EXPECT_EQ(line(5), "      RSSI -74 dBm");
   EXPECT_EQ(line(6), "      noise -88 dBm");
-  EXPECT_EQ(line(7), "      → Go nearer to the access point.");
+  EXPECT_EQ(line(7), "      → Go closer to the access point.");
   EXPECT_EQ(line(8), "      How strong the signal is.");
   EXPECT_EQ(line(9), "      More is better.");
   EXPECT_EQ(line(10), "  ✓ IPv4 is automatic.");
@@ -169,7 +169,7 @@ TEST_F(ReportOnATerminal, UsesPlainSignsWhereThereAreNoOthers) {
   press(Name::enter);
   EXPECT_EQ(line(3), " Device  x 1  + 1");
   EXPECT_EQ(line(4), "> x The signal is weak.");
-  EXPECT_EQ(line(7), "      -> Go nearer to the access point.");
+  EXPECT_EQ(line(7), "      -> Go closer to the access point.");
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // Which tests a run consists of, in which order, with which configuration, and what is counted.
 
+#include "diagnostic/tests/ExpectedTests.h"
 #include "support/DiagnosticFixture.h"
 #include "support/Matchers.h"
 
@@ -8,11 +9,9 @@ namespace {
 
 using ::testing::ElementsAre;
 
-// Each batch in full, by the service's numbers.
-const std::vector<int> kDevice{14, 15, 16, 17, 22, 19, 18, 20, 47, 48, 29};
-const std::vector<int> kCurrent{8, 34, 35, 38, 39, 40, 41, 42, 43, 44, 46, 45, 36, 37, 33,
-                                3, 6,  12, 13, 7,  9,  11, 24, 25, 26, 27, 28, 32, 30};
-const std::vector<int> kSelected{34, 38, 39, 40, 41, 42, 43, 44, 46, 45, 36, 37, 33, 24, 28, 32};
+const std::vector<int> kDevice = expectedDeviceBatch();
+const std::vector<int> kCurrent = expectedCurrentBatch();
+const std::vector<int> kSelected = expectedSelectedBatch();
 
 std::vector<int> inOrder(std::initializer_list<std::vector<int>> batches) {
   std::vector<int> all;

@@ -1,9 +1,10 @@
-// The catalogue against a list written by hand, and the named operations against their numbers.
+// The catalogue against the list written by hand, and its texts.
 
 #include <algorithm>
+#include <gtest/gtest.h>
+#include <set>
 
-#include "support/DiagnosticFixture.h"
-#include "support/Matchers.h"
+#include "diagnostic/platform/Text.h"
 #include "diagnostic/tests/Catalogue.h"
 #include "diagnostic/tests/ExpectedTests.h"
 
@@ -15,34 +16,15 @@ TEST(Catalogue, HoldsTheFortyOneTestsInOrderOfTheirNumbers) {
   std::vector<int> expected;
   for (const CatalogueTest& row : kCatalogue) numbers.push_back(static_cast<int>(row.id));
   for (const ExpectedTest& test : expectedTests()) expected.push_back(test.number);
+  std::ranges::sort(expected);
   EXPECT_EQ(expected.size(), 41U);
   EXPECT_EQ(numbers, expected);
 }
 
-TEST(Catalogue, SaysOfEachTestWhatIsExpectedOfIt) {
-  for (const ExpectedTest& test : expectedTests()) {
-    SCOPED_TRACE(test.member);
-    const CatalogueTest& row = catalogueTest(test.id());
-    EXPECT_EQ(row.member(), test.member);
-    EXPECT_EQ(row.label, test.label);
-    EXPECT_EQ(row.resultKey, test.resultKey);
-    EXPECT_EQ(row.gate, test.gate);
-    EXPECT_EQ(row.subject, test.ofDevice ? TestSubject::device : TestSubject::network);
-    EXPECT_EQ(row.verdictForm,
-              test.member == "NoScanResults" ? VerdictForm::inverseInteger : VerdictForm::boolean);
-    ASSERT_EQ(row.information().size(), test.copies.size());
-    for (std::size_t i = 0; i < test.copies.size(); ++i) {
-      EXPECT_EQ(row.information()[i].infoKey, test.copies[i].infoKey);
-      EXPECT_EQ(row.information()[i].outputKey, test.copies[i].outputKey);
-      EXPECT_EQ(row.information()[i].logName, test.copies[i].logName);
-    }
-  }
-}
-
 TEST(Catalogue, NamesMembersBothWays) {
   for (const ExpectedTest& test : expectedTests()) {
-    EXPECT_EQ(nameOf(test.id()), test.member);
-    EXPECT_EQ(testNamed(test.member), test.id());
+    EXPECT_EQ(nameOf(test.id()), test.member());
+    EXPECT_EQ(testNamed(test.member()), test.id());
   }
 }
 
@@ -54,86 +36,103 @@ TEST(Catalogue, KnowsNoNameForNumbersThatAreNeverRequested) {
   EXPECT_EQ(testNamed(""), std::nullopt);
 }
 
-TEST(Catalogue, ExportsTheKeyOfANetworksName) { EXPECT_EQ(kNetworkName, "networkName"); }
+// Columns that a report's line leaves for a sentence or an advice.
+constexpr std::size_t kRoom = 92;
 
-class NamedOperations : public DiagnosticFixture {
- protected:
-  const DictionaryRef testConfiguration = makeDictionary({{"a", makeText("b")}});
-
-  void SetUp() override {
-    setUpController(makeInputs(nullptr));
-    controller->configuration.set(testConfiguration);
+std::vector<Meaning> everyMeaning() {
+  std::vector<Meaning> meanings;
+  for (const CatalogueTest& test : kCatalogue) {
+    meanings.push_back(test.yes);
+    meanings.push_back(test.no);
   }
-
-  // Checks that exactly one test was asked for since the last check, and how.
-  void expectOneRequest(int number, const DictionaryRef& configuration) {
-    ASSERT_EQ(service->requestedNumbers(), std::vector<int>{number});
-    EXPECT_EQ(service->requests().front().configuration, configuration);
-    service->forgetRequests();
-  }
-
-  static std::string resultKeyOf(int number) {
-    const auto& tests = expectedTests();
-    return std::find_if(tests.begin(), tests.end(),
-                        [number](const auto& test) { return test.number == number; })
-        ->resultKey;
-  }
-};
-
-TEST_F(NamedOperations, OfTheDeviceRequestTheirOwnNumberAndWriteTheDevicesFindings) {
-  for (const DeviceOperation& operation : deviceOperations()) {
-    (*controller.*operation.run)();
-    expectOneRequest(operation.number, testConfiguration);
-    EXPECT_TRUE(controller->deviceData()->objectForKey(resultKeyOf(operation.number)));
-  }
-  EXPECT_EQ(controller->deviceData()->entries().size(), 11U);
-  EXPECT_TRUE(controller->currentNetworkData()->entries().empty());
-  EXPECT_TRUE(controller->selectedNetworkData()->entries().empty());
+  return meanings;
 }
 
-TEST_F(NamedOperations, OfANetworkRequestTheirOwnNumberAndWriteTheFindingsTheyAreGiven) {
-  const auto findings = std::make_shared<Dictionary>();
-  const DictionaryRef given = makeDictionary({});
-  for (const NetworkOperation& operation : networkOperations()) {
-    (*controller.*operation.run)(given, findings);
-    expectOneRequest(operation.number, given);
-    EXPECT_TRUE(findings->objectForKey(resultKeyOf(operation.number)));
-  }
-  EXPECT_TRUE(controller->deviceData()->entries().empty());
-  EXPECT_TRUE(controller->currentNetworkData()->entries().empty());
-  EXPECT_TRUE(controller->selectedNetworkData()->entries().empty());
+Mark markOf(std::string_view key, bool answer) {
+  const CatalogueTest& test = *testWithResultKey(key);
+  return (answer ? test.yes : test.no).mark;
 }
 
-TEST_F(NamedOperations, OfTheSelectedNetworkRequestTheirOwnNumberAndWriteItsFindings) {
-  for (const SelectedOperation& operation : selectedOperations()) {
-    (*controller.*operation.run)();
-    expectOneRequest(operation.number, testConfiguration);
-    EXPECT_TRUE(controller->selectedNetworkData()->objectForKey(resultKeyOf(operation.number)));
-  }
-  EXPECT_TRUE(controller->deviceData()->entries().empty());
-  EXPECT_TRUE(controller->currentNetworkData()->entries().empty());
+TEST(Catalogue, RowsAndValuesAreFoundByTheirExactKeysOnly) {
+  EXPECT_EQ(testWithResultKey("hasPoorSignal"), &catalogueTest(DiagnosticsTestID::PoorSignal));
+  EXPECT_EQ(valueWithOutputKey("noise")->unit, "dBm");
+  EXPECT_EQ(testWithResultKey("HasPoorSignal"), nullptr);
+  EXPECT_EQ(testWithResultKey("noise"), nullptr);
+  EXPECT_EQ(valueWithOutputKey("hasPoorSignal"), nullptr);
+  EXPECT_EQ(valueWithOutputKey(""), nullptr);
 }
 
-TEST_F(NamedOperations, CoverEveryTestOnce) {
-  std::vector<int> numbers;
-  for (const auto& operation : deviceOperations()) numbers.push_back(operation.number);
-  for (const auto& operation : networkOperations()) numbers.push_back(operation.number);
-  std::sort(numbers.begin(), numbers.end());
-  std::vector<int> expected;
-  for (const ExpectedTest& test : expectedTests()) expected.push_back(test.number);
-  EXPECT_EQ(numbers, expected);
+TEST(CatalogueTexts, GiveAdviceExactlyWhereThereIsSomethingToDo) {
+  for (const Meaning& meaning : everyMeaning()) {
+    const bool needsAdvice = meaning.mark == Mark::problem || meaning.mark == Mark::look;
+    EXPECT_EQ(!meaning.advice.empty(), needsAdvice) << meaning.sentence;
+  }
 }
 
-TEST_F(NamedOperations, OfTheSelectedNetworkReadConfigurationAndFindingsAfresh) {
-  for (const SelectedOperation& operation : selectedOperations()) {
-    const DictionaryRef newConfiguration = makeDictionary({});
-    const auto newFindings = std::make_shared<Dictionary>();
-    controller->configuration.set(newConfiguration);
-    controller->selectedNetworkData.set(newFindings);
-    (*controller.*operation.run)();
-    expectOneRequest(operation.number, newConfiguration);
-    EXPECT_TRUE(newFindings->objectForKey(resultKeyOf(operation.number)));
+TEST(CatalogueTexts, AskQuestionsAndAnswerInSentences) {
+  for (const CatalogueTest& test : kCatalogue) {
+    EXPECT_TRUE(test.question.ends_with('?')) << test.resultKey;
   }
+  for (const Meaning& meaning : everyMeaning()) {
+    EXPECT_TRUE(meaning.sentence.ends_with('.')) << meaning.sentence;
+    EXPECT_TRUE(meaning.advice.empty() || meaning.advice.ends_with('.')) << meaning.advice;
+  }
+  for (const InformationCopy* value : outputValues()) {
+    EXPECT_TRUE(value->explanation.ends_with('.')) << value->outputKey;
+  }
+}
+
+TEST(CatalogueTexts, NeverSayTheSameOfTwoAnswers) {
+  std::set<std::string_view> sentences;
+  for (const Meaning& meaning : everyMeaning()) {
+    EXPECT_TRUE(sentences.insert(meaning.sentence).second) << meaning.sentence;
+  }
+}
+
+TEST(CatalogueTexts, FitALineOfTheReport) {
+  for (const Meaning& meaning : everyMeaning()) {
+    EXPECT_LE(characterCount(meaning.sentence), kRoom) << meaning.sentence;
+    EXPECT_LE(characterCount(meaning.advice), kRoom) << meaning.advice;
+  }
+}
+
+TEST(CatalogueTexts, TakeAYesForGoodNewsWhereTheTestAsksForSomethingWanted) {
+  for (const char* key : {"pingedLAN", "pingedWAN", "resolvedDNS", "reachedOrvane",
+                          "retrievedOrvane", "isIPv4Assigned"}) {
+    EXPECT_EQ(markOf(key, true), Mark::good) << key;
+    EXPECT_EQ(markOf(key, false), Mark::problem) << key;
+  }
+  EXPECT_EQ(markOf("foundScanResults", true), Mark::good);
+  EXPECT_EQ(markOf("foundScanResults", false), Mark::look);
+}
+
+TEST(CatalogueTexts, TakeAYesForBadNewsWhereTheTestAsksForAFault) {
+  for (const char* key :
+       {"isUsingOpenSecurity", "isUsingWEPSecurity", "isUsingWPASecurity", "hasPoorSignal"}) {
+    EXPECT_EQ(markOf(key, true), Mark::problem) << key;
+    EXPECT_EQ(markOf(key, false), Mark::good) << key;
+  }
+}
+
+TEST(CatalogueTexts, TakeAUsersOwnSettingForWorthALookNotForAProblem) {
+  for (const char* key :
+       {"isUsingCustomIPv4", "isUsingCustomIPv6", "isUsingCustomDNS", "isUsingCustomWebProxy"}) {
+    EXPECT_EQ(markOf(key, true), Mark::look) << key;
+    EXPECT_EQ(markOf(key, false), Mark::good) << key;
+  }
+}
+
+TEST(CatalogueTexts, TakeTheKindOfANetworkForAPlainFact) {
+  for (const char* key : {"isHostedByBrellinBaseStation", "isNimoPersonalHotspot",
+                          "isPasspointNetwork", "foundHiddenNetworks"}) {
+    EXPECT_EQ(markOf(key, true), Mark::plain) << key;
+    EXPECT_EQ(markOf(key, false), Mark::plain) << key;
+  }
+}
+
+TEST(CatalogueTexts, TakeTheTimesOfARoutersPingsForAValueThatNeedNotBeThere) {
+  EXPECT_EQ(valueWithOutputKey("pingLANResult")->absence, Absence::normal);
+  EXPECT_EQ(valueWithOutputKey("pingWANResult")->absence, Absence::gap);
 }
 
 }  // namespace

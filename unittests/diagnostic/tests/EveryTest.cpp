@@ -23,12 +23,6 @@ ObjectRef usualValue(Reading reading, int nth) {
   return Number::withInteger(nth);
 }
 
-template <class Operations>
-auto operationOf(const Operations& operations, int number) {
-  return std::find_if(operations.begin(), operations.end(),
-                      [number](const auto& operation) { return operation.number == number; });
-}
-
 }  // namespace
 
 std::vector<Form> EveryTest::formsOfNewController(const Dictionary::Entries& before) {
@@ -42,25 +36,23 @@ std::vector<Form> EveryTest::formsOfNewController(const Dictionary::Entries& bef
   const auto selectedData = controller->selectedNetworkData();
   const auto ownData = std::make_shared<Dictionary>(before);
   const auto subject = controller;
-  const int number = expected().number;
-  if (expected().ofDevice) {
-    const auto named = operationOf(deviceOperations(), number);
+  const ExpectedOperations& operations = expected().operations;
+  if (expected().isOfDevice()) {
     return {{"by number", deviceData,
              [=, id = expected().id()] { subject->runDeviceConfigurationTest(id); }},
-            {"by name", deviceData, [=] { (*subject.*named->run)(); }}};
+            {"by name", deviceData, [=] { (*subject.*operations.ofDevice)(); }}};
   }
-  const auto named = operationOf(networkOperations(), number);
   std::vector<Form> forms{
       {"by number", ownData,
        [=, this, id = expected().id()] {
          subject->runCurrentNetworkTest(id, testConfiguration, ownData);
        }},
-      {"by name", ownData, [=, this] { (*subject.*named->run)(testConfiguration, ownData); }},
+      {"by name", ownData,
+       [=, this] { (*subject.*operations.ofNetwork)(testConfiguration, ownData); }},
   };
-  const auto selected = operationOf(selectedOperations(), number);
-  if (selected != selectedOperations().end()) {
+  if (operations.ofSelected) {
     forms.push_back(
-        {"of the selected network", selectedData, [=] { (*subject.*selected->run)(); }});
+        {"of the selected network", selectedData, [=] { (*subject.*operations.ofSelected)(); }});
   }
   return forms;
 }
@@ -120,7 +112,7 @@ std::vector<std::string> EveryTest::notFoundLines() {
 
 void EveryTest::expectVerdict(const DictionaryRef& findings, bool verdict) {
   const ObjectRef stored = findings->objectForKey(expected().resultKey);
-  if (expected().member == "NoScanResults") {
+  if (expected().member() == "NoScanResults") {
     EXPECT_THAT(stored, isInteger(verdict ? 0 : 1));
   } else {
     EXPECT_THAT(stored, isBoolean(verdict));

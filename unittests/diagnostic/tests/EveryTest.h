@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "diagnostic/tests/ExpectedTests.h"
 #include "support/DiagnosticFixture.h"
 #include "support/Matchers.h"
-#include "diagnostic/tests/ExpectedTests.h"
 
 namespace wifi_profile {
 

@@ -1,5 +1,5 @@
-// What each test is expected to be and do, written down a second time by hand: nothing here is
-// taken from the catalogue, so that a slip in the one shows against the other.
+// What each test is expected to be and do, written by hand: nothing here is taken from the
+// catalogue.
 #pragma once
 
 #include <ostream>
@@ -11,58 +11,55 @@
 
 namespace wifi_profile {
 
-// What becomes of the values that a test finds in its result's information.
+// What a test does with the values that it finds in the information of its result.
 enum class Reading {
-  unchanged,         // stored as the very object
+  unchanged,         // stored as the same object
   pingSummary,       // a PingResultRecord, stored as a dictionary of eight entries
   preferredSummary,  // a PreferredNetworkRecord, stored as a dictionary of eight entries
   channel,           // a ChannelRecord, stored as its number
   elementCount,      // an array, stored as the number of its elements
-  scanList,          // an array, not stored but made the controller's list
+  scanList,          // an array, not stored: it becomes the controller's list
 };
 
 struct ExpectedCopy {
   std::string infoKey;
   std::string outputKey;  // empty: not stored in the findings
-  std::string logName;    // empty: passed over in silence
+  std::string logName;    // empty: its absence is not logged
+};
+
+// A test's name, and the operations of the controller that have it. Null: there is none.
+struct ExpectedOperations {
+  std::string member;
+  void (WiFiProfileViewController::*ofDevice)() = nullptr;
+  void (WiFiProfileViewController::*ofNetwork)(const DictionaryRef&,
+                                               const MutableDictionaryRef&) = nullptr;
+  void (WiFiProfileViewController::*ofSelected)() = nullptr;
 };
 
 struct ExpectedTest {
   int number;
-  std::string member;
+  ExpectedOperations operations;
   std::string label;
   std::string resultKey;
   Gate gate = Gate::none;
   std::vector<ExpectedCopy> copies = {};
   Reading reading = Reading::unchanged;
-  bool ofDevice = false;
 
   DiagnosticsTestID id() const { return static_cast<DiagnosticsTestID>(number); }
+  const std::string& member() const { return operations.member; }
+  bool isOfDevice() const { return operations.ofDevice != nullptr; }
 };
 
 inline std::ostream& operator<<(std::ostream& out, const ExpectedTest& test) {
-  return out << test.number << ' ' << test.member;
+  return out << test.number << ' ' << test.member();
 }
 
-// All 41, in order of their numbers.
+// All 41, in the order in which a run requests them; the test of the list of networks comes last.
 const std::vector<ExpectedTest>& expectedTests();
 
-// The operations that bear a test's name, by the test's number.
-struct DeviceOperation {
-  int number;
-  void (WiFiProfileViewController::*run)();
-};
-struct NetworkOperation {
-  int number;
-  void (WiFiProfileViewController::*run)(const DictionaryRef&, const MutableDictionaryRef&);
-};
-struct SelectedOperation {
-  int number;
-  void (WiFiProfileViewController::*run)();
-};
-
-const std::vector<DeviceOperation>& deviceOperations();      // 11
-const std::vector<NetworkOperation>& networkOperations();    // 30
-const std::vector<SelectedOperation>& selectedOperations();  // 16
+// The numbers of a batch's tests, in order.
+std::vector<int> expectedDeviceBatch();
+std::vector<int> expectedCurrentBatch();
+std::vector<int> expectedSelectedBatch();
 
 }  // namespace wifi_profile

@@ -226,7 +226,7 @@ TEST_P(EveryTest, AcceptsThatThereIsNoConfiguration) {
   setUpController(makeInputs(nullptr));
   service->willAnswer(expected().id(), fullAnswer());
   const auto findings = std::make_shared<Dictionary>();
-  if (expected().ofDevice) {
+  if (expected().isOfDevice()) {
     controller->deviceData.set(findings);
     controller->runDeviceConfigurationTest(expected().id());
   } else {
@@ -244,7 +244,7 @@ std::vector<ExpectedTest> testsThat(bool (*fit)(const ExpectedTest&)) {
 }
 
 std::string memberOf(const ::testing::TestParamInfo<ExpectedTest>& test) {
-  return test.param.member;
+  return test.param.member();
 }
 
 INSTANTIATE_TEST_SUITE_P(Catalogue, EveryTest, ::testing::ValuesIn(expectedTests()), memberOf);
@@ -258,6 +258,57 @@ INSTANTIATE_TEST_SUITE_P(Catalogue, UngatedTest,
                            return test.gate == Gate::none;
                          })),
                          memberOf);
+
+class Operations : public DiagnosticFixture {
+ protected:
+  void SetUp() override { setUpController(makeInputs(nullptr)); }
+};
+
+TEST_F(Operations, OfTheDeviceReadTheConfigurationAfreshEachTime) {
+  const DictionaryRef first = makeDictionary({});
+  const DictionaryRef second = makeDictionary({});
+  controller->configuration.set(first);
+  controller->runDeviceConfigurationCustomDNS();
+  controller->configuration.set(second);
+  controller->runDeviceConfigurationCustomDNS();
+  ASSERT_EQ(service->requests().size(), 2U);
+  EXPECT_EQ(service->requests()[0].configuration, first);
+  EXPECT_EQ(service->requests()[1].configuration, second);
+}
+
+TEST_F(Operations, OfTheDeviceWriteIntoTheFindingsOfTheTimeOfTheAnswer) {
+  const MutableDictionaryRef before = controller->deviceData();
+  const auto after = std::make_shared<Dictionary>();
+  service->whileRunning = [&](const auto&) { controller->deviceData.set(after); };
+  controller->runDeviceConfigurationCustomDNS();
+  EXPECT_THAT(keysOf(before), IsEmpty());
+  EXPECT_THAT(keysOf(after), ElementsAre("isUsingCustomDNS"));
+}
+
+TEST_F(Operations, OfTheSelectedNetworkReadConfigurationAndFindingsAfresh) {
+  for (const ExpectedTest& test : expectedTests()) {
+    if (!test.operations.ofSelected) continue;
+    const DictionaryRef newConfiguration = makeDictionary({});
+    const auto newFindings = std::make_shared<Dictionary>();
+    controller->configuration.set(newConfiguration);
+    controller->selectedNetworkData.set(newFindings);
+    (*controller.*test.operations.ofSelected)();
+    EXPECT_EQ(service->requests().back().configuration, newConfiguration);
+    EXPECT_TRUE(newFindings->objectForKey(test.resultKey)) << test;
+  }
+}
+
+TEST(LogHandle, ComposesNoLineWhoseLevelIsOff) {
+  const auto log = std::make_shared<RecordingLog>();
+  const InstalledPlatform platform({.log = log.get()});
+  int composed = 0;
+  const auto compose = [&composed] { return "line " + std::to_string(++composed); };
+  DiagnosticLogHandleForCategory(3).error(compose);
+  log->switchOff(LogLevel::error);
+  DiagnosticLogHandleForCategory(3).error(compose);
+  EXPECT_EQ(composed, 1);
+  EXPECT_EQ(log->lines(), (std::vector<RecordingLog::Line>{{3, LogLevel::error, "line 1"}}));
+}
 
 }  // namespace
 }  // namespace wifi_profile
