@@ -160,11 +160,11 @@ TEST_F(ReportDocument, SaysThatNoDetailsWereGiven) {
 
 TEST_F(ReportDocument, PutsWhyAnAnswerIsAsItIsBesideIt) {
   request(DiagnosticsTestID::ResolveDNS);
-  answer().remark = "The look-up of a name: no name server.";
+  answer().remark = "DNS lookup of example.com failed: no name server.";
   current_ = {{"resolvedDNS", no()}};
   const ReportFinding finding = onlyFinding();
   EXPECT_EQ(finding.mark, ReportMark::problem);
-  EXPECT_EQ(finding.values, Texts{"The look-up of a name: no name server"});
+  EXPECT_EQ(finding.values, Texts{"DNS lookup of example.com failed: no name server"});
 }
 
 TEST_F(ReportDocument, PutsTestsWithTheSameReasonTogetherAndCountsEach) {

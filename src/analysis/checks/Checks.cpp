@@ -10,8 +10,9 @@ namespace wifi_profile::checks {
 std::span<const Check> allChecks() {
   static const std::vector<Check> kChecks = [] {
     std::vector<Check> checks;
-    for (const auto rows : {reachRows(), deviceRows(), congestionRows(), radioRows(), scanRows(),
-                            securityRows(), identityRows(), savedNetworkRows()}) {
+    for (const auto rows :
+         {reachChecks(), deviceChecks(), congestionChecks(), radioChecks(), scanChecks(),
+          securityChecks(), identityChecks(), savedNetworkChecks()}) {
       checks.insert(checks.end(), rows.begin(), rows.end());
     }
     std::ranges::sort(checks, {}, &Check::id);

@@ -77,7 +77,7 @@ Dictionary::Entries recommendations(const facts::Facts& facts, const ChannelLoad
 Error whyNoLoad(const facts::Facts& facts) {
   if (auto why = whyNotWhole(facts.scan)) return *std::move(why);
   return notTold(
-      "The driver says neither how busy the channels are nor how strong all access points are "
+      "The driver reports neither how busy the channels are nor how strong all access points are "
       "heard: another adapter may.");
 }
 
@@ -91,7 +91,7 @@ Answer congestedChannel(const Question& question) {
     const auto channel = channelOf(subject);
     if (!channel) {
       if (!subject.heard) return subject.notHeard;
-      return notTold("Neither the access point nor the driver says which channel it is on.");
+      return notTold("Neither the access point nor the driver reports the channel.");
     }
     const ChannelLoads loads(question, &subject);
     const auto load = loads.of(channel->band, channel->primary);
@@ -133,62 +133,61 @@ Answer congested5GHz(const Question& question) {
 }
 
 constexpr std::string_view kFrom =
-    "first what is known of: the difference of two surveys, one before and one after the scan and "
-    "at least 1 s apart (NL80211_SURVEY_INFO_TIME and _TIME_BUSY without the own network's "
-    "_TIME_TX and _TIME_BSS_RX; a channel that was listened to for less than 103 ms meanwhile has "
-    "none, nor has one in use whose _TIME_TX is not told), BSS Load element (the network's own, "
-    "else the highest of those from -82 dBm on), access points of the scan; allowed channels from "
-    "NL80211_BAND_ATTR_FREQS";
+    "the first of these that is known: (1) the difference of two surveys, one before and one after "
+    "the scan, at least 1 s apart (NL80211_SURVEY_INFO_TIME and _TIME_BUSY, without the own "
+    "network's _TIME_TX and _TIME_BSS_RX); there is none for a channel that was listened to for "
+    "less than 103 ms in between, nor for the channel in use if its _TIME_TX is not reported; (2) "
+    "the BSS Load element (the network's own, else the highest of those received with at least -82 "
+    "dBm); (3) the access points of the scan. Allowed channels: NL80211_BAND_ATTR_FREQS";
 constexpr std::string_view kThreshold =
-    "busy 0.7 of the time or more (`congestedBusyShare`), utilization 192 of 255 or more "
-    "(`congestedUtilization`), more than 6 boxes of others (`congestedNeighbours`)";
+    "busy at least 0.7 of the time (`congestedBusyShare`), utilization at least 192 of 255 "
+    "(`congestedUtilization`), or more than 6 access points of others (`congestedNeighbours`)";
 
 constexpr std::array kCongestionRows{
     Check{.id = DiagnosticsTestID::CongestedChannel,
           .answer = congestedChannel,
           .needs = {facts::Fact::link, facts::Fact::scan, facts::Fact::surveys, facts::Fact::radio},
           .measures =
-              "How busy the network's primary 20 MHz channel is. Boxes count 1 on this "
-              "channel and 1.5 where they only overlap it, each once, from -82 dBm on; "
-              "those of the network itself do not count. Recommended is the least busy "
-              "channel of its class, all compared by one measure, for which other boxes of the "
-              "network count as well; those that are crowded by what is known of them come last.",
+              "How busy the network's primary 20 MHz channel is. Each access point device received "
+              "with at least -82 dBm counts once: 1 on this channel, 1.5 if it only overlaps it. "
+              "Those of the network itself do not count. The recommended channel is the least busy "
+              "of its class, compared by one measure for all; for it, other access points of the "
+              "network count as well, and channels that are known to be crowded come last.",
           .from = kFrom,
           .threshold = kThreshold,
           .why = "The shares and the count are this project's choice. BSS Load: IEEE 802.11-2020, "
-                 "9.4.2.27; 100 TU, the usual beacon interval, are 102.4 ms; -82 dBm: the start of "
-                 "a 20 MHz OFDM frame of this strength must make a receiver take the channel for "
-                 "busy, 802.11-2020, 17.3.10.6",
+                 "9.4.2.27. 103 ms is longer than 100 TU (102.4 ms), the usual beacon interval. "
+                 "-82 dBm: at this strength, the start of a 20 MHz OFDM frame must make a receiver "
+                 "treat the channel as busy (IEEE 802.11-2020, 17.3.10.6)",
           .unknownWhen =
-              "the channel is not told; there is no survey, and no scan with strengths. Channels "
-              "are recommended only when the radio's allowed ones are known"},
-    Check{.id = DiagnosticsTestID::Congested2GHz,
-          .answer = congested2GHz,
-          .needs = {facts::Fact::link, facts::Fact::scan, facts::Fact::surveys, facts::Fact::radio},
-          .measures = "Whether all of the channels 1, 6 and 11 are crowded, each by what is known "
-                      "of it: then another channel does not help.",
-          .from = kFrom,
-          .threshold = kThreshold,
-          .why = "As CongestedChannel. 1, 6 and 11 are 25 MHz apart: 802.11-2020, 15.4.4.3",
-          .unknownWhen =
-              "the radio's allowed channels are not known, or none of these is; of one there is no "
-              "survey, and no scan with strengths, and no other is known not to be crowded"},
+              "the channel is not known; or there is neither a survey nor a scan with strengths. "
+              "Channels are recommended only if the radio's allowed channels are known"},
     Check{
-        .id = DiagnosticsTestID::Congested5GHz,
-        .answer = congested5GHz,
+        .id = DiagnosticsTestID::Congested2GHz,
+        .answer = congested2GHz,
         .needs = {facts::Fact::link, facts::Fact::scan, facts::Fact::surveys, facts::Fact::radio},
-        .measures = "Whether all allowed 20 MHz channels of the band are crowded, each by what is "
-                    "known of it.",
+        .measures = "Whether the channels 1, 6 and 11 are all crowded, so that another channel "
+                    "does not help.",
         .from = kFrom,
         .threshold = kThreshold,
-        .why = "As CongestedChannel",
-        .unknownWhen =
-            "the radio's allowed channels are not known, or it has none in this band; of one there "
-            "is no survey, and no scan with strengths, and no other is known not to be crowded"},
+        .why = "As for CongestedChannel. 1, 6 and 11 are 25 MHz apart: IEEE 802.11-2020, 15.4.4.3",
+        .unknownWhen = "the radio's allowed channels are not known, or none of these is allowed; "
+                       "or for one of them there is neither a survey nor a scan with strengths, "
+                       "and no other is known not to be crowded"},
+    Check{.id = DiagnosticsTestID::Congested5GHz,
+          .answer = congested5GHz,
+          .needs = {facts::Fact::link, facts::Fact::scan, facts::Fact::surveys, facts::Fact::radio},
+          .measures = "Whether all allowed 20 MHz channels of the band are crowded.",
+          .from = kFrom,
+          .threshold = kThreshold,
+          .why = "As for CongestedChannel",
+          .unknownWhen = "the radio's allowed channels are not known, or none is in this band; or "
+                         "for one of them there is neither a survey nor a scan with strengths, and "
+                         "no other is known not to be crowded"},
 };
 
 }  // namespace
 
-std::span<const Check> congestionRows() { return kCongestionRows; }
+std::span<const Check> congestionChecks() { return kCongestionRows; }
 
 }  // namespace wifi_profile::checks

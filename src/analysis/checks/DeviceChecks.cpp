@@ -104,57 +104,59 @@ Answer directLink(const Question& question) {
 }
 
 constexpr std::string_view kProfileUnknownWhen =
-    "not joined, or the joined network was not set up by NetworkManager";
+    "not joined, or NetworkManager did not set up the joined network";
 constexpr std::string_view kBluetoothUnknownWhen = "BlueZ is not running, or there is no adapter";
 
 constexpr std::array kDeviceRows{
-    Check{
-        .id = DiagnosticsTestID::CustomIPv4,
-        .answer = customIpv4,
-        .needs = {facts::Fact::activeProfile},
-        .measures = "Whether the profile of the joined network sets IPv4 up in another way than "
-                    "automatically: by hand, shared, link-local, switched off; or adds addresses "
-                    "or a gateway.",
-        .from = "NetworkManager's settings of the active connection: ipv4.method, address-data (or "
-                "addresses), gateway",
-        .threshold = "any method but automatic (\"auto\", which is DHCP: RFC 2131), or an addition",
-        .why = "Settings that fit another network are a usual reason why one does not work",
-        .unknownWhen = kProfileUnknownWhen},
-    Check{
-        .id = DiagnosticsTestID::CustomIPv6,
-        .answer = customIpv6,
-        .needs = {facts::Fact::activeProfile},
-        .measures = "The same of IPv6.",
-        .from = "NetworkManager's settings of the active connection: ipv6.method, address-data (or "
-                "addresses), gateway",
-        .threshold = "any method but automatic (\"auto\", \"dhcp\": router advertisements, RFC "
-                     "4862, or DHCPv6; \"ignore\", which leaves it to the kernel), or an addition",
-        .why = "As CustomIPv4",
-        .unknownWhen = kProfileUnknownWhen},
-    Check{.id = DiagnosticsTestID::CustomDNS,
-          .answer = customDns,
-          .needs = {facts::Fact::activeProfile, facts::Fact::addresses},
+    Check{.id = DiagnosticsTestID::CustomIPv4,
+          .answer = customIpv4,
+          .needs = {facts::Fact::activeProfile},
           .measures =
-              "Whether the profile of the joined network names DNS servers or refuses the "
-              "network's own, or the system asks none of the link's servers, also where the link "
-              "has none. Servers that are reached only through another interface, such as a "
-              "tunnel, come with that one and do not count.",
-          .from = "NetworkManager's settings of the active connection: dns-data (or dns) and "
-                  "ignore-auto-dns of ipv4 and ipv6; resolv.conf, and where that names "
-                  "systemd-resolved, its property DNS; the routes to them (RTM_GETROUTE)",
-          .threshold = "one server, the refusal, or no server in common",
-          .why = "Names of the network's own devices and sign-in pages need its own servers",
+              "Whether the profile of the joined network configures IPv4 other than automatically "
+              "(by hand, shared, link-local or disabled), or adds addresses or a gateway.",
+          .from =
+              "NetworkManager's settings of the active connection: ipv4.method, address-data (or "
+              "addresses), gateway",
+          .threshold =
+              "any method except automatic (\"auto\", which is DHCP: RFC 2131), or an addition",
+          .why = "Settings made for another network are a common reason why one does not work",
           .unknownWhen = kProfileUnknownWhen},
+    Check{.id = DiagnosticsTestID::CustomIPv6,
+          .answer = customIpv6,
+          .needs = {facts::Fact::activeProfile},
+          .measures = "The same for IPv6.",
+          .from =
+              "NetworkManager's settings of the active connection: ipv6.method, address-data (or "
+              "addresses), gateway",
+          .threshold = "any method except automatic (\"auto\" and \"dhcp\": router advertisements, "
+                       "RFC 4862, or DHCPv6; \"ignore\": left to the kernel), or an addition",
+          .why = "As for CustomIPv4",
+          .unknownWhen = kProfileUnknownWhen},
+    Check{
+        .id = DiagnosticsTestID::CustomDNS,
+        .answer = customDns,
+        .needs = {facts::Fact::activeProfile, facts::Fact::addresses},
+        .measures = "Whether the profile of the joined network names DNS servers or refuses those "
+                    "of the network, or the system asks none of the link's servers (also if the "
+                    "link has none). Servers that are reached only through another interface, such "
+                    "as a tunnel, come with that interface and do not count.",
+        .from = "NetworkManager's settings of the active connection: dns-data (or dns) and "
+                "ignore-auto-dns of ipv4 and ipv6; resolv.conf, and if that names "
+                "systemd-resolved, its property DNS; the routes to the servers (RTM_GETROUTE)",
+        .threshold = "one server, the refusal, or no server in common",
+        .why =
+            "Only the network's own servers know the names of its devices and of its sign-in page",
+        .unknownWhen = kProfileUnknownWhen},
     Check{.id = DiagnosticsTestID::CustomWebProxy,
           .answer = customProxy,
           .needs = {facts::Fact::activeProfile, facts::Fact::sessionProxy},
           .measures = "Whether the profile of the joined network or the session has a proxy.",
           .from = "NetworkManager's proxy settings of the active connection (method, pac-url, "
-                  "pac-script); http_proxy, https_proxy and all_proxy in the environment, in "
-                  "either case; org.freedesktop.portal.ProxyResolver of the desktop",
+                  "pac-script); http_proxy, https_proxy and all_proxy in the environment, in lower "
+                  "or upper case; org.freedesktop.portal.ProxyResolver of the desktop",
           .threshold = "one proxy",
-          .why = "A proxy that is not there in this network makes pages fail",
-          .unknownWhen = "one of the two is not known, unless the other has a proxy"},
+          .why = "A proxy that does not exist in this network makes pages fail",
+          .unknownWhen = "the profile or the session is not known, and the other one has no proxy"},
     Check{.id = DiagnosticsTestID::BluetoothPaired,
           .answer = bluetoothPaired,
           .needs = {facts::Fact::bluetooth},
@@ -169,32 +171,32 @@ constexpr std::array kDeviceRows{
           .measures = "The number of connected devices of all adapters.",
           .from = "BlueZ: Connected of org.bluez.Device1",
           .threshold = "above 3 devices (`bluetoothConnectedAbove`)",
-          .why = "This project's choice. Bluetooth hops over the 2.4 GHz band",
+          .why = "This project's choice. Bluetooth uses the 2.4 GHz band, too",
           .unknownWhen = kBluetoothUnknownWhen},
     Check{.id = DiagnosticsTestID::BTCoex,
           .answer = bluetoothCoexistence,
           .needs = {facts::Fact::coexistence, facts::Fact::bluetooth},
           .measures = "Whether the driver lets Wi-Fi and Bluetooth take turns on the antenna, and "
-                      "a Bluetooth device is connected, so that they do.",
+                      "a Bluetooth device is connected.",
           .from = "bt_coex_active, btcoex_enable or btcoex among the parameters of the Wi-Fi "
-                  "driver's module below /sys/module; BlueZ: Connected of org.bluez.Device1",
+                  "driver's module in /sys/module; BlueZ: Connected of org.bluez.Device1",
           .threshold = "one connected device",
           .why = "While one of them sends, the other one waits",
-          .unknownWhen = "the driver does not say, as most do not; it says yes, and what Bluetooth "
-                         "does is not known (without an adapter: nothing)"},
+          .unknownWhen = "the driver does not report it (most do not); or they take turns, and the "
+                         "Bluetooth connections are not known (without an adapter there are none)"},
     Check{.id = DiagnosticsTestID::PYNXRealTimeMode,
           .answer = directLink,
           .needs = {facts::Fact::radio},
           .measures = "Whether the radio also serves a direct link: Wi-Fi Direct, NAN, IBSS (ad "
                       "hoc) or a mesh.",
           .from = "NL80211_ATTR_IFTYPE of the interfaces of the same radio",
-          .threshold = "one such interface; idle ones of Wi-Fi Direct do not count",
+          .threshold = "one such interface; idle interfaces of Wi-Fi Direct do not count",
           .why = "One radio shares its time between the network and the link",
-          .unknownWhen = "the kernel does not tell the radio's interfaces"},
+          .unknownWhen = "the kernel does not report the radio's interfaces"},
 };
 
 }  // namespace
 
-std::span<const Check> deviceRows() { return kDeviceRows; }
+std::span<const Check> deviceChecks() { return kDeviceRows; }
 
 }  // namespace wifi_profile::checks

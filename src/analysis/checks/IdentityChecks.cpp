@@ -39,7 +39,7 @@ Answer ambiguousName(const Question& question) {
     });
     if (isAnyUnknown) {
       return notTold(
-          "An access point of this name does not say clearly how it is secured: scan again.");
+          "An access point of this name does not show clearly how it is secured: scan again.");
     }
     return finding(false, info);
   });
@@ -157,7 +157,7 @@ Answer baseStation(const Question& question) {
     }
     if (settings.baseStationMakers.empty()) return ability(false);
     if (!heard) return subject.notHeard;
-    if (!heard->maker) return notTold("The access point does not say who made it: scan again.");
+    if (!heard->maker) return notTold("The access point does not name its maker: scan again.");
     return ability(false);
   });
 }
@@ -166,57 +166,55 @@ constexpr std::array kIdentityRows{
     Check{.id = DiagnosticsTestID::BrellinBaseStation,
           .answer = baseStation,
           .needs = {facts::Fact::link, facts::Fact::scan},
-          .measures = "Whether maker or address of the access point are among those set for base "
-                      "stations. None are set at first: then it is not known.",
+          .measures = "Whether the maker or the address of the access point is among those set for "
+                      "base stations. None is set by default; the answer is then not known.",
           .from = "WPS element (Manufacturer, Model Name); the BSSID",
           .threshold = "one of `baseStationMakers` or `baseStationAddressBlocks`",
-          .why = "Whose base stations are meant is for the person who sets the lists",
-          .unknownWhen =
-              "neither makers nor addresses are set; the named network was not heard; makers are "
-              "set, and the access point was not heard or does not say who made it, which most say "
-              "in probe responses only"},
-    Check{.id = DiagnosticsTestID::AmbiguousNetworkName,
-          .answer = ambiguousName,
-          .needs = {facts::Fact::link, facts::Fact::scan},
-          .measures = "Whether the name is one that makers give all their boxes or that everybody "
-                      "chooses, or is used in range with and without password, or with other keys. "
-                      "Two networks of one name and one kind of keys cannot be told apart.",
-          .from = "SSID; the scan's access points of that name",
-          .threshold = "one of `ambiguousNames`, or two kinds: open, WEP, password, sign-in",
-          .why = "Devices know a network by name and kind of keys. The list is this project's "
-                 "collection of common names",
-          .unknownWhen =
-              "not joined, or the named network was not heard; unless the name alone decides, "
-              "there is no scan, or one of its access points does not say how it is "
-              "secured"},
+          .why = "The lists define which base stations are meant",
+          .unknownWhen = "neither makers nor addresses are set; the named network was not "
+                         "received; or makers are set, and the access point was not received or "
+                         "does not name its maker, which most name in probe responses only"},
+    Check{
+        .id = DiagnosticsTestID::AmbiguousNetworkName,
+        .answer = ambiguousName,
+        .needs = {facts::Fact::link, facts::Fact::scan},
+        .measures = "Whether the name is a maker's default or a common choice, or is used in range "
+                    "with and without a password, or with other kinds of keys. Two networks with "
+                    "the same name and kind of keys cannot be told apart.",
+        .from = "SSID; the scan's access points with that name",
+        .threshold = "one of `ambiguousNames`, or two kinds: open, WEP, password, sign-in",
+        .why = "Devices identify a network by its name and kind of keys. The list is this "
+               "project's collection of common names",
+        .unknownWhen =
+            "not joined, or the named network was not received; or the name alone does not decide, "
+            "and there is no scan or one of its access points does not show how it is secured"},
     Check{.id = DiagnosticsTestID::HiddenNetwork,
           .answer = hiddenNetwork,
           .needs = {facts::Fact::link, facts::Fact::scan},
           .measures = "Whether the access point's beacons hide its name.",
           .from = "SSID element of beacons",
-          .threshold = "empty, or zeros alone",
-          .why = "The name is in the frames of whoever joins, so that it stays no secret, and "
+          .threshold = "empty, or only zeros",
+          .why = "The name is in the frames of every device that joins, so it is not secret, and "
                  "devices must call for it",
-          .unknownWhen = "the access point was not heard, or answered only"},
-    Check{.id = DiagnosticsTestID::NimoPersonalHotspot,
-          .answer = personalHotspot,
-          .needs = {facts::Fact::link, facts::Fact::scan, facts::Fact::activeProfile,
-                    facts::Fact::addresses, facts::Fact::savedNetworks},
-          .measures =
-              "Hints that the network is a phone's shared connection: it charges by volume, "
-              "its addresses are those that phones give out, it says it is a personal "
-              "device's. They are hints: any maker's phone, and a computer that shares "
-              "its connection, look the same.",
-          .from = "NetworkManager: Metered of the device, connection.metered of the profiles, a "
-                  "phone's words in the vendor options of its DHCP answer; the IPv4 address "
-                  "(rtnetlink); Interworking element",
-          .threshold = "metered, an address in `hotspotSubnets`, or access network type 4",
-          .why = "Interworking: IEEE 802.11-2020, 9.4.2.91. The subnets are customs of systems, "
-                 "not standards",
-          .unknownWhen =
-              "neither the manager nor the access point says anything, and the address is "
-              "not one of those; of a network not joined, when it was not heard, or has no "
-              "Interworking element and is not remembered as metered"},
+          .unknownWhen = "the access point was not received, or only its probe responses were"},
+    Check{
+        .id = DiagnosticsTestID::NimoPersonalHotspot,
+        .answer = personalHotspot,
+        .needs = {facts::Fact::link, facts::Fact::scan, facts::Fact::activeProfile,
+                  facts::Fact::addresses, facts::Fact::savedNetworks},
+        .measures = "Hints that the network is a phone's shared connection: it is metered, its "
+                    "addresses are those that phones assign, or it announces a personal device. "
+                    "These are only hints: a phone of any maker, and a computer that shares its "
+                    "connection, look the same.",
+        .from = "NetworkManager: Metered of the device, connection.metered of the profiles, a "
+                "phone's words in the vendor options of its DHCP answer; the IPv4 address "
+                "(rtnetlink); Interworking element",
+        .threshold = "metered, an address in `hotspotSubnets`, or access network type 4",
+        .why = "Interworking: IEEE 802.11-2020, 9.4.2.91. The subnets are conventions of systems, "
+               "not standards",
+        .unknownWhen = "neither NetworkManager nor the access point gives a hint, and the address "
+                       "is not one of those; for a network that is not joined: it was not "
+                       "received, or has no Interworking element and is not remembered as metered"},
     Check{.id = DiagnosticsTestID::Passpoint,
           .answer = passpoint,
           .needs = {facts::Fact::link, facts::Fact::scan},
@@ -224,11 +222,11 @@ constexpr std::array kIdentityRows{
           .from = "Hotspot 2.0 Indication and Interworking elements",
           .threshold = "both",
           .why = "Wi-Fi Alliance, Hotspot 2.0; IEEE 802.11-2020, 9.4.2.91",
-          .unknownWhen = "the access point was not heard"},
+          .unknownWhen = "the access point was not received, or is known only from NetworkManager"},
 };
 
 }  // namespace
 
-std::span<const Check> identityRows() { return kIdentityRows; }
+std::span<const Check> identityChecks() { return kIdentityRows; }
 
 }  // namespace wifi_profile::checks

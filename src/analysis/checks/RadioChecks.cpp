@@ -32,8 +32,8 @@ std::optional<int> noiseAround(const facts::Facts& facts, const Subject& subject
 
 Answer poorSignal(const Question& question) {
   return aboutSubject(question, [&](const Subject& subject) -> Answer {
-    const auto signal = toldBy(subject, &facts::Link::signal, &facts::AccessPoint::signal,
-                               "how strong its signal is");
+    const auto signal =
+        toldBy(subject, &facts::Link::signal, &facts::AccessPoint::signal, "its signal strength");
     if (!signal) return signal.error();
     Dictionary::Entries info{{"RSSI", Number::withInteger(*signal)}};
     if (const auto noise = noiseAround(question.facts, subject)) {
@@ -45,9 +45,8 @@ Answer poorSignal(const Question& question) {
 
 Answer longBeaconInterval(const Question& question) {
   return aboutSubject(question, [&](const Subject& subject) -> Answer {
-    const auto interval =
-        toldBy(subject, &facts::Link::beaconInterval, &facts::AccessPoint::beaconInterval,
-               "what its beacon interval is");
+    const auto interval = toldBy(subject, &facts::Link::beaconInterval,
+                                 &facts::AccessPoint::beaconInterval, "its beacon interval");
     if (!interval) return interval.error();
     return finding(*interval > question.settings.longBeaconIntervalAbove,
                    {{"BeaconInterval", Number::withInteger(*interval)}});
@@ -57,7 +56,7 @@ Answer longBeaconInterval(const Question& question) {
 Answer longDtimInterval(const Question& question) {
   return aboutSubject(question, [&](const Subject& subject) -> Answer {
     const auto period = toldBy(subject, &facts::Link::dtimPeriod, &facts::AccessPoint::dtimPeriod,
-                               "what its DTIM interval is");
+                               "its DTIM interval");
     if (!period) return period.error();
     return finding(*period > question.settings.longDtimPeriodAbove,
                    {{"DTIMInterval", Number::withInteger(*period)}});
@@ -70,14 +69,14 @@ Answer ht40In2GHz(const Question& question) {
     if (channel && channel->band != ieee80211::Band::ghz2) return finding(false);
     if (channel && channel->extent) return finding(channel->extent->secondary.has_value());
     if (!subject.heard) return subject.notHeard;
-    return notTold("It cannot be told how wide the access point's channel is: scan again.");
+    return notTold("The access point does not report its channel width: scan again.");
   });
 }
 
 Answer legacyRates(const Question& question) {
   return aboutAccessPoint(question, [](const facts::AccessPoint& accessPoint) -> Answer {
     if (accessPoint.basicRates.empty()) {
-      return notTold("The access point does not say which rates all must know: scan again.");
+      return notTold("The access point announces no basic rates: scan again.");
     }
     return finding(std::ranges::any_of(accessPoint.basicRates, [](int rate) {
       return rate == 2 || rate == 4 || rate == 11 || rate == 22;  // 500 kbit/s
@@ -101,7 +100,7 @@ Answer conflictingMode(const Question& question, bool ieee80211::PhyModes::*mode
     if (!subject.heard) return subject.notHeard;
     const ieee80211::PhyModes& own = subject.heard->modes;
     if (!channelOf(subject) || own == ieee80211::PhyModes{}) {
-      return notTold("The access point does not say its band or its radio modes: scan again.");
+      return notTold("The access point does not announce its band or its radio modes: scan again.");
     }
     if (auto why = whyNotWhole(question.facts.scan)) return *std::move(why);
     const auto named = accessPointsNamedLike(question, subject);
@@ -136,23 +135,24 @@ constexpr std::array kRadioRows{
     Check{.id = DiagnosticsTestID::HT402GHzChannel,
           .answer = ht40In2GHz,
           .needs = {facts::Fact::link, facts::Fact::scan},
-          .measures = "Whether the access point uses a secondary channel in 2.4 GHz.",
-          .from = "HT Operation element, or a later one that tells the width",
+          .measures = "Whether the access point uses a secondary channel in the 2.4 GHz band.",
+          .from = "HT Operation element, or a later one that gives the width",
           .threshold = "any secondary channel",
-          .why = "Two 20 MHz channels side by side take about half of the band, where only three "
-                 "fit without overlapping. HT Operation: IEEE 802.11-2020, 9.4.2.56",
-          .unknownWhen = "the access point was not heard, or its elements do not tell the width or "
-                         "contradict each other"},
+          .why = "Two 20 MHz channels side by side take about half of the band, in which only "
+                 "three fit without overlap. HT Operation: IEEE 802.11-2020, 9.4.2.56",
+          .unknownWhen = "the access point was not received, or its elements do not give the width "
+                         "or contradict each other"},
     Check{.id = DiagnosticsTestID::PoorSignal,
           .answer = poorSignal,
           .needs = {facts::Fact::link, facts::Fact::scan, facts::Fact::surveys},
-          .measures = "How strong the access point is received; with it the noise, where known.",
+          .measures = "How strongly the access point is received, and the noise if it is known.",
           .from = "joined: NL80211_STA_INFO_BEACON_SIGNAL_AVG, _SIGNAL_AVG or _SIGNAL, else as for "
-                  "others: NL80211_BSS_SIGNAL_MBM; noise: NL80211_SURVEY_INFO_NOISE",
+                  "other networks: NL80211_BSS_SIGNAL_MBM; noise: NL80211_SURVEY_INFO_NOISE",
           .threshold = "below -75 dBm (`poorSignalBelow`)",
-          .why = "This project's choice, between strengths at which Wi-Fi works well and those at "
-                 "which the fast rates are lost",
-          .unknownWhen = "not joined, or the named network was not heard; the driver does not say"},
+          .why = "This project's choice: between the strengths at which Wi-Fi works well and those "
+                 "at which the fast rates are lost",
+          .unknownWhen =
+              "not joined; the named network was not received; or the driver does not report it"},
     Check{.id = DiagnosticsTestID::LongBeaconInterval,
           .answer = longBeaconInterval,
           .needs = {facts::Fact::link, facts::Fact::scan},
@@ -161,48 +161,51 @@ constexpr std::array kRadioRows{
           .threshold = "above 200 TU (`longBeaconIntervalAbove`); a TU is 1024 µs",
           .why = "This project's choice: twice the usual 100 TU. Beacon Interval field: IEEE "
                  "802.11-2020, 9.4.1.3",
-          .unknownWhen = "not joined, or the named network was not heard; the driver does not say"},
+          .unknownWhen =
+              "not joined; the named network was not received; or the driver does not report it"},
     Check{.id = DiagnosticsTestID::LongDTIMInterval,
           .answer = longDtimInterval,
           .needs = {facts::Fact::link, facts::Fact::scan},
-          .measures = "At every how many beacons broadcasts for sleeping devices are sent.",
+          .measures = "The number of beacons after which broadcasts for sleeping devices are sent.",
           .from = "joined: NL80211_STA_BSS_PARAM_DTIM_PERIOD, else the TIM element of beacons",
           .threshold = "above 3 beacons (`longDtimPeriodAbove`)",
           .why = "This project's choice: 1 to 3 are usual. TIM: IEEE 802.11-2020, 9.4.2.5",
-          .unknownWhen = "only probe responses were heard, which have no TIM, and the driver does "
-                         "not say"},
+          .unknownWhen = "only probe responses were received, which have no TIM, and the driver "
+                         "does not report it"},
     Check{.id = DiagnosticsTestID::ConflictingPHYMode11AC,
           .answer = conflictingModeAc,
           .needs = {facts::Fact::link, facts::Fact::scan},
-          .measures = "Whether of the network's access points in 5 GHz some offer 802.11ac and "
-                      "some do not.",
+          .measures = "Whether some of the network's access points in the 5 GHz band offer "
+                      "802.11ac and others do not.",
           .from = kModesFrom,
           .threshold = "one that differs",
-          .why = "A device that goes from one to the other becomes slower without being told. Only "
-                 "5 GHz: 802.11ac has no other band (IEEE 802.11-2020, 21.1.1)",
-          .unknownWhen = "the access point was not heard, or does not tell its band or its modes"},
+          .why = "A device that roams from one to the other becomes slower without notice. Only 5 "
+                 "GHz: 802.11ac has no other band (IEEE 802.11-2020, 21.1.1)",
+          .unknownWhen =
+              "the access point was not received, or does not announce its band or its modes"},
     Check{.id = DiagnosticsTestID::ConflictingPHYMode11N,
           .answer = conflictingModeN,
           .needs = {facts::Fact::link, facts::Fact::scan},
-          .measures = "Whether of the network's access points in the same band, 2.4 or 5 GHz, some "
-                      "offer 802.11n and some do not.",
+          .measures = "Whether some of the network's access points in the same band, 2.4 or 5 GHz, "
+                      "offer 802.11n and others do not.",
           .from = kModesFrom,
           .threshold = "one that differs",
-          .why = "As ConflictingPHYMode11AC; 6 GHz has no 802.11n",
-          .unknownWhen = "the access point was not heard, or does not tell its band or its modes"},
+          .why = "As for ConflictingPHYMode11AC. 6 GHz has no 802.11n",
+          .unknownWhen =
+              "the access point was not received, or does not announce its band or its modes"},
     Check{.id = DiagnosticsTestID::LegacyRates11b,
           .answer = legacyRates,
           .needs = {facts::Fact::link, facts::Fact::scan},
           .measures = "Whether 1, 2, 5.5 or 11 Mbit/s are among the basic rates, which all members "
-                      "must know and broadcasts are sent with.",
+                      "must support and at which broadcasts are sent.",
           .from = "Supported Rates and Extended Supported Rates elements",
           .threshold = "any of these four",
-          .why = "A frame at these rates takes long. Basic rates: IEEE 802.11-2020, 9.4.2.3",
-          .unknownWhen = "the access point was not heard, or names no basic rate"},
+          .why = "A frame at these rates takes a long time. Basic rates: IEEE 802.11-2020, 9.4.2.3",
+          .unknownWhen = "the access point was not received, or announces no basic rate"},
 };
 
 }  // namespace
 
-std::span<const Check> radioRows() { return kRadioRows; }
+std::span<const Check> radioChecks() { return kRadioRows; }
 
 }  // namespace wifi_profile::checks

@@ -52,7 +52,7 @@ std::shared_ptr<PingResultRecord> recordOf(const facts::Pings& pings,
 Answer pingsAnswered(const Question& question, Result<facts::Pings> facts::Facts::*fact) {
   return aboutJoined<facts::Pings>(question, fact, [&](const facts::Pings& pings) -> Answer {
     if (pings.sent < 1) {
-      return Error{Reason::failed, "No ping could be sent: look at the system's log."};
+      return Error{Reason::failed, "No ping could be sent: check the system's log."};
     }
     const auto times = roundTrips(pings);
     if (times.empty() && pings.isNeighbour) return ability(true);
@@ -102,13 +102,15 @@ Answer doubleNat(const Question& question) {
         const auto next = kindOf(outside.secondHop);
         if (next == facts::Ipv4Kind::global) return finding(false);
         if (next && facts::isBehindTranslation(*next)) {
-          return notTold("The second router on the way (" + *outside.secondHop +
-                         ") has an address that is translated again, but the router does not tell "
-                         "whether it translates, too: allow UPnP or NAT-PMP in the router.");
+          return notTold(
+              "The second router on the path (" + *outside.secondHop +
+              ") has an address that is translated again, but the router does not report "
+              "whether it also translates: allow UPnP or NAT-PMP in the router.");
         }
         return notTold(
-            "The router does not tell its outside address, and the second one on the way does not "
-            "answer: allow UPnP or NAT-PMP in the router.");
+            "The router does not report its external address, and the second router on the path "
+            "does "
+            "not answer: allow UPnP or NAT-PMP in the router.");
       });
 }
 
@@ -130,8 +132,9 @@ Answer ipv4Assigned(const Question& question) {
         if (!assigned && addresses.ipv4.empty() && addresses.ipv6Gateway &&
             hasWideIpv6(addresses)) {
           return notTold(
-              "The network gives addresses of IPv6 only, which may be meant so: look at the "
-              "router's DHCP settings if it should give one of IPv4, too.");
+              "The network assigns IPv6 addresses only: check the router's DHCP settings if it "
+              "should "
+              "assign IPv4 addresses, too.");
         }
         return ability(assigned);
       });
@@ -144,120 +147,114 @@ Answer ipv6Assigned(const Question& question) {
 }
 
 constexpr std::string_view kPingsWhy =
-    "ICMP echo: RFC 792, RFC 4443. Count: number sent; loss: percent of them, 0 to 100; least, "
-    "most, mean and (population's) standard deviation: milliseconds";
+    "ICMP echo: RFC 792, RFC 4443. count is the number of pings sent; packetLoss is a percentage, "
+    "0 to 100; min, avg, max and stddev (of the population) are in milliseconds";
 
 constexpr std::array kReachRows{
     Check{.id = DiagnosticsTestID::PingLAN,
           .answer = pingLan,
           .needs = {facts::Fact::link, facts::Fact::lanPings},
           .measures = "Whether the router answers, and how fast.",
-          .from = "ICMP or ICMPv6 echoes through the Wi-Fi interface, where the kernel allows them "
-                  "to this user; without all of their answers after 1 s, or without echoes, TCP "
-                  "connections, of which a refusal is an answer, too; without an answer of these, "
-                  "the kernel's entry of the neighbour (RTM_GETNEIGH), which has no times",
-          .threshold = "one answer to 3, sent 0.1 s apart, within 4 s in all, or a neighbour that "
-                       "is reachable (NUD_REACHABLE) at most 2.5 s after that and was confirmed "
-                       "(NDA_CACHEINFO) after the pings began",
+          .from = "ICMP or ICMPv6 echo requests through the Wi-Fi interface, if the kernel lets "
+                  "this user send them. If not all are answered after 1 s, or none can be sent, "
+                  "also TCP connections; a refused connection is an answer. If nothing answers, "
+                  "the kernel's neighbour entry (RTM_GETNEIGH), which has no times",
+          .threshold = "one answer to 3 pings, sent 0.1 s apart, within 4 s in all; or a neighbour "
+                       "entry that is reachable (NUD_REACHABLE) at most 2.5 s later and was "
+                       "confirmed (NDA_CACHEINFO) after the pings began",
           .why = kPingsWhy,
           .unknownWhen = "not joined, no router is known, or no ping could be sent"},
     Check{.id = DiagnosticsTestID::PingWAN,
           .answer = pingWan,
           .needs = {facts::Fact::link, facts::Fact::wanPings, facts::Fact::addresses},
           .measures = "Whether a host in the Internet answers, and how fast.",
-          .from = "ICMP or ICMPv6 echoes through the Wi-Fi interface, where the kernel allows them "
-                  "to this user; without all of their answers after 1 s, or without echoes, TCP "
-                  "connections, of which a refusal is an answer, too; the log says where the "
-                  "system's own packets to the Internet leave by another interface alone, such as "
-                  "a tunnel (RTM_GETROUTE)",
-          .threshold = "one answer to 3, sent 0.1 s apart, within 4 s in all",
+          .from = "ICMP or ICMPv6 echo requests and TCP connections, as for PingLAN. If the "
+                  "system's own packets to the Internet leave by another interface, such as a "
+                  "tunnel (RTM_GETROUTE), the answer says so",
+          .threshold = "one answer to 3 pings, sent 0.1 s apart, within 4 s in all",
           .why = kPingsWhy,
-          .unknownWhen = "not joined, the address of a name cannot be looked up or is one of the "
-                         "house, no ping could be sent, or only another interface has a "
-                         "default route, as for all that is reached"},
-    Check{
-        .id = DiagnosticsTestID::ResolveDNS,
-        .answer = resolveDns,
-        .needs = {facts::Fact::link, facts::Fact::nameResolution},
-        .measures = "Whether the link's DNS servers give an address for a name, and those that "
-                    "the system asks, where they are others.",
-        .from =
-            "questions for A and AAAA records. With NetworkManager they go through the Wi-Fi "
-            "interface to the name servers that it has for the link. Without it, they go so to "
-            "those of the system's servers that are the link's router, lie in one of its subnets, "
-            "or are routed through it (RTM_GETROUTE). The system's own servers (resolv.conf, and "
-            "where that names systemd-resolved, its property DNS) are asked as the system routes, "
-            "where none of them is the link's; also where the link has none, or none that is "
-            "known, such as with a tunnel",
-        .threshold =
-            "one address that a site can have (not 0/8, 127/8, 169.254/16, 224/3, ::, ::1, "
-            "fe80::/10, ff00::/8), after two tries of 2 s for each server, within 8 s in all",
-        .why = "DNS: RFC 1035, RFC 3596",
-        .unknownWhen = "not joined, the question could not be sent, or no server of the link is "
-                       "known and the system's are reached through another interface that is no "
-                       "tunnel"},
+          .unknownWhen = "not joined; the host's name cannot be looked up, or its address belongs "
+                         "to the local network; no ping could be sent; or only another interface "
+                         "has a default route, which applies to everything that is to be reached"},
+    Check{.id = DiagnosticsTestID::ResolveDNS,
+          .answer = resolveDns,
+          .needs = {facts::Fact::link, facts::Fact::nameResolution},
+          .measures = "Whether the link's DNS servers return an address for a name, and whether "
+                      "those that the system asks do, if they are others.",
+          .from = "queries for A and AAAA records. With NetworkManager they go through the Wi-Fi "
+                  "interface to the name servers that it has for the link. Without it, they go the "
+                  "same way to those of the system's servers that are the link's router, are in "
+                  "one of its subnets, or are routed through it (RTM_GETROUTE). If none of the "
+                  "system's own servers (resolv.conf, and if that names systemd-resolved, its "
+                  "property DNS) belongs to the link, they are asked by the route that the system "
+                  "takes, also if the link has no known servers, such as with a tunnel",
+          .threshold =
+              "one address that a site can have (not 0/8, 127/8, 169.254/16, 224/3, ::, ::1, "
+              "fe80::/10, ff00::/8), after two tries of 2 s for each server, within 8 s in all",
+          .why = "DNS: RFC 1035, RFC 3596",
+          .unknownWhen =
+              "not joined; the query could not be sent; or no server of the link is known, and the "
+              "system's servers are reached through another interface that is not a tunnel"},
     Check{.id = DiagnosticsTestID::DetectDoubleNAT,
           .answer = doubleNat,
           .needs = {facts::Fact::link, facts::Fact::routerOutside},
-          .measures = "Whether the router's own outside address is one that is translated again. "
-                      "Where the router does not tell it, a second router on the way out with a "
-                      "global address says no; one with a translated address says nothing, as "
-                      "providers use these inside, and a first router may only route.",
+          .measures =
+              "Whether the router's external address is one that is translated again. If the "
+              "router does not report it, a second router on the path with a global address "
+              "means no. One with a private address means nothing, because providers use "
+              "these inside their networks, and the first router may only route.",
           .from = "NAT-PMP, UPnP IGD (GetExternalIPAddress); the sender of ICMP Time Exceeded for "
-                  "packets that may go two steps",
+                  "packets that may take two hops",
           .threshold = "10/8, 172.16/12, 192.168/16 (RFC 1918), 100.64/10 (RFC 6598), "
                        "192.0.0/24 (RFC 6333)",
-          .why = "These addresses do not go through the Internet. NAT-PMP: RFC 6886",
+          .why = "These addresses are not routed in the Internet. NAT-PMP: RFC 6886",
           .unknownWhen = "not joined, or neither address decides"},
     Check{.id = DiagnosticsTestID::ReachOrvane,
           .answer = reachSite,
           .needs = {facts::Fact::link, facts::Fact::siteReach},
-          .measures = "Whether the site that is set takes connections.",
-          .from = "a TCP connection, and with https a TLS handshake with a trusted certificate",
+          .measures = "Whether the site of the settings accepts connections.",
+          .from = "a TCP connection, and for https a TLS handshake with a trusted certificate",
           .threshold = "connected within 5 s",
-          .why = "A filter may let echoes through, and connections not",
-          .unknownWhen = "not joined, or this machine cannot ask (no trusted certificates, no "
-                         "memory)"},
+          .why = "A filter may let pings through and block connections",
+          .unknownWhen =
+              "not joined, or this computer cannot ask (no trusted certificates, no memory)"},
     Check{.id = DiagnosticsTestID::RetrieveOrvane,
           .answer = retrievePage,
           .needs = {facts::Fact::link, facts::Fact::sitePage},
-          .measures = "Whether the page that is set comes as it should.",
+          .measures = "Whether the page of the settings arrives as expected.",
           .from = "HTTP GET",
-          .threshold = "status 200, with the content expected in the first 64 KiB, within 10 s, 5 "
-                       "s of them for a connection, and after at most 5 redirects",
-          .why = "Sign-in pages and filters answer in the place of sites. HTTP: RFC 9110",
+          .threshold = "status 200, with the expected content in the first 64 KiB, within 10 s, of "
+                       "which 5 s for a connection, after at most 5 redirects",
+          .why = "Sign-in pages and filters answer in place of sites. HTTP: RFC 9110",
           .unknownWhen =
-              "not joined, the page goes on after 64 KiB without the content expected, or "
-              "this machine cannot ask (no trusted certificates, no memory)"},
+              "not joined; the page is longer than 64 KiB, and the expected content is not in the "
+              "first 64 KiB; or this computer cannot ask (no trusted certificates, no memory)"},
     Check{.id = DiagnosticsTestID::IPv4Assigned,
           .answer = ipv4Assigned,
           .needs = {facts::Fact::link, facts::Fact::addresses},
           .measures = "Whether the Wi-Fi interface has an IPv4 address that the network can use.",
           .from = "rtnetlink (RTM_GETADDR)",
-          .threshold = "one; not 169.254/16 (RFC 3927), which a device gives itself, nor 0/8, "
-                       "127/8, 224/4 or 240/4",
-          .why = "Without one, IPv4 reaches at most the neighbours",
-          .unknownWhen =
-              "not joined, the kernel does not tell the addresses, or there are addresses "
-              "and a router of IPv6 only"},
-    Check{
-        .id = DiagnosticsTestID::IPv6Assigned,
-        .answer = ipv6Assigned,
-        .needs = {facts::Fact::link, facts::Fact::addresses},
-        .measures = "Whether the Wi-Fi interface has an IPv6 address of more than the link.",
-        .from = "rtnetlink (RTM_GETADDR), without tentative ones",
-        .threshold = "one of 2000::/3 (RFC 4291) or fc00::/7 (RFC 4193)",
-        .why = "A link-local address (fe80::/10) is there always, and says nothing of the network",
-        .unknownWhen = "not joined, or the kernel does not tell the addresses"},
+          .threshold = "one address, except 169.254/16 (RFC 3927), which a device gives itself, "
+                       "and 0/8, 127/8, 224/4 and 240/4",
+          .why = "Without one, IPv4 reaches the neighbours at most",
+          .unknownWhen = "not joined; the kernel does not report the addresses; or there are only "
+                         "IPv6 addresses and an IPv6 router"},
+    Check{.id = DiagnosticsTestID::IPv6Assigned,
+          .answer = ipv6Assigned,
+          .needs = {facts::Fact::link, facts::Fact::addresses},
+          .measures =
+              "Whether the Wi-Fi interface has an IPv6 address that is valid beyond the link.",
+          .from = "rtnetlink (RTM_GETADDR), without tentative addresses",
+          .threshold = "one address of 2000::/3 (RFC 4291) or fc00::/7 (RFC 4193)",
+          .why =
+              "A link-local address (fe80::/10) is always there and says nothing about the network",
+          .unknownWhen = "not joined, or the kernel does not report the addresses"},
 };
 
 std::string problemIn(const facts::Pings& pings) {
   if (!pings.answers.empty() || pings.isNeighbour) return {};
   return (pings.byConnecting ? "no connection was answered by " : "no echo was answered by ") +
          pings.target;
-}
-std::string problemIn(const facts::NameResolution& resolution) {
-  return resolution.resolved ? "" : resolution.problem;
 }
 std::string problemIn(const facts::SiteReach& site) { return site.reached ? "" : site.problem; }
 std::string problemIn(const facts::SitePage& page) { return page.retrieved ? "" : page.problem; }
@@ -271,11 +268,18 @@ std::string problemSentence(std::string_view what, const Result<T>& fact) {
   return problem.empty() ? "" : "The " + std::string(what) + ": " + problem + ".";
 }
 
+std::string lookUpFailure(const facts::Facts& facts) {
+  const auto& resolution = facts.nameResolution;
+  if (!resolution || resolution->resolved || resolution->problem.empty()) return {};
+  const std::string name = resolution->name.empty() ? "" : " of " + resolution->name;
+  return "DNS lookup" + name + " failed: " + resolution->problem + ".";
+}
+
 // What programs reach is not reached through Wi-Fi then.
 std::string otherWayOut(const facts::Facts& facts) {
   if (!facts.addresses || !facts.addresses->otherWayOut) return {};
-  return "This machine's own packets to the Internet go through " + *facts.addresses->otherWayOut +
-         ", not through the Wi-Fi link that is tested.";
+  return "Other programs reach the Internet through " + *facts.addresses->otherWayOut +
+         ", not through the tested Wi-Fi link.";
 }
 
 std::string joined(std::string first, const std::string& second) {
@@ -294,9 +298,9 @@ std::string problemOf(const Question& question, DiagnosticsTestID id) {
     case DiagnosticsTestID::PingWAN:
       return joined(problemSentence("ping of the Internet", facts.wanPings), otherWayOut(facts));
     case DiagnosticsTestID::ResolveDNS:
-      return problemSentence("look-up of a name", facts.nameResolution);
+      return lookUpFailure(facts);
     case DiagnosticsTestID::CaptivePortal:
-      return problemSentence("look for a sign-in page", facts.portalProbe);
+      return problemSentence("check for a sign-in page", facts.portalProbe);
     case DiagnosticsTestID::ReachOrvane:
       return problemSentence("connection to the site", facts.siteReach);
     case DiagnosticsTestID::RetrieveOrvane:
@@ -306,6 +310,6 @@ std::string problemOf(const Question& question, DiagnosticsTestID id) {
   }
 }
 
-std::span<const Check> reachRows() { return kReachRows; }
+std::span<const Check> reachChecks() { return kReachRows; }
 
 }  // namespace wifi_profile::checks

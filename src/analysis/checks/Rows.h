@@ -1,4 +1,4 @@
-// The rows of the table; each function is in the file of its subject.
+// The rows of the table. Each function is in the file of its name.
 #pragma once
 
 #include <span>
@@ -7,13 +7,13 @@
 
 namespace wifi_profile::checks {
 
-std::span<const Check> reachRows();
-std::span<const Check> deviceRows();
-std::span<const Check> congestionRows();
-std::span<const Check> radioRows();
-std::span<const Check> scanRows();
-std::span<const Check> securityRows();
-std::span<const Check> identityRows();
-std::span<const Check> savedNetworkRows();
+std::span<const Check> reachChecks();
+std::span<const Check> deviceChecks();
+std::span<const Check> congestionChecks();
+std::span<const Check> radioChecks();
+std::span<const Check> scanChecks();
+std::span<const Check> securityChecks();
+std::span<const Check> identityChecks();
+std::span<const Check> savedNetworkChecks();
 
 }  // namespace wifi_profile::checks

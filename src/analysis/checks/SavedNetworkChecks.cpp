@@ -140,47 +140,43 @@ Answer captivePortal(const Question& question) {
 constexpr std::string_view kSavedFrom =
     "profiles of NetworkManager, else known networks of iwd, else networks of wpa_supplicant";
 constexpr std::string_view kSavedUnknownWhen =
-    "none of these services runs, or the user may not read them";
+    "none of these services is running, or the user may not read them";
 
 constexpr std::array kSavedNetworkRows{
-    Check{
-        .id = DiagnosticsTestID::ConflictingSecurityTypeInPNL,
-        .answer = conflictingSecurity,
-        .needs = {facts::Fact::savedNetworks, facts::Fact::scan},
-        .measures = "Whether one name is remembered with different kinds of keys, or with one "
-                    "that none of the access points of that name in range has.",
-        .from = kSavedFrom,
-        .threshold = "two kinds of: open (with OWE), WEP, password (WPA, WPA2 or WPA3 Personal), "
-                     "sign-in (Enterprise)",
-        .why = "One of them is out of date, or somebody else's network has the same name. The "
-               "kinds are this project's: boxes that change from one security of a kind to the "
-               "next keep name and key",
-        .unknownWhen =
-            "none of these services runs, or the user may not read them; those that are remembered "
-            "agree, and there is no scan, or one of that name does not say how it is secured"},
+    Check{.id = DiagnosticsTestID::ConflictingSecurityTypeInPNL,
+          .answer = conflictingSecurity,
+          .needs = {facts::Fact::savedNetworks, facts::Fact::scan},
+          .measures = "Whether one name is remembered with different kinds of keys, or with a kind "
+                      "that no access point of that name in range has.",
+          .from = kSavedFrom,
+          .threshold = "two kinds of: open (with OWE), WEP, password (WPA, WPA2 or WPA3 Personal), "
+                       "sign-in (Enterprise)",
+          .why = "One of them is out of date, or another network has the same name. The kinds are "
+                 "this project's: access points that change from one security to the next of its "
+                 "kind keep name and key",
+          .unknownWhen = "none of these services is running, or the user may not read them; or the "
+                         "remembered networks agree, and there is no scan or an access point of "
+                         "that name does not show how it is secured"},
     Check{
         .id = DiagnosticsTestID::CaptivePortal,
         .answer = captivePortal,
         .needs = {facts::Fact::link, facts::Fact::scan, facts::Fact::portalProbe,
                   facts::Fact::savedNetworks},
-        .measures =
-            "Whether the joined network answers plain HTTP in the place of the page asked "
-            "for (a network that names an address for this question is also asked there, and "
-            "the page counts where that does not say); of another one whether it announces that "
-            "more is to do after "
-            "joining. "
-            "With it what is remembered of the network (of several profiles that with its kind of "
-            "keys, the one joined last); its security is the number of the list below. There "
-            "isCaptive also tells of the announcement, and isMultiAP of the scan.",
+        .measures = "For the joined network, whether it answers plain HTTP in place of the "
+                    "requested page. A network that names an address for this question is also "
+                    "asked there; if that gives no answer, the page counts. For another network, "
+                    "whether it announces that more steps are needed after joining. The remembered "
+                    "network goes with the answer (of several profiles one with the network's kind "
+                    "of keys, joined last). Its security is a number, listed in docs/CHECKS.md; "
+                    "its isCaptive also reflects the announcement, and its isMultiAP the scan.",
         .from = "HTTP GET without following redirects, or the address that DHCP gave (RFC 8910, "
                 "RFC 8908), as NetworkManager passes it on; Interworking element (ASRA bit)",
         .threshold = "a redirect, another page or status 511 (a redirect to the same host by https "
-                     "says nothing); 204 and 200 without a body are open; "
-                     "the ASRA bit",
+                     "says nothing); 204, and 200 without a body, mean open; the ASRA bit",
         .why = "Interworking: IEEE 802.11-2020, 9.4.2.91",
-        .unknownWhen = "joined: nothing answers, or with another status. Otherwise: the access "
-                       "point does not announce "
-                       "it, which does not mean that there is none"},
+        .unknownWhen =
+            "joined: nothing answers, or the status is another one; not joined: the access point "
+            "does not announce it, which does not mean that there is no sign-in page"},
     Check{.id = DiagnosticsTestID::LargePNL,
           .answer = largeList,
           .needs = {facts::Fact::savedNetworks},
@@ -201,6 +197,6 @@ constexpr std::array kSavedNetworkRows{
 
 }  // namespace
 
-std::span<const Check> savedNetworkRows() { return kSavedNetworkRows; }
+std::span<const Check> savedNetworkChecks() { return kSavedNetworkRows; }
 
 }  // namespace wifi_profile::checks

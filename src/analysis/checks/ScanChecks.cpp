@@ -116,50 +116,50 @@ Answer noScanResults(const Question& question) {
 }
 
 constexpr std::array kScanRows{
-    Check{.id = DiagnosticsTestID::ConflictingCountryCode,
-          .answer = conflictingCountries,
-          .needs = {facts::Fact::link, facts::Fact::scan, facts::Fact::regulatory},
-          .measures = "Whether the access points in range and the kernel name different countries. "
-                      "Adopted is the kernel's, else the network's, else the one that most name.",
-          .from = "Country elements of the scan; NL80211_ATTR_REG_ALPHA2",
-          .threshold = "two different codes, or 98 in the kernel, which follows several countries' "
-                       "rules then; 00 (no country was set: it contradicts none, and only sends on "
-                       "fewer channels), 99, EU and the codes for users (AA, QM to QZ, XA to XZ, "
-                       "ZZ) are none",
-          .why = "The country decides which channels and powers are allowed. Country element: IEEE "
-                 "802.11-2020, 9.4.2.8",
-          .unknownWhen = "there is no scan, or the other network asked about was not heard; the "
-                         "access points agree, and the kernel's country cannot be read, or some "
-                         "are known from NetworkManager alone"},
+    Check{
+        .id = DiagnosticsTestID::ConflictingCountryCode,
+        .answer = conflictingCountries,
+        .needs = {facts::Fact::link, facts::Fact::scan, facts::Fact::regulatory},
+        .measures = "Whether the access points in range and the kernel name different countries. "
+                    "The adopted country is the kernel's, else the network's, else the one that "
+                    "most access points name.",
+        .from = "Country elements of the scan; NL80211_ATTR_REG_ALPHA2",
+        .threshold =
+            "two different codes, or 98 in the kernel, which then follows the rules of several "
+            "countries. No countries are: 00 (none is set, which contradicts none and only limits "
+            "the channels), 99, EU and the user-assigned codes (AA, QM to QZ, XA to XZ, ZZ)",
+        .why = "The country determines which channels and powers are allowed. Country element: "
+               "IEEE 802.11-2020, 9.4.2.8",
+        .unknownWhen = "there is no scan; the other network asked about was not received; or the "
+                       "access points agree, and the kernel's country cannot be read or some "
+                       "access points are known only from NetworkManager"},
     Check{.id = DiagnosticsTestID::HiddenScanResults,
           .answer = hiddenScanResults,
           .needs = {facts::Fact::scan},
-          .measures =
-              "Access points whose beacons hide their name, also those whose name is known from "
-              "their answers.",
+          .measures = "The access points whose beacons hide their name, also those whose name is "
+                      "known from their probe responses.",
           .from = "SSID elements of beacons",
           .threshold = "one",
-          .why = "A hidden SSID is empty or zeros, a widespread custom that the standard does not "
+          .why = "A hidden SSID is empty or zeros: a common practice that the standard does not "
                  "describe",
           .unknownWhen = "there is no scan"},
     Check{.id = DiagnosticsTestID::NoScanResults,
           .answer = noScanResults,
           .needs = {facts::Fact::scan},
-          .measures =
-              "Whether no access point at all was heard. Its list of all of them, strongest "
-              "first, feeds the list of networks, which an empty one empties; -100 dBm stands "
-              "for unknown.",
-          .from = "NL80211_CMD_GET_SCAN: of a new scan what was last heard since it began "
+          .measures = "Whether no access point at all was received. The result is the list of all "
+                      "access points, strongest first, for the list of networks; an empty result "
+                      "empties that list. -100 dBm stands for an unknown strength.",
+          .from = "NL80211_CMD_GET_SCAN. Of a new scan: what was last received since it began "
                   "(NL80211_BSS_LAST_SEEN_BOOTTIME or _SEEN_MS_AGO), or up to MaxScanCacheAge "
-                  "before that; of an earlier one all that the kernel keeps, which is 30 s; the "
-                  "joined access point always",
+                  "before that. Of an earlier scan: all that the kernel keeps, which is 30 s. The "
+                  "joined access point is always included",
           .threshold = "none",
-          .why = "Without any there is nothing to choose from",
+          .why = "Without an access point there is nothing to choose from",
           .unknownWhen = "there is no scan"},
 };
 
 }  // namespace
 
-std::span<const Check> scanRows() { return kScanRows; }
+std::span<const Check> scanChecks() { return kScanRows; }
 
 }  // namespace wifi_profile::checks

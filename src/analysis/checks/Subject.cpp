@@ -53,8 +53,8 @@ Result<Subject> inRange(const facts::Facts& facts, std::string_view name) {
   }
   if (!strongest) {
     return Error{Reason::notInRange, "The network \"" + shortened(name, kLongestName) +
-                                         "\" was not heard: check how its name is written, go "
-                                         "nearer, and run again."};
+                                         "\" was not heard: check how its name is written, move "
+                                         "closer, and run again."};
   }
   return Subject{.heard = strongest, .name = name};
 }
@@ -91,7 +91,7 @@ Result<int> toldBy(const Subject& subject, std::optional<int> facts::Link::*ofLi
   if (subject.link && subject.link->*ofLink) return *(subject.link->*ofLink);
   if (!subject.heard) return subject.notHeard;
   if (subject.heard->*ofAccessPoint) return *(subject.heard->*ofAccessPoint);
-  return notTold("Neither the access point nor the driver says " + std::string(what) + ".");
+  return notTold("Neither the access point nor the driver reports " + std::string(what) + ".");
 }
 
 std::optional<Error> whyNotWhole(const Result<facts::Scan>& scan) {

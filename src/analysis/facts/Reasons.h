@@ -18,15 +18,15 @@ struct ReasonText {
 inline constexpr std::array<std::pair<std::string_view, ReasonText>, 12> kReasons{
     {{"notJoined", {Reason::notJoined, "The radio is not joined to a network."}},
      {"notInRange", {Reason::notInRange, "No access point of that name was heard."}},
-     {"notTold", {Reason::notTold, "The access point, the driver or a service does not say."}},
+     {"notTold", {Reason::notTold, "The access point, the driver or a service does not report it."}},
      {"notPermitted", {Reason::notPermitted, "The user may not ask."}},
-     {"notSupported", {Reason::notSupported, "The driver or the kernel cannot tell."}},
+     {"notSupported", {Reason::notSupported, "The driver or the kernel cannot report it."}},
      {"noService", {Reason::noService, "The service that knows it is not running."}},
      {"noHardware", {Reason::noHardware, "There is no such device."}},
      {"radioOff", {Reason::radioOff, "Wi-Fi is switched off."}},
      {"tookTooLong", {Reason::tookTooLong, "It took too long."}},
-     {"failed", {Reason::failed, "The system refused, for a reason of its own."}},
+     {"failed", {Reason::failed, "The system refused."}},
      {"outsideNetwork", {Reason::outsideNetwork, "Only a member of the network can find it out."}},
-     {"linkChanged", {Reason::linkChanged, "The link changed while it was asked."}}}};
+     {"linkChanged", {Reason::linkChanged, "The link changed during the query."}}}};
 
 }  // namespace wifi_profile::facts

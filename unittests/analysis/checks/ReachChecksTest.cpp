@@ -90,11 +90,10 @@ TEST_F(ReachChecks, SayWhereTheSystemsOwnPacketsGoThroughAnotherInterface) {
   EXPECT_EQ(said(), "");
   facts.addresses->otherWayOut = "tun0";
   EXPECT_EQ(said(),
-            "This machine's own packets to the Internet go through tun0, not through the Wi-Fi "
-            "link that is tested.");
+            "Other programs reach the Internet through tun0, not through the tested Wi-Fi link.");
   facts.wanPings->answers.clear();
   EXPECT_THAT(said(), ::testing::StartsWith("The ping of the Internet: no echo was answered by"));
-  EXPECT_THAT(said(), ::testing::HasSubstr(". This machine's own packets"));
+  EXPECT_THAT(said(), ::testing::HasSubstr(". Other programs reach"));
 }
 
 TEST_F(ReachChecks, SayNothingOfAnotherNetwork) {

@@ -1,5 +1,5 @@
-// docs/CHECKS.md lists every test and every value from the same tables as the program. After a
-// change of a table, write it anew: WIFI_PROFILE_WRITE_GOLDEN=1 wifi_profile_tests
+// docs/CHECKS.md lists every test and every value from the tables of the program. After a change of
+// a table, write it again: WIFI_PROFILE_WRITE_GOLDEN=1 wifi_profile_tests
 // --gtest_filter='ChecksDocument.*'
 
 #include <cctype>
@@ -20,9 +20,9 @@ constexpr const char* kDocument = WIFI_PROFILE_SOURCE_DIR "/docs/CHECKS.md";
 
 constexpr const char* kIntroduction = R"(# What is checked
 
-Every test asks the device's diagnostics service one question and stores the answer under its first key, as
-true or false (`foundScanResults`: as 1 or 0); some store values besides. `wifi-profile explain KEY` says more of each key, with advice.
-D: a test of the device, C: of the current network, S: of the selected network.
+Every test asks the device's diagnostics service one question. The answer is stored under the first key as true or false
+(`foundScanResults`: as 1 or 0); some tests store values, too. `wifi-profile explain KEY` explains each key and gives advice.
+In: D is the device, C the current network, S the selected network.
 
 | Test | Name | In | Question | Yes is | No is | Keys |
 |---|---|---|---|---|---|---|
@@ -35,31 +35,32 @@ const char* wordFor(Mark mark) {
                                  : "a fact";
 }
 
-constexpr const char* kMachineIntroduction = R"(
+constexpr const char* kAnswersIntroduction = R"(
 ## How an answer is made
 
-`src/analysis/checks/` makes the answers from facts of a device and of the air, by the rules below. Without a name a test asks
-about the joined access point; with the name of another network about the strongest access point of that name in the
-last scan, of which nothing is known that only a member of a network can find out. Names in backticks are settings,
-with the values that they have at first.
+`src/analysis/checks/` makes the answers from facts about the device and the air, by the rules below. A test without a
+network name is about the joined access point. A test with the name of another network is about the strongest access
+point of that name in the last scan; facts that only a member of a network can find out are then not known. Names in
+backticks are settings, with their default values.
 
-What is not known is an error of the test, never a good answer: its code says what kind of thing is missing, and
-its text what would help.
+An answer that is not known is an error of the test, never a good answer. The code of the error is its kind, and the
+text says what would help.
 
-Where the Wi-Fi interface is a member of a bond, a team or a bridge, that one has its addresses, routes, name servers
-and profile, and what is asked through the link goes through it. What is reached is not known while an active-backup
-bond sends through another member, or while a team, a bridge or a bond of another mode has another member that is running.
+If the Wi-Fi interface is a member of a bond, a team or a bridge, addresses, routes, name servers and the profile are
+those of the bond, team or bridge, and queries through the link go through it. What can be reached is not known while an
+active-backup bond sends through another member, or while a team, a bridge or a bond of another mode has another running
+member.
 
-What a run did not find out before its link changed is not known, for the reason linkChanged: after a loss, or when another
-network is joined, whatever is asked of the link; after a roam within the network, or when the access point changes its
-channel, what its radio gives: signal, noise and how busy its channel is.
+Facts that were not collected before the link changed are not known, with the reason linkChanged. After the link is lost,
+or another network is joined, this applies to all facts about the link; after a roam within the network, or a change of
+the access point's channel, to the signal, the noise and the load of the channel.
 
 | Test | Name | Measures | From | Threshold | Why | Not known when |
 |---|---|---|---|---|---|---|
 )";
 
 void writeChecks(std::ostream& out) {
-  out << kMachineIntroduction;
+  out << kAnswersIntroduction;
   for (const checks::Check& check : checks::allChecks()) {
     out << "| " << static_cast<int>(check.id) << " | " << nameOf(check.id) << " | "
         << check.measures << " | " << check.from << " | " << check.threshold << " | " << check.why
@@ -70,7 +71,7 @@ void writeChecks(std::ostream& out) {
     out << "| " << static_cast<int>(text.reason) << " | " << name << " | " << text.sentence
         << " |\n";
   }
-  out << "\nNumbers of security in a remembered network:";
+  out << "\nNumbers for the security of a remembered network:";
   using ieee80211::Security;
   for (auto number = 0; number < static_cast<int>(ieee80211::Security::unknown); ++number) {
     out << " " << number << " " << facts::textOf(static_cast<ieee80211::Security>(number)) << ",";
@@ -94,7 +95,7 @@ std::string document() {
     }
     out << " |\n";
   }
-  out << "\n`NoScanResults` belongs to no run of tests: the list of networks asks it.\n"
+  out << "\n`NoScanResults` belongs to no batch: the list of networks requests it.\n"
          "\n| Value | Is | Unit | |\n|---|---|---|---|\n";
   for (const InformationCopy* value : outputValues()) {
     out << "| `" << value->outputKey << "` | " << value->name << " | " << value->unit << " | "

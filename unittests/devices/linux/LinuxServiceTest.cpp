@@ -121,7 +121,8 @@ TEST_F(LinuxServiceTest, RemarksAndLogsWhyATestIsAnsweredBadly) {
   const auto log = std::make_shared<Lines>();
   const InstalledPlatform platform({.log = log.get()});
   finder->facts.wanPings = facts::Pings{.target = "192.0.2.1", .sent = 3};
-  finder->facts.nameResolution = facts::NameResolution{.problem = "no name server"};
+  finder->facts.nameResolution =
+      facts::NameResolution{.name = "example.com", .problem = "no name server"};
   finder->facts.siteReach = facts::SiteReach{.problem = "name: no name server"};
   finder->facts.sitePage = facts::SitePage{.problem = "name: no name server"};
   const auto remarkOn = [&](DiagnosticsTestID test) {
@@ -135,7 +136,8 @@ TEST_F(LinuxServiceTest, RemarksAndLogsWhyATestIsAnsweredBadly) {
   EXPECT_EQ(remarkOn(DiagnosticsTestID::PingWAN),
             "The ping of the Internet: no echo was answered by 192.0.2.1.");
   EXPECT_EQ(remarkOn(DiagnosticsTestID::PoorSignal), "");
-  EXPECT_EQ(remarkOn(DiagnosticsTestID::ResolveDNS), "The look-up of a name: no name server.");
+  EXPECT_EQ(remarkOn(DiagnosticsTestID::ResolveDNS),
+            "DNS lookup of example.com failed: no name server.");
   EXPECT_EQ(remarkOn(DiagnosticsTestID::ReachOrvane),
             "The connection to the site: name: no name server.");
   EXPECT_EQ(remarkOn(DiagnosticsTestID::RetrieveOrvane),
