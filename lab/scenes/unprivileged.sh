@@ -25,9 +25,9 @@ expect "the program runs" programAsOrdinary run --max-scan-cache-age 0
 denied="isUsingAmbiguousNetworkName hasConflictingPHYMode11AC hasConflictingPHYMode11N isChannelCongested
   is2GHzCongested foundConflictingCountryCode foundHiddenNetworks"
 except=device.doesPNLContainConflictingSecurityType
-expect "not known: $except" unknown "$except" 'NetworkManager does not let this user ask'
+expect "not known: $except" unknown "$except" 'This user may not ask NetworkManager'
 for key in $denied; do
-  expect "not known: $key" unknown "currentNetwork.$key" 'NetworkManager does not let this user ask'
+  expect "not known: $key" unknown "currentNetwork.$key" 'This user may not ask NetworkManager'
   except="$except currentNetwork.$key"
 done
 # That 5 GHz is not crowded may be known all the same: one channel with a survey is enough for that.
@@ -35,4 +35,4 @@ done
 expect "nothing is raised" healthy $except currentNetwork.is5GHzCongested
 expect "a list that cannot be new is shown" programAsOrdinary scan --json --max-scan-cache-age 0
 expect "it has the joined network" jq -e 'map(.ssid) == ["Birchlane"]' /out/record.json
-expect "it says that it is not new" shows 'NetworkManager does not let this user ask.*This is what was known already' cat /out/program.log
+expect "it says that it is not new" shows 'This user may not ask NetworkManager.*This is what was known already' cat /out/program.log

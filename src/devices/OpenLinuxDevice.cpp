@@ -7,9 +7,8 @@ namespace wifi_profile::devices {
 Result<OpenedDevice> openLinuxDevice(const std::string& interface, const Targets& targets,
                                      const checks::Settings& settings) {
   auto machine = linux::Machine::open(interface);
-  if (const auto* error = std::get_if<Error>(&machine)) return *error;
-  const linux::LinuxDevice device(std::get<std::shared_ptr<linux::Machine>>(std::move(machine)),
-                                  targets, settings);
+  if (!machine) return machine.error();
+  const linux::LinuxDevice device(*machine, targets, settings);
   return OpenedDevice{.backEnds = device.backEnds,
                       .close = [service = device.service] { service->close(); }};
 }

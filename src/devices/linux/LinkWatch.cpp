@@ -81,7 +81,7 @@ LinkSource linkSourceOf(const netlink::WifiInterface& interface) {
 
 void LinkWatch::begin(const Deadline& deadline) {
   const std::lock_guard lock(mutex_);
-  if (!begun_) begun_ = !source_.watch(deadline.atMost(kLookUpLimit));
+  if (!begun_) begun_ = bool(source_.watch(deadline.atMost(kLookUpLimit)));
 }
 
 void LinkWatch::setLink(const facts::Link& link) {

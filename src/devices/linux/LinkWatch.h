@@ -29,8 +29,8 @@ std::optional<LinkChange> changeOfLink(const std::optional<facts::Link>& before,
 
 // The kernel's reports about one link.
 struct LinkSource {
-  std::function<netlink::NotDone(const Deadline&)> watch;  // starts to record events
-  std::function<netlink::LinkEvents()> takeEvents;         // the events since the previous call
+  std::function<Status(const Deadline&)> watch;     // starts to record events
+  std::function<netlink::LinkEvents()> takeEvents;  // the events since the previous call
   // Returns the current link. Several threads call it at the same time.
   std::function<Result<facts::Link>(const Deadline&)> now;
 };

@@ -22,8 +22,8 @@ LinuxRadio::LinuxRadio(std::string interface, std::shared_ptr<bus::Bus> systemBu
       interface_(std::move(interface)),
       bus_(std::move(systemBus)),
       rfkill_(std::move(rfkill)) {
-  const auto closed = rfkill_.open();
-  if (closed && closed->reason == Reason::noHardware) {
+  const Status opened = rfkill_.open();
+  if (!opened && opened.error().reason == Reason::noHardware) {
     on_ = false;
   } else if (const auto bySwitches = rfkill_.poweredOn()) {
     on_ = *bySwitches;  // the current state, even if there will be no events
@@ -83,14 +83,15 @@ void LinuxRadio::switchOn() {
   const auto byManager = bus::ConnectionManager(*bus_).setRadioOn(
       interface_, true, Deadline::in(kSwitchLimit, ended_.get_token()));
   Rfkill switches = rfkill_.another();
-  auto why = switches.open();
-  if (!byManager && !switches.isHardBlocked()) {
+  Status done = switches.open();
+  if (byManager && !switches.isHardBlocked()) {
     if (rfkill_.descriptor() < 0) tellByItself();
     return;
   }
-  if (!why || switches.isHardBlocked()) why = switches.switchOn();
-  if (!why) return;
-  const std::string reason = (byManager ? byManager->message + " " : "") + why->message;
+  if (done || switches.isHardBlocked()) done = switches.switchOn();
+  if (done) return;
+  const std::string reason =
+      (byManager ? "" : byManager.error().message + " ") + done.error().message;
   powerOnFailed(reason);
   DiagnosticLogHandleForCategory(0).error(
       [&] { return "Wi-Fi could not be switched on. " + reason; });

@@ -38,7 +38,7 @@ Error noInterface(const std::string& name) {
 
 }  // namespace
 
-std::variant<std::shared_ptr<Machine>, Error> Machine::open(const std::string& interface) {
+Result<std::shared_ptr<const Machine>> Machine::open(const std::string& interface) {
   netlink::Nl80211 kernel;
   const auto all = kernel.interfaces(Deadline::in(kInterfacesLimit));
   if (!all) return all.error();
@@ -47,7 +47,7 @@ std::variant<std::shared_ptr<Machine>, Error> Machine::open(const std::string& i
   });
   if (found == all->end())
     return interface.empty() ? netlink::noWifiDevice() : noInterface(interface);
-  return std::shared_ptr<Machine>(new Machine(*found));
+  return std::shared_ptr<const Machine>(new Machine(*found));
 }
 
 Result<facts::Link> Machine::link(const Deadline& deadline) const {
@@ -126,33 +126,31 @@ Machine::Began Machine::scanByManager(netlink::Nl80211& kernel, const Deadline& 
   bus::ConnectionManager manager(*systemBus_);
   while (true) {
     // Discards the ends of earlier scans.
-    if (netlink::NotDone why = kernel.watchScans(deadline)) return *why;
+    if (const Status watched = kernel.watchScans(deadline); !watched) return watched.error();
     const auto asked = sinceBoot();
     const auto started = manager.requestScan(interface_.name, deadline);
     if (!started) return started.error();
     if (*started == bus::ScanStart::notReady) return kNotReady;
     if (*started == bus::ScanStart::started) {
-      if (netlink::NotDone why =
-              kernel.awaitScanResults(interface_, netlink::ScansThat::beganAndEnded, deadline)) {
-        return *why;
-      }
+      const Status ended =
+          kernel.awaitScanResults(interface_, netlink::ScansThat::beganAndEnded, deadline);
+      if (!ended) return ended.error();
       return asked;
     }
     // Too soon: a scan is under way, or has just ended.
     const Deadline little = deadline.atMost(kBeforeAskingAgain);
-    const netlink::NotDone none =
-        kernel.awaitScanResults(interface_, netlink::ScansThat::ended, little);
-    if (!none) return asked - netlink::kLongestScan;  // it began before the request
-    const bool mayPass = none->reason == Reason::tookTooLong ||
-                         none->reason == Reason::failed;  // for instance an aborted scan
-    if (deadline.isOver() || !mayPass) return *none;
+    const Status earlier = kernel.awaitScanResults(interface_, netlink::ScansThat::ended, little);
+    if (earlier) return asked - netlink::kLongestScan;  // it began before the request
+    const bool mayPass = earlier.error().reason == Reason::tookTooLong ||
+                         earlier.error().reason == Reason::failed;  // for instance an aborted scan
+    if (deadline.isOver() || !mayPass) return earlier.error();
     sleepUntil(little);  // the failure may have come at once
   }
 }
 
 bool Machine::isSwitchedOff() const {
   Rfkill switches(interface_.name);
-  switches.open();
+  static_cast<void>(switches.open());  // without a switch, the radio counts as on
   return switches.poweredOn() == false;
 }
 

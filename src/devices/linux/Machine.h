@@ -4,7 +4,6 @@
 #include <chrono>
 #include <memory>
 #include <string>
-#include <variant>
 
 #include "devices/linux/bus/Bus.h"
 #include "devices/linux/netlink/Nl80211.h"
@@ -16,7 +15,7 @@ class Machine final {
  public:
   // Opens the Wi-Fi interface of this name. An empty name selects the first network interface in
   // the order of Nl80211::interfaces. noHardware: there is no such interface.
-  static std::variant<std::shared_ptr<Machine>, Error> open(const std::string& interface);
+  static Result<std::shared_ptr<const Machine>> open(const std::string& interface);
 
   const netlink::WifiInterface& interface() const { return interface_; }
   // The shared connections to the system bus and to the session bus.

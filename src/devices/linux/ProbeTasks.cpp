@@ -199,7 +199,7 @@ void addProbeTasks(std::vector<FactTask>& tasks, const std::string& interface,
        }});
   add<facts::PortalProbe>(
       tasks, interface,
-      {"look for a sign-in page", facts::Fact::portalProbe, &facts::Facts::portalProbe,
+      {"check for a sign-in page", facts::Fact::portalProbe, &facts::Facts::portalProbe,
        kPortalLimit,
        [targets](const facts::Facts& known, const probes::Way& way, const Deadline& deadline) {
          const auto& profile = known.activeProfile;
@@ -222,7 +222,7 @@ void addProbeTasks(std::vector<FactTask>& tasks, const std::string& interface,
          return probes::retrievePage(targets.siteUrl, targets.siteText, way, deadline);
        }});
   add<facts::RouterOutside>(tasks, interface,
-                            {"look at the router's outside", facts::Fact::routerOutside,
+                            {"external address of the router", facts::Fact::routerOutside,
                              &facts::Facts::routerOutside, kOutsideLimit,
                              [targets](const facts::Facts& known, const probes::Way& way,
                                        const Deadline& deadline) -> Result<facts::RouterOutside> {

@@ -88,7 +88,7 @@ Rfkill::Rfkill(std::string interface, std::string device, std::string interfaces
       path_(std::move(device)),
       interfaces_(std::move(interfaces)) {}
 
-std::optional<Error> Rfkill::open() {
+Status Rfkill::open() {
   own_.clear();
   switches_.clear();
   device_ = Descriptor();
@@ -111,15 +111,14 @@ std::optional<Error> Rfkill::open() {
     const int number = errno;
     if (number == EACCES || number == EPERM) {
       return Error{Reason::notPermitted,
-                   "This user gets no news of the radio's switches: may not read " + path_ +
-                       ". Run as root, or log in at the machine itself."};
+                   "cannot open " + path_ + ": Permission denied. Run as root, or log in locally."};
     }
     return Error{Reason::notSupported, "The kernel does not show the radio's switches (" + path_ +
                                            "): " + std::generic_category().message(number) +
                                            ". Load the module rfkill."};
   }
   readEvents();
-  return std::nullopt;
+  return {};
 }
 
 void Rfkill::readEvents() {
@@ -162,7 +161,7 @@ void Rfkill::handleEvents(const std::function<void(News)>& tell) {
   }
 }
 
-std::optional<Error> Rfkill::switchOn() {
+Status Rfkill::switchOn() {
   if (own_.empty()) return kNoSwitch;
   if (isHardBlocked()) {
     return Error{Reason::radioOff,
@@ -185,7 +184,7 @@ std::optional<Error> Rfkill::switchOn() {
                  "Wi-Fi cannot be switched on: " + std::generic_category().message(number) +
                      ". Use rfkill unblock wifi."};
   }
-  return std::nullopt;
+  return {};
 }
 
 }  // namespace wifi_profile::linux

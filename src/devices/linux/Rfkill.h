@@ -45,7 +45,7 @@ class Rfkill {
   // Finds the switches and reads their state. noHardware: the interface is gone. notSupported: the
   // radio has no switch (treat it as on), or the kernel does not show it. notPermitted: there will
   // be no events, but `poweredOn` returns the current state; call `open` again to refresh it.
-  std::optional<Error> open();
+  Status open();
 
   // Whether no switch blocks the radio. Empty before `open` and for a radio without switches.
   std::optional<bool> poweredOn() const;
@@ -63,7 +63,7 @@ class Rfkill {
   // Turns on every switch of the radio by software; the change arrives as an event. notPermitted:
   // on Debian, users without a local session who are not in the group netdev. radioOff: a switch
   // that software cannot change blocks the radio.
-  std::optional<Error> switchOn();
+  Status switchOn();
 
  private:
   struct State {

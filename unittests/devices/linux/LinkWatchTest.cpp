@@ -118,7 +118,7 @@ class LinkWatchOfEvents : public testing::Test {
   std::stop_source cancellation_;
   netlink::LinkEvents events_;
   std::function<Result<facts::Link>(const Deadline&)> now_ = [](const Deadline&) { return kHome; };
-  LinkWatch watch_{{.watch = [](const Deadline&) { return netlink::NotDone(); },
+  LinkWatch watch_{{.watch = [](const Deadline&) { return Status(); },
                     .takeEvents = [this] { return std::exchange(events_, {}); },
                     .now = [this](const Deadline& deadline) { return now_(deadline); }}};
 };
@@ -181,13 +181,13 @@ TEST_F(LinkWatchOfEvents, EventsThatComeWhileItLooksAreLookedAtAsWell) {
 
 TEST_F(LinkWatchOfEvents, BeginsAgainWhereItCouldNot) {
   netlink::LinkEvents events = kJoined;
-  netlink::NotDone problem = kLookFailed;
+  Status problem = kLookFailed;
   LinkWatch watch{{.watch = [&](const Deadline&) { return problem; },
                    .takeEvents = [&] { return events; },
                    .now = [](const Deadline&) { return kCafe; }}};
   watch.begin(deadline());
   EXPECT_FALSE(watch.change(deadline()));
-  problem = std::nullopt;
+  problem = {};
   watch.begin(deadline());
   EXPECT_TRUE(watch.change(deadline()));
 }

@@ -130,8 +130,8 @@ Result<bool> ConnectionManager::isRadioOn(const std::string& interface, const De
                std::string(nameOf(*manager)) + " has no switch for all Wi-Fi."};
 }
 
-std::optional<Error> ConnectionManager::setRadioOn(const std::string& interface, bool on,
-                                                   const Deadline& deadline) {
+Status ConnectionManager::setRadioOn(const std::string& interface, bool on,
+                                     const Deadline& deadline) {
   const auto manager = kind(interface, deadline);
   if (!manager) return manager.error();
   if (*manager == ManagerKind::networkManager) {

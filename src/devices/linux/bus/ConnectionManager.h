@@ -45,9 +45,9 @@ class ConnectionManager {
   // Whether the manager's switch for all Wi-Fi is on. From NetworkManager; notSupported with the
   // others.
   Result<bool> isRadioOn(const std::string& interface, const Deadline& deadline);
-  // Sets that switch. Empty: done. notPermitted: this user may not. The service does not ask for a
+  // Sets that switch. notPermitted: this user may not. The service does not ask for a
   // password.
-  std::optional<Error> setRadioOn(const std::string& interface, bool on, const Deadline& deadline);
+  Status setRadioOn(const std::string& interface, bool on, const Deadline& deadline);
 
  private:
   Result<Kind> findKind(const std::string& interface, const Deadline& deadline);

@@ -210,7 +210,7 @@ Result<bool> NetworkManager::isWirelessHardwareEnabled(const Deadline& deadline)
   return managerFlag("WirelessHardwareEnabled", deadline);
 }
 
-std::optional<Error> NetworkManager::setWirelessEnabled(bool enabled, const Deadline& deadline) {
+Status NetworkManager::setWirelessEnabled(bool enabled, const Deadline& deadline) {
   const auto service = owner(deadline);
   if (!service) return service.error();
   const BusAnswer answer = bus_.call({*service,
@@ -219,7 +219,7 @@ std::optional<Error> NetworkManager::setWirelessEnabled(bool enabled, const Dead
                                       "Set",
                                       {kManager, "WirelessEnabled", BooleanVariant{enabled}}},
                                      deadline);
-  if (answer.isGood()) return std::nullopt;
+  if (answer.isGood()) return {};
   return unknownFrom(answer, kNetworkManager);
 }
 

@@ -49,9 +49,9 @@ class NetworkManager {
   // The software switch and the hardware switch of all Wi-Fi. Reading them needs no privileges.
   Result<bool> isWirelessEnabled(const Deadline& deadline);
   Result<bool> isWirelessHardwareEnabled(const Deadline& deadline);
-  // Sets the software switch. Empty: done. notPermitted: polkit refuses this user; it does not ask
+  // Sets the software switch. notPermitted: polkit refuses this user; it does not ask
   // for a password.
-  std::optional<Error> setWirelessEnabled(bool enabled, const Deadline& deadline);
+  Status setWirelessEnabled(bool enabled, const Deadline& deadline);
 
  private:
   struct Device {

@@ -5,7 +5,7 @@ namespace wifi_profile::linux::bus {
 namespace {
 
 constexpr BusRemedies kSystemBus{"Start it (systemctl start dbus).",
-                                 "Run as root, or log in at the machine itself."};
+                                 "Run as root, or log in locally."};
 constexpr BusRemedies kSessionBus{"Run inside the desktop's session.",
                                   "Run as the user whose desktop it is."};
 
@@ -37,15 +37,14 @@ Error unknownFrom(const BusError& error, const Service& service) {
               name + " does not know what it was asked for (" + words + "). Install a newer one."};
     case BusError::Kind::notPermitted:
       return {Reason::notPermitted,
-              name + " does not let this user ask (" + words + "). " + service.bus.notPermitted};
+              "This user may not ask " + name + " (" + words + "). " + service.bus.notPermitted};
     case BusError::Kind::tookTooLong:
       return {Reason::tookTooLong, name + " did not answer in time. Try again, or restart it."};
     case BusError::Kind::cancelled:
-      return {Reason::tookTooLong,
-              name + " was not waited for: the run was called off. Start again."};
+      return {Reason::tookTooLong, name + " was not asked: the run was cancelled. Start again."};
     case BusError::Kind::unreadable:
       return {Reason::failed, name +
-                                  " gave an answer that makes no sense. Restart it, or "
+                                  " gave an invalid answer. Restart it, or "
                                   "install a newer one."};
     case BusError::Kind::failed:
       break;

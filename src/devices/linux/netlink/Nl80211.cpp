@@ -40,8 +40,8 @@ Error noWifiDevice() {
           "(modprobe)."};
 }
 
-NotDone Nl80211::open(const Deadline& deadline) {
-  if (family_ != 0) return std::nullopt;
+Status Nl80211::open(const Deadline& deadline) {
+  if (family_ != 0) return {};
   Request request(GENL_ID_CTRL, CTRL_CMD_GETFAMILY, Request::Kind::one);
   request.put(CTRL_ATTR_FAMILY_NAME, NL80211_GENL_NAME);
   std::vector<Message> answers;
@@ -54,7 +54,7 @@ NotDone Nl80211::open(const Deadline& deadline) {
   scanGroup_ = groupOf(family, NL80211_MULTICAST_GROUP_SCAN);
   linkGroup_ = groupOf(family, NL80211_MULTICAST_GROUP_MLME);
   if (family_ == 0) return noWifiDevice();
-  return std::nullopt;
+  return {};
 }
 
 Result<std::vector<Message>> Nl80211::ask(Request& request, std::string_view subject,
@@ -66,7 +66,7 @@ Result<std::vector<Message>> Nl80211::ask(Request& request, std::string_view sub
 }
 
 Result<std::vector<WifiInterface>> Nl80211::interfaces(const Deadline& deadline) {
-  if (auto problem = open(deadline)) return *problem;
+  if (const Status ready = open(deadline); !ready) return ready.error();
   Request request(family_, NL80211_CMD_GET_INTERFACE, Request::Kind::dump);
   const auto answers = ask(request, "the Wi-Fi interfaces", deadline);
   if (!answers) return answers.error();
@@ -105,7 +105,7 @@ Result<std::vector<ScanEntry>> Nl80211::scanEntries(const WifiInterface& interfa
 }
 
 Result<facts::Link> Nl80211::link(const WifiInterface& interface, const Deadline& deadline) {
-  if (auto problem = open(deadline)) return *problem;
+  if (const Status ready = open(deadline); !ready) return ready.error();
   const auto current = now(interface, deadline);
   if (!current) return current.error();
 
@@ -134,12 +134,12 @@ Result<facts::Link> Nl80211::link(const WifiInterface& interface, const Deadline
   return *link;
 }
 
-NotDone Nl80211::watchLink(const Deadline& deadline) {
+Status Nl80211::watchLink(const Deadline& deadline) {
   constexpr std::string_view kSubject = "changes of the link";
-  if (auto problem = open(deadline)) return problem;
+  if (const Status ready = open(deadline); !ready) return ready.error();
   if (linkGroup_ == 0) return unknownFor(EOPNOTSUPP, kSubject);
   if (const int error = events_.listen(linkGroup_); error != 0) return unknownFor(error, kSubject);
-  return std::nullopt;
+  return {};
 }
 
 LinkEvents Nl80211::takeLinkEvents(const WifiInterface& interface) {
@@ -153,7 +153,7 @@ LinkEvents Nl80211::takeLinkEvents(const WifiInterface& interface) {
 
 Result<ScanList> Nl80211::scan(const WifiInterface& interface, const Deadline& deadline,
                                std::optional<std::chrono::nanoseconds> heardSince) {
-  if (auto problem = open(deadline)) return *problem;
+  if (const Status ready = open(deadline); !ready) return ready.error();
   auto entries = scanEntries(interface, deadline);
   if (!entries) return entries.error();
   if (heardSince) {
@@ -165,7 +165,7 @@ Result<ScanList> Nl80211::scan(const WifiInterface& interface, const Deadline& d
 
 Result<std::vector<facts::ChannelSurvey>> Nl80211::surveys(const WifiInterface& interface,
                                                            const Deadline& deadline) {
-  if (auto problem = open(deadline)) return *problem;
+  if (const Status ready = open(deadline); !ready) return ready.error();
   auto request = about(family_, NL80211_CMD_GET_SURVEY, Request::Kind::dump, interface);
   const auto answers = ask(request, "the survey of the channels", deadline);
   if (!answers) return answers.error();
@@ -187,7 +187,7 @@ Result<facts::Radio> Nl80211::radio(const WifiInterface& interface, const Deadli
 }
 
 Result<facts::Radio> Nl80211::abilities(const WifiInterface& interface, const Deadline& deadline) {
-  if (auto problem = open(deadline)) return *problem;
+  if (const Status ready = open(deadline); !ready) return ready.error();
   Request request(family_, NL80211_CMD_GET_WIPHY, Request::Kind::dump);
   request.putFlag(NL80211_ATTR_SPLIT_WIPHY_DUMP).put(NL80211_ATTR_WIPHY, interface.wiphy);
   const auto answers = ask(request, "the abilities of the radio", deadline);
@@ -208,7 +208,7 @@ Result<facts::Radio> Nl80211::abilities(const WifiInterface& interface, const De
 
 Result<facts::Regulatory> Nl80211::regulatory(const WifiInterface& interface,
                                               const Deadline& deadline) {
-  if (auto problem = open(deadline)) return *problem;
+  if (const Status ready = open(deadline); !ready) return ready.error();
   Request request(family_, NL80211_CMD_GET_REG, Request::Kind::one);
   request.put(NL80211_ATTR_WIPHY, interface.wiphy);
   const auto answers = ask(request, "the country of the rules", deadline);

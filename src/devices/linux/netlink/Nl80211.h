@@ -26,9 +26,6 @@
 
 namespace wifi_profile::linux::netlink {
 
-// The result of an operation without a value. Empty: done; otherwise why it was not.
-using NotDone = std::optional<Error>;
-
 // The reason to give when this machine has no Wi-Fi device.
 Error noWifiDevice();
 
@@ -36,7 +33,7 @@ class Nl80211 {
  public:
   // Finds the nl80211 family. noHardware: no Wi-Fi driver is loaded. notSupported: the kernel or
   // the container has no netlink. The other operations call it; after a failure they try again.
-  NotDone open(const Deadline& deadline);
+  Status open(const Deadline& deadline);
 
   // Returns all interfaces of all radios: stations before others, joined ones before those that are
   // not, then by the kernel's number. Never an empty list; noHardware instead.
@@ -61,13 +58,13 @@ class Nl80211 {
   // For a scan that another program makes. `watchScans` starts to record scan events.
   // `awaitScanResults` returns when a scan that counts (see ScansThat) has brought results, at once
   // if it has already. Errors as for triggerScan. Any user.
-  NotDone watchScans(const Deadline& deadline);
-  NotDone awaitScanResults(const WifiInterface& interface, ScansThat which,
-                           const Deadline& deadline);
+  Status watchScans(const Deadline& deadline);
+  Status awaitScanResults(const WifiInterface& interface, ScansThat which,
+                          const Deadline& deadline);
 
   // For changes of the link. `watchLink` starts to record them. `takeLinkEvents` returns those
   // since its previous call, without waiting. Any user.
-  NotDone watchLink(const Deadline& deadline);
+  Status watchLink(const Deadline& deadline);
   LinkEvents takeLinkEvents(const WifiInterface& interface);
 
   // Returns the channel surveys in order of frequency. notSupported: the driver does not measure.

@@ -21,11 +21,11 @@ Error abortedScan() {
 
 }  // namespace
 
-NotDone Nl80211::watchScans(const Deadline& deadline) {
-  if (auto problem = open(deadline)) return problem;
+Status Nl80211::watchScans(const Deadline& deadline) {
+  if (const Status ready = open(deadline); !ready) return ready.error();
   if (scanGroup_ == 0) return unknownFor(EOPNOTSUPP, kSubject);
   if (const int error = events_.listen(scanGroup_); error != 0) return unknownFor(error, kSubject);
-  return std::nullopt;
+  return {};
 }
 
 int Nl80211::awaitScanEnd(const WifiInterface& interface, ScansThat which, const Deadline& deadline,
@@ -43,14 +43,14 @@ int Nl80211::awaitScanEnd(const WifiInterface& interface, ScansThat which, const
   }
 }
 
-NotDone Nl80211::awaitScanResults(const WifiInterface& interface, ScansThat which,
-                                  const Deadline& deadline) {
-  if (auto problem = open(deadline)) return problem;
+Status Nl80211::awaitScanResults(const WifiInterface& interface, ScansThat which,
+                                 const Deadline& deadline) {
+  if (const Status ready = open(deadline); !ready) return ready.error();
   ScanEvents::End end{};
   const int error = awaitScanEnd(interface, which, deadline, end);
   if (error != 0) return unknownFor(error, kSubject);
   if (end == ScanEvents::End::aborted) return abortedScan();
-  return std::nullopt;
+  return {};
 }
 
 int Nl80211::startScan(const WifiInterface& interface, const Deadline& deadline,
@@ -82,7 +82,7 @@ Result<std::chrono::nanoseconds> Nl80211::triggerScan(const WifiInterface& inter
   std::uint32_t flags = NL80211_SCAN_FLAG_COLOCATED_6GHZ;
   while (true) {
     // Discards the ends of earlier scans.
-    if (auto problem = watchScans(deadline)) return *problem;
+    if (const Status ready = watchScans(deadline); !ready) return ready.error();
     const auto began = sinceBoot();
     const int error = startScan(interface, deadline, flags);
     if (flags != 0 && (error == EOPNOTSUPP || error == EINVAL)) {

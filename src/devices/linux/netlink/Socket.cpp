@@ -265,7 +265,7 @@ Error unknownFor(int error, std::string_view subject) {
       return {Reason::tookTooLong, "The kernel did not tell " + what + " in time. Try again."};
     case ECANCELED:
       return {Reason::tookTooLong,
-              "The kernel was asked for " + what + ", but it was called off. Start again."};
+              "The kernel was asked for " + what + ", but the work was cancelled. Start again."};
     default:
       return {Reason::failed, "The kernel did not tell " + what + ": " +
                                   std::generic_category().message(error) + ". Try again."};

@@ -173,7 +173,7 @@ std::string shortText(std::string_view text) {
 
 Error cancelled() {
   return {Reason::tookTooLong,
-          "It was called off, or there was no time left for it: run the tests again."};
+          "It was cancelled, or no time was left for it: run the tests again."};
 }
 
 }  // namespace wifi_profile::linux::probes

@@ -168,7 +168,7 @@ TEST_F(ConnectionManagerTest, WithoutAnyManagerEverythingIsNoService) {
   EXPECT_EQ(manager_.lastScan("wlan0", deadline()).error().reason, Reason::noService);
   EXPECT_EQ(manager_.requestScan("wlan0", deadline()).error().reason, Reason::noService);
   EXPECT_EQ(manager_.isRadioOn("wlan0", deadline()).error().reason, Reason::noService);
-  EXPECT_EQ(manager_.setRadioOn("wlan0", true, deadline())->reason, Reason::noService);
+  EXPECT_EQ(manager_.setRadioOn("wlan0", true, deadline()).error().reason, Reason::noService);
 }
 
 TEST_F(ConnectionManagerTest, WithoutABusEverythingIsNoService) {
@@ -202,7 +202,7 @@ TEST_F(ConnectionManagerTest, IwdTellsNetworksAndScansButNotAddresses) {
   EXPECT_EQ(manager_.dnsServers("wlan0", deadline()).error().reason, Reason::notTold);
   EXPECT_EQ(manager_.lastScan("wlan0", deadline()).error().reason, Reason::notTold);
   EXPECT_EQ(manager_.isRadioOn("wlan0", deadline()).error().reason, Reason::notSupported);
-  EXPECT_EQ(manager_.setRadioOn("wlan0", true, deadline())->reason, Reason::notSupported);
+  EXPECT_EQ(manager_.setRadioOn("wlan0", true, deadline()).error().reason, Reason::notSupported);
 }
 
 TEST_F(ConnectionManagerTest, AScanOfIwdsThatIsUnderWayIsTooSoon) {
