@@ -22,7 +22,6 @@ namespace {
 constexpr const char* kMoreRoom = "close programs, as memory or open files ran out";
 // The library does not watch the socket of a second address until it is called again.
 constexpr std::chrono::milliseconds kLook{200};
-constexpr std::chrono::milliseconds kConnectTime{5000};  // including the TLS handshake
 constexpr std::size_t kMostHeaderBytes = std::size_t{64} * 1024;
 
 template <auto release>
@@ -98,6 +97,7 @@ bool isNowhere(const Address& address) {
 struct Transfer {
   const std::string& interface;
   std::size_t bodyLimit;
+  std::chrono::milliseconds connectTime;
   Watchdog& watchdog;
   const std::vector<Address>& own;  // addresses of this machine
   bool mayStayHere = false;         // a proxy on this machine is not reached through the interface
@@ -307,11 +307,11 @@ void setUp(CURL* easy, const HttpRequest& request, Transfer& transfer, const cur
   curl_easy_setopt(easy, CURLOPT_HEADERDATA, &transfer);
 }
 
-CURLcode perform(CURLM* multi, CURL* easy, const Deadline& deadline) {
+CURLcode perform(CURLM* multi, CURL* easy, std::chrono::milliseconds connectTime,
+                 const Deadline& deadline) {
   // The first of several addresses gets half of this time, the next one half of the rest.
-  curl_easy_setopt(
-      easy, CURLOPT_CONNECTTIMEOUT_MS,
-      std::max(1L, static_cast<long>(std::min(deadline.left(), kConnectTime).count())));
+  curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS,
+                   std::max(1L, static_cast<long>(std::min(deadline.left(), connectTime).count())));
   if (curl_multi_add_handle(multi, easy) != CURLM_OK) return CURLE_FAILED_INIT;
   int running = 1;
   while (running > 0 && !deadline.isOver()) {
@@ -352,7 +352,7 @@ HttpAnswer transferred(const HttpRequest& request, const Addresses& addresses, T
   const Easy easy(curl_easy_init());
   if (!multi || !easy) return failure("no memory", kMoreRoom);
   setUp(easy.get(), request, transfer, headers.get(), resolved.get());
-  const CURLcode code = perform(multi.get(), easy.get(), deadline);
+  const CURLcode code = perform(multi.get(), easy.get(), transfer.connectTime, deadline);
   HttpAnswer& answer = transfer.answer;
   curl_easy_getinfo(easy.get(), CURLINFO_RESPONSE_CODE, &answer.status);
   const char* redirect = nullptr;
@@ -412,6 +412,7 @@ HttpAnswer exchange(const HttpRequest& request, const Way& way, const Deadline& 
     Watchdog watchdog(deadline);
     Transfer transfer{.interface = way.interface,
                       .bodyLimit = request.bodyLimit,
+                      .connectTime = way.connectTime,
                       .watchdog = watchdog,
                       .own = *own,
                       .mayStayHere = mayUseProxy(request) && !isHere(url->host, *own)};

@@ -18,7 +18,6 @@
 namespace wifi_profile::linux::probes {
 namespace {
 
-constexpr int kTryTime = 2000;  // ms
 constexpr int kTries = 2;
 constexpr std::size_t kMostServers = 4;
 constexpr std::size_t kMostAddresses = 16;
@@ -138,7 +137,7 @@ class Resolver {
     std::array<char, 2> lookups{"b"};  // name servers only
     ares_options options{};
     options.flags = ARES_FLAG_NOSEARCH | ARES_FLAG_NOALIASES;
-    options.timeout = kTryTime;
+    options.timeout = static_cast<int>(way.nameTryTime.count());
     options.tries = 1;
     options.lookups = lookups.data();
     options.sock_state_cb = [](void* self, ares_socket_t socket, int readable, int writable) {

@@ -21,6 +21,9 @@ struct Way {
   // Whether the system's routes decide how to reach these servers, for instance because they are
   // behind a tunnel.
   bool asksAsSystem = false;
+  // How long to wait for one answer of a name server, and for a connection with its TLS handshake.
+  std::chrono::milliseconds nameTryTime{2000};
+  std::chrono::milliseconds connectTime{5000};
 };
 
 struct NameAnswer {

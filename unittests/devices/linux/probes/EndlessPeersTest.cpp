@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kLimit = 300ms;
+constexpr auto kLimit = 100ms;
 // Far from the time that the peers would take, and enough for a machine that is busy.
 constexpr auto kAtMost = 3s;
 

@@ -34,7 +34,7 @@ TEST(NatPmp, IsNotBelievedWithARefusalGarbageOrNoHostsAddress) {
         natPmpAnswer(0, "\xff\xff\xff\xff"), std::string(16, 'x')}) {
     const UdpServer router([&](const std::string&) { return std::vector<std::string>{text}; },
                            ownAddress(), kNatPmpPort);
-    EXPECT_EQ(askNatPmp(ownAddress(), "", longDeadline()), std::nullopt);
+    EXPECT_EQ(askNatPmp(ownAddress(), "", Deadline::in(100ms)), std::nullopt);
   }
 }
 
@@ -117,13 +117,13 @@ TEST(Upnp, SendsNothingToWhereTheRouterOnlyPoints) {
 TEST(Upnp, BelievesNoDescriptionThatIsElsewhere) {
   const TcpServer other(answering(page("200 OK", "")));
   const UpnpRouter router("", "/control", urlOf(other, "/root.xml"));
-  EXPECT_EQ(askUpnp(ownAddress(), "", longDeadline()), std::nullopt);
+  EXPECT_EQ(askUpnp(ownAddress(), "", Deadline::in(300ms)), std::nullopt);
   EXPECT_EQ(other.connections(), 0);
 }
 
 TEST(Outside, IsKnownWithWhatCouldBeFoundOut) {
   const UdpServer router(toldByNatPmp, ownAddress(), kNatPmpPort);
-  const auto told = routerOutside(ownAddress(), kHere, {}, longDeadline());
+  const auto told = routerOutside(ownAddress(), kHere, {}, Deadline::in(400ms));
   ASSERT_TRUE(told);
   EXPECT_EQ(told->address, "203.113.7.9");
   EXPECT_EQ(told->secondHop, std::nullopt);  // it is this machine itself
