@@ -6,7 +6,7 @@ namespace wifi_profile::devices {
 
 Result<OpenedDevice> openLinuxDevice(const std::string& interface, const Targets& targets,
                                      const checks::Settings& settings) {
-  auto machine = linux::Machine::open(interface);
+  auto machine = linux::WifiDevice::open(interface);
   if (!machine) return machine.error();
   const linux::LinuxDevice device(*machine, targets, settings);
   return OpenedDevice{.backEnds = device.backEnds,

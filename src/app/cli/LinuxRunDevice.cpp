@@ -11,7 +11,8 @@ namespace {
 
 class LinuxRunDevice final : public RunDevice {
  public:
-  LinuxRunDevice(const std::shared_ptr<const linux::Machine>& machine, const ToolSettings& settings)
+  LinuxRunDevice(const std::shared_ptr<const linux::WifiDevice>& machine,
+                 const ToolSettings& settings)
       : device_(machine, settings.targets, settings.checks), site_(settings.targets.siteUrl) {}
 
   devices::DeviceBackEnds backEnds() const override { return device_.backEnds; }

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "devices/linux/Machine.h"
+#include "devices/linux/WifiDevice.h"
 #include "devices/scenario/Scenario.h"
 #include "diagnostic/platform/Result.h"
 
@@ -26,13 +26,11 @@ std::string interfaceOf(const std::optional<std::string>& device);
 
 // Opens the Wi-Fi of this computer. Inline, so that a program that only runs scenarios does not
 // load the libraries of the Linux device.
-inline Result<std::shared_ptr<const linux::Machine>> openComputer(
+inline Result<std::shared_ptr<const linux::WifiDevice>> openComputer(
     const std::optional<std::string>& device) {
-  auto opened = linux::Machine::open(interfaceOf(device));
-  if (auto* const machine = std::get_if<std::shared_ptr<linux::Machine>>(&opened)) {
-    return std::shared_ptr<const linux::Machine>(std::move(*machine));
-  }
-  Error error = std::get<Error>(std::move(opened));
+  auto opened = linux::WifiDevice::open(interfaceOf(device));
+  if (opened) return opened;
+  Error error = opened.error();
   error.subject = device.value_or("");
   error.advice = "Use --device demo to run without Wi-Fi.";
   return error;

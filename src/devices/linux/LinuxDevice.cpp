@@ -1,26 +1,26 @@
 #include "devices/linux/LinuxDevice.h"
 
+#include "devices/linux/LinuxFacts.h"
 #include "devices/linux/LinuxRadio.h"
-#include "devices/linux/MachineFacts.h"
 
 namespace wifi_profile::linux {
 namespace {
 
 // Devices with hardware for WAPI are sold where WLAN is the usual word for Wi-Fi.
-bool saysWlan(const Machine& machine) {
-  const auto radio = machine.abilities(Deadline::in(std::chrono::seconds(2)));
+bool saysWlan(const WifiDevice& device) {
+  const auto radio = device.abilities(Deadline::in(std::chrono::seconds(2)));
   return radio && radio->knowsWapi;
 }
 
 }  // namespace
 
-LinuxDevice::LinuxDevice(const std::shared_ptr<const Machine>& machine,
+LinuxDevice::LinuxDevice(const std::shared_ptr<const WifiDevice>& device,
                          const devices::Targets& targets, const checks::Settings& settings)
-    : service(std::make_shared<LinuxService>(std::make_shared<MachineFacts>(machine, targets),
-                                             settings)),
+    : service(
+          std::make_shared<LinuxService>(std::make_shared<LinuxFacts>(device, targets), settings)),
       backEnds{service,
-               std::make_shared<LinuxRadio>(machine->interface().name, machine->systemBus(),
-                                            Rfkill(machine->interface().name)),
-               devices::capabilityOf(saysWlan(*machine)), devices::automationOf(false)} {}
+               std::make_shared<LinuxRadio>(device->interface().name, device->systemBus(),
+                                            Rfkill(device->interface().name)),
+               devices::capabilityOf(saysWlan(*device)), devices::automationOf(false)} {}
 
 }  // namespace wifi_profile::linux

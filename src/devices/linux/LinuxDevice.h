@@ -7,12 +7,12 @@
 #include "devices/DeviceBackEnds.h"
 #include "devices/Targets.h"
 #include "devices/linux/LinuxService.h"
-#include "devices/linux/Machine.h"
+#include "devices/linux/WifiDevice.h"
 
 namespace wifi_profile::linux {
 
 struct LinuxDevice {
-  LinuxDevice(const std::shared_ptr<const Machine>& machine, const devices::Targets& targets,
+  LinuxDevice(const std::shared_ptr<const WifiDevice>& device, const devices::Targets& targets,
               const checks::Settings& settings);
 
   std::shared_ptr<LinuxService> service;

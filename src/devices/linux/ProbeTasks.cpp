@@ -6,11 +6,12 @@
 #include "analysis/facts/IpAddresses.h"
 #include "analysis/facts/NameServers.h"
 #include "devices/linux/Workers.h"
+#include "devices/linux/probes/ExternalAddress.h"
 #include "devices/linux/probes/Names.h"
-#include "devices/linux/probes/Outside.h"
 #include "devices/linux/probes/Ping.h"
+#include "devices/linux/probes/Portal.h"
+#include "devices/linux/probes/Site.h"
 #include "devices/linux/probes/Sockets.h"
-#include "devices/linux/probes/Web.h"
 
 namespace wifi_profile::linux {
 namespace {
@@ -29,14 +30,14 @@ constexpr milliseconds kReachLimit{5'500};
 constexpr milliseconds kPageLimit{10'500};
 
 // Uses the system's name servers if the link has none, or its servers are not known.
-probes::Way wayThrough(const std::string& interface, const facts::Addresses& addresses) {
-  probes::Way way{addresses.carrier.value_or(interface), addresses.dnsServers};
-  const bool hasNone = !way.nameServers || way.nameServers->empty();
+probes::Route routeThrough(const std::string& interface, const facts::Addresses& addresses) {
+  probes::Route route{addresses.carrier.value_or(interface), addresses.dnsServers};
+  const bool hasNone = !route.nameServers || route.nameServers->empty();
   if (hasNone && addresses.systemDnsServers) {
-    way.nameServers = addresses.systemDnsServers;
-    way.asksAsSystem = true;
+    route.nameServers = addresses.systemDnsServers;
+    route.asksAsSystem = true;
   }
-  return way;
+  return route;
 }
 
 // Returns the reason if a tunnel has replaced the link's default route: nothing beyond the link can
@@ -56,7 +57,7 @@ struct ProbeTask {
   facts::Fact fact;
   Result<T> facts::Facts::*member;
   milliseconds limit;
-  std::function<Result<T>(const facts::Facts& known, const probes::Way& way,
+  std::function<Result<T>(const facts::Facts& known, const probes::Route& route,
                           const Deadline& deadline)>
       find;
 };
@@ -78,7 +79,7 @@ void add(std::vector<FactTask>& tasks, const std::string& interface, ProbeTask<T
          } else if (auto why = whyNoWayOut(interface, *known.addresses)) {
            fact = *why;
          } else {
-           fact = reach.find(known, wayThrough(interface, *known.addresses), deadline);
+           fact = reach.find(known, routeThrough(interface, *known.addresses), deadline);
          }
          return [member = reach.member, fact](facts::Facts& facts) { facts.*member = fact; };
        }});
@@ -117,8 +118,8 @@ const std::string& reachable(const std::vector<std::string>& addresses,
 }
 
 Result<std::string> addressInTheInternet(const std::string& host, const facts::Addresses& own,
-                                         const probes::Way& way, const Deadline& deadline) {
-  const auto answer = probes::resolve(host, way, deadline);
+                                         const probes::Route& route, const Deadline& deadline) {
+  const auto answer = probes::resolve(host, route, deadline);
   if (!answer) return answer.error();
   if (answer->addresses.empty()) {
     return Error{Reason::failed, "The address of " + host + " could not be looked up (" +
@@ -132,39 +133,39 @@ Result<std::string> addressInTheInternet(const std::string& host, const facts::A
                    ": sign in to the network first, or set a numeric address to ping."};
 }
 
-Result<facts::Pings> pingRouter(const facts::Facts& known, const probes::Way& way,
+Result<facts::Pings> pingRouter(const facts::Facts& known, const probes::Route& route,
                                 const Deadline& deadline) {
   const auto& addresses = *known.addresses;
   const auto& router = addresses.ipv4Gateway ? addresses.ipv4Gateway : addresses.ipv6Gateway;
   if (!router) return noRouter();
   probes::PingPlan plan;
   plan.isOnLink = true;
-  return probes::ping(*router, way.interface, plan, deadline);
+  return probes::ping(*router, route.interface, plan, deadline);
 }
 
 Result<facts::Pings> pingInternet(const facts::Facts& known, const std::string& host,
-                                  const probes::Way& way, const Deadline& deadline) {
-  const auto address = addressInTheInternet(host, *known.addresses, way, deadline);
+                                  const probes::Route& route, const Deadline& deadline) {
+  const auto address = addressInTheInternet(host, *known.addresses, route, deadline);
   if (!address) return address.error();
-  return probes::ping(*address, way.interface, {}, deadline);
+  return probes::ping(*address, route.interface, {}, deadline);
 }
 
 // Looks the name up at the link's servers and, in parallel, at the system's servers if these are
 // others. Both must know the name.
 Result<facts::NameResolution> lookUp(const std::string& name, const facts::Addresses& addresses,
-                                     const probes::Way& way, const Deadline& deadline) {
+                                     const probes::Route& route, const Deadline& deadline) {
   const auto& through = addresses.systemDnsThrough;
-  if (way.asksAsSystem && through && !through->isTunnel) {
+  if (route.asksAsSystem && through && !through->isTunnel) {
     return Error{Reason::notTold,
                  "The network's name servers are not known, and the system asks others through " +
                      through->name + ": end the other connection, and try again."};
   }
   std::optional<Alongside<Result<probes::NameAnswer>>> asSystem;
-  if (!way.asksAsSystem && facts::asksOthers(addresses)) {
+  if (!route.asksAsSystem && facts::asksOthers(addresses)) {
     asSystem.emplace(
         [&] { return probes::resolveAsSystem(name, *addresses.systemDnsServers, deadline); });
   }
-  const auto answer = probes::resolve(name, way, deadline);
+  const auto answer = probes::resolve(name, route, deadline);
   if (!answer) return answer.error();
   if (!asSystem || !answer->resolution.resolved) return answer->resolution;
   const auto other = asSystem->get();
@@ -188,48 +189,48 @@ void addProbeTasks(std::vector<FactTask>& tasks, const std::string& interface,
       tasks, interface,
       {"ping of the Internet", facts::Fact::wanPings, &facts::Facts::wanPings,
        kNameLimit + kPingLimit,
-       [targets](const facts::Facts& known, const probes::Way& way, const Deadline& deadline) {
-         return pingInternet(known, targets.pingHost, way, deadline);
+       [targets](const facts::Facts& known, const probes::Route& route, const Deadline& deadline) {
+         return pingInternet(known, targets.pingHost, route, deadline);
        }});
   add<facts::NameResolution>(
       tasks, interface,
       {"look-up of a name", facts::Fact::nameResolution, &facts::Facts::nameResolution, kNameLimit,
-       [targets](const facts::Facts& known, const probes::Way& way, const Deadline& deadline) {
-         return lookUp(targets.name, *known.addresses, way, deadline);
+       [targets](const facts::Facts& known, const probes::Route& route, const Deadline& deadline) {
+         return lookUp(targets.name, *known.addresses, route, deadline);
        }});
   add<facts::PortalProbe>(
       tasks, interface,
       {"check for a sign-in page", facts::Fact::portalProbe, &facts::Facts::portalProbe,
        kPortalLimit,
-       [targets](const facts::Facts& known, const probes::Way& way, const Deadline& deadline) {
+       [targets](const facts::Facts& known, const probes::Route& route, const Deadline& deadline) {
          const auto& profile = known.activeProfile;
          return probes::probePortal(
              {.url = targets.portalUrl,
               .expectedText = targets.portalText,
               .apiUrl = profile ? profile->captivePortalApi.value_or("") : ""},
-             way, deadline);
+             route, deadline);
        }});
   add<facts::SiteReach>(
       tasks, interface,
       {"connection to the site", facts::Fact::siteReach, &facts::Facts::siteReach, kReachLimit,
-       [targets](const facts::Facts&, const probes::Way& way, const Deadline& deadline) {
-         return probes::reachSite(targets.siteUrl, way, deadline);
+       [targets](const facts::Facts&, const probes::Route& route, const Deadline& deadline) {
+         return probes::reachSite(targets.siteUrl, route, deadline);
        }});
   add<facts::SitePage>(
       tasks, interface,
       {"page of the site", facts::Fact::sitePage, &facts::Facts::sitePage, kPageLimit,
-       [targets](const facts::Facts&, const probes::Way& way, const Deadline& deadline) {
-         return probes::retrievePage(targets.siteUrl, targets.siteText, way, deadline);
+       [targets](const facts::Facts&, const probes::Route& route, const Deadline& deadline) {
+         return probes::retrievePage(targets.siteUrl, targets.siteText, route, deadline);
        }});
   add<facts::RouterOutside>(tasks, interface,
                             {"external address of the router", facts::Fact::routerOutside,
                              &facts::Facts::routerOutside, kOutsideLimit,
-                             [targets](const facts::Facts& known, const probes::Way& way,
+                             [targets](const facts::Facts& known, const probes::Route& route,
                                        const Deadline& deadline) -> Result<facts::RouterOutside> {
                                const auto& gateway = known.addresses->ipv4Gateway;
                                if (!gateway)
                                  return known.addresses->ipv6Gateway ? noIpv4Router() : noRouter();
-                               return probes::routerOutside(*gateway, targets.pingHost, way,
+                               return probes::routerOutside(*gateway, targets.pingHost, route,
                                                             deadline);
                              }});
   // This task measures no times, and repeats packets that the scan delays or loses.

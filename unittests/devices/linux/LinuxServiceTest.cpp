@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "devices/linux/Lines.h"
+#include "devices/linux/LinuxFacts.h"
 #include "devices/linux/LinuxService.h"
-#include "devices/linux/MachineFacts.h"
 #include "devices/linux/ProbeTasks.h"
 #include "diagnostic/platform/Array.h"
 #include "diagnostic/platform/Number.h"

@@ -256,17 +256,17 @@ struct Addresses {
   std::string remedy;   // see HttpAnswer::remedy
 };
 
-Addresses addressesOf(const UrlParts& url, const HttpRequest& request, const Way& way,
+Addresses addressesOf(const UrlParts& url, const HttpRequest& request, const Route& route,
                       const std::vector<Address>& own, const Deadline& deadline) {
-  if (addressOf(url.host, 0, way.interface)) return {};
-  auto answer = resolve(url.host, way, deadline);
+  if (addressOf(url.host, 0, route.interface)) return {};
+  auto answer = resolve(url.host, route, deadline);
   if (!answer) {
     if (answer.error().reason == Reason::failed) {
       return {{}, "no name can be looked up", kMoreRoom};
     }
     return {{}, "timed out", {}};
   }
-  if (!way.interface.empty()) {
+  if (!route.interface.empty()) {
     std::erase_if(answer->addresses, [&own](const auto& address) { return isHere(address, own); });
   }
   std::string entry = url.host + ":" + url.port + ":";
@@ -399,20 +399,20 @@ Error notAsked(const HttpAnswer& answer) {
           "The site could not be asked (" + answer.problem + "): " + answer.remedy + "."};
 }
 
-HttpAnswer exchange(const HttpRequest& request, const Way& way, const Deadline& deadline) {
+HttpAnswer exchange(const HttpRequest& request, const Route& route, const Deadline& deadline) {
   if (!isCurlReady()) return failure("no memory", kMoreRoom);
   const auto url = partsOf(request.url);
   if (!url) return failure("no address of http or https");
   const auto own = ownAddresses();
   if (!own) return failure("no descriptor", kMoreRoom);
-  const Addresses addresses = addressesOf(*url, request, way, *own, deadline);
+  const Addresses addresses = addressesOf(*url, request, route, *own, deadline);
   if (addresses.entry.empty() && !addresses.problem.empty())
     return failure(addresses.problem, addresses.remedy);
   try {
     Watchdog watchdog(deadline);
-    Transfer transfer{.interface = way.interface,
+    Transfer transfer{.interface = route.interface,
                       .bodyLimit = request.bodyLimit,
-                      .connectTime = way.connectTime,
+                      .connectTime = route.connectTime,
                       .watchdog = watchdog,
                       .own = *own,
                       .mayStayHere = mayUseProxy(request) && !isHere(url->host, *own)};

@@ -37,7 +37,7 @@ Error notAsked(const HttpAnswer& answer);
 
 // Makes the request. Ends with problem "timed out" at the deadline, after 5 s without a connection,
 // and soon after being cancelled.
-HttpAnswer exchange(const HttpRequest& request, const Way& way, const Deadline& deadline);
+HttpAnswer exchange(const HttpRequest& request, const Route& route, const Deadline& deadline);
 
 struct UrlParts {
   std::string scheme;  // in lower case

@@ -133,11 +133,11 @@ void setServers(ares_channel channel, const std::vector<ares_addr_port_node>& se
 
 class Resolver {
  public:
-  Resolver(const Way& way, const Deadline& deadline) : way_(way), deadline_(deadline) {
+  Resolver(const Route& route, const Deadline& deadline) : route_(route), deadline_(deadline) {
     std::array<char, 2> lookups{"b"};  // name servers only
     ares_options options{};
     options.flags = ARES_FLAG_NOSEARCH | ARES_FLAG_NOALIASES;
-    options.timeout = static_cast<int>(way.nameTryTime.count());
+    options.timeout = static_cast<int>(route.nameTryTime.count());
     options.tries = 1;
     options.lookups = lookups.data();
     options.sock_state_cb = [](void* self, ares_socket_t socket, int readable, int writable) {
@@ -161,16 +161,16 @@ class Resolver {
       return;
     }
     ares_set_socket_functions(channel_, &kSockets, this);
-    const std::string list = way.nameServers ? listOf(*way.nameServers) : "";
+    const std::string list = route.nameServers ? listOf(*route.nameServers) : "";
     hasServers_ =
-        !way.nameServers ||
+        !route.nameServers ||
         (!list.empty() && ares_set_servers_ports_csv(channel_, list.c_str()) == ARES_SUCCESS);
     auto servers = serversOf(channel_);
     // A resolver on this machine cannot be reached through an interface, and forwards to the link's
     // servers by itself. It is left out if there are other servers.
     const auto own = ownAddresses().value_or(std::vector<Address>{});
     const auto here = [&own](const auto& server) { return isHere(server, own); };
-    if (!way.interface.empty() && !way.asksAsSystem && !std::ranges::all_of(servers, here)) {
+    if (!route.interface.empty() && !route.asksAsSystem && !std::ranges::all_of(servers, here)) {
       std::erase_if(servers, here);
       bound_ = true;
     }
@@ -224,7 +224,7 @@ class Resolver {
   static ares_socket_t openSocketFor(int family, int type, int protocol, void* self) {
     auto& resolver = *static_cast<Resolver*>(self);
     Descriptor socket =
-        openSocket(family, type, protocol, resolver.bound_ ? resolver.way_.interface : "");
+        openSocket(family, type, protocol, resolver.bound_ ? resolver.route_.interface : "");
     if (!socket && isExhaustion(errno)) resolver.exhausted_ = true;
     if (type == SOCK_DGRAM && socket) resolver.datagrams_.insert(socket.number());
     return socket.release();
@@ -240,7 +240,7 @@ class Resolver {
     Address address;
     address.size = std::min<socklen_t>(size, sizeof(address.storage));
     std::memcpy(&address.storage, to, address.size);
-    setZone(address, static_cast<Resolver*>(self)->way_.interface);
+    setZone(address, static_cast<Resolver*>(self)->route_.interface);
     return ::connect(socket, address.get(), address.size);
   }
 
@@ -293,11 +293,11 @@ class Resolver {
     }
   }
 
-  const Way& way_;
+  const Route& route_;
   const Deadline& deadline_;
   ares_channel channel_ = nullptr;
   bool hasServers_ = false;
-  bool bound_ = false;  // its sockets are bound to the interface of `way_`
+  bool bound_ = false;  // its sockets are bound to the interface of `route_`
   bool exhausted_ = false;
   int failure_ = 0;  // the library's number for a server's unusable answer
   std::set<ares_socket_t> datagrams_;
@@ -306,11 +306,11 @@ class Resolver {
 };
 
 // Looks a name up at one set of servers.
-Result<NameAnswer> ask(const std::string& name, const Way& way, const Deadline& deadline) {
+Result<NameAnswer> ask(const std::string& name, const Route& route, const Deadline& deadline) {
   if (deadline.isCancelled()) return cancelled();
   NameAnswer answer;
   answer.resolution.name = name;
-  if (addressOf(name, 0, way.interface)) {
+  if (addressOf(name, 0, route.interface)) {
     answer.addresses = {name};
     answer.resolution.resolved = true;
     return answer;
@@ -319,7 +319,7 @@ Result<NameAnswer> ask(const std::string& name, const Way& way, const Deadline& 
     answer.resolution.problem = "malformed name";
     return answer;
   }
-  Resolver resolver(way, deadline);
+  Resolver resolver(route, deadline);
   const auto exhausted = [] { return noSocket(EMFILE, {}); };
   if (!resolver.isUsable()) return exhausted();
   if (!resolver.hasServers()) {
@@ -350,9 +350,9 @@ void keepSites(NameAnswer& answer) {
 
 }  // namespace
 
-Result<NameAnswer> resolve(const std::string& name, const Way& way, const Deadline& deadline) {
-  auto answer = ask(name, way, deadline.atMost(kInAll));
-  if (answer && answer->addresses != std::vector{name} && !way.interface.empty()) {
+Result<NameAnswer> resolve(const std::string& name, const Route& route, const Deadline& deadline) {
+  auto answer = ask(name, route, deadline.atMost(kInAll));
+  if (answer && answer->addresses != std::vector{name} && !route.interface.empty()) {
     keepSites(*answer);
   }
   return answer;

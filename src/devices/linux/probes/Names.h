@@ -12,7 +12,7 @@
 namespace wifi_profile::linux::probes {
 
 // How requests leave this machine.
-struct Way {
+struct Route {
   std::string interface;  // empty: the system's routes decide
   // The link's name servers: "address", "address:port" or "[address]:port"; an IPv6 address may
   // have a "%zone". At most four are used. A server on this machine is used, without the interface,
@@ -38,7 +38,7 @@ struct NameAnswer {
 // "no name server", "malformed name"; and, if an interface is named, "blocked: ..." if all
 // addresses are ones that no site can have (loopback, unspecified, link-local, multicast,
 // broadcast). Such addresses are left out. Error: failed, if the resolver cannot be set up.
-Result<NameAnswer> resolve(const std::string& name, const Way& way, const Deadline& deadline);
+Result<NameAnswer> resolve(const std::string& name, const Route& route, const Deadline& deadline);
 
 // As `resolve`, but with the system's servers, as the system routes. Addresses that no site can
 // have are left out.

@@ -1,3 +1,5 @@
+#include "devices/linux/probes/NatPmp.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -6,7 +8,6 @@
 #include <sys/socket.h>
 
 #include "devices/linux/probes/RouterAnswers.h"
-#include "devices/linux/probes/RouterQuestions.h"
 #include "devices/linux/probes/Sockets.h"
 
 namespace wifi_profile::linux::probes {

@@ -1,9 +1,10 @@
+#include "devices/linux/probes/Portal.h"
+
 #include <optional>
 
 #include "devices/linux/Workers.h"
 #include "devices/linux/probes/Http.h"
 #include "devices/linux/probes/Sockets.h"
-#include "devices/linux/probes/Web.h"
 #include "devices/linux/probes/WebAnswers.h"
 
 namespace wifi_profile::linux::probes {
@@ -14,14 +15,14 @@ using Answer = facts::PortalProbe::Answer;
 
 constexpr std::chrono::milliseconds kPortalTime{5000};
 
-std::optional<facts::PortalProbe> askApi(const std::string& url, const Way& way,
+std::optional<facts::PortalProbe> askApi(const std::string& url, const Route& route,
                                          const Deadline& deadline) {
   if (const auto parts = partsOf(url); !parts || parts->scheme != "https") return {};
   const HttpAnswer answer = exchange({.url = url,
                                       .bodyLimit = std::size_t{8} * 1024,
                                       .headers = {"Accept: application/captive+json"},
                                       .post = {}},
-                                     way, deadline);
+                                     route, deadline);
   if (!answer.complete || answer.cutOff || answer.status != 200) return {};
   const auto captive = captiveFrom(answer.body);
   if (!captive) return {};
@@ -29,13 +30,13 @@ std::optional<facts::PortalProbe> askApi(const std::string& url, const Way& way,
   return facts::PortalProbe{Answer::open, "the network's own answer: not captive"};
 }
 
-Result<facts::PortalProbe> askPage(const PortalQuestion& question, const Way& way,
+Result<facts::PortalProbe> askPage(const PortalQuestion& question, const Route& route,
                                    const Deadline& deadline) {
   if (const auto parts = partsOf(question.url); !parts || parts->scheme != "http") {
     return facts::PortalProbe{Answer::noAnswer, "no address of http"};
   }
   const HttpAnswer answer =
-      exchange({.url = question.url, .headers = {}, .post = {}}, way, deadline);
+      exchange({.url = question.url, .headers = {}, .post = {}}, route, deadline);
   if (deadline.isCancelled()) return cancelled();
   if (!answer.remedy.empty()) return notAsked(answer);
   return portalFrom(answer, question.url, question.expectedText);
@@ -43,13 +44,13 @@ Result<facts::PortalProbe> askPage(const PortalQuestion& question, const Way& wa
 
 }  // namespace
 
-Result<facts::PortalProbe> probePortal(const PortalQuestion& question, const Way& way,
+Result<facts::PortalProbe> probePortal(const PortalQuestion& question, const Route& route,
                                        const Deadline& deadline) {
   if (deadline.isOver()) return cancelled();
   const Deadline ours = deadline.atMost(kPortalTime);
-  if (question.apiUrl.empty()) return askPage(question, way, ours);
-  Alongside told([&] { return askApi(question.apiUrl, way, ours); });
-  auto page = askPage(question, way, ours);
+  if (question.apiUrl.empty()) return askPage(question, route, ours);
+  Alongside told([&] { return askApi(question.apiUrl, route, ours); });
+  auto page = askPage(question, route, ours);
   if (const auto answer = told.get()) return *answer;
   return page;
 }

@@ -1,3 +1,5 @@
+#include "devices/linux/probes/SecondHop.h"
+
 #include <arpa/inet.h>
 #include <array>
 #include <cstring>
@@ -9,7 +11,6 @@
 
 #include "analysis/facts/IpAddresses.h"
 #include "devices/linux/probes/RouterAnswers.h"
-#include "devices/linux/probes/RouterQuestions.h"
 #include "devices/linux/probes/Sockets.h"
 
 namespace wifi_profile::linux::probes {

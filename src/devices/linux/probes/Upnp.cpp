@@ -1,3 +1,5 @@
+#include "devices/linux/probes/Upnp.h"
+
 #include <array>
 #include <net/if.h>
 #include <netinet/in.h>
@@ -5,7 +7,6 @@
 
 #include "devices/linux/probes/Http.h"
 #include "devices/linux/probes/RouterAnswers.h"
-#include "devices/linux/probes/RouterQuestions.h"
 #include "devices/linux/probes/Sockets.h"
 
 namespace wifi_profile::linux::probes {
@@ -67,7 +68,7 @@ std::string discover(const std::string& gateway, const std::string& interface,
   return locationFrom(socket.number(), *router, gateway, deadline);
 }
 
-std::optional<std::string> askService(const UpnpService& service, const Way& way,
+std::optional<std::string> askService(const UpnpService& service, const Route& route,
                                       const Deadline& deadline) {
   const std::string envelope =
       "<?xml version=\"1.0\"?>\r\n<s:Envelope "
@@ -80,7 +81,7 @@ std::optional<std::string> askService(const UpnpService& service, const Way& way
                 .headers = {"Content-Type: text/xml; charset=\"utf-8\"",
                             "SOAPAction: \"" + service.type + "#GetExternalIPAddress\""},
                 .post = envelope},
-               way, deadline);
+               route, deadline);
   if (!answer.complete || answer.status != 200) return {};
   return addressFromUpnp(answer.body);
 }
@@ -92,12 +93,12 @@ std::optional<std::string> askUpnp(const std::string& gateway, const std::string
   const std::string location = discover(gateway, interface, deadline.atMost(kDiscoveryTime));
   if (location.empty()) return {};
   const Deadline ours = deadline.atMost(kHttpTime);
-  const Way way{interface, {}};
-  const HttpAnswer answer = exchange({.url = location, .headers = {}, .post = {}}, way, ours);
+  const Route route{interface, {}};
+  const HttpAnswer answer = exchange({.url = location, .headers = {}, .post = {}}, route, ours);
   if (!answer.complete || answer.status != 200 || answer.cutOff) return {};
   for (const UpnpService& service : upnpServices(answer.body, location, gateway)) {
     if (ours.isOver()) break;
-    if (auto address = askService(service, way, ours)) return address;
+    if (auto address = askService(service, route, ours)) return address;
   }
   return {};
 }

@@ -8,8 +8,11 @@
 
 #include "devices/linux/probes/HttpServers.h"
 #include "devices/linux/probes/Names.h"
-#include "devices/linux/probes/RouterQuestions.h"
-#include "devices/linux/probes/Web.h"
+#include "devices/linux/probes/NatPmp.h"
+#include "devices/linux/probes/Portal.h"
+#include "devices/linux/probes/SecondHop.h"
+#include "devices/linux/probes/Site.h"
+#include "devices/linux/probes/Upnp.h"
 
 namespace wifi_profile::linux::probes {
 namespace {
@@ -162,8 +165,8 @@ class UdpFlood {
 
 void isNotResolvedInTime(std::uint16_t port) {
   endsAtItsDeadline([&](const Deadline& deadline) {
-    const Way way{"", std::vector{kHere + ":" + std::to_string(port)}};
-    const auto answer = resolve("site.test", way, deadline);
+    const Route route{"", std::vector{kHere + ":" + std::to_string(port)}};
+    const auto answer = resolve("site.test", route, deadline);
     EXPECT_FALSE(answer && answer->resolution.resolved);
   });
 }

@@ -7,7 +7,8 @@
 #include "devices/linux/probes/HttpServers.h"
 #include "devices/linux/probes/Names.h"
 #include "devices/linux/probes/Ping.h"
-#include "devices/linux/probes/Web.h"
+#include "devices/linux/probes/Portal.h"
+#include "devices/linux/probes/Site.h"
 
 namespace wifi_profile::linux::probes {
 namespace {
@@ -44,12 +45,12 @@ std::vector<std::string> addressesOfBoth(const std::string& question) {
   return {answer(question, 0, record(kAaaa, std::string(15, '\0') + '\1'))};
 }
 
-Way wayTo(const UdpServer& server) {
+Route routeTo(const UdpServer& server) {
   return {"", Servers{kHere + ":" + std::to_string(server.port())}};
 }
 
 NameAnswer ask(const UdpServer& server, const std::string& name = "site.test") {
-  const auto answer = resolve(name, wayTo(server), longDeadline());
+  const auto answer = resolve(name, routeTo(server), longDeadline());
   EXPECT_TRUE(answer);
   return answer ? *answer : NameAnswer{};
 }
@@ -135,7 +136,7 @@ TEST(Names, DoNotResolveToThemselves) {
 TEST(Names, TimeOutWithSilenceGarbageAndTheAnswersOfOthers) {
   const auto timesOut = [&](const UdpServer::Answer& with) {
     const UdpServer server(with);
-    const auto answer = resolve("site.test", wayTo(server), Deadline::in(100ms));
+    const auto answer = resolve("site.test", routeTo(server), Deadline::in(100ms));
     ASSERT_TRUE(answer);
     EXPECT_FALSE(answer->resolution.resolved);
     EXPECT_EQ(answer->resolution.problem, "timed out");
@@ -154,9 +155,9 @@ TEST(Names, TimeOutWithSilenceGarbageAndTheAnswersOfOthers) {
 TEST(Names, AreAskedTwiceAndForTheSameTime) {
   const UdpServer silent([](const std::string&) { return std::vector<std::string>{}; });
   const auto began = Clock::now();
-  Way way = wayTo(silent);
-  way.nameTryTime = 500ms;
-  EXPECT_EQ(resolve("site.test", way, longDeadline())->resolution.problem, "timed out");
+  Route route = routeTo(silent);
+  route.nameTryTime = 500ms;
+  EXPECT_EQ(resolve("site.test", route, longDeadline())->resolution.problem, "timed out");
   EXPECT_EQ(silent.questions(), 4);  // for both protocols' addresses
   EXPECT_GE(Clock::now() - began, 1000ms);
   EXPECT_LT(Clock::now() - began, 1500ms);  // which a second try of 1 s would take
@@ -213,7 +214,7 @@ TEST(Names, EndWhenTheyAreCalledOff) {
     return std::vector<std::string>{};
   });
   const auto began = Clock::now();
-  EXPECT_FALSE(resolve("site.test", wayTo(silent), Deadline::in(1h, cancellation.get_token())));
+  EXPECT_FALSE(resolve("site.test", routeTo(silent), Deadline::in(1h, cancellation.get_token())));
   EXPECT_LT(Clock::now() - began, 3s);  // sooner than after the second try
 }
 
@@ -222,19 +223,19 @@ TEST(Names, InAddressesOfTheWebAreAskedOfTheLinksServers) {
   const TcpServer web(answering(page("200 OK", "online")));
   const std::string port = std::to_string(web.port());
   const auto got =
-      retrievePage("http://site.test:" + port + "/", "online", wayTo(server), longDeadline());
+      retrievePage("http://site.test:" + port + "/", "online", routeTo(server), longDeadline());
   ASSERT_TRUE(got);
   EXPECT_TRUE(got->retrieved) << got->problem;
   const auto redirected = [&] {
     const TcpServer first(
         answering(page("302 Found", "", "Location: http://other.test:" + port + "/\r\n")));
-    return retrievePage(urlOf(first), "online", wayTo(server), longDeadline());
+    return retrievePage(urlOf(first), "online", routeTo(server), longDeadline());
   }();
   ASSERT_TRUE(redirected);
   EXPECT_TRUE(redirected->retrieved) << redirected->problem;
   const UdpServer empty(
       [](const std::string& question) { return std::vector<std::string>{answer(question, 3)}; });
-  const auto site = reachSite("http://site.test/", wayTo(empty), longDeadline());
+  const auto site = reachSite("http://site.test/", routeTo(empty), longDeadline());
   ASSERT_TRUE(site);
   EXPECT_EQ(site->problem, "name: no such name");
 }
@@ -243,7 +244,7 @@ TEST(Names, ThatStandForThisMachineAreNotVisitedThroughAnInterface) {
   const UdpServer server(addressesOfBoth);
   const TcpServer own(answering(page("200 OK", "online")));
   const auto site = reachSite("http://site.test:" + std::to_string(own.port()) + "/",
-                              {"lo", wayTo(server).nameServers}, longDeadline());
+                              {"lo", routeTo(server).nameServers}, longDeadline());
   ASSERT_TRUE(site);
   EXPECT_EQ(site->problem, "name: blocked: no site has the address 127.0.0.1");
   EXPECT_EQ(own.connections(), 0);
@@ -261,7 +262,7 @@ UdpServer::Answer giving(int a, int b, int c, int d) {
 TEST(Names, AreNotResolvedByAnAddressThatNoSiteCanHave) {
   const auto resolved = [&](const UdpServer::Answer& with) {
     const UdpServer server(with);
-    const auto answer = resolve("site.test", {"lo", wayTo(server).nameServers}, longDeadline());
+    const auto answer = resolve("site.test", {"lo", routeTo(server).nameServers}, longDeadline());
     EXPECT_TRUE(answer);
     EXPECT_EQ(answer->resolution.resolved, !answer->addresses.empty());
     EXPECT_EQ(answer->resolution.resolved, answer->resolution.problem.empty());
@@ -292,7 +293,7 @@ TEST(Names, AreNotResolvedByAnAddressThatNoSiteCanHave) {
 TEST(Names, AskedOfTheSystemsServersAreNotResolvedByAnAddressThatNoSiteCanHave) {
   const auto resolved = [&](const UdpServer::Answer& with) {
     const UdpServer server(with);
-    return resolveAsSystem("site.test", *wayTo(server).nameServers, longDeadline())
+    return resolveAsSystem("site.test", *routeTo(server).nameServers, longDeadline())
         ->resolution.resolved;
   };
   EXPECT_FALSE(resolved(giving(0, 0, 0, 0)));
@@ -302,21 +303,21 @@ TEST(Names, AskedOfTheSystemsServersAreNotResolvedByAnAddressThatNoSiteCanHave) 
 
 TEST(Names, ThatNoTimeIsLeftForHaveTimedOut) {
   const UdpServer server(addressesOfBoth);
-  const auto answer = resolve("site.test", wayTo(server), {Clock::now()});
+  const auto answer = resolve("site.test", routeTo(server), {Clock::now()});
   ASSERT_TRUE(answer);
   EXPECT_EQ(answer->resolution.problem, "timed out");
 }
 
 TEST(Names, AndSitesAreNotKnownWhereThisMachineHasNoDescriptorsLeft) {
-  const Way way{"", Servers{"192.0.2.53"}};
+  const Route route{"", Servers{"192.0.2.53"}};
   const NoDescriptors none;
-  const auto answer = resolve("site.test", way, longDeadline());
+  const auto answer = resolve("site.test", route, longDeadline());
   ASSERT_FALSE(answer);
   EXPECT_NE(answer.error().message.find("no descriptors"), std::string::npos);
   for (const std::string url : {"http://192.0.2.80/", "https://site.test/"}) {
-    EXPECT_FALSE(reachSite(url, way, longDeadline()));
-    EXPECT_FALSE(retrievePage(url, "", way, longDeadline()));
-    EXPECT_FALSE(probePortal({"http://192.0.2.80/", "", url}, way, longDeadline()));
+    EXPECT_FALSE(reachSite(url, route, longDeadline()));
+    EXPECT_FALSE(retrievePage(url, "", route, longDeadline()));
+    EXPECT_FALSE(probePortal({"http://192.0.2.80/", "", url}, route, longDeadline()));
   }
   EXPECT_FALSE(ping("192.0.2.80", "", {}, longDeadline()));
 }
@@ -324,12 +325,12 @@ TEST(Names, AndSitesAreNotKnownWhereThisMachineHasNoDescriptorsLeft) {
 TEST(Names, OfTheBroadcastAddressMakeNoSiteReached) {
   const UdpServer server(giving(255, 255, 255, 255));
   for (const std::string interface : {"", "lo"}) {
-    const Way way{interface, wayTo(server).nameServers};
-    const auto site = reachSite("https://site.test/", way, longDeadline());
+    const Route route{interface, routeTo(server).nameServers};
+    const auto site = reachSite("https://site.test/", route, longDeadline());
     ASSERT_TRUE(site);
     EXPECT_FALSE(site->reached);
     EXPECT_NE(site->problem, "");
-    const auto page = retrievePage("http://site.test/", "", way, longDeadline());
+    const auto page = retrievePage("http://site.test/", "", route, longDeadline());
     ASSERT_TRUE(page);
     EXPECT_FALSE(page->retrieved);
     EXPECT_NE(page->problem, "");
@@ -354,9 +355,9 @@ TEST(Names, WithADeadAddressLeaveTimeForTheNext) {
     return std::vector<std::string>{both + record(kA, bytes({127, 0, 0, 1}))};
   });
   const std::string url = "http://site.test:" + std::to_string(site.port()) + "/";
-  Way way = wayTo(server);
-  way.connectTime = 500ms;
-  const auto reached = reachSite(url, way, longDeadline());
+  Route route = routeTo(server);
+  route.connectTime = 500ms;
+  const auto reached = reachSite(url, route, longDeadline());
   ASSERT_TRUE(reached);
   EXPECT_TRUE(reached->reached) << reached->problem;
 }

@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "devices/linux/probes/HttpServers.h"
-#include "devices/linux/probes/Web.h"
+#include "devices/linux/probes/Portal.h"
+#include "devices/linux/probes/Site.h"
 
 namespace wifi_profile::linux::probes {
 namespace {
@@ -18,8 +19,8 @@ class Proxy : public testing::Test {
 
   // By the interface of this machine, whose servers know no name.
   facts::SitePage retrieve(const std::string& url) const {
-    const Way way{"lo", std::vector{kHere + ":" + std::to_string(names_.port())}};
-    const auto page = retrievePage(url, "online", way, longDeadline());
+    const Route route{"lo", std::vector{kHere + ":" + std::to_string(names_.port())}};
+    const auto page = retrievePage(url, "online", route, longDeadline());
     EXPECT_TRUE(page);
     return page ? *page : facts::SitePage{};
   }

@@ -12,7 +12,8 @@
 
 #include "devices/linux/probes/HttpServers.h"
 #include "devices/linux/probes/OwnNetwork.h"
-#include "devices/linux/probes/Web.h"
+#include "devices/linux/probes/Portal.h"
+#include "devices/linux/probes/Site.h"
 
 namespace wifi_profile::linux::probes {
 namespace {

@@ -4,7 +4,8 @@
 #include "devices/linux/probes/Http.h"
 #include "devices/linux/probes/HttpServers.h"
 #include "devices/linux/probes/OwnNetwork.h"
-#include "devices/linux/probes/Web.h"
+#include "devices/linux/probes/Portal.h"
+#include "devices/linux/probes/Site.h"
 
 namespace wifi_profile::linux::probes {
 namespace {
@@ -12,10 +13,10 @@ namespace {
 using namespace std::chrono_literals;
 using Answer = facts::PortalProbe::Answer;
 
-const Way kAnyWay;
+const Route kAnyRoute;
 
 facts::PortalProbe probe(const std::string& url) {
-  const auto probed = probePortal({url, "online", ""}, kAnyWay, longDeadline());
+  const auto probed = probePortal({url, "online", ""}, kAnyRoute, longDeadline());
   EXPECT_TRUE(probed);
   return probed ? *probed : facts::PortalProbe{};
 }
@@ -26,7 +27,7 @@ facts::PortalProbe probeAnswering(const std::string& text) {
 }
 
 facts::SitePage retrieve(const std::string& url) {
-  const auto page = retrievePage(url, "online", kAnyWay, longDeadline());
+  const auto page = retrievePage(url, "online", kAnyRoute, longDeadline());
   EXPECT_TRUE(page);
   return page ? *page : facts::SitePage{};
 }
@@ -95,7 +96,7 @@ TEST(Portal, IsAskedForWhenTheNetworksOwnAnswerCannotBeHad) {
       [](int connection) { say(connection, page("200 OK", R"({"captive": true})")); });
   for (const std::string scheme : {"http", "https"}) {  // plain text is neither asked nor believed
     const auto probed =
-        probePortal({urlOf(server), "", urlOf(api, "/", scheme)}, kAnyWay, longDeadline());
+        probePortal({urlOf(server), "", urlOf(api, "/", scheme)}, kAnyRoute, longDeadline());
     ASSERT_TRUE(probed);
     EXPECT_EQ(probed->answer, Answer::open) << scheme;
   }
@@ -164,10 +165,10 @@ TEST(Page, EndsWhereTooMuchIsSent) {
   EXPECT_EQ(problemAnswering(flood("HTTP/1.1 404 Not Found\r\n\r\nonline", bytes)), "status 404");
   const TcpServer another(
       flood("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n", "1000\r\n" + bytes + "\r\n"));
-  const auto unknown = retrievePage(urlOf(another), "online", kAnyWay, longDeadline());
+  const auto unknown = retrievePage(urlOf(another), "online", kAnyRoute, longDeadline());
   ASSERT_FALSE(unknown);
   EXPECT_NE(unknown.error().message.find("first 64 KiB"), std::string::npos);
-  EXPECT_TRUE(retrievePage(urlOf(another), "", kAnyWay, longDeadline())->retrieved);
+  EXPECT_TRUE(retrievePage(urlOf(another), "", kAnyRoute, longDeadline())->retrieved);
   EXPECT_NE(problemAnswering(flood("HTTP/1.1 200 OK\r\n", "A: " + bytes + "\r\n")), "");
   EXPECT_EQ(problemAnswering(flood("HTTP/1.1 200 OK\r\nA: ", bytes)), "header too long");
   EXPECT_NE(problemAnswering(flood("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
@@ -192,7 +193,7 @@ TEST(Page, TimesOutWhileItDribblesIn) {
            waitFor(connection, POLLIN, longDeadline().atMost(20ms)) == Waited::deadline) {
     }
   });
-  const auto page = retrievePage(urlOf(server), "online", kAnyWay, Deadline::in(200ms));
+  const auto page = retrievePage(urlOf(server), "online", kAnyRoute, Deadline::in(200ms));
   ASSERT_TRUE(page);
   EXPECT_EQ(page->problem, "timed out");
 }
@@ -225,11 +226,11 @@ TEST(Web, EndsWhenItIsCalledOff) {
     const std::string url = urlOf(silent, "/", operation == 2 ? "https" : "http");
     const auto began = Clock::now();
     if (operation == 0) {
-      EXPECT_FALSE(probePortal({url, "", ""}, kAnyWay, deadline));
+      EXPECT_FALSE(probePortal({url, "", ""}, kAnyRoute, deadline));
     } else if (operation == 1) {
-      EXPECT_FALSE(retrievePage(url, "", kAnyWay, deadline));
+      EXPECT_FALSE(retrievePage(url, "", kAnyRoute, deadline));
     } else {
-      EXPECT_FALSE(reachSite(url, kAnyWay, deadline));
+      EXPECT_FALSE(reachSite(url, kAnyRoute, deadline));
     }
     EXPECT_LT(Clock::now() - began, 4s);  // sooner than by its own deadline
   }
@@ -237,15 +238,15 @@ TEST(Web, EndsWhenItIsCalledOff) {
 
 TEST(Web, IsUnknownWithoutTime) {
   const Deadline none{Clock::now()};
-  EXPECT_EQ(probePortal({"http://127.0.0.1/", "", ""}, kAnyWay, none).error(), cancelled());
-  EXPECT_EQ(reachSite("http://127.0.0.1/", kAnyWay, none).error(), cancelled());
-  EXPECT_EQ(retrievePage("http://127.0.0.1/", "", kAnyWay, none).error(), cancelled());
+  EXPECT_EQ(probePortal({"http://127.0.0.1/", "", ""}, kAnyRoute, none).error(), cancelled());
+  EXPECT_EQ(reachSite("http://127.0.0.1/", kAnyRoute, none).error(), cancelled());
+  EXPECT_EQ(retrievePage("http://127.0.0.1/", "", kAnyRoute, none).error(), cancelled());
 }
 
 TEST(Site, IsReachedByConnecting) {
   std::atomic<std::size_t> heard = 0;
   const TcpServer server([&](int connection) { heard += hear(connection).size(); });
-  const auto site = reachSite(urlOf(server), kAnyWay, longDeadline());
+  const auto site = reachSite(urlOf(server), kAnyRoute, longDeadline());
   ASSERT_TRUE(site);
   EXPECT_TRUE(site->reached) << site->problem;
   EXPECT_EQ(heard, 0U);
@@ -253,17 +254,17 @@ TEST(Site, IsReachedByConnecting) {
 
 TEST(Site, IsNotReachedWhereItRefuses) {
   const auto site =
-      reachSite("http://127.0.0.1:" + std::to_string(refusedPort()), kAnyWay, longDeadline());
+      reachSite("http://127.0.0.1:" + std::to_string(refusedPort()), kAnyRoute, longDeadline());
   ASSERT_TRUE(site);
   EXPECT_EQ(*site, (facts::SiteReach{false, "refused"}));
 }
 
 TEST(Web, IsUnknownThroughAnInterfaceThatIsNotThere) {
   const std::string url = "http://203.0.113.80/";
-  const Way way{"none0", {}};
-  for (const auto& why : {reachSite(url, way, longDeadline()).error(),
-                          retrievePage(url, "", way, longDeadline()).error(),
-                          probePortal({url, "", ""}, way, longDeadline()).error()}) {
+  const Route route{"none0", {}};
+  for (const auto& why : {reachSite(url, route, longDeadline()).error(),
+                          retrievePage(url, "", route, longDeadline()).error(),
+                          probePortal({url, "", ""}, route, longDeadline()).error()}) {
     EXPECT_EQ(why.reason, Reason::failed);
     EXPECT_NE(why.message.find("whether none0 is still there"), std::string::npos) << why.message;
   }
@@ -288,11 +289,11 @@ TEST(Web, SendsNothingToAnyAddressOfThisMachine) {
     for (const std::string& host : {ofIPv4, "[::ffff:" + ofIPv4 + "]", "[" + ofIPv6 + "]",
                                     "[" + linkLocal + "]", "[" + linkLocal + "%25lo]"}) {
       const std::string url = "http://" + host + port;
-      const Way way{"lo", {}};
-      const auto page = retrievePage(url, "online", way, longDeadline());
-      const auto site = reachSite(url, way, longDeadline());
+      const Route route{"lo", {}};
+      const auto page = retrievePage(url, "online", route, longDeadline());
+      const auto site = reachSite(url, route, longDeadline());
       if (!page || page->retrieved || !site || site->reached) return false;
-      static_cast<void>(probePortal({url, "", ""}, way, longDeadline()));
+      static_cast<void>(probePortal({url, "", ""}, route, longDeadline()));
     }
     return own.connections() == 0;
   });

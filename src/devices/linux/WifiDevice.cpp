@@ -1,4 +1,4 @@
-#include "devices/linux/Machine.h"
+#include "devices/linux/WifiDevice.h"
 
 #include <algorithm>
 
@@ -38,7 +38,7 @@ Error noInterface(const std::string& name) {
 
 }  // namespace
 
-Result<std::shared_ptr<const Machine>> Machine::open(const std::string& interface) {
+Result<std::shared_ptr<const WifiDevice>> WifiDevice::open(const std::string& interface) {
   netlink::Nl80211 kernel;
   const auto all = kernel.interfaces(Deadline::in(kInterfacesLimit));
   if (!all) return all.error();
@@ -47,19 +47,19 @@ Result<std::shared_ptr<const Machine>> Machine::open(const std::string& interfac
   });
   if (found == all->end())
     return interface.empty() ? netlink::noWifiDevice() : noInterface(interface);
-  return std::shared_ptr<const Machine>(new Machine(*found));
+  return std::shared_ptr<const WifiDevice>(new WifiDevice(*found));
 }
 
-Result<facts::Link> Machine::link(const Deadline& deadline) const {
+Result<facts::Link> WifiDevice::link(const Deadline& deadline) const {
   return netlink::Nl80211().link(interface_, deadline);
 }
 
-Result<facts::Radio> Machine::abilities(const Deadline& deadline) const {
+Result<facts::Radio> WifiDevice::abilities(const Deadline& deadline) const {
   return netlink::Nl80211().abilities(interface_, deadline);
 }
 
-Result<netlink::ScanList> Machine::scan(std::chrono::seconds oldest,
-                                        const Deadline& deadline) const {
+Result<netlink::ScanList> WifiDevice::scan(std::chrono::seconds oldest,
+                                           const Deadline& deadline) const {
   netlink::Nl80211 kernel;
   if (oldest.count() > 0) {
     auto list = kernel.scan(interface_, deadline);
@@ -71,23 +71,24 @@ Result<netlink::ScanList> Machine::scan(std::chrono::seconds oldest,
 }
 
 // If only the joined access point is in range, the list has no age; the manager may know it.
-bool Machine::isYoung(const netlink::ScanList& list, std::chrono::seconds oldest,
-                      const Deadline& deadline) const {
+bool WifiDevice::isYoung(const netlink::ScanList& list, std::chrono::seconds oldest,
+                         const Deadline& deadline) const {
   const auto longest = std::min<std::chrono::nanoseconds>(oldest, netlink::wholeFor(list));
   if (list.age) return *list.age <= longest;
   const auto since = sinceManagersScan(deadline.atMost(kManagerLimit));
   return since && *since <= longest;
 }
 
-std::optional<std::chrono::nanoseconds> Machine::sinceManagersScan(const Deadline& deadline) const {
+std::optional<std::chrono::nanoseconds> WifiDevice::sinceManagersScan(
+    const Deadline& deadline) const {
   const auto last = bus::ConnectionManager(*systemBus_).lastScan(interface_.name, deadline);
   if (!last || !*last) return std::nullopt;
   return sinceBoot() - **last;
 }
 
-Result<netlink::ScanList> Machine::withoutNewScan(netlink::Nl80211& kernel,
-                                                  std::chrono::seconds oldest, const Error& why,
-                                                  const Deadline& deadline) const {
+Result<netlink::ScanList> WifiDevice::withoutNewScan(netlink::Nl80211& kernel,
+                                                     std::chrono::seconds oldest, const Error& why,
+                                                     const Deadline& deadline) const {
   if (why.reason == Reason::radioOff) return why;
   auto list = kernel.scan(interface_, deadline);
   if (!list) return why;
@@ -104,7 +105,7 @@ Result<netlink::ScanList> Machine::withoutNewScan(netlink::Nl80211& kernel,
 }
 
 // An interface needs a moment to come up after its radio was switched on.
-Machine::Began Machine::makeScan(netlink::Nl80211& kernel, const Deadline& deadline) const {
+WifiDevice::Began WifiDevice::makeScan(netlink::Nl80211& kernel, const Deadline& deadline) const {
   const Deadline untilReady = deadline.atMost(kUntilReady);
   while (true) {
     Began began = tryScan(kernel, deadline);
@@ -116,13 +117,14 @@ Machine::Began Machine::makeScan(netlink::Nl80211& kernel, const Deadline& deadl
 
 // The kernel lets only privileged users scan; the connection manager lets users with a local
 // session.
-Machine::Began Machine::tryScan(netlink::Nl80211& kernel, const Deadline& deadline) const {
+WifiDevice::Began WifiDevice::tryScan(netlink::Nl80211& kernel, const Deadline& deadline) const {
   Began byKernel = kernel.triggerScan(interface_, deadline);
   if (byKernel || byKernel.error().reason != Reason::notPermitted) return byKernel;
   return scanByManager(kernel, deadline);
 }
 
-Machine::Began Machine::scanByManager(netlink::Nl80211& kernel, const Deadline& deadline) const {
+WifiDevice::Began WifiDevice::scanByManager(netlink::Nl80211& kernel,
+                                            const Deadline& deadline) const {
   bus::ConnectionManager manager(*systemBus_);
   while (true) {
     // Discards the ends of earlier scans.
@@ -148,7 +150,7 @@ Machine::Began Machine::scanByManager(netlink::Nl80211& kernel, const Deadline& 
   }
 }
 
-bool Machine::isSwitchedOff() const {
+bool WifiDevice::isSwitchedOff() const {
   Rfkill switches(interface_.name);
   static_cast<void>(switches.open());  // without a switch, the radio counts as on
   return switches.poweredOn() == false;

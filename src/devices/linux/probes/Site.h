@@ -1,8 +1,8 @@
 // Answers of web sites. See Ping.h for what all functions of this folder have in common.
 //
-// URLs are http or https. Their names are looked up at the name servers of `way` (the link's or, if
-// these are unknown, those that the system has configured). Details and problems are a few words in
-// printable ASCII, whatever the other side sent. The user agent is "wifi-profile/VERSION"; no
+// URLs are http or https. Their names are looked up at the name servers of `route` (the link's or,
+// if these are unknown, those that the system has configured). Details and problems are a few words
+// in printable ASCII, whatever the other side sent. The user agent is "wifi-profile/VERSION"; no
 // cookies, no credentials, no compression, HTTP/1.1. Error (failed), with advice, if this machine
 // cannot make the request: no trusted certificates, no memory, no interface of that name.
 #pragma once
@@ -16,23 +16,9 @@
 
 namespace wifi_profile::linux::probes {
 
-struct PortalQuestion {
-  std::string url;           // plain HTTP
-  std::string expectedText;  // in the body; empty: the body must be empty
-  std::string apiUrl;  // the network's captive portal API (RFC 8908), https; empty: it has none
-};
-
-// Asks the API, if there is one, and at the same time requests the page, without a proxy and
-// without following a redirect. The page counts if the API gives no answer. open: 204, 200 with an
-// empty body, or 200 with the expected text. portal: 200 with another body, a redirect, or 511. A
-// redirect to the same host by https is neither: it gives noAnswer. 5 s in total. Reads at most 8
-// KiB of the API's answer and 64 KiB of the page.
-Result<facts::PortalProbe> probePortal(const PortalQuestion& question, const Way& way,
-                                       const Deadline& deadline);
-
 // Connects to the site itself (no proxy) by TCP and, if the URL is https, by TLS with a certificate
 // that the system trusts, within 5 s. Sends no request.
-Result<facts::SiteReach> reachSite(const std::string& url, const Way& way,
+Result<facts::SiteReach> reachSite(const std::string& url, const Route& route,
                                    const Deadline& deadline);
 
 // Requests the page within 10 s in total (5 s for each connection). Follows at most 5 redirects, to
@@ -41,6 +27,6 @@ Result<facts::SiteReach> reachSite(const std::string& url, const Way& way,
 // the environment names one (http_proxy, https_proxy, HTTPS_PROXY, all_proxy, ALL_PROXY, with
 // exceptions in no_proxy).
 Result<facts::SitePage> retrievePage(const std::string& url, const std::string& expectedText,
-                                     const Way& way, const Deadline& deadline);
+                                     const Route& route, const Deadline& deadline);
 
 }  // namespace wifi_profile::linux::probes

@@ -1,4 +1,4 @@
-#include "devices/linux/MachineFacts.h"
+#include "devices/linux/LinuxFacts.h"
 
 #include <algorithm>
 #include <unistd.h>
@@ -35,25 +35,23 @@ Found put(Result<T> facts::Facts::*member, Result<T> fact) {
 
 }  // namespace
 
-MachineFacts::MachineFacts(std::shared_ptr<const Machine> machine, devices::Targets targets)
-    : machine_(std::move(machine)), targets_(std::move(targets)) {}
+LinuxFacts::LinuxFacts(std::shared_ptr<const WifiDevice> machine, devices::Targets targets)
+    : device_(std::move(machine)), targets_(std::move(targets)) {}
 
-Result<facts::Link> MachineFacts::link(const Deadline& deadline) {
-  return machine_->link(deadline);
-}
+Result<facts::Link> LinuxFacts::link(const Deadline& deadline) { return device_->link(deadline); }
 
-Result<facts::Scan> MachineFacts::scan(std::chrono::seconds oldest, const Deadline& deadline) {
-  auto list = machine_->scan(oldest, deadline);
+Result<facts::Scan> LinuxFacts::scan(std::chrono::seconds oldest, const Deadline& deadline) {
+  auto list = device_->scan(oldest, deadline);
   if (!list) return list.error();
   return std::move(list->scan);
 }
 
-std::vector<FactTask> MachineFacts::tasks(std::chrono::seconds oldestScan) {
-  const auto watch = std::make_shared<LinkWatch>(linkSourceOf(machine_->interface()));
+std::vector<FactTask> LinuxFacts::tasks(std::chrono::seconds oldestScan) {
+  const auto watch = std::make_shared<LinkWatch>(linkSourceOf(device_->interface()));
   std::vector<FactTask> all;
   addKernelTasks(all, oldestScan, watch);
   addServiceTasks(all, watch);
-  addProbeTasks(all, machine_->interface().name, targets_);
+  addProbeTasks(all, device_->interface().name, targets_);
   for (FactTask& task : all) {
     task = boundToLink(std::move(task),
                        [watch](const Deadline& deadline) { return watch->change(deadline); });
@@ -61,8 +59,8 @@ std::vector<FactTask> MachineFacts::tasks(std::chrono::seconds oldestScan) {
   return all;
 }
 
-void MachineFacts::addKernelTasks(std::vector<FactTask>& all, std::chrono::seconds oldestScan,
-                                  const std::shared_ptr<LinkWatch>& watch) {
+void LinuxFacts::addKernelTasks(std::vector<FactTask>& all, std::chrono::seconds oldestScan,
+                                const std::shared_ptr<LinkWatch>& watch) {
   // The scan's task writes the first survey before the scan; the task of the surveys reads it
   // afterwards. A driver that blocks in the survey delays only the scan, not the link.
   const auto first = std::make_shared<FirstSurveys>();
@@ -73,10 +71,10 @@ void MachineFacts::addKernelTasks(std::vector<FactTask>& all, std::chrono::secon
                  .run = [this, watch](const facts::Facts&, const Deadline& deadline) -> Found {
                    netlink::Nl80211 kernel;
                    watch->begin(deadline);
-                   auto link = kernel.link(machine_->interface(), deadline);
+                   auto link = kernel.link(device_->interface(), deadline);
                    if (link) watch->setLink(*link);
-                   auto radio = kernel.radio(machine_->interface(), deadline);
-                   auto regulatory = kernel.regulatory(machine_->interface(), deadline);
+                   auto radio = kernel.radio(device_->interface(), deadline);
+                   auto regulatory = kernel.regulatory(device_->interface(), deadline);
                    return [link, radio, regulatory](facts::Facts& facts) {
                      facts.link = link;
                      facts.radio = radio;
@@ -104,32 +102,32 @@ void MachineFacts::addKernelTasks(std::vector<FactTask>& all, std::chrono::secon
                  .limit = kKernelLimit,
                  .run = [this](const facts::Facts&, const Deadline&) {
                    return put(&facts::Facts::coexistence,
-                              readCoexistence(machine_->interface().name));
+                              readCoexistence(device_->interface().name));
                  }});
 }
 
-void MachineFacts::surveyFirst(FirstSurveys& first, const Deadline& deadline) const {
-  auto surveys = netlink::Nl80211().surveys(machine_->interface(), deadline);
+void LinuxFacts::surveyFirst(FirstSurveys& first, const Deadline& deadline) const {
+  auto surveys = netlink::Nl80211().surveys(device_->interface(), deadline);
   const std::lock_guard lock(first.mutex);
   first.time = Clock::now();
   first.surveys = std::move(surveys);
 }
 
-MachineFacts::FirstSurveys::Surveys MachineFacts::surveysSince(FirstSurveys& first,
-                                                               const Deadline& deadline) const {
+LinuxFacts::FirstSurveys::Surveys LinuxFacts::surveysSince(FirstSurveys& first,
+                                                           const Deadline& deadline) const {
   const auto [time, before] = [&first] {
     const std::lock_guard lock(first.mutex);
     return std::pair(first.time, first.surveys);
   }();
   if (!before) return before;
   sleepUntil(deadline.until(time + kBetweenSurveys));
-  auto after = netlink::Nl80211().surveys(machine_->interface(), deadline);
+  auto after = netlink::Nl80211().surveys(device_->interface(), deadline);
   if (!after) return after;
   return netlink::surveysBetween(*before, std::move(*after));
 }
 
-void MachineFacts::addServiceTasks(std::vector<FactTask>& all,
-                                   const std::shared_ptr<LinkWatch>& watch) {
+void LinuxFacts::addServiceTasks(std::vector<FactTask>& all,
+                                 const std::shared_ptr<LinkWatch>& watch) {
   all.push_back(
       {.name = "answer of the connection manager",
        .gives = {facts::Fact::activeProfile, facts::Fact::savedNetworks, facts::Fact::addresses},
@@ -145,7 +143,7 @@ void MachineFacts::addServiceTasks(std::vector<FactTask>& all,
                  .limit = kServicesLimit,
                  .run = [this](const facts::Facts&, const Deadline& deadline) {
                    return put(&facts::Facts::bluetooth,
-                              bus::readBluetooth(*machine_->systemBus(), deadline));
+                              bus::readBluetooth(*device_->systemBus(), deadline));
                  }});
   all.push_back({.name = "answer of the desktop about proxies",
                  .gives = {facts::Fact::sessionProxy},
@@ -153,26 +151,26 @@ void MachineFacts::addServiceTasks(std::vector<FactTask>& all,
                  .limit = kServicesLimit,
                  .run = [this](const facts::Facts&, const Deadline& deadline) {
                    return put(&facts::Facts::sessionProxy,
-                              bus::readSessionProxy(environ, *machine_->sessionBus(), deadline));
+                              bus::readSessionProxy(environ, *device_->sessionBus(), deadline));
                  }});
 }
 
 // Reads the facts in order of importance: a manager that does not answer may use up the time for
 // the later ones.
-Found MachineFacts::findConnection(const Deadline& deadline) {
-  const netlink::WifiInterface& wifi = machine_->interface();
+Found LinuxFacts::findConnection(const Deadline& deadline) {
+  const netlink::WifiInterface& wifi = device_->interface();
   const auto read = netlink::readCarrier(wifi.index, deadline);
   const netlink::Carrier carrier =
       read ? *read : netlink::Carrier{.index = wifi.index, .name = wifi.name};
   auto addresses = netlink::readAddressesOfLink(read, deadline);
-  bus::ConnectionManager manager(*machine_->systemBus());
+  bus::ConnectionManager manager(*device_->systemBus());
   const auto servers = manager.dnsServers(carrier.name, deadline);
   if (addresses) {
     if (carrier.index != wifi.index) addresses->carrier = carrier.name;
     addresses->otherWayOut = netlink::otherWayOut(carrier.index, deadline);
     if (servers) addresses->dnsServers = *servers;
     addresses->systemDnsServers =
-        bus::readSystemNameServers(*machine_->systemBus(), carrier.index, deadline);
+        bus::readSystemNameServers(*device_->systemBus(), carrier.index, deadline);
     if (addresses->systemDnsServers) {
       const auto towards = [&](const std::string& server) {
         return netlink::interfaceTowards(server, deadline);
@@ -192,7 +190,7 @@ Found MachineFacts::findConnection(const Deadline& deadline) {
     }
   }
   auto profile = manager.activeProfile(carrier.name, deadline);
-  auto saved = manager.savedNetworks(machine_->interface().name, deadline);
+  auto saved = manager.savedNetworks(device_->interface().name, deadline);
   return [profile, saved, addresses](facts::Facts& facts) {
     facts.activeProfile = profile;
     facts.savedNetworks = saved;

@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include "devices/linux/probes/ExternalAddress.h"
 #include "devices/linux/probes/HttpServers.h"
-#include "devices/linux/probes/Outside.h"
-#include "devices/linux/probes/RouterQuestions.h"
+#include "devices/linux/probes/NatPmp.h"
+#include "devices/linux/probes/SecondHop.h"
+#include "devices/linux/probes/Upnp.h"
 
 namespace wifi_profile::linux::probes {
 namespace {
@@ -141,8 +143,8 @@ TEST(Outside, IsWhatUpnpTellsWhereNatPmpsAddressSaysNothing) {
 TEST(Outside, IsAskedForWhileANameIsLookedUpInVain) {
   const UdpServer silent([](const std::string&) { return std::vector<std::string>{}; });
   const UdpServer router(toldByNatPmp, ownAddress(), kNatPmpPort);
-  const Way way{"", std::vector{kHere + ":" + std::to_string(silent.port())}};
-  const auto told = routerOutside(ownAddress(), "site.test", way, Deadline::in(300ms));
+  const Route route{"", std::vector{kHere + ":" + std::to_string(silent.port())}};
+  const auto told = routerOutside(ownAddress(), "site.test", route, Deadline::in(300ms));
   ASSERT_TRUE(told);
   EXPECT_EQ(told->address, "203.113.7.9");
 }

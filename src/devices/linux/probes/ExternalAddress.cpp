@@ -1,10 +1,12 @@
-#include "devices/linux/probes/Outside.h"
+#include "devices/linux/probes/ExternalAddress.h"
 
 #include "analysis/facts/IpAddresses.h"
 #include "devices/linux/Workers.h"
+#include "devices/linux/probes/NatPmp.h"
 #include "devices/linux/probes/RouterAnswers.h"
-#include "devices/linux/probes/RouterQuestions.h"
+#include "devices/linux/probes/SecondHop.h"
 #include "devices/linux/probes/Sockets.h"
+#include "devices/linux/probes/Upnp.h"
 
 namespace wifi_profile::linux::probes {
 
@@ -19,17 +21,17 @@ bool isOutside(const std::optional<std::string>& address) {
 }
 
 std::optional<std::string> secondHopTo(const std::string& host, const std::string& gateway,
-                                       const Way& way, const Deadline& deadline) {
-  const auto answer = resolve(host, way, deadline.atMost(kNameTime));
+                                       const Route& route, const Deadline& deadline) {
+  const auto answer = resolve(host, route, deadline.atMost(kNameTime));
   // IPv4 addresses come first.
   if (!answer || answer->addresses.empty()) return {};
-  return findSecondHop(gateway, answer->addresses.front(), way.interface, deadline);
+  return findSecondHop(gateway, answer->addresses.front(), route.interface, deadline);
 }
 
 }  // namespace
 
 Result<facts::RouterOutside> routerOutside(const std::string& gateway, const std::string& wanHost,
-                                           const Way& way, const Deadline& deadline) {
+                                           const Route& route, const Deadline& deadline) {
   if (deadline.isOver()) return cancelled();
   const auto router = hostAddress(gateway);
   if (!router) {
@@ -38,9 +40,9 @@ Result<facts::RouterOutside> routerOutside(const std::string& gateway, const std
                                      "again), or look at the router's DHCP settings."};
   }
   facts::RouterOutside outside;
-  Alongside byNatPmp([&] { return askNatPmp(*router, way.interface, deadline); });
-  Alongside byUpnp([&] { return askUpnp(*router, way.interface, deadline); });
-  outside.secondHop = secondHopTo(wanHost, *router, way, deadline);
+  Alongside byNatPmp([&] { return askNatPmp(*router, route.interface, deadline); });
+  Alongside byUpnp([&] { return askUpnp(*router, route.interface, deadline); });
+  outside.secondHop = secondHopTo(wanHost, *router, route, deadline);
   outside.address = byNatPmp.get();
   const auto other = byUpnp.get();
   if (!isOutside(outside.address) && other) outside.address = other;

@@ -11,11 +11,11 @@
 namespace wifi_profile::linux {
 
 // One Wi-Fi interface of this machine. Any thread.
-class Machine final {
+class WifiDevice final {
  public:
   // Opens the Wi-Fi interface of this name. An empty name selects the first network interface in
   // the order of Nl80211::interfaces. noHardware: there is no such interface.
-  static Result<std::shared_ptr<const Machine>> open(const std::string& interface);
+  static Result<std::shared_ptr<const WifiDevice>> open(const std::string& interface);
 
   const netlink::WifiInterface& interface() const { return interface_; }
   // The shared connections to the system bus and to the session bus.
@@ -34,7 +34,7 @@ class Machine final {
   Result<netlink::ScanList> scan(std::chrono::seconds oldest, const Deadline& deadline) const;
 
  private:
-  explicit Machine(netlink::WifiInterface interface) : interface_(std::move(interface)) {}
+  explicit WifiDevice(netlink::WifiInterface interface) : interface_(std::move(interface)) {}
 
   Result<netlink::ScanList> withoutNewScan(netlink::Nl80211& kernel, std::chrono::seconds oldest,
                                            const Error& why, const Deadline& deadline) const;

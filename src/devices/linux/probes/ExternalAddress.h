@@ -16,10 +16,10 @@ namespace wifi_profile::linux::probes {
 // `wanHost` (a look-up of 2 s, then 1.2 s), all at once. `gateway` is a numeric IPv4 address,
 // `wanHost` a name or an address. Only the router's own answers count. If both protocols bring an
 // address, NAT-PMP's is used unless it cannot be an outer address (for instance link-local or
-// loopback). Without an interface in `way`, discovery asks only the router, not the multicast
+// loopback). Without an interface in `route`, discovery asks only the router, not the multicast
 // group. What is not found out stays unset. Error: failed, if the gateway is not an IPv4 address.
 // Without an IPv4 address of `wanHost` only the second hop stays unset.
 Result<facts::RouterOutside> routerOutside(const std::string& gateway, const std::string& wanHost,
-                                           const Way& way, const Deadline& deadline);
+                                           const Route& route, const Deadline& deadline);
 
 }  // namespace wifi_profile::linux::probes

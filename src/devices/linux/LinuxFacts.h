@@ -7,7 +7,7 @@
 
 #include "devices/Targets.h"
 #include "devices/linux/LinuxService.h"
-#include "devices/linux/Machine.h"
+#include "devices/linux/WifiDevice.h"
 
 namespace wifi_profile::linux {
 
@@ -18,9 +18,9 @@ class LinkWatch;
 inline constexpr std::chrono::milliseconds kServicesLimit{1'400};
 
 // Any thread.
-class MachineFacts final : public FactFinder {
+class LinuxFacts final : public FactFinder {
  public:
-  MachineFacts(std::shared_ptr<const Machine> machine, devices::Targets targets);
+  LinuxFacts(std::shared_ptr<const WifiDevice> machine, devices::Targets targets);
 
   Result<facts::Link> link(const Deadline& deadline) override;
   Result<facts::Scan> scan(std::chrono::seconds oldest, const Deadline& deadline) override;
@@ -46,7 +46,7 @@ class MachineFacts final : public FactFinder {
   // now.
   FirstSurveys::Surveys surveysSince(FirstSurveys& first, const Deadline& deadline) const;
 
-  const std::shared_ptr<const Machine> machine_;
+  const std::shared_ptr<const WifiDevice> device_;
   const devices::Targets targets_;
 };
 
