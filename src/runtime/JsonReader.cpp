@@ -148,7 +148,7 @@ class Builder : public nlohmann::json_sax<nlohmann::json> {
 
 std::string whatStandsAt(std::string_view rest) {
   if (rest.empty()) return "the end of the text";
-  return "\"" + std::string(rest.substr(0, firstCodePoint(rest).length)) + "\"";
+  return std::string(1, '"').append(rest.substr(0, firstCodePoint(rest).length)).append(1, '"');
 }
 
 // Returns the error at byte `at`, counted from 0, or at the end of the text. If `found` is empty,
@@ -158,9 +158,10 @@ Error errorAt(std::string_view name, std::string_view text, std::size_t at, std:
   const std::string_view before = text.substr(0, at);
   const auto line = 1 + std::count(before.begin(), before.end(), '\n');
   const auto lineStart = before.rfind('\n') + 1;  // npos + 1 is 0
-  const std::string place =
-      std::to_string(line) + ":" + std::to_string(1 + before.size() - lineStart);
-  return unexpected(name.empty() ? place : std::string(name) + ":" + place,
+  std::string subject(name);
+  if (!name.empty()) subject += ':';
+  subject += std::to_string(line) + ':' + std::to_string(1 + before.size() - lineStart);
+  return unexpected(subject,
                     found.empty() ? whatStandsAt(text.substr(before.size())) : std::string(found),
                     expected);
 }

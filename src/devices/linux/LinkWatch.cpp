@@ -80,12 +80,12 @@ LinkSource linkSourceOf(const netlink::WifiInterface& interface) {
 }
 
 void LinkWatch::begin(const Deadline& deadline) {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   if (!begun_) begun_ = bool(source_.watch(deadline.atMost(kLookUpLimit)));
 }
 
 void LinkWatch::setLink(const facts::Link& link) {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   link_ = link;
 }
 
@@ -103,7 +103,7 @@ LinkWatch::Look LinkWatch::look(const netlink::LinkEvents& events, const Deadlin
 }
 
 std::optional<LinkChange> LinkWatch::change(const Deadline& deadline) {
-  std::unique_lock lock(mutex_);
+  MutexLock lock(mutex_);
   if (!begun_ || (change_ && change_->gone == kOfNetwork)) return change_;
   const netlink::LinkEvents taken = source_.takeEvents();
   events_.add(taken);

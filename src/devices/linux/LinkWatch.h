@@ -4,11 +4,11 @@
 
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
 
 #include "devices/linux/FactCollection.h"
 #include "devices/linux/netlink/Nl80211.h"
+#include "diagnostic/platform/Mutex.h"
 
 namespace wifi_profile::linux {
 
@@ -62,12 +62,12 @@ class LinkWatch {
   Look look(const netlink::LinkEvents& events, const Deadline& deadline) const;
 
   const LinkSource source_;  // `watch` and `takeEvents` are called with the mutex held
-  std::mutex mutex_;         // guards what follows; never held while the link is read
-  bool begun_ = false;
-  netlink::LinkEvents events_;       // events that no final look has explained yet
-  int rounds_ = 0;                   // incremented when `events_` changes
-  std::optional<facts::Link> link_;  // unset: not known
-  std::optional<LinkChange> change_;
+  Mutex mutex_;              // never held while the link is read
+  bool begun_ GUARDED_BY(mutex_) = false;
+  netlink::LinkEvents events_ GUARDED_BY(mutex_);  // events that no final look has explained yet
+  int rounds_ GUARDED_BY(mutex_) = 0;              // incremented when `events_` changes
+  std::optional<facts::Link> link_ GUARDED_BY(mutex_);  // unset: not known
+  std::optional<LinkChange> change_ GUARDED_BY(mutex_);
 };
 
 using ChangeOfLink = std::function<std::optional<LinkChange>(const Deadline& deadline)>;

@@ -108,7 +108,7 @@ void LinuxFacts::addKernelTasks(std::vector<FactTask>& all, std::chrono::seconds
 
 void LinuxFacts::surveyFirst(FirstSurveys& first, const Deadline& deadline) const {
   auto surveys = netlink::Nl80211().surveys(device_->interface(), deadline);
-  const std::lock_guard lock(first.mutex);
+  const MutexLock lock(first.mutex);
   first.time = Clock::now();
   first.surveys = std::move(surveys);
 }
@@ -116,7 +116,7 @@ void LinuxFacts::surveyFirst(FirstSurveys& first, const Deadline& deadline) cons
 LinuxFacts::FirstSurveys::Surveys LinuxFacts::surveysSince(FirstSurveys& first,
                                                            const Deadline& deadline) const {
   const auto [time, before] = [&first] {
-    const std::lock_guard lock(first.mutex);
+    const MutexLock lock(first.mutex);
     return std::pair(first.time, first.surveys);
   }();
   if (!before) return before;

@@ -2,12 +2,12 @@
 #pragma once
 
 #include <memory>
-#include <mutex>
 #include <vector>
 
 #include "devices/Targets.h"
 #include "devices/linux/LinuxService.h"
 #include "devices/linux/WifiDevice.h"
+#include "diagnostic/platform/Mutex.h"
 
 namespace wifi_profile::linux {
 
@@ -35,11 +35,12 @@ class LinuxFacts final : public FactFinder {
   // reads the survey.
   struct FirstSurveys {
     using Surveys = Result<std::vector<facts::ChannelSurvey>>;
-    std::mutex mutex;  // guards what follows
-    Clock::time_point time;
-    Surveys surveys = Error{Reason::tookTooLong,
-                            "The first survey of the channels took too long: try again "
-                            "in a while."};
+    Mutex mutex;
+    Clock::time_point time GUARDED_BY(mutex);
+    Surveys surveys GUARDED_BY(mutex) = Error{
+        Reason::tookTooLong,
+        "The first survey of the channels took too long: try again "
+        "in a while."};
   };
   void surveyFirst(FirstSurveys& first, const Deadline& deadline) const;
   // Waits until kBetweenSurveys after the first survey, and returns the difference between then and

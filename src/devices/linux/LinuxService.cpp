@@ -87,14 +87,14 @@ FactCollection::FactsRef LinuxService::factsFor(const VqDiagnosticsTestRequest& 
   }
   const std::stop_source cancellation;
   {
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     if (closed_) return nullptr;
     scans_.push_back(cancellation);
   }
   auto facts = std::make_shared<facts::Facts>();
   facts->scan =
       finder_->scan(oldestScanOf(request), Deadline::in(kScanLimit, cancellation.get_token()));
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   scans_.remove(cancellation);
   if (cancellation.stop_requested()) return nullptr;
   return facts;
@@ -128,7 +128,7 @@ FactCollection::FactsRef LinuxService::awaitFacts(FactCollection& running,
 }
 
 std::shared_ptr<FactCollection> LinuxService::collection(const VqDiagnosticsTestRequest& request) {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   if (!collection_ && !closed_) {
     collection_ = std::make_shared<FactCollection>(finder_->tasks(oldestScanOf(request)), finder_);
     collection_->begin(allFacts().without(kReachFacts));
@@ -151,7 +151,7 @@ std::shared_ptr<const VqStatus> LinuxService::queryStatusForPeer(const VqPeer* /
 
 void LinuxService::cancelAllRequests() {
   traceEvent("service.cancel");
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   for (auto& scan : scans_) scan.request_stop();
   if (!collection_) return;
   collection_->cancel();
@@ -159,7 +159,7 @@ void LinuxService::cancelAllRequests() {
 }
 
 void LinuxService::close() {
-  const std::lock_guard lock(mutex_);
+  const MutexLock lock(mutex_);
   closed_ = true;
   for (auto& scan : scans_) scan.request_stop();
   if (collection_) collection_->cancel();

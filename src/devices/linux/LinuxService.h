@@ -5,12 +5,12 @@
 #include <functional>
 #include <list>
 #include <memory>
-#include <mutex>
 #include <stop_token>
 
 #include "analysis/checks/Checks.h"
 #include "devices/linux/FactCollection.h"
 #include "diagnostic/platform/DiagnosticsService.h"
+#include "diagnostic/platform/Mutex.h"
 
 namespace wifi_profile::linux {
 
@@ -67,11 +67,11 @@ class LinuxService final : public VqClient {
 
   const std::shared_ptr<FactFinder> finder_;
   const checks::Settings settings_;
-  std::mutex mutex_;  // guards what follows
-  bool closed_ = false;
-  std::shared_ptr<FactCollection> collection_;
+  Mutex mutex_;
+  bool closed_ GUARDED_BY(mutex_) = false;
+  std::shared_ptr<FactCollection> collection_ GUARDED_BY(mutex_);
   // Scans of the list (NoScanResults) under way.
-  std::list<std::stop_source> scans_;
+  std::list<std::stop_source> scans_ GUARDED_BY(mutex_);
 };
 
 }  // namespace wifi_profile::linux

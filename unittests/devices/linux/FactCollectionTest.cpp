@@ -1,4 +1,5 @@
 #include <atomic>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <memory>
 #include <pthread.h>
@@ -156,6 +157,23 @@ TEST(FactCollection, TasksOfARequestThatWaitsComeFirst) {
   EXPECT_TRUE(collection.await({facts::Fact::surveys}));
   other.join();
   while (!isBegun) std::this_thread::yield();
+}
+
+TEST(FactCollection, HasNoMoreThreadsThanWorkers) {
+  const auto threads = [] {
+    const std::filesystem::directory_iterator tasks("/proc/self/task");
+    return std::distance(begin(tasks), end(tasks));
+  };
+  const auto before = threads();
+  Workers workers(2);
+  std::vector<FactTask> tasks;
+  for (const auto fact : {Fact::link, Fact::scan, Fact::surveys, Fact::radio, Fact::lanPings}) {
+    tasks.push_back(waiting({fact}, milliseconds(10)));
+  }
+  FactCollection collection(tasks, nullptr, workers);
+  EXPECT_TRUE(
+      collection.await({Fact::link, Fact::scan, Fact::surveys, Fact::radio, Fact::lanPings}));
+  EXPECT_EQ(threads(), before + 2);
 }
 
 TEST(FactCollection, ATaskThatWaitsForOthersOccupiesNoWorker) {

@@ -192,22 +192,14 @@ Result<ScanStart> NetworkManager::requestScan(const std::string& interface,
   return unknownFrom(answer, kNetworkManager);
 }
 
-Result<bool> NetworkManager::managerFlag(const char* property, const Deadline& deadline) {
+Result<bool> NetworkManager::isWirelessEnabled(const Deadline& deadline) {
   const auto service = owner(deadline);
   if (!service) return service.error();
   const BusAnswer answer =
-      bus_.call(getProperty(*service, kManagerPath, kManager, property), deadline);
+      bus_.call(getProperty(*service, kManagerPath, kManager, "WirelessEnabled"), deadline);
   const auto flag = answer.first().boolean();
   if (!flag) return unknownFrom(answer, kNetworkManager);
   return *flag;
-}
-
-Result<bool> NetworkManager::isWirelessEnabled(const Deadline& deadline) {
-  return managerFlag("WirelessEnabled", deadline);
-}
-
-Result<bool> NetworkManager::isWirelessHardwareEnabled(const Deadline& deadline) {
-  return managerFlag("WirelessHardwareEnabled", deadline);
 }
 
 Status NetworkManager::setWirelessEnabled(bool enabled, const Deadline& deadline) {

@@ -46,9 +46,8 @@ class NetworkManager {
   // Requests a scan. Does not wait for its end (see `lastScan`).
   Result<ScanStart> requestScan(const std::string& interface, const Deadline& deadline);
 
-  // The software switch and the hardware switch of all Wi-Fi. Reading them needs no privileges.
+  // The software switch of all Wi-Fi. Reading it needs no privileges.
   Result<bool> isWirelessEnabled(const Deadline& deadline);
-  Result<bool> isWirelessHardwareEnabled(const Deadline& deadline);
   // Sets the software switch. notPermitted: polkit refuses this user; it does not ask
   // for a password.
   Status setWirelessEnabled(bool enabled, const Deadline& deadline);
@@ -61,7 +60,6 @@ class NetworkManager {
   };
   Result<std::string> owner(const Deadline& deadline);
   Result<Device> device(const std::string& interface, const Deadline& deadline);
-  Result<bool> managerFlag(const char* property, const Deadline& deadline);
 
   Bus& bus_;
 };

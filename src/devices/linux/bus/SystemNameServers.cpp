@@ -6,6 +6,8 @@
 #include <cstring>
 #include <fstream>
 
+#include "devices/linux/probes/Sockets.h"
+
 namespace wifi_profile::linux::bus {
 namespace {
 
@@ -32,8 +34,6 @@ std::string normalized(const std::string& text) {
 bool isResolved(const std::string& server) {
   return server == "127.0.0.53" || server == "127.0.0.54";
 }
-
-bool isHere(const std::string& server) { return server.starts_with("127.") || server == "::1"; }
 
 std::string firstOf(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
@@ -103,7 +103,9 @@ std::optional<std::vector<std::string>> readSystemNameServers(Bus& system, int i
                     deadline);
     servers = nameServersOf(interface, told.first());
   }
-  if (servers.empty() || std::ranges::any_of(servers, isHere)) return {};
+  if (servers.empty() ||
+      std::ranges::any_of(servers, [](const auto& one) { return probes::isHere(one, {}); }))
+    return {};
   return servers;
 }
 

@@ -244,12 +244,6 @@ bool environmentNamesProxy() {
 
 bool mayUseProxy(const HttpRequest& request) { return request.useProxy && environmentNamesProxy(); }
 
-// Whether the host is a numeric address of this machine.
-bool isHere(const std::string& host, const std::vector<Address>& own) {
-  const auto address = addressOf(host, 0, {});
-  return address && staysHere(*address, own);
-}
-
 struct Addresses {
   std::string entry;    // entry for CURLOPT_RESOLVE; empty: none needed
   std::string problem;  // why there are no addresses

@@ -101,11 +101,10 @@ void take(void* argument, int status, int /*timeouts*/, ares_addrinfo* found) {
   ares_freeaddrinfo(found);
 }
 
-bool isHere(const ares_addr_port_node& server, const std::vector<Address>& own) {
+bool isOfThisMachine(const ares_addr_port_node& server, const std::vector<Address>& own) {
   std::array<char, INET6_ADDRSTRLEN> text{};
   inet_ntop(server.family, &server.addr, text.data(), text.size());
-  const auto address = addressOf(text.data(), 0, {});
-  return address && staysHere(*address, own);
+  return isHere(text.data(), own);
 }
 
 std::vector<ares_addr_port_node> serversOf(ares_channel channel) {
@@ -169,7 +168,7 @@ class Resolver {
     // A resolver on this machine cannot be reached through an interface, and forwards to the link's
     // servers by itself. It is left out if there are other servers.
     const auto own = ownAddresses().value_or(std::vector<Address>{});
-    const auto here = [&own](const auto& server) { return isHere(server, own); };
+    const auto here = [&own](const auto& server) { return isOfThisMachine(server, own); };
     if (!route.interface.empty() && !route.asksAsSystem && !std::ranges::all_of(servers, here)) {
       std::erase_if(servers, here);
       bound_ = true;

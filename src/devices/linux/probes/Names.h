@@ -13,11 +13,11 @@ namespace wifi_profile::linux::probes {
 
 // How requests leave this machine.
 struct Route {
-  std::string interface;  // empty: the system's routes decide
+  std::string interface = {};  // empty: the system's routes decide
   // The link's name servers: "address", "address:port" or "[address]:port"; an IPv6 address may
   // have a "%zone". At most four are used. A server on this machine is used, without the interface,
   // only if there is no other. Unset: the servers that the system has configured.
-  std::optional<std::vector<std::string>> nameServers;
+  std::optional<std::vector<std::string>> nameServers = {};
   // Whether the system's routes decide how to reach these servers, for instance because they are
   // behind a tunnel.
   bool asksAsSystem = false;

@@ -111,6 +111,11 @@ bool staysHere(const Address& address, const std::vector<Address>& own) {
   return std::ranges::any_of(own, [&](const Address& one) { return bytesOf(one) == bytes; });
 }
 
+bool isHere(const std::string& host, const std::vector<Address>& own) {
+  const auto address = addressOf(host, 0, {});
+  return address && staysHere(*address, own);
+}
+
 bool isOfNoSite(const Address& address) {
   const auto bytes = bytesOf(address);
   if (!bytes || isLoopbackOrNone(*bytes)) return true;

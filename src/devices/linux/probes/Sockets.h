@@ -36,6 +36,9 @@ std::optional<std::vector<Address>> ownAddresses();
 // unspecified address, which the kernel treats as this machine's.
 bool staysHere(const Address& address, const std::vector<Address>& own);
 
+// The same for a host; false if it is not a numeric address.
+bool isHere(const std::string& host, const std::vector<Address>& own);
+
 // Whether no site can have this address: loopback, unspecified, link-local, multicast or broadcast.
 // Name servers that block a name answer with such addresses.
 bool isOfNoSite(const Address& address);

@@ -240,7 +240,7 @@ TEST_F(BusTest, OneBadCallDoesNotSpoilTheOthers) {
   EXPECT_TRUE(answers[2].isGood());
 }
 
-TEST_F(BusTest, AnOverduePatienceAsksNobody) {
+TEST_F(BusTest, AnOverdueDeadlineAsksNothing) {
   const Deadline over{Clock::now(), cancellation_.get_token()};
   EXPECT_EQ(bus_->ownerOf("org.freedesktop.DBus", over).error->kind, Kind::tookTooLong);
 }
