@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "app/cli/ExitStatus.h"
+#include "app/cli/LinuxRunDevice.h"
 #include "app/cli/RunCommand.h"
 #include "app/window/Hand.h"
 #include "app/window/WindowScreen.h"
@@ -87,20 +88,20 @@ TEST(WindowProgram, ShowsWhatKeepsARunFromBeginning) {
   options.ui = cli::Ui::window;
   std::string shown;
   QTimer person;
-  const int status = cli::runCommand(
-      options, cli::Ui::window,
-      [&]() -> std::variant<std::shared_ptr<app::PersonScreen>, std::string> {
-        auto screen = std::make_shared<window::WindowScreen>();
-        QObject::connect(&person, &QTimer::timeout, [weak = std::weak_ptr(screen), &shown] {
-          const auto there = weak.lock();
-          QQuickItem* const finding = there ? itemNamed(there->window(), "finding0") : nullptr;
-          if (!finding) return;
-          shown = finding->property("text").toString().toStdString();
-          there->model().askToClose();
-        });
-        person.start(10);
-        return screen;
-      });
+  const auto makeScreen = [&]() -> Result<std::shared_ptr<app::PersonScreen>> {
+    auto screen = std::make_shared<window::WindowScreen>();
+    QObject::connect(&person, &QTimer::timeout, [weak = std::weak_ptr(screen), &shown] {
+      const auto there = weak.lock();
+      QQuickItem* const finding = there ? itemNamed(there->window(), "finding0") : nullptr;
+      if (!finding) return;
+      shown = finding->property("text").toString().toStdString();
+      there->model().askToClose();
+    });
+    person.start(10);
+    return std::shared_ptr<app::PersonScreen>(screen);
+  };
+  const int status =
+      cli::runCommand(options, {cli::Ui::window, makeScreen}, cli::openLinuxRunDevice);
   EXPECT_EQ(status, cli::kExitScenario);
   EXPECT_THAT(shown, HasSubstr("/no/such/file.json"));
 }
