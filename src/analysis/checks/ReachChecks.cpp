@@ -265,7 +265,7 @@ std::string problemIn(const facts::PortalProbe& probe) {
 template <class T>
 std::string problemSentence(std::string_view what, const Result<T>& fact) {
   const std::string problem = fact ? problemIn(*fact) : "";
-  return problem.empty() ? "" : "The " + std::string(what) + ": " + problem + ".";
+  return problem.empty() ? "" : std::string("The ").append(what) + ": " + problem + ".";
 }
 
 std::string lookUpFailure(const facts::Facts& facts) {
