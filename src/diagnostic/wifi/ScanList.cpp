@@ -24,10 +24,10 @@ Rows rowsOf(const std::vector<SortKey>& keys) {
   return rows;
 }
 
-NetworkListRef inOrder(const Rows& rows, const NetworkList& list) {
+NetworkListRef inOrder(const Rows& rows, NetworkList list) {
   NetworkList sorted;
   sorted.reserve(rows.size());
-  for (const Row& row : rows) sorted.push_back(list[row.position]);
+  for (const Row& row : rows) sorted.push_back(std::move(list[row.position]));
   return std::make_shared<const NetworkList>(std::move(sorted));
 }
 
@@ -77,7 +77,7 @@ Deduplicated deduplicated(const ArrayRef& results, const VqWiFiStatusRef& status
   const NetworkDictionary filtered(strongest);
   NetworkDictionary distinct = filtered;
   for (const auto& [name, network] : others) distinct.set(network);
-  const NetworkList networks = filtered.networks();
+  NetworkList networks = filtered.networks();
   const std::vector<SortKey> keys = sortKeys.of(networks);
   Rows rows = rowsOf(keys);
   std::sort(rows.begin(), rows.end(), [&](const Row& one, const Row& other) {
@@ -87,7 +87,7 @@ Deduplicated deduplicated(const ArrayRef& results, const VqWiFiStatusRef& status
   });
   return {.distinct = std::make_shared<const NetworkDictionary>(std::move(distinct)),
           .filtered = std::make_shared<const NetworkDictionary>(filtered),
-          .listed = inOrder(rows, networks),
+          .listed = inOrder(rows, std::move(networks)),
           .current = current};
 }
 
