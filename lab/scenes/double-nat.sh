@@ -6,5 +6,5 @@ expect "the second hop is a private address, too" shows 'From 10.0.0.1 .*Time to
 expect "the Internet is reached" shows full nmcli networking connectivity check
 expect "the program runs" program run --max-scan-cache-age 600
 expect "the double NAT is not known without the router's word" unknown currentNetwork.hasDoubleNATConfiguration \
-  'second router on the way \(10\.0\.0\.1\)'
+  'second router on the path \(10\.0\.0\.1\)'
 expect "nothing else is raised" healthy currentNetwork.hasDoubleNATConfiguration

@@ -10,7 +10,7 @@ expect "names are found" shows 203.0.113.80 nslookup connectivity.test
 refuse "the name server is reached through Wi-Fi" ping -c 1 -W 1 -I wlan0 10.8.0.1
 expect "the program runs" program run --max-scan-cache-age 600
 expect "names are found by its name server" value currentNetwork.resolvedDNS true
-expect "it says where the packets go" shows 'go through tun0, not through the Wi-Fi link' cat /out/program.log
+expect "it says where the packets go" shows 'reach the Internet through tun0, not through the tested Wi-Fi link' cat /out/program.log
 expect "nothing is raised" healthy device.isUsingCustomIPv4 device.isUsingCustomIPv6 device.isUsingCustomDNS \
   device.isUsingCustomWebProxy device.isLargePNL device.doesPNLContainHiddenNetworks \
   device.doesPNLContainConflictingSecurityType currentNetwork.isNimoPersonalHotspot

@@ -35,4 +35,4 @@ done
 expect "nothing is raised" healthy $except currentNetwork.is5GHzCongested
 expect "a list that cannot be new is shown" programAsOrdinary scan --json --max-scan-cache-age 0
 expect "it has the joined network" jq -e 'map(.ssid) == ["Birchlane"]' /out/record.json
-expect "it says that it is not new" shows 'This user may not ask NetworkManager.*This is what was known already' cat /out/program.log
+expect "it says that it is not new" shows 'This user may not ask NetworkManager.*The list contains earlier results only' cat /out/program.log

@@ -110,8 +110,14 @@ using Connect = std::function<std::unique_ptr<sdbus::IConnection>()>;
 class Connecting {
  public:
   explicit Connecting(Connect connect) {
-    const auto task =
-        std::make_shared<std::packaged_task<std::unique_ptr<sdbus::IConnection>()>>(connect);
+    const auto task = std::make_shared<std::packaged_task<Outcome()>>(
+        [connect = std::move(connect)]() -> Outcome {
+          try {
+            return connect();
+          } catch (const sdbus::Error& refused) {  // a copy: no two threads share an exception
+            return sdbus::Error(refused.getName(), refused.getMessage());
+          }
+        });
     result_ = task->get_future();
     job_ = Workers::shared().run([task] { (*task)(); });
     if (!job_) throw std::system_error(EAGAIN, std::generic_category());
@@ -127,11 +133,16 @@ class Connecting {
     }
     return true;
   }
-  // Call it once, after the end. Throws what connecting threw.
-  std::unique_ptr<sdbus::IConnection> take() { return result_.get(); }
+  // Call it once, after the end. Throws the error of connecting.
+  std::unique_ptr<sdbus::IConnection> take() {
+    Outcome outcome = result_.get();
+    if (const auto* const refused = std::get_if<sdbus::Error>(&outcome)) throw *refused;
+    return std::get<std::unique_ptr<sdbus::IConnection>>(std::move(outcome));
+  }
 
  private:
-  std::future<std::unique_ptr<sdbus::IConnection>> result_;
+  using Outcome = std::variant<std::unique_ptr<sdbus::IConnection>, sdbus::Error>;
+  std::future<Outcome> result_;
   Workers::JobRef job_;
 };
 
