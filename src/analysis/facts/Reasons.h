@@ -18,7 +18,8 @@ struct ReasonText {
 inline constexpr std::array<std::pair<std::string_view, ReasonText>, 12> kReasons{
     {{"notJoined", {Reason::notJoined, "The radio is not joined to a network."}},
      {"notInRange", {Reason::notInRange, "No access point of that name was heard."}},
-     {"notTold", {Reason::notTold, "The access point, the driver or a service does not report it."}},
+     {"notTold",
+      {Reason::notTold, "The access point, the driver or a service does not report it."}},
      {"notPermitted", {Reason::notPermitted, "The user may not ask."}},
      {"notSupported", {Reason::notSupported, "The driver or the kernel cannot report it."}},
      {"noService", {Reason::noService, "The service that knows it is not running."}},

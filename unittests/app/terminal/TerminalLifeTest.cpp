@@ -283,7 +283,8 @@ TEST_F(LifeOfATerminal, ShowsPlainSignsWhereTheLocaleIsNotOfUtf8) {
 TEST_F(LifeOfATerminal, IsNotUsedWhereItsCursorCannotBeMoved) {
   run.start("pick-another", "--pick", "TERM=dumb");
   EXPECT_EQ(run.status(), 64);
-  EXPECT_NE(run.messages().find("TERM \"dumb\" cannot move the cursor"), std::string::npos) << run.messages();
+  EXPECT_NE(run.messages().find("TERM \"dumb\" cannot move the cursor"), std::string::npos)
+      << run.messages();
 }
 
 TEST_F(LifeOfATerminal, ShowsNamesAsTheyAreWithoutObeyingThem) {

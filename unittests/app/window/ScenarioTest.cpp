@@ -61,8 +61,7 @@ TEST_P(ScenarioInTheWindow, ComesToWhatItsScriptComesTo) {
   const std::string json = projectFile("scenarios/" + scenario + ".json");
   const auto document = runtime::readJson(json);
   const auto read = scenario::readScenario(*document);
-  const auto result =
-      runWith(json, deedsOf(*read, GetParam().hand), true);
+  const auto result = runWith(json, deedsOf(*read, GetParam().hand), true);
   EXPECT_EQ(result.stuckAt, "");
   EXPECT_EQ(result.run.ending, cli::Ending::finished);
   EXPECT_EQ(result.run.record, projectFile("unittests/golden/" + scenario + ".record.json"));
@@ -76,8 +75,7 @@ class DialogOverARun : public WindowFixture {
   void expectNoDialogOverTheReport(const std::string& json) {
     const auto document = runtime::readJson(json);
     const auto read = scenario::readScenario(*document);
-    const auto result =
-        runWith(json, deedsOf(*read, HandKind::mouse), true);
+    const auto result = runWith(json, deedsOf(*read, HandKind::mouse), true);
     EXPECT_EQ(result.stuckAt, "");
     EXPECT_EQ(result.run.ending, cli::Ending::finished);
     screen->model().setReport(result.run.report);

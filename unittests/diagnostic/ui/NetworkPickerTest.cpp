@@ -1,9 +1,9 @@
 // The picker's screen: how it is built, and the small operations on it.
 
 #include "diagnostic/platform/toolkit/Image.h"
+#include "diagnostic/ui/WiFiHeaderView.h"
 #include "support/Matchers.h"
 #include "support/PickerFixture.h"
-#include "diagnostic/ui/WiFiHeaderView.h"
 
 namespace wifi_profile {
 namespace {

@@ -1,9 +1,9 @@
 // The header of a section, and the rows' cells.
 
 #include "diagnostic/platform/toolkit/TableView.h"
-#include "support/DiagnosticFixture.h"
 #include "diagnostic/ui/WiFiHeaderView.h"
 #include "diagnostic/ui/WiFiTableViewCell.h"
+#include "support/DiagnosticFixture.h"
 
 namespace wifi_profile {
 namespace {
