@@ -22,9 +22,9 @@ constexpr double kOverlapping = 1.5;
 
 // Identifies the access point device and its channel. Networks of one device have addresses that
 // differ only in the first octet and the last four bits, or name the network that announces them.
-using BoxKey = std::tuple<ieee80211::Band, int, std::string>;
+using BoxKey = std::tuple<Band, int, std::string>;
 
-BoxKey boxOf(const facts::AccessPoint& accessPoint, const ieee80211::OperatingChannel& channel) {
+BoxKey boxOf(const facts::AccessPoint& accessPoint, const OperatingChannel& channel) {
   constexpr std::size_t kLength = 17;
   const std::string& address = accessPoint.transmitterBssid.value_or(accessPoint.bssid);
   return {channel.band, channel.primary,
@@ -32,7 +32,7 @@ BoxKey boxOf(const facts::AccessPoint& accessPoint, const ieee80211::OperatingCh
 }
 
 // Returns all 20 MHz channels that a network disturbs. If its width is unknown, assumes 20 MHz.
-std::vector<int> disturbedBy(const ieee80211::OperatingChannel& channel) {
+std::vector<int> disturbedBy(const OperatingChannel& channel) {
   if (channel.extent) return ieee80211::overlappedChannels(channel);
   return ieee80211::overlappedChannels(
       {.band = channel.band,
@@ -40,7 +40,7 @@ std::vector<int> disturbedBy(const ieee80211::OperatingChannel& channel) {
        .extent = ieee80211::extentOfTwentyMHz(channel.band, channel.primary)});
 }
 
-bool isOn(const facts::AccessPoint& accessPoint, ieee80211::Band band, int channel) {
+bool isOn(const facts::AccessPoint& accessPoint, Band band, int channel) {
   return accessPoint.channel && accessPoint.channel->band == band &&
          accessPoint.channel->primary == channel;
 }
@@ -77,7 +77,7 @@ void ChannelLoads::collectBoxes(const Question& question, const Subject* subject
   std::map<BoxKey, Box> boxes;
   for (const facts::AccessPoint& accessPoint : facts_.scan->accessPoints) {
     if (!accessPoint.channel || accessPoint.signal.value_or(kHeardWell) < kHeardWell) continue;
-    const ieee80211::OperatingChannel& channel = *accessPoint.channel;
+    const OperatingChannel& channel = *accessPoint.channel;
     Box& box = boxes[boxOf(accessPoint, channel)];
     if (accessPoint.signal) box.isHeardWell = true;
     box.band = channel.band;
@@ -96,7 +96,7 @@ void ChannelLoads::collectBoxes(const Question& question, const Subject* subject
   for (auto& [key, box] : boxes) boxes_.push_back(std::move(box));
 }
 
-std::optional<double> ChannelLoads::busyShare(ieee80211::Band band, int channel) const {
+std::optional<double> ChannelLoads::busyShare(Band band, int channel) const {
   const auto frequency = ieee80211::frequencyOf(band, channel);
   if (!facts_.surveys || !frequency) return std::nullopt;
   std::optional<double> most;
@@ -106,7 +106,7 @@ std::optional<double> ChannelLoads::busyShare(ieee80211::Band band, int channel)
   return most;
 }
 
-std::optional<double> ChannelLoads::utilization(ieee80211::Band band, int channel) const {
+std::optional<double> ChannelLoads::utilization(Band band, int channel) const {
   if (own_ && isOn(*own_, band, channel) && own_->channelUtilization) {
     return *own_->channelUtilization;
   }
@@ -120,8 +120,7 @@ std::optional<double> ChannelLoads::utilization(ieee80211::Band band, int channe
   return most;
 }
 
-std::optional<double> ChannelLoads::neighbours(ieee80211::Band band, int channel,
-                                               Counted counted) const {
+std::optional<double> ChannelLoads::neighbours(Band band, int channel, Counted counted) const {
   if (whyNotWhole(facts_.scan)) return std::nullopt;
   double count = 0;
   bool areAllStrengthsKnown = true;
@@ -140,7 +139,7 @@ std::optional<double> ChannelLoads::neighbours(ieee80211::Band band, int channel
   return count;
 }
 
-std::optional<double> ChannelLoads::amount(Measure measure, ieee80211::Band band, int channel,
+std::optional<double> ChannelLoads::amount(Measure measure, Band band, int channel,
                                            Counted counted) const {
   switch (measure) {
     case Measure::busyTime:
@@ -153,7 +152,7 @@ std::optional<double> ChannelLoads::amount(Measure measure, ieee80211::Band band
   return neighbours(band, channel, counted);
 }
 
-std::optional<Load> ChannelLoads::of(ieee80211::Band band, int channel) const {
+std::optional<Load> ChannelLoads::of(Band band, int channel) const {
   for (const Measure measure : kMeasures) {
     if (const auto known = amount(measure, band, channel, Counted::others))
       return Load{measure, *known};
@@ -173,8 +172,7 @@ bool ChannelLoads::isCongested(const Load& load) const {
   return load.amount > settings_.congestedNeighbours;
 }
 
-std::optional<bool> ChannelLoads::isCongested(ieee80211::Band band,
-                                              const Candidate& candidate) const {
+std::optional<bool> ChannelLoads::isCongested(Band band, const Candidate& candidate) const {
   bool areAllKnown = true;
   for (const int channel : candidate) {
     const auto load = of(band, channel);
@@ -184,7 +182,7 @@ std::optional<bool> ChannelLoads::isCongested(ieee80211::Band band,
   return areAllKnown ? std::optional(false) : std::nullopt;
 }
 
-std::optional<double> ChannelLoads::worstAmount(Measure measure, ieee80211::Band band,
+std::optional<double> ChannelLoads::worstAmount(Measure measure, Band band,
                                                 const Candidate& candidate) const {
   std::optional<double> worst;
   for (const int channel : candidate) {
@@ -195,8 +193,7 @@ std::optional<double> ChannelLoads::worstAmount(Measure measure, ieee80211::Band
   return worst;
 }
 
-std::optional<int> ChannelLoads::best(ieee80211::Band band,
-                                      const std::vector<Candidate>& candidates) const {
+std::optional<int> ChannelLoads::best(Band band, const std::vector<Candidate>& candidates) const {
   const auto isElsewhere = [&](const Candidate& candidate) {
     return !current_ || current_->band != band ||
            std::ranges::find(candidate, current_->primary) == candidate.end();

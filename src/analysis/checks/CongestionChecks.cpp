@@ -11,15 +11,14 @@ namespace {
 using ieee80211::Band;
 using Candidates = std::vector<Candidate>;
 
-bool isAllowed(const facts::RadioChannel& channel, ieee80211::Band band) {
+bool isAllowed(const facts::RadioChannel& channel, Band band) {
   if (channel.disabled || ieee80211::bandOf(channel.frequency) != band) return false;
   const auto number = ieee80211::channelOf(channel.frequency);
   return number && ieee80211::isTwentyMHzChannel(band, *number);
 }
 
 // In order; channels with radar detection only on request.
-std::set<int> allowedChannels(const facts::Radio& radio, ieee80211::Band band,
-                              bool withRadarDetection) {
+std::set<int> allowedChannels(const facts::Radio& radio, Band band, bool withRadarDetection) {
   std::set<int> channels;
   for (const facts::RadioChannel& channel : radio.channels) {
     if (!isAllowed(channel, band) || (channel.radarDetection && !withRadarDetection)) continue;
@@ -31,7 +30,7 @@ std::set<int> allowedChannels(const facts::Radio& radio, ieee80211::Band band,
 // The channels that do not overlap.
 Candidates candidatesOf2GHz(const facts::Radio& radio) {
   Candidates candidates;
-  const auto allowed = allowedChannels(radio, ieee80211::Band::ghz2, true);
+  const auto allowed = allowedChannels(radio, Band::ghz2, true);
   for (const int channel : {1, 6, 11}) {
     if (allowed.contains(channel)) candidates.push_back({channel});
   }
@@ -40,7 +39,7 @@ Candidates candidatesOf2GHz(const facts::Radio& radio) {
 
 Candidates candidatesOf5GHz(const facts::Radio& radio, bool withRadarDetection) {
   Candidates candidates;
-  for (const int channel : allowedChannels(radio, ieee80211::Band::ghz5, withRadarDetection)) {
+  for (const int channel : allowedChannels(radio, Band::ghz5, withRadarDetection)) {
     candidates.push_back({channel});
   }
   return candidates;
@@ -48,10 +47,9 @@ Candidates candidatesOf5GHz(const facts::Radio& radio, bool withRadarDetection) 
 
 Candidates candidatesOf40MHz(const facts::Radio& radio) {
   Candidates candidates;
-  const auto allowed = allowedChannels(radio, ieee80211::Band::ghz5, true);
+  const auto allowed = allowedChannels(radio, Band::ghz5, true);
   for (const int channel : allowed) {
-    if (ieee80211::isWideChannel(ieee80211::Band::ghz5, channel, 2) &&
-        allowed.contains(channel + 4)) {
+    if (ieee80211::isWideChannel(Band::ghz5, channel, 2) && allowed.contains(channel + 4)) {
       candidates.push_back({channel, channel + 4});
     }
   }
@@ -62,14 +60,14 @@ Candidates candidatesOf40MHz(const facts::Radio& radio) {
 Dictionary::Entries recommendations(const facts::Facts& facts, const ChannelLoads& loads) {
   Dictionary::Entries info;
   if (!facts.radio) return info;
-  const auto recommend = [&](const char* key, ieee80211::Band band, const Candidates& candidates) {
+  const auto recommend = [&](const char* key, Band band, const Candidates& candidates) {
     const auto best = loads.best(band, candidates);
     if (best) info[key] = std::make_shared<const ChannelRecord>(*best);
   };
-  recommend("2GHzChannel", ieee80211::Band::ghz2, candidatesOf2GHz(*facts.radio));
-  recommend("5GHzChannel", ieee80211::Band::ghz5, candidatesOf5GHz(*facts.radio, true));
-  recommend("5GHz40MHzChannel", ieee80211::Band::ghz5, candidatesOf40MHz(*facts.radio));
-  recommend("5GHzNonDFSChannel", ieee80211::Band::ghz5, candidatesOf5GHz(*facts.radio, false));
+  recommend("2GHzChannel", Band::ghz2, candidatesOf2GHz(*facts.radio));
+  recommend("5GHzChannel", Band::ghz5, candidatesOf5GHz(*facts.radio, true));
+  recommend("5GHz40MHzChannel", Band::ghz5, candidatesOf40MHz(*facts.radio));
+  recommend("5GHzNonDFSChannel", Band::ghz5, candidatesOf5GHz(*facts.radio, false));
   return info;
 }
 
@@ -103,11 +101,11 @@ Answer congestedChannel(const Question& question) {
 }
 
 // A band is crowded if all its channels are: no other channel would help.
-Answer congestedBand(const Question& question, ieee80211::Band band) {
+Answer congestedBand(const Question& question, Band band) {
   const facts::Facts& facts = question.facts;
   if (!facts.radio) return facts.radio.error();
-  const auto candidates = band == ieee80211::Band::ghz2 ? candidatesOf2GHz(*facts.radio)
-                                                        : candidatesOf5GHz(*facts.radio, true);
+  const auto candidates =
+      band == Band::ghz2 ? candidatesOf2GHz(*facts.radio) : candidatesOf5GHz(*facts.radio, true);
   if (candidates.empty()) {
     return Error{Reason::notSupported,
                  "The radio, or the law of the country it is set to, has none of the channels "
@@ -125,12 +123,8 @@ Answer congestedBand(const Question& question, ieee80211::Band band) {
   return finding(true, recommendations(facts, loads));
 }
 
-Answer congested2GHz(const Question& question) {
-  return congestedBand(question, ieee80211::Band::ghz2);
-}
-Answer congested5GHz(const Question& question) {
-  return congestedBand(question, ieee80211::Band::ghz5);
-}
+Answer congested2GHz(const Question& question) { return congestedBand(question, Band::ghz2); }
+Answer congested5GHz(const Question& question) { return congestedBand(question, Band::ghz5); }
 
 constexpr std::string_view kFrom =
     "the first of these that is known: (1) the difference of two surveys, one before and one after "

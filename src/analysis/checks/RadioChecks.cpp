@@ -66,7 +66,7 @@ Answer longDtimInterval(const Question& question) {
 Answer ht40In2GHz(const Question& question) {
   return aboutSubject(question, [](const Subject& subject) -> Answer {
     const auto channel = channelOf(subject);
-    if (channel && channel->band != ieee80211::Band::ghz2) return finding(false);
+    if (channel && channel->band != Band::ghz2) return finding(false);
     if (channel && channel->extent) return finding(channel->extent->secondary.has_value());
     if (!subject.heard) return subject.notHeard;
     return notTold("The access point does not report its channel width: scan again.");
@@ -84,7 +84,7 @@ Answer legacyRates(const Question& question) {
   });
 }
 
-ObjectRef textsOf(const ieee80211::PhyModes& modes) {
+ObjectRef textsOf(const PhyModes& modes) {
   std::vector<ObjectRef> texts;
   for (const auto& [name, mode] : ieee80211::kPhyModeNames) {
     if (modes.*mode) texts.push_back(makeText(name));
@@ -94,38 +94,36 @@ ObjectRef textsOf(const ieee80211::PhyModes& modes) {
 
 // Checks whether, in one of the bands, some of the network's access points have the mode and others
 // do not. An access point without any mode did not announce its modes.
-Answer conflictingMode(const Question& question, bool ieee80211::PhyModes::*mode,
-                       std::initializer_list<ieee80211::Band> bandsWithMode) {
+Answer conflictingMode(const Question& question, bool PhyModes::*mode,
+                       std::initializer_list<Band> bandsWithMode) {
   return aboutSubject(question, [&](const Subject& subject) -> Answer {
     if (!subject.heard) return subject.notHeard;
-    const ieee80211::PhyModes& own = subject.heard->modes;
-    if (!channelOf(subject) || own == ieee80211::PhyModes{}) {
+    const PhyModes& own = subject.heard->modes;
+    if (!channelOf(subject) || own == PhyModes{}) {
       return notTold("The access point does not announce its band or its radio modes: scan again.");
     }
     if (auto why = whyNotWhole(question.facts.scan)) return *std::move(why);
     const auto named = accessPointsNamedLike(question, subject);
-    const auto isThere = [&](ieee80211::Band band, bool hasMode) {
+    const auto isThere = [&](Band band, bool hasMode) {
       return std::ranges::any_of(named, [&](const facts::AccessPoint* accessPoint) {
         const auto channel =
             accessPoint == subject.heard ? channelOf(subject) : accessPoint->channel;
-        return channel && channel->band == band && accessPoint->modes != ieee80211::PhyModes{} &&
+        return channel && channel->band == band && accessPoint->modes != PhyModes{} &&
                accessPoint->modes.*mode == hasMode;
       });
     };
-    const bool isConflicting = std::ranges::any_of(bandsWithMode, [&](ieee80211::Band band) {
-      return isThere(band, true) && isThere(band, false);
-    });
+    const bool isConflicting = std::ranges::any_of(
+        bandsWithMode, [&](Band band) { return isThere(band, true) && isThere(band, false); });
     return finding(isConflicting, {{"SupportedPHYModes", textsOf(own)}});
   });
 }
 
 Answer conflictingModeAc(const Question& question) {
-  return conflictingMode(question, &ieee80211::PhyModes::ac, {ieee80211::Band::ghz5});
+  return conflictingMode(question, &PhyModes::ac, {Band::ghz5});
 }
 
 Answer conflictingModeN(const Question& question) {
-  return conflictingMode(question, &ieee80211::PhyModes::n,
-                         {ieee80211::Band::ghz2, ieee80211::Band::ghz5});
+  return conflictingMode(question, &PhyModes::n, {Band::ghz2, Band::ghz5});
 }
 
 constexpr std::string_view kModesFrom =

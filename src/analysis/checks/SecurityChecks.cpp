@@ -10,8 +10,6 @@
 namespace wifi_profile::checks {
 namespace {
 
-using ieee80211::Security;
-
 Answer securityIsOneOf(const Question& question,
                        std::initializer_list<ieee80211::Security> securities) {
   return aboutAccessPoint(question, [&](const facts::AccessPoint& accessPoint) -> Answer {

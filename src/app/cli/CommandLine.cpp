@@ -164,7 +164,7 @@ CLI::App* addScan(CLI::App& app, ScanOptions& scan) {
 
 // Returns the parser's message in the program's own form.
 std::string messageOf(const CLI::ParseError& error) {
-  const std::string text = error.what();
+  std::string text = error.what();
   const auto colon = text.find(": ");
   if (dynamic_cast<const CLI::ExtrasError*>(&error)) {
     return "unknown argument: " + text.substr(colon + 2);

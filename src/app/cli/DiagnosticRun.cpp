@@ -231,7 +231,6 @@ void DiagnosticRun::whileServing(DiagnosticsTestID test) {
 }
 
 Status DiagnosticRun::perform(const scenario::Step& step) {
-  using scenario::Action;
   switch (step.action) {
     case scenario::Action::setPower:
       device_->switchPower(step.on);

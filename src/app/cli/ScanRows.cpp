@@ -8,9 +8,6 @@
 namespace wifi_profile::cli {
 namespace {
 
-using ieee80211::Band;
-using ieee80211::Width;
-
 // An unknown signal sorts as the weakest.
 int signalOf(const facts::AccessPoint& accessPoint) {
   return accessPoint.signal.value_or(std::numeric_limits<int>::min());

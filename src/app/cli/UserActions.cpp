@@ -11,9 +11,6 @@
 namespace wifi_profile::cli {
 namespace {
 
-using scenario::Action;
-using scenario::Step;
-
 std::shared_ptr<toolkit::TableView> tableOnScreen(const WiFiProfileViewController& controller) {
   auto table = controller.tableView();
   return table && table->superview() ? table : nullptr;

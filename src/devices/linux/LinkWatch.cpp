@@ -14,13 +14,12 @@ using facts::Fact;
 
 // The facts of one access point and its channel. The surveys belong here because a channel's
 // figures include the frames of the link; the scan does not, because it is about the air.
-constexpr checks::FactSet kOfRadio{facts::Fact::link, facts::Fact::surveys};
+constexpr FactSet kOfRadio{Fact::link, Fact::surveys};
 // The facts of one link to one network. Facts of reachability do not depend on the access point.
-constexpr checks::FactSet kOfNetwork{
-    facts::Fact::link,           facts::Fact::surveys,      facts::Fact::addresses,
-    facts::Fact::activeProfile,  facts::Fact::lanPings,     facts::Fact::wanPings,
-    facts::Fact::portalProbe,    facts::Fact::siteReach,    facts::Fact::sitePage,
-    facts::Fact::nameResolution, facts::Fact::routerOutside};
+constexpr FactSet kOfNetwork{Fact::link,           Fact::surveys,      Fact::addresses,
+                             Fact::activeProfile,  Fact::lanPings,     Fact::wanPings,
+                             Fact::portalProbe,    Fact::siteReach,    Fact::sitePage,
+                             Fact::nameResolution, Fact::routerOutside};
 
 constexpr std::size_t kLongestName = 64;  // bytes in a message
 // Less than kGrace, because a look may begin at a task's deadline.
@@ -128,8 +127,8 @@ std::optional<LinkChange> LinkWatch::change(const Deadline& deadline) {
 }
 
 FactTask boundToLink(FactTask task, ChangeOfLink change) {
-  const checks::FactSet ofLink = task.gives.both(kOfNetwork);
-  if (ofLink == checks::FactSet{}) return task;
+  const FactSet ofLink = task.gives.both(kOfNetwork);
+  if (ofLink == FactSet{}) return task;
   task.run = [run = std::move(task.run), gives = task.gives, ofLink, change = std::move(change)](
                  const facts::Facts& known, const Deadline& deadline) -> Found {
     const auto before = change(deadline);

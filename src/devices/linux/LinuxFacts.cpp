@@ -65,7 +65,7 @@ void LinuxFacts::addKernelTasks(std::vector<FactTask>& all, std::chrono::seconds
   // afterwards. A driver that blocks in the survey delays only the scan, not the link.
   const auto first = std::make_shared<FirstSurveys>();
   all.push_back({.name = "kernel's answer about the link",
-                 .gives = {facts::Fact::link, facts::Fact::radio, facts::Fact::regulatory},
+                 .gives = {Fact::link, Fact::radio, Fact::regulatory},
                  .after = {},
                  .limit = kKernelLimit,
                  .run = [this, watch](const facts::Facts&, const Deadline& deadline) -> Found {
@@ -82,22 +82,22 @@ void LinuxFacts::addKernelTasks(std::vector<FactTask>& all, std::chrono::seconds
                    };
                  }});
   all.push_back({.name = "scan",
-                 .gives = {facts::Fact::scan},
-                 .after = {facts::Fact::link},
+                 .gives = {Fact::scan},
+                 .after = {Fact::link},
                  .limit = kScanLimit,
                  .run = [this, first, oldestScan](const facts::Facts&, const Deadline& deadline) {
                    surveyFirst(*first, deadline.atMost(kFirstSurveyLimit));
                    return put(&facts::Facts::scan, scan(oldestScan, deadline));
                  }});
   all.push_back({.name = "survey of the channels",
-                 .gives = {facts::Fact::surveys},
-                 .after = {facts::Fact::scan},  // a scan visits the channels
+                 .gives = {Fact::surveys},
+                 .after = {Fact::scan},  // a scan visits the channels
                  .limit = kKernelLimit,
                  .run = [this, first](const facts::Facts&, const Deadline& deadline) {
                    return put(&facts::Facts::surveys, surveysSince(*first, deadline));
                  }});
   all.push_back({.name = "driver's answer about Bluetooth",
-                 .gives = {facts::Fact::coexistence},
+                 .gives = {Fact::coexistence},
                  .after = {},
                  .limit = kKernelLimit,
                  .run = [this](const facts::Facts&, const Deadline&) {
@@ -128,17 +128,16 @@ LinuxFacts::FirstSurveys::Surveys LinuxFacts::surveysSince(FirstSurveys& first,
 
 void LinuxFacts::addServiceTasks(std::vector<FactTask>& all,
                                  const std::shared_ptr<LinkWatch>& watch) {
-  all.push_back(
-      {.name = "answer of the connection manager",
-       .gives = {facts::Fact::activeProfile, facts::Fact::savedNetworks, facts::Fact::addresses},
-       .after = {},
-       .limit = kServicesLimit,
-       .run = [this, watch](const facts::Facts&, const Deadline& deadline) {
-         watch->begin(deadline);
-         return findConnection(deadline);
-       }});
+  all.push_back({.name = "answer of the connection manager",
+                 .gives = {Fact::activeProfile, Fact::savedNetworks, Fact::addresses},
+                 .after = {},
+                 .limit = kServicesLimit,
+                 .run = [this, watch](const facts::Facts&, const Deadline& deadline) {
+                   watch->begin(deadline);
+                   return findConnection(deadline);
+                 }});
   all.push_back({.name = "answer of BlueZ",
-                 .gives = {facts::Fact::bluetooth},
+                 .gives = {Fact::bluetooth},
                  .after = {},
                  .limit = kServicesLimit,
                  .run = [this](const facts::Facts&, const Deadline& deadline) {
@@ -146,7 +145,7 @@ void LinuxFacts::addServiceTasks(std::vector<FactTask>& all,
                               bus::readBluetooth(*device_->systemBus(), deadline));
                  }});
   all.push_back({.name = "answer of the desktop about proxies",
-                 .gives = {facts::Fact::sessionProxy},
+                 .gives = {Fact::sessionProxy},
                  .after = {},
                  .limit = kServicesLimit,
                  .run = [this](const facts::Facts&, const Deadline& deadline) {

@@ -16,14 +16,13 @@ using checks::FactSet;
 using facts::Fact;
 
 // The facts that are found by sending packets through the joined network.
-constexpr checks::FactSet kReachFacts{facts::Fact::lanPings,       facts::Fact::wanPings,
-                                      facts::Fact::nameResolution, facts::Fact::portalProbe,
-                                      facts::Fact::siteReach,      facts::Fact::sitePage,
-                                      facts::Fact::routerOutside};
+constexpr FactSet kReachFacts{Fact::lanPings,     Fact::wanPings,  Fact::nameResolution,
+                              Fact::portalProbe,  Fact::siteReach, Fact::sitePage,
+                              Fact::routerOutside};
 
 // The facts that the tests of a run need.
-checks::FactSet allFacts() {
-  checks::FactSet all{};
+FactSet allFacts() {
+  FactSet all{};
   for (const checks::Check& check : checks::allChecks()) all = all.with(check.needs);
   return all;
 }
@@ -106,7 +105,7 @@ FactCollection::FactsRef LinuxService::factsFor(const VqDiagnosticsTestRequest& 
 void LinuxService::beginEarly(FactCollection& running, const VqDiagnosticsTestRequest& request) {
   const TextRef name = devices::networkNameOf(request);
   if (!name || isExcludedFromRuns(name)) return;
-  const auto known = running.await({facts::Fact::link});
+  const auto known = running.await({Fact::link});
   if (known && known->link && known->link->ssid == name->string()) running.begin(kReachFacts);
 }
 
@@ -114,7 +113,7 @@ void LinuxService::beginEarly(FactCollection& running, const VqDiagnosticsTestRe
 // network that must not be tested must not be probed either.
 FactCollection::FactsRef LinuxService::awaitFacts(FactCollection& running,
                                                   const VqDiagnosticsTestRequest& request) {
-  const checks::FactSet needs = checks::checkOf(request.testID()).needs;
+  const FactSet needs = checks::checkOf(request.testID()).needs;
   beginEarly(running, request);
   if (!needs.meets(kReachFacts)) return running.await(needs);
   if (const TextRef name = devices::networkNameOf(request)) {

@@ -54,11 +54,10 @@ std::optional<Error> whyNoWayOut(const std::string& interface, const facts::Addr
 template <class T>
 struct ProbeTask {
   std::string name;
-  facts::Fact fact;
-  Result<T> facts::Facts::*member;
+  Fact fact;
+  Result<T> Facts::*member;
   milliseconds limit;
-  std::function<Result<T>(const facts::Facts& known, const probes::Route& route,
-                          const Deadline& deadline)>
+  std::function<Result<T>(const Facts& known, const probes::Route& route, const Deadline& deadline)>
       find;
 };
 
@@ -67,10 +66,9 @@ void add(std::vector<FactTask>& tasks, const std::string& interface, ProbeTask<T
   tasks.push_back(
       {.name = reach.name,
        .gives = {reach.fact},
-       .after = {facts::Fact::link, facts::Fact::scan, facts::Fact::addresses,
-                 facts::Fact::activeProfile},
+       .after = {Fact::link, Fact::scan, Fact::addresses, Fact::activeProfile},
        .limit = reach.limit,
-       .run = [interface, reach](const facts::Facts& known, const Deadline& deadline) -> Found {
+       .run = [interface, reach](const Facts& known, const Deadline& deadline) -> Found {
          Result<T> fact;
          if (!known.link) {
            fact = known.link.error();
@@ -81,7 +79,7 @@ void add(std::vector<FactTask>& tasks, const std::string& interface, ProbeTask<T
          } else {
            fact = reach.find(known, routeThrough(interface, *known.addresses), deadline);
          }
-         return [member = reach.member, fact](facts::Facts& facts) { facts.*member = fact; };
+         return [member = reach.member, fact](Facts& facts) { facts.*member = fact; };
        }});
 }
 
@@ -133,7 +131,7 @@ Result<std::string> addressInTheInternet(const std::string& host, const facts::A
                    ": sign in to the network first, or set a numeric address to ping."};
 }
 
-Result<facts::Pings> pingRouter(const facts::Facts& known, const probes::Route& route,
+Result<facts::Pings> pingRouter(const Facts& known, const probes::Route& route,
                                 const Deadline& deadline) {
   const auto& addresses = *known.addresses;
   const auto& router = addresses.ipv4Gateway ? addresses.ipv4Gateway : addresses.ipv6Gateway;
@@ -143,7 +141,7 @@ Result<facts::Pings> pingRouter(const facts::Facts& known, const probes::Route& 
   return probes::ping(*router, route.interface, plan, deadline);
 }
 
-Result<facts::Pings> pingInternet(const facts::Facts& known, const std::string& host,
+Result<facts::Pings> pingInternet(const Facts& known, const std::string& host,
                                   const probes::Route& route, const Deadline& deadline) {
   const auto address = addressInTheInternet(host, *known.addresses, route, deadline);
   if (!address) return address.error();
@@ -182,27 +180,25 @@ Result<facts::NameResolution> lookUp(const std::string& name, const facts::Addre
 
 void addProbeTasks(std::vector<FactTask>& tasks, const std::string& interface,
                    const devices::Targets& targets) {
-  add<facts::Pings>(tasks, interface,
-                    {"ping of the router", facts::Fact::lanPings, &facts::Facts::lanPings,
-                     kRouterLimit, pingRouter});
   add<facts::Pings>(
       tasks, interface,
-      {"ping of the Internet", facts::Fact::wanPings, &facts::Facts::wanPings,
-       kNameLimit + kPingLimit,
-       [targets](const facts::Facts& known, const probes::Route& route, const Deadline& deadline) {
+      {"ping of the router", Fact::lanPings, &Facts::lanPings, kRouterLimit, pingRouter});
+  add<facts::Pings>(
+      tasks, interface,
+      {"ping of the Internet", Fact::wanPings, &Facts::wanPings, kNameLimit + kPingLimit,
+       [targets](const Facts& known, const probes::Route& route, const Deadline& deadline) {
          return pingInternet(known, targets.pingHost, route, deadline);
        }});
   add<facts::NameResolution>(
       tasks, interface,
-      {"look-up of a name", facts::Fact::nameResolution, &facts::Facts::nameResolution, kNameLimit,
-       [targets](const facts::Facts& known, const probes::Route& route, const Deadline& deadline) {
+      {"look-up of a name", Fact::nameResolution, &Facts::nameResolution, kNameLimit,
+       [targets](const Facts& known, const probes::Route& route, const Deadline& deadline) {
          return lookUp(targets.name, *known.addresses, route, deadline);
        }});
   add<facts::PortalProbe>(
       tasks, interface,
-      {"check for a sign-in page", facts::Fact::portalProbe, &facts::Facts::portalProbe,
-       kPortalLimit,
-       [targets](const facts::Facts& known, const probes::Route& route, const Deadline& deadline) {
+      {"check for a sign-in page", Fact::portalProbe, &Facts::portalProbe, kPortalLimit,
+       [targets](const Facts& known, const probes::Route& route, const Deadline& deadline) {
          const auto& profile = known.activeProfile;
          return probes::probePortal(
              {.url = targets.portalUrl,
@@ -212,29 +208,27 @@ void addProbeTasks(std::vector<FactTask>& tasks, const std::string& interface,
        }});
   add<facts::SiteReach>(
       tasks, interface,
-      {"connection to the site", facts::Fact::siteReach, &facts::Facts::siteReach, kReachLimit,
-       [targets](const facts::Facts&, const probes::Route& route, const Deadline& deadline) {
+      {"connection to the site", Fact::siteReach, &Facts::siteReach, kReachLimit,
+       [targets](const Facts&, const probes::Route& route, const Deadline& deadline) {
          return probes::reachSite(targets.siteUrl, route, deadline);
        }});
   add<facts::SitePage>(
       tasks, interface,
-      {"page of the site", facts::Fact::sitePage, &facts::Facts::sitePage, kPageLimit,
-       [targets](const facts::Facts&, const probes::Route& route, const Deadline& deadline) {
+      {"page of the site", Fact::sitePage, &Facts::sitePage, kPageLimit,
+       [targets](const Facts&, const probes::Route& route, const Deadline& deadline) {
          return probes::retrievePage(targets.siteUrl, targets.siteText, route, deadline);
        }});
-  add<facts::RouterOutside>(tasks, interface,
-                            {"external address of the router", facts::Fact::routerOutside,
-                             &facts::Facts::routerOutside, kOutsideLimit,
-                             [targets](const facts::Facts& known, const probes::Route& route,
-                                       const Deadline& deadline) -> Result<facts::RouterOutside> {
-                               const auto& gateway = known.addresses->ipv4Gateway;
-                               if (!gateway)
-                                 return known.addresses->ipv6Gateway ? noIpv4Router() : noRouter();
-                               return probes::routerOutside(*gateway, targets.pingHost, route,
-                                                            deadline);
-                             }});
+  add<facts::RouterOutside>(
+      tasks, interface,
+      {"external address of the router", Fact::routerOutside, &Facts::routerOutside, kOutsideLimit,
+       [targets](const Facts& known, const probes::Route& route,
+                 const Deadline& deadline) -> Result<facts::RouterOutside> {
+         const auto& gateway = known.addresses->ipv4Gateway;
+         if (!gateway) return known.addresses->ipv6Gateway ? noIpv4Router() : noRouter();
+         return probes::routerOutside(*gateway, targets.pingHost, route, deadline);
+       }});
   // This task measures no times, and repeats packets that the scan delays or loses.
-  tasks.back().after = {facts::Fact::link, facts::Fact::addresses, facts::Fact::activeProfile};
+  tasks.back().after = {Fact::link, Fact::addresses, Fact::activeProfile};
 }
 
 }  // namespace wifi_profile::linux

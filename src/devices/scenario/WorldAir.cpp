@@ -33,7 +33,7 @@ struct Wideness {
 // overlap: the lower one is taken. Empty if the band has no such channel.
 std::optional<ieee80211::Extent> extentOf(const ChannelPlace& place, const Wideness& wide) {
   if (wide.width == 20) return ieee80211::extentOfTwentyMHz(place.band, place.channel);
-  if (place.band == ieee80211::Band::ghz2) {
+  if (place.band == Band::ghz2) {
     if (wide.width != 40 || place.channel + wide.secondary < 1) return std::nullopt;
     return ieee80211::extentOfHt(
         place.band, {.primary = place.channel, .secondary = place.channel + wide.secondary});
@@ -43,10 +43,10 @@ std::optional<ieee80211::Extent> extentOf(const ChannelPlace& place, const Widen
   for (int above = count - 1; above >= 0; --above) {
     const int lowest = place.channel - kStep * above;
     if (!ieee80211::isWideChannel(place.band, lowest, count)) continue;
-    const ieee80211::Width width = count == 2   ? ieee80211::Width::mhz40
-                                   : count == 4 ? ieee80211::Width::mhz80
-                                   : count == 8 ? ieee80211::Width::mhz160
-                                                : ieee80211::Width::mhz320;
+    const Width width = count == 2   ? Width::mhz40
+                        : count == 4 ? Width::mhz80
+                        : count == 8 ? Width::mhz160
+                                     : Width::mhz320;
     return ieee80211::Extent{.width = width,
                              .center = lowest + 2 * (count - 1),
                              .secondary = place.channel + (above % 2 == 0 ? kStep : -kStep)};
@@ -54,7 +54,7 @@ std::optional<ieee80211::Extent> extentOf(const ChannelPlace& place, const Widen
   return std::nullopt;
 }
 
-std::optional<ieee80211::OperatingChannel> takeOperatingChannel(FieldsReader& fields) {
+std::optional<OperatingChannel> takeOperatingChannel(FieldsReader& fields) {
   const auto place = takeChannel(fields);
   Wideness wide;
   const auto isTold = [&](bool told) {
@@ -71,7 +71,7 @@ std::optional<ieee80211::OperatingChannel> takeOperatingChannel(FieldsReader& fi
     field.fail("20, 40, 80, 160 or 320");
     wide.width = 20;
   }));
-  const bool needsSecondary = place && place->band == ieee80211::Band::ghz2 && wide.width == 40;
+  const bool needsSecondary = place && place->band == Band::ghz2 && wide.width == 40;
   const bool hasSecondary = isTold(fields.take("secondary", [&](const ValueReader& field) {
     static constexpr std::pair<std::string_view, int> kChoices[]{{"above", 4}, {"below", -4}};
     wide.secondary = readChoice(field, kChoices);
@@ -83,7 +83,7 @@ std::optional<ieee80211::OperatingChannel> takeOperatingChannel(FieldsReader& fi
         "\"secondary\" where, and only where, 40 MHz are used in 2.4 GHz");
     return std::nullopt;
   }
-  ieee80211::OperatingChannel channel{place->band, place->channel, extentOf(*place, wide)};
+  OperatingChannel channel{place->band, place->channel, extentOf(*place, wide)};
   if (!channel.extent) {
     fields.object().fail("channel " + std::to_string(place->channel) + " with a width of " +
                              std::to_string(wide.width) + " MHz",
@@ -100,8 +100,8 @@ int readRate(const ValueReader& value) {
   return static_cast<int>(units);
 }
 
-ieee80211::PhyModes readModes(const ValueReader& value) {
-  ieee80211::PhyModes modes;
+PhyModes readModes(const ValueReader& value) {
+  PhyModes modes;
   value.list(
       [&](const ValueReader& mode) { modes.*readChoice(mode, ieee80211::kPhyModeNames) = true; });
   return modes;
@@ -172,7 +172,7 @@ facts::ChannelSurvey readSurvey(const ValueReader& value) {
 // Reads channels that have the same properties.
 void readRadioChannels(const ValueReader& value, std::vector<facts::RadioChannel>& channels) {
   value.object([&](FieldsReader& fields) {
-    std::optional<ieee80211::Band> band;
+    std::optional<Band> band;
     facts::RadioChannel kind;
     fields.take("band", [&](const ValueReader& field) { band = readBand(field); });
     takeFlag(fields, "disabled", kind.disabled);

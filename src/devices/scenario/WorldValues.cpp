@@ -54,41 +54,36 @@ std::string readIpv6(const ValueReader& value) {
   return "::";
 }
 
-ieee80211::Security readSecurity(const ValueReader& value) {
-  return readChoice(value, facts::kSecurityNames);
-}
+Security readSecurity(const ValueReader& value) { return readChoice(value, facts::kSecurityNames); }
 
-ieee80211::Band readBand(const ValueReader& value) {
-  static constexpr std::pair<std::string_view, ieee80211::Band> kChoices[]{
-      {"2.4 GHz", ieee80211::Band::ghz2},
-      {"5 GHz", ieee80211::Band::ghz5},
-      {"6 GHz", ieee80211::Band::ghz6}};
+Band readBand(const ValueReader& value) {
+  static constexpr std::pair<std::string_view, Band> kChoices[]{
+      {"2.4 GHz", Band::ghz2}, {"5 GHz", Band::ghz5}, {"6 GHz", Band::ghz6}};
   if (const auto number = as<Number>(value.value()); number && !number->isBoolean()) {
-    if (number->toDouble() == 2.4) return ieee80211::Band::ghz2;
-    if (number->toDouble() == 5) return ieee80211::Band::ghz5;
-    if (number->toDouble() == 6) return ieee80211::Band::ghz6;
+    if (number->toDouble() == 2.4) return Band::ghz2;
+    if (number->toDouble() == 5) return Band::ghz5;
+    if (number->toDouble() == 6) return Band::ghz6;
   }
   return readChoice(value, kChoices);
 }
 
 int ChannelPlace::frequency() const { return ieee80211::frequencyOf(band, channel).value_or(0); }
 
-ChannelPlace readChannel(const ValueReader& channel, std::optional<ieee80211::Band> band) {
+ChannelPlace readChannel(const ValueReader& channel, std::optional<Band> band) {
   constexpr int kLast2 = 14;
   constexpr int kLast = 233;
   ChannelPlace place;
   place.channel = static_cast<int>(channel.integer(1, kLast));
-  place.band =
-      band.value_or(place.channel <= kLast2 ? ieee80211::Band::ghz2 : ieee80211::Band::ghz5);
+  place.band = band.value_or(place.channel <= kLast2 ? Band::ghz2 : Band::ghz5);
   if (ieee80211::isTwentyMHzChannel(place.band, place.channel)) return place;
-  channel.fail(place.band == ieee80211::Band::ghz2   ? "a channel of the 2.4 GHz band"
-               : place.band == ieee80211::Band::ghz5 ? "a channel of the 5 GHz band"
-                                                     : "a channel of the 6 GHz band");
+  channel.fail(place.band == Band::ghz2   ? "a channel of the 2.4 GHz band"
+               : place.band == Band::ghz5 ? "a channel of the 5 GHz band"
+                                          : "a channel of the 6 GHz band");
   return {};
 }
 
 std::optional<ChannelPlace> takeChannel(FieldsReader& fields) {
-  std::optional<ieee80211::Band> band;
+  std::optional<Band> band;
   std::optional<ChannelPlace> place;
   fields.take("band", [&](const ValueReader& field) { band = readBand(field); });
   fields.take("channel", [&](const ValueReader& field) { place = readChannel(field, band); });

@@ -58,7 +58,7 @@
 
 namespace wifi_profile {
 
-#define WIFI_PROFILE_VALUE(member, number) member = number,
+#define WIFI_PROFILE_VALUE(member, number) member = (number),
 // The missing numbers are tests that are never requested.
 enum class DiagnosticsTestID : std::int32_t {
   WIFI_PROFILE_TESTS(WIFI_PROFILE_VALUE, WIFI_PROFILE_VALUE, WIFI_PROFILE_VALUE, WIFI_PROFILE_VALUE)

@@ -34,26 +34,24 @@ constexpr std::int64_t kOwe = 0x800;
 constexpr std::int64_t kOweTransition = 0x1000;  // the open network of an OWE transition pair
 constexpr std::int64_t kSuiteB192 = 0x2000;
 
-ieee80211::Security securityFrom(std::int64_t flags, std::int64_t wpa, std::int64_t rsn) {
+Security securityFrom(std::int64_t flags, std::int64_t wpa, std::int64_t rsn) {
   const auto has = [](std::int64_t set, std::int64_t flag) { return (set & flag) != 0; };
-  if (has(rsn, kSae))
-    return has(rsn, kPsk) ? ieee80211::Security::wpa2Wpa3Personal
-                          : ieee80211::Security::wpa3Personal;
-  if (has(rsn, kPsk)) return ieee80211::Security::wpa2Personal;
-  if (has(rsn, kSuiteB192)) return ieee80211::Security::wpa3Enterprise;
-  if (has(rsn, k8021x)) return ieee80211::Security::wpa2Enterprise;
-  if (has(rsn, kOwe)) return ieee80211::Security::owe;
-  if (has(wpa, kPsk)) return ieee80211::Security::wpaPersonal;
-  if (has(wpa, k8021x)) return ieee80211::Security::wpaEnterprise;
-  if (wpa != 0 || (rsn & ~kOweTransition) != 0) return ieee80211::Security::unknown;
-  return has(flags, kPrivacy) ? ieee80211::Security::wep : ieee80211::Security::none;
+  if (has(rsn, kSae)) return has(rsn, kPsk) ? Security::wpa2Wpa3Personal : Security::wpa3Personal;
+  if (has(rsn, kPsk)) return Security::wpa2Personal;
+  if (has(rsn, kSuiteB192)) return Security::wpa3Enterprise;
+  if (has(rsn, k8021x)) return Security::wpa2Enterprise;
+  if (has(rsn, kOwe)) return Security::owe;
+  if (has(wpa, kPsk)) return Security::wpaPersonal;
+  if (has(wpa, k8021x)) return Security::wpaEnterprise;
+  if (wpa != 0 || (rsn & ~kOweTransition) != 0) return Security::unknown;
+  return has(flags, kPrivacy) ? Security::wep : Security::none;
 }
 
-ieee80211::Security securityFrom(const BusValue& properties) {
+Security securityFrom(const BusValue& properties) {
   const auto flags = properties.at("Flags").integer();
   const auto wpa = properties.at("WpaFlags").integer();
   const auto rsn = properties.at("RsnFlags").integer();
-  return flags && wpa && rsn ? securityFrom(*flags, *wpa, *rsn) : ieee80211::Security::unknown;
+  return flags && wpa && rsn ? securityFrom(*flags, *wpa, *rsn) : Security::unknown;
 }
 
 // NetworkManager maps -100 to -40 dBm to percent.

@@ -57,8 +57,8 @@ Result<ManagerKind> ConnectionManager::findKind(const std::string& interface,
   return byNetworkManager.error();
 }
 
-Result<facts::ActiveProfile> ConnectionManager::activeProfile(const std::string& interface,
-                                                              const Deadline& deadline) {
+Result<ActiveProfile> ConnectionManager::activeProfile(const std::string& interface,
+                                                       const Deadline& deadline) {
   const auto manager = kind(interface, deadline);
   if (!manager) return manager.error();
   if (*manager != ManagerKind::networkManager)
@@ -74,8 +74,8 @@ Result<std::vector<std::string>> ConnectionManager::dnsServers(const std::string
   return NetworkManager(bus_).dnsServers(interface, deadline);
 }
 
-Result<std::vector<facts::SavedNetwork>> ConnectionManager::savedNetworks(
-    const std::string& interface, const Deadline& deadline) {
+Result<std::vector<SavedNetwork>> ConnectionManager::savedNetworks(const std::string& interface,
+                                                                   const Deadline& deadline) {
   const auto manager = kind(interface, deadline);
   if (!manager) return manager.error();
   switch (*manager) {

@@ -28,15 +28,15 @@ std::optional<std::string> stationPath(const BusValue& objects, const std::strin
 
 }  // namespace
 
-std::vector<facts::SavedNetwork> savedNetworksFromIwd(const BusValue& objects) {
-  std::vector<facts::SavedNetwork> networks;
+std::vector<SavedNetwork> savedNetworksFromIwd(const BusValue& objects) {
+  std::vector<SavedNetwork> networks;
   for (const auto& [path, interfaces] : objects.map()) {
     const BusValue& known = interfaces.at(kKnownNetwork);
     const auto name = known.at("Name").text();
     if (!name || name->empty() || name->size() > ieee80211::kLongestSsid) continue;
     if (networks.size() == kLongestBusList) break;
     const std::string type = known.at("Type").text().value_or("");
-    facts::SavedNetwork network;
+    SavedNetwork network;
     network.ssid = *name;
     network.security = securityFromIwd(type);
     network.isPasspoint = type == "hotspot";
@@ -64,7 +64,7 @@ Result<bool> Iwd::manages(const std::string& interface, const Deadline& deadline
   return stationPath(found->objects, interface).has_value();
 }
 
-Result<std::vector<facts::SavedNetwork>> Iwd::savedNetworks(const Deadline& deadline) {
+Result<std::vector<SavedNetwork>> Iwd::savedNetworks(const Deadline& deadline) {
   const auto found = objects(deadline);
   if (!found) return found.error();
   return savedNetworksFromIwd(found->objects);

@@ -67,8 +67,8 @@ Result<bool> NetworkManager::manages(const std::string& interface, const Deadlin
   return state.has_value() && *state > kUnmanaged;
 }
 
-Result<facts::ActiveProfile> NetworkManager::activeProfile(const std::string& interface,
-                                                           const Deadline& deadline) {
+Result<ActiveProfile> NetworkManager::activeProfile(const std::string& interface,
+                                                    const Deadline& deadline) {
   const auto found = device(interface, deadline);
   if (!found) return found.error();
   const auto active = objectAt(found->properties, "ActiveConnection");
@@ -107,7 +107,7 @@ Result<std::vector<std::string>> NetworkManager::dnsServers(const std::string& i
   return servers;
 }
 
-Result<std::vector<facts::SavedNetwork>> NetworkManager::savedNetworks(const Deadline& deadline) {
+Result<std::vector<SavedNetwork>> NetworkManager::savedNetworks(const Deadline& deadline) {
   const auto service = owner(deadline);
   if (!service) return service.error();
   const BusAnswer listed =
@@ -115,7 +115,7 @@ Result<std::vector<facts::SavedNetwork>> NetworkManager::savedNetworks(const Dea
   if (!listed.isGood()) return unknownFrom(listed, kNetworkManager);
   const BusValue::List& paths = listed.first().list();
   const std::size_t count = std::min(paths.size(), kLongestBusList);
-  std::vector<facts::SavedNetwork> networks;
+  std::vector<SavedNetwork> networks;
   std::size_t refused = 0;
   for (std::size_t begin = 0; begin < count; begin += Bus::kCallsAtATime) {
     std::vector<BusCall> calls;

@@ -18,14 +18,14 @@ namespace {
 constexpr std::size_t kMostSetServers = 64;
 constexpr std::size_t kLongestUrl = 2048;
 
-std::optional<facts::AddressMethod> methodFrom(std::string_view text) {
-  if (text == "auto" || text == "dhcp") return facts::AddressMethod::automatic;
+std::optional<AddressMethod> methodFrom(std::string_view text) {
+  if (text == "auto" || text == "dhcp") return AddressMethod::automatic;
   // IPv6 only: the kernel follows the network's routers.
-  if (text == "ignore") return facts::AddressMethod::automatic;
-  if (text == "manual") return facts::AddressMethod::manual;
-  if (text == "link-local") return facts::AddressMethod::linkLocal;
-  if (text == "shared") return facts::AddressMethod::shared;
-  if (text == "disabled") return facts::AddressMethod::disabled;
+  if (text == "ignore") return AddressMethod::automatic;
+  if (text == "manual") return AddressMethod::manual;
+  if (text == "link-local") return AddressMethod::linkLocal;
+  if (text == "shared") return AddressMethod::shared;
+  if (text == "disabled") return AddressMethod::disabled;
   return std::nullopt;
 }
 
@@ -62,8 +62,8 @@ void addServers(const BusValue& list, std::vector<std::string>& servers) {
   }
 }
 
-std::optional<facts::AddressSettings> addressSettingsFrom(const BusValue& section) {
-  facts::AddressSettings settings;
+std::optional<AddressSettings> addressSettingsFrom(const BusValue& section) {
+  AddressSettings settings;
   const auto method = methodFrom(section.at("method").text().value_or(""));
   if (!method) return std::nullopt;
   settings.method = *method;
@@ -73,7 +73,7 @@ std::optional<facts::AddressSettings> addressSettingsFrom(const BusValue& sectio
   const bool hasOwn = !section.at("address-data").list().empty() ||
                       !section.at("addresses").list().empty() ||
                       !section.at("gateway").text().value_or("").empty();
-  settings.hasExtraAddresses = settings.method == facts::AddressMethod::automatic && hasOwn;
+  settings.hasExtraAddresses = settings.method == AddressMethod::automatic && hasOwn;
   return settings;
 }
 
@@ -112,13 +112,13 @@ std::optional<bool> meteredFrom(const ActiveProfileSources& sources) {
 
 }  // namespace
 
-Result<facts::ActiveProfile> activeProfileFrom(const ActiveProfileSources& sources) {
+Result<ActiveProfile> activeProfileFrom(const ActiveProfileSources& sources) {
   const auto ipv4 = addressSettingsFrom(sources.settings.at("ipv4"));
   const auto ipv6 = addressSettingsFrom(sources.settings.at("ipv6"));
   if (!ipv4 || !ipv6) {
     return Error{Reason::notTold, "NetworkManager does not say how the profile sets addresses up."};
   }
-  facts::ActiveProfile profile;
+  ActiveProfile profile;
   profile.ipv4 = *ipv4;
   profile.ipv6 = *ipv6;
   profile.hasProxy = hasProxy(sources.settings.at("proxy"));

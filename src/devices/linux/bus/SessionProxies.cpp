@@ -35,7 +35,7 @@ bool isSet(const char* const* environment, std::string_view variable) {
 
 }  // namespace
 
-facts::SessionProxy proxyInEnvironment(const char* const* environment) {
+SessionProxy proxyInEnvironment(const char* const* environment) {
   for (const char* const wanted : {"http_proxy", "https_proxy", "all_proxy"}) {
     for (const char* const* entry = environment; entry && *entry; ++entry) {
       const std::string_view variable(*entry);
@@ -48,9 +48,9 @@ facts::SessionProxy proxyInEnvironment(const char* const* environment) {
   return {};
 }
 
-Result<facts::SessionProxy> readSessionProxy(const char* const* environment, Bus& session,
-                                             const Deadline& deadline) {
-  facts::SessionProxy proxy = proxyInEnvironment(environment);
+Result<SessionProxy> readSessionProxy(const char* const* environment, Bus& session,
+                                      const Deadline& deadline) {
+  SessionProxy proxy = proxyInEnvironment(environment);
   if (!proxy.source.empty()) return proxy;
   using Kind = BusError::Kind;
   const bool hasDesktop = isSet(environment, "XDG_CURRENT_DESKTOP");

@@ -40,10 +40,10 @@ std::optional<std::string> ssidFrom(std::string_view text) {
 
 }  // namespace
 
-std::optional<facts::SavedNetwork> savedNetworkFromSupplicant(const BusValue& properties) {
+std::optional<SavedNetwork> savedNetworkFromSupplicant(const BusValue& properties) {
   const auto ssid = ssidFrom(properties.at("ssid").text().value_or(""));
   if (!ssid) return std::nullopt;
-  facts::SavedNetwork network;
+  SavedNetwork network;
   network.ssid = *ssid;
   network.security = securityFromSupplicant(properties);
   network.isHidden = properties.at("scan_ssid").text() == "1";
@@ -72,8 +72,8 @@ Result<bool> Supplicant::manages(const std::string& interface, const Deadline& d
   return object.error();
 }
 
-Result<std::vector<facts::SavedNetwork>> Supplicant::savedNetworks(const std::string& interface,
-                                                                   const Deadline& deadline) {
+Result<std::vector<SavedNetwork>> Supplicant::savedNetworks(const std::string& interface,
+                                                            const Deadline& deadline) {
   const auto object = find(interface, deadline);
   if (!object) return object.error();
   const BusAnswer listed =
@@ -81,7 +81,7 @@ Result<std::vector<facts::SavedNetwork>> Supplicant::savedNetworks(const std::st
   if (!listed.isGood()) return unknownFrom(listed, kSupplicant);
   const BusValue::List& paths = listed.first().list();
   const std::size_t count = std::min(paths.size(), kLongestBusList);
-  std::vector<facts::SavedNetwork> networks;
+  std::vector<SavedNetwork> networks;
   for (std::size_t begin = 0; begin < count; begin += Bus::kCallsAtATime) {
     std::vector<BusCall> calls;
     for (std::size_t index = begin; index < std::min(count, begin + Bus::kCallsAtATime); ++index) {

@@ -19,7 +19,7 @@ using ieee80211::Bytes;
 
 constexpr std::chrono::milliseconds kBetweenLooks{200};
 
-bool isOf(const std::string& address, int family, ieee80211::Bytes octets) {
+bool isOf(const std::string& address, int family, Bytes octets) {
   std::array<std::uint8_t, sizeof(in6_addr)> expected{};
   if (inet_pton(family, address.c_str(), expected.data()) != 1) return false;
   const std::size_t size = family == AF_INET ? sizeof(in_addr) : sizeof(in6_addr);
@@ -55,9 +55,8 @@ NeighbourState neighbourStateOf(int interface, const std::string& address,
     if (fields.ndm_ifindex != interface) continue;
     const int family = fields.ndm_family;
     if (family != AF_INET && family != AF_INET6) continue;
-    const Attributes attributes(
-        ieee80211::Bytes(message.payload).subspan(NLMSG_ALIGN(sizeof fields)));
-    if (isOf(address, family, attributes.find(NDA_DST).value_or(ieee80211::Bytes()))) {
+    const Attributes attributes(Bytes(message.payload).subspan(NLMSG_ALIGN(sizeof fields)));
+    if (isOf(address, family, attributes.find(NDA_DST).value_or(Bytes()))) {
       const auto since = sinceConfirmed(attributes);
       return stateOf(fields.ndm_state, since && *since <= oldest);
     }
@@ -69,7 +68,7 @@ NeighbourState awaitNeighbour(int interface, const std::string& address, Clock::
                               const Deadline& deadline) {
   NetlinkSocket socket(NETLINK_ROUTE);
   const ndmsg all{};
-  const ieee80211::Bytes fields{reinterpret_cast<const std::uint8_t*>(&all), sizeof all};
+  const Bytes fields{reinterpret_cast<const std::uint8_t*>(&all), sizeof all};
   NeighbourState state = NeighbourState::unknown;
   do {
     Request request(RTM_GETNEIGH, fields, Request::Kind::dump);

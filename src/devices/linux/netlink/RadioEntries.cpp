@@ -95,7 +95,6 @@ std::optional<facts::ChannelSurvey> surveyOf(const Attributes& attributes) {
 
 std::vector<facts::ChannelSurvey> surveysBetween(const std::vector<facts::ChannelSurvey>& first,
                                                  std::vector<facts::ChannelSurvey> second) {
-  using facts::ChannelSurvey;
   constexpr std::array kTimes{&facts::ChannelSurvey::active, &facts::ChannelSurvey::busy,
                               &facts::ChannelSurvey::transmit, &facts::ChannelSurvey::receive};
   for (facts::ChannelSurvey& survey : second) {

@@ -14,7 +14,6 @@ namespace wifi_profile::linux::netlink {
 namespace {
 
 using facts::AccessPoint;
-using ieee80211::AccessPointElements;
 using ieee80211::NetworkElements;
 using std::chrono::milliseconds;
 
@@ -24,7 +23,7 @@ void fill(std::optional<T>& place, const std::optional<T>& value) {
 }
 
 // Adds what a network's elements say, where it is not known already.
-void fillFrom(facts::AccessPoint& point, const ieee80211::NetworkElements& network) {
+void fillFrom(AccessPoint& point, const NetworkElements& network) {
   if (!point.ssid && network.ssid && !network.ssid->hidden) point.ssid = network.ssid->name;
   if (!point.dtimPeriod && network.dtim) point.dtimPeriod = network.dtim->period;
   if (point.security == ieee80211::Security::unknown) point.security = network.security;
@@ -46,7 +45,7 @@ void fillFrom(facts::AccessPoint& point, const ieee80211::NetworkElements& netwo
   }
 }
 
-void fillFrom(facts::AccessPoint& point, const ieee80211::AccessPointElements& elements) {
+void fillFrom(AccessPoint& point, const ieee80211::AccessPointElements& elements) {
   fillFrom(point, elements.network);
   fill(point.channel, elements.channel);
   if (point.modes == ieee80211::PhyModes{}) point.modes = elements.modes;
@@ -54,7 +53,7 @@ void fillFrom(facts::AccessPoint& point, const ieee80211::AccessPointElements& e
 }
 
 // Whether a beacon with these elements hides the name. Empty: they have no SSID element.
-std::optional<bool> hidesName(const ieee80211::NetworkElements& network) {
+std::optional<bool> hidesName(const NetworkElements& network) {
   if (!network.ssid) return std::nullopt;
   // The encrypted network of an OWE transition pair has an empty SSID, but announces the open
   // network's name.
@@ -62,10 +61,10 @@ std::optional<bool> hidesName(const ieee80211::NetworkElements& network) {
 }
 
 // A network that another one's beacons announce. It is heard where and when the sender is.
-std::optional<facts::AccessPoint> announced(const facts::AccessPoint& sender,
-                                            const ieee80211::NontransmittedNetwork& other) {
+std::optional<AccessPoint> announced(const AccessPoint& sender,
+                                     const ieee80211::NontransmittedNetwork& other) {
   if (!other.bssid) return std::nullopt;
-  facts::AccessPoint point;
+  AccessPoint point;
   point.bssid = addressText(*other.bssid);
   if (point.bssid == sender.bssid) return std::nullopt;
   point.transmitterBssid = sender.bssid;
@@ -138,7 +137,7 @@ std::unordered_set<std::string> heardAlways(const std::vector<ScanEntry>& entrie
     const auto isJoinedTo = [&joined](const auto& other) { return joined.contains(other.bssid); };
     if (!isJoinedTo(entry.accessPoint) && std::ranges::none_of(entry.others, isJoinedTo)) continue;
     always.insert(entry.accessPoint.bssid);
-    for (const facts::AccessPoint& other : entry.others) always.insert(other.bssid);
+    for (const AccessPoint& other : entry.others) always.insert(other.bssid);
   }
   return always;
 }
@@ -170,8 +169,8 @@ class ListMaker {
   void addAnnounced() {
     const std::size_t count = entries_.size();
     for (std::size_t at = 0; at < count; ++at) {
-      const std::vector<facts::AccessPoint> others = std::move(entries_[at].others);
-      for (const facts::AccessPoint& other : others) addAnnounced(other);
+      const std::vector<AccessPoint> others = std::move(entries_[at].others);
+      for (const AccessPoint& other : others) addAnnounced(other);
     }
   }
 
@@ -193,7 +192,7 @@ class ListMaker {
     fill(kept.accessPoint.country, other.accessPoint.country);
   }
 
-  void addAnnounced(const facts::AccessPoint& other) {
+  void addAnnounced(const AccessPoint& other) {
     const auto place = places_.find(other.bssid);
     if (place == places_.end()) {
       ScanEntry entry;
@@ -219,7 +218,7 @@ class ListMaker {
 std::optional<ScanEntry> scanEntryOf(const Attributes& bss, std::chrono::nanoseconds sinceBoot) {
   const ieee80211::Bytes bssid = bss.find(NL80211_BSS_BSSID).value_or(ieee80211::Bytes());
   ScanEntry entry;
-  facts::AccessPoint& point = entry.accessPoint;
+  AccessPoint& point = entry.accessPoint;
   point.bssid = addressText(bssid);
   if (point.bssid.empty()) return std::nullopt;
 

@@ -11,12 +11,12 @@ namespace wifi_profile::linux::probes {
 namespace {
 
 using facts::PortalProbe;
-using Answer = facts::PortalProbe::Answer;
+using Answer = PortalProbe::Answer;
 
 constexpr std::chrono::milliseconds kPortalTime{5000};
 
-std::optional<facts::PortalProbe> askApi(const std::string& url, const Route& route,
-                                         const Deadline& deadline) {
+std::optional<PortalProbe> askApi(const std::string& url, const Route& route,
+                                  const Deadline& deadline) {
   if (const auto parts = partsOf(url); !parts || parts->scheme != "https") return {};
   const HttpAnswer answer = exchange({.url = url,
                                       .bodyLimit = std::size_t{8} * 1024,
@@ -26,14 +26,14 @@ std::optional<facts::PortalProbe> askApi(const std::string& url, const Route& ro
   if (!answer.complete || answer.cutOff || answer.status != 200) return {};
   const auto captive = captiveFrom(answer.body);
   if (!captive) return {};
-  if (*captive) return facts::PortalProbe{Answer::portal, "the network's own answer: captive"};
-  return facts::PortalProbe{Answer::open, "the network's own answer: not captive"};
+  if (*captive) return PortalProbe{Answer::portal, "the network's own answer: captive"};
+  return PortalProbe{Answer::open, "the network's own answer: not captive"};
 }
 
-Result<facts::PortalProbe> askPage(const PortalQuestion& question, const Route& route,
-                                   const Deadline& deadline) {
+Result<PortalProbe> askPage(const PortalQuestion& question, const Route& route,
+                            const Deadline& deadline) {
   if (const auto parts = partsOf(question.url); !parts || parts->scheme != "http") {
-    return facts::PortalProbe{Answer::noAnswer, "no address of http"};
+    return PortalProbe{Answer::noAnswer, "no address of http"};
   }
   const HttpAnswer answer =
       exchange({.url = question.url, .headers = {}, .post = {}}, route, deadline);
@@ -44,8 +44,8 @@ Result<facts::PortalProbe> askPage(const PortalQuestion& question, const Route& 
 
 }  // namespace
 
-Result<facts::PortalProbe> probePortal(const PortalQuestion& question, const Route& route,
-                                       const Deadline& deadline) {
+Result<PortalProbe> probePortal(const PortalQuestion& question, const Route& route,
+                                const Deadline& deadline) {
   if (deadline.isOver()) return cancelled();
   const Deadline ours = deadline.atMost(kPortalTime);
   if (question.apiUrl.empty()) return askPage(question, route, ours);

@@ -9,7 +9,7 @@ namespace wifi_profile::linux::probes {
 namespace {
 
 using facts::PortalProbe;
-using Answer = facts::PortalProbe::Answer;
+using Answer = PortalProbe::Answer;
 
 // For the log: a query may identify this device or its user.
 std::string withoutQuery(const std::string& url) { return url.substr(0, url.find_first_of("?#")); }
@@ -33,8 +33,8 @@ std::optional<bool> captiveFrom(const std::string& body) {
   return captive->get<bool>();
 }
 
-facts::PortalProbe portalFrom(const HttpAnswer& answer, const std::string& url,
-                              const std::string& expectedText) {
+PortalProbe portalFrom(const HttpAnswer& answer, const std::string& url,
+                       const std::string& expectedText) {
   const std::string status = "status " + std::to_string(answer.status);
   if (!answer.redirect.empty() && answer.status / 100 == 3) {
     const bool same = isSameSiteByTls(url, answer.redirect);
